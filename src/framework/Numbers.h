@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// A number read from the front of a text, and how many characters were used. Nothing used: no number, value 0.
+struct ParsedDouble
+{
+    double value;
+    std::size_t length;
+};
+
+/// Reads what the C library's string-to-double reads in the "C" locale, whatever the process's locale is: white space
+/// in front (that of the C library: U+0009-000D and the blank), a sign, decimal or hexadecimal digits with one point,
+/// an exponent, "inf", "infinity", "nan" and "nan(...)". Too large gives an infinity, too small 0.
+ParsedDouble ParseDouble(std::wstring_view text);
+
+/// An integer read from the front of a text, and how many characters were used. Nothing used: no number, value 0.
+struct ParsedInt
+{
+    std::int32_t value;
+    std::size_t length;
+};
+
+/// Reads what the C library's string-to-integer reads: white space, a sign, decimal digits. A value outside 32 bits
+/// gives the nearest bound.
+ParsedInt ParseInt(std::wstring_view text);
+
+/// The correctly rounded decimal text with `digits` decimals. Numbers that aren't finite give "nan", "inf", "-inf".
+std::wstring FormatFixed(double value, int digits);
+
+} // namespace jlandxml

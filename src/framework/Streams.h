@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// Writes text to standard output: UTF-8 with line feeds as they stand, or readable characters where a Windows console
+/// shows it. Nothing happens in a host that has no standard output.
+void WriteStandardOutput(std::wstring_view text);
+
+/// The same for standard error.
+void WriteStandardError(std::wstring_view text);
+
+} // namespace jlandxml

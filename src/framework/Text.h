@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// True for the white space that is cut off the ends of fields: the fixed set of Unicode's White_Space characters,
+/// whatever the process's locale says. The full-width blank U+3000 belongs to it.
+bool IsWhiteSpace(wchar_t character);
+
+std::wstring_view TrimLeft(std::wstring_view text);
+std::wstring_view TrimRight(std::wstring_view text);
+std::wstring_view Trim(std::wstring_view text);
+
+/// Compares names of elements, attributes and encodings: ASCII letters without regard to case, all else exactly.
+bool EqualsIgnoreCase(std::wstring_view first, std::wstring_view second);
+
+/// `text` with every occurrence of `from` replaced by `to`, from left to right; what a replacement forms isn't looked
+/// at again.
+std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wstring_view to);
+
+/// Decodes UTF-8. Each malformed sequence becomes one U+FFFD.
+std::wstring WideFromUtf8(std::string_view text);
+
+/// Encodes as UTF-8. A surrogate that has no partner becomes U+FFFD.
+std::string Utf8FromWide(std::wstring_view text);
+
+/// Appends the UTF-8 of `text` to `target`.
+void AppendUtf8(std::string& target, std::wstring_view text);
+
+/// True if the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
+bool IsWellFormedUtf8(std::string_view text);
+
+/// Well-formed UTF-8 made of any bytes: each malformed sequence becomes U+FFFD.
+std::string RepairUtf8(std::string_view text);
+
+/// Decodes code page 932 ("Shift_JIS" as it is used in Japan, with the characters of the extended rows).
+/// Nothing if a byte sequence isn't code page 932.
+std::optional<std::wstring> WideFromCp932(std::string_view text);
+
+/// Encodes as code page 932; what it doesn't hold becomes "?".
+std::string Cp932FromWide(std::wstring_view text);
+
+} // namespace jlandxml

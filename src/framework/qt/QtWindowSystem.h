@@ -1,0 +1,16 @@
+#pragma once
+
+#include "framework/Window.h"
+
+namespace jlandxml
+{
+
+/// The window layer of Linux, in Qt. It joins the host's QApplication, or makes its own that serves all later calls.
+class QtWindowSystem : public WindowSystem
+{
+  public:
+    /// Without a display the text goes to standard error.
+    void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+};
+
+} // namespace jlandxml

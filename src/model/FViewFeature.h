@@ -1,0 +1,62 @@
+#pragma once
+
+#include "model/FViewProperty.h"
+#include "model/PiCollections.h"
+
+namespace jlandxml
+{
+
+/// `Feature`: a named list of properties under most elements. An empty name means a `Feature` without the attribute.
+class FViewFeature final : public FViewLandXMLBase
+{
+  public:
+    FViewFeature() = default;
+    explicit FViewFeature(std::wstring featureName) : name(std::move(featureName)) {}
+
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"Feature"; }
+    bool ReadElement(const WcXmNode& node) override;
+
+    /// Writes under the element that bears the data: merges into the first `Feature` of the same name, or appends a new
+    /// one. Without a single property that has both label and value nothing is written. False if an element can't be
+    /// added.
+    bool WriteElement(const WcXmNode& node) override;
+
+    std::wstring name;
+    /// False for a `Feature` that always becomes a new element.
+    bool replaceExisting = true;
+    PiCmCopyList<FViewProperty> properties;
+
+  private:
+    bool HasContent() const;
+    bool WriteInto(const WcXmNode& element);
+};
+
+/// The `name` of a `Feature` element, empty without the attribute.
+std::wstring_view FeatureName(const WcXmNode& feature);
+
+/// Visits each `Feature` of that name under an element: the walk, with the name compared exactly.
+template <class Visitor>
+bool ForEachFeature(const WcXmNode& parent, std::wstring_view name, Visitor&& visit)
+{
+    return ForEachChild(parent, L"Feature", [&](const WcXmNode& feature) {
+        if (FeatureName(feature) != name)
+        {
+            return true;
+        }
+        if constexpr (std::is_same_v<std::invoke_result_t<Visitor&, const WcXmNode&>, void>)
+        {
+            visit(feature);
+            return true;
+        }
+        else
+        {
+            return visit(feature);
+        }
+    });
+}
+
+/// Removes the first `Feature` of that name; a second one stays. False if there is none.
+bool RemoveFirstFeature(const WcXmNode& parent, std::wstring_view name);
+
+} // namespace jlandxml

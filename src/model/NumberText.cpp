@@ -1,0 +1,121 @@
+#include "model/NumberText.h"
+
+#include "framework/Numbers.h"
+#include "framework/Text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace jlandxml
+{
+
+bool IsNumericText(std::wstring_view text)
+{
+    if (!text.empty() && (text.front() == L'-' || text.front() == L'+'))
+    {
+        text.remove_prefix(1);
+    }
+    const bool known = std::all_of(text.begin(), text.end(), [](wchar_t character) {
+        return (character >= L'0' && character <= L'9') || character == L'.';
+    });
+    return known && std::count(text.begin(), text.end(), L'.') <= 1;
+}
+
+void TrimNumberText(std::wstring& text)
+{
+    const std::size_t point = text.find(L'.');
+    if (point == std::wstring::npos || !IsNumericText(text))
+    {
+        return;
+    }
+    text.erase(text.find_last_not_of(L'0') + 1);
+    if (text.back() == L'.')
+    {
+        text.pop_back();
+    }
+}
+
+double ReadNumber(std::wstring_view text)
+{
+    return IsNumericText(text) ? ParseDouble(text).value : 0.0;
+}
+
+double WithoutNegativeZero(double value, int digits)
+{
+    // Written out, since the last bit of a power depends on the platform's library.
+    static constexpr double UNITS[] = {1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
+    return std::fabs(value) < 0.5 * UNITS[digits] ? 0.0 : value;
+}
+
+std::wstring FixedText(double value, int digits)
+{
+    return FormatFixed(WithoutNegativeZero(value, digits), digits);
+}
+
+std::wstring NumberText(double value, int digits)
+{
+    std::wstring text;
+    if (value != UNSET_DOUBLE)
+    {
+        text = FixedText(value, digits);
+        TrimNumberText(text);
+    }
+    if (text.find(L'.') == std::wstring::npos)
+    {
+        text += L'.';
+    }
+    return text;
+}
+
+void FormatDoubleAttribute(const WcXmNode& node, const wchar_t* name, double value, int digits)
+{
+    if (value != UNSET_DOUBLE)
+    {
+        node.SetAttribute(name, NumberText(value, digits));
+    }
+}
+
+bool ReadNumberAttribute(const WcXmNode& node, std::wstring_view name, double& value)
+{
+    const auto text = node.FindAttribute(name);
+    if (text)
+    {
+        value = ReadNumber(*text);
+    }
+    return text.has_value();
+}
+
+bool ReadTextAttribute(const WcXmNode& node, std::wstring_view name, std::wstring& text)
+{
+    const auto value = node.FindAttribute(name);
+    if (value)
+    {
+        text = *value;
+    }
+    return value.has_value();
+}
+
+bool WriteTextAttribute(const WcXmNode& node, const wchar_t* name, std::wstring_view text)
+{
+    return text.empty() || node.SetAttribute(name, text);
+}
+
+bool SplitNumberPair(std::wstring_view text, double& first, double& second)
+{
+    const std::size_t blank = text.find(L' ');
+    if (blank == std::wstring_view::npos)
+    {
+        return false;
+    }
+    const std::wstring_view one = Trim(text.substr(0, blank));
+    const std::wstring_view other = Trim(text.substr(blank + 1));
+    if (other.find(L' ') != std::wstring_view::npos)
+    {
+        return false;
+    }
+    first = ReadNumber(one);
+    second = ReadNumber(other);
+    return true;
+}
+
+} // namespace jlandxml

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "model/UnsetDouble.h"
+#include "xml/WcXmNode.h"
+
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// True for a sign, then digits with at most one point, any of them absent. So an empty text is numeric and an exponent
+/// isn't.
+bool IsNumericText(std::wstring_view text);
+
+/// Cuts the zeros at the end of a numeric text's decimals, and the point if it is then the last character.
+void TrimNumberText(std::wstring& text);
+
+/// The number of a text of the format: what the C library reads at its front if the text is numeric, else 0.
+double ReadNumber(std::wstring_view text);
+
+/// The value, or 0 where it is smaller than half a unit of the last of `digits` decimals (at most 12), so that no
+/// "-0.000" is printed.
+double WithoutNegativeZero(double value, int digits);
+
+/// The value with all of its `digits` decimals ("200.00000000").
+std::wstring FixedText(double value, int digits);
+
+/// The number text of the format: at most `digits` decimals, no zeros at their end, and a closing point on whole
+/// numbers
+/// ("12.", "12.5"). An unset value gives the point alone.
+std::wstring NumberText(double value, int digits);
+
+/// Stores the number text in an attribute. An unset value leaves the attribute as it stands.
+void FormatDoubleAttribute(const WcXmNode& node, const wchar_t* name, double value, int digits);
+
+/// Takes the number of an attribute if there is one. False leaves the value as it was.
+bool ReadNumberAttribute(const WcXmNode& node, std::wstring_view name, double& value);
+
+/// Takes the text of an attribute if there is one. False leaves the text as it was.
+bool ReadTextAttribute(const WcXmNode& node, std::wstring_view name, std::wstring& text);
+
+/// Stores a text in an attribute unless it is empty. False if the node can't have attributes.
+bool WriteTextAttribute(const WcXmNode& node, const wchar_t* name, std::wstring_view text);
+
+/// Reads two numbers with one blank between them. False, with both left as they are, if the text has no blank or its
+/// second part holds one.
+bool SplitNumberPair(std::wstring_view text, double& first, double& second);
+
+} // namespace jlandxml

@@ -1,0 +1,33 @@
+#include "run/ExecuteQuorvane.h"
+
+#include "framework/Exceptions.h"
+#include "framework/Window.h"
+#include "run/LoadRun.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* WORK_FILE = L"/Landxml_temp.xml";
+
+} // namespace
+
+} // namespace jlandxml
+
+void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t /*routeCount*/)
+{
+    using namespace jlandxml;
+    try
+    {
+        const std::wstring folder(workFolder);
+        LoadRun(folder + WORK_FILE);
+    }
+    catch (const CException& exception)
+    {
+        GetWindowSystem().ShowMessage(ErrorText(exception), MessageIcon::None);
+    }
+}

@@ -1,0 +1,31 @@
+#include "run/ExportRun.h"
+
+#include "framework/Guard.h"
+#include "run/ConversionContext.h"
+#include "run/FinishOutputFile.h"
+
+namespace jlandxml
+{
+
+OutputVersion OutputVersionOf(std::wstring_view applicationCriterion)
+{
+    if (applicationCriterion == L"MlitLandXmlVer.1.5")
+    {
+        return VERSION_1_5;
+    }
+    return applicationCriterion == L"MlitLandXmlVer.1.6" ? VERSION_1_6 : VERSION_1_7;
+}
+
+void ExportRun(const std::wstring& path)
+{
+    RunStage<JLandXMLExportException>(RUN_STAGE_TEXTS, [&] {
+        ConversionContext& context = GetConversionContext();
+        context.model.SetOutputVersion(OutputVersionOf(context.model.project.applicationCriterion));
+        if (context.model.WriteElement(WcXmNode(context.document)))
+        {
+            context.fileWritten = FinishOutputFile(path, context);
+        }
+    });
+}
+
+} // namespace jlandxml

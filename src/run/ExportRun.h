@@ -1,0 +1,27 @@
+#pragma once
+
+#include "framework/Exceptions.h"
+#include "model/OutputVersion.h"
+
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// The model could not be written.
+class JLandXMLExportException : public CException
+{
+  public:
+    using CException::CException;
+};
+
+/// The OutputVersion that a version text of the standard stands for; every text but those of 1.5 and 1.6 stands
+/// for 1.7.
+OutputVersion OutputVersionOf(std::wstring_view applicationCriterion);
+
+/// Writes the model into the tree and the tree into the file that the user chose. A model that can't be written gives
+/// no file and no message. Throws JLandXMLExportException for anything that fails on the way.
+void ExportRun(const std::wstring& path);
+
+} // namespace jlandxml

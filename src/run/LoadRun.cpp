@@ -1,0 +1,33 @@
+#include "run/LoadRun.h"
+
+#include "framework/Guard.h"
+#include "run/ConversionContext.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+void ReadModel(ConversionContext& context, const std::wstring& path)
+{
+    context.model.Clear();
+    if (context.document.Create() && context.document.appDocument->LoadDocument(path))
+    {
+        context.model.ReadElement(WcXmNode(context.document));
+    }
+}
+
+} // namespace
+
+void LoadRun(const std::wstring& path)
+{
+    RunStage<LandXMLLoadException>(RUN_STAGE_TEXTS, [&] {
+        ConversionContext& context = GetConversionContext();
+        context.fileWritten = false;
+        ReadModel(context, path);
+        context.loadedModel = context.model;
+    });
+}
+
+} // namespace jlandxml

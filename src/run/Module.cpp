@@ -1,0 +1,45 @@
+// What only the loaded module has: the native windows of its platform, put in place when the module is loaded. No
+// window class and nothing else is registered with the system for it, so there is nothing to take back when it goes.
+
+#include "framework/Window.h"
+#include "run/ExecuteQuorvane.h"
+
+#ifdef _WIN32
+#include "framework/win32/Win32WindowSystem.h"
+#else
+#include "framework/qt/QtWindowSystem.h"
+#endif
+
+namespace jlandxml
+{
+
+namespace
+{
+
+#ifdef _WIN32
+using NativeWindowSystem = Win32WindowSystem;
+#else
+using NativeWindowSystem = QtWindowSystem;
+#endif
+
+/// Attaches the native windows for as long as the module is loaded.
+class NativeWindows
+{
+  public:
+    NativeWindows() { SetWindowSystem(&system_); }
+    NativeWindows(const NativeWindows&) = delete;
+    NativeWindows& operator=(const NativeWindows&) = delete;
+    ~NativeWindows() { SetWindowSystem(nullptr); }
+
+  private:
+    NativeWindowSystem system_;
+};
+
+const NativeWindows nativeWindows;
+
+/// Takes the exported function out of the core library.
+[[maybe_unused]] const auto exported = &ExecuteQuorvane;
+
+} // namespace
+
+} // namespace jlandxml

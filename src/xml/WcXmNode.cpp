@@ -1,0 +1,194 @@
+#include "xml/WcXmNode.h"
+
+#include "framework/Text.h"
+#include "xml/WcXmDocument.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+bool IsText(const pugi::xml_node& node)
+{
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+pugi::xml_node TextNodeOf(const pugi::xml_node& node)
+{
+    if (IsText(node))
+    {
+        return node;
+    }
+    return node.type() == pugi::node_element ? node.find_child(IsText) : pugi::xml_node();
+}
+
+pugi::xml_node FindChildIgnoreCase(const pugi::xml_node& node, std::wstring_view name)
+{
+    return node.find_child([&](const pugi::xml_node& child) { return EqualsIgnoreCase(child.name(), name); });
+}
+
+/// The parser destroys a subtree by recursion. Taken off leaf by leaf, a deep one needs no more stack than a flat one.
+void RemoveLeafByLeaf(const pugi::xml_node& top)
+{
+    const pugi::xml_node end = top.parent();
+    for (pugi::xml_node node = top; node != end;)
+    {
+        if (const pugi::xml_node child = node.first_child())
+        {
+            node = child;
+            continue;
+        }
+        pugi::xml_node parent = node.parent();
+        parent.remove_child(node);
+        node = parent;
+    }
+}
+
+/// Puts `out` on a node of the same document.
+void Attach(WcXmNode* out, const WcXmNode& source, const pugi::xml_node& node)
+{
+    if (out != nullptr)
+    {
+        out->document = source.document;
+        out->appNode.xmlDocument = source.appNode.xmlDocument;
+        out->appNode.node = node;
+    }
+}
+
+} // namespace
+
+WcXmNode::WcXmNode(WcXmDocument& owner) : document(&owner)
+{
+    if (owner.appDocument != nullptr && owner.appDocument->xmlDocument != nullptr)
+    {
+        appNode.xmlDocument = owner.appDocument->xmlDocument.get();
+        appNode.node = appNode.xmlDocument->document_element();
+    }
+}
+
+std::wstring_view WcXmNode::NodeName() const
+{
+    return appNode.node.name();
+}
+
+bool WcXmNode::MoveToNextSibling()
+{
+    const pugi::xml_node next = appNode.node.next_sibling();
+    if (!next)
+    {
+        return false;
+    }
+    appNode.node = next;
+    return true;
+}
+
+bool WcXmNode::MoveToFirstChild()
+{
+    const pugi::xml_node child = appNode.node.first_child();
+    if (!child)
+    {
+        return false;
+    }
+    appNode.node = child;
+    return true;
+}
+
+bool WcXmNode::SelectFirstChild(std::wstring_view name)
+{
+    const pugi::xml_node child = FindChildIgnoreCase(appNode.node, name);
+    if (!child)
+    {
+        return false;
+    }
+    appNode.node = child;
+    return true;
+}
+
+void WcXmNode::GetAttributes(std::map<std::wstring, std::wstring>& attributes) const
+{
+    attributes.clear();
+    for (const pugi::xml_attribute& attribute : appNode.node.attributes())
+    {
+        attributes[attribute.name()] = attribute.value();
+    }
+    if (attributes.empty())
+    {
+        attributes[appNode.node.name()] = appNode.node.value();
+    }
+}
+
+std::optional<std::wstring_view> WcXmNode::FindAttribute(std::wstring_view name) const
+{
+    for (pugi::xml_attribute attribute = appNode.node.last_attribute(); attribute;
+         attribute = attribute.previous_attribute())
+    {
+        if (attribute.name() == name)
+        {
+            return attribute.value();
+        }
+    }
+    return std::nullopt;
+}
+
+std::wstring_view WcXmNode::GetTextContent() const
+{
+    return TextNodeOf(appNode.node).value();
+}
+
+bool WcXmNode::SetAttribute(const wchar_t* name, std::wstring_view value) const
+{
+    pugi::xml_node node = appNode.node;
+    pugi::xml_attribute attribute =
+        node.find_attribute([&](const pugi::xml_attribute& one) { return EqualsIgnoreCase(one.name(), name); });
+    if (!attribute)
+    {
+        attribute = node.append_attribute(name);
+    }
+    return attribute.set_value(value.data(), value.size());
+}
+
+void WcXmNode::SetTextContent(std::wstring_view value) const
+{
+    pugi::xml_node text = TextNodeOf(appNode.node);
+    if (!text && appNode.node.type() == pugi::node_element)
+    {
+        text = pugi::xml_node(appNode.node).append_child(pugi::node_pcdata);
+    }
+    text.set_value(value.data(), value.size());
+}
+
+bool WcXmNode::AppendChildElement(const wchar_t* name, WcXmNode* out) const
+{
+    pugi::xml_node parent = appNode.node;
+    if (!parent && appNode.xmlDocument != nullptr)
+    {
+        parent = *appNode.xmlDocument;
+    }
+    Attach(out, *this, parent.append_child(name));
+    return true;
+}
+
+bool WcXmNode::InsertElementBefore(std::wstring_view reference, const wchar_t* name, WcXmNode* out) const
+{
+    pugi::xml_node parent = appNode.node;
+    const pugi::xml_node child = FindChildIgnoreCase(parent, reference);
+    const pugi::xml_node inserted = child ? parent.insert_child_before(name, child) : pugi::xml_node();
+    Attach(out, *this, inserted ? inserted : parent);
+    return static_cast<bool>(inserted);
+}
+
+bool WcXmNode::RemoveChild(const WcXmAppNode& child) const
+{
+    if (!appNode.node)
+    {
+        return false;
+    }
+    if (child.node && child.node.parent() == appNode.node)
+    {
+        RemoveLeafByLeaf(child.node);
+    }
+    return true;
+}
+
+} // namespace jlandxml

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "xml/WcXmDocument.h"
+#include "xml/WcXmNode.h"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace jlandxml
+{
+
+/// A document made of a line of XML, parsed as the converter parses its work file.
+class XmlText
+{
+  public:
+    explicit XmlText(const std::wstring& text)
+    {
+        document.Create();
+        if (!text.empty() && !document.appDocument->xmlDocument->load_buffer(
+                                 text.data(), text.size() * sizeof(wchar_t),
+                                 pugi::parse_default | pugi::parse_declaration, pugi::encoding_wchar))
+        {
+            throw std::invalid_argument("not well formed");
+        }
+    }
+
+    /// The cursor on the document element.
+    WcXmNode Root() { return WcXmNode(document); }
+
+    /// A cursor on the first child of the document element that has this name.
+    WcXmNode Child(const wchar_t* name)
+    {
+        WcXmNode node = Root();
+        if (!node.SelectFirstChild(name))
+        {
+            throw std::invalid_argument("no such child");
+        }
+        return node;
+    }
+
+    /// The document in one line.
+    std::wstring Text() const
+    {
+        struct : pugi::xml_writer
+        {
+            void write(const void* data, std::size_t size) override
+            {
+                text.append(static_cast<const wchar_t*>(data), size / sizeof(wchar_t));
+            }
+            std::wstring text;
+        } writer;
+        document.appDocument->xmlDocument->save(writer, L"", pugi::format_raw | pugi::format_no_declaration,
+                                                pugi::encoding_wchar);
+        return writer.text;
+    }
+
+    WcXmDocument document;
+};
+
+/// An element as its class reads it.
+template <class Element>
+Element Read(const std::wstring& xml)
+{
+    XmlText text(xml);
+    Element element;
+    element.ReadElement(text.Root());
+    return element;
+}
+
+/// An element read by its class and written back onto itself, in one line.
+template <class Element>
+std::wstring Written(const std::wstring& xml, std::int32_t outputVersion = 4)
+{
+    XmlText text(xml);
+    Element element;
+    element.ReadElement(text.Root());
+    element.SetOutputVersion(outputVersion);
+    element.WriteElement(text.Root());
+    return text.Text();
+}
+
+/// What an object writes under, or onto, the document element, in one line.
+template <class Element>
+std::wstring WrittenInto(Element element, const std::wstring& xml)
+{
+    XmlText text(xml);
+    element.WriteElement(text.Root());
+    return text.Text();
+}
+
+} // namespace jlandxml
