@@ -1,0 +1,255 @@
+#include "xml/WcXmNode.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+TEST(WcXmNode, StandsOnTheDocumentElementWhateverComesBefore)
+{
+    XmlText xml(L"<?xml version=\"1.0\"?><!-- host --><LandXML/>");
+    EXPECT_EQ(xml.Root().NodeName(), L"LandXML");
+}
+
+TEST(WcXmNode, ADocumentWithoutAnElementAnswersWithEmptyResults)
+{
+    XmlText xml(L"");
+    WcXmNode node = xml.Root();
+    std::map<std::wstring, std::wstring> attributes;
+    node.GetAttributes(attributes);
+    EXPECT_EQ(node.NodeName(), L"");
+    EXPECT_EQ(node.GetTextContent(), L"");
+    EXPECT_EQ(node.FindAttribute(L"name"), std::nullopt);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"", L""}}));
+    EXPECT_FALSE(node.MoveToNextSibling());
+    EXPECT_FALSE(node.MoveToFirstChild());
+    EXPECT_FALSE(node.SelectFirstChild(L""));
+    EXPECT_FALSE(node.SetAttribute(L"name", L"x"));
+    EXPECT_FALSE(node.InsertElementBefore(L"a", L"b"));
+    EXPECT_FALSE(node.RemoveChild(node.appNode));
+    node.SetTextContent(L"x");
+    EXPECT_EQ(xml.Text(), L"");
+}
+
+TEST(WcXmNode, ADocumentThatWasNeverCreatedHasNoNode)
+{
+    WcXmDocument document;
+    WcXmNode node(document);
+    EXPECT_FALSE(node.HasNode());
+    EXPECT_TRUE(node.AppendChildElement(L"a", &node));
+    EXPECT_FALSE(node.HasNode());
+}
+
+TEST(WcXmNode, SelectFirstChildFindsANameInAnyCase)
+{
+    XmlText xml(L"<a>text<Other/><Project n='1'/><project n='2'/></a>");
+    WcXmNode node = xml.Root();
+    EXPECT_TRUE(node.SelectFirstChild(L"PROJECT"));
+    EXPECT_EQ(node.NodeName(), L"Project");
+    EXPECT_EQ(node.FindAttribute(L"n"), L"1");
+}
+
+TEST(WcXmNode, ASearchWithoutAHitLeavesTheCursor)
+{
+    XmlText xml(L"<a><b/></a>");
+    WcXmNode node = xml.Root();
+    EXPECT_FALSE(node.SelectFirstChild(L"c"));
+    EXPECT_EQ(node.NodeName(), L"a");
+}
+
+TEST(WcXmNode, ANamelessChildComparesAsTheEmptyText)
+{
+    XmlText xml(L"<a><b/>text</a>");
+    WcXmNode node = xml.Root();
+    EXPECT_TRUE(node.SelectFirstChild(L""));
+    EXPECT_EQ(node.GetTextContent(), L"text");
+}
+
+TEST(WcXmNode, SiblingsOfAnyKindAreVisited)
+{
+    XmlText xml(L"<a>1<b/><![CDATA[2]]></a>");
+    WcXmNode node = xml.Root();
+    ASSERT_TRUE(node.MoveToFirstChild());
+    EXPECT_EQ(node.GetTextContent(), L"1");
+    ASSERT_TRUE(node.MoveToNextSibling());
+    EXPECT_EQ(node.NodeName(), L"b");
+    ASSERT_TRUE(node.MoveToNextSibling());
+    EXPECT_EQ(node.GetTextContent(), L"2");
+    EXPECT_FALSE(node.MoveToNextSibling());
+    EXPECT_EQ(node.GetTextContent(), L"2");
+}
+
+TEST(WcXmNode, ACopyMovesIndependently)
+{
+    XmlText xml(L"<a><b/></a>");
+    const WcXmNode node = xml.Root();
+    WcXmNode copy = node;
+    EXPECT_TRUE(copy.SelectFirstChild(L"b"));
+    EXPECT_EQ(node.NodeName(), L"a");
+    EXPECT_EQ(copy.document, node.document);
+    EXPECT_EQ(copy.appNode.xmlDocument, node.appNode.xmlDocument);
+}
+
+TEST(WcXmNode, AttributesWithoutAnyGiveTheNodesOwnName)
+{
+    XmlText xml(L"<Project/>");
+    std::map<std::wstring, std::wstring> attributes{{L"old", L"entry"}};
+    xml.Root().GetAttributes(attributes);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"Project", L""}}));
+}
+
+TEST(WcXmNode, AttributesAreKeyedInTheirExactCaseAndTheLastDuplicateWins)
+{
+    XmlText xml(L"<a name='1' Name='2' name='3'/>");
+    std::map<std::wstring, std::wstring> attributes;
+    xml.Root().GetAttributes(attributes);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"Name", L"2"}, {L"name", L"3"}}));
+    EXPECT_EQ(xml.Root().FindAttribute(L"name"), L"3");
+    EXPECT_EQ(xml.Root().FindAttribute(L"Name"), L"2");
+    EXPECT_EQ(xml.Root().FindAttribute(L"NAME"), std::nullopt);
+}
+
+TEST(WcXmNode, TheTextOfAnElementIsItsFirstTextChild)
+{
+    XmlText xml(L"<a><b/><![CDATA[first]]>second</a>");
+    EXPECT_EQ(xml.Root().GetTextContent(), L"first");
+    EXPECT_EQ(xml.Child(L"b").GetTextContent(), L"");
+}
+
+TEST(WcXmNode, SetAttributeKeepsTheSpellingOfAnExistingOne)
+{
+    XmlText xml(L"<a x='0' name='1' NAME='2'/>");
+    EXPECT_TRUE(xml.Root().SetAttribute(L"NAME", L"新"));
+    EXPECT_EQ(xml.Text(), L"<a x=\"0\" name=\"新\" NAME=\"2\"/>");
+}
+
+TEST(WcXmNode, SetAttributeAppendsANewOneBehindTheOthers)
+{
+    XmlText xml(L"<a x='0'/>");
+    EXPECT_TRUE(xml.Root().SetAttribute(L"Side", L"left"));
+    EXPECT_EQ(xml.Text(), L"<a x=\"0\" Side=\"left\"/>");
+}
+
+TEST(WcXmNode, ATextNodeHasNoAttributes)
+{
+    XmlText xml(L"<a>text</a>");
+    WcXmNode node = xml.Root();
+    node.MoveToFirstChild();
+    EXPECT_FALSE(node.SetAttribute(L"name", L"x"));
+    EXPECT_EQ(xml.Text(), L"<a>text</a>");
+}
+
+TEST(WcXmNode, SetTextContentReplacesTheFirstTextChild)
+{
+    XmlText xml(L"<a><b/>old<c/>other</a>");
+    xml.Root().SetTextContent(L"新 & <");
+    EXPECT_EQ(xml.Text(), L"<a><b/>新 &amp; &lt;<c/>other</a>");
+}
+
+TEST(WcXmNode, SetTextContentAppendsATextChildToAnElementWithout)
+{
+    XmlText xml(L"<a><b/></a>");
+    xml.Root().SetTextContent(L"1. 2.");
+    EXPECT_EQ(xml.Text(), L"<a><b/>1. 2.</a>");
+}
+
+TEST(WcXmNode, SetTextContentOnATextNodeSetsItsValue)
+{
+    XmlText xml(L"<a>old</a>");
+    WcXmNode node = xml.Root();
+    node.MoveToFirstChild();
+    node.SetTextContent(L"new");
+    EXPECT_EQ(xml.Text(), L"<a>new</a>");
+}
+
+TEST(WcXmNode, AppendChildElementPutsTheOutCursorOnTheNewElement)
+{
+    XmlText xml(L"<a><b/></a>");
+    XmlText other(L"<x/>");
+    WcXmNode out = other.Root();
+    EXPECT_TRUE(xml.Root().AppendChildElement(L"Feature", &out));
+    EXPECT_EQ(out.document, &xml.document);
+    out.SetAttribute(L"name", L"n");
+    EXPECT_TRUE(xml.Root().AppendChildElement(L"c"));
+    EXPECT_EQ(xml.Text(), L"<a><b/><Feature name=\"n\"/><c/></a>");
+}
+
+TEST(WcXmNode, AppendChildElementOnATextNodeIsTrueWithoutACursor)
+{
+    XmlText xml(L"<a>text</a>");
+    WcXmNode node = xml.Root();
+    node.MoveToFirstChild();
+    WcXmNode out = xml.Root();
+    EXPECT_TRUE(node.AppendChildElement(L"b", &out));
+    EXPECT_FALSE(out.HasNode());
+    EXPECT_EQ(xml.Text(), L"<a>text</a>");
+}
+
+TEST(WcXmNode, AppendChildElementOnNothingAppendsToTheDocument)
+{
+    XmlText xml(L"");
+    WcXmNode out = xml.Root();
+    EXPECT_TRUE(xml.Root().AppendChildElement(L"a", &out));
+    EXPECT_EQ(out.NodeName(), L"a");
+    EXPECT_EQ(xml.Text(), L"<a/>");
+}
+
+TEST(WcXmNode, InsertElementBeforePlacesDirectlyInFrontOfTheFirstHit)
+{
+    XmlText xml(L"<a><x/>text<alignments/><Alignments/></a>");
+    WcXmNode out = xml.Root();
+    EXPECT_TRUE(xml.Root().InsertElementBefore(L"Alignments", L"CgPoints", &out));
+    EXPECT_EQ(out.NodeName(), L"CgPoints");
+    EXPECT_EQ(xml.Text(), L"<a><x/>text<CgPoints/><alignments/><Alignments/></a>");
+}
+
+TEST(WcXmNode, InsertElementBeforeWithoutTheReferenceChangesNothing)
+{
+    XmlText xml(L"<a><b/></a>");
+    WcXmNode out = xml.Child(L"b");
+    EXPECT_FALSE(xml.Root().InsertElementBefore(L"c", L"CgPoints", &out));
+    EXPECT_EQ(out.NodeName(), L"a");
+    EXPECT_EQ(xml.Text(), L"<a><b/></a>");
+}
+
+TEST(WcXmNode, RemoveChildTakesAllBelowItAlong)
+{
+    XmlText xml(L"<a><b><c>x<d/></c></b><e/></a>");
+    EXPECT_TRUE(xml.Root().RemoveChild(xml.Child(L"b").appNode));
+    EXPECT_EQ(xml.Text(), L"<a><e/></a>");
+}
+
+TEST(WcXmNode, AChildOfAnotherParentStays)
+{
+    XmlText xml(L"<a><b><c/></b></a>");
+    WcXmNode inner = xml.Child(L"b");
+    inner.SelectFirstChild(L"c");
+    EXPECT_TRUE(xml.Root().RemoveChild(inner.appNode));
+    EXPECT_TRUE(xml.Root().RemoveChild(xml.Root().appNode));
+    EXPECT_TRUE(xml.Root().RemoveChild(WcXmAppNode()));
+    EXPECT_EQ(xml.Text(), L"<a><b><c/></b></a>");
+}
+
+TEST(WcXmNode, ADeepChildIsRemovedWithoutDeepRecursion)
+{
+    constexpr int DEPTH = 300000;
+    std::wstring text = L"<a>";
+    for (int depth = 0; depth < DEPTH; ++depth)
+    {
+        text += L"<b>";
+    }
+    for (int depth = 0; depth < DEPTH; ++depth)
+    {
+        text += L"</b>";
+    }
+    XmlText xml(text + L"<c/></a>");
+    EXPECT_TRUE(xml.Root().RemoveChild(xml.Child(L"b").appNode));
+    EXPECT_EQ(xml.Text(), L"<a><c/></a>");
+}
+
+} // namespace
+} // namespace jlandxml
