@@ -1,0 +1,122 @@
+#include "model/FViewCoordinateSystem.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+struct DescriptionCase
+{
+    const wchar_t* rule;
+    const wchar_t* attributes;
+    const wchar_t* datum;
+    const wchar_t* zone;
+};
+
+class CoordinateSystemDescription : public testing::TestWithParam<DescriptionCase>
+{};
+
+TEST_P(CoordinateSystemDescription, GivesDatumAndZone)
+{
+    const auto system =
+        Read<FViewCoordinateSystem>(std::wstring(L"<CoordinateSystem ") + GetParam().attributes + L"/>");
+    EXPECT_EQ(system.horizontalDatum, GetParam().datum) << GetParam().rule;
+    EXPECT_EQ(system.horizontalCoordinateSystemName, GetParam().zone) << GetParam().rule;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCoordinateSystem, CoordinateSystemDescription,
+    testing::Values(
+        DescriptionCase{
+            L"complete attributes win over the description",
+            L"horizontalDatum='JGD2011' horizontalCoordinateSystemName='9(X,Y)' desc='Japan GSI Plane No. 12'",
+            L"JGD2011", L"9(X,Y)"},
+        DescriptionCase{L"seven parameters mean JGD2011", L"horizontalDatum='JGD2000-7P' desc='zone No. 9 east'",
+                        L"JGD2011", L"9(X,Y)"},
+        DescriptionCase{L"seven parameters without a zone mark",
+                        L"horizontalDatum='JGD2000-7P' horizontalCoordinateSystemName='9(X,Y)' desc='zone 9'",
+                        L"JGD2011", L""},
+        DescriptionCase{L"datum and two digits", L"desc='Japan Geodetic Datum 2011 Plane Zone No. 12'", L"JGD2011",
+                        L"12(X,Y)"},
+        DescriptionCase{L"one digit and a bracket is no number", L"desc='Japan Geodetic Datum 2011 (No. 9)'",
+                        L"JGD2011", L""},
+        DescriptionCase{L"zone 20", L"desc='Japan Geodetic Datum 2000 No. 20'", L"JGD2000", L""},
+        DescriptionCase{L"zone 0", L"desc='Japan Geodetic Datum 2000 No. 0'", L"JGD2000", L""},
+        DescriptionCase{L"zone 19", L"desc='Japan Geodetic Datum 2024 No. 19'", L"JGD2024", L"19(X,Y)"},
+        DescriptionCase{L"zone 1 at the end", L"desc='Japan GSI Plane No. 1'", L"TD", L"1(X,Y)"},
+        DescriptionCase{L"a signed zone", L"desc='Japan GSI Plane No. +7'", L"TD", L"7(X,Y)"},
+        DescriptionCase{L"a leading zero", L"desc='Japan GSI Plane No. 09'", L"TD", L"9(X,Y)"},
+        DescriptionCase{L"two blanks before the digit", L"desc='Japan GSI Plane No.  9'", L"TD", L"9(X,Y)"},
+        DescriptionCase{L"nothing behind the mark", L"desc='Japan GSI Plane No. '", L"TD", L""},
+        DescriptionCase{L"the first mark counts", L"desc='No. x Japan GSI Plane No. 9'", L"TD", L""},
+        DescriptionCase{L"the table's order decides",
+                        L"desc='Japan Geodetic Datum 2011 and Japan Geodetic Datum 2000 No. 9'", L"JGD2000", L"9(X,Y)"},
+        DescriptionCase{L"the case counts", L"desc='japan geodetic datum 2011 No. 9'", L"", L""},
+        DescriptionCase{L"no datum named and none given", L"horizontalCoordinateSystemName='9(X,Y)' desc='No. 3'", L"",
+                        L"9(X,Y)"},
+        DescriptionCase{L"an unknown datum is emptied",
+                        L"horizontalDatum='WGS84' horizontalCoordinateSystemName='9(X,Y)' desc='x'", L"", L"9(X,Y)"},
+        DescriptionCase{L"a datum without a valid zone is emptied",
+                        L"horizontalDatum='JGD2011' horizontalCoordinateSystemName='20(X,Y)' desc='x'", L"",
+                        L"20(X,Y)"},
+        DescriptionCase{L"an empty description counts", L"horizontalDatum='JGD2011' desc=''", L"", L""},
+        DescriptionCase{L"without a description the attributes stay",
+                        L"horizontalDatum='WGS84' horizontalCoordinateSystemName='x'", L"WGS84", L"x"},
+        DescriptionCase{L"a named datum takes the place of an unknown one",
+                        L"horizontalDatum='WGS84' horizontalCoordinateSystemName='x' desc='Japan Geodetic Datum 2011'",
+                        L"JGD2011", L""}));
+
+TEST(FViewCoordinateSystem, EveryZoneOfTheAttributesIsComplete)
+{
+    for (int zone = 1; zone <= 19; ++zone)
+    {
+        const std::wstring name = std::to_wstring(zone) + L"(X,Y)";
+        const auto system =
+            Read<FViewCoordinateSystem>(L"<CoordinateSystem horizontalDatum='TD' desc='Japan Geodetic Datum 2011' "
+                                        L"horizontalCoordinateSystemName='" +
+                                        name + L"'/>");
+        EXPECT_EQ(system.horizontalDatum, L"TD");
+        EXPECT_EQ(system.horizontalCoordinateSystemName, name);
+    }
+}
+
+TEST(FViewCoordinateSystem, TheLastDifferenceOfTheNamelessFeaturesWins)
+{
+    const auto system = Read<FViewCoordinateSystem>(
+        L"<CoordinateSystem name='CRS' verticalDatum='T.P'><Feature><Property label='differTP' value='1'/>"
+        L"<Property label='differTP' value='2'/></Feature><Feature name='f'><Property label='differTP' "
+        L"value='3'/></Feature>"
+        L"</CoordinateSystem>");
+    EXPECT_EQ(system.name, L"CRS");
+    EXPECT_EQ(system.verticalDatum, L"T.P");
+    EXPECT_EQ(system.differTP, L"2");
+}
+
+TEST(FViewCoordinateSystem, AnEmptyNameIsWrittenAsCrs1)
+{
+    EXPECT_EQ(WrittenInto(FViewCoordinateSystem(), L"<CoordinateSystem/>"), L"<CoordinateSystem name=\"CRS1\"/>");
+    EXPECT_EQ(WrittenInto(FViewCoordinateSystem(), L"<CoordinateSystem name='' horizontalDatum='x'/>"),
+              L"<CoordinateSystem name=\"CRS1\" horizontalDatum=\"x\"/>");
+}
+
+TEST(FViewCoordinateSystem, WritesWhatItHoldsAndLeavesTheDescription)
+{
+    FViewCoordinateSystem system;
+    system.name = L"座標系";
+    system.horizontalDatum = L"JGD2011";
+    system.verticalDatum = L"T.P";
+    system.horizontalCoordinateSystemName = L"9(X,Y)";
+    system.differTP = L"0.0000";
+    EXPECT_EQ(
+        WrittenInto(system, L"<CoordinateSystem desc='long' HorizontalDatum='old'/>"),
+        L"<CoordinateSystem desc=\"long\" HorizontalDatum=\"JGD2011\" name=\"座標系\" verticalDatum=\"T.P\""
+        L" horizontalCoordinateSystemName=\"9(X,Y)\"><Feature><Property label=\"differTP\" value=\"0.0000\"/></Feature>"
+        L"</CoordinateSystem>");
+}
+
+} // namespace
+} // namespace jlandxml

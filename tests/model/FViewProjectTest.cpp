@@ -1,0 +1,89 @@
+#include "model/FViewProject.h"
+
+#include "model/OutputVersion.h"
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+TEST(FViewProject, ReadsPhaseAndVersionFromTheNamelessFeature)
+{
+    const auto project = Read<FViewProject>(
+        L"<Project name='n'><Feature name='f'><Property label='projectPhase' value='no'/></Feature><Feature>"
+        L"<Property label='projectPhase' value='詳細'/><Property label='x' value='y'/>"
+        L"<Property label='applicationCriterion' value='MlitLandXmlVer.1.6'/></Feature></Project>");
+    EXPECT_EQ(project.projectPhase, L"詳細");
+    EXPECT_EQ(project.applicationCriterion, L"MlitLandXmlVer.1.6");
+    EXPECT_EQ(project.name, L"");
+}
+
+TEST(FViewProject, ALaterNamelessFeatureOverwritesAnEarlierOne)
+{
+    const auto project =
+        Read<FViewProject>(L"<Project><Feature><Property label='projectPhase' value='概略'/></Feature>"
+                           L"<Feature><Property label='projectPhase' value='予備'/></Feature></Project>");
+    EXPECT_EQ(project.projectPhase, L"予備");
+}
+
+TEST(FViewProject, WithoutAFeatureItIsEmptyAndGetsANewOne)
+{
+    const auto project = Read<FViewProject>(L"<Project name='n'/>");
+    EXPECT_EQ(project.projectPhase, L"");
+    EXPECT_EQ(project.applicationCriterion, L"");
+    EXPECT_EQ(Written<FViewProject>(L"<Project name='n'/>"),
+              L"<Project name=\"n\"><Feature><Property label=\"applicationCriterion\" "
+              L"value=\"MlitLandXmlVer.1.7\"/></Feature>"
+              L"</Project>");
+}
+
+TEST(FViewProject, AnExistingNamelessFeatureIsUpdatedInPlaceAndTheRestStays)
+{
+    EXPECT_EQ(
+        Written<FViewProject>(L"<Project><Feature><Property label='a' value='b'/>"
+                              L"<Property label='applicationCriterion' value='MlitLandXmlVer.1.3' x='y'/></Feature><z/>"
+                              L"</Project>",
+                              VERSION_1_5),
+        L"<Project><Feature><Property label=\"a\" value=\"b\"/>"
+        L"<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.5\" x=\"y\"/></Feature><z/></Project>");
+}
+
+class ProjectVersion : public testing::TestWithParam<std::pair<int, const wchar_t*>>
+{};
+
+TEST_P(ProjectVersion, IsWrittenByTheOutputVersionWhateverTheFieldHolds)
+{
+    FViewProject project;
+    project.applicationCriterion = L"MlitLandXmlVer.1.3";
+    project.SetOutputVersion(GetParam().first);
+    EXPECT_EQ(WrittenInto(project, L"<Project/>"),
+              std::wstring(L"<Project><Feature><Property label=\"applicationCriterion\" value=\"") + GetParam().second +
+                  L"\"/></Feature></Project>");
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewProject, ProjectVersion,
+                         testing::Values(std::pair(VERSION_1_3, L"MlitLandXmlVer.1.3"),
+                                         std::pair(VERSION_1_4, L"MlitLandXmlVer.1.4"),
+                                         std::pair(VERSION_1_5, L"MlitLandXmlVer.1.5"),
+                                         std::pair(VERSION_1_6, L"MlitLandXmlVer.1.6"),
+                                         std::pair(VERSION_1_7, L"MlitLandXmlVer.1.7")));
+
+TEST(FViewProject, NameAndPhaseAreWrittenWhereGiven)
+{
+    FViewProject project;
+    project.name = L"国道1号";
+    project.projectPhase = L"施工";
+    EXPECT_EQ(WrittenInto(project, L"<Project desc='d'/>"),
+              L"<Project desc=\"d\" name=\"国道1号\"><Feature><Property label=\"projectPhase\" value=\"施工\"/>"
+              L"<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.3\"/></Feature></Project>");
+    EXPECT_EQ(WrittenInto(FViewProject(), L"<Project name='old'/>"),
+              L"<Project name=\"old\"><Feature><Property label=\"applicationCriterion\" "
+              L"value=\"MlitLandXmlVer.1.3\"/></Feature>"
+              L"</Project>");
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,166 @@
+#include "model/NumberText.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace jlandxml
+{
+namespace
+{
+
+struct NumericCase
+{
+    const wchar_t* text;
+    bool numeric;
+    double value;
+};
+
+class NumericText : public testing::TestWithParam<NumericCase>
+{};
+
+TEST_P(NumericText, IsSignDigitsAndOnePoint)
+{
+    EXPECT_EQ(IsNumericText(GetParam().text), GetParam().numeric);
+    EXPECT_EQ(ReadNumber(GetParam().text), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, NumericText,
+                         testing::Values(NumericCase{L"1.2.3", false, 0.0}, NumericCase{L"12-3", false, 0.0},
+                                         NumericCase{L"1e5", false, 0.0}, NumericCase{L"", true, 0.0},
+                                         NumericCase{L"-", true, 0.0}, NumericCase{L"+", true, 0.0},
+                                         NumericCase{L".", true, 0.0}, NumericCase{L"+.5", true, 0.5},
+                                         NumericCase{L" 1", false, 0.0}, NumericCase{L"1 ", false, 0.0},
+                                         NumericCase{L"--1", false, 0.0}, NumericCase{L"-12.50", true, -12.5},
+                                         NumericCase{L"..", false, 0.0}, NumericCase{L"INF", false, 0.0},
+                                         NumericCase{L"0x1", false, 0.0}, NumericCase{L"１", false, 0.0},
+                                         NumericCase{L"007", true, 7.0}));
+
+struct TrimCase
+{
+    const wchar_t* text;
+    const wchar_t* trimmed;
+};
+
+class TrimmedNumberText : public testing::TestWithParam<TrimCase>
+{};
+
+TEST_P(TrimmedNumberText, LosesZerosBehindThePointAndABarePoint)
+{
+    std::wstring text = GetParam().text;
+    TrimNumberText(text);
+    EXPECT_EQ(text, GetParam().trimmed);
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, TrimmedNumberText,
+                         testing::Values(TrimCase{L"12.500", L"12.5"}, TrimCase{L"12.000", L"12"},
+                                         TrimCase{L"100", L"100"}, TrimCase{L"0.0", L"0"}, TrimCase{L"-.0", L"-"},
+                                         TrimCase{L".", L""}, TrimCase{L"", L""},
+                                         TrimCase{L"12+34.500000", L"12+34.500000"}, TrimCase{L"1.0e5", L"1.0e5"},
+                                         TrimCase{L"1.2.0", L"1.2.0"}));
+
+struct NumberCase
+{
+    double value;
+    int digits;
+    const wchar_t* text;
+};
+
+class NumberTexts : public testing::TestWithParam<NumberCase>
+{};
+
+TEST_P(NumberTexts, CloseWholeNumbersWithAPoint)
+{
+    EXPECT_EQ(NumberText(GetParam().value, GetParam().digits), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    NumberText, NumberTexts,
+    testing::Values(NumberCase{12.5, 3, L"12.5"}, NumberCase{12.0, 3, L"12."}, NumberCase{-0.0004, 3, L"0."},
+                    NumberCase{0.00049, 3, L"0."}, NumberCase{-12.34, 3, L"-12.34"}, NumberCase{1000.0, 3, L"1000."},
+                    NumberCase{0.0005, 3, L"0.001"}, NumberCase{-0.0005, 3, L"-0.001"}, NumberCase{-0.0, 3, L"0."},
+                    NumberCase{1234567890123456.0, 4, L"1234567890123456."}, NumberCase{UNSET_DOUBLE, 3, L"."},
+                    NumberCase{std::numeric_limits<double>::infinity(), 6, L"inf."},
+                    NumberCase{-std::numeric_limits<double>::infinity(), 6, L"-inf."},
+                    NumberCase{std::numeric_limits<double>::quiet_NaN(), 6, L"nan."},
+                    NumberCase{1.0 / 3.0, 12, L"0.333333333333"}, NumberCase{0.6e-12, 12, L"0.000000000001"},
+                    NumberCase{0.4e-12, 12, L"0."}));
+
+TEST(NumberText, FixedTextKeepsItsZerosAndNeverShowsANegativeZero)
+{
+    EXPECT_EQ(FixedText(200.0, 8), L"200.00000000");
+    EXPECT_EQ(FixedText(-0.000000001, 8), L"0.00000000");
+    EXPECT_EQ(FixedText(141.4213562373095, 6), L"141.421356");
+}
+
+TEST(NumberText, AnUnsetValueLeavesTheAttributeAsItStands)
+{
+    XmlText xml(L"<a staStart='old'/>");
+    FormatDoubleAttribute(xml.Root(), L"staStart", UNSET_DOUBLE, 4);
+    EXPECT_EQ(xml.Text(), L"<a staStart=\"old\"/>");
+    FormatDoubleAttribute(xml.Root(), L"staStart", 12.0, 4);
+    EXPECT_EQ(xml.Text(), L"<a staStart=\"12.\"/>");
+    FormatDoubleAttribute(xml.Root(), L"staEnd", UNSET_DOUBLE, 4);
+    EXPECT_EQ(xml.Text(), L"<a staStart=\"12.\"/>");
+}
+
+TEST(NumberText, AMissingAttributeLeavesTheValue)
+{
+    XmlText xml(L"<a x='1.5' y='abc' t='' />");
+    double value = 7.0;
+    EXPECT_FALSE(ReadNumberAttribute(xml.Root(), L"z", value));
+    EXPECT_EQ(value, 7.0);
+    EXPECT_TRUE(ReadNumberAttribute(xml.Root(), L"x", value));
+    EXPECT_EQ(value, 1.5);
+    EXPECT_TRUE(ReadNumberAttribute(xml.Root(), L"y", value));
+    EXPECT_EQ(value, 0.0);
+    std::wstring text = L"kept";
+    EXPECT_FALSE(ReadTextAttribute(xml.Root(), L"X", text));
+    EXPECT_EQ(text, L"kept");
+    EXPECT_TRUE(ReadTextAttribute(xml.Root(), L"t", text));
+    EXPECT_EQ(text, L"");
+}
+
+TEST(NumberText, AnEmptyTextIsNotWritten)
+{
+    XmlText xml(L"<a name='old'/>");
+    EXPECT_TRUE(WriteTextAttribute(xml.Root(), L"name", L""));
+    EXPECT_TRUE(WriteTextAttribute(xml.Root(), L"desc", L""));
+    EXPECT_EQ(xml.Text(), L"<a name=\"old\"/>");
+    EXPECT_TRUE(WriteTextAttribute(xml.Root(), L"name", L"新"));
+    EXPECT_EQ(xml.Text(), L"<a name=\"新\"/>");
+}
+
+struct PairCase
+{
+    const wchar_t* text;
+    bool split;
+    double first;
+    double second;
+};
+
+class NumberPair : public testing::TestWithParam<PairCase>
+{};
+
+TEST_P(NumberPair, IsTwoPartsWithOneBlank)
+{
+    double first = -1.0;
+    double second = -2.0;
+    EXPECT_EQ(SplitNumberPair(GetParam().text, first, second), GetParam().split);
+    EXPECT_EQ(first, GetParam().first);
+    EXPECT_EQ(second, GetParam().second);
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, NumberPair,
+                         testing::Values(PairCase{L"1.5 -2", true, 1.5, -2.0}, PairCase{L"1.5  2", true, 1.5, 2.0},
+                                         PairCase{L"1\t \n2 ", true, 1.0, 2.0}, PairCase{L"abc 2", true, 0.0, 2.0},
+                                         PairCase{L"1 ", true, 1.0, 0.0}, PairCase{L" 1", true, 0.0, 1.0},
+                                         PairCase{L"12", false, -1.0, -2.0}, PairCase{L"", false, -1.0, -2.0},
+                                         PairCase{L"1 2 3", false, -1.0, -2.0}, PairCase{L" 1 2", false, -1.0, -2.0},
+                                         PairCase{L"1\x3000"
+                                                  L"2",
+                                                  false, -1.0, -2.0}));
+
+} // namespace
+} // namespace jlandxml

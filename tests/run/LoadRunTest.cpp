@@ -1,0 +1,62 @@
+#include "run/LoadRun.h"
+
+#include "support/RunFixture.h"
+
+namespace jlandxml
+{
+namespace
+{
+
+class LoadRunTest : public RunTest
+{};
+
+TEST_F(LoadRunTest, TakesTheWorkFileIntoTheModelAndKeepsACopy)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"座標系\"/></LandXML>"));
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"座標系");
+    Context().model.coordinateSystem.name = L"changed";
+    EXPECT_EQ(Context().loadedModel.coordinateSystem.name, L"座標系");
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
+TEST_F(LoadRunTest, TheDocumentElementMayHaveAnyName)
+{
+    LoadRun(WorkFile("<Other><CoordinateSystem name=\"c\"/></Other>"));
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"c");
+}
+
+TEST_F(LoadRunTest, AMissingFileGivesAnEmptyModelAndNoMessage)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>"));
+    LoadRun(folder.Name(L"missing.xml"));
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"");
+    EXPECT_EQ(Context().loadedModel.coordinateSystem.name, L"");
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
+TEST_F(LoadRunTest, ABrokenFileGivesAnEmptyModelAndNoMessage)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/>"));
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"");
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
+TEST_F(LoadRunTest, ASecondLoadSeesOnlyItsOwnInput)
+{
+    LoadRun(WorkFile(
+        "<LandXML><Project><Feature><Property label=\"projectPhase\" value=\"予備\"/></Feature></Project></LandXML>"));
+    EXPECT_EQ(Context().model.project.projectPhase, L"予備");
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>"));
+    EXPECT_EQ(Context().model.project.projectPhase, L"");
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"c");
+}
+
+TEST_F(LoadRunTest, TheContextAndTheRouteNameAreOneForTheProcess)
+{
+    EXPECT_EQ(&GetConversionContext(), &GetConversionContext());
+    EXPECT_EQ(&GetCurrentRouteName(), &GetCurrentRouteName());
+    EXPECT_EQ(GetCurrentRouteName(), L"");
+}
+
+} // namespace
+} // namespace jlandxml
