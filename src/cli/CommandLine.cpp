@@ -36,6 +36,8 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     int routes = 0;
 
     CLI::App app("LandXMLの作業フォルダーからJ-LandXMLファイルを出力します。", "jlandxml-convert");
+    // A path may begin with a slash on Windows too.
+    app.allow_windows_style_options(false);
     app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION);
     app.set_help_flag("--help", "この説明を表示します");
     app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required();

@@ -2,7 +2,6 @@
 // window class and nothing else is registered with the system for it, so there is nothing to take back when it goes.
 
 #include "framework/Window.h"
-#include "run/ExecuteQuorvane.h"
 
 #ifdef _WIN32
 #include "framework/win32/Win32WindowSystem.h"
@@ -36,9 +35,6 @@ class NativeWindows
 };
 
 const NativeWindows nativeWindows;
-
-/// Takes the exported function out of the core library.
-[[maybe_unused]] const auto exported = &ExecuteQuorvane;
 
 } // namespace
 
