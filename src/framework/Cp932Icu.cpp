@@ -91,7 +91,7 @@ std::string Cp932FromWide(std::wstring_view text)
     units.reserve(text.size());
     for (const wchar_t character : text)
     {
-        const auto codePoint = static_cast<UChar32>(character);
+        const auto codePoint = static_cast<char32_t>(character);
         if (U_IS_SUPPLEMENTARY(codePoint))
         {
             units += U16_LEAD(codePoint);

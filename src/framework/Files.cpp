@@ -1,7 +1,7 @@
 #include "framework/Files.h"
 
 #include "framework/Exceptions.h"
-#include "framework/Text.h"
+#include "framework/FilesSystem.h"
 
 namespace jlandxml
 {
@@ -11,9 +11,13 @@ namespace
 
 #ifdef _WIN32
 constexpr std::wstring_view SEPARATORS = L"/\\:";
+const std::wstring CURRENT_FOLDER = L".\\";
 #else
 constexpr std::wstring_view SEPARATORS = L"/";
+const std::wstring CURRENT_FOLDER = L"./";
 #endif
+
+constexpr const wchar_t* WORK_FILE_PREFIX = L"tsx";
 
 std::size_t FileNameStart(std::wstring_view path)
 {
@@ -50,6 +54,14 @@ std::wstring_view FolderOf(std::wstring_view path)
     return path.substr(0, FileNameStart(path));
 }
 
+OutputFile::OutputFile(const std::wstring& path) : path_(path), file_(OpenForWriting(path))
+{
+    if (!file_)
+    {
+        throw CFileException(L"ファイルを開けません: " + path);
+    }
+}
+
 void OutputFile::Write(std::string_view bytes)
 {
     if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size())
@@ -65,6 +77,57 @@ void OutputFile::Close()
     {
         throw CFileException(L"ファイルに書き込めません: " + path_);
     }
+}
+
+ReplacementFile::ReplacementFile(const std::wstring& target) : target_(FollowLinks(target))
+{
+    std::optional<std::wstring> work;
+    if (CanBeRenamedOver(target_))
+    {
+        const std::wstring_view folder = FolderOf(target_);
+        work = CreateUniqueFile(folder.empty() ? CURRENT_FOLDER : std::wstring(folder), WORK_FILE_PREFIX);
+        beside_ = work.has_value();
+    }
+    if (!work)
+    {
+        const std::optional<std::wstring> temporary = TemporaryFolder();
+        work = temporary ? CreateUniqueFile(*temporary, WORK_FILE_PREFIX) : std::nullopt;
+    }
+    if (!work)
+    {
+        throw CFileException(L"作業用ファイルを作成できません: " + target);
+    }
+    work_ = *std::move(work);
+    file_.emplace(work_);
+}
+
+ReplacementFile::~ReplacementFile()
+{
+    file_.reset();
+    if (!work_.empty())
+    {
+        RemoveFile(work_);
+    }
+}
+
+void ReplacementFile::Write(std::string_view bytes)
+{
+    file_->Write(bytes);
+}
+
+bool ReplacementFile::Commit()
+{
+    file_->Close();
+    if (!beside_)
+    {
+        return CopyOver(work_, target_);
+    }
+    if (!RenameOver(work_, target_))
+    {
+        return false;
+    }
+    work_.clear();
+    return true;
 }
 
 } // namespace jlandxml

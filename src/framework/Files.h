@@ -47,23 +47,12 @@ bool IsSameFile(const std::wstring& first, const std::wstring& second);
 /// Removes a file. False if it could not be removed.
 bool RemoveFile(const std::wstring& path);
 
-/// Puts a copy of `source` in the place of `target`. The file that stood there is whole at any moment, the old one or
-/// the new one: the copy is made beside it and renamed. Where the folder takes no new file it is copied over. False if
-/// the target could not be replaced.
-bool ReplaceWithCopy(const std::wstring& source, const std::wstring& target);
-
-/// A file that is written from its start, private to the user. Every operation throws CFileException if the system
-/// refuses it.
+/// A file that this process has made with CreateUniqueFile, written from its start. Every operation throws
+/// CFileException if the system refuses it.
 class OutputFile
 {
   public:
-    enum class Kind
-    {
-        Existing, ///< a file that this process made with CreateUniqueFile
-        New       ///< a file that replaces whatever has the name; a link isn't followed
-    };
-
-    OutputFile(const std::wstring& path, Kind kind);
+    explicit OutputFile(const std::wstring& path);
 
     void Write(std::string_view bytes);
     /// Hands everything to the system. A file that isn't closed so may be short.
@@ -72,6 +61,32 @@ class OutputFile
   private:
     std::wstring path_;
     FileHandle file_;
+};
+
+/// The new content of a target. What stood there is whole at any moment, the old file or the new one: the content is
+/// gathered in a file beside the target, which then takes its name. Where the folder takes no new file, or the target
+/// is a device, it is gathered in the temporary folder and copied over. Uncommitted content leaves nothing behind.
+class ReplacementFile
+{
+  public:
+    /// Throws CFileException if there is no place to gather the content in.
+    explicit ReplacementFile(const std::wstring& target);
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+    ~ReplacementFile();
+
+    /// Throws CFileException if the system refuses it.
+    void Write(std::string_view bytes);
+
+    /// Puts the content in the target's place. False if the target could not be replaced; then it is as it was.
+    /// Throws CFileException if the content isn't complete.
+    bool Commit();
+
+  private:
+    std::wstring target_;
+    std::wstring work_;
+    std::optional<OutputFile> file_;
+    bool beside_ = false;
 };
 
 } // namespace jlandxml

@@ -1,10 +1,8 @@
 #ifndef _WIN32
 
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
+#include "framework/FilesSystem.h"
 #include "framework/Text.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -18,7 +16,7 @@ namespace
 {
 
 constexpr std::size_t TEMPORARY_FOLDER_LIMIT = 260;
-constexpr mode_t PRIVATE_MODE = 0600;
+constexpr mode_t PERMISSION_BITS = 07777;
 constexpr mode_t NEW_FILE_MODE = 0666;
 constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
 
@@ -85,30 +83,11 @@ bool CopyContent(int source, int target)
     }
 }
 
-/// The file that a chain of links leads to, so that a link at the target stays a link.
-std::string FollowLinks(const std::string& path)
-{
-    char* const resolved = ::realpath(path.c_str(), nullptr);
-    if (resolved == nullptr)
-    {
-        return path;
-    }
-    std::string result(resolved);
-    std::free(resolved);
-    return result;
-}
-
 mode_t ModeOfNewFile()
 {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return NEW_FILE_MODE & ~mask;
-}
-
-bool CopyOver(int source, const std::string& target)
-{
-    Descriptor out(::open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, NEW_FILE_MODE));
-    return out && ::lseek(source, 0, SEEK_SET) == 0 && CopyContent(source, out.Get()) && out.Close();
 }
 
 } // namespace
@@ -177,57 +156,47 @@ bool RemoveFile(const std::wstring& path)
     return ::unlink(Utf8FromWide(path).c_str()) == 0;
 }
 
-bool ReplaceWithCopy(const std::wstring& source, const std::wstring& target)
+FileHandle OpenForWriting(const std::wstring& path)
 {
-    const Descriptor in(::open(Utf8FromWide(source).c_str(), O_RDONLY | O_CLOEXEC));
-    if (!in)
-    {
-        return false;
-    }
-    const std::string path = FollowLinks(Utf8FromWide(target));
-    struct stat standing
-    {};
-    const bool exists = ::stat(path.c_str(), &standing) == 0;
-    // Renaming asks for no permission on the file itself, but a file that the user may not write is not his to replace;
-    // and what is no plain file (a device, a pipe) can only be written to.
-    if (exists && (!S_ISREG(standing.st_mode) || ::access(path.c_str(), W_OK) != 0))
-    {
-        return S_ISREG(standing.st_mode) || S_ISDIR(standing.st_mode) ? false : CopyOver(in.Get(), path);
-    }
-
-    std::string beside = path + ".XXXXXX";
-    Descriptor out(::mkostemp(beside.data(), O_CLOEXEC));
-    if (!out)
-    {
-        return CopyOver(in.Get(), path);
-    }
-    const mode_t mode = exists ? standing.st_mode & 07777 : ModeOfNewFile();
-    if (CopyContent(in.Get(), out.Get()) && ::fchmod(out.Get(), mode) == 0 && ::fsync(out.Get()) == 0 && out.Close() &&
-        ::rename(beside.c_str(), path.c_str()) == 0)
-    {
-        return true;
-    }
-    ::unlink(beside.c_str());
-    return false;
+    const int file = ::open(Utf8FromWide(path).c_str(), O_WRONLY | O_TRUNC | O_NOFOLLOW | O_CLOEXEC);
+    return FileHandle(file >= 0 ? ::fdopen(file, "wb") : nullptr);
 }
 
-OutputFile::OutputFile(const std::wstring& path, Kind kind) : path_(path)
+std::wstring FollowLinks(const std::wstring& path)
 {
-    const std::string name = Utf8FromWide(path);
-    if (kind == Kind::New)
+    char* const resolved = ::realpath(Utf8FromWide(path).c_str(), nullptr);
+    if (resolved == nullptr)
     {
-        ::unlink(name.c_str());
+        return path;
     }
-    const int flags = kind == Kind::New ? O_CREAT | O_EXCL : O_TRUNC;
-    const int file = ::open(name.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC | flags, PRIVATE_MODE);
-    if (file >= 0)
-    {
-        file_.reset(::fdopen(file, "wb"));
-    }
-    if (!file_)
-    {
-        throw CFileException(L"ファイルを開けません: " + path);
-    }
+    std::wstring result = WideFromUtf8(resolved);
+    std::free(resolved);
+    return result;
+}
+
+bool CanBeRenamedOver(const std::wstring& target)
+{
+    const std::string path = Utf8FromWide(target);
+    struct stat status
+    {};
+    return ::stat(path.c_str(), &status) != 0 || (S_ISREG(status.st_mode) && ::access(path.c_str(), W_OK) == 0);
+}
+
+bool RenameOver(const std::wstring& work, const std::wstring& target)
+{
+    const std::string from = Utf8FromWide(work);
+    const std::string to = Utf8FromWide(target);
+    struct stat standing
+    {};
+    const mode_t mode = ::stat(to.c_str(), &standing) == 0 ? standing.st_mode & PERMISSION_BITS : ModeOfNewFile();
+    return ::chmod(from.c_str(), mode) == 0 && ::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool CopyOver(const std::wstring& work, const std::wstring& target)
+{
+    const Descriptor source(::open(Utf8FromWide(work).c_str(), O_RDONLY | O_CLOEXEC));
+    Descriptor out(::open(Utf8FromWide(target).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, NEW_FILE_MODE));
+    return source && out && CopyContent(source.Get(), out.Get()) && out.Close();
 }
 
 } // namespace jlandxml

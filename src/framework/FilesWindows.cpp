@@ -1,13 +1,11 @@
 #ifdef _WIN32
 
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
+#include "framework/FilesSystem.h"
 
 #include <array>
 
 #include <windows.h>
 
-#include <fcntl.h>
 #include <io.h>
 
 namespace jlandxml
@@ -87,48 +85,31 @@ bool RemoveFile(const std::wstring& path)
     return DeleteFileW(path.c_str()) != 0;
 }
 
-bool ReplaceWithCopy(const std::wstring& source, const std::wstring& target)
+FileHandle OpenForWriting(const std::wstring& path)
 {
-    const std::wstring folder = FolderOf(target).empty() ? std::wstring(L".\\") : std::wstring(FolderOf(target));
-    const std::optional<std::wstring> beside = CreateUniqueFile(folder, L"tsx");
-    if (!beside)
-    {
-        return PathExists(folder) && CopyFileW(source.c_str(), target.c_str(), FALSE) != 0;
-    }
-    if (CopyFileW(source.c_str(), beside->c_str(), FALSE) != 0 &&
-        MoveFileExW(beside->c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
-    {
-        return true;
-    }
-    RemoveFile(*beside);
-    return false;
+    return FileHandle(_wfopen(path.c_str(), L"wbN"));
 }
 
-OutputFile::OutputFile(const std::wstring& path, Kind kind) : path_(path)
+std::wstring FollowLinks(const std::wstring& path)
 {
-    if (kind == Kind::New)
-    {
-        RemoveFile(path);
-    }
-    const HANDLE handle =
-        CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                    kind == Kind::New ? CREATE_NEW : TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle != INVALID_HANDLE_VALUE)
-    {
-        const int file = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_WRONLY | _O_BINARY);
-        if (file >= 0)
-        {
-            file_.reset(_fdopen(file, "wb"));
-        }
-        else
-        {
-            CloseHandle(handle);
-        }
-    }
-    if (!file_)
-    {
-        throw CFileException(L"ファイルを開けません: " + path);
-    }
+    return path;
+}
+
+bool CanBeRenamedOver(const std::wstring& target)
+{
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    return attributes == INVALID_FILE_ATTRIBUTES ||
+           (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0;
+}
+
+bool RenameOver(const std::wstring& work, const std::wstring& target)
+{
+    return MoveFileExW(work.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+bool CopyOver(const std::wstring& work, const std::wstring& target)
+{
+    return CopyFileW(work.c_str(), target.c_str(), FALSE) != 0;
 }
 
 } // namespace jlandxml

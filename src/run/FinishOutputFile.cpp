@@ -17,8 +17,6 @@ namespace
 constexpr const wchar_t* WORK_FILE_PREFIX = L"tsx";
 constexpr const wchar_t* NO_WORK_FILE = L"作業用ファイルへのアクセスに失敗しました。";
 constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20;
-/// The longest file name that takes part in the name of the second work file.
-constexpr std::size_t FILE_NAME_LIMIT = 256;
 
 /// A file in the temporary folder that goes with its scope, unless it is to stay behind.
 class WorkFile
@@ -48,39 +46,15 @@ std::optional<std::wstring> CreateWorkFile()
     return folder ? CreateUniqueFile(*folder, WORK_FILE_PREFIX) : std::nullopt;
 }
 
-/// The second work file bears the target's name in the first one's folder, unless that name is taken there: by the
-/// target itself or by the first work file.
-std::wstring SecondWorkFileName(const std::wstring& first, const std::wstring& target)
+bool Rewrite(const std::wstring& work, const std::wstring& target)
 {
-    const std::wstring name(FileNameOf(target));
-    if (name.empty() || name.size() > FILE_NAME_LIMIT)
-    {
-        throw CFileException(L"ファイル名が正しくありません: " + target);
-    }
-    const std::wstring folder(FolderOf(first));
-    const std::wstring second = folder + name;
-    const std::wstring targetFolder(FolderOf(target));
-    if (second != first && !IsSameFile(targetFolder.empty() ? L"." : targetFolder, folder))
-    {
-        return second;
-    }
-    std::optional<std::wstring> unique = CreateUniqueFile(folder, WORK_FILE_PREFIX);
-    if (!unique)
-    {
-        throw CFileException(L"ファイルを開けません: " + second);
-    }
-    return *std::move(unique);
-}
-
-void Rewrite(const std::wstring& from, const std::wstring& to)
-{
-    const FileHandle source = OpenForReading(from);
+    const FileHandle source = OpenForReading(work);
     if (!source)
     {
-        throw CFileException(L"ファイルを開けません: " + from);
+        throw CFileException(L"ファイルを開けません: " + work);
     }
-    OutputFile target(to, OutputFile::Kind::New);
-    FinishedText finished([&](std::string_view bytes) { target.Write(bytes); });
+    ReplacementFile replacement(target);
+    FinishedText finished([&](std::string_view bytes) { replacement.Write(bytes); });
     std::string block(BLOCK_SIZE, '\0');
     while (const std::size_t size = std::fread(block.data(), 1, block.size(), source.get()))
     {
@@ -88,10 +62,10 @@ void Rewrite(const std::wstring& from, const std::wstring& to)
     }
     if (std::ferror(source.get()) != 0)
     {
-        throw CFileException(L"ファイルを読み込めません: " + from);
+        throw CFileException(L"ファイルを読み込めません: " + work);
     }
     finished.End();
-    target.Close();
+    return replacement.Commit();
 }
 
 } // namespace
@@ -104,16 +78,14 @@ bool FinishOutputFile(const std::wstring& targetPath, ConversionContext& context
         GetWindowSystem().ShowMessage(NO_WORK_FILE, MessageIcon::Exclamation);
         return false;
     }
-    WorkFile first(*std::move(created));
+    WorkFile work(*std::move(created));
     WcXmAppDocument* const document = context.document.appDocument.get();
-    if (document == nullptr || !document->EnsureDeclaration() || !document->SaveDocument(first.Path()))
+    if (document == nullptr || !document->EnsureDeclaration() || !document->SaveDocument(work.Path()))
     {
-        first.Keep();
+        work.Keep();
         return false;
     }
-    const WorkFile second(SecondWorkFileName(first.Path(), targetPath));
-    Rewrite(first.Path(), second.Path());
-    return ReplaceWithCopy(second.Path(), targetPath);
+    return Rewrite(work.Path(), targetPath);
 }
 
 } // namespace jlandxml

@@ -200,7 +200,7 @@ std::wstring_view DeclaredEncoding(const pugi::xml_document& document)
 
 bool SaveUtf8(const pugi::xml_document& document, const std::wstring& path)
 {
-    OutputFile file(path, OutputFile::Kind::Existing);
+    OutputFile file(path);
     Utf8Writer writer(file);
     document.save(writer, INDENT, FORMAT_FLAGS, pugi::encoding_wchar);
     writer.Flush();
@@ -212,7 +212,7 @@ bool SaveShiftJis(const pugi::xml_document& document, const std::wstring& path)
 {
     WideWriter writer;
     document.save(writer, INDENT, FORMAT_FLAGS, pugi::encoding_wchar);
-    OutputFile file(path, OutputFile::Kind::Existing);
+    OutputFile file(path);
     file.Write(Cp932FromWide(writer.text));
     file.Close();
     return true;

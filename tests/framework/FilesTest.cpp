@@ -69,46 +69,71 @@ TEST(Files, SameFilesAreKnownByTheirIdentity)
     EXPECT_FALSE(IsSameFile(file, folder.Name(L"missing")));
 }
 
-TEST(Files, ACopyTakesThePlaceOfTheTargetAndLeavesNothingBeside)
+/// Replaces a target by some content.
+bool Replace(const std::wstring& target, const std::string& content)
 {
-    const TestFolder folder;
-    const std::wstring source = folder.Write(L"source", std::string(3000000, 'n'));
-    folder.Write(L"target", "old");
-    EXPECT_TRUE(ReplaceWithCopy(source, folder.Name(L"target")));
-    EXPECT_TRUE(ReplaceWithCopy(source, folder.Name(L"new")));
-    EXPECT_EQ(folder.Read(L"target"), std::string(3000000, 'n'));
-    EXPECT_EQ(folder.Read(L"new"), std::string(3000000, 'n'));
-    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"new", L"source", L"target"}));
+    ReplacementFile file(target);
+    file.Write(content);
+    return file.Commit();
 }
 
-TEST(Files, ACopyIntoAMissingFolderFails)
+TEST(Files, NewContentTakesThePlaceOfTheTargetAndLeavesNothingBeside)
 {
     const TestFolder folder;
-    EXPECT_FALSE(ReplaceWithCopy(folder.Write(L"source", "x"), folder.Name(L"missing") + L"/target"));
-    EXPECT_FALSE(ReplaceWithCopy(folder.Name(L"gone"), folder.Name(L"target")));
-    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"source"});
+    folder.Write(L"target", "old");
+    EXPECT_TRUE(Replace(folder.Name(L"target"), std::string(3000000, 'n')));
+    EXPECT_TRUE(Replace(folder.Name(L"新規"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), std::string(3000000, 'n'));
+    EXPECT_EQ(folder.Read(L"新規"), "new");
+    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"target", L"新規"}));
+}
+
+TEST(Files, UncommittedContentLeavesTheTargetAndNothingElse)
+{
+    const TestFolder folder;
+    const std::wstring target = folder.Write(L"target", "old");
+    {
+        ReplacementFile file(target);
+        file.Write("half of the ");
+    }
+    EXPECT_EQ(folder.Read(L"target"), "old");
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, AMissingFolderTakesNoTarget)
+{
+    const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
+    EXPECT_FALSE(Replace(folder.Name(L"missing") + L"/target", "new"));
+    EXPECT_FALSE(Replace(folder.Name() + L"/", "new"));
+    EXPECT_TRUE(folder.Files().empty());
+    EXPECT_TRUE(temporary.Files().empty());
 }
 
 TEST(Files, AFolderInThePlaceOfTheTargetStays)
 {
     const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
     std::filesystem::create_directory(folder.Path() / "target");
-    EXPECT_FALSE(ReplaceWithCopy(folder.Write(L"source", "x"), folder.Name(L"target")));
-    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"source", L"target"}));
+    EXPECT_FALSE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+    EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "target"));
+    EXPECT_TRUE(temporary.Files().empty());
 }
 
 TEST(Files, AnOutputFileThatCanNotBeOpenedThrows)
 {
     const TestFolder folder;
-    EXPECT_THROW(OutputFile(folder.Name(L"missing") + L"/a", OutputFile::Kind::New), CFileException);
-    EXPECT_THROW(OutputFile(folder.Name(L"missing"), OutputFile::Kind::Existing), CFileException);
+    EXPECT_THROW(OutputFile(folder.Name(L"missing") + L"/a"), CFileException);
+    EXPECT_THROW(OutputFile(folder.Name()), CFileException);
 }
 
-TEST(Files, AnOutputFileReplacesWhatHasItsName)
+TEST(Files, AnOutputFileStartsAfresh)
 {
     const TestFolder folder;
-    folder.Write(L"a", "a long former content");
-    OutputFile file(folder.Name(L"a"), OutputFile::Kind::New);
+    OutputFile file(folder.Write(L"a", "a long former content"));
     file.Write("new");
     file.Write("\r\n");
     file.Close();
@@ -130,32 +155,32 @@ TEST(Files, WorkFilesArePrivateToTheUser)
     const TestFolder folder;
     const auto unique = CreateUniqueFile(folder.Name() + L"/", L"tsx");
     EXPECT_EQ(ModeOf(*unique), 0600U);
-    OutputFile(folder.Name(L"a"), OutputFile::Kind::New).Close();
-    EXPECT_EQ(ModeOf(folder.Path() / "a"), 0600U);
+}
+
+TEST(Files, ContentIsPrivateUntilItIsComplete)
+{
+    const TestFolder folder;
+    const ReplacementFile file(folder.Name(L"target"));
+    ASSERT_EQ(folder.Files().size(), 1U);
+    EXPECT_EQ(ModeOf(folder.Path() / NativePath(folder.Files().front())), 0600U);
 }
 
 TEST(Files, APlantedLinkIsNotFollowed)
 {
     const TestFolder folder;
     folder.Write(L"victim", "precious");
-    std::filesystem::create_symlink(folder.Path() / "victim", folder.Path() / "a");
-    OutputFile file(folder.Name(L"a"), OutputFile::Kind::New);
-    file.Write("new");
-    file.Close();
-    EXPECT_EQ(folder.Read(L"victim"), "precious");
-    std::filesystem::create_symlink(folder.Path() / "victim", folder.Path() / "b");
-    EXPECT_THROW(OutputFile(folder.Name(L"b"), OutputFile::Kind::Existing), CFileException);
+    std::filesystem::create_symlink(folder.Path() / "victim", folder.Path() / "link");
+    EXPECT_THROW(OutputFile(folder.Name(L"link")), CFileException);
     EXPECT_EQ(folder.Read(L"victim"), "precious");
 }
 
 TEST(Files, AReplacedFileKeepsItsModeAndItsLink)
 {
     const TestFolder folder;
-    const std::wstring source = folder.Write(L"source", "new");
     folder.Write(L"target", "old");
     ::chmod((folder.Path() / "target").c_str(), 0640);
     std::filesystem::create_symlink("target", folder.Path() / "link");
-    EXPECT_TRUE(ReplaceWithCopy(source, folder.Name(L"link")));
+    EXPECT_TRUE(Replace(folder.Name(L"link"), "new"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "link"));
     EXPECT_EQ(folder.Read(L"target"), "new");
     EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
@@ -165,21 +190,21 @@ TEST(Files, ANewFileHasTheModeThatTheUsersMaskLeaves)
 {
     const TestFolder folder;
     const mode_t former = ::umask(027);
-    EXPECT_TRUE(ReplaceWithCopy(folder.Write(L"source", "new"), folder.Name(L"target")));
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
     ::umask(former);
     EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
 }
 
 TEST(Files, WhatIsNoPlainFileIsWrittenTo)
 {
-    const TestFolder folder;
-    EXPECT_TRUE(ReplaceWithCopy(folder.Write(L"source", "new"), L"/dev/null"));
+    EXPECT_TRUE(Replace(L"/dev/null", "new"));
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+    EXPECT_FALSE(Replace(L"/dev/full", "new"));
 }
 
 TEST(Files, AFullDeviceIsAFailure)
 {
-    OutputFile file(L"/dev/full", OutputFile::Kind::Existing);
+    OutputFile file(L"/dev/full");
     EXPECT_THROW(
         {
             file.Write(std::string(100000, 'x'));

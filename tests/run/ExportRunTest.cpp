@@ -3,6 +3,11 @@
 #include "run/LoadRun.h"
 #include "support/RunFixture.h"
 
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 namespace jlandxml
 {
 namespace
@@ -67,22 +72,67 @@ TEST_F(ExportRunTest, AnEmptyModelStillGivesAFile)
               MARK + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CoordinateSystem name=\"CRS1\" />\r\n");
 }
 
-TEST_F(ExportRunTest, AFailureOfAWorkFileIsReportedWithTheRunsWords)
+#ifndef _WIN32
+
+/// Lets no file of the process grow beyond a size, as a full disk does.
+class FileSizeLimit
 {
-    LoadRun(WorkFile("<LandXML/>"));
+  public:
+    explicit FileSizeLimit(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit limit{size, former_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+  private:
+    rlimit former_{};
+    void (*handler_)(int);
+};
+
+TEST_F(ExportRunTest, AFullDiskIsReportedWithTheRunsWordsAndTheTargetStays)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>"));
+    folder.Write(L"out.xml", "old");
+    const std::string saved =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<LandXML>\n\t<CoordinateSystem name=\"c\" />\n</LandXML>\n";
     try
     {
-        ExportRun(folder.Name() + L"/");
+        // The tree can be saved, and the finished file is longer by its mark and its line ends.
+        const FileSizeLimit limit(saved.size());
+        ExportRun(folder.Name(L"out.xml"));
         FAIL();
     }
     catch (const JLandXMLExportException& exception)
     {
-        EXPECT_EQ(ErrorText(exception),
-                  L"File operation failed: %s, ファイル名が正しくありません: " + folder.Name() + L"/");
+        const std::wstring text = ErrorText(exception);
+        EXPECT_EQ(text.substr(0, text.find(L"tsx")),
+                  L"File operation failed: %s, ファイルに書き込めません: " + folder.Name() + L"/");
     }
+    EXPECT_EQ(folder.Read(L"out.xml"), "old");
+    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"Landxml_temp.xml", L"out.xml"}));
     EXPECT_TRUE(temporaryFolder.Files().empty());
     EXPECT_FALSE(Context().fileWritten);
 }
+
+TEST_F(ExportRunTest, ATreeThatCanNotBeSavedEndsInSilenceAndTheWorkFileStays)
+{
+    LoadRun(WorkFile("<LandXML/>"));
+    const FileSizeLimit limit(10);
+    ExportRun(folder.Name(L"out.xml"));
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"Landxml_temp.xml"});
+    EXPECT_EQ(temporaryFolder.Files().size(), 1U);
+    EXPECT_FALSE(Context().fileWritten);
+}
+
+#endif
 
 } // namespace
 } // namespace jlandxml

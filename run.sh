@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Sets the machine up, builds the release and converts a work folder.
+#
+#   ./run.sh                      converts examples/road
+#   ./run.sh FOLDER [OPTIONS]     converts another folder; the options go to jlandxml-convert
+set -euo pipefail
+start=$PWD
+cd "$(dirname "$0")"
+
+tools/setup.sh --build
+[ -f build/release/build.ninja ] || cmake --preset release >/dev/null
+cmake --build build/release --target all -- --quiet
+program=$PWD/build/release/src/jlandxml-convert
+
+if [ $# -gt 0 ]; then
+    cd "$start"
+    exec "$program" "$@"
+fi
+
+out=build/road.xml
+"$program" examples/road -s examples/road/settings.json -o "$out"
+echo
+echo "The finished file:  $out  ($(stat -c %s "$out") bytes)"
+echo "To try next:"
+echo "  ./run.sh examples/road -s examples/road/settings.json --print-settings"
+echo "  ./run.sh FOLDER -s SETTINGS.json -o OUT.xml"
+echo "  ./run.sh --help"
