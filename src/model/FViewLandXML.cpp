@@ -32,12 +32,17 @@ void FViewLandXML::Clear()
 {
     project.Clear();
     coordinateSystem.Clear();
+    alignments.clear();
 }
 
 void FViewLandXML::SetOutputVersion(std::int32_t newVersion)
 {
     version = newVersion;
     project.SetOutputVersion(newVersion);
+    for (FViewAlignments& route : alignments)
+    {
+        route.SetOutputVersion(newVersion);
+    }
 }
 
 bool FViewLandXML::ReadElement(const WcXmNode& node)
@@ -47,7 +52,29 @@ bool FViewLandXML::ReadElement(const WcXmNode& node)
     VisitFirstChild(node, coordinateSystem.GetElementName(),
                     [this](const WcXmNode& child) { coordinateSystem.ReadElement(child); });
     RemovePointGroups(node);
+    ReadChildren<FViewAlignments>(node, alignments);
+    TakeProjectDataOfFirstAlignment();
     return true;
+}
+
+/// What the host notes on the first alignment is newer than what stands in `Project` and `CoordinateSystem`.
+void FViewLandXML::TakeProjectDataOfFirstAlignment()
+{
+    if (alignments.empty() || alignments.front().alignments.empty())
+    {
+        return;
+    }
+    const auto take = [](const std::wstring& from, std::wstring& to) {
+        if (!from.empty())
+        {
+            to = from;
+        }
+    };
+    const FViewAlignment& first = alignments.front().alignments.front();
+    take(first.projectName, project.name);
+    take(first.projectPhase, project.projectPhase);
+    take(first.applicationCriterion, project.applicationCriterion);
+    take(first.verticalOrigin, coordinateSystem.verticalDatum);
 }
 
 bool FViewLandXML::WriteElement(const WcXmNode& node)
@@ -57,7 +84,7 @@ bool FViewLandXML::WriteElement(const WcXmNode& node)
         return false;
     }
     WritePressureUnit(node);
-    return WriteCoordinateSystem(node);
+    return WriteChildren(node, alignments) && WriteCoordinateSystem(node);
 }
 
 bool FViewLandXML::WriteProject(const WcXmNode& node)

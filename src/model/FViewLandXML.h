@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FViewAlignments.h"
 #include "model/FViewCoordinateSystem.h"
 #include "model/FViewProject.h"
 
@@ -25,8 +26,10 @@ class FViewLandXML final : public FViewLandXMLBase
 
     FViewProject project;
     FViewCoordinateSystem coordinateSystem;
+    FViewAlignmentsList alignments;
 
   private:
+    void TakeProjectDataOfFirstAlignment();
     bool WriteProject(const WcXmNode& node);
     bool WriteCoordinateSystem(const WcXmNode& node);
 };

@@ -9,6 +9,19 @@
 namespace jlandxml
 {
 
+namespace
+{
+
+void ClosePoint(std::wstring& text)
+{
+    if (text.find(L'.') == std::wstring::npos)
+    {
+        text += L'.';
+    }
+}
+
+} // namespace
+
 bool IsNumericText(std::wstring_view text)
 {
     if (!text.empty() && (text.front() == L'-' || text.front() == L'+'))
@@ -52,6 +65,13 @@ std::wstring FixedText(double value, int digits)
     return FormatFixed(WithoutNegativeZero(value, digits), digits);
 }
 
+std::wstring ClosedFixedText(double value, int digits)
+{
+    std::wstring text = FixedText(value, digits);
+    ClosePoint(text);
+    return text;
+}
+
 std::wstring NumberText(double value, int digits)
 {
     std::wstring text;
@@ -60,10 +80,7 @@ std::wstring NumberText(double value, int digits)
         text = FixedText(value, digits);
         TrimNumberText(text);
     }
-    if (text.find(L'.') == std::wstring::npos)
-    {
-        text += L'.';
-    }
+    ClosePoint(text);
     return text;
 }
 

@@ -26,6 +26,9 @@ double WithoutNegativeZero(double value, int digits);
 /// The value with all of its `digits` decimals ("200.00000000").
 std::wstring FixedText(double value, int digits);
 
+/// The same, with a closing point where a number that isn't finite has none.
+std::wstring ClosedFixedText(double value, int digits);
+
 /// The number text of the format: at most `digits` decimals, no zeros at their end, and a closing point on whole
 /// numbers
 /// ("12.", "12.5"). An unset value gives the point alone.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// "道路" or "河川": the type of the `Alignments` being written, which decides how its cross sections are classified.
+std::wstring& GetCurrentDesignType();
+
+/// The two types of a design.
+inline constexpr const wchar_t* ROAD_DESIGN = L"道路";
+inline constexpr const wchar_t* RIVER_DESIGN = L"河川";
+
+} // namespace jlandxml

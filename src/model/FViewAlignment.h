@@ -1,0 +1,76 @@
+#pragma once
+
+#include "model/FViewCoordGeom.h"
+#include "model/FViewFeature.h"
+#include "model/FViewLandXMLBase.h"
+#include "model/FViewProfile.h"
+#include "model/FViewSlopeValue.h"
+#include "model/FViewStaEquation.h"
+#include "model/FViewSuperelevation.h"
+#include "model/FViewWidening.h"
+#include "model/PiCollections.h"
+#include "model/UnsetDouble.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// A number that stays with its object: a copy doesn't carry it.
+struct UncopiedDouble
+{
+    UncopiedDouble() = default;
+    UncopiedDouble(const UncopiedDouble& /*other*/) {}
+    UncopiedDouble& operator=(const UncopiedDouble& /*other*/) { return *this; }
+
+    double value = UNSET_DOUBLE;
+};
+
+/// `Alignment`: one alignment with its geometry, its profile, its cross sections and its design values. The host gives
+/// the design values as key = value in `desc`, or as `Feature` elements, which win.
+class FViewAlignment final : public FViewLandXMLBase
+{
+  public:
+    FViewAlignment();
+
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"Alignment"; }
+
+    /// Never rejects an alignment: writing pairs the list with the elements by position. Always true.
+    bool ReadElement(const WcXmNode& node) override;
+
+    /// Edits the element that was read: the design values become `Feature` elements behind the other children. False if
+    /// a child fails.
+    bool WriteElement(const WcXmNode& node) override;
+
+    /// The design values as the standard asks for them, without those that hold nothing.
+    void BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) const;
+
+    std::wstring name;                  ///< by which side files find the alignment
+    UncopiedDouble staStart;            ///< metres
+    double mainInterval = UNSET_DOUBLE; ///< interval of the main stations, metres
+    double subInterval = UNSET_DOUBLE;  ///< interval of the sub stations, metres
+    double normalCrown = UNSET_DOUBLE;  ///< cross fall on straights, percent
+    std::int32_t singleLaneRoad = 0;    ///< not 0: single-lane road; 0: multi-lane; -1: no value
+    std::int32_t useSlopeList = 0; ///< not 0: the free slope list takes the place of the superelevation; -1: no value
+    std::wstring method;           ///< method of calculation, such as 要素法
+    std::wstring verticalOrigin;   ///< vertical datum, for the coordinate system
+    std::wstring applicationCriterion; ///< version text of the standard, for the project
+    std::wstring projectPhase;         ///< for the project
+    std::wstring projectName;          ///< for the project
+    PiCmCopyList<FViewSuperelevation> superelevations;
+    PiCmCopyList<FViewSlopeValue> slopeList;
+    FViewCoordGeom coordGeom;
+    FViewProfile profile;
+    FViewStaEquationArray staEquations;
+    PiCmCopyList<FViewWidening> widthLeftValue;
+    PiCmCopyList<FViewWidening> widthRightValue;
+
+  private:
+    void ReadDesc(std::wstring_view desc);
+    void ReadDesignFeature(const FViewFeature& feature);
+    bool WriteDesignFeatures(const WcXmNode& node) const;
+    bool WriteSuperelevations(const WcXmNode& node);
+};
+
+} // namespace jlandxml

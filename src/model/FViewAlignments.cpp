@@ -1,0 +1,184 @@
+#include "model/FViewAlignments.h"
+
+#include "model/CurrentDesignType.h"
+#include "model/DescText.h"
+#include "model/NumberText.h"
+
+#include <array>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* DESC = L"desc";
+constexpr const wchar_t* DEFAULT_NAME = L"サイト";
+
+constexpr const wchar_t* DESIGN_GM_TYPE = L"designGmType";
+constexpr const wchar_t* CLASSIFICATION = L"classification";
+constexpr const wchar_t* TRAFFIC_VOLUME = L"trafficVolume";
+constexpr const wchar_t* SIDE = L"side";
+
+/// The `Feature` of a route bears no name.
+constexpr const wchar_t* FEATURE_NAME = L"";
+
+struct DesignChange
+{
+    const wchar_t* from;
+    const wchar_t* to;
+    std::array<const wchar_t*, 2> stale;
+};
+
+/// What means nothing any more when a road becomes a river, or a river a road.
+constexpr std::array<DesignChange, 2> DESIGN_CHANGES = {{
+    {ROAD_DESIGN, RIVER_DESIGN, {CLASSIFICATION, TRAFFIC_VOLUME}},
+    {RIVER_DESIGN, ROAD_DESIGN, {CLASSIFICATION, SIDE}},
+}};
+
+/// Removes the first `Property` of that label.
+void RemoveProperty(const WcXmNode& featureNode, std::wstring_view label)
+{
+    ForEachChild(featureNode, FViewProperty().GetElementName(), [&](const WcXmNode& property) {
+        if (property.FindAttribute(L"label").value_or(std::wstring_view()) != label)
+        {
+            return true;
+        }
+        featureNode.RemoveChild(property.appNode);
+        return false;
+    });
+}
+
+void RemoveRoadInfoProperty(const WcXmNode& node, std::wstring_view label)
+{
+    ForEachFeature(node, FEATURE_NAME, [&](const WcXmNode& feature) { RemoveProperty(feature, label); });
+}
+
+} // namespace
+
+void FViewAlignments::Clear()
+{
+    name.clear();
+    designGmType.clear();
+    roadClassification.clear();
+    riverClassification.clear();
+    trafficVolume.clear();
+    side.clear();
+    alignments.clear();
+}
+
+void FViewAlignments::SetOutputVersion(std::int32_t newVersion)
+{
+    version = newVersion;
+    for (FViewAlignment& alignment : alignments)
+    {
+        alignment.SetOutputVersion(newVersion);
+    }
+}
+
+std::wstring& FViewAlignments::Classification()
+{
+    return designGmType == RIVER_DESIGN ? riverClassification : roadClassification;
+}
+
+bool FViewAlignments::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadTextAttribute(node, NAME, name);
+    ReadRoadInfoFeature(node);
+    ReadChildren<FViewAlignment>(node, alignments);
+    VisitFirstChild(node, FViewAlignment().GetElementName(),
+                    [this](const WcXmNode& first) { FillRoadInfoFromDesc(first); });
+    return true;
+}
+
+void FViewAlignments::ReadRoadInfoFeature(const WcXmNode& node)
+{
+    ForEachFeature(node, FEATURE_NAME, [this](const WcXmNode& child) {
+        FViewFeature feature;
+        feature.ReadElement(child);
+        for (const FViewProperty& property : feature.properties)
+        {
+            if (property.label == DESIGN_GM_TYPE)
+            {
+                designGmType = property.value;
+            }
+            else if (property.label == CLASSIFICATION)
+            {
+                Classification() = property.value;
+            }
+            else if (property.label == TRAFFIC_VOLUME)
+            {
+                trafficVolume = property.value;
+            }
+            else if (property.label == SIDE)
+            {
+                side = property.value;
+            }
+        }
+    });
+}
+
+void FViewAlignments::FillRoadInfoFromDesc(const WcXmNode& firstAlignmentNode)
+{
+    DescMap map;
+    ParseDescText(firstAlignmentNode.FindAttribute(DESC).value_or(std::wstring_view()), map);
+    const auto fill = [&](const wchar_t* key, std::wstring& field) {
+        const auto entry = map.find(key);
+        if (entry != map.end() && field.empty())
+        {
+            field = entry->second;
+        }
+    };
+    fill(desc_key::DESIGN_TYPE, designGmType);
+    fill(desc_key::CLASSIFICATION, Classification());
+    fill(desc_key::TRAFFIC_VOLUME, trafficVolume);
+    fill(desc_key::SIDE, side);
+}
+
+bool FViewAlignments::WriteElement(const WcXmNode& node)
+{
+    GetCurrentDesignType() = designGmType;
+    node.SetAttribute(NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
+    RemoveStaleRoadInfo(node);
+    FViewFeature feature(FEATURE_NAME);
+    BuildRoadInfoFeature(feature);
+    return feature.WriteElement(node) && WriteChildren(node, alignments);
+}
+
+void FViewAlignments::RemoveStaleRoadInfo(const WcXmNode& node) const
+{
+    FViewAlignments written;
+    written.ReadRoadInfoFeature(node);
+    for (const DesignChange& change : DESIGN_CHANGES)
+    {
+        if (written.designGmType == change.from && designGmType == change.to)
+        {
+            for (const wchar_t* const label : change.stale)
+            {
+                RemoveRoadInfoProperty(node, label);
+            }
+        }
+    }
+}
+
+void FViewAlignments::BuildRoadInfoFeature(FViewFeature& feature) const
+{
+    const auto add = [&](const wchar_t* label, const std::wstring& value) {
+        if (!value.empty())
+        {
+            feature.properties.emplace_back(label, value);
+        }
+    };
+    const bool river = designGmType == RIVER_DESIGN;
+    add(DESIGN_GM_TYPE, designGmType);
+    add(CLASSIFICATION, river ? riverClassification : roadClassification);
+    add(TRAFFIC_VOLUME, trafficVolume);
+    if (river)
+    {
+        add(SIDE, side);
+    }
+}
+
+} // namespace jlandxml

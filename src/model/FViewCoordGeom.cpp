@@ -1,0 +1,396 @@
+#include "model/FViewCoordGeom.h"
+
+#include "framework/Text.h"
+#include "model/FViewFeature.h"
+#include "model/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* START = L"Start";
+constexpr const wchar_t* END = L"End";
+constexpr const wchar_t* PI = L"PI";
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* RADIUS = L"radius";
+constexpr const wchar_t* RADIUS_START = L"radiusStart";
+constexpr const wchar_t* RADIUS_END = L"radiusEnd";
+constexpr const wchar_t* LENGTH = L"length";
+constexpr const wchar_t* FEATURE = L"Feature";
+constexpr const wchar_t* CLOTHOID_PARAMETER = L"A";
+
+constexpr const wchar_t* BEGIN_OF_PROJECT = L"BP";
+constexpr const wchar_t* END_OF_PROJECT = L"EP";
+constexpr const wchar_t* SPIRAL_PI = L"IP";
+
+constexpr int RADIUS_DIGITS = 8;
+constexpr int PARAMETER_DIGITS = 6;
+
+struct ElementType
+{
+    std::wstring_view name;
+    wchar_t letter;
+};
+
+/// By the value of `type`: L, C, S for Line, Curve, Spiral.
+constexpr std::array<ElementType, 3> ELEMENT_TYPES = {{{L"Line", L'L'}, {L"Curve", L'C'}, {L"Spiral", L'S'}}};
+constexpr wchar_t OTHER_LETTER = L'-';
+
+struct CurvePattern
+{
+    std::wstring_view letters;
+    std::int32_t kind;
+};
+
+/// Tried in this order on what follows a line; the first pattern that fits wins.
+constexpr std::array<CurvePattern, 6> AFTER_A_LINE = {{
+    {L"SCSCS", 5},
+    {L"SS", 4},
+    {L"SCS", 2},
+    {L"SC", 3},
+    {L"CC", 6},
+    {L"C", 1},
+}};
+
+/// A group that begins without a line in front of it.
+constexpr std::span<const CurvePattern> AT_A_SPIRAL(AFTER_A_LINE.data(), 4);
+constexpr std::span<const CurvePattern> AT_A_CURVE(AFTER_A_LINE.data() + 4, 2);
+
+constexpr std::int32_t BEND = 0;
+constexpr std::int32_t NOT_RECOGNISED = -1;
+constexpr std::size_t MOST_POINTS = 6;
+
+/// The names of a group's points by its kind: the start of the first element, the points that two elements share, the
+/// end of the last.
+constexpr std::array<std::array<const wchar_t*, MOST_POINTS>, 7> POINT_NAMES = {{
+    {nullptr, L"IP.%d"},
+    {L"BC.%d", L"EC.%d"},
+    {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2", L"KA.%d-2"},
+    {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2"},
+    {L"KA.%d-1", L"KEA.%d", L"KA.%d-2"},
+    {L"KA.%d-1", L"KE.%d-1", L"KAE.%d-1", L"KEE.%d-1", L"KE.%d-2", L"KA.%d-2"},
+    {L"BC.%d", L"PCC.%d", L"EC.%d"},
+}};
+
+wchar_t LetterOf(const FViewCoordGeomElement& element)
+{
+    return element.type == FViewCoordGeomElement::OTHER ? OTHER_LETTER
+                                                        : ELEMENT_TYPES[static_cast<std::size_t>(element.type)].letter;
+}
+
+bool Fits(std::span<const FViewCoordGeomElement> elements, std::wstring_view letters)
+{
+    return elements.size() >= letters.size() &&
+           std::equal(letters.begin(), letters.end(), elements.begin(),
+                      [](wchar_t letter, const FViewCoordGeomElement& element) { return letter == LetterOf(element); });
+}
+
+const CurvePattern* FindPattern(std::span<const FViewCoordGeomElement> elements, std::span<const CurvePattern> patterns)
+{
+    const auto hit = std::find_if(patterns.begin(), patterns.end(),
+                                  [&](const CurvePattern& pattern) { return Fits(elements, pattern.letters); });
+    return hit == patterns.end() ? nullptr : &*hit;
+}
+
+std::int32_t TypeOf(std::wstring_view name)
+{
+    const auto* const hit = std::find_if(ELEMENT_TYPES.begin(), ELEMENT_TYPES.end(),
+                                         [&](const ElementType& type) { return type.name == name; });
+    return hit == ELEMENT_TYPES.end() ? FViewCoordGeomElement::OTHER
+                                      : static_cast<std::int32_t>(hit - ELEMENT_TYPES.begin());
+}
+
+void FormatRadius(const WcXmNode& node, const wchar_t* name)
+{
+    const auto text = node.FindAttribute(name);
+    if (text && IsNumericText(*text))
+    {
+        node.SetAttribute(name, ClosedFixedText(ReadNumber(*text), RADIUS_DIGITS));
+    }
+}
+
+/// The square of the clothoid parameter; nothing where both ends are straight.
+std::optional<double> SquareOfParameter(double length, double radiusStart, double radiusEnd)
+{
+    const bool fromStraight = std::fabs(radiusStart) < GEOMETRY_TOLERANCE;
+    const bool toStraight = std::fabs(radiusEnd) < GEOMETRY_TOLERANCE;
+    if (fromStraight && toStraight)
+    {
+        return std::nullopt;
+    }
+    if (fromStraight)
+    {
+        return length * radiusEnd;
+    }
+    if (toStraight)
+    {
+        return length * radiusStart;
+    }
+    return radiusStart * std::fabs(length * radiusEnd / (radiusStart - radiusEnd));
+}
+
+} // namespace
+
+void FViewCoordGeomElement::Clear()
+{
+    type = OTHER;
+    startName.clear();
+    endName.clear();
+    piName.clear();
+}
+
+void FViewIPElements::Clear()
+{
+    kind = NOT_RECOGNISED;
+    elements.clear();
+}
+
+void FViewIPElements::CollectElements(std::span<FViewCoordGeomElement>& rest)
+{
+    Clear();
+    std::span<FViewCoordGeomElement> group = rest;
+    const CurvePattern* pattern = nullptr;
+    switch (rest.front().type)
+    {
+    case FViewCoordGeomElement::LINE:
+        kind = BEND;
+        pattern = FindPattern(rest.subspan(1), AFTER_A_LINE);
+        group = pattern != nullptr ? rest.subspan(1) : rest;
+        break;
+    case FViewCoordGeomElement::SPIRAL:
+        pattern = FindPattern(rest, AT_A_SPIRAL);
+        break;
+    case FViewCoordGeomElement::CURVE:
+        pattern = FindPattern(rest, AT_A_CURVE);
+        break;
+    default:
+        break;
+    }
+    std::size_t count = 1;
+    if (pattern != nullptr)
+    {
+        kind = pattern->kind;
+        count = pattern->letters.size();
+    }
+    for (FViewCoordGeomElement& element : group.first(count))
+    {
+        elements.push_back(&element);
+    }
+    rest = group.subspan(count);
+}
+
+void FViewIPElements::AssignPointNames(int number) const
+{
+    if (kind == NOT_RECOGNISED)
+    {
+        return;
+    }
+    const auto& names = POINT_NAMES[static_cast<std::size_t>(kind)];
+    for (std::size_t point = 0; point <= elements.size(); ++point)
+    {
+        if (names[point] == nullptr)
+        {
+            continue;
+        }
+        const std::wstring name = ReplaceAll(names[point], L"%d", std::to_wstring(number));
+        if (point > 0)
+        {
+            elements[point - 1]->endName = name;
+        }
+        if (point < elements.size())
+        {
+            elements[point]->startName = name;
+        }
+    }
+}
+
+void FViewCoordGeom::Clear()
+{
+    elements.clear();
+}
+
+bool FViewCoordGeom::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    WcXmNode child = node;
+    for (bool more = child.MoveToFirstChild(); more; more = child.MoveToNextSibling())
+    {
+        FViewCoordGeomElement& element = elements.emplace_back();
+        element.type = TypeOf(child.NodeName());
+        if (element.type != FViewCoordGeomElement::OTHER)
+        {
+            element.startName = ReadPointName(child, START);
+            element.endName = ReadPointName(child, END);
+        }
+        if (element.type == FViewCoordGeomElement::SPIRAL)
+        {
+            element.piName = ReadPointName(child, PI);
+        }
+    }
+    // Names that the designer has given are kept as they are, gaps included.
+    if (!HasName())
+    {
+        NamePoints();
+    }
+    return true;
+}
+
+bool FViewCoordGeom::HasName() const
+{
+    return std::any_of(elements.begin(), elements.end(), [](const FViewCoordGeomElement& element) {
+        return !element.startName.empty() || !element.endName.empty() || !element.piName.empty();
+    });
+}
+
+void FViewCoordGeom::NamePoints()
+{
+    if (elements.empty())
+    {
+        return;
+    }
+    std::span<FViewCoordGeomElement> rest(elements);
+    for (int number = 1; !rest.empty(); ++number)
+    {
+        FViewIPElements group;
+        group.CollectElements(rest);
+        group.AssignPointNames(number);
+    }
+    elements.front().startName = BEGIN_OF_PROJECT;
+    elements.back().endName = END_OF_PROJECT;
+    NameLineEnds();
+    for (std::size_t index = 0; index < elements.size(); ++index)
+    {
+        FViewCoordGeomElement& element = elements[index];
+        const bool curved =
+            element.type == FViewCoordGeomElement::CURVE || element.type == FViewCoordGeomElement::SPIRAL;
+        if (curved && index + 1 < elements.size())
+        {
+            element.endName = elements[index + 1].startName;
+        }
+        if (element.type == FViewCoordGeomElement::SPIRAL)
+        {
+            element.piName = SPIRAL_PI;
+        }
+    }
+}
+
+void FViewCoordGeom::NameLineEnds()
+{
+    std::wstring previous;
+    for (std::size_t index = 0; index < elements.size(); ++index)
+    {
+        FViewCoordGeomElement& element = elements[index];
+        const bool isLine = element.type == FViewCoordGeomElement::LINE;
+        if (isLine && element.startName.empty())
+        {
+            element.startName = previous;
+        }
+        if (isLine && element.endName.empty() && index + 1 < elements.size())
+        {
+            element.endName = elements[index + 1].startName;
+        }
+        previous = element.endName;
+    }
+}
+
+bool FViewCoordGeom::WriteElement(const WcXmNode& node)
+{
+    WcXmNode child = node;
+    bool more = child.MoveToFirstChild();
+    for (auto element = elements.begin(); more && element != elements.end();
+         ++element, more = child.MoveToNextSibling())
+    {
+        if (element->type == FViewCoordGeomElement::OTHER)
+        {
+            continue;
+        }
+        if (element->type == FViewCoordGeomElement::CURVE)
+        {
+            FormatRadiusAttribute(child);
+        }
+        if (element->type == FViewCoordGeomElement::SPIRAL)
+        {
+            FormatSpiralRadiusAttributes(child);
+        }
+        WritePointName(child, START, element->startName);
+        WritePointName(child, END, element->endName);
+        if (element->type == FViewCoordGeomElement::SPIRAL)
+        {
+            WritePointName(child, PI, element->piName);
+            WriteClothoidParameter(child);
+        }
+    }
+    return true;
+}
+
+std::wstring ReadPointName(const WcXmNode& node, const wchar_t* childName)
+{
+    WcXmNode point = node;
+    std::wstring name;
+    if (point.SelectFirstChild(childName))
+    {
+        ReadTextAttribute(point, NAME, name);
+    }
+    return name;
+}
+
+void WritePointName(const WcXmNode& node, const wchar_t* childName, std::wstring_view text)
+{
+    WcXmNode point = node;
+    if (point.SelectFirstChild(childName))
+    {
+        WriteTextAttribute(point, NAME, text);
+    }
+}
+
+void FormatRadiusAttribute(const WcXmNode& node)
+{
+    FormatRadius(node, RADIUS);
+}
+
+void FormatSpiralRadiusAttributes(const WcXmNode& node)
+{
+    FormatRadius(node, RADIUS_START);
+    FormatRadius(node, RADIUS_END);
+}
+
+void WriteClothoidParameter(const WcXmNode& node)
+{
+    double length = 0.0;
+    double radiusStart = 0.0;
+    double radiusEnd = 0.0;
+    if (!ReadNumberAttribute(node, LENGTH, length) || !ReadNumberAttribute(node, RADIUS_START, radiusStart) ||
+        !ReadNumberAttribute(node, RADIUS_END, radiusEnd))
+    {
+        return;
+    }
+    const std::optional<double> square = SquareOfParameter(length, radiusStart, radiusEnd);
+    if (!square)
+    {
+        return;
+    }
+    FViewFeature feature;
+    WcXmNode child = node;
+    if (child.SelectFirstChild(FEATURE))
+    {
+        feature.ReadElement(child);
+    }
+    const bool given = std::any_of(feature.properties.begin(), feature.properties.end(),
+                                   [](const FViewProperty& property) { return property.label == CLOTHOID_PARAMETER; });
+    if (given)
+    {
+        return;
+    }
+    const double parameter = std::sqrt(*square);
+    feature.properties.emplace_back(CLOTHOID_PARAMETER,
+                                    parameter == UNSET_DOUBLE ? L"." : ClosedFixedText(parameter, PARAMETER_DIGITS));
+    feature.WriteElement(node);
+}
+
+} // namespace jlandxml

@@ -1,0 +1,90 @@
+#include "model/FViewPntList2D.h"
+
+#include "model/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr int POINT_DIGITS = 12;
+constexpr wchar_t SEPARATOR = L' ';
+
+bool IsSet(const PiGmPoint& point)
+{
+    return point.x != UNSET_DOUBLE && point.y != UNSET_DOUBLE;
+}
+
+bool Repeats(const PiGmPoint& point, const PiGmPoint& last)
+{
+    return IsSet(last) && std::fabs(point.x - last.x) < GEOMETRY_TOLERANCE &&
+           std::fabs(point.y - last.y) < GEOMETRY_TOLERANCE;
+}
+
+} // namespace
+
+void FViewPntList2D::Clear()
+{
+    points.clear();
+}
+
+bool FViewPntList2D::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ParsePointList(node.GetTextContent(), points);
+    return true;
+}
+
+bool FViewPntList2D::WriteElement(const WcXmNode& node)
+{
+    std::wstring text;
+    PiGmPoint last;
+    for (const PiGmPoint& point : points)
+    {
+        if (Repeats(point, last))
+        {
+            continue;
+        }
+        if (!text.empty())
+        {
+            text += SEPARATOR;
+        }
+        text += NumberText(point.x, POINT_DIGITS);
+        text += SEPARATOR;
+        text += NumberText(point.y, POINT_DIGITS);
+        last = point;
+    }
+    WcXmNode element = node;
+    node.AppendChildElement(GetElementName(), &element);
+    element.SetTextContent(text);
+    return true;
+}
+
+void ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points)
+{
+    // Blanks in a row give empty parts, and an empty part leaves its place to the next.
+    std::wstring_view first;
+    while (!text.empty())
+    {
+        const std::size_t blank = std::min(text.find(SEPARATOR), text.size());
+        const std::wstring_view part = text.substr(0, blank);
+        text.remove_prefix(std::min(blank + 1, text.size()));
+        if (part.empty())
+        {
+            continue;
+        }
+        if (first.empty())
+        {
+            first = part;
+            continue;
+        }
+        points.emplace_back(ReadNumber(first), ReadNumber(part));
+        first = {};
+    }
+}
+
+} // namespace jlandxml

@@ -1,0 +1,144 @@
+#include "model/FViewProfile.h"
+
+#include "framework/Text.h"
+#include "model/NumberText.h"
+
+#include <algorithm>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* STA_START = L"staStart";
+constexpr const wchar_t* PROF_ALIGN = L"ProfAlign";
+constexpr const wchar_t* PVI = L"PVI";
+
+/// How the host marks a vertical alignment that is a ground line.
+constexpr std::wstring_view GROUND_LINE_MARK = L"ProfSurf_";
+
+constexpr int STATION_DIGITS = 4;
+
+/// The station of the first child of that kind.
+template <class Element>
+double FirstStation(const WcXmNode& node)
+{
+    Element element;
+    VisitFirstChild(node, element.GetElementName(), [&](const WcXmNode& child) { element.ReadElement(child); });
+    return element.station;
+}
+
+} // namespace
+
+void FViewPVI::Clear()
+{
+    station = UNSET_DOUBLE;
+    elevation = UNSET_DOUBLE;
+}
+
+bool FViewPVI::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    SplitNumberPair(node.GetTextContent(), station, elevation);
+    return true;
+}
+
+void FViewParaCurve::Clear()
+{
+    station = UNSET_DOUBLE;
+}
+
+bool FViewParaCurve::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    double elevation = UNSET_DOUBLE;
+    SplitNumberPair(node.GetTextContent(), station, elevation);
+    return true;
+}
+
+void FViewProfAlign::Clear()
+{
+    name.clear();
+    startStation = UNSET_DOUBLE;
+}
+
+bool FViewProfAlign::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadTextAttribute(node, NAME, name);
+    const double point = FirstStation<FViewPVI>(node);
+    const double curve = FirstStation<FViewParaCurve>(node);
+    if (point != UNSET_DOUBLE && curve != UNSET_DOUBLE)
+    {
+        startStation = std::min(point, curve);
+    }
+    else
+    {
+        startStation = point != UNSET_DOUBLE ? point : curve;
+    }
+    return true;
+}
+
+void FViewProfile::Clear()
+{
+    staStart = UNSET_DOUBLE;
+    profAlignName.clear();
+    profSurfs.clear();
+}
+
+bool FViewProfile::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadNumberAttribute(node, STA_START, staStart);
+    PiCmCopyList<FViewProfAlign> profAligns;
+    ForEachChild(node, PROF_ALIGN, [&](const WcXmNode& child) {
+        const std::wstring_view name = child.FindAttribute(NAME).value_or(std::wstring_view());
+        if (name.find(GROUND_LINE_MARK) == std::wstring_view::npos)
+        {
+            profAligns.emplace_back().ReadElement(child);
+            return;
+        }
+        FViewProfSurf& surface = profSurfs.emplace_back();
+        surface.name = ReplaceAll(name, GROUND_LINE_MARK, L"");
+        ConvertToProfSurf(child, surface);
+        node.RemoveChild(child.appNode);
+    });
+    ChooseDesignProfile(profAligns);
+    ForEachChild(node, FViewProfSurf().GetElementName(), [&](const WcXmNode& child) {
+        profSurfs.emplace_back().ReadElement(child);
+        node.RemoveChild(child.appNode);
+    });
+    return true;
+}
+
+void FViewProfile::ChooseDesignProfile(const PiCmCopyList<FViewProfAlign>& profAligns)
+{
+    for (const FViewProfAlign& profAlign : profAligns)
+    {
+        if (staStart == UNSET_DOUBLE || profAlign.startStation < staStart)
+        {
+            staStart = profAlign.startStation;
+            profAlignName = profAlign.name;
+        }
+    }
+}
+
+bool FViewProfile::WriteElement(const WcXmNode& node)
+{
+    FormatDoubleAttribute(node, STA_START, staStart, STATION_DIGITS);
+    return std::all_of(profSurfs.begin(), profSurfs.end(),
+                       [&](FViewProfSurf& surface) { return surface.WriteElement(node); });
+}
+
+void ConvertToProfSurf(const WcXmNode& node, FViewProfSurf& surface)
+{
+    ForEachChild(node, PVI, [&](const WcXmNode& child) {
+        FViewPVI pvi;
+        pvi.ReadElement(child);
+        surface.pntList2D.points.emplace_back(pvi.station, pvi.elevation);
+    });
+}
+
+} // namespace jlandxml

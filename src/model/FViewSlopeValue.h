@@ -1,0 +1,38 @@
+#pragma once
+
+#include "model/FViewLandXMLBase.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// One entry of an alignment's free list of cross slopes (percent), each a text as it came.
+class FViewSlopeValue final : public FViewLandXMLBase
+{
+  public:
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"SlopeList"; }
+    /// Entries come from properties and side files, never from an element. Always false.
+    bool ReadElement(const WcXmNode& /*node*/) override { return false; }
+    /// Entries are written by their alignment. Always true.
+    bool WriteElement(const WcXmNode& /*node*/) override { return true; }
+
+    std::wstring staText;    ///< station as whole intervals, a plus sign and the rest, to be shown
+    std::wstring staValue;   ///< station as it is written, metres
+    std::wstring leftSlope;  ///< percent
+    std::wstring rightSlope; ///< percent; may be empty
+};
+
+/// A station text of whole intervals and the rest, both in metres: "12+34.500000" for 1234.5 and an interval of 100.
+std::wstring FormatIntervalStation(double station, double interval);
+
+/// Reads the value of a "slopeValue" `Property`: station, left slope and, where given, right slope, separated by
+/// blanks. False if the text has no blank.
+bool ParseSlopeValueText(std::wstring_view text, FViewSlopeValue& slopeValue);
+
+/// The value of a "slopeValue" `Property`: station and both slopes, or, on a single-lane road, station and the one
+/// slope that isn't zero, the left one first.
+std::wstring FormatSlopeValueText(const FViewSlopeValue& slopeValue, std::int32_t singleLaneRoad);
+
+} // namespace jlandxml

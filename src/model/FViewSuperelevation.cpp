@@ -1,0 +1,163 @@
+#include "model/FViewSuperelevation.h"
+
+#include "model/FViewFeature.h"
+#include "model/NumberText.h"
+#include "model/SuperelevationStations.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* STA_START = L"staStart";
+constexpr const wchar_t* STA_END = L"staEnd";
+constexpr const wchar_t* STA = L"sta";
+constexpr const wchar_t* BEGIN_RUNOFF_STA = L"BeginRunoffSta";
+constexpr const wchar_t* REVERSE_CROWN = L"ReverseCrown";
+constexpr const wchar_t* FLAT_STA = L"FlatSta";
+constexpr int STATION_DIGITS = 8;
+
+bool IsSet(double station)
+{
+    return station != UNSET_DOUBLE;
+}
+
+/// Reads the first child of that kind, its name in any case.
+template <class Station>
+void ReadStation(const WcXmNode& node, double& station)
+{
+    Station element;
+    WcXmNode child = node;
+    if (element.SelectElement(child))
+    {
+        element.ReadElement(child);
+        station = element.value;
+    }
+}
+
+template <class Station>
+bool WriteStation(const WcXmNode& node, double station)
+{
+    Station element;
+    element.value = station;
+    return element.WriteElement(node);
+}
+
+/// Removes the first child of that name, in any case.
+void RemoveFirstChild(const WcXmNode& node, std::wstring_view name)
+{
+    WcXmNode child = node;
+    if (child.SelectFirstChild(name))
+    {
+        node.RemoveChild(child.appNode);
+    }
+}
+
+/// Takes the stations of the last `Feature` of that name.
+void ReadStationFeature(const WcXmNode& node, std::wstring_view name, PiCmCopyList<WcStString>& stations)
+{
+    ForEachFeature(node, name, [&](const WcXmNode& child) {
+        FViewFeature feature;
+        feature.ReadElement(child);
+        stations.clear();
+        for (FViewProperty& property : feature.properties)
+        {
+            if (property.label == STA)
+            {
+                stations.push_back(std::move(property.value));
+            }
+        }
+    });
+}
+
+bool WriteStationFeature(const WcXmNode& node, const wchar_t* name, const PiCmCopyList<WcStString>& stations)
+{
+    FViewFeature feature(name);
+    for (const WcStString& station : stations)
+    {
+        feature.properties.emplace_back(STA, station, false);
+    }
+    return feature.WriteElement(node);
+}
+
+} // namespace
+
+void FViewSuperelevation::Clear()
+{
+    beginRunoutSta = UNSET_DOUBLE;
+    endofRunoutSta = UNSET_DOUBLE;
+    fullSuperSta = UNSET_DOUBLE;
+    runoffSta = UNSET_DOUBLE;
+    beginRunoffSta = UNSET_DOUBLE;
+    startofRunoutSta = UNSET_DOUBLE;
+    adverse = true;
+    reverseCrownStations.clear();
+    flatStations.clear();
+}
+
+bool FViewSuperelevation::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadStation<FViewBeginRonoutSta>(node, beginRunoutSta);
+    ReadStation<FViewBeginRunoffSta>(node, beginRunoffSta);
+    ReadStation<FViewStartofRunoutSta>(node, startofRunoutSta);
+    ReadStation<FViewEndOfRonoutSta>(node, endofRunoutSta);
+    ReadStation<FViewFullSuperSta>(node, fullSuperSta);
+    ReadStation<FViewRunoffSta>(node, runoffSta);
+    FViewAdverseSE adverseSE;
+    WcXmNode child = node;
+    if (adverseSE.SelectElement(child))
+    {
+        adverseSE.ReadElement(child);
+        adverse = adverseSE.adverse;
+    }
+    ReadStationFeature(node, REVERSE_CROWN, reverseCrownStations);
+    ReadStationFeature(node, FLAT_STA, flatStations);
+    return true;
+}
+
+bool FViewSuperelevation::WriteElement(const WcXmNode& node)
+{
+    FormatDoubleAttribute(node, STA_START, fullSuperSta, STATION_DIGITS);
+    FormatDoubleAttribute(node, STA_END, runoffSta, STATION_DIGITS);
+    RemoveFirstChild(node, FViewAdverseSE().GetElementName());
+    RemoveFirstFeature(node, REVERSE_CROWN);
+    RemoveFirstFeature(node, FLAT_STA);
+    return WriteRunout(node) && WriteAdverse(node) && WriteStationFeature(node, REVERSE_CROWN, reverseCrownStations) &&
+           WriteStationFeature(node, FLAT_STA, flatStations);
+}
+
+bool FViewSuperelevation::HasOneSidedRunout() const
+{
+    return !IsSet(beginRunoutSta) && !IsSet(endofRunoutSta) && IsSet(beginRunoffSta) && IsSet(startofRunoutSta);
+}
+
+/// Where the host gives begin of runoff and start of runout alone, each is one place off: they are the standard's start
+/// and end of runout.
+bool FViewSuperelevation::WriteRunout(const WcXmNode& node) const
+{
+    if (!HasOneSidedRunout())
+    {
+        return true;
+    }
+    RemoveFirstChild(node, BEGIN_RUNOFF_STA);
+    return WriteStation<FViewEndOfRonoutSta>(node, startofRunoutSta) &&
+           WriteStation<FViewStartofRunoutSta>(node, beginRunoffSta);
+}
+
+/// The adverse crown means something only where a whole run-out is given.
+bool FViewSuperelevation::WriteAdverse(const WcXmNode& node) const
+{
+    const bool wholeRunout = (IsSet(beginRunoutSta) && IsSet(beginRunoffSta)) ||
+                             (IsSet(startofRunoutSta) && IsSet(endofRunoutSta)) || HasOneSidedRunout();
+    if (!wholeRunout)
+    {
+        return true;
+    }
+    FViewAdverseSE adverseSE;
+    adverseSE.adverse = adverse;
+    return adverseSE.WriteElement(node);
+}
+
+} // namespace jlandxml

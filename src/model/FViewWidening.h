@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/FViewLandXMLBase.h"
+
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// One point of the widening of a lane.
+class FViewWidening final : public FViewLandXMLBase
+{
+  public:
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"Widening"; }
+    /// Entries come from properties and side files, never from an element. Always true.
+    bool ReadElement(const WcXmNode& /*node*/) override { return true; }
+    /// Entries are written by their alignment. Always true.
+    bool WriteElement(const WcXmNode& /*node*/) override { return true; }
+
+    double station = 0.0; ///< metres; UNSET_DOUBLE where the side file left it empty
+    double width = 0.0;   ///< metres; UNSET_DOUBLE where the side file left it empty
+    std::wstring code;    ///< way of the transition, "0" to "4"; may be empty
+};
+
+/// Reads the value of a "widthLeftValue" or "widthRightValue" `Property`: station, width and, where given, code,
+/// separated by blanks. False, with nothing changed, if the text has no blank.
+bool ParseWideningText(std::wstring_view text, double& station, double& width, std::wstring& code);
+
+/// The value of such a `Property`. A code outside 0 to 4 becomes 0.
+std::wstring FormatWideningText(const FViewWidening& widening);
+
+} // namespace jlandxml

@@ -1,0 +1,53 @@
+#include "model/SuperelevationStations.h"
+
+#include "model/NumberText.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr int STATION_DIGITS = 8;
+constexpr std::wstring_view ADVERSE = L"adverse";
+constexpr std::wstring_view NON_ADVERSE = L"non-adverse";
+
+bool WriteText(const FViewLandXMLBase& element, const WcXmNode& parent, std::wstring_view text)
+{
+    const bool found =
+        VisitFirstChild(parent, element.GetElementName(), [&](const WcXmNode& child) { child.SetTextContent(text); });
+    if (found)
+    {
+        return true;
+    }
+    WcXmNode child = parent;
+    const bool appended = parent.AppendChildElement(element.GetElementName(), &child);
+    child.SetTextContent(text);
+    return appended;
+}
+
+} // namespace
+
+bool SuperelevationStation::ReadElement(const WcXmNode& node)
+{
+    value = ReadNumber(node.GetTextContent());
+    return true;
+}
+
+bool SuperelevationStation::WriteStation(const WcXmNode& node) const
+{
+    return WriteText(*this, node, NumberText(value, STATION_DIGITS));
+}
+
+bool FViewAdverseSE::ReadElement(const WcXmNode& node)
+{
+    adverse = node.GetTextContent() != NON_ADVERSE;
+    return true;
+}
+
+bool FViewAdverseSE::WriteElement(const WcXmNode& node)
+{
+    return WriteText(*this, node, adverse ? ADVERSE : NON_ADVERSE);
+}
+
+} // namespace jlandxml
