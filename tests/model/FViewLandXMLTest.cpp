@@ -96,6 +96,40 @@ TEST(FViewLandXML, WhatNoClassReadsStaysInItsPlace)
         L"<LandXML xmlns=\"u\" v=\"1\">" + rest + L"<CoordinateSystem name=\"c\"/></LandXML>");
 }
 
+TEST(FViewLandXML, TheFirstAlignmentsProjectDataWin)
+{
+    const auto root = Read<FViewLandXML>(L"<LandXML><Project><Feature><Property label='projectPhase' "
+                                         L"value='概略'/><Property label='applicationCriterion' value='c'/></Feature>"
+                                         L"</Project><CoordinateSystem verticalDatum='O.P'/><Alignments><Alignment "
+                                         L"desc='プロジェクト名 = n 事業段階 = 詳細 鉛直原子 = T.P'/>"
+                                         L"<Alignment desc='プロジェクト名 = no'/></Alignments></LandXML>");
+    EXPECT_EQ(root.project.name, L"n");
+    EXPECT_EQ(root.project.projectPhase, L"詳細");
+    EXPECT_EQ(root.project.applicationCriterion, L"c");
+    EXPECT_EQ(root.coordinateSystem.verticalDatum, L"T.P");
+}
+
+TEST(FViewLandXML, AnEmptyProjectNameOfTheFirstAlignmentLeavesTheProject)
+{
+    EXPECT_EQ(Written<FViewLandXML>(L"<LandXML><Project name='n'/><CoordinateSystem name='c'/><Alignments name='a'>"
+                                    L"<Alignment desc='プロジェクト名 = '/></Alignments></LandXML>")
+                  .substr(0, 27),
+              L"<LandXML><Project name=\"n\">");
+    // Without an alignment in the first route nothing is taken from a later one.
+    EXPECT_EQ(Read<FViewLandXML>(
+                  L"<LandXML><Alignments/><Alignments><Alignment desc='プロジェクト名 = n'/></Alignments></LandXML>")
+                  .project.name,
+              L"");
+}
+
+TEST(FViewLandXML, RoutesAreWrittenByTheirPosition)
+{
+    EXPECT_EQ(Written<FViewLandXML>(
+                  L"<LandXML><CoordinateSystem name='c'/><Alignments name='1'/><alignments/><Alignments/></LandXML>"),
+              L"<LandXML><CoordinateSystem name=\"c\"/><Alignments name=\"1\"/><alignments/><Alignments "
+              L"name=\"サイト\"/></LandXML>");
+}
+
 TEST(FViewLandXML, ReadingBeginsWithAnEmptyModel)
 {
     XmlText full(L"<LandXML><Project><Feature><Property label='projectPhase' value='予備'/></Feature></Project>"

@@ -1,0 +1,288 @@
+#include "model/FViewAlignment.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+/// What a multi-lane alignment without any design value gets.
+const std::wstring DEFAULT_FEATURES =
+    L"<Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+    L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>";
+
+FViewAlignment WithDesc(const std::wstring& desc)
+{
+    return Read<FViewAlignment>(L"<Alignment desc='" + desc + L"'/>");
+}
+
+FViewAlignment WithFeature(const std::wstring& name, const std::wstring& properties)
+{
+    return Read<FViewAlignment>(L"<Alignment><Feature name='" + name + L"'>" + properties + L"</Feature></Alignment>");
+}
+
+TEST(FViewAlignment, WithoutDescAndFeaturesItHasItsDefaults)
+{
+    const auto alignment = Read<FViewAlignment>(L"<Alignment/>");
+    EXPECT_EQ(alignment.method, L"要素法");
+    EXPECT_EQ(alignment.mainInterval, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.subInterval, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.normalCrown, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.singleLaneRoad, 0);
+    EXPECT_EQ(alignment.useSlopeList, 0);
+}
+
+TEST(FViewAlignment, TakesNameAndStart)
+{
+    EXPECT_EQ(Read<FViewAlignment>(L"<Alignment name='線形1' staStart='12.5'/>").name, L"線形1");
+    XmlText xml(L"<Alignment staStart='x'/>");
+    FViewAlignment alignment;
+    alignment.ReadElement(xml.Root());
+    EXPECT_EQ(alignment.staStart.value, 0.0);
+    alignment.staStart.value = 7.0;
+    alignment.Clear();
+    EXPECT_EQ(alignment.staStart.value, 7.0);
+    const FViewAlignment copy = alignment;
+    EXPECT_EQ(copy.staStart.value, UNSET_DOUBLE);
+}
+
+TEST(FViewAlignment, TakesEveryKeyOfDesc)
+{
+    const auto alignment =
+        WithDesc(L"主測点間隔 = 20 副測点間隔=10 直線部横断勾配 = 2.5 鉛直原子 = T.P 適用基準 = "
+                 L"MlitLandXmlVer.1.6 事業段階 = 詳細 プロジェクト名 = 国道 1号 一車線道路又は多車線 = 一車線道路 "
+                 L"任意横断勾配リスト = はい 設計計算手法名 = IP法");
+    EXPECT_EQ(alignment.mainInterval, 20.0);
+    EXPECT_EQ(alignment.subInterval, 10.0);
+    EXPECT_EQ(alignment.normalCrown, 2.5);
+    EXPECT_EQ(alignment.verticalOrigin, L"T.P");
+    EXPECT_EQ(alignment.applicationCriterion, L"MlitLandXmlVer.1.6");
+    EXPECT_EQ(alignment.projectPhase, L"詳細");
+    EXPECT_EQ(alignment.projectName, L"国道 1号");
+    EXPECT_EQ(alignment.singleLaneRoad, 1);
+    EXPECT_EQ(alignment.useSlopeList, 1);
+    EXPECT_EQ(alignment.method, L"IP法");
+}
+
+TEST(FViewAlignment, OfBothMethodNamesTheSecondWins)
+{
+    EXPECT_EQ(WithDesc(L"設計計算手法名 = A 線形計算手法名 = B").method, L"B");
+    EXPECT_EQ(WithDesc(L"線形計算手法名 = B 設計計算手法名 = A").method, L"B");
+    EXPECT_EQ(WithDesc(L"設計計算手法名 = A 線形計算手法名 = ").method, L"A");
+}
+
+TEST(FViewAlignment, AnEmptyValueOfDescIsIgnored)
+{
+    const auto alignment = WithDesc(L"主測点間隔 = 一車線道路又は多車線 = 任意横断勾配リスト =");
+    EXPECT_EQ(alignment.mainInterval, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.singleLaneRoad, 0);
+    EXPECT_EQ(alignment.useSlopeList, 0);
+}
+
+TEST(FViewAlignment, FlagsOfDescAreSetByAnyOtherWord)
+{
+    EXPECT_EQ(WithDesc(L"一車線道路又は多車線 = 多車線").singleLaneRoad, 0);
+    EXPECT_EQ(WithDesc(L"一車線道路又は多車線 = 多車線道路").singleLaneRoad, 1);
+    EXPECT_EQ(WithDesc(L"任意横断勾配リスト = いいえ").useSlopeList, 0);
+    EXPECT_EQ(WithDesc(L"任意横断勾配リスト = x").useSlopeList, 1);
+}
+
+TEST(FViewAlignment, ANumberOfDescThatIsNoneIsZero)
+{
+    EXPECT_EQ(WithDesc(L"主測点間隔 = 20m").mainInterval, 0.0);
+    EXPECT_EQ(WithDesc(L"主測点間隔 =  20").mainInterval, 0.0);
+}
+
+TEST(FViewAlignment, AFeatureOverridesDesc)
+{
+    const auto alignment = Read<FViewAlignment>(L"<Alignment desc='主測点間隔 = 20'><Feature name='Interval'>"
+                                                L"<Property label='main' value='25'/></Feature></Alignment>");
+    EXPECT_EQ(alignment.mainInterval, 25.0);
+}
+
+TEST(FViewAlignment, DesignFeaturesAreTakenByTheirLabels)
+{
+    EXPECT_EQ(WithFeature(L"Interval", L"<Property label='sub' value='x'/>").subInterval, 0.0);
+    EXPECT_EQ(WithFeature(L"Interval", L"<Property label='main' value=''/>").mainInterval, 0.0);
+    EXPECT_EQ(WithFeature(L"SuperelevationConfig", L"<Property label='normalCrown' value='2'/>").normalCrown, 2.0);
+    EXPECT_EQ(WithFeature(L"SuperelevationConfig", L"<Property label='singleLaneRoad' value='true'/>").singleLaneRoad,
+              1);
+    EXPECT_EQ(WithFeature(L"SuperelevationConfig", L"<Property label='singleLaneRoad' value='True'/>").singleLaneRoad,
+              0);
+    EXPECT_EQ(WithFeature(L"SuperelevationConfig", L"<Property label='useSlopeList' value='true'/>").useSlopeList, 1);
+    EXPECT_EQ(WithFeature(L"Horizontal", L"<Property label='method' value=''/>").method, L"");
+    EXPECT_EQ(WithFeature(L"WideningList", L"<Property label='Main' value='5'/>").mainInterval, UNSET_DOUBLE);
+    EXPECT_EQ(WithFeature(L"horizontal", L"<Property label='main' value='5'/>").mainInterval, UNSET_DOUBLE);
+    EXPECT_EQ(WithFeature(L"SlopeList", L"<Property label='main' value='5'/>").mainInterval, 5.0);
+}
+
+TEST(FViewAlignment, SlopesAndWideningsAreListed)
+{
+    const auto alignment = WithFeature(
+        L"SlopeList", L"<Property label='slopeValue' value='100 2.0'/><Property label='slopeValue' value='1'/>"
+                      L"<Property label='widthLeftValue' value='1 2 3'/>"
+                      L"<Property label='widthRightValue' value='4'/><Property label='widthRightValue' value='5 6'/>");
+    ASSERT_EQ(alignment.slopeList.size(), 1U);
+    EXPECT_EQ(alignment.slopeList[0].staText, L"1+0.000000");
+    EXPECT_EQ(alignment.slopeList[0].leftSlope, L"2.0");
+    ASSERT_EQ(alignment.widthLeftValue.size(), 1U);
+    EXPECT_EQ(alignment.widthLeftValue[0].code, L"3");
+    ASSERT_EQ(alignment.widthRightValue.size(), 1U);
+    EXPECT_EQ(alignment.widthRightValue[0].station, 5.0);
+}
+
+TEST(FViewAlignment, ChildrenAreReadByTheirExactNames)
+{
+    const auto alignment = Read<FViewAlignment>(
+        L"<Alignment><coordGeom/><CoordGeom><Line/></CoordGeom><CoordGeom><Line/><Line/></CoordGeom>"
+        L"<StaEquation staInternal='300'/><StaEquation staInternal='100'/><staequation/><StaEquation "
+        L"staInternal='200'/>"
+        L"<Profile staStart='1'/><Profile "
+        L"staStart='2'/><Superelevation/><superelevation/><Superelevation/></Alignment>");
+    EXPECT_EQ(alignment.coordGeom.elements.size(), 1U);
+    ASSERT_EQ(alignment.staEquations.size(), 3U);
+    EXPECT_EQ(alignment.staEquations[0].staInternal, 100.0);
+    EXPECT_EQ(alignment.staEquations[2].staInternal, 300.0);
+    EXPECT_EQ(alignment.profile.staStart, 1.0);
+    EXPECT_EQ(alignment.superelevations.size(), 2U);
+}
+
+struct WritingCase
+{
+    const wchar_t* rule;
+    std::wstring in;
+    std::wstring out;
+};
+
+class AlignmentWriting : public testing::TestWithParam<WritingCase>
+{};
+
+TEST_P(AlignmentWriting, PutsTheDesignValuesBehindTheRest)
+{
+    EXPECT_EQ(Written<FViewAlignment>(L"<Alignment" + GetParam().in + L"</Alignment>"),
+              L"<Alignment" + GetParam().out + L"</Alignment>")
+        << testing::PrintToString(GetParam().rule);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewAlignment, AlignmentWriting,
+    testing::Values(
+        WritingCase{L"nothing given", L"><x/>", L"><x/>" + DEFAULT_FEATURES},
+        WritingCase{L"desc, start and other children stay",
+                    L" name='a' desc='主測点間隔 = 20' staStart='1'><StaEquation staBack='1'/>",
+                    L" name=\"a\" desc=\"主測点間隔 = 20\" staStart=\"1\"><StaEquation staBack=\"1\"/>"
+                    L"<Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+                    L"<Feature name=\"Interval\"><Property label=\"main\" value=\"20.\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
+        WritingCase{
+            L"an existing Horizontal keeps its place, the others are built anew",
+            L"><Feature name='Interval'><Property label='main' value='25.5'/><Property label='x' value='y'/></Feature>"
+            L"<Feature name='Horizontal'><Property label='method' value='IP法'/></Feature><x/>",
+            L"><Feature name=\"Horizontal\"><Property label=\"method\" value=\"IP法\"/></Feature><x/>"
+            L"<Feature name=\"Interval\"><Property label=\"main\" value=\"25.5\"/></Feature>"
+            L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+            L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
+        WritingCase{L"of two Interval features the second takes the values",
+                    L"><Feature name='Interval'><Property label='main' value='20'/></Feature>"
+                    L"<Feature name='Interval'><Property label='sub' value='5'/></Feature>",
+                    L"><Feature name=\"Interval\"><Property label=\"sub\" value=\"5.\"/><Property label=\"main\" "
+                    L"value=\"20.\"/></Feature>" +
+                        DEFAULT_FEATURES},
+        WritingCase{L"an empty method leaves Horizontal out",
+                    L"><Feature name='Horizontal'><Property label='method' value=''/></Feature>",
+                    L"><Feature name=\"Horizontal\"><Property label=\"method\" value=\"\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
+        WritingCase{
+            L"a free slope list takes the place of the superelevation",
+            L"><Superelevation/><superelevation/><Superelevation/><Feature name='SuperelevationConfig'>"
+            L"<Property label='useSlopeList' value='true'/><Property label='singleLaneRoad' value='true'/></Feature>"
+            L"<Feature name='SlopeList'><Property label='slopeValue' value='100 0 2.5'/><Property label='slopeValue' "
+            L"value='200 1.5'/></Feature>",
+            L"><superelevation/><Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+            L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"true\"/>"
+            L"<Property label=\"useSlopeList\" value=\"true\"/></Feature>"
+            L"<Feature name=\"SlopeList\"><Property label=\"slopeValue\" value=\"100 2.5\"/>"
+            L"<Property label=\"slopeValue\" value=\"200 1.5\"/></Feature>"},
+        WritingCase{L"slopes aren't written where the superelevation counts",
+                    L"><Superelevation><FullSuperSta>1</FullSuperSta></Superelevation><Feature name='SlopeList'>"
+                    L"<Property label='slopeValue' value='100 2'/></Feature>",
+                    L"><Superelevation staStart=\"1.\"><FullSuperSta>1</FullSuperSta></Superelevation>" +
+                        DEFAULT_FEATURES},
+        WritingCase{L"an empty free slope list is not written and the superelevation goes all the same",
+                    L"><Superelevation/><Feature name='SuperelevationConfig'><Property label='useSlopeList' "
+                    L"value='true'/></Feature>",
+                    L"><Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"true\"/></Feature>"},
+        WritingCase{L"widening on both sides, left before right",
+                    L"><Feature name='WideningList'><Property label='widthRightValue' value='100 1 2'/>"
+                    L"<Property label='widthLeftValue' value='50 0.5'/></Feature>",
+                    L">" + DEFAULT_FEATURES +
+                        L"<Feature name=\"WideningList\"><Property label=\"widthLeftValue\" value=\"50. 0.5\"/>"
+                        L"<Property label=\"widthRightValue\" value=\"100. 1. 2\"/></Feature>"},
+        WritingCase{L"geometry and profile are written in their places",
+                    L"><Profile><ProfSurf name='g'><PntList2D>1 "
+                    L"2</PntList2D></ProfSurf></Profile><CoordGeom><Line><Start/><End/></Line></CoordGeom>",
+                    L"><Profile><ProfSurf name=\"g\"><PntList2D>1. 2.</PntList2D></ProfSurf></Profile>"
+                    L"<CoordGeom><Line><Start name=\"BP\"/><End name=\"EP\"/></Line></CoordGeom>" +
+                        DEFAULT_FEATURES}));
+
+TEST(FViewAlignment, WideningIsWrittenFromVersion15On)
+{
+    const std::wstring xml = L"<Alignment><Feature name='WideningList'><Property label='widthLeftValue' value='50 "
+                             L"0.5'/></Feature></Alignment>";
+    EXPECT_EQ(Written<FViewAlignment>(xml, 1), L"<Alignment>" + DEFAULT_FEATURES + L"</Alignment>");
+    EXPECT_EQ(Written<FViewAlignment>(xml, 2), L"<Alignment>" + DEFAULT_FEATURES +
+                                                   L"<Feature name=\"WideningList\"><Property label=\"widthLeftValue\" "
+                                                   L"value=\"50. 0.5\"/></Feature></Alignment>");
+    EXPECT_EQ(Written<FViewAlignment>(L"<Alignment/>", 2), L"<Alignment>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, FlagsWithoutAValueAreLeftOut)
+{
+    FViewAlignment alignment;
+    alignment.singleLaneRoad = -1;
+    alignment.useSlopeList = -1;
+    alignment.method.clear();
+    EXPECT_EQ(WrittenInto(alignment, L"<Alignment><Superelevation/></Alignment>"), L"<Alignment/>");
+}
+
+TEST(FViewAlignment, ANewNameIsWrittenAndAnEmptyOneIsNot)
+{
+    FViewAlignment alignment;
+    alignment.name = L"新";
+    EXPECT_EQ(WrittenInto(alignment, L"<Alignment name='旧'/>"),
+              L"<Alignment name=\"新\">" + DEFAULT_FEATURES + L"</Alignment>");
+    alignment.name.clear();
+    EXPECT_EQ(WrittenInto(alignment, L"<Alignment name='旧'/>"),
+              L"<Alignment name=\"旧\">" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, AFinishedElementReadAgainGivesTheSameDesignValues)
+{
+    const std::wstring finished = Written<FViewAlignment>(
+        L"<Alignment desc='主測点間隔 = 20 副測点間隔=12.3456789 直線部横断勾配 = "
+        L"2'><CoordGeom><Line><Start/><End/></Line></CoordGeom>"
+        L"<Feature name='WideningList'><Property label='widthLeftValue' value='50 0.5 2'/></Feature></Alignment>");
+    EXPECT_EQ(Written<FViewAlignment>(finished), finished);
+}
+
+TEST(FViewAlignment, ASecondExportGivesTheSameFeatures)
+{
+    XmlText xml(L"<Alignment desc='主測点間隔 = 20'><x/></Alignment>");
+    FViewAlignment alignment;
+    alignment.ReadElement(xml.Root());
+    alignment.WriteElement(xml.Root());
+    const std::wstring first = xml.Text();
+    alignment.WriteElement(xml.Root());
+    EXPECT_EQ(xml.Text(), first);
+}
+
+} // namespace
+} // namespace jlandxml

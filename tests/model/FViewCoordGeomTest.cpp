@@ -1,0 +1,357 @@
+#include "model/FViewCoordGeom.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+/// The elements that letters stand for: L, C, S for Line, Curve, Spiral; X for any other.
+std::wstring Geometry(const std::wstring& letters)
+{
+    std::wstring xml;
+    for (const wchar_t letter : letters)
+    {
+        xml += letter == L'L'   ? L"<Line><Start/><End/></Line>"
+               : letter == L'C' ? L"<Curve><Start/><End/></Curve>"
+               : letter == L'S' ? L"<Spiral><Start/><PI/><End/></Spiral>"
+                                : L"<Chain/>";
+    }
+    return L"<CoordGeom>" + xml + L"</CoordGeom>";
+}
+
+/// The names as "start-end" of each element, separated by blanks.
+std::wstring Names(const std::wstring& letters)
+{
+    std::wstring names;
+    for (const FViewCoordGeomElement& element : Read<FViewCoordGeom>(Geometry(letters)).elements)
+    {
+        names += (names.empty() ? L"" : L" ") + element.startName + L"/" + element.endName;
+    }
+    return names;
+}
+
+struct NamingCase
+{
+    const wchar_t* letters;
+    const wchar_t* names;
+};
+
+class PointNaming : public testing::TestWithParam<NamingCase>
+{};
+
+TEST_P(PointNaming, FollowsThePatternOfTheElements)
+{
+    EXPECT_EQ(Names(GetParam().letters), GetParam().names);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCoordGeom, PointNaming,
+    testing::Values(
+        NamingCase{L"", L""}, NamingCase{L"L", L"BP/EP"}, NamingCase{L"LL", L"BP/IP.1 IP.1/EP"},
+        NamingCase{L"LCL", L"BP/BC.1 BC.1/EC.1 EC.1/EP"},
+        NamingCase{L"LSCSL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/EP"},
+        NamingCase{L"LLCL", L"BP/IP.1 IP.1/BC.2 BC.2/EC.2 EC.2/EP"}, NamingCase{L"CL", L"BP/EC.1 EC.1/EP"},
+        NamingCase{L"LC", L"BP/BC.1 BC.1/EP"}, NamingCase{L"LCCL", L"BP/BC.1 BC.1/PCC.1 PCC.1/EC.1 EC.1/EP"},
+        NamingCase{L"LSCL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/EP"},
+        NamingCase{L"LSSL", L"BP/KA.1-1 KA.1-1/KEA.1 KEA.1/KA.1-2 KA.1-2/EP"},
+        NamingCase{L"LSCSCSL",
+                   L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KAE.1-1 KAE.1-1/KEE.1-1 KEE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/EP"},
+        NamingCase{L"SCSL", L"BP/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/EP"}, NamingCase{L"SL", L"BP/ /EP"},
+        NamingCase{L"LCXL", L"BP/BC.1 BC.1/ / /EP"}, NamingCase{L"LCSL", L"BP/BC.1 BC.1/ / /EP"},
+        NamingCase{L"CCC", L"BP/PCC.1 PCC.1/BC.2 BC.2/EP"}, NamingCase{L"X", L"BP/EP"},
+        NamingCase{L"XLX", L"BP/ /IP.2 /EP"},
+        NamingCase{L"LSCSLCL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/BC.2 BC.2/EC.2 EC.2/EP"}));
+
+TEST(FViewCoordGeom, EverySpiralHasTheSamePi)
+{
+    const auto geometry = Read<FViewCoordGeom>(Geometry(L"LSCSLS"));
+    for (const FViewCoordGeomElement& element : geometry.elements)
+    {
+        EXPECT_EQ(element.piName, element.type == FViewCoordGeomElement::SPIRAL ? L"IP" : L"");
+    }
+}
+
+/// The naming once more, as plainly as it can be put.
+std::wstring NaiveNames(const std::wstring& letters)
+{
+    const std::size_t count = letters.size();
+    std::vector<std::wstring> start(count);
+    std::vector<std::wstring> end(count);
+    std::size_t at = 0;
+    for (int number = 1; at < count; ++number)
+    {
+        const std::wstring n = std::to_wstring(number);
+        const auto rest = [&](std::size_t from) { return letters.substr(std::min(from, count)); };
+        std::vector<std::wstring> names;
+        const bool line = letters[at] == L'L';
+        const std::size_t first = line ? at + 1 : at;
+        const bool spiral = letters[at] == L'S';
+        const bool curve = letters[at] == L'C';
+        if ((line || spiral) && rest(first).starts_with(L"SCSCS"))
+        {
+            names = {L"KA." + n + L"-1",  L"KE." + n + L"-1", L"KAE." + n + L"-1",
+                     L"KEE." + n + L"-1", L"KE." + n + L"-2", L"KA." + n + L"-2"};
+        }
+        else if ((line || spiral) && rest(first).starts_with(L"SS"))
+        {
+            names = {L"KA." + n + L"-1", L"KEA." + n, L"KA." + n + L"-2"};
+        }
+        else if ((line || spiral) && rest(first).starts_with(L"SCS"))
+        {
+            names = {L"KA." + n + L"-1", L"KE." + n + L"-1", L"KE." + n + L"-2", L"KA." + n + L"-2"};
+        }
+        else if ((line || spiral) && rest(first).starts_with(L"SC"))
+        {
+            names = {L"KA." + n + L"-1", L"KE." + n + L"-1", L"KE." + n + L"-2"};
+        }
+        else if ((line || curve) && rest(first).starts_with(L"CC"))
+        {
+            names = {L"BC." + n, L"PCC." + n, L"EC." + n};
+        }
+        else if ((line || curve) && rest(first).starts_with(L"C"))
+        {
+            names = {L"BC." + n, L"EC." + n};
+        }
+        if (names.empty())
+        {
+            if (line)
+            {
+                end[at] = L"IP." + n;
+            }
+            ++at;
+            continue;
+        }
+        for (std::size_t point = 0; point + 1 < names.size(); ++point)
+        {
+            start[first + point] = names[point];
+            end[first + point] = names[point + 1];
+        }
+        at = first + names.size() - 1;
+    }
+    if (count > 0)
+    {
+        start.front() = L"BP";
+        end.back() = L"EP";
+    }
+    std::wstring previous;
+    for (std::size_t index = 0; index < count; ++index)
+    {
+        if (letters[index] == L'L' && start[index].empty())
+        {
+            start[index] = previous;
+        }
+        if (letters[index] == L'L' && end[index].empty() && index + 1 < count)
+        {
+            end[index] = start[index + 1];
+        }
+        previous = end[index];
+    }
+    std::wstring text;
+    for (std::size_t index = 0; index < count; ++index)
+    {
+        if ((letters[index] == L'C' || letters[index] == L'S') && index + 1 < count)
+        {
+            end[index] = start[index + 1];
+        }
+        text += (index == 0 ? L"" : L" ") + start[index] + L"/" + end[index];
+    }
+    return text;
+}
+
+TEST(FViewCoordGeom, EveryListOfUpToSixElementsIsNamedAsTheTablesSay)
+{
+    constexpr wchar_t LETTERS[] = L"LCSX";
+    std::vector<std::wstring> lists = {L""};
+    for (std::size_t index = 0; index < lists.size(); ++index)
+    {
+        const std::wstring letters = lists[index];
+        const std::wstring names = Names(letters);
+        ASSERT_EQ(names, NaiveNames(letters)) << testing::PrintToString(letters);
+        if (!letters.empty())
+        {
+            EXPECT_TRUE(names.starts_with(L"BP/"));
+            EXPECT_TRUE(names.ends_with(L"/EP"));
+        }
+        if (letters.size() < 6)
+        {
+            for (const wchar_t letter : std::wstring_view(LETTERS))
+            {
+                lists.push_back(letters + letter);
+            }
+        }
+    }
+    EXPECT_EQ(lists.size(), 1U + 4 + 16 + 64 + 256 + 1024 + 4096);
+}
+
+TEST(FViewCoordGeom, OneGivenNameKeepsAllOthersEmpty)
+{
+    for (const wchar_t* const given :
+         {L"<Line><Start name='x'/><End/></Line>", L"<Line><Start/><End name='x'/></Line>",
+          L"<Curve><End name='x'/></Curve>", L"<Spiral><Start name='x'/></Spiral>", L"<Spiral><PI name='x'/></Spiral>"})
+    {
+        const std::wstring xml = std::wstring(L"<CoordGeom><Line><Start/><End/></Line>") + given + L"</CoordGeom>";
+        const auto geometry = Read<FViewCoordGeom>(xml);
+        EXPECT_EQ(geometry.elements[0].startName, L"");
+        EXPECT_EQ(geometry.elements[0].endName, L"");
+    }
+    // The name of an element that is none of the three, or of a curve's PI, doesn't count.
+    EXPECT_EQ(
+        Read<FViewCoordGeom>(L"<CoordGeom><Chain><Start name='x'/></Chain><Curve><PI name='y'/></Curve></CoordGeom>")
+            .elements[1]
+            .endName,
+        L"EP");
+}
+
+TEST(FViewCoordGeom, ASingleLineRunsFromBpToEp)
+{
+    EXPECT_EQ(Written<FViewCoordGeom>(L"<CoordGeom><Line><Start/><End/></Line></CoordGeom>"),
+              L"<CoordGeom><Line><Start name=\"BP\"/><End name=\"EP\"/></Line></CoordGeom>");
+}
+
+TEST(FViewCoordGeom, WithoutChildrenNothingChanges)
+{
+    EXPECT_TRUE(Read<FViewCoordGeom>(L"<CoordGeom/>").elements.empty());
+    EXPECT_EQ(Written<FViewCoordGeom>(L"<CoordGeom a='b'/>"), L"<CoordGeom a=\"b\"/>");
+}
+
+TEST(FViewCoordGeom, ElementNamesCountInTheirCaseAndPointNamesInAny)
+{
+    EXPECT_EQ(Written<FViewCoordGeom>(L"<CoordGeom><line><Start/></line><Line><START/><end/></Line></CoordGeom>"),
+              L"<CoordGeom><line><Start/></line><Line><START/><end name=\"EP\"/></Line></CoordGeom>");
+}
+
+TEST(FViewCoordGeom, AnEmptyNameIsNotWritten)
+{
+    EXPECT_EQ(Written<FViewCoordGeom>(
+                  L"<CoordGeom><Curve><Start/><End/></Curve><Chain/><Line><Start/><End/></Line></CoordGeom>"),
+              L"<CoordGeom><Curve><Start name=\"BP\"/><End/></Curve><Chain/><Line><Start/><End "
+              L"name=\"EP\"/></Line></CoordGeom>");
+}
+
+TEST(FViewCoordGeom, TextBetweenTheElementsKeepsThePairing)
+{
+    EXPECT_EQ(
+        Written<FViewCoordGeom>(L"<CoordGeom>x<Line><Start/><End/></Line>y<Line><Start/><End/></Line></CoordGeom>"),
+        L"<CoordGeom>x<Line><Start/><End name=\"IP.2\"/></Line>y<Line><Start/><End "
+        L"name=\"EP\"/></Line></CoordGeom>");
+}
+
+struct RadiusCase
+{
+    const wchar_t* text;
+    const wchar_t* written;
+};
+
+class Radius : public testing::TestWithParam<RadiusCase>
+{};
+
+TEST_P(Radius, HasEightDecimals)
+{
+    EXPECT_EQ(
+        Written<FViewCoordGeom>(std::wstring(L"<CoordGeom><Curve radius='") + GetParam().text + L"'/></CoordGeom>"),
+        std::wstring(L"<CoordGeom><Curve radius=\"") + GetParam().written + L"\"/></CoordGeom>");
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewCoordGeom, Radius,
+                         testing::Values(RadiusCase{L"200", L"200.00000000"}, RadiusCase{L"-150.5", L"-150.50000000"},
+                                         RadiusCase{L"-0.000000001", L"0.00000000"}, RadiusCase{L"INF", L"INF"},
+                                         RadiusCase{L"2e2", L"2e2"}, RadiusCase{L"", L"0.00000000"},
+                                         RadiusCase{L"0.123456789", L"0.12345679"}, RadiusCase{L" 200", L" 200"}));
+
+TEST(FViewCoordGeom, AMissingRadiusStaysMissing)
+{
+    EXPECT_EQ(Written<FViewCoordGeom>(L"<CoordGeom><Curve Radius='200'/></CoordGeom>"),
+              L"<CoordGeom><Curve Radius=\"200\"/></CoordGeom>");
+}
+
+struct ParameterCase
+{
+    const wchar_t* rule;
+    const wchar_t* attributes;
+    const wchar_t* parameter;
+};
+
+class ClothoidParameter : public testing::TestWithParam<ParameterCase>
+{};
+
+TEST_P(ClothoidParameter, ComesFromLengthAndRadii)
+{
+    XmlText xml(std::wstring(L"<Spiral ") + GetParam().attributes + L"/>");
+    const std::wstring before = xml.Text();
+    WriteClothoidParameter(xml.Root());
+    const std::wstring feature =
+        std::wstring(L"><Feature><Property label=\"A\" value=\"") + GetParam().parameter + L"\"/></Feature></Spiral>";
+    EXPECT_EQ(xml.Text(), *GetParam().parameter == L'\0' ? before : before.substr(0, before.size() - 2) + feature)
+        << testing::PrintToString(GetParam().rule);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCoordGeom, ClothoidParameter,
+    testing::Values(
+        ParameterCase{L"from a straight", L"radiusStart='INF' radiusEnd='200' length='50'", L"100.000000"},
+        ParameterCase{L"to a straight", L"radiusStart='200' radiusEnd='INF' length='50'", L"100.000000"},
+        ParameterCase{L"an egg clothoid", L"radiusStart='400' radiusEnd='200' length='50'", L"141.421356"},
+        ParameterCase{L"an egg clothoid that opens", L"radiusStart='200' radiusEnd='400' length='50'", L"141.421356"},
+        ParameterCase{L"both ends straight", L"radiusStart='INF' radiusEnd='INF' length='50'", L""},
+        ParameterCase{L"radii below the tolerance are straights", L"radiusStart='0.00000002' radiusEnd='0' length='50'",
+                      L""},
+        ParameterCase{L"equal radii", L"radiusStart='200' radiusEnd='200' length='50'", L"inf."},
+        ParameterCase{L"a negative radius", L"radiusStart='INF' radiusEnd='-200' length='50'", L"nan."},
+        ParameterCase{L"no length", L"radiusStart='INF' radiusEnd='200'", L""},
+        ParameterCase{L"no start radius", L"radiusEnd='200' length='50'", L""},
+        ParameterCase{L"no end radius", L"radiusStart='200' length='50'", L""},
+        ParameterCase{L"a length that is no number", L"radiusStart='INF' radiusEnd='200' length='x'", L"0.000000"},
+        ParameterCase{L"equal radii and no length", L"radiusStart='200' radiusEnd='200' length='0'", L"nan."}));
+
+TEST(FViewCoordGeom, ASpiralFromAStraightKeepsInfAndGetsItsParameter)
+{
+    EXPECT_EQ(
+        Written<FViewCoordGeom>(L"<CoordGeom><Spiral radiusStart='INF' radiusEnd='200' length='50'/></CoordGeom>"),
+        L"<CoordGeom><Spiral radiusStart=\"INF\" radiusEnd=\"200.00000000\" length=\"50\">"
+        L"<Feature><Property label=\"A\" value=\"100.000000\"/></Feature></Spiral></CoordGeom>");
+}
+
+TEST(FViewCoordGeom, AGivenParameterIsKept)
+{
+    const std::wstring spiral =
+        L"<Spiral radiusStart=\"INF\" radiusEnd=\"200.00000000\" length=\"50\"><Feature name=\"f\">"
+        L"<Property label=\"A\" value=\"7\"/></Feature></Spiral>";
+    EXPECT_EQ(Written<FViewCoordGeom>(L"<CoordGeom>" + spiral + L"</CoordGeom>"),
+              L"<CoordGeom>" + spiral + L"</CoordGeom>");
+}
+
+TEST(FViewCoordGeom, TheParameterJoinsTheFirstFeature)
+{
+    EXPECT_EQ(
+        Written<FViewCoordGeom>(L"<CoordGeom><Spiral radiusStart='0' radiusEnd='200' length='50'><Feature name='f'>"
+                                L"<Property label='b' value='1'/></Feature><Feature/></Spiral></CoordGeom>"),
+        L"<CoordGeom><Spiral radiusStart=\"0.00000000\" radiusEnd=\"200.00000000\" length=\"50\"><Feature name=\"f\">"
+        L"<Property label=\"b\" value=\"1\"/><Property label=\"A\" value=\"100.000000\"/></Feature><Feature/></Spiral>"
+        L"</CoordGeom>");
+}
+
+TEST(FViewCoordGeom, AFinishedElementReadAgainIsUnchanged)
+{
+    const std::wstring finished =
+        Written<FViewCoordGeom>(L"<CoordGeom><Line><Start/><End/></Line><Spiral radiusStart='INF' radiusEnd='200' "
+                                L"length='50'><Start/><PI/><End/></Spiral>"
+                                L"<Curve radius='200'><Start/><End/></Curve><Line><Start/><End/></Line></CoordGeom>");
+    EXPECT_EQ(Written<FViewCoordGeom>(finished), finished);
+}
+
+TEST(FViewCoordGeom, ClearEmptiesElementsAndGroups)
+{
+    FViewCoordGeomElement element;
+    element.type = FViewCoordGeomElement::SPIRAL;
+    element.startName = element.endName = element.piName = L"x";
+    element.Clear();
+    EXPECT_EQ(element.type, -1);
+    EXPECT_EQ(element.startName + element.endName + element.piName, L"");
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,139 @@
+#include "model/FViewProfile.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+TEST(FViewProfile, AMarkedProfAlignBecomesAGroundLine)
+{
+    XmlText xml(L"<Profile><ProfAlign name='計画'><PVI>10 1</PVI></ProfAlign>"
+                L"<ProfAlign name='ProfSurf_現況'><PVI>0 1</PVI><ParaCurve>5 5</ParaCurve><PVI>20 "
+                L"2</PVI></ProfAlign></Profile>");
+    FViewProfile profile;
+    profile.ReadElement(xml.Root());
+    EXPECT_EQ(profile.profAlignName, L"計画");
+    EXPECT_EQ(profile.staStart, 10.0);
+    ASSERT_EQ(profile.profSurfs.size(), 1U);
+    EXPECT_EQ(profile.profSurfs[0].name, L"現況");
+    EXPECT_EQ(profile.profSurfs[0].pntList2D.points, (PiCmList<PiGmPoint>{{0, 1}, {20, 2}}));
+    EXPECT_EQ(xml.Text(), L"<Profile><ProfAlign name=\"計画\"><PVI>10 1</PVI></ProfAlign></Profile>");
+    profile.WriteElement(xml.Root());
+    EXPECT_EQ(xml.Text(), L"<Profile staStart=\"10.\"><ProfAlign name=\"計画\"><PVI>10 1</PVI></ProfAlign>"
+                          L"<ProfSurf name=\"現況\"><PntList2D>0. 1. 20. 2.</PntList2D></ProfSurf></Profile>");
+}
+
+TEST(FViewProfile, TheMarkMayStandAnywhereAndEveryOneGoes)
+{
+    const auto profile =
+        Read<FViewProfile>(L"<Profile><ProfAlign name='A_ProfSurf_B'/><ProfAlign name='ProfSurf_ProfSurf_C'/>"
+                           L"<ProfAlign name='profsurf_D'/></Profile>");
+    ASSERT_EQ(profile.profSurfs.size(), 2U);
+    EXPECT_EQ(profile.profSurfs[0].name, L"A_B");
+    EXPECT_EQ(profile.profSurfs[1].name, L"C");
+    EXPECT_EQ(profile.profAlignName, L"profsurf_D");
+}
+
+struct ChoiceCase
+{
+    const wchar_t* rule;
+    const wchar_t* xml;
+    const wchar_t* name;
+    double staStart;
+};
+
+class DesignProfile : public testing::TestWithParam<ChoiceCase>
+{};
+
+TEST_P(DesignProfile, IsTheOneThatStartsFirst)
+{
+    const auto profile = Read<FViewProfile>(GetParam().xml);
+    EXPECT_EQ(profile.profAlignName, GetParam().name) << testing::PrintToString(GetParam().rule);
+    EXPECT_EQ(profile.staStart, GetParam().staStart) << testing::PrintToString(GetParam().rule);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewProfile, DesignProfile,
+    testing::Values(
+        ChoiceCase{L"the second starts before the first",
+                   L"<Profile><ProfAlign name='a'><PVI>100 1</PVI></ProfAlign><ProfAlign name='b'><PVI>50 "
+                   L"1</PVI></ProfAlign></Profile>",
+                   L"b", 50},
+        ChoiceCase{L"of equal ones the first stays",
+                   L"<Profile><ProfAlign name='a'><PVI>50 1</PVI></ProfAlign><ProfAlign name='b'><PVI>50 "
+                   L"1</PVI></ProfAlign></Profile>",
+                   L"a", 50},
+        ChoiceCase{L"a first one without a start leaves the choice open",
+                   L"<Profile><ProfAlign name='a'/><ProfAlign name='b'><PVI>50 1</PVI></ProfAlign></Profile>", L"b",
+                   50},
+        ChoiceCase{L"one without a start behind another isn't taken unless that starts above nothing",
+                   L"<Profile><ProfAlign name='a'><PVI>0 1</PVI></ProfAlign><ProfAlign name='b'/></Profile>", L"a", 0},
+        ChoiceCase{L"one without a start counts as a tiny positive number",
+                   L"<Profile><ProfAlign name='a'><PVI>50 1</PVI></ProfAlign><ProfAlign name='b'/></Profile>", L"b",
+                   UNSET_DOUBLE},
+        ChoiceCase{L"the attribute bars what starts at or behind it",
+                   L"<Profile staStart='0'><ProfAlign name='a'><PVI>0 1</PVI></ProfAlign></Profile>", L"", 0},
+        ChoiceCase{L"before the attribute's station it is chosen",
+                   L"<Profile staStart='10'><ProfAlign name='a'><PVI>5 1</PVI></ProfAlign></Profile>", L"a", 5},
+        ChoiceCase{L"an attribute that is no number is 0",
+                   L"<Profile staStart='x'><ProfAlign name='a'><PVI>5 1</PVI></ProfAlign></Profile>", L"", 0},
+        ChoiceCase{L"a vertical curve before the first point",
+                   L"<Profile><ProfAlign name='a'><PVI>50 1</PVI><ParaCurve>40 1</ParaCurve></ProfAlign></Profile>",
+                   L"a", 40},
+        ChoiceCase{L"a point before the first vertical curve",
+                   L"<Profile><ProfAlign name='a'><ParaCurve>40 1</ParaCurve><PVI>30 1</PVI></ProfAlign></Profile>",
+                   L"a", 30},
+        ChoiceCase{L"a vertical curve alone",
+                   L"<Profile><ProfAlign name='a'><ParaCurve>40 1</ParaCurve></ProfAlign></Profile>", L"a", 40},
+        ChoiceCase{L"a point that isn't two numbers gives no start",
+                   L"<Profile><ProfAlign name='a'><PVI>1 2 3</PVI></ProfAlign></Profile>", L"a", UNSET_DOUBLE},
+        ChoiceCase{L"only the first point counts",
+                   L"<Profile><ProfAlign name='a'><PVI>60 2</PVI><PVI>1 2</PVI></ProfAlign></Profile>", L"a", 60},
+        ChoiceCase{L"names of elements count in their case",
+                   L"<Profile><profalign name='x'><PVI>1 2</PVI></profalign><ProfAlign name='a'><pvi>1 2</pvi><PVI>7 "
+                   L"2</PVI></ProfAlign>"
+                   L"</Profile>",
+                   L"a", 7},
+        ChoiceCase{L"no design", L"<Profile/>", L"", UNSET_DOUBLE}));
+
+TEST(FViewProfile, RealGroundLinesFollowTheConvertedOnes)
+{
+    EXPECT_EQ(Written<FViewProfile>(L"<Profile><ProfSurf name='real'><PntList2D>1 2</PntList2D></ProfSurf>"
+                                    L"<ProfAlign name='ProfSurf_a'><PVI>3 4</PVI></ProfAlign><x/></Profile>"),
+              L"<Profile><x/><ProfSurf name=\"a\"><PntList2D>3. 4.</PntList2D></ProfSurf>"
+              L"<ProfSurf name=\"real\"><PntList2D>1. 2.</PntList2D></ProfSurf></Profile>");
+}
+
+TEST(FViewProfile, AGroundLineWithoutPointsDisappears)
+{
+    EXPECT_EQ(
+        Written<FViewProfile>(L"<Profile><ProfSurf name='a'><PntList2D/></ProfSurf><ProfSurf name='b'/></Profile>"),
+        L"<Profile/>");
+}
+
+TEST(FViewProfile, APointThatIsNotTwoNumbersIsWrittenAsTwoPoints)
+{
+    EXPECT_EQ(Written<FViewProfile>(L"<Profile><ProfAlign name='ProfSurf_a'><PVI>1 2 3</PVI></ProfAlign></Profile>"),
+              L"<Profile><ProfSurf name=\"a\"><PntList2D>. .</PntList2D></ProfSurf></Profile>");
+}
+
+TEST(FViewProfile, TheStartIsWrittenWithFourDecimals)
+{
+    EXPECT_EQ(Written<FViewProfile>(L"<Profile staStart='12.34567'/>"), L"<Profile staStart=\"12.3457\"/>");
+    EXPECT_EQ(Written<FViewProfile>(L"<Profile/>"), L"<Profile/>");
+}
+
+TEST(FViewProfile, AFinishedElementReadAgainGivesTheSameGroundLines)
+{
+    const std::wstring finished = Written<FViewProfile>(
+        L"<Profile><ProfAlign name='計画'><PVI>0 1</PVI></ProfAlign><ProfAlign name='ProfSurf_現況'>"
+        L"<PVI>0.1 1</PVI><PVI>20 2.5</PVI></ProfAlign></Profile>");
+    EXPECT_EQ(Written<FViewProfile>(finished), finished);
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,133 @@
+#include "model/FViewSuperelevation.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+struct SuperelevationCase
+{
+    const wchar_t* rule;
+    const wchar_t* in;
+    const wchar_t* out;
+};
+
+class Superelevation : public testing::TestWithParam<SuperelevationCase>
+{};
+
+TEST_P(Superelevation, IsEditedInPlace)
+{
+    EXPECT_EQ(Written<FViewSuperelevation>(std::wstring(L"<Superelevation") + GetParam().in + L"</Superelevation>"),
+              std::wstring(L"<Superelevation") + GetParam().out + L"</Superelevation>")
+        << testing::PrintToString(GetParam().rule);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewSuperelevation, Superelevation,
+    testing::Values(
+        SuperelevationCase{
+            L"full superelevation gives both attributes",
+            L"><FullSuperSta>150.5</FullSuperSta><RunoffSta>270</RunoffSta>",
+            L" staStart=\"150.5\" staEnd=\"270.\"><FullSuperSta>150.5</FullSuperSta><RunoffSta>270</RunoffSta>"},
+        SuperelevationCase{L"what is no number gives 0", L"><FullSuperSta>abc</FullSuperSta>",
+                           L" staStart=\"0.\"><FullSuperSta>abc</FullSuperSta>"},
+        SuperelevationCase{L"unset stations leave the attributes", L" STASTART='7' staEnd='8'><x/>",
+                           L" STASTART=\"7\" staEnd=\"8\"><x/>"},
+        SuperelevationCase{L"an attribute in another case gets the value",
+                           L" STASTART='7'><FullSuperSta>1</FullSuperSta>",
+                           L" STASTART=\"1.\"><FullSuperSta>1</FullSuperSta>"},
+        SuperelevationCase{L"a one-sided run-out moves one place",
+                           L"><BeginRunoffSta>10</BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>",
+                           L"><StartofRunoutSta>10.</StartofRunoutSta><EndofRunoutSta>20.</"
+                           L"EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{
+            L"a begin on both sides stays", L"><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>",
+            L"><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{
+            L"an end on both sides stays", L"><StartofRunoutSta>1</StartofRunoutSta><EndofRunoutSta>2</EndofRunoutSta>",
+            L"><StartofRunoutSta>1</StartofRunoutSta><EndofRunoutSta>2</EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"the adverse flag goes without a run-out",
+                           L"><AdverseSE>adverse</AdverseSE><FullSuperSta>1</FullSuperSta>",
+                           L" staStart=\"1.\"><FullSuperSta>1</FullSuperSta>"},
+        SuperelevationCase{
+            L"the adverse flag goes behind the others",
+            L"><AdverseSE>non-adverse</AdverseSE><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>",
+            L"><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta><AdverseSE>non-adverse</AdverseSE>"},
+        SuperelevationCase{L"a run-out of three is no repair",
+                           L"><BeginRunoutSta>0</BeginRunoutSta><BeginRunoffSta>10</"
+                           L"BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>",
+                           L"><BeginRunoutSta>0</BeginRunoutSta><BeginRunoffSta>10</"
+                           L"BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>"
+                           L"<AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"only stations of the reversed crown are rewritten",
+                           L"><Feature name='ReverseCrown'><Property label='sta' value='9.50'/><Property label='x' "
+                           L"value='1'/></Feature><y/>",
+                           L"><y/><Feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"9.50\"/></Feature>"},
+        SuperelevationCase{
+            L"reversed before flat, whatever the input's order",
+            L"><Feature name='FlatSta'><Property label='sta' value='1'/></Feature><Feature name='ReverseCrown'>"
+            L"<Property label='sta' value='2'/><Property label='sta' value='2'/></Feature>",
+            L"><Feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"2\"/><Property label=\"sta\" "
+            L"value=\"2\"/></Feature>"
+            L"<Feature name=\"FlatSta\"><Property label=\"sta\" value=\"1\"/></Feature>"},
+        SuperelevationCase{
+            L"a second feature of the name is added to",
+            L"><Feature name='ReverseCrown'><Property label='sta' value='1'/></Feature><Feature name='ReverseCrown'>"
+            L"<Property label='sta' value='2'/></Feature>",
+            L"><Feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"2\"/><Property label=\"sta\" "
+            L"value=\"2\"/></Feature>"},
+        SuperelevationCase{L"an empty feature goes", L"><Feature name='FlatSta'/><x/>", L"><x/>"},
+        SuperelevationCase{L"other features stay",
+                           L"><Feature name='Other'><Property label='sta' value='1'/></Feature>",
+                           L"><Feature name=\"Other\"><Property label=\"sta\" value=\"1\"/></Feature>"}));
+
+TEST(FViewSuperelevation, WithoutChildrenAllIsUnsetAndNothingIsAdded)
+{
+    const auto superelevation = Read<FViewSuperelevation>(L"<Superelevation staStart='5'/>");
+    for (const double station :
+         {superelevation.beginRunoutSta, superelevation.endofRunoutSta, superelevation.fullSuperSta,
+          superelevation.runoffSta, superelevation.beginRunoffSta, superelevation.startofRunoutSta})
+    {
+        EXPECT_EQ(station, UNSET_DOUBLE);
+    }
+    EXPECT_TRUE(superelevation.adverse);
+    EXPECT_EQ(Written<FViewSuperelevation>(L"<Superelevation/>"), L"<Superelevation/>");
+}
+
+TEST(FViewSuperelevation, TheFirstChildOfANameCountsInAnyCaseAndOrder)
+{
+    const auto superelevation = Read<FViewSuperelevation>(
+        L"<Superelevation><runoffsta>1</runoffsta><RunoffSta>2</RunoffSta><AdverseSE>non-adverse</AdverseSE>"
+        L"<BeginRunoutSta>3</BeginRunoutSta></Superelevation>");
+    EXPECT_EQ(superelevation.runoffSta, 1.0);
+    EXPECT_EQ(superelevation.beginRunoutSta, 3.0);
+    EXPECT_FALSE(superelevation.adverse);
+}
+
+TEST(FViewSuperelevation, ALaterFeatureReplacesAnEarlierOne)
+{
+    const auto superelevation = Read<FViewSuperelevation>(
+        L"<Superelevation><Feature name='FlatSta'><Property label='sta' value='1'/></Feature>"
+        L"<Feature name='FlatSta'><Property label='sta' value=''/><Property label='Sta' value='3'/></Feature>"
+        L"</Superelevation>");
+    EXPECT_EQ(superelevation.flatStations, PiCmCopyList<WcStString>{L""});
+}
+
+TEST(FViewSuperelevation, TheFieldsDoNotChangeByTheRepair)
+{
+    XmlText xml(
+        L"<Superelevation><BeginRunoffSta>10</BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta></Superelevation>");
+    FViewSuperelevation superelevation;
+    superelevation.ReadElement(xml.Root());
+    superelevation.WriteElement(xml.Root());
+    EXPECT_EQ(superelevation.beginRunoffSta, 10.0);
+    EXPECT_EQ(superelevation.startofRunoutSta, 20.0);
+    EXPECT_EQ(superelevation.endofRunoutSta, UNSET_DOUBLE);
+}
+
+} // namespace
+} // namespace jlandxml

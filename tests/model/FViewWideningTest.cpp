@@ -1,0 +1,82 @@
+#include "model/FViewWidening.h"
+
+#include "model/UnsetDouble.h"
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+struct WideningCase
+{
+    const wchar_t* text;
+    double station;
+    double width;
+    const wchar_t* code;
+    const wchar_t* formatted;
+};
+
+class WideningText : public testing::TestWithParam<WideningCase>
+{};
+
+TEST_P(WideningText, IsReadAndFormatted)
+{
+    FViewWidening widening;
+    EXPECT_TRUE(ParseWideningText(GetParam().text, widening.station, widening.width, widening.code));
+    EXPECT_EQ(widening.station, GetParam().station);
+    EXPECT_EQ(widening.width, GetParam().width);
+    EXPECT_EQ(widening.code, GetParam().code);
+    EXPECT_EQ(FormatWideningText(widening), GetParam().formatted);
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewWidening, WideningText,
+                         testing::Values(WideningCase{L"100 3.5", 100, 3.5, L"", L"100. 3.5"},
+                                         WideningCase{L"100 3.5 2", 100, 3.5, L"2", L"100. 3.5 2"},
+                                         WideningCase{L"100 3.5 7", 100, 3.5, L"7", L"100. 3.5 0"},
+                                         WideningCase{L"100 3.5 2 x", 100, 3.5, L"2 x", L"100. 3.5 2 x"},
+                                         WideningCase{L"abc 3.5", 0, 3.5, L"", L"0. 3.5"},
+                                         WideningCase{L"12.3456789 0.00004", 12.3456789, 0.00004, L"", L"12.345679 0."},
+                                         WideningCase{L"100  3.5", 100, 0, L"3.5", L"100. 0. 3.5"},
+                                         WideningCase{L"100 3.5 ", 100, 3.5, L"", L"100. 3.5"},
+                                         WideningCase{L" 3.5", 0, 3.5, L"", L"0. 3.5"},
+                                         WideningCase{L"\t100\t 3.5\n -1", 100, 3.5, L"-1", L"100. 3.5 0"},
+                                         WideningCase{L"100 3.5 x", 100, 3.5, L"x", L"100. 3.5 x"},
+                                         WideningCase{L"100 3.5 4", 100, 3.5, L"4", L"100. 3.5 4"},
+                                         WideningCase{L"100 3.5 5", 100, 3.5, L"5", L"100. 3.5 0"}));
+
+TEST(FViewWidening, ATextWithoutABlankChangesNothing)
+{
+    double station = 1.0;
+    double width = 2.0;
+    std::wstring code = L"3";
+    EXPECT_FALSE(ParseWideningText(L"100", station, width, code));
+    EXPECT_FALSE(ParseWideningText(L"", station, width, code));
+    EXPECT_EQ(station, 1.0);
+    EXPECT_EQ(width, 2.0);
+    EXPECT_EQ(code, L"3");
+}
+
+TEST(FViewWidening, UnsetNumbersAreFormattedAsPoints)
+{
+    FViewWidening widening;
+    widening.station = UNSET_DOUBLE;
+    widening.width = UNSET_DOUBLE;
+    EXPECT_EQ(FormatWideningText(widening), L". .");
+}
+
+TEST(FViewWidening, ClearMeansZeroNotUnset)
+{
+    FViewWidening widening;
+    widening.station = 1.0;
+    widening.code = L"2";
+    widening.Clear();
+    EXPECT_EQ(widening.station, 0.0);
+    EXPECT_EQ(widening.width, 0.0);
+    EXPECT_EQ(widening.code, L"");
+}
+
+} // namespace
+} // namespace jlandxml
