@@ -9,6 +9,7 @@
 #include "run/ConversionContext.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
+#include "run/LoadSideFiles.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -41,7 +42,8 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION);
     app.set_help_flag("--help", "この説明を表示します");
     app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required();
-    CLI::Option* const routesOption = app.add_option("-n,--routes", routes, "路線数");
+    CLI::Option* const routesOption =
+        app.add_option("-n,--routes", routes, "路線数（既定値: サイドファイルのある最大の番号）");
     app.add_option("-s,--settings", settings, "設定ファイル（JSON、UTF-8）");
     app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）")->required();
 
@@ -97,6 +99,7 @@ void Convert(const CommandLineOptions& options)
     try
     {
         LoadRun(options.workFolder + L"/Landxml_temp.xml");
+        LoadSideFiles(options.workFolder, options.routes ? *options.routes : CountRoutes(options.workFolder));
         Apply(settings, GetConversionContext().model);
         ExportRun(options.outputFile);
     }

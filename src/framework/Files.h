@@ -5,12 +5,16 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace jlandxml
 {
 
 /// True if a file or folder of that name exists.
 bool PathExists(const std::wstring& path);
+
+/// The names of what a folder holds, in no order; none if it can't be read.
+std::vector<std::wstring> FileNames(const std::wstring& folder);
 
 /// The whole content of a file; nothing if it can't be opened or read.
 std::optional<std::string> ReadWholeFile(const std::wstring& path);

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -97,6 +98,17 @@ bool PathExists(const std::wstring& path)
     struct stat status
     {};
     return ::stat(Utf8FromWide(path).c_str(), &status) == 0;
+}
+
+std::vector<std::wstring> FileNames(const std::wstring& folder)
+{
+    std::vector<std::wstring> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(Utf8FromWide(folder).c_str()), ::closedir);
+    while (const dirent* const entry = stream ? ::readdir(stream.get()) : nullptr)
+    {
+        names.push_back(WideFromUtf8(entry->d_name));
+    }
+    return names;
 }
 
 FileHandle OpenForReading(const std::wstring& path)

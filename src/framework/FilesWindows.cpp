@@ -36,6 +36,22 @@ bool PathExists(const std::wstring& path)
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+std::vector<std::wstring> FileNames(const std::wstring& folder)
+{
+    std::vector<std::wstring> names;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
+    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found) != 0)
+    {
+        names.emplace_back(found.cFileName);
+    }
+    if (search != INVALID_HANDLE_VALUE)
+    {
+        FindClose(search);
+    }
+    return names;
+}
+
 FileHandle OpenForReading(const std::wstring& path)
 {
     return FileHandle(_wfopen(path.c_str(), L"rbN"));

@@ -28,6 +28,9 @@ constexpr const wchar_t* SUPERELEVATION_CONFIG = L"SuperelevationConfig";
 constexpr const wchar_t* SLOPE_LIST = L"SlopeList";
 constexpr const wchar_t* WIDENING_LIST = L"WideningList";
 
+constexpr const wchar_t* CROSS_SECTS = L"CrossSects";
+constexpr const wchar_t* PROF_ALIGN_REFS = L"profAlignRefs";
+
 constexpr const wchar_t* METHOD = L"method";
 constexpr const wchar_t* MAIN = L"main";
 constexpr const wchar_t* SUB = L"sub";
@@ -178,10 +181,20 @@ void FViewAlignment::Clear()
     superelevations.clear();
     slopeList.clear();
     coordGeom.Clear();
+    crossSects.clear();
     profile.Clear();
     staEquations.clear();
     widthLeftValue.clear();
     widthRightValue.clear();
+}
+
+void FViewAlignment::SetOutputVersion(std::int32_t newVersion)
+{
+    version = newVersion;
+    for (FViewCrossSects& sections : crossSects)
+    {
+        sections.SetOutputVersion(newVersion);
+    }
 }
 
 bool FViewAlignment::ReadElement(const WcXmNode& node)
@@ -204,6 +217,7 @@ bool FViewAlignment::ReadElement(const WcXmNode& node)
     ReadFirstChild(node, coordGeom);
     ReadChildren<FViewStaEquation>(node, staEquations);
     SortStaEquations(staEquations);
+    ReadChildren<FViewCrossSects>(node, crossSects);
     ReadFirstChild(node, profile);
     ReadChildren<FViewSuperelevation>(node, superelevations);
     return true;
@@ -282,8 +296,8 @@ bool FViewAlignment::WriteElement(const WcXmNode& node)
     {
         RemoveFirstFeature(node, feature);
     }
-    return WriteDesignFeatures(node) && WriteFirstChild(node, coordGeom) && WriteFirstChild(node, profile) &&
-           WriteSuperelevations(node);
+    return WriteDesignFeatures(node) && WriteFirstChild(node, coordGeom) && WriteCrossSects(node) &&
+           WriteFirstChild(node, profile) && WriteSuperelevations(node);
 }
 
 bool FViewAlignment::WriteDesignFeatures(const WcXmNode& node) const
@@ -343,6 +357,38 @@ void FViewAlignment::BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) c
         }
     }
     add(std::move(widenings));
+}
+
+bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
+{
+    if (crossSects.empty())
+    {
+        return true;
+    }
+    auto entry = crossSects.begin();
+    const bool written = ForEachChild(node, CROSS_SECTS, [&](const WcXmNode& child) {
+        if (entry == crossSects.end())
+        {
+            return true;
+        }
+        FViewCrossSects& sections = *entry++;
+        return sections.WriteElement(child) && (sections.crossSects.empty() || WriteProfileReference(child));
+    });
+    // An element whose cross sections are all gone goes too.
+    return written && ForEachChild(node, CROSS_SECTS, [&](const WcXmNode& child) {
+               if (!child.HasChild())
+               {
+                   node.RemoveChild(child.appNode);
+               }
+           });
+}
+
+/// Cross sections refer to the design profile by its name.
+bool FViewAlignment::WriteProfileReference(const WcXmNode& node) const
+{
+    FViewFeature feature;
+    feature.properties.emplace_back(PROF_ALIGN_REFS, profile.profAlignName);
+    return feature.WriteElement(node);
 }
 
 bool FViewAlignment::WriteSuperelevations(const WcXmNode& node)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/FViewCoordGeom.h"
+#include "model/FViewCrossSects.h"
 #include "model/FViewFeature.h"
 #include "model/FViewLandXMLBase.h"
 #include "model/FViewProfile.h"
@@ -43,6 +44,8 @@ class FViewAlignment final : public FViewLandXMLBase
     /// a child fails.
     bool WriteElement(const WcXmNode& node) override;
 
+    void SetOutputVersion(std::int32_t newVersion) override;
+
     /// The design values as the standard asks for them, without those that hold nothing.
     void BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) const;
 
@@ -61,6 +64,7 @@ class FViewAlignment final : public FViewLandXMLBase
     PiCmCopyList<FViewSuperelevation> superelevations;
     PiCmCopyList<FViewSlopeValue> slopeList;
     FViewCoordGeom coordGeom;
+    PiCmCopyList<FViewCrossSects> crossSects;
     FViewProfile profile;
     FViewStaEquationArray staEquations;
     PiCmCopyList<FViewWidening> widthLeftValue;
@@ -70,6 +74,8 @@ class FViewAlignment final : public FViewLandXMLBase
     void ReadDesc(std::wstring_view desc);
     void ReadDesignFeature(const FViewFeature& feature);
     bool WriteDesignFeatures(const WcXmNode& node) const;
+    bool WriteCrossSects(const WcXmNode& node);
+    bool WriteProfileReference(const WcXmNode& node) const;
     bool WriteSuperelevations(const WcXmNode& node);
 };
 

@@ -1,5 +1,10 @@
 #include "model/FViewLandXML.h"
 
+#include "model/OutputVersion.h"
+
+#include <algorithm>
+#include <iterator>
+
 namespace jlandxml
 {
 
@@ -10,6 +15,45 @@ constexpr const wchar_t* CG_POINTS = L"CgPoints";
 
 /// What a coordinate system that the input lacks is put in front of; the first one that stands there serves.
 constexpr const wchar_t* AFTER_COORDINATE_SYSTEM[] = {CG_POINTS, L"Alignments", L"Surfaces"};
+
+/// What groups of points are put in front of; the first one that stands there serves.
+constexpr const wchar_t* AFTER_POINT_GROUPS[] = {L"Alignments", L"Surfaces"};
+
+/// Writes a group into a new element in front of the first reference that takes it.
+template <class Group>
+bool PlaceBefore(const WcXmNode& node, Group& group)
+{
+    return std::any_of(std::begin(AFTER_POINT_GROUPS), std::end(AFTER_POINT_GROUPS), [&](const wchar_t* reference) {
+        WcXmNode element = node;
+        return node.InsertElementBefore(reference, CG_POINTS, &element) && group.WriteElement(element);
+    });
+}
+
+/// Places the groups that have points. Without a reference they stand at the end, but once one has found its place,
+/// those that don't are dropped. False if one can't be written.
+template <class Groups>
+bool PlaceGroups(const WcXmNode& node, Groups& groups)
+{
+    bool placedBefore = false;
+    for (auto& group : groups)
+    {
+        if (group.points.empty())
+        {
+            continue;
+        }
+        if (PlaceBefore(node, group))
+        {
+            placedBefore = true;
+            continue;
+        }
+        WcXmNode element = node;
+        if (!placedBefore && !(node.AppendChildElement(CG_POINTS, &element) && group.WriteElement(element)))
+        {
+            return false;
+        }
+    }
+    return true;
+}
 
 void RemovePointGroups(const WcXmNode& node)
 {
@@ -32,7 +76,10 @@ void FViewLandXML::Clear()
 {
     project.Clear();
     coordinateSystem.Clear();
+    intermediatePoints.clear();
+    widthStakePoints.clear();
     alignments.clear();
+    surfaces.clear();
 }
 
 void FViewLandXML::SetOutputVersion(std::int32_t newVersion)
@@ -54,6 +101,7 @@ bool FViewLandXML::ReadElement(const WcXmNode& node)
     RemovePointGroups(node);
     ReadChildren<FViewAlignments>(node, alignments);
     TakeProjectDataOfFirstAlignment();
+    ReadChildren<FViewSurfaces>(node, surfaces);
     return true;
 }
 
@@ -79,12 +127,78 @@ void FViewLandXML::TakeProjectDataOfFirstAlignment()
 
 bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
+    LinkCrossSections();
     if (!WriteProject(node))
     {
         return false;
     }
     WritePressureUnit(node);
-    return WriteChildren(node, alignments) && WriteCoordinateSystem(node);
+    if (!WriteChildren(node, alignments) || !WriteIntermediatePoints(node) || !WriteWidthStakes(node) ||
+        !WriteCoordinateSystem(node))
+    {
+        return false;
+    }
+    WriteSurfaces(node);
+    return true;
+}
+
+void FViewLandXML::LinkCrossSections()
+{
+    surfaces.IndexNames();
+    for (FViewAlignments& route : alignments)
+    {
+        for (FViewAlignment& alignment : route.alignments)
+        {
+            for (FViewCrossSects& sections : alignment.crossSects)
+            {
+                for (FViewCrossSect& section : sections.crossSects)
+                {
+                    section.surfacesList = &surfaces;
+                }
+            }
+        }
+    }
+}
+
+bool FViewLandXML::WriteIntermediatePoints(const WcXmNode& node)
+{
+    // A second export over the same tree would place the points again.
+    WcXmNode standing = node;
+    if (!intermediatePoints.empty() && standing.SelectFirstChild(CG_POINTS))
+    {
+        return false;
+    }
+    return PlaceGroups(node, intermediatePoints);
+}
+
+bool FViewLandXML::WriteWidthStakes(const WcXmNode& node)
+{
+    // Earlier versions of the standard know no width stakes.
+    if (project.version < VERSION_1_6)
+    {
+        return true;
+    }
+    FViewCgPointsWidthStakeList numbered = widthStakePoints;
+    numbered.Number();
+    return PlaceGroups(node, numbered);
+}
+
+void FViewLandXML::WriteSurfaces(const WcXmNode& node) const
+{
+    auto set = surfaces.begin();
+    ForEachChild(node, FViewSurfaces().GetElementName(), [&](const WcXmNode& child) {
+        if (set == surfaces.end())
+        {
+            return false;
+        }
+        FViewSurfaces::StripAlignmentNote(child);
+        if (version >= VERSION_1_4 && version <= VERSION_1_7)
+        {
+            set->WriteAlignmentRefs(child);
+        }
+        ++set;
+        return true;
+    });
 }
 
 bool FViewLandXML::WriteProject(const WcXmNode& node)

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "model/FViewAlignments.h"
+#include "model/FViewCgPoints.h"
 #include "model/FViewCoordinateSystem.h"
 #include "model/FViewProject.h"
+#include "model/FViewSurfaces.h"
 
 namespace jlandxml
 {
@@ -12,6 +14,7 @@ namespace jlandxml
 class FViewLandXML final : public FViewLandXMLBase
 {
   public:
+    /// Back to an empty model; only the output table of the surfaces keeps its rows.
     void Clear() override;
     const wchar_t* GetElementName() const override { return L"LandXML"; }
 
@@ -26,12 +29,19 @@ class FViewLandXML final : public FViewLandXMLBase
 
     FViewProject project;
     FViewCoordinateSystem coordinateSystem;
+    FViewCgPointsIntermediateList intermediatePoints; ///< from side files alone
+    FViewCgPointsWidthStakeList widthStakePoints;     ///< from side files alone
     FViewAlignmentsList alignments;
+    FViewSurfacesList surfaces;
 
   private:
     void TakeProjectDataOfFirstAlignment();
     bool WriteProject(const WcXmNode& node);
+    void LinkCrossSections();
+    bool WriteIntermediatePoints(const WcXmNode& node);
+    bool WriteWidthStakes(const WcXmNode& node);
     bool WriteCoordinateSystem(const WcXmNode& node);
+    void WriteSurfaces(const WcXmNode& node) const;
 };
 
 } // namespace jlandxml

@@ -2,7 +2,9 @@
 
 #include "framework/Exceptions.h"
 #include "framework/Window.h"
+#include "run/ConversionContext.h"
 #include "run/LoadRun.h"
+#include "run/LoadSideFiles.h"
 
 #include <string>
 
@@ -11,20 +13,19 @@ namespace jlandxml
 
 namespace
 {
-
 constexpr const wchar_t* WORK_FILE = L"/Landxml_temp.xml";
-
-} // namespace
+}
 
 } // namespace jlandxml
 
-void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t /*routeCount*/)
+void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t routeCount)
 {
     using namespace jlandxml;
     try
     {
         const std::wstring folder(workFolder);
         LoadRun(folder + WORK_FILE);
+        LoadSideFiles(folder, routeCount);
     }
     catch (const CException& exception)
     {

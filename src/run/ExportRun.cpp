@@ -21,6 +21,8 @@ void ExportRun(const std::wstring& path)
     RunStage<JLandXMLExportException>(RUN_STAGE_TEXTS, [&] {
         ConversionContext& context = GetConversionContext();
         context.model.SetOutputVersion(OutputVersionOf(context.model.project.applicationCriterion));
+        context.model.intermediatePoints.Number();
+        context.model.widthStakePoints.Number();
         if (context.model.WriteElement(WcXmNode(context.document)))
         {
             context.fileWritten = FinishOutputFile(path, context);

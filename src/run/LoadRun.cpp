@@ -27,6 +27,7 @@ void LoadRun(const std::wstring& path)
         context.fileWritten = false;
         ReadModel(context, path);
         context.loadedModel = context.model;
+        context.model.surfaces.FillOutPutCSS();
     });
 }
 

@@ -28,6 +28,11 @@ pugi::xml_node FindChildIgnoreCase(const pugi::xml_node& node, std::wstring_view
     return node.find_child([&](const pugi::xml_node& child) { return EqualsIgnoreCase(child.name(), name); });
 }
 
+pugi::xml_attribute FindAttributeNode(const pugi::xml_node& node, std::wstring_view name)
+{
+    return node.find_attribute([&](const pugi::xml_attribute& one) { return EqualsIgnoreCase(one.name(), name); });
+}
+
 /// The parser destroys a subtree by recursion. Taken off leaf by leaf, a deep one needs no more stack than a flat one.
 void RemoveLeafByLeaf(const pugi::xml_node& top)
 {
@@ -131,6 +136,12 @@ std::optional<std::wstring_view> WcXmNode::FindAttribute(std::wstring_view name)
     return std::nullopt;
 }
 
+std::optional<std::wstring_view> WcXmNode::FindAttributeIgnoreCase(std::wstring_view name) const
+{
+    const pugi::xml_attribute attribute = FindAttributeNode(appNode.node, name);
+    return attribute ? std::optional<std::wstring_view>(attribute.value()) : std::nullopt;
+}
+
 std::wstring_view WcXmNode::GetTextContent() const
 {
     return TextNodeOf(appNode.node).value();
@@ -139,8 +150,7 @@ std::wstring_view WcXmNode::GetTextContent() const
 bool WcXmNode::SetAttribute(const wchar_t* name, std::wstring_view value) const
 {
     pugi::xml_node node = appNode.node;
-    pugi::xml_attribute attribute =
-        node.find_attribute([&](const pugi::xml_attribute& one) { return EqualsIgnoreCase(one.name(), name); });
+    pugi::xml_attribute attribute = FindAttributeNode(node, name);
     if (!attribute)
     {
         attribute = node.append_attribute(name);

@@ -52,6 +52,9 @@ class WcXmNode
     /// Nothing if there is none.
     std::optional<std::wstring_view> FindAttribute(std::wstring_view name) const;
 
+    /// The value of the first attribute of that name, ignoring case. Nothing if there is none.
+    std::optional<std::wstring_view> FindAttributeIgnoreCase(std::wstring_view name) const;
+
     /// The value of a text node, or of the first text child of an element; empty if there is none.
     std::wstring_view GetTextContent() const;
 

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "model/FViewFeature.h"
+#include "model/FViewLandXMLBase.h"
+#include "model/UnsetDouble.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// `CgPoint`: a named point. Points come from side files, never from the LandXML input. Coordinates, elevation and
+/// station are in metres and stand in the order of the side file.
+class FViewCgPoint : public FViewLandXMLBase
+{
+  public:
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"CgPoint"; }
+    /// Clears and reads nothing. Always true.
+    bool ReadElement(const WcXmNode& node) override;
+    /// Appends a new element under the `CgPoints`. False if it can't be added.
+    bool WriteElement(const WcXmNode& node) override;
+
+    /// Sets the attributes of the point's own element.
+    virtual void WritePointAttributes(const WcXmNode& node) const;
+
+    /// Fills the `Feature` that goes with the point: its station and the direction of its tangent.
+    virtual void FillFeature(FViewFeature& feature) const;
+
+    /// Writes that `Feature` under the `CgPoints`; one whose name may stand there already is merged into it. False if
+    /// it can't be added.
+    bool WriteFeature(const WcXmNode& node, bool replaceExisting = true) const;
+
+    std::wstring name;
+    double firstCoordinate = UNSET_DOUBLE;
+    double secondCoordinate = UNSET_DOUBLE;
+    double thirdCoordinate = UNSET_DOUBLE;
+    double sta = UNSET_DOUBLE;
+    double tangentDirectionAngle = UNSET_DOUBLE; ///< degrees
+
+  protected:
+    FViewCgPoint() = default;
+    FViewCgPoint(const FViewCgPoint&) = default;
+    FViewCgPoint(FViewCgPoint&&) = default;
+    FViewCgPoint& operator=(const FViewCgPoint&) = default;
+    FViewCgPoint& operator=(FViewCgPoint&&) = default;
+    ~FViewCgPoint() = default;
+};
+
+/// A point on an alignment between its stations.
+class FViewCgPointIntermediate final : public FViewCgPoint
+{
+  public:
+    /// Empties its number alone; the point itself stays.
+    void Clear() override { featureRef.clear(); }
+    void WritePointAttributes(const WcXmNode& node) const override;
+    /// The `Feature` bears the point's number as its name.
+    void FillFeature(FViewFeature& feature) const override;
+
+    std::wstring featureRef; ///< the point's number within its group
+};
+
+/// A stake at the edge of the land that the works take up. Only its name and coordinates are delivered.
+class FViewCgPointWidthStake final : public FViewCgPoint
+{
+  public:
+    FViewCgPointWidthStake() = default;
+    FViewCgPointWidthStake(const FViewCgPointWidthStake& other);
+    FViewCgPointWidthStake(FViewCgPointWidthStake&&) = default;
+    FViewCgPointWidthStake& operator=(const FViewCgPointWidthStake& other);
+    FViewCgPointWidthStake& operator=(FViewCgPointWidthStake&&) = default;
+
+    /// Empties what the side file says of the stake; name, coordinates and group stay.
+    void Clear() override;
+    /// A stake has no `Feature`.
+    void FillFeature(FViewFeature& /*feature*/) const override {}
+
+    std::wstring groupName;    ///< key of the group in the side file; a copy doesn't carry it
+    std::wstring sequenceText; ///< the point's number within its group
+    std::wstring stakeText;    ///< text on the stake
+    double stakeValue = 0.0;   ///< value of the stake, metres
+    std::wstring groupDesc;
+    std::wstring groupType;
+};
+
+} // namespace jlandxml

@@ -1,0 +1,114 @@
+#include "model/FViewCgPoints.h"
+
+#include "model/NumberText.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* DESC = L"desc";
+constexpr const wchar_t* ALIGNMENT_REFS = L"alignmentRefs";
+constexpr const wchar_t* TYPE = L"type";
+constexpr const wchar_t* INTERMEDIATE_POINTS = L"IntermediatePnts";
+constexpr const wchar_t* WIDTH_STAKE_POINTS = L"WidthStakePnts";
+
+template <class Points>
+bool WritePoints(const WcXmNode& node, Points& points)
+{
+    return std::all_of(points.begin(), points.end(), [&](auto& point) { return point.WriteElement(node); });
+}
+
+/// Writes the features of points. A `Feature` would look for its name among all that stand there; every name that the
+/// element holds is known here, so only a repeated one has to.
+bool WritePointFeatures(const WcXmNode& node, const PiCmCopyList<FViewCgPointIntermediate>& points)
+{
+    std::unordered_set<std::wstring> known;
+    ForEachChild(node, FViewFeature().GetElementName(),
+                 [&](const WcXmNode& feature) { known.emplace(FeatureName(feature)); });
+    return std::all_of(points.begin(), points.end(), [&](const FViewCgPointIntermediate& point) {
+        return point.WriteFeature(node, !known.insert(point.featureRef).second);
+    });
+}
+
+} // namespace
+
+void FViewCgPointsIntermediate::Clear()
+{
+    name.clear();
+    desc.clear();
+    alignmentRefs.clear();
+    points.clear();
+}
+
+bool FViewCgPointsIntermediate::ReadElement(const WcXmNode& /*node*/)
+{
+    Clear();
+    return true;
+}
+
+bool FViewCgPointsIntermediate::WriteElement(const WcXmNode& node)
+{
+    WriteTextAttribute(node, NAME, name);
+    FViewFeature feature(INTERMEDIATE_POINTS);
+    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    return WritePoints(node, points) && feature.WriteElement(node) && WritePointFeatures(node, points);
+}
+
+void FViewCgPointsWidthStake::Clear()
+{
+    name.clear();
+    desc.clear();
+    alignmentRefs.clear();
+    type.clear();
+    points.clear();
+}
+
+bool FViewCgPointsWidthStake::ReadElement(const WcXmNode& /*node*/)
+{
+    Clear();
+    return true;
+}
+
+bool FViewCgPointsWidthStake::WriteElement(const WcXmNode& node)
+{
+    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, DESC, desc);
+    FViewFeature feature(WIDTH_STAKE_POINTS);
+    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    feature.properties.emplace_back(TYPE, type);
+    return WritePoints(node, points) && feature.WriteElement(node);
+}
+
+void FViewCgPointsIntermediateList::Number()
+{
+    std::size_t group = 0;
+    for (FViewCgPointsIntermediate& points : *this)
+    {
+        points.name = std::wstring(INTERMEDIATE_POINTS) + L"-" + std::to_wstring(++group);
+        std::size_t ordinal = 0;
+        for (FViewCgPointIntermediate& point : points.points)
+        {
+            point.featureRef = std::to_wstring(++ordinal);
+        }
+    }
+}
+
+void FViewCgPointsWidthStakeList::Number()
+{
+    for (FViewCgPointsWidthStake& points : *this)
+    {
+        std::size_t ordinal = 0;
+        for (FViewCgPointWidthStake& point : points.points)
+        {
+            point.sequenceText = std::to_wstring(++ordinal);
+        }
+    }
+}
+
+} // namespace jlandxml

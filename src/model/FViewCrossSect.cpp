@@ -1,0 +1,217 @@
+#include "model/FViewCrossSect.h"
+
+#include "model/NumberText.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* STA = L"sta";
+constexpr const wchar_t* CODE = L"code";
+constexpr const wchar_t* CROSS_SECT_PNT = L"CrossSectPnt";
+constexpr const wchar_t* CROSS_SECT_SURF = L"CrossSectSurf";
+constexpr const wchar_t* DESIGN_CROSS_SECT_SURF = L"DesignCrossSectSurf";
+constexpr const wchar_t* FORMATION = L"Formation";
+constexpr const wchar_t* CL_OFFSET = L"clOffset";
+constexpr const wchar_t* FH_OFFSET = L"fhOffset";
+constexpr const wchar_t* EXISTING_GROUND = L"ExistingGround";
+constexpr const wchar_t* LEFT = L"left";
+constexpr int FORMATION_DIGITS = 4;
+
+/// The text without the digits, points and signs at its end.
+std::wstring_view WithoutNumberAtEnd(std::wstring_view text)
+{
+    while (!text.empty() && IsNumericText(text.substr(text.size() - 1)))
+    {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+/// Takes both offsets from the last formation point of a surface. False if it has none.
+bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOffset)
+{
+    bool found = false;
+    ForEachChild(surface, CROSS_SECT_PNT, [&](const WcXmNode& point) {
+        if (point.FindAttribute(CODE) == std::wstring_view(FORMATION))
+        {
+            found = SplitNumberPair(point.GetTextContent(), clOffset, fhOffset) || found;
+        }
+    });
+    return found;
+}
+
+} // namespace
+
+bool FViewCrossSectSurf::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadTextAttribute(node, NAME, name);
+    return true;
+}
+
+void FViewCrossSect::Clear()
+{
+    name.clear();
+    sta.clear();
+    clOffset = UNSET_DOUBLE;
+    fhOffset = UNSET_DOUBLE;
+    designSurfaces.clear();
+    surfaces.clear();
+}
+
+bool FViewCrossSect::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, STA, sta);
+    ForEachFeature(node, FORMATION, [this](const WcXmNode& child) {
+        FViewFeature feature;
+        feature.ReadElement(child);
+        for (const FViewProperty& property : feature.properties)
+        {
+            if (property.label == CL_OFFSET)
+            {
+                clOffset = ReadNumber(property.value);
+            }
+            else if (property.label == FH_OFFSET)
+            {
+                fhOffset = ReadNumber(property.value);
+            }
+        }
+    });
+    if (clOffset == UNSET_DOUBLE && fhOffset == UNSET_DOUBLE)
+    {
+        ReadFormationFromSurfaces(node);
+    }
+    ReadChildren<FViewCrossSectSurf>(node, surfaces);
+    return true;
+}
+
+void FViewCrossSect::ReadFormationFromSurfaces(const WcXmNode& node)
+{
+    bool found = false;
+    ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& surface) {
+        if (HasName(surface, FORMATION))
+        {
+            found = found || ReadFormationPoints(surface, clOffset, fhOffset);
+            node.RemoveChild(surface.appNode);
+        }
+    });
+}
+
+bool FViewCrossSect::WriteElement(const WcXmNode& node)
+{
+    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, STA, sta);
+    if (!WriteFormation(node))
+    {
+        return false;
+    }
+    MaterialMap materials;
+    CollectMaterials(node, materials);
+    if (!RenameSurfaces(node))
+    {
+        return false;
+    }
+    KeepExistingGround(node);
+    if (!WriteDesignSurfaces(node, materials))
+    {
+        return false;
+    }
+    RemoveOpenPavements(node);
+    return true;
+}
+
+bool FViewCrossSect::WriteFormation(const WcXmNode& node) const
+{
+    FViewFeature feature(FORMATION);
+    if (clOffset != UNSET_DOUBLE)
+    {
+        feature.properties.emplace_back(CL_OFFSET, NumberText(clOffset, FORMATION_DIGITS));
+    }
+    if (fhOffset != UNSET_DOUBLE)
+    {
+        feature.properties.emplace_back(FH_OFFSET, NumberText(fhOffset, FORMATION_DIGITS));
+    }
+    return feature.WriteElement(node);
+}
+
+bool FViewCrossSect::RenameSurfaces(const WcXmNode& node) const
+{
+    // Without surfaces nothing is renamed, but a line without a name is still a fault.
+    FViewSurfacesList none;
+    FViewSurfacesList& list = surfacesList != nullptr ? *surfacesList : none;
+    list.ReleaseAll();
+    return ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) { return RenameToSurface(surface, list); });
+}
+
+void FViewCrossSect::KeepExistingGround(const WcXmNode& node) const
+{
+    ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) {
+        const OutPutCSS* const row =
+            surfacesList != nullptr ? surfacesList->FindRow(surface.FindAttribute(NAME).value_or(std::wstring_view()))
+                                    : nullptr;
+        if (row != nullptr && row->flagSecond)
+        {
+            surface.SetAttribute(NAME, EXISTING_GROUND);
+        }
+        else
+        {
+            node.RemoveChild(surface.appNode);
+        }
+    });
+}
+
+bool FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials)
+{
+    std::wstring side = LEFT;
+    return ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& child) {
+        AssignSide(child, side);
+        FViewDesignCrossSectSurf surface;
+        surface.materials = &materials;
+        return surface.WriteElement(child);
+    });
+}
+
+void CollectMaterials(const WcXmNode& node, MaterialMap& materials)
+{
+    ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) {
+        const std::wstring_view composite = surface.FindAttribute(NAME).value_or(std::wstring_view());
+        for (const std::wstring_view layer : PAVEMENT_LAYERS)
+        {
+            const std::size_t hit = composite.find(std::wstring(layer) + L"_");
+            if (hit != std::wstring_view::npos)
+            {
+                materials.insert_or_assign(std::wstring(layer),
+                                           std::wstring(WithoutNumberAtEnd(composite.substr(hit + layer.size() + 1))));
+            }
+        }
+    });
+}
+
+bool RenameToSurface(const WcXmNode& node, FViewSurfacesList& surfacesList)
+{
+    const auto composite = node.FindAttribute(NAME);
+    if (!composite)
+    {
+        return false;
+    }
+    const FViewSurface* const surface = surfacesList.Claim(*composite);
+    return surface == nullptr || node.SetAttribute(NAME, surface->name);
+}
+
+void RemoveOpenPavements(const WcXmNode& node)
+{
+    ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& surface) {
+        if (HasName(surface, PAVEMENT) && !IsClosed(surface))
+        {
+            node.RemoveChild(surface.appNode);
+        }
+    });
+}
+
+} // namespace jlandxml

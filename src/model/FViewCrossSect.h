@@ -1,0 +1,73 @@
+#pragma once
+
+#include "model/FViewDesignCrossSectSurf.h"
+#include "model/FViewLandXMLBase.h"
+#include "model/FViewSurfaces.h"
+#include "model/PiCollections.h"
+#include "model/UnsetDouble.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// `CrossSectSurf`: a ground line or a layer's line in a cross section, known by its name.
+class FViewCrossSectSurf final : public FViewLandXMLBase
+{
+  public:
+    void Clear() override { name.clear(); }
+    const wchar_t* GetElementName() const override { return L"CrossSectSurf"; }
+    bool ReadElement(const WcXmNode& node) override;
+    /// Its cross section edits it; nothing calls this. Always false.
+    bool WriteElement(const WcXmNode& /*node*/) override { return false; }
+
+    std::wstring name;
+};
+
+/// The ground lines of a cross section.
+class FViewCrossSectSurfList : public PiCmCopyList<FViewCrossSectSurf>
+{};
+
+/// `CrossSect`: one cross section. Its design surfaces are classified, only the existing ground of its other lines
+/// stays.
+class FViewCrossSect final : public FViewLandXMLBase
+{
+  public:
+    void Clear() override;
+    const wchar_t* GetElementName() const override { return L"CrossSect"; }
+
+    /// Takes the formation from its `Feature`, or from the design surfaces named "Formation", which then leave the
+    /// tree. Always true.
+    bool ReadElement(const WcXmNode& node) override;
+
+    /// Edits the element that was read, once: afterwards the names in the tree are no longer the host's. False if a
+    /// child can't be added, or if a `CrossSectSurf` has no name.
+    bool WriteElement(const WcXmNode& node) override;
+
+    std::wstring name;
+    std::wstring sta;                                      ///< station, metres, as it came
+    double clOffset = UNSET_DOUBLE;                        ///< offset of the centre line, metres
+    double fhOffset = UNSET_DOUBLE;                        ///< offset of the formation height, metres
+    PiCmCopyList<FViewDesignCrossSectSurf> designSurfaces; ///< stays empty
+    FViewCrossSectSurfList surfaces;
+    FViewSurfacesList* surfacesList = nullptr; ///< of the document; set when writing begins
+
+  private:
+    bool WriteFormation(const WcXmNode& node) const;
+    bool RenameSurfaces(const WcXmNode& node) const;
+    void KeepExistingGround(const WcXmNode& node) const;
+    static bool WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials);
+    void ReadFormationFromSurfaces(const WcXmNode& node);
+};
+
+/// Takes the material of each pavement layer from the names of the `CrossSectSurf` children: "表層_ABC13" names the
+/// material "ABC".
+void CollectMaterials(const WcXmNode& node, MaterialMap& materials);
+
+/// Gives a `CrossSectSurf` the name of the surface that its composite name contains. False if it has no name.
+bool RenameToSurface(const WcXmNode& node, FViewSurfacesList& surfacesList);
+
+/// Removes pavements whose outline isn't closed.
+void RemoveOpenPavements(const WcXmNode& node);
+
+} // namespace jlandxml

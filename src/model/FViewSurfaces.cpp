@@ -1,0 +1,208 @@
+#include "model/FViewSurfaces.h"
+
+#include "framework/Text.h"
+#include "model/FViewFeature.h"
+#include "model/NumberText.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* DESC = L"desc";
+constexpr const wchar_t* VALUE = L"value";
+constexpr const wchar_t* ALIGNMENT_REFS = L"alignmentRefs";
+constexpr std::wstring_view ALIGNMENT_NOTE = L"線形名=";
+constexpr std::wstring_view EXISTING_GROUND = L"ExistingGround";
+
+/// The description without the note. One blank in front of the note goes with it, and the line ends before it.
+std::wstring_view WithoutAlignmentNote(std::wstring_view desc, std::size_t note)
+{
+    std::wstring_view front = desc.substr(0, note);
+    front.remove_suffix(front.ends_with(L' ') ? 1 : 0);
+    while (front.ends_with(L'\r') || front.ends_with(L'\n'))
+    {
+        front.remove_suffix(1);
+    }
+    return front;
+}
+
+} // namespace
+
+void FViewSurface::Clear()
+{
+    name.clear();
+    desc.clear();
+    alignmentRefs.clear();
+    used = false;
+}
+
+bool FViewSurface::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, DESC, desc);
+    WcXmNode property = node;
+    if (property.SelectFirstChild(FViewFeature().GetElementName()) &&
+        property.SelectFirstChild(FViewProperty().GetElementName()))
+    {
+        alignmentRefs = property.FindAttributeIgnoreCase(VALUE).value_or(std::wstring_view());
+    }
+    return true;
+}
+
+bool FViewSurface::WriteElement(const WcXmNode& node)
+{
+    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, DESC, desc);
+    return true;
+}
+
+void FViewSurface::WriteAlignmentRef(const WcXmNode& node) const
+{
+    FViewFeature feature;
+    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    feature.WriteElement(node);
+}
+
+FViewSurfaces& FViewSurfaces::operator=(const FViewSurfaces& other)
+{
+    version = other.version;
+    surfaces = other.surfaces;
+    return *this;
+}
+
+void FViewSurfaces::Clear()
+{
+    surfaces.clear();
+}
+
+bool FViewSurfaces::ReadElement(const WcXmNode& node)
+{
+    Clear();
+    ReadChildren<FViewSurface>(node, surfaces);
+    return true;
+}
+
+bool FViewSurfaces::WriteElement(const WcXmNode& node)
+{
+    return WriteChildren(node, surfaces);
+}
+
+void FViewSurfaces::StripAlignmentNote(const WcXmNode& node)
+{
+    ForEachChild(node, FViewSurface().GetElementName(), [](const WcXmNode& surface) {
+        const std::wstring desc(surface.FindAttribute(DESC).value_or(std::wstring_view()));
+        const std::size_t note = desc.find(ALIGNMENT_NOTE);
+        if (note != std::wstring::npos)
+        {
+            surface.SetAttribute(DESC, WithoutAlignmentNote(desc, note));
+        }
+    });
+}
+
+void FViewSurfaces::WriteAlignmentRefs(const WcXmNode& node) const
+{
+    auto surface = surfaces.begin();
+    ForEachChild(node, FViewSurface().GetElementName(), [&](const WcXmNode& child) {
+        if (surface == surfaces.end())
+        {
+            return false;
+        }
+        (surface++)->WriteAlignmentRef(child);
+        return true;
+    });
+}
+
+void FViewSurfacesList::FillOutPutCSS()
+{
+    for (FViewSurfaces& set : *this)
+    {
+        set.stringArray.clear();
+        for (const FViewSurface& surface : set.surfaces)
+        {
+            const bool ground = surface.desc.find(EXISTING_GROUND) != std::wstring::npos;
+            outPutCSS.push_back({surface.name, ground, ground});
+        }
+    }
+}
+
+void FViewSurfacesList::IndexNames()
+{
+    placesByFirstCharacter_.clear();
+    for (std::size_t set = 0; set < size(); ++set)
+    {
+        for (std::size_t surface = 0; surface < (*this)[set].surfaces.size(); ++surface)
+        {
+            const std::wstring& name = At({set, surface}).name;
+            placesByFirstCharacter_[name.empty() ? L'\0' : name.front()].emplace_back(set, surface);
+        }
+    }
+    rowsByName_.clear();
+    for (std::size_t row = 0; row < outPutCSS.size(); ++row)
+    {
+        rowsByName_.emplace(outPutCSS[row].name, row);
+    }
+}
+
+FViewSurface* FViewSurfacesList::Claim(std::wstring_view text)
+{
+    constexpr Place NONE(std::wstring_view::npos, 0);
+    Place first = NONE;
+    const auto look = [&](wchar_t character) {
+        const auto places = placesByFirstCharacter_.find(character);
+        if (places == placesByFirstCharacter_.end())
+        {
+            return;
+        }
+        for (const Place& place : places->second)
+        {
+            if (place >= first)
+            {
+                return;
+            }
+            const FViewSurface& surface = At(place);
+            if (!surface.used && surface.name != text && text.find(surface.name) != std::wstring_view::npos)
+            {
+                first = place;
+                return;
+            }
+        }
+    };
+    look(L'\0');
+    for (std::size_t index = 0; index < text.size(); ++index)
+    {
+        if (text.find(text[index]) == index)
+        {
+            look(text[index]);
+        }
+    }
+    if (first == NONE)
+    {
+        return nullptr;
+    }
+    FViewSurface& surface = At(first);
+    surface.used = true;
+    return &surface;
+}
+
+void FViewSurfacesList::ReleaseAll()
+{
+    for (FViewSurfaces& set : *this)
+    {
+        for (FViewSurface& surface : set.surfaces)
+        {
+            surface.used = false;
+        }
+    }
+}
+
+const OutPutCSS* FViewSurfacesList::FindRow(std::wstring_view name) const
+{
+    const auto row = rowsByName_.find(std::wstring(name));
+    return row == rowsByName_.end() ? nullptr : &outPutCSS[row->second];
+}
+
+} // namespace jlandxml

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "framework/Files.h"
+#include "framework/Guard.h"
+#include "sidefiles/CsvRows.h"
+
+#include <string>
+
+namespace jlandxml
+{
+
+/// The base of the loaders of a route's side files. One object serves one file.
+class CSVLoaderBase
+{
+  public:
+    CSVLoaderBase() = default;
+    CSVLoaderBase(const CSVLoaderBase&) = delete;
+    CSVLoaderBase& operator=(const CSVLoaderBase&) = delete;
+    virtual ~CSVLoaderBase() = default;
+
+    /// Puts the content of a side file into the model. False, with nothing done, if the file doesn't exist, which is
+    /// normal. Throws the loader's own exception for anything that fails on the way.
+    virtual bool Load(const std::wstring& path) = 0;
+
+  protected:
+    /// Reads the rows and has the loader walk over them.
+    template <class Exception, class Walk>
+    bool LoadRows(const std::wstring& path, Walk walk)
+    {
+        if (!PathExists(path))
+        {
+            return false;
+        }
+        RunStage<Exception>(RUN_STAGE_TEXTS, [&] {
+            rows.Read(path);
+            walk();
+        });
+        return true;
+    }
+
+    /// The rows of title in front of the data.
+    static constexpr int TITLE_ROWS = 2;
+
+    CsvRows rows;
+};
+
+} // namespace jlandxml

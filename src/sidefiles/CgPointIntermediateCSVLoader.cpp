@@ -1,0 +1,68 @@
+#include "sidefiles/CgPointIntermediateCSVLoader.h"
+
+#include "framework/Streams.h"
+#include "run/ConversionContext.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr std::size_t ALIGNMENT_NAME_COLUMN = 1;
+
+enum PointColumn : std::size_t
+{
+    NAME,
+    STATION,
+    FIRST_COORDINATE,
+    SECOND_COORDINATE,
+    THIRD_COORDINATE,
+    TANGENT_DIRECTION_ANGLE,
+    POINT_COLUMNS
+};
+
+FViewCgPointIntermediate MakePoint(const CsvRow& row)
+{
+    FViewCgPointIntermediate point;
+    point.name = row[NAME];
+    point.sta = CsvNumber(row[STATION]);
+    point.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
+    point.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
+    point.thirdCoordinate = CsvNumber(row[THIRD_COORDINATE]);
+    point.tangentDirectionAngle = CsvNumber(row[TANGENT_DIRECTION_ANGLE]);
+    return point;
+}
+
+} // namespace
+
+bool CgPointIntermediateCSVLoader::Load(const std::wstring& path)
+{
+    return LoadRows<IntermediateCSVLoadException>(path, [this] { ReadPoints(); });
+}
+
+void CgPointIntermediateCSVLoader::ReadPoints()
+{
+    FViewCgPointsIntermediate group;
+    CsvRow row;
+    if (rows.Next(row))
+    {
+        const std::wstring name(row[ALIGNMENT_NAME_COLUMN]);
+        WriteStandardOutput(L"Row Value: " + name + L"\n");
+        GetCurrentRouteName() = name;
+        rows.Skip(1);
+    }
+    while (rows.Next(row))
+    {
+        if (row.Size() >= POINT_COLUMNS)
+        {
+            group.points.push_back(MakePoint(row));
+        }
+    }
+    FViewCgPointsIntermediateList& groups = GetConversionContext().model.intermediatePoints;
+    group.alignmentRefs = GetCurrentRouteName();
+    group.name = L"IntermediatePnts-" + std::to_wstring(groups.size() + 1);
+    groups.push_back(std::move(group));
+}
+
+} // namespace jlandxml

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "framework/Exceptions.h"
+#include "sidefiles/CSVLoaderBase.h"
+
+namespace jlandxml
+{
+
+/// The file of intermediate points could not be taken into the model.
+class IntermediateCSVLoadException : public CException
+{
+  public:
+    using CException::CException;
+};
+
+/// Reads the intermediate points of a route, and the name of its alignment, which the route's other files go by.
+class CgPointIntermediateCSVLoader final : public CSVLoaderBase
+{
+  public:
+    bool Load(const std::wstring& path) override;
+
+  private:
+    void ReadPoints();
+};
+
+} // namespace jlandxml

@@ -1,0 +1,90 @@
+#include "sidefiles/CgPointWidthStakeCSVLoader.h"
+
+#include "run/ConversionContext.h"
+
+#include <iterator>
+#include <unordered_map>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+enum StakeColumn : std::size_t
+{
+    GROUP_NAME,
+    NAME,
+    STAKE_TEXT,
+    STATION,
+    FIRST_COORDINATE,
+    SECOND_COORDINATE,
+    THIRD_COORDINATE,
+    STAKE_VALUE,
+    GROUP_DESC,
+    GROUP_TYPE,
+    STAKE_COLUMNS
+};
+
+FViewCgPointWidthStake MakeStake(const CsvRow& row)
+{
+    FViewCgPointWidthStake stake;
+    stake.groupName = row[GROUP_NAME];
+    stake.name = row[NAME];
+    stake.stakeText = row[STAKE_TEXT];
+    stake.sta = CsvNumber(row[STATION]);
+    stake.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
+    stake.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
+    stake.thirdCoordinate = CsvNumber(row[THIRD_COORDINATE]);
+    stake.stakeValue = CsvNumber(row[STAKE_VALUE]);
+    stake.groupDesc = row[GROUP_DESC];
+    stake.groupType = row[GROUP_TYPE];
+    return stake;
+}
+
+/// A group takes its description and its type from its first stake.
+FViewCgPointsWidthStake MakeGroup(const FViewCgPointWidthStake& stake)
+{
+    FViewCgPointsWidthStake group;
+    group.name = stake.groupName;
+    group.desc = stake.groupDesc;
+    group.type = stake.groupType;
+    return group;
+}
+
+} // namespace
+
+bool CgPointWidthStakeCSVLoader::Load(const std::wstring& path)
+{
+    return LoadRows<WidthStakeCSVLoadException>(path, [this] { ReadStakes(); });
+}
+
+void CgPointWidthStakeCSVLoader::ReadStakes()
+{
+    PiCmCopyList<FViewCgPointsWidthStake> groups; // in the order in which they first appear
+    std::unordered_map<std::wstring, std::size_t> groupsByName;
+    CsvRow row;
+    rows.Skip(TITLE_ROWS);
+    while (rows.Next(row))
+    {
+        if (row.Size() < STAKE_COLUMNS)
+        {
+            continue;
+        }
+        FViewCgPointWidthStake stake = MakeStake(row);
+        const auto [entry, isNew] = groupsByName.try_emplace(stake.groupName, groups.size());
+        if (isNew)
+        {
+            groups.push_back(MakeGroup(stake));
+        }
+        groups[entry->second].points.push_back(std::move(stake));
+    }
+    for (FViewCgPointsWidthStake& group : groups)
+    {
+        group.alignmentRefs = GetCurrentRouteName();
+    }
+    FViewCgPointsWidthStakeList& all = GetConversionContext().model.widthStakePoints;
+    all.insert(all.end(), std::make_move_iterator(groups.begin()), std::make_move_iterator(groups.end()));
+}
+
+} // namespace jlandxml

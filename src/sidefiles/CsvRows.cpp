@@ -1,0 +1,82 @@
+#include "sidefiles/CsvRows.h"
+
+#include "framework/Exceptions.h"
+#include "framework/Files.h"
+#include "framework/Numbers.h"
+#include "framework/Text.h"
+#include "model/UnsetDouble.h"
+
+#include <algorithm>
+
+namespace jlandxml
+{
+
+namespace
+{
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+}
+
+bool CsvRow::Cut(std::string_view line)
+{
+    fields_.clear();
+    // The host writes percentages with a blank in front of their sign.
+    text_ = ReplaceAll(Trim(WideFromUtf8(line)), L" %", L"%");
+    if (text_.empty())
+    {
+        return false;
+    }
+    std::wstring_view rest = text_;
+    for (std::size_t comma = rest.find(L','); comma != std::wstring_view::npos; comma = rest.find(L','))
+    {
+        fields_.push_back(Trim(rest.substr(0, comma)));
+        rest.remove_prefix(comma + 1);
+    }
+    fields_.push_back(Trim(rest));
+    return true;
+}
+
+std::wstring_view CsvRow::operator[](std::size_t index) const
+{
+    if (index >= fields_.size())
+    {
+        throw CInvalidArgException(L"引数が正しくありません: " + std::to_wstring(index + 1) + L"列目");
+    }
+    return fields_[index];
+}
+
+void CsvRows::Read(const std::wstring& path)
+{
+    bytes_ = ReadWholeFile(path).value_or(std::string());
+    position_ = bytes_.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0;
+}
+
+bool CsvRows::Next(CsvRow& row)
+{
+    while (position_ < bytes_.size())
+    {
+        const std::size_t lineEnd = std::min(bytes_.find('\n', position_), bytes_.size());
+        const std::string_view line(bytes_.data() + position_, lineEnd - position_);
+        position_ = lineEnd + 1;
+        if (row.Cut(line))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CsvRows::Skip(int count)
+{
+    CsvRow row;
+    while (count > 0 && Next(row))
+    {
+        --count;
+    }
+}
+
+double CsvNumber(std::wstring_view field)
+{
+    return field.empty() ? UNSET_DOUBLE : ParseDouble(field).value;
+}
+
+} // namespace jlandxml

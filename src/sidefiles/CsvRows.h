@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jlandxml
+{
+
+/// One row of a side file: its fields in order, without white space at their ends. Rows may differ in length.
+class CsvRow
+{
+  public:
+    CsvRow() = default;
+    CsvRow(const CsvRow&) = delete;
+    CsvRow& operator=(const CsvRow&) = delete;
+
+    /// Cuts a line at its commas; a comma always separates. False if the line holds nothing.
+    bool Cut(std::string_view line);
+
+    std::size_t Size() const { return fields_.size(); }
+
+    /// Throws CInvalidArgException for an index past the end.
+    std::wstring_view operator[](std::size_t index) const;
+
+  private:
+    std::wstring text_;
+    std::vector<std::wstring_view> fields_;
+};
+
+/// The rows of a side file in file order, cut one by one from the file's bytes, which are read once.
+class CsvRows
+{
+  public:
+    /// Reads a file: UTF-8, with or without a byte-order mark. One that can't be read has no rows.
+    void Read(const std::wstring& path);
+
+    /// Takes the next row that holds anything. False at the end.
+    bool Next(CsvRow& row);
+
+    /// Passes over rows whatever they hold.
+    void Skip(int count);
+
+  private:
+    std::string bytes_;
+    std::size_t position_ = 0;
+};
+
+/// The number of a field: UNSET_DOUBLE if it is empty, else what the C library reads at its front, or 0.
+double CsvNumber(std::wstring_view field);
+
+} // namespace jlandxml

@@ -1,0 +1,220 @@
+#include "sidefiles/SuperElevationCSVLoader.h"
+
+#include "framework/Numbers.h"
+#include "framework/Text.h"
+#include "model/NumberText.h"
+#include "sidefiles/RouteAlignments.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+enum SlopeColumn : std::size_t
+{
+    REGION = 0,
+    STATION = 1,
+    DESCRIPTION = 2,
+    LEFT_SLOPE = 5,
+    RIGHT_SLOPE = 9
+};
+
+constexpr std::size_t LEAST_COLUMNS = 4;
+constexpr std::wstring_view TITLE = L"Description";
+constexpr std::array<std::wstring_view, 2> ENDS = {L"Begin Alignment", L"End Alignment"};
+constexpr std::wstring_view REVERSE_CROWN = L"ReverseCrown";
+
+constexpr std::int32_t NO_REGION = std::numeric_limits<std::int32_t>::min();
+constexpr double METRES_PER_KILOMETRE = 1000.0;
+constexpr int STATION_DIGITS = 6;
+constexpr double STATION_UNITS = 1000000.0;
+
+bool IsEnd(std::wstring_view description)
+{
+    return std::find(ENDS.begin(), ENDS.end(), description) != ENDS.end();
+}
+
+/// A field that a comma closes; the last one of a row has none.
+std::wstring_view ClosedField(const CsvRow& row, std::size_t column)
+{
+    return column + 1 < row.Size() ? row[column] : std::wstring_view();
+}
+
+/// The host gives the right slope in the opposite sign.
+std::wstring WithOppositeSign(const std::wstring& slope)
+{
+    return slope.starts_with(L'-') ? slope.substr(1) : L"-" + slope;
+}
+
+std::wstring TrimmedNumber(std::wstring_view text)
+{
+    std::wstring number(text);
+    TrimNumberText(number);
+    return number;
+}
+
+double TotalStation(const StationParts& parts)
+{
+    const double kilometres = METRES_PER_KILOMETRE * parts.kilometres;
+    return parts.minus ? kilometres - parts.metres : kilometres + parts.metres;
+}
+
+std::wstring StationText(double station)
+{
+    return station == UNSET_DOUBLE ? std::wstring() : FixedText(station, STATION_DIGITS);
+}
+
+} // namespace
+
+bool SuperElevationCSVLoader::Load(const std::wstring& path)
+{
+    return LoadRows<SuperElevationCSVLoadException>(path, [this] {
+        rows.Skip(TITLE_ROWS);
+        ForEachRouteAlignment([this](FViewAlignment& alignment) {
+            ReadSlopes(alignment);
+            if (alignment.useSlopeList == 0)
+            {
+                ReplaceReverseCrowns(alignment);
+            }
+        });
+    });
+}
+
+void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
+{
+    CsvRow row;
+    while (rows.Next(row))
+    {
+        if (row.Size() >= LEAST_COLUMNS && !IsEnd(row[DESCRIPTION]))
+        {
+            alignment.slopeList.push_back(MakeSlopeValue(row, alignment));
+        }
+    }
+}
+
+/// A row that can't be parsed still gives a value, of four empty texts.
+FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const FViewAlignment& alignment)
+{
+    FViewSlopeValue slopeValue;
+    const std::optional<SlopeRow> slope = ParseSlopeRow(row);
+    if (!slope)
+    {
+        return slopeValue;
+    }
+    const std::wstring total =
+        TrimmedNumber(FormatFixed(TotalStation(ParseStationText(slope->station)), STATION_DIGITS));
+    MakeSlopeStationTexts(total, alignment, slopeValue);
+    slopeValue.leftSlope = slope->leftSlope;
+    slopeValue.rightSlope = slope->rightSlope;
+    if (alignment.useSlopeList == 0 && row[DESCRIPTION] == REVERSE_CROWN)
+    {
+        const std::int32_t region = row[REGION].empty() ? NO_REGION : ParseInt(row[REGION]).value;
+        reverseCrownGroups[region].push_back(StationText(ToInternalStation(ReadNumber(total), alignment)));
+    }
+    return slopeValue;
+}
+
+/// The regions of the file go to the superelevations of the alignment in turn; what is left over on either side stays
+/// as it is.
+void SuperElevationCSVLoader::ReplaceReverseCrowns(FViewAlignment& alignment) const
+{
+    auto superelevation = alignment.superelevations.begin();
+    for (const auto& [region, stations] : reverseCrownGroups)
+    {
+        if (superelevation == alignment.superelevations.end())
+        {
+            return;
+        }
+        (superelevation++)->reverseCrownStations = SortStationTexts(stations);
+    }
+}
+
+std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
+{
+    const std::wstring_view description = ClosedField(row, DESCRIPTION);
+    if (description == TITLE || IsEnd(description))
+    {
+        return std::nullopt;
+    }
+    SlopeRow slope;
+    slope.station = ReplaceAll(ClosedField(row, STATION), L"m", L"");
+    slope.leftSlope = ReplaceAll(ClosedField(row, LEFT_SLOPE), L"%", L"");
+    slope.rightSlope = WithOppositeSign(ReplaceAll(ClosedField(row, RIGHT_SLOPE), L"%", L""));
+    if (slope.station.empty() || slope.leftSlope.empty() || slope.rightSlope.empty())
+    {
+        return std::nullopt;
+    }
+    return slope;
+}
+
+StationParts ParseStationText(std::wstring_view text)
+{
+    const std::wstring station = ReplaceAll(text, L"m", L"");
+    StationParts parts;
+    std::size_t sign = station.find(L'+');
+    if (sign == std::wstring::npos)
+    {
+        parts.minus = true;
+        sign = station.find(L'-');
+    }
+    if (sign == std::wstring::npos)
+    {
+        return parts;
+    }
+    const std::wstring kilometres = TrimmedNumber(std::wstring_view(station).substr(0, sign));
+    const std::wstring metres = TrimmedNumber(std::wstring_view(station).substr(sign + 1));
+    if (!kilometres.empty())
+    {
+        parts.kilometres = ReadNumber(kilometres);
+        parts.metres = ReadNumber(metres);
+    }
+    return parts;
+}
+
+double ToInternalStation(double value, const FViewAlignment& alignment)
+{
+    const auto& equations = alignment.staEquations;
+    const auto inFront = std::find_if(equations.rbegin(), equations.rend(), [&](const FViewStaEquation& equation) {
+        return equation.staInternal < value || std::fabs(equation.staInternal - value) < GEOMETRY_TOLERANCE;
+    });
+    return inFront == equations.rend() ? value : value - (inFront->staAhead - inFront->staInternal);
+}
+
+void MakeSlopeStationTexts(std::wstring_view totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue)
+{
+    const double total = ReadNumber(totalText);
+    slopeValue.staText = FormatIntervalStation(total, alignment.mainInterval);
+    if (slopeValue.staText.find(L'.') == std::wstring::npos)
+    {
+        slopeValue.staText += L'.';
+    }
+    slopeValue.staValue = StationText(ToInternalStation(total, alignment));
+}
+
+PiCmCopyList<WcStString> SortStationTexts(const PiCmCopyList<WcStString>& stations)
+{
+    std::vector<double> values;
+    for (const WcStString& station : stations)
+    {
+        const ParsedDouble parsed = ParseDouble(station);
+        if (parsed.length > 0)
+        {
+            values.push_back(std::round(parsed.value * STATION_UNITS) / STATION_UNITS);
+        }
+    }
+    // What is no number stands behind all numbers, so that the order is defined.
+    std::stable_sort(values.begin(), values.end(),
+                     [](double one, double other) { return one < other || (!std::isnan(one) && std::isnan(other)); });
+    PiCmCopyList<WcStString> sorted;
+    std::transform(values.begin(), values.end(), std::back_inserter(sorted),
+                   [](double value) { return FormatFixed(value, STATION_DIGITS); });
+    return sorted;
+}
+
+} // namespace jlandxml

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "framework/Exceptions.h"
+#include "model/FViewAlignment.h"
+#include "sidefiles/CSVLoaderBase.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace jlandxml
+{
+
+/// The file of superelevation could not be taken into the model.
+class SuperElevationCSVLoadException : public CException
+{
+  public:
+    using CException::CException;
+};
+
+/// Reads the cross slopes along a route into the slope list of its alignment, and, where the superelevation counts, the
+/// stations of the reversed crown into its regions.
+class SuperElevationCSVLoader final : public CSVLoaderBase
+{
+  public:
+    bool Load(const std::wstring& path) override;
+
+  private:
+    void ReadSlopes(FViewAlignment& alignment);
+    FViewSlopeValue MakeSlopeValue(const CsvRow& row, const FViewAlignment& alignment);
+    void ReplaceReverseCrowns(FViewAlignment& alignment) const;
+
+    /// Stations of the reversed crown by the number of their region.
+    std::map<std::int32_t, PiCmCopyList<WcStString>> reverseCrownGroups;
+};
+
+/// What a row says of a slope, as texts.
+struct SlopeRow
+{
+    std::wstring station;
+    std::wstring leftSlope;  ///< percent
+    std::wstring rightSlope; ///< percent, in the sign of the left one
+};
+
+/// Takes the texts of a row. Nothing if it is a title, or if one of them is empty. A field counts only with a comma
+/// behind it.
+std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row);
+
+/// A station of the host, kilometres and metres: "0+80.5m", or "1-20" for 20 m before the kilometre.
+struct StationParts
+{
+    double kilometres = 0.0;
+    double metres = 0.0;
+    bool minus = false;
+};
+
+StationParts ParseStationText(std::wstring_view text);
+
+/// The distance along an alignment (metres) of a station, by the last station equation in front of it.
+double ToInternalStation(double value, const FViewAlignment& alignment);
+
+/// The station texts of a slope: whole intervals and rest for showing, and the distance along the alignment for the
+/// file.
+void MakeSlopeStationTexts(std::wstring_view totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue);
+
+/// The stations in ascending order with six decimals. A text that begins with no number is dropped.
+PiCmCopyList<WcStString> SortStationTexts(const PiCmCopyList<WcStString>& stations);
+
+} // namespace jlandxml
