@@ -1,0 +1,127 @@
+#include "model/FViewCgPoint.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+FViewCgPointIntermediate Point(double first, double second, double third)
+{
+    FViewCgPointIntermediate point;
+    point.firstCoordinate = first;
+    point.secondCoordinate = second;
+    point.thirdCoordinate = third;
+    return point;
+}
+
+struct PointCase
+{
+    double first;
+    double second;
+    double third;
+    const wchar_t* element;
+};
+
+class CgPointText : public testing::TestWithParam<PointCase>
+{};
+
+TEST_P(CgPointText, IsItsCoordinatesInTheirOrder)
+{
+    EXPECT_EQ(WrittenInto(Point(GetParam().first, GetParam().second, GetParam().third), L"<CgPoints/>"),
+              std::wstring(L"<CgPoints>") + GetParam().element + L"</CgPoints>");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCgPoint, CgPointText,
+    testing::Values(PointCase{1, 2, UNSET_DOUBLE, L"<CgPoint>1. 2.</CgPoint>"},
+                    PointCase{-36000.123456789, 2, 3.5, L"<CgPoint>-36000.12345679 2. 3.5</CgPoint>"},
+                    PointCase{1, UNSET_DOUBLE, 3, L"<CgPoint/>"}, PointCase{UNSET_DOUBLE, 2, 3, L"<CgPoint/>"}));
+
+TEST(FViewCgPoint, AnIntermediatePointHasNameAndNumber)
+{
+    FViewCgPointIntermediate point;
+    point.name = L"No.1";
+    point.featureRef = L"7";
+    EXPECT_EQ(WrittenInto(point, L"<CgPoints><x/></CgPoints>"),
+              L"<CgPoints><x/><CgPoint name=\"No.1\" featureRef=\"7\"/></CgPoints>");
+}
+
+TEST(FViewCgPoint, AnUnsetAngleIsWrittenAsAPoint)
+{
+    FViewCgPointIntermediate point;
+    point.featureRef = L"1";
+    point.sta = 10.5;
+    XmlText xml(L"<CgPoints/>");
+    EXPECT_TRUE(point.WriteFeature(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<CgPoints><Feature name=\"1\"><Property label=\"sta\" value=\"10.5\"/>"
+                          L"<Property label=\"tangentDirectionAngle\" value=\".\"/></Feature></CgPoints>");
+}
+
+TEST(FViewCgPoint, AWidthStakeHasNoFeatureAndOnlyItsName)
+{
+    FViewCgPointWidthStake stake;
+    stake.name = L"L1";
+    stake.sta = 10.0;
+    stake.sequenceText = L"1";
+    stake.stakeText = L"t";
+    XmlText xml(L"<CgPoints/>");
+    EXPECT_TRUE(stake.WriteElement(xml.Root()));
+    EXPECT_TRUE(stake.WriteFeature(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<CgPoints><CgPoint name=\"L1\"/></CgPoints>");
+}
+
+TEST(FViewCgPoint, ClearLeavesThePointOfAnIntermediatePoint)
+{
+    FViewCgPointIntermediate point = Point(1, 2, 3);
+    point.name = L"No.1";
+    point.featureRef = L"7";
+    XmlText xml(L"<CgPoint/>");
+    EXPECT_TRUE(point.ReadElement(xml.Root()));
+    EXPECT_EQ(point.featureRef, L"");
+    EXPECT_EQ(point.name, L"No.1");
+    EXPECT_EQ(point.thirdCoordinate, 3.0);
+    point.FViewCgPoint::Clear();
+    EXPECT_EQ(point.name, L"");
+    EXPECT_EQ(point.thirdCoordinate, UNSET_DOUBLE);
+}
+
+TEST(FViewCgPoint, ClearOfAWidthStakeLeavesNameCoordinatesAndGroup)
+{
+    FViewCgPointWidthStake stake;
+    EXPECT_EQ(stake.stakeValue, 0.0);
+    stake.name = L"L1";
+    stake.groupName = L"g";
+    stake.firstCoordinate = 1.0;
+    stake.sequenceText = stake.stakeText = stake.groupDesc = stake.groupType = L"x";
+    stake.Clear();
+    EXPECT_EQ(stake.sequenceText + stake.stakeText + stake.groupDesc + stake.groupType, L"");
+    EXPECT_EQ(stake.stakeValue, UNSET_DOUBLE);
+    EXPECT_EQ(stake.name, L"L1");
+    EXPECT_EQ(stake.groupName, L"g");
+    EXPECT_EQ(stake.firstCoordinate, 1.0);
+}
+
+TEST(FViewCgPoint, ACopyOfAWidthStakeDoesNotCarryItsGroup)
+{
+    FViewCgPointWidthStake stake;
+    stake.name = L"L1";
+    stake.groupName = L"g";
+    stake.groupDesc = L"d";
+    stake.stakeValue = 9.5;
+    const FViewCgPointWidthStake copy = stake;
+    FViewCgPointWidthStake assigned;
+    assigned.groupName = L"own";
+    assigned = stake;
+    EXPECT_EQ(copy.groupName, L"");
+    EXPECT_EQ(copy.groupDesc, L"d");
+    EXPECT_EQ(copy.stakeValue, 9.5);
+    EXPECT_EQ(assigned.groupName, L"own");
+    EXPECT_EQ(assigned.name, L"L1");
+}
+
+} // namespace
+} // namespace jlandxml

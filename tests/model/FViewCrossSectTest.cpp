@@ -1,0 +1,232 @@
+#include "model/FViewCrossSects.h"
+
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+const std::wstring HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
+
+/// Surfaces of the document, with the table that a load makes of them.
+FViewSurfacesList Surfaces(const std::wstring& surfaces)
+{
+    FViewSurfacesList list;
+    list.push_back(Read<FViewSurfaces>(L"<Surfaces>" + surfaces + L"</Surfaces>"));
+    list.FillOutPutCSS();
+    list.IndexNames();
+    return list;
+}
+
+/// A cross section read and written against surfaces.
+std::wstring WrittenSection(const std::wstring& children, FViewSurfacesList surfaces = {}, bool succeeds = true)
+{
+    XmlText xml(L"<CrossSect>" + children + L"</CrossSect>");
+    FViewCrossSect section;
+    section.ReadElement(xml.Root());
+    section.surfacesList = &surfaces;
+    EXPECT_EQ(section.WriteElement(xml.Root()), succeeds);
+    return xml.Text();
+}
+
+TEST(FViewCrossSect, TheFormationComesFromItsFeature)
+{
+    XmlText xml(L"<CrossSect name='n' sta='1.50'><DesignCrossSectSurf name='Formation'/><Feature name='Formation'>"
+                L"<Property label='clOffset' value='0.5'/></Feature></CrossSect>");
+    FViewCrossSect section;
+    section.ReadElement(xml.Root());
+    EXPECT_EQ(section.name, L"n");
+    EXPECT_EQ(section.sta, L"1.50");
+    EXPECT_EQ(section.clOffset, 0.5);
+    EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
+    section.WriteElement(xml.Root());
+    EXPECT_EQ(xml.Text(), L"<CrossSect name=\"n\" sta=\"1.50\"><DesignCrossSectSurf name=\"Formation\" side=\"left\">" +
+                              HEIGHT +
+                              L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"clOffset\" "
+                              L"value=\"0.5\"/></Feature></CrossSect>");
+}
+
+TEST(FViewCrossSect, ALaterFormationOverwritesAndTextIsZero)
+{
+    const auto section = Read<FViewCrossSect>(
+        L"<CrossSect><Feature name='Formation'><Property label='clOffset' value='1'/></Feature>"
+        L"<Feature name='Formation'><Property label='clOffset' value='x'/><Property label='fhOffset' value='2'/>"
+        L"</Feature></CrossSect>");
+    EXPECT_EQ(section.clOffset, 0.0);
+    EXPECT_EQ(section.fhOffset, 2.0);
+}
+
+TEST(FViewCrossSect, SurfacesNamedFormationBecomeValues)
+{
+    EXPECT_EQ(
+        WrittenSection(
+            L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='x'>9 9</CrossSectPnt></DesignCrossSectSurf>"
+            L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='Formation'>1 2</CrossSectPnt>"
+            L"<CrossSectPnt code='Formation'>0.12345 12.5</CrossSectPnt><CrossSectPnt code='Formation'>3 4 "
+            L"5</CrossSectPnt></DesignCrossSectSurf>"
+            L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='Formation'>7 "
+            L"8</CrossSectPnt></DesignCrossSectSurf>"),
+        L"<CrossSect><Feature name=\"Formation\"><Property label=\"clOffset\" value=\"0.1235\"/><Property "
+        L"label=\"fhOffset\" value=\"12.5\"/>"
+        L"</Feature></CrossSect>");
+}
+
+TEST(FViewCrossSect, AFormationSurfaceWithoutAPointGoesAllTheSame)
+{
+    EXPECT_EQ(WrittenSection(L"<DesignCrossSectSurf name='Formation'/><designcrosssectsurf name='Formation'/><x/>"),
+              L"<CrossSect><designcrosssectsurf name=\"Formation\"/><x/></CrossSect>");
+}
+
+TEST(FViewCrossSect, NamesOfGroundLinesAreRead)
+{
+    const auto section = Read<FViewCrossSect>(L"<CrossSect><CrossSectSurf name='a'/><CrossSectSurf/></CrossSect>");
+    ASSERT_EQ(section.surfaces.size(), 2U);
+    EXPECT_EQ(section.surfaces[0].name, L"a");
+    EXPECT_EQ(section.surfaces[1].name, L"");
+    EXPECT_TRUE(section.designSurfaces.empty());
+}
+
+TEST(FViewCrossSect, OnlyExistingGroundStays)
+{
+    EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='EG_1'/><CrossSectSurf name='FG_1'/><x/>",
+                             Surfaces(L"<Surface name='EG' desc='ExistingGround'/><Surface name='FG'/>")),
+              L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/><x/></CrossSect>");
+}
+
+TEST(FViewCrossSect, TwoCompositeNamesClaimTwoSurfaces)
+{
+    EXPECT_EQ(
+        WrittenSection(L"<CrossSectSurf name='EG2_EG'/><CrossSectSurf name='EG2_EG'/><CrossSectSurf name='EG2_EG'/>",
+                       Surfaces(L"<Surface name='EG' desc='ExistingGround'/><Surface name='EG2'/>")),
+        L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, ANameThatIsASurfacesOwnIsRight)
+{
+    EXPECT_EQ(
+        WrittenSection(L"<CrossSectSurf name='EG'/><CrossSectSurf name='EG'/>",
+                       Surfaces(L"<Surface name='EG' desc='ExistingGround'/>")),
+        L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/><CrossSectSurf name=\"ExistingGround\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, WithoutSurfacesEveryGroundLineIsRemoved)
+{
+    EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='EG'/><crosssectsurf name='EG'/><CrossSectSurf name=''/>"),
+              L"<CrossSect><crosssectsurf name=\"EG\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, AGroundLineWithoutANameFailsTheOutput)
+{
+    WrittenSection(L"<CrossSectSurf name='EG'/><CrossSectSurf/>", Surfaces(L"<Surface name='EG'/>"), false);
+    WrittenSection(L"<CrossSectSurf/>", {}, false);
+    XmlText xml(L"<CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects>");
+    FViewCrossSects sections;
+    sections.ReadElement(xml.Root());
+    EXPECT_FALSE(sections.WriteElement(xml.Root()));
+}
+
+TEST(FViewCrossSect, ClaimsBeginAfreshInEachSection)
+{
+    FViewSurfacesList surfaces = Surfaces(L"<Surface name='EG' desc='ExistingGround'/>");
+    XmlText xml(L"<CrossSects><CrossSect><CrossSectSurf name='EG_1'/></CrossSect><CrossSect><CrossSectSurf "
+                L"name='EG_2'/></CrossSect></CrossSects>");
+    FViewCrossSects sections;
+    sections.ReadElement(xml.Root());
+    for (FViewCrossSect& section : sections.crossSects)
+    {
+        section.surfacesList = &surfaces;
+    }
+    EXPECT_TRUE(sections.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<CrossSects><CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"
+                          L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect></CrossSects>");
+}
+
+struct MaterialCase
+{
+    const wchar_t* names;
+    MaterialMap materials;
+};
+
+class Materials : public testing::TestWithParam<MaterialCase>
+{};
+
+TEST_P(Materials, StandBehindTheirLayerInCompositeNames)
+{
+    XmlText xml(std::wstring(L"<CrossSect>") + GetParam().names + L"</CrossSect>");
+    MaterialMap materials;
+    CollectMaterials(xml.Root(), materials);
+    EXPECT_EQ(materials, GetParam().materials);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCrossSect, Materials,
+    testing::Values(MaterialCase{L"<CrossSectSurf name='表層_ABC13'/>", {{L"表層", L"ABC"}}},
+                    MaterialCase{L"<CrossSectSurf name='基層_ABC30-40'/>", {{L"基層", L"ABC"}}},
+                    MaterialCase{L"<CrossSectSurf name='x表層_A1B+2.5'/>", {{L"表層", L"A1B"}}},
+                    MaterialCase{L"<CrossSectSurf name='表層_13'/>", {{L"表層", L""}}},
+                    MaterialCase{L"<CrossSectSurf name='表層_A'/><CrossSectSurf name='表層_B'/>", {{L"表層", L"B"}}},
+                    MaterialCase{L"<CrossSectSurf name='表層_A基層_B1'/>", {{L"表層", L"A基層_B"}, {L"基層", L"B"}}},
+                    MaterialCase{L"<CrossSectSurf name='表層A'/><CrossSectSurf/><crosssectsurf name='表層_A'/>", {}},
+                    MaterialCase{L"<CrossSectSurf name='表層_Ａ１'/>", {{L"表層", L"Ａ１"}}}));
+
+TEST(FViewCrossSect, MaterialsAreTakenBeforeTheirLinesGo)
+{
+    EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='表層_ABC13'/><DesignCrossSectSurf name='表層' closedArea='true'/>"),
+              L"<CrossSect><DesignCrossSectSurf name=\"Pavement\" closedArea=\"true\" side=\"left\" "
+              L"material=\"ABC\"><Feature>"
+              L"<Property label=\"heightType\" value=\"fhOffset\"/><Property label=\"pavementClass\" "
+              L"value=\"表層\"/></Feature></DesignCrossSectSurf>"
+              L"</CrossSect>");
+}
+
+TEST(FViewCrossSect, AnOpenPavementIsRemovedInTheEnd)
+{
+    EXPECT_EQ(
+        WrittenSection(L"<DesignCrossSectSurf name='Pavement' closedArea='false'/><DesignCrossSectSurf name='表層'/>"
+                       L"<DesignCrossSectSurf name='x'/>"),
+        L"<CrossSect><DesignCrossSectSurf name=\"x\" side=\"left\">" + HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+}
+
+TEST(FViewCrossSect, TheSideIsKeptFromOneSurfaceToTheNext)
+{
+    EXPECT_EQ(WrittenSection(
+                  L"<DesignCrossSectSurf name='a'><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"
+                  L"<DesignCrossSectSurf name='b'><CrossSectPnt code='c'>1 1</CrossSectPnt></DesignCrossSectSurf>"
+                  L"<DesignCrossSectSurf name='c'><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"),
+              L"<CrossSect><DesignCrossSectSurf name=\"a\" side=\"left\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
+                  HEIGHT +
+                  L"</DesignCrossSectSurf><DesignCrossSectSurf name=\"b\" side=\"right\"><CrossSectPnt code=\"c\">1 "
+                  L"1</CrossSectPnt>" +
+                  HEIGHT +
+                  L"</DesignCrossSectSurf><DesignCrossSectSurf name=\"c\" side=\"right\"><CrossSectPnt code=\"c\">0 "
+                  L"1</CrossSectPnt>" +
+                  HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+}
+
+TEST(FViewCrossSect, EmptyTextsLeaveTheAttributes)
+{
+    FViewCrossSect section;
+    EXPECT_EQ(WrittenInto(section, L"<CrossSect name='n' sta='1'/>"), L"<CrossSect name=\"n\" sta=\"1\"/>");
+}
+
+TEST(FViewCrossSects, SectionsAreWrittenByTheirPosition)
+{
+    XmlText xml(L"<CrossSects name='old'><CrossSect sta='1'/><crosssect/><CrossSect sta='2'/></CrossSects>");
+    FViewCrossSects sections;
+    sections.ReadElement(xml.Root());
+    EXPECT_EQ(sections.name, L"old");
+    ASSERT_EQ(sections.crossSects.size(), 2U);
+    sections.name = L"new";
+    sections.crossSects[1].sta = L"3";
+    sections.SetOutputVersion(3);
+    EXPECT_EQ(sections.crossSects[1].version, 3);
+    EXPECT_TRUE(sections.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(),
+              L"<CrossSects name=\"new\"><CrossSect sta=\"1\"/><crosssect/><CrossSect sta=\"3\"/></CrossSects>");
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,204 @@
+#include "model/FViewDesignCrossSectSurf.h"
+
+#include "model/CurrentDesignType.h"
+#include "support/XmlText.h"
+
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+const std::wstring HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
+
+/// A design type for one test.
+class DesignTypeScope
+{
+  public:
+    explicit DesignTypeScope(const wchar_t* type) { GetCurrentDesignType() = type; }
+    DesignTypeScope(const DesignTypeScope&) = delete;
+    DesignTypeScope& operator=(const DesignTypeScope&) = delete;
+    ~DesignTypeScope() { GetCurrentDesignType().clear(); }
+};
+
+std::wstring WrittenSurface(const std::wstring& xml, const MaterialMap& materials = {})
+{
+    FViewDesignCrossSectSurf surface;
+    surface.materials = &materials;
+    return WrittenInto(surface, xml);
+}
+
+struct ClassCase
+{
+    const wchar_t* name;
+    const wchar_t* road;
+    const wchar_t* river;
+};
+
+class SurfaceDescription : public testing::TestWithParam<ClassCase>
+{};
+
+TEST_P(SurfaceDescription, FollowsFromTheNameAndTheDesign)
+{
+    const auto written = [](const wchar_t* type) {
+        const DesignTypeScope scope(type);
+        XmlText xml(std::wstring(L"<DesignCrossSectSurf name='") + GetParam().name + L"' desc='host'/>");
+        ClassifySurface(xml.Root());
+        return std::wstring(xml.Root().FindAttribute(L"desc").value());
+    };
+    EXPECT_EQ(written(L"道路"), GetParam().road);
+    EXPECT_EQ(written(L""), GetParam().road);
+    EXPECT_EQ(written(L"河川"), GetParam().river);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewDesignCrossSectSurf, SurfaceDescription,
+    testing::Values(ClassCase{L"Carriageway", L"道路面", L"host"}, ClassCase{L"CenterStrip", L"道路面", L"host"},
+                    ClassCase{L"RoadShoulder", L"道路面", L"host"}, ClassCase{L"StoppingLane", L"道路面", L"host"},
+                    ClassCase{L"SideWalk", L"道路面", L"host"}, ClassCase{L"PlantingZone", L"道路面", L"host"},
+                    ClassCase{L"FrontageRoad", L"道路面", L"host"}, ClassCase{L"Track", L"道路面", L"host"},
+                    ClassCase{L"Spearator", L"道路面", L"host"}, ClassCase{L"Separator", L"host", L"host"},
+                    ClassCase{L"MirginalStrip", L"道路面", L"host"}, ClassCase{L"MarginalStrip", L"host", L"host"},
+                    ClassCase{L"SlopeFill", L"道路面", L"計画堤防面"}, ClassCase{L"SlopeCut", L"道路面", L"host"},
+                    ClassCase{L"BermFill", L"道路面", L"計画堤防面"}, ClassCase{L"BermCut", L"道路面", L"host"},
+                    ClassCase{L"RetainingWall", L"道路面", L"計画堤防面"}, ClassCase{L"Drainage", L"道路面", L"host"},
+                    ClassCase{L"Other", L"道路面", L"計画堤防面"}, ClassCase{L"SubBase", L"路床面", L"host"},
+                    ClassCase{L"SubGrade", L"路体面", L"host"}, ClassCase{L"Excavation", L"床掘面", L"host"},
+                    ClassCase{L"Crown", L"host", L"計画堤防面"},
+                    ClassCase{L"EarthWorkBaseLineFill", L"host", L"余盛堤防面"},
+                    ClassCase{L"Pavement", L"host", L"host"}, ClassCase{L"Formation", L"host", L"host"},
+                    ClassCase{L"carriageway", L"host", L"host"}));
+
+TEST(FViewDesignCrossSectSurf, ACarriagewayHasItsDescriptionOnARoadOnly)
+{
+    EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"),
+              L"<D name=\"Carriageway\" desc=\"道路面\">" + HEIGHT + L"</D>");
+    const DesignTypeScope river(L"河川");
+    EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"), L"<D name=\"Carriageway\">" + HEIGHT + L"</D>");
+}
+
+class PavementLayer : public testing::TestWithParam<const wchar_t*>
+{};
+
+TEST_P(PavementLayer, BecomesAPavementWithItsClassAndMaterial)
+{
+    const std::wstring layer = GetParam();
+    EXPECT_EQ(WrittenSurface(L"<D name='" + layer + L"' closedArea='true'/>", {{layer, L"M"}, {L"x", L"y"}}),
+              L"<D name=\"Pavement\" closedArea=\"true\" material=\"M\"><Feature><Property label=\"heightType\" "
+              L"value=\"fhOffset\"/>"
+              L"<Property label=\"pavementClass\" value=\"" +
+                  layer + L"\"/></Feature></D>");
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewDesignCrossSectSurf, PavementLayer,
+                         testing::Values(L"表層", L"中間層", L"基層", L"上層路盤", L"下層路盤"));
+
+TEST(FViewDesignCrossSectSurf, APavementOfTheInputHasNoClassAndNoMaterial)
+{
+    EXPECT_EQ(WrittenSurface(L"<D name='Pavement' closedArea='true'/>", {{L"表層", L"M"}}),
+              L"<D name=\"Pavement\" closedArea=\"true\">" + HEIGHT + L"</D>");
+}
+
+TEST(FViewDesignCrossSectSurf, AnEmptyMaterialGivesAnEmptyAttribute)
+{
+    XmlText xml(L"<D name='Pavement'/>");
+    WriteMaterial(xml.Root(), {{L"表層", L""}}, L"表層");
+    EXPECT_EQ(xml.Text(), L"<D name=\"Pavement\" material=\"\"/>");
+}
+
+TEST(FViewDesignCrossSectSurf, TheHeightMergesIntoANamelessFeature)
+{
+    EXPECT_EQ(
+        WrittenSurface(
+            L"<D name='x'><Feature name='f'/><Feature><Property label='heightType' value='old'/></Feature><y/></D>"),
+        L"<D name=\"x\"><Feature name=\"f\"/>" + HEIGHT + L"<y/></D>");
+}
+
+TEST(FViewDesignCrossSectSurf, GivenFeaturesTakeThePlaceOfTheHeight)
+{
+    FViewDesignCrossSectSurf surface;
+    surface.features.emplace_back(L"f").properties.emplace_back(L"a", L"b");
+    EXPECT_EQ(WrittenInto(surface, L"<D name='x'/>"),
+              L"<D name=\"x\"><Feature name=\"f\"><Property label=\"a\" value=\"b\"/></Feature></D>");
+    surface.Clear();
+    EXPECT_TRUE(surface.features.empty());
+}
+
+struct ThicknessCase
+{
+    const wchar_t* xml;
+    const wchar_t* thickness;
+};
+
+class Thickness : public testing::TestWithParam<ThicknessCase>
+{};
+
+TEST_P(Thickness, IsTheHeightBetweenTheLastTwoPoints)
+{
+    XmlText xml(GetParam().xml);
+    WriteThickness(xml.Root());
+    EXPECT_EQ(xml.Root().FindAttributeIgnoreCase(L"typicalThickness").value_or(L"-"), GetParam().thickness);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewDesignCrossSectSurf, Thickness,
+    testing::Values(
+        ThicknessCase{
+            L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 10</CrossSectPnt><CrossSectPnt>5 10</CrossSectPnt>"
+            L"<CrossSectPnt>5 9.8</CrossSectPnt><CrossSectPnt>0 9.75</CrossSectPnt></D>",
+            L"0.05"},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 10</CrossSectPnt></D>", L"-"},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'/>", L"-"},
+        ThicknessCase{L"<D name='Pavement' closedArea='false'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
+                      L"2</CrossSectPnt></D>",
+                      L"-"},
+        ThicknessCase{
+            L"<D name='表層' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 2</CrossSectPnt></D>",
+            L"-"},
+        ThicknessCase{L"<D name='Pavement' closedArea='true' TypicalThickness='9'><CrossSectPnt>0 "
+                      L"1</CrossSectPnt><CrossSectPnt>0 3</CrossSectPnt></D>",
+                      L"2."},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 3 "
+                      L"5</CrossSectPnt><crosssectpnt>0 9</crosssectpnt></D>",
+                      L"2."},
+        ThicknessCase{
+            L"<D name='Pavement' closedArea='true'><CrossSectPnt>7</CrossSectPnt><CrossSectPnt>0  3</CrossSectPnt></D>",
+            L"0."}));
+
+struct SideCase
+{
+    const wchar_t* points;
+    const wchar_t* before;
+    const wchar_t* side;
+};
+
+class SurfaceSide : public testing::TestWithParam<SideCase>
+{};
+
+TEST_P(SurfaceSide, IsThatOfTheFirstPointBesideTheCentreLine)
+{
+    XmlText xml(std::wstring(L"<D>") + GetParam().points + L"</D>");
+    std::wstring side = GetParam().before;
+    AssignSide(xml.Root(), side);
+    EXPECT_EQ(side, GetParam().side);
+    EXPECT_EQ(xml.Root().FindAttribute(L"side"), std::wstring_view(GetParam().side));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewDesignCrossSectSurf, SurfaceSide,
+    testing::Values(SideCase{L"<CrossSectPnt code='a'>-1 2</CrossSectPnt>", L"right", L"left"},
+                    SideCase{L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>1 2</CrossSectPnt>",
+                             L"left", L"right"},
+                    SideCase{L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>0 3</CrossSectPnt>",
+                             L"right", L"right"},
+                    SideCase{L"<CrossSectPnt>-1 2</CrossSectPnt><CrossSectPnt code=''>1 2</CrossSectPnt>", L"left",
+                             L"right"},
+                    SideCase{L"<CrossSectPnt code='a'>-1 2 3</CrossSectPnt><CrossSectPnt code='a'>-1</CrossSectPnt>",
+                             L"right", L"right"},
+                    SideCase{L"<crosssectpnt/><Other code='a'>5 5</Other>", L"left", L"right"},
+                    SideCase{L"", L"right", L"right"}, SideCase{L"<Other code='a'>5 5</Other>", L"left", L"left"},
+                    SideCase{L"<CrossSectPnt code='a'>x 5</CrossSectPnt>", L"right", L"right"}));
+
+} // namespace
+} // namespace jlandxml
