@@ -1,4 +1,4 @@
-#include "model/FViewAlignment.h"
+#include "model/FViewAlignments.h"
 
 #include "support/XmlText.h"
 
@@ -232,6 +232,47 @@ INSTANTIATE_TEST_SUITE_P(
                     L"><Profile><ProfSurf name=\"g\"><PntList2D>1. 2.</PntList2D></ProfSurf></Profile>"
                     L"<CoordGeom><Line><Start name=\"BP\"/><End name=\"EP\"/></Line></CoordGeom>" +
                         DEFAULT_FEATURES}));
+
+TEST(FViewAlignment, CrossSectionsReferToTheDesignProfile)
+{
+    EXPECT_EQ(
+        Written<FViewAlignment>(L"<Alignment><CrossSects><CrossSect sta='1'/></CrossSects><CrossSects><x/></CrossSects>"
+                                L"<Profile><ProfAlign name='計画'/></Profile></Alignment>"),
+        L"<Alignment><CrossSects><CrossSect sta=\"1\"/><Feature><Property label=\"profAlignRefs\" "
+        L"value=\"計画\"/></Feature></CrossSects>"
+        L"<CrossSects><x/></CrossSects><Profile><ProfAlign name=\"計画\"/></Profile>" +
+            DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, WithoutADesignProfileCrossSectionsReferToNothing)
+{
+    EXPECT_EQ(Written<FViewAlignment>(L"<Alignment><CrossSects><CrossSect sta='1'/></CrossSects></Alignment>"),
+              L"<Alignment><CrossSects><CrossSect sta=\"1\"/></CrossSects>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, CrossSectionsWithoutAChildAreDropped)
+{
+    EXPECT_EQ(Written<FViewAlignment>(
+                  L"<Alignment><crosssects/><CrossSects name='a'/><CrossSects>x</CrossSects><CrossSects/></Alignment>"),
+              L"<Alignment><crosssects/><CrossSects>x</CrossSects>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, AFailingCrossSectionFailsTheAlignment)
+{
+    XmlText xml(L"<Alignments><Alignment><CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects></Alignment></"
+                L"Alignments>");
+    FViewAlignments route;
+    route.ReadElement(xml.Root());
+    EXPECT_FALSE(route.WriteElement(xml.Root()));
+}
+
+TEST(FViewAlignment, TheOutputVersionReachesTheCrossSections)
+{
+    auto alignment = Read<FViewAlignment>(L"<Alignment><CrossSects/></Alignment>");
+    alignment.SetOutputVersion(3);
+    EXPECT_EQ(alignment.crossSects[0].version, 3);
+    EXPECT_EQ(alignment.coordGeom.version, 0);
+}
 
 TEST(FViewAlignment, WideningIsWrittenFromVersion15On)
 {

@@ -130,6 +130,230 @@ TEST(FViewLandXML, RoutesAreWrittenByTheirPosition)
               L"name=\"サイト\"/></LandXML>");
 }
 
+/// Point groups of a size each, 0 for one without points.
+FViewLandXML WithGroups(const std::vector<int>& intermediate, const std::vector<int>& stakes)
+{
+    FViewLandXML root;
+    for (const int size : intermediate)
+    {
+        root.intermediatePoints.emplace_back().points.resize(static_cast<std::size_t>(size));
+    }
+    for (const int size : stakes)
+    {
+        root.widthStakePoints.emplace_back().points.resize(static_cast<std::size_t>(size));
+    }
+    root.intermediatePoints.Number();
+    return root;
+}
+
+/// The names of the children of a document that groups were placed in, each with its own name.
+std::wstring Placed(const std::wstring& children, FViewLandXML root, std::int32_t version, bool succeeds = true)
+{
+    XmlText xml(L"<LandXML>" + children + L"</LandXML>");
+    FViewLandXML read;
+    read.ReadElement(xml.Root());
+    read.intermediatePoints = root.intermediatePoints;
+    read.widthStakePoints = root.widthStakePoints;
+    read.SetOutputVersion(version);
+    EXPECT_EQ(read.WriteElement(xml.Root()), succeeds);
+    std::wstring names;
+    WcXmNode child = xml.Root();
+    for (bool more = child.MoveToFirstChild(); more; more = child.MoveToNextSibling())
+    {
+        const bool stakes = child.NodeName() == L"CgPoints" && !child.FindAttribute(L"name");
+        names += (names.empty() ? L"" : L" ") + std::wstring(stakes ? L"Stakes" : child.NodeName());
+    }
+    return names;
+}
+
+/// Where things stand that the converter places, told once more in the plainest way.
+std::wstring ExpectedPlaces(bool alignments, bool surfaces, bool system, int intermediate, int stakes,
+                            std::int32_t version)
+{
+    std::vector<std::wstring> before;
+    std::vector<std::wstring> after;
+    for (int group = 0; group < intermediate; ++group)
+    {
+        before.push_back(L"CgPoints");
+    }
+    for (int group = 0; group < (version > 2 ? stakes : 0); ++group)
+    {
+        before.push_back(L"Stakes");
+    }
+    std::vector<std::wstring> all = {L"Units"};
+    if (system)
+    {
+        all.push_back(L"CoordinateSystem");
+    }
+    else if (!before.empty() || alignments || surfaces)
+    {
+        before.insert(before.begin(), L"CoordinateSystem");
+    }
+    else
+    {
+        after.push_back(L"CoordinateSystem");
+    }
+    all.insert(all.end(), before.begin(), before.end());
+    if (alignments)
+    {
+        all.push_back(L"Alignments");
+    }
+    if (surfaces)
+    {
+        all.push_back(L"Surfaces");
+    }
+    all.insert(all.end(), after.begin(), after.end());
+    std::wstring names;
+    for (const std::wstring& name : all)
+    {
+        names += (names.empty() ? L"" : L" ") + name;
+    }
+    return names;
+}
+
+TEST(FViewLandXML, PointGroupsAndCoordinateSystemArePlacedInEveryCombination)
+{
+    for (const std::int32_t version : {2, 3, 4})
+    {
+        for (int combination = 0; combination < 8; ++combination)
+        {
+            const bool alignments = (combination & 1) != 0;
+            const bool surfaces = (combination & 2) != 0;
+            const bool system = (combination & 4) != 0;
+            for (const bool given : {false, true})
+            {
+                for (int groups = 0; groups < 9; ++groups)
+                {
+                    const int intermediate = groups % 3;
+                    const int stakes = groups / 3;
+                    std::wstring children = std::wstring(L"<Units/>") + (given ? L"<CgPoints name='host'/>" : L"") +
+                                            (system ? L"<CoordinateSystem/>" : L"") +
+                                            (alignments ? L"<Alignments/>" : L"") + (surfaces ? L"<Surfaces/>" : L"");
+                    std::vector<int> sizes(static_cast<std::size_t>(intermediate), 1);
+                    sizes.push_back(0);
+                    EXPECT_EQ(Placed(children, WithGroups(sizes, std::vector<int>(static_cast<std::size_t>(stakes), 2)),
+                                     version),
+                              ExpectedPlaces(alignments, surfaces, system, intermediate, stakes, version))
+                        << testing::PrintToString(children) << groups << " version " << version;
+                }
+            }
+        }
+    }
+}
+
+TEST(FViewLandXML, AGroupWithoutPointsHasNoElement)
+{
+    EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({0}, {0}), 4), L"CoordinateSystem Alignments");
+}
+
+TEST(FViewLandXML, WidthStakesAreKnownFromVersion16On)
+{
+    EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), 2), L"CoordinateSystem Alignments");
+    EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), 3), L"CoordinateSystem Stakes Alignments");
+}
+
+TEST(FViewLandXML, GroupNumbersMayHaveGaps)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem name='c'/><Alignments name='a'/></LandXML>");
+    FViewLandXML root = WithGroups({1, 0, 1}, {});
+    root.WriteElement(xml.Root());
+    EXPECT_NE(xml.Text().find(L"<CgPoints name=\"IntermediatePnts-1\">"), std::wstring::npos);
+    EXPECT_EQ(xml.Text().find(L"IntermediatePnts-2"), std::wstring::npos);
+    EXPECT_NE(xml.Text().find(L"<CgPoints name=\"IntermediatePnts-3\">"), std::wstring::npos);
+}
+
+TEST(FViewLandXML, ASecondExportOfPointsOverTheSameTreeFails)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem name='c'/></LandXML>");
+    FViewLandXML root = WithGroups({1}, {});
+    EXPECT_TRUE(root.WriteElement(xml.Root()));
+    EXPECT_FALSE(root.WriteElement(xml.Root()));
+    FViewLandXML stakes = WithGroups({}, {1});
+    stakes.SetOutputVersion(4);
+    EXPECT_TRUE(stakes.WriteElement(xml.Root()));
+}
+
+TEST(FViewLandXML, SurfaceReferencesDependOnTheVersionAndNotesNever)
+{
+    const std::wstring xml = L"<LandXML><CoordinateSystem name='c'/><Surfaces><Surface desc='a 線形名=b'><Feature "
+                             L"name='f'><Property value='R1'/>"
+                             L"</Feature></Surface></Surfaces></LandXML>";
+    const std::wstring head = L"<LandXML><CoordinateSystem name=\"c\"/><Surfaces><Surface desc=\"a\"><Feature "
+                              L"name=\"f\"><Property value=\"R1\"/></Feature>";
+    const std::wstring reference = L"<Feature><Property label=\"alignmentRefs\" value=\"R1\"/></Feature>";
+    const std::wstring tail = L"</Surface></Surfaces></LandXML>";
+    EXPECT_EQ(Written<FViewLandXML>(xml, 0), head + tail);
+    for (const std::int32_t version : {1, 2, 3, 4})
+    {
+        EXPECT_EQ(Written<FViewLandXML>(xml, version), head + reference + tail);
+    }
+    EXPECT_EQ(Written<FViewLandXML>(xml, 5), head + tail);
+}
+
+TEST(FViewLandXML, ACrossSectionKeepsTheGroundOfTheDocumentsSurfaces)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem name='c'/><Alignments "
+                L"name='a'><Alignment><CrossSects><CrossSect><CrossSectSurf name='EG_1'/></CrossSect>"
+                L"</CrossSects></Alignment></Alignments><Surfaces><Surface name='EG' "
+                L"desc='ExistingGround'/></Surfaces></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    root.surfaces.FillOutPutCSS();
+    EXPECT_TRUE(root.WriteElement(xml.Root()));
+    EXPECT_NE(xml.Text().find(L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"), std::wstring::npos);
+}
+
+TEST(FViewLandXML, ClearLeavesTheOutputTable)
+{
+    FViewLandXML root = WithGroups({1}, {1});
+    root.alignments.resize(1);
+    root.surfaces.resize(1);
+    root.surfaces.outPutCSS.push_back({L"a", true, true});
+    root.Clear();
+    EXPECT_TRUE(root.intermediatePoints.empty() && root.widthStakePoints.empty() && root.alignments.empty() &&
+                root.surfaces.empty());
+    EXPECT_EQ(root.surfaces.outPutCSS.size(), 1U);
+}
+
+TEST(FViewLandXML, ADocumentFullOfStrangersKeepsThemCharacterForCharacter)
+{
+    // Around and inside every element that the converter edits stand elements, attributes and texts that it doesn't
+    // know.
+    const auto strangers = [](int number) {
+        const std::wstring n = std::to_wstring(number);
+        return L"t" + n + L"<Unknown" + n + L" a=\"&lt;&quot;" + n + L"\">x<y z=\"1\"/></Unknown" + n + L"><![CDATA[c" +
+               n + L"]]>";
+    };
+    const std::wstring xml =
+        L"<LandXML u=\"v\">" + strangers(1) + L"<Project name=\"n\" u=\"v\">" + strangers(2) + L"</Project>" +
+        strangers(3) + L"<Units u=\"v\">" + strangers(4) + L"<Metric u=\"v\">" + strangers(5) +
+        L"</Metric></Units><CoordinateSystem name=\"c\" u=\"v\">" + strangers(6) +
+        L"</CoordinateSystem><Alignments name=\"a\" u=\"v\">" + strangers(7) + L"<Alignment name=\"b\" u=\"v\">" +
+        strangers(8) + L"<CoordGeom u=\"v\">" + strangers(9) + L"<Line u=\"v\"><Start u=\"v\">1 2" + L"</Start>" +
+        strangers(10) + L"<End/></Line></CoordGeom>" + L"<Profile u=\"v\">" + strangers(11) +
+        L"<ProfAlign name=\"p\">" + strangers(12) + L"</ProfAlign></Profile><Superelevation u=\"v\">" + strangers(13) +
+        L"</Superelevation><CrossSects u=\"v\">" + strangers(14) + L"<CrossSect u=\"v\">" + strangers(15) +
+        L"<DesignCrossSectSurf name=\"d\" u=\"v\">" + strangers(16) +
+        L"</DesignCrossSectSurf></CrossSect></CrossSects></Alignment></Alignments>" + L"<Surfaces u=\"v\">" +
+        strangers(17) + L"<Surface u=\"v\">" + strangers(18) + L"</Surface></Surfaces>" + strangers(19) + L"</LandXML>";
+    std::wstring written = Written<FViewLandXML>(xml);
+    // What the converter adds, taken out again, leaves the input.
+    for (const wchar_t* const added :
+         {L"<Feature><Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.7\"/></Feature>",
+          L" pressureUnit=\"HPA\"",
+          L"<Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>",
+          L"<Feature name=\"SuperelevationConfig\"><Property label=\"singleLaneRoad\" value=\"false\"/>"
+          L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>",
+          L" name=\"EP\"", L" side=\"left\"", L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>",
+          L"<Feature><Property label=\"profAlignRefs\" value=\"p\"/></Feature>"})
+    {
+        const std::size_t place = written.find(added);
+        ASSERT_NE(place, std::wstring::npos) << testing::PrintToString(added);
+        written.erase(place, std::wstring_view(added).size());
+    }
+    EXPECT_EQ(written, xml);
+}
+
 TEST(FViewLandXML, ReadingBeginsWithAnEmptyModel)
 {
     XmlText full(L"<LandXML><Project><Feature><Property label='projectPhase' value='予備'/></Feature></Project>"

@@ -1,0 +1,99 @@
+#include "run/LoadSideFiles.h"
+
+#include "run/ExecuteQuorvane.h"
+#include "support/RunFixture.h"
+
+namespace jlandxml
+{
+namespace
+{
+
+class LoadSideFilesTest : public RunTest
+{
+  protected:
+    LoadSideFilesTest()
+    {
+        WorkFile("<LandXML><Alignments><Alignment name=\"R1\"/><Alignment name=\"R2\"/></Alignments>"
+                 "<Surfaces><Surface name=\"EG\" desc=\"ExistingGround\"/></Surfaces></LandXML>");
+    }
+
+    void Run(std::int32_t routes) { ExecuteQuorvane(folder.Name().c_str(), routes); }
+};
+
+TEST_F(LoadSideFilesTest, PathsAreJoinedWithoutRegardToTheHostsSeparator)
+{
+    EXPECT_EQ(SideFilePath(L"C:\\work", SIDE_FILES[0], 12), L"C:\\work/intermediatePts_temp_12.csv");
+    EXPECT_EQ(SideFilePath(L"f", SIDE_FILES[1], 1), L"f/widthStake_temp_1.csv");
+    EXPECT_EQ(SideFilePath(L"f", SIDE_FILES[2], 1), L"f/superElevation_temp_1.csv");
+    EXPECT_EQ(SideFilePath(L"f", SIDE_FILES[3], 1), L"f/widening_temp_1.csv");
+}
+
+TEST_F(LoadSideFilesTest, EachRouteFindsItsAlignmentByTheNameOfItsFirstFile)
+{
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R2\n");
+    folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2,3\n");
+    folder.Write(L"intermediatePts_temp_2.csv", "n,R1\n");
+    folder.Write(L"superElevation_temp_2.csv", "t\nt\n1,0+1,x,,,2,,,,2,\n");
+    folder.Write(L"widthStake_temp_2.csv", "t\nt\nA,1,2,3,4,5,6,7,8,9\n");
+    Run(2);
+    const auto& alignments = Context().model.alignments.at(0).alignments;
+    EXPECT_EQ(alignments[0].slopeList.size(), 1U);
+    EXPECT_EQ(alignments[0].widthLeftValue.size(), 0U);
+    EXPECT_EQ(alignments[1].slopeList.size(), 0U);
+    EXPECT_EQ(alignments[1].widthLeftValue.size(), 1U);
+    EXPECT_EQ(Context().model.widthStakePoints.at(0).alignmentRefs, L"R1");
+    EXPECT_EQ(GetCurrentRouteName(), L"");
+}
+
+TEST_F(LoadSideFilesTest, WithoutItsFirstFileARouteFindsNoAlignment)
+{
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"widening_temp_2.csv", "t\nt\nLeft,1,2,3\n");
+    Run(2);
+    EXPECT_TRUE(Context().model.alignments.at(0).alignments[0].widthLeftValue.empty());
+}
+
+TEST_F(LoadSideFilesTest, ABrokenFileEndsTheRunWithOneMessage)
+{
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2\n");
+    folder.Write(L"intermediatePts_temp_2.csv", "n,R2\n");
+    Run(2);
+    EXPECT_EQ(windows.Messages(),
+              (std::vector<ShownMessage>{
+                  {L"General exception occurred: %s, 引数が正しくありません: 4列目", MessageIcon::None}}));
+    EXPECT_EQ(GetCurrentRouteName(), L"");
+    EXPECT_EQ(Context().model.intermediatePoints.size(), 1U);
+}
+
+TEST_F(LoadSideFilesTest, ASecondCallKeepsOnlyTheOlderRowsOfTheOutputTable)
+{
+    const std::size_t before = Context().model.surfaces.outPutCSS.size();
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    Run(1);
+    Run(1);
+    EXPECT_EQ(Context().model.intermediatePoints.size(), 1U);
+    EXPECT_EQ(Context().model.alignments.size(), 1U);
+    EXPECT_EQ(Context().model.surfaces.outPutCSS.size(), before + 2);
+    EXPECT_EQ(Context().loadedModel.surfaces.outPutCSS.size(), before + 1);
+    EXPECT_TRUE(Context().loadedModel.intermediatePoints.empty());
+}
+
+TEST_F(LoadSideFilesTest, RoutesAreCountedByTheLargestNumber)
+{
+    EXPECT_EQ(CountRoutes(folder.Name()), 0);
+    folder.Write(L"widening_temp_2.csv", "");
+    EXPECT_EQ(CountRoutes(folder.Name()), 2);
+    folder.Write(L"superElevation_temp_10.csv", "");
+    for (const wchar_t* const other :
+         {L"widening_temp_011.csv", L"widening_temp_12.csv.bak", L"widening_temp_x.csv", L"xwidening_temp_13.csv",
+          L"widening_temp_-14.csv", L"widening_temp_+15.csv", L"widening_temp_99999999999.csv", L"widening_temp_.csv"})
+    {
+        folder.Write(other, "");
+    }
+    EXPECT_EQ(CountRoutes(folder.Name()), 10);
+    EXPECT_EQ(CountRoutes(folder.Name(L"missing")), 0);
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,60 @@
+#include "sidefiles/CgPointWidthStakeCSVLoader.h"
+
+#include "support/SideFileFixture.h"
+
+namespace jlandxml
+{
+namespace
+{
+
+class WidthStakeTest : public SideFileTest
+{};
+
+TEST_F(WidthStakeTest, StakesAreGatheredByTheirGroup)
+{
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>(
+        "t\nt\nB,1,s,10,1,2,3,9.5,d1,open\nA,2,s,,,,,,dA,closed\nB,3,s,11,4,5,6,7,d2,closed,x\n"));
+    ASSERT_EQ(Model().widthStakePoints.size(), 2U);
+    const FViewCgPointsWidthStake& group = Model().widthStakePoints[0];
+    EXPECT_EQ(group.name, L"B");
+    EXPECT_EQ(group.desc, L"d1");
+    EXPECT_EQ(group.type, L"open");
+    EXPECT_EQ(group.alignmentRefs, L"R1");
+    ASSERT_EQ(group.points.size(), 2U);
+    EXPECT_EQ(group.points[0].name, L"1");
+    EXPECT_EQ(group.points[0].stakeText, L"s");
+    EXPECT_EQ(group.points[0].sta, 10.0);
+    EXPECT_EQ(group.points[0].firstCoordinate, 1.0);
+    EXPECT_EQ(group.points[0].secondCoordinate, 2.0);
+    EXPECT_EQ(group.points[0].thirdCoordinate, 3.0);
+    EXPECT_EQ(group.points[0].stakeValue, 9.5);
+    EXPECT_EQ(group.points[0].tangentDirectionAngle, UNSET_DOUBLE);
+    EXPECT_EQ(group.points[0].sequenceText, L"");
+    EXPECT_EQ(group.points[1].groupDesc, L"d2");
+    EXPECT_EQ(group.points[1].groupType, L"closed");
+    EXPECT_EQ(Model().widthStakePoints[1].name, L"A");
+    EXPECT_EQ(Model().widthStakePoints[1].points[0].stakeValue, UNSET_DOUBLE);
+}
+
+TEST_F(WidthStakeTest, AFileOfTitlesGivesNoGroup)
+{
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("A,1,2,3,4,5,6,7,8,9\nA,1,2,3,4,5,6,7,8,9\n"));
+    EXPECT_TRUE(Model().widthStakePoints.empty());
+}
+
+TEST_F(WidthStakeTest, AShortRowIsPassedOver)
+{
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("t\nt\nA,1,2,3,4,5,6,7,8\n"));
+    EXPECT_TRUE(Model().widthStakePoints.empty());
+}
+
+TEST_F(WidthStakeTest, WithoutARouteNameTheGroupsReferToNothing)
+{
+    GetCurrentRouteName().clear();
+    Load<CgPointWidthStakeCSVLoader>("t\nt\na,1,2,3,4,5,6,7,8,9\nA,1,2,3,4,5,6,7,8,9\n");
+    ASSERT_EQ(Model().widthStakePoints.size(), 2U);
+    EXPECT_EQ(Model().widthStakePoints[0].alignmentRefs, L"");
+}
+
+} // namespace
+} // namespace jlandxml

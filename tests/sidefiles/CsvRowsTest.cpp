@@ -1,0 +1,198 @@
+#include "sidefiles/CsvRows.h"
+
+#include "framework/Exceptions.h"
+#include "framework/Text.h"
+#include "model/UnsetDouble.h"
+#include "support/TemporaryFolder.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace jlandxml
+{
+namespace
+{
+
+using Fields = std::vector<std::wstring>;
+
+/// The rows of a file.
+std::vector<Fields> Rows(const std::string& content)
+{
+    const TestFolder folder;
+    CsvRows rows;
+    rows.Read(folder.Write(L"side.csv", content));
+    std::vector<Fields> all;
+    CsvRow row;
+    while (rows.Next(row))
+    {
+        Fields& fields = all.emplace_back();
+        for (std::size_t index = 0; index < row.Size(); ++index)
+        {
+            fields.emplace_back(row[index]);
+        }
+    }
+    return all;
+}
+
+struct RowsCase
+{
+    std::string content;
+    std::vector<Fields> rows;
+};
+
+class Csv : public testing::TestWithParam<RowsCase>
+{};
+
+TEST_P(Csv, IsCutIntoRowsAndFields)
+{
+    EXPECT_EQ(Rows(GetParam().content), GetParam().rows);
+}
+
+INSTANTIATE_TEST_SUITE_P(CsvRows, Csv,
+                         testing::Values(RowsCase{"", {}}, RowsCase{"\xEF\xBB\xBF", {}},
+                                         RowsCase{"a, b ,,", {{L"a", L"b", L"", L""}}}, RowsCase{"a", {{L"a"}}},
+                                         RowsCase{"1,2 %,3", {{L"1", L"2%", L"3"}}}, RowsCase{"2  %", {{L"2 %"}}},
+                                         RowsCase{" %", {{L"%"}}}, RowsCase{"a\r\nb\r\n", {{L"a"}, {L"b"}}},
+                                         RowsCase{"\n\na\n \t\r\n　\n\nb", {{L"a"}, {L"b"}}},
+                                         RowsCase{"\"a,b\"", {{L"\"a", L"b\""}}}, RowsCase{",", {{L"", L""}}},
+                                         RowsCase{"\xEF\xBB\xBF線形,　名　", {{L"線形", L"名"}}},
+                                         RowsCase{"\xEF\xBB", {{L"\xFFFD"}}},
+                                         RowsCase{std::string("a\0b,c", 5), {{std::wstring(L"a\0b", 3), L"c"}}},
+                                         RowsCase{"a\rb", {{L"a\rb"}}},
+                                         RowsCase{"\xE7\xB7,\xFF"
+                                                  "b",
+                                                  {{L"\xFFFD", L"\xFFFD"
+                                                               L"b"}}},
+                                         RowsCase{"a;b\n", {{L"a;b"}}}));
+
+TEST(CsvRows, AMissingFileHasNoRows)
+{
+    CsvRows rows;
+    CsvRow row;
+    rows.Read(TestFolder().Name(L"missing"));
+    EXPECT_FALSE(rows.Next(row));
+}
+
+TEST(CsvRows, AnIndexPastTheEndIsAnInvalidArgument)
+{
+    CsvRow row;
+    EXPECT_TRUE(row.Cut("a,b"));
+    EXPECT_EQ(row[1], L"b");
+    EXPECT_THROW(row[2], CInvalidArgException);
+}
+
+TEST(CsvRows, SkippingCountsRowsThatHoldSomething)
+{
+    const TestFolder folder;
+    CsvRows rows;
+    rows.Read(folder.Write(L"side.csv", "\n1\n\n \n2\n3\n"));
+    rows.Skip(2);
+    CsvRow row;
+    EXPECT_TRUE(rows.Next(row));
+    EXPECT_EQ(row[0], L"3");
+    rows.Skip(5);
+    EXPECT_FALSE(rows.Next(row));
+}
+
+TEST(CsvRows, OneLineOfTenMegabytesIsOneRow)
+{
+    std::string content;
+    for (int field = 0; field < 1000000; ++field)
+    {
+        content += "12345.67 ,";
+    }
+    const auto rows = Rows(content);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].size(), 1000001U);
+    EXPECT_EQ(rows[0][999999], L"12345.67");
+    EXPECT_EQ(rows[0][1000000], L"");
+}
+
+/// Rows and fields cut in the plainest way.
+std::vector<Fields> NaiveRows(const std::string& content)
+{
+    std::vector<Fields> all;
+    std::wstring text = WideFromUtf8(content.starts_with("\xEF\xBB\xBF") ? content.substr(3) : content);
+    text += L'\n';
+    std::wstring line;
+    for (const wchar_t character : text)
+    {
+        if (character != L'\n')
+        {
+            line += character;
+            continue;
+        }
+        line = Trim(std::wstring(line));
+        for (std::size_t hit = line.find(L" %"); hit != std::wstring::npos; hit = line.find(L" %", hit + 1))
+        {
+            line.erase(hit, 1);
+        }
+        if (!line.empty())
+        {
+            Fields fields(1);
+            for (const wchar_t one : line)
+            {
+                if (one == L',')
+                {
+                    fields.emplace_back();
+                }
+                else
+                {
+                    fields.back() += one;
+                }
+            }
+            for (std::wstring& field : fields)
+            {
+                field = Trim(std::wstring(field));
+            }
+            all.push_back(fields);
+        }
+        line.clear();
+    }
+    return all;
+}
+
+TEST(CsvRows, RandomFilesAreCutAsByAPlainCut)
+{
+    std::mt19937 random(4);
+    const std::string pieces[] = {",",
+                                  ",",
+                                  "\n",
+                                  "\r\n",
+                                  " ",
+                                  " %",
+                                  "%",
+                                  "\"",
+                                  "1.5",
+                                  "線",
+                                  "\xE3\x80\x80",
+                                  "\xFF",
+                                  "\xE7\xB7",
+                                  "\t",
+                                  std::string(1, '\0'),
+                                  "m"};
+    for (int round = 0; round < 2000; ++round)
+    {
+        std::string content = random() % 4 == 0 ? "\xEF\xBB\xBF" : "";
+        for (auto count = random() % 30; count > 0; --count)
+        {
+            content += pieces[random() % std::size(pieces)];
+        }
+        ASSERT_EQ(Rows(content), NaiveRows(content)) << testing::PrintToString(content);
+    }
+}
+
+TEST(CsvRows, NumbersAreReadAsTheCLibraryDoes)
+{
+    EXPECT_EQ(CsvNumber(L""), UNSET_DOUBLE);
+    EXPECT_EQ(CsvNumber(L"12.5m"), 12.5);
+    EXPECT_EQ(CsvNumber(L"1e3"), 1000.0);
+    EXPECT_EQ(CsvNumber(L"0x10"), 16.0);
+    EXPECT_EQ(CsvNumber(L"abc"), 0.0);
+    EXPECT_EQ(CsvNumber(L"-inf"), -HUGE_VAL);
+    EXPECT_TRUE(std::isnan(CsvNumber(L"nan")));
+}
+
+} // namespace
+} // namespace jlandxml
