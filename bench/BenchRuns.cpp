@@ -8,6 +8,7 @@
 #include "run/ConversionContext.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
+#include "run/LoadSideFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@
 #include <cstdio>
 #include <fstream>
 #include <functional>
-#include <pugixml.hpp>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,6 +27,7 @@ namespace
 using namespace jlandxml;
 
 constexpr int ROUNDS = 5;
+constexpr int SIDE_FILE_ROWS = 1000000;
 
 struct Measure
 {
@@ -34,37 +35,25 @@ struct Measure
     double megabytes;
 };
 
-/// Runs a body in a child process.
+/// Runs a body in a child process, from start to end.
 Measure Run(const std::function<void()>& body)
 {
-    std::array<int, 2> pipe{};
-    if (::pipe(pipe.data()) != 0)
-    {
-        std::exit(1);
-    }
+    const auto start = std::chrono::steady_clock::now();
     const pid_t child = ::fork();
     if (child == 0)
     {
-        const auto start = std::chrono::steady_clock::now();
         body();
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        const ssize_t written = ::write(pipe[1], &seconds, sizeof seconds);
-        ::_exit(written == sizeof seconds ? 0 : 1);
+        ::_exit(0);
     }
-    Measure measure{};
     rusage usage{};
     int status = 0;
-    const bool complete = ::read(pipe[0], &measure.seconds, sizeof measure.seconds) == sizeof measure.seconds;
-    ::wait4(child, &status, 0, &usage);
-    ::close(pipe[0]);
-    ::close(pipe[1]);
-    if (!complete || status != 0)
+    if (::wait4(child, &status, 0, &usage) != child || status != 0)
     {
         std::fprintf(stderr, "a run failed\n");
         std::exit(1);
     }
-    measure.megabytes = static_cast<double>(usage.ru_maxrss) / 1024.0;
-    return measure;
+    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count(),
+            static_cast<double>(usage.ru_maxrss) / 1024.0};
 }
 
 Measure Median(std::array<Measure, ROUNDS> measures)
@@ -76,12 +65,8 @@ Measure Median(std::array<Measure, ROUNDS> measures)
 
 void BarePugixml(const std::string& in, const std::string& out)
 {
-    pugi::xml_document document;
-    if (!document.load_file(in.c_str(), pugi::parse_default | pugi::parse_declaration) ||
-        !document.save_file(out.c_str(), L"\t", pugi::format_indent | pugi::format_no_declaration, pugi::encoding_utf8))
-    {
-        ::_exit(1);
-    }
+    ::execl(BENCH_BARE, BENCH_BARE, in.c_str(), out.c_str(), nullptr);
+    ::_exit(1);
 }
 
 void WholeRun(const std::string& in, const std::string& out)
@@ -111,6 +96,83 @@ void WriteTerrain(std::ofstream& out, int points)
     out << "</Faces></Definition></Surface></Surfaces>\n";
 }
 
+/// Alignments of 200 elements each, with design values, and a profile of 10,000 points with a ground line of as many.
+void WriteAlignments(std::ofstream& out, int alignments)
+{
+    out << "<Alignments name=\"bench\">\n";
+    for (int alignment = 0; alignment < alignments; ++alignment)
+    {
+        out << "<Alignment name=\"A" << alignment
+            << "\" length=\"10000\" staStart=\"0\" desc=\"主測点間隔 = 20 副測点間隔 = 10 直線部横断勾配 = "
+               "2\">\n<CoordGeom>\n";
+        for (int element = 0; element < 50; ++element)
+        {
+            out << "<Line length=\"50\"><Start>-36000.125 -7000.5</Start><End>-36010.125 -7010.5</End></Line>\n"
+                   "<Spiral length=\"50\" radiusStart=\"INF\" radiusEnd=\"200\" rot=\"cw\" "
+                   "spiType=\"clothoid\"><Start>1.5 2.5</Start><PI>3.5 4.5</PI>"
+                   "<End>5.5 6.5</End></Spiral>\n<Curve rot=\"cw\" radius=\"200\"><Start>1.5 2.5</Start><Center>3.5 "
+                   "4.5</Center><End>5.5 6.5</End></Curve>\n"
+                   "<Spiral length=\"50\" radiusStart=\"200\" radiusEnd=\"INF\" rot=\"cw\" "
+                   "spiType=\"clothoid\"><Start>1.5 2.5</Start><PI>3.5 4.5</PI>"
+                   "<End>5.5 6.5</End></Spiral>\n";
+        }
+        out << "</CoordGeom>\n<Profile>\n<ProfAlign name=\"計画\">\n";
+        // Long profiles belong to one alignment in ten, so that the file keeps to a size that a machine for tests
+        // takes.
+        const int points = alignment % 10 == 0 ? 10000 : 10;
+        for (int point = 0; point < points; ++point)
+        {
+            out << "<PVI>" << point << ".5 12.375</PVI>\n";
+        }
+        out << "</ProfAlign>\n<ProfAlign name=\"ProfSurf_現況\">\n";
+        for (int point = 0; point < points; ++point)
+        {
+            out << "<PVI>" << point << ".5 " << 10 + point % 5 << ".125</PVI>\n";
+        }
+        out << "</ProfAlign>\n</Profile>\n</Alignment>\n";
+    }
+    out << "</Alignments>\n";
+}
+
+/// Cross sections of ten design and eight ground surfaces each, against 200 surfaces.
+void WriteCrossSections(std::ofstream& out, int sections)
+{
+    out << "<Alignments name=\"bench\">\n<Alignment name=\"A\" length=\"10000\" staStart=\"0\">\n<CrossSects>\n";
+    for (int section = 0; section < sections; ++section)
+    {
+        out << "<CrossSect name=\"No." << section << "\" sta=\"" << section << ".000\">\n";
+        for (int ground = 0; ground < 8; ++ground)
+        {
+            out << "<CrossSectSurf name=\"現況地形" << (section + ground * 23) % 200 << "_" << section
+                << "\"><PntList2D>-10.0 1.5 -5.0 1.25 0.0 1.0 5.0 1.25 10.0 1.5</PntList2D></CrossSectSurf>\n";
+        }
+        for (int design = 0; design < 10; ++design)
+        {
+            static constexpr const char* NAMES[] = {"Carriageway", "RoadShoulder", "表層", "基層", "SlopeFill"};
+            out << "<DesignCrossSectSurf name=\"" << NAMES[design % 5]
+                << "\" closedArea=\"true\"><CrossSectPnt code=\"A\">" << design - 5
+                << ".5 1.25</CrossSectPnt><CrossSectPnt code=\"B\">2.5 1.125</CrossSectPnt><CrossSectPnt "
+                   "code=\"C\">4.5 1.5</CrossSectPnt>"
+                << "</DesignCrossSectSurf>\n";
+        }
+        out << "</CrossSect>\n";
+    }
+    out << "</CrossSects>\n</Alignment>\n</Alignments>\n<Surfaces>\n";
+    for (int surface = 0; surface < 200; ++surface)
+    {
+        out << "<Surface name=\"現況地形" << surface << "\" desc=\""
+            << (surface % 2 == 0 ? "ExistingGround" : "FinishedGrade") << "\"/>\n";
+    }
+    out << "</Surfaces>\n";
+}
+
+/// Side files of so many rows beside a small document.
+void WriteSideFileRoute(std::ofstream& out, int /*rows*/)
+{
+    out << "<Alignments name=\"bench\"><Alignment name=\"A\" length=\"1\" staStart=\"0\" desc=\"主測点間隔 = "
+           "20\"/></Alignments>\n";
+}
+
 struct BenchCase
 {
     const char* name;
@@ -120,7 +182,61 @@ struct BenchCase
 
 constexpr BenchCase CASES[] = {
     {"terrain", 1000000, WriteTerrain},
+    {"alignments", 1000, WriteAlignments},
+    {"cross-sections", 20000, WriteCrossSections},
 };
+
+/// The side files of one route, each with so many rows.
+void WriteSideFiles(const std::filesystem::path& folder, int rows)
+{
+    std::ofstream points(folder / "intermediatePts_temp_1.csv", std::ios::binary);
+    std::ofstream stakes(folder / "widthStake_temp_1.csv", std::ios::binary);
+    std::ofstream slopes(folder / "superElevation_temp_1.csv", std::ios::binary);
+    std::ofstream widening(folder / "widening_temp_1.csv", std::ios::binary);
+    points << "線形名,A\n測点名\n";
+    stakes << "t\nt\n";
+    slopes << "t\nt\n";
+    widening << "t\nt\n";
+    for (int row = 0; row < rows; ++row)
+    {
+        points << "No." << row << ',' << row << ".5,-36000.125,-7000.5,12.25,45.125\n";
+        stakes << "左幅杭,L" << row << ",9.50," << row << ".5,-36000.125,-7000.5,12.25,9.5,用地境界,open\n";
+        slopes << "1," << row / 1000 << '+' << row % 1000 << ".5m,ReverseCrown,,,-2.0 %,,,,2.0 %,\n";
+        widening << "Left," << row << ".5,0.25,1\n";
+    }
+}
+
+/// Loading side files, by themselves: time and memory for each row.
+void BenchSideFiles(int rows)
+{
+    const TestFolder folder;
+    {
+        std::ofstream out(folder.Path() / "Landxml_temp.xml", std::ios::binary);
+        out << "<LandXML>";
+        WriteSideFileRoute(out, rows);
+        out << "</LandXML>\n";
+    }
+    WriteSideFiles(folder.Path(), rows);
+    double bytes = 0.0;
+    for (const auto& file : std::filesystem::directory_iterator(folder.Path()))
+    {
+        bytes += static_cast<double>(file.file_size());
+    }
+    std::array<Measure, ROUNDS> runs{};
+    for (Measure& run : runs)
+    {
+        run = Run([&] {
+            std::freopen("/dev/null", "w", stdout);
+            LoadRun((folder.Path() / "Landxml_temp.xml").wstring());
+            LoadSideFiles(folder.Path().wstring(), 1);
+        });
+    }
+    const Measure measure = Median(runs);
+    std::printf("%-16s %9d %8.1f MB  load %7.3f s %7.1f MB  %.0f ns a row  memory x%.1f of the files\n", "side-files",
+                rows, bytes / 1e6, measure.seconds, measure.megabytes, measure.seconds * 1e9 / rows,
+                measure.megabytes * 1e6 / bytes);
+    std::fflush(stdout);
+}
 
 void Bench(const BenchCase& bench, int size)
 {
@@ -162,6 +278,12 @@ int main(int count, char** values)
         const int size = count > 2 ? std::atoi(values[2]) : bench.size;
         Bench(bench, size / 10);
         Bench(bench, size);
+    }
+    if (count == 1 || std::string(values[1]) == "side-files")
+    {
+        const int rows = count > 2 ? std::atoi(values[2]) : SIDE_FILE_ROWS;
+        BenchSideFiles(rows / 10);
+        BenchSideFiles(rows);
     }
     return 0;
 }

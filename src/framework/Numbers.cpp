@@ -12,9 +12,6 @@ namespace jlandxml
 namespace
 {
 
-/// A double with 308 digits in front of the point, a sign, the point and the decimals fit.
-constexpr std::size_t FIXED_BUFFER_SIZE = 512;
-
 constexpr bool IsDigit(wchar_t character)
 {
     return character >= L'0' && character <= L'9';
@@ -236,20 +233,31 @@ ParsedInt ParseInt(std::wstring_view text)
     return {static_cast<std::int32_t>(std::clamp(negative ? -value : value, LOWEST, HIGHEST)), scanner.Position()};
 }
 
-std::wstring FormatFixed(double value, int digits)
+double ParseDecimal(std::wstring_view digits)
+{
+    return ReadDigits(digits, false);
+}
+
+std::string_view FormatFixed(double value, int digits, FixedBuffer& buffer)
 {
     if (std::isnan(value))
     {
-        return L"nan";
+        return "nan";
     }
     if (std::isinf(value))
     {
-        return value < 0.0 ? L"-inf" : L"inf";
+        return value < 0.0 ? "-inf" : "inf";
     }
-    std::array<char, FIXED_BUFFER_SIZE> buffer{};
     const auto result =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, digits);
-    return {buffer.data(), result.ptr};
+    return {buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())};
+}
+
+std::wstring FormatFixed(double value, int digits)
+{
+    FixedBuffer buffer;
+    const std::string_view text = FormatFixed(value, digits, buffer);
+    return {text.begin(), text.end()};
 }
 
 } // namespace jlandxml

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,6 +30,15 @@ struct ParsedInt
 /// Reads what the C library's string-to-integer reads: white space, a sign, decimal digits. A value outside 32 bits
 /// gives the nearest bound.
 ParsedInt ParseInt(std::wstring_view text);
+
+/// Reads digits with at most one point, no sign and nothing else; 0 if there is no digit.
+double ParseDecimal(std::wstring_view digits);
+
+/// Room for the decimal text of any double with up to 12 decimals.
+using FixedBuffer = std::array<char, 512>;
+
+/// The text of FormatFixed in a buffer of the caller's.
+std::string_view FormatFixed(double value, int digits, FixedBuffer& buffer);
 
 /// The correctly rounded decimal text with `digits` decimals. Numbers that aren't finite give "nan", "inf", "-inf".
 std::wstring FormatFixed(double value, int digits);

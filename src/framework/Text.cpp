@@ -111,6 +111,23 @@ void AppendWide(std::wstring& target, char32_t codePoint)
     target += static_cast<wchar_t>(codePoint);
 }
 
+/// So many units are looked at and narrowed at a time where they are ASCII, as most of a terrain is.
+constexpr std::size_t ASCII_BLOCK = 16;
+
+bool IsAsciiBlock(std::wstring_view text, std::size_t index)
+{
+    if (index + ASCII_BLOCK > text.size())
+    {
+        return false;
+    }
+    std::uint32_t bits = 0;
+    for (std::size_t unit = 0; unit < ASCII_BLOCK; ++unit)
+    {
+        bits |= static_cast<std::uint32_t>(text[index + unit]);
+    }
+    return bits < 0x80;
+}
+
 /// The longest UTF-8 that one unit of wide text can make.
 constexpr std::size_t BYTES_PER_UNIT = sizeof(wchar_t) == 2 ? 3 : 4;
 
@@ -212,6 +229,16 @@ void AppendUtf8(std::string& target, std::wstring_view text)
     char* out = target.data() + start;
     for (std::size_t index = 0; index < text.size(); ++index)
     {
+        for (; IsAsciiBlock(text, index); index += ASCII_BLOCK)
+        {
+            std::transform(text.data() + index, text.data() + index + ASCII_BLOCK, out,
+                           [](wchar_t unit) { return static_cast<char>(unit); });
+            out += ASCII_BLOCK;
+        }
+        if (index == text.size())
+        {
+            break;
+        }
         auto codePoint = static_cast<char32_t>(text[index]);
         if (codePoint < 0x80)
         {

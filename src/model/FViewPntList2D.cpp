@@ -53,9 +53,9 @@ bool FViewPntList2D::WriteElement(const WcXmNode& node)
         {
             text += SEPARATOR;
         }
-        text += NumberText(point.x, POINT_DIGITS);
+        AppendNumberText(text, point.x, POINT_DIGITS);
         text += SEPARATOR;
-        text += NumberText(point.y, POINT_DIGITS);
+        AppendNumberText(text, point.y, POINT_DIGITS);
         last = point;
     }
     WcXmNode element = node;

@@ -3,7 +3,6 @@
 #include "framework/Numbers.h"
 #include "framework/Text.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace jlandxml
@@ -28,10 +27,16 @@ bool IsNumericText(std::wstring_view text)
     {
         text.remove_prefix(1);
     }
-    const bool known = std::all_of(text.begin(), text.end(), [](wchar_t character) {
-        return (character >= L'0' && character <= L'9') || character == L'.';
-    });
-    return known && std::count(text.begin(), text.end(), L'.') <= 1;
+    int points = 0;
+    for (const wchar_t character : text)
+    {
+        points += character == L'.' ? 1 : 0;
+        if (character != L'.' && (character < L'0' || character > L'9'))
+        {
+            return false;
+        }
+    }
+    return points <= 1;
 }
 
 void TrimNumberText(std::wstring& text)
@@ -50,7 +55,14 @@ void TrimNumberText(std::wstring& text)
 
 double ReadNumber(std::wstring_view text)
 {
-    return IsNumericText(text) ? ParseDouble(text).value : 0.0;
+    if (text.empty() || !IsNumericText(text))
+    {
+        return 0.0;
+    }
+    const bool negative = text.front() == L'-';
+    text.remove_prefix(negative || text.front() == L'+' ? 1 : 0);
+    const double value = ParseDecimal(text);
+    return negative ? -value : value;
 }
 
 double WithoutNegativeZero(double value, int digits)
@@ -72,15 +84,33 @@ std::wstring ClosedFixedText(double value, int digits)
     return text;
 }
 
+void AppendNumberText(std::wstring& target, double value, int digits)
+{
+    FixedBuffer buffer;
+    std::string_view text;
+    if (value != UNSET_DOUBLE)
+    {
+        text = FormatFixed(WithoutNegativeZero(value, digits), digits, buffer);
+    }
+    const bool hasPoint = text.find('.') != std::string_view::npos;
+    if (hasPoint)
+    {
+        text = text.substr(0, text.find_last_not_of('0') + 1);
+    }
+    for (const char character : text)
+    {
+        target += static_cast<wchar_t>(character);
+    }
+    if (!hasPoint)
+    {
+        target += L'.';
+    }
+}
+
 std::wstring NumberText(double value, int digits)
 {
     std::wstring text;
-    if (value != UNSET_DOUBLE)
-    {
-        text = FixedText(value, digits);
-        TrimNumberText(text);
-    }
-    ClosePoint(text);
+    AppendNumberText(text, value, digits);
     return text;
 }
 

@@ -34,6 +34,9 @@ std::wstring ClosedFixedText(double value, int digits);
 /// ("12.", "12.5"). An unset value gives the point alone.
 std::wstring NumberText(double value, int digits);
 
+/// Appends the number text to a longer one, such as a list of points.
+void AppendNumberText(std::wstring& target, double value, int digits);
+
 /// Stores the number text in an attribute. An unset value leaves the attribute as it stands.
 void FormatDoubleAttribute(const WcXmNode& node, const wchar_t* name, double value, int digits);
 
