@@ -22,6 +22,7 @@ out=build/road.xml
 echo
 echo "The finished file:  $out  ($(stat -c %s "$out") bytes)"
 echo "To try next:"
-echo "  ./run.sh examples/road -s examples/road/settings.json --print-settings"
+echo "  ./run.sh examples/road --print-settings"
+echo "  ./run.sh examples/river -s examples/river/settings.json -o build/river.xml"
 echo "  ./run.sh FOLDER -s SETTINGS.json -o OUT.xml"
 echo "  ./run.sh --help"

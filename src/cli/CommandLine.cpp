@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "cli/HostCall.h"
 #include "cli/Settings.h"
 #include "framework/Exceptions.h"
 #include "framework/Files.h"
@@ -22,10 +23,21 @@ namespace
 
 constexpr const wchar_t* NO_FILE = L"ファイルは出力されませんでした。";
 
+/// What the command line asks for.
+struct Options
+{
+    std::wstring workFolder;
+    std::wstring settingsFile;
+    std::wstring outputFile;
+    std::optional<std::int32_t> routes;
+    bool printSettings = false;
+    bool dialog = false;
+};
+
 /// The arguments as options, or the status with which the program ends at once.
 struct Parsed
 {
-    CommandLineOptions options;
+    Options options;
     std::optional<ExitStatus> ends;
 };
 
@@ -34,23 +46,32 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     std::string workFolder;
     std::string settings;
     std::string output;
-    int routes = 0;
+    std::int32_t routes = 0;
+    Parsed parsed;
 
     CLI::App app("LandXMLの作業フォルダーからJ-LandXMLファイルを出力します。", "jlandxml-convert");
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
-    app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION);
+    app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION, "バージョンを表示します");
     app.set_help_flag("--help", "この説明を表示します");
     app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required();
-    CLI::Option* const routesOption =
+    const CLI::Option* const routesOption =
         app.add_option("-n,--routes", routes, "路線数（既定値: サイドファイルのある最大の番号）");
     app.add_option("-s,--settings", settings, "設定ファイル（JSON、UTF-8）");
-    app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）")->required();
+    const CLI::Option* const outputOption =
+        app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）");
+    app.add_flag("--print-settings", parsed.options.printSettings, "現在の設定を設定ファイルの形で表示します");
+    app.add_flag("--dialog", parsed.options.dialog, "ホストと同じようにモジュールを呼び出します");
+    app.final_callback([&] {
+        if (outputOption->count() == 0 && !parsed.options.printSettings && !parsed.options.dialog)
+        {
+            throw CLI::RequiredError("--output");
+        }
+    });
 
     std::vector<std::string> narrow;
     std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(narrow),
                    [](const std::wstring& argument) { return Utf8FromWide(argument); });
-    Parsed parsed;
     try
     {
         app.parse(narrow);
@@ -75,6 +96,11 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     return parsed;
 }
 
+std::int32_t RouteCount(const Options& options)
+{
+    return options.routes ? *options.routes : CountRoutes(options.workFolder);
+}
+
 void Apply(const ProjectSettings& settings, FViewLandXML& model)
 {
     const auto take = [](const std::optional<std::wstring>& value, std::wstring& field) {
@@ -89,18 +115,31 @@ void Apply(const ProjectSettings& settings, FViewLandXML& model)
     take(settings.verticalDatum, model.coordinateSystem.verticalDatum);
 }
 
-void Convert(const CommandLineOptions& options)
+ProjectSettings SettingsOf(const FViewLandXML& model)
+{
+    return {model.project.name, model.project.projectPhase, model.project.applicationCriterion,
+            model.coordinateSystem.verticalDatum};
+}
+
+/// Runs the conversion, or prints what it would go by. Throws SettingsError.
+void Convert(const Options& options)
 {
     ProjectSettings settings;
     if (!options.settingsFile.empty())
     {
         settings = ReadSettings(options.settingsFile);
     }
+    FViewLandXML& model = GetConversionContext().model;
     try
     {
         LoadRun(options.workFolder + L"/Landxml_temp.xml");
-        LoadSideFiles(options.workFolder, options.routes ? *options.routes : CountRoutes(options.workFolder));
-        Apply(settings, GetConversionContext().model);
+        LoadSideFiles(options.workFolder, RouteCount(options));
+        Apply(settings, model);
+        if (options.printSettings)
+        {
+            WriteStandardOutput(PrintSettings(SettingsOf(model)));
+            return;
+        }
         ExportRun(options.outputFile);
     }
     catch (const CException& exception)
@@ -109,18 +148,61 @@ void Convert(const CommandLineOptions& options)
     }
 }
 
-ExitStatus Report(const ScriptedWindowSystem& windows)
+ExitStatus Report(const Options& options, const ScriptedWindowSystem& windows)
 {
     for (const ShownMessage& message : windows.Messages())
     {
         WriteStandardError(message.text + L"\n");
     }
-    const bool written = GetConversionContext().fileWritten;
-    if (windows.Messages().empty() && !written)
+    if (!windows.Messages().empty())
     {
-        WriteStandardError(std::wstring(NO_FILE) + L"\n");
+        return ExitStatus::NoFile;
     }
-    return written && windows.Messages().empty() ? ExitStatus::FileWritten : ExitStatus::NoFile;
+    if (options.printSettings || GetConversionContext().fileWritten)
+    {
+        return ExitStatus::FileWritten;
+    }
+    WriteStandardError(std::wstring(NO_FILE) + L"\n");
+    return ExitStatus::NoFile;
+}
+
+/// Puts the scripted windows in the place of native ones for the length of a run.
+class WindowsScope
+{
+  public:
+    explicit WindowsScope(WindowSystem& windows) : former_(SetWindowSystem(&windows)) {}
+    WindowsScope(const WindowsScope&) = delete;
+    WindowsScope& operator=(const WindowsScope&) = delete;
+    ~WindowsScope() { SetWindowSystem(former_); }
+
+  private:
+    WindowSystem* former_;
+};
+
+ExitStatus RunScripted(const Options& options)
+{
+    ScriptedWindowSystem windows;
+    const WindowsScope scope(windows);
+    try
+    {
+        Convert(options);
+    }
+    catch (const SettingsError& error)
+    {
+        WriteStandardError(WideFromUtf8(error.what()) + L"\n");
+        return ExitStatus::WrongUsage;
+    }
+    return Report(options, windows);
+}
+
+ExitStatus RunModule(const Options& options)
+{
+    if (!CallModule(options.workFolder, RouteCount(options)))
+    {
+        WriteStandardError(L"モジュールを読み込めません: " + ModulePath() + L"\n");
+        return ExitStatus::NoFile;
+    }
+    return ExitStatus::FileWritten;
 }
 
 } // namespace
@@ -137,20 +219,7 @@ ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
         WriteStandardError(parsed.options.workFolder + L": 作業フォルダーがありません。\n");
         return ExitStatus::WrongUsage;
     }
-    ScriptedWindowSystem windows;
-    SetWindowSystem(&windows);
-    try
-    {
-        Convert(parsed.options);
-    }
-    catch (const SettingsError& error)
-    {
-        WriteStandardError(WideFromUtf8(error.what()) + L"\n");
-        SetWindowSystem(nullptr);
-        return ExitStatus::WrongUsage;
-    }
-    SetWindowSystem(nullptr);
-    return Report(windows);
+    return parsed.options.dialog ? RunModule(parsed.options) : RunScripted(parsed.options);
 }
 
 } // namespace jlandxml

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,15 +13,6 @@ enum class ExitStatus
     Findings = 1,   ///< what the user must complete
     WrongUsage = 2, ///< the command line or the settings
     NoFile = 3      ///< a message box was shown, or no file was produced
-};
-
-/// What the command line asks for.
-struct CommandLineOptions
-{
-    std::wstring workFolder;
-    std::optional<int> routes;
-    std::wstring settingsFile;
-    std::wstring outputFile;
 };
 
 /// Runs the program with its arguments (without the program's name).

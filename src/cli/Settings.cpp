@@ -85,4 +85,17 @@ ProjectSettings ReadSettings(const std::wstring& path)
     return settings;
 }
 
+std::wstring PrintSettings(const ProjectSettings& settings)
+{
+    nlohmann::ordered_json json = nlohmann::ordered_json::object();
+    for (const TextKey& key : TEXT_KEYS)
+    {
+        if (const auto& value = settings.*(key.field))
+        {
+            json[key.name] = Utf8FromWide(*value);
+        }
+    }
+    return WideFromUtf8(json.dump(2)) + L"\n";
+}
+
 } // namespace jlandxml

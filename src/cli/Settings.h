@@ -27,4 +27,7 @@ struct ProjectSettings
 /// Reads a settings file: JSON in UTF-8. Throws SettingsError.
 ProjectSettings ReadSettings(const std::wstring& path);
 
+/// The text of a settings file that says the same, ready to be edited and fed back.
+std::wstring PrintSettings(const ProjectSettings& settings);
+
 } // namespace jlandxml

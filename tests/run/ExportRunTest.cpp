@@ -64,6 +64,19 @@ TEST_F(ExportRunTest, TheFinishedFileHasTheFrameOfTheStandard)
     EXPECT_TRUE(temporaryFolder.Files().empty());
 }
 
+TEST_F(ExportRunTest, AModelThatCanNotBeWrittenGivesNoFileAndNoMessage)
+{
+    LoadRun(WorkFile(
+        "<LandXML><Alignments><Alignment><CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects></Alignment>"
+        "</Alignments></LandXML>"));
+    folder.Write(L"out.xml", "old");
+    ExportRun(folder.Name(L"out.xml"));
+    EXPECT_EQ(folder.Read(L"out.xml"), "old");
+    EXPECT_FALSE(Context().fileWritten);
+    EXPECT_TRUE(windows.Messages().empty());
+    EXPECT_TRUE(temporaryFolder.Files().empty());
+}
+
 TEST_F(ExportRunTest, AnEmptyModelStillGivesAFile)
 {
     LoadRun(folder.Name(L"missing.xml"));

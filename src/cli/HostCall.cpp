@@ -1,0 +1,109 @@
+#include "cli/HostCall.h"
+
+#include "framework/Files.h"
+#include "framework/Text.h"
+
+#ifdef _WIN32
+#include <array>
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#include <unistd.h>
+#endif
+
+namespace jlandxml
+{
+
+namespace
+{
+
+using ExportedFunction = void (*)(const wchar_t* workFolder, std::int32_t routeCount);
+
+constexpr const char* EXPORTED_NAME = "ExecuteQuorvane";
+
+#ifdef _WIN32
+
+constexpr const wchar_t* MODULE_NAME = L"JLandXmlConvert.dll";
+
+std::wstring ProgramPath()
+{
+    std::array<wchar_t, 32768> buffer{};
+    const DWORD length = GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+    return {buffer.data(), length};
+}
+
+/// A loaded module, unloaded with its scope.
+class Module
+{
+  public:
+    explicit Module(const std::wstring& path) : handle_(LoadLibraryW(path.c_str())) {}
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+    ~Module()
+    {
+        if (handle_ != nullptr)
+        {
+            FreeLibrary(handle_);
+        }
+    }
+
+    ExportedFunction Find() const
+    {
+        return handle_ != nullptr
+                   ? reinterpret_cast<ExportedFunction>(reinterpret_cast<void*>(GetProcAddress(handle_, EXPORTED_NAME)))
+                   : nullptr;
+    }
+
+  private:
+    HMODULE handle_;
+};
+
+#else
+
+constexpr const wchar_t* MODULE_NAME = L"libJLandXmlConvert.so";
+
+std::wstring ProgramPath()
+{
+    std::string buffer(4096, '\0');
+    const ssize_t length = ::readlink("/proc/self/exe", buffer.data(), buffer.size());
+    buffer.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    return WideFromUtf8(buffer);
+}
+
+/// A loaded module. It stays, since the toolkit of its windows doesn't take being unloaded.
+class Module
+{
+  public:
+    explicit Module(const std::wstring& path) : handle_(::dlopen(Utf8FromWide(path).c_str(), RTLD_NOW | RTLD_LOCAL)) {}
+
+    ExportedFunction Find() const
+    {
+        return handle_ != nullptr ? reinterpret_cast<ExportedFunction>(::dlsym(handle_, EXPORTED_NAME)) : nullptr;
+    }
+
+  private:
+    void* handle_;
+};
+
+#endif
+
+} // namespace
+
+std::wstring ModulePath()
+{
+    return std::wstring(FolderOf(ProgramPath())) + MODULE_NAME;
+}
+
+bool CallModule(const std::wstring& workFolder, std::int32_t routeCount)
+{
+    const Module module(ModulePath());
+    const ExportedFunction function = module.Find();
+    if (function == nullptr)
+    {
+        return false;
+    }
+    function(workFolder.c_str(), routeCount);
+    return true;
+}
+
+} // namespace jlandxml
