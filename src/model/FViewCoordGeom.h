@@ -10,7 +10,7 @@ namespace jlandxml
 {
 
 /// One child of a `CoordGeom`, in its place among the others.
-class FViewCoordGeomElement
+class FViewCoordGeomElement final
 {
   public:
     /// The values of `type`.
@@ -31,7 +31,7 @@ class FViewCoordGeomElement
 };
 
 /// The elements of the horizontal alignment around one intersection point (IP), while their points are being named.
-class FViewIPElements
+class FViewIPElements final
 {
   public:
     virtual void Clear();

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "dialog/DlgData.h"
+#include "framework/Exceptions.h"
+#include "model/FViewLandXML.h"
+
+#include <string>
+#include <vector>
+
+namespace jlandxml
+{
+
+/// The dialog's data could not be taken from the model.
+class DlgDataSetException : public CException
+{
+  public:
+    using CException::CException;
+};
+
+/// The dialog's data could not be put into the model.
+class DlgDataApplyException : public CException
+{
+  public:
+    using CException::CException;
+};
+
+/// The dialog's own copy of all that the user can see or change. Nothing of it reaches the model before it is applied.
+class JLandXmlConvertDlgData
+{
+  public:
+    /// Takes everything from the context's model. Throws DlgDataSetException.
+    JLandXmlConvertDlgData();
+    JLandXmlConvertDlgData(const JLandXmlConvertDlgData&) = delete;
+    JLandXmlConvertDlgData& operator=(const JLandXmlConvertDlgData&) = delete;
+    virtual ~JLandXmlConvertDlgData() = default;
+
+    /// Takes everything from the context's model. Throws DlgDataSetException.
+    void SetFromModel();
+
+    /// Gathers every finding about the data in `errors`. The result is `hasError`.
+    bool Validate();
+
+    /// Puts everything into the context's model, entry by entry. Throws DlgDataApplyException.
+    void ApplyToModel();
+
+    std::wstring projectName;
+    std::wstring projectPhase;
+    std::wstring applicationCriterion;
+    std::wstring softwareName;
+    std::wstring softwareVersion;
+    std::wstring horizontalDatum;
+    std::wstring verticalDatum;
+    std::wstring horizontalCoordinateSystemName;
+    std::wstring differTP;
+    DlgDataAlignmentsList alignmentsList;
+    DlgDataSurfacesList surfacesList;
+    DlgDataCgPointsList cgPointsList;
+    bool hasError = false;
+    std::vector<std::wstring> errors;
+
+  private:
+    void SetProject(const FViewLandXML& model);
+    void SetCoordinateSystem(const FViewLandXML& model);
+    void SetRoutes(const FViewLandXML& model);
+    void SetSurfaceSets(const FViewLandXML& model);
+    void SetIntermediatePoints(const FViewLandXML& model);
+    void SetWidthStakes(const FViewLandXML& model);
+
+    void ApplySurfaceDescriptions();
+    void ApplyProject(FViewLandXML& model) const;
+    void ApplyCoordinateSystem(FViewLandXML& model) const;
+    void ApplyRoutes(FViewLandXML& model) const;
+    void ApplySurfaceSets(FViewLandXML& model) const;
+    void ApplyIntermediatePoints(FViewLandXML& model) const;
+    void ApplyWidthStakes(FViewLandXML& model) const;
+};
+
+} // namespace jlandxml

@@ -1,0 +1,106 @@
+// The checks that the data must pass before they are applied and written.
+
+#include "dialog/JLandXmlConvertDlgData.h"
+#include "dialog/NumberInput.h"
+#include "model/CurrentDesignType.h"
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr double LEAST_LENGTH = 0.001;
+constexpr double LARGEST_NUMBER = 9999.999;
+constexpr double LARGEST_TRAFFIC_VOLUME = 999999.0;
+constexpr const wchar_t* NEWEST_DATUM = L"JGD2024";
+constexpr const wchar_t* NEWEST_CRITERION = L"MlitLandXmlVer.1.7";
+constexpr const wchar_t* DATUM_NEEDS_CRITERION = L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。";
+
+/// Gathers findings in the order in which they are made.
+class Findings
+{
+  public:
+    explicit Findings(std::vector<std::wstring>& messages) : messages_(messages) {}
+
+    void Add(std::wstring message)
+    {
+        if (!message.empty())
+        {
+            messages_.push_back(std::move(message));
+        }
+    }
+
+    void Require(const std::wstring& text, const wchar_t* item)
+    {
+        if (text.empty())
+        {
+            messages_.push_back(MissingMessage(item));
+        }
+    }
+
+  private:
+    std::vector<std::wstring>& messages_;
+};
+
+void CheckRoute(const DlgDataAlignments& route, Findings& findings)
+{
+    if (route.designGmType.empty() || route.designGmType == ROAD_DESIGN)
+    {
+        findings.Require(route.Classification(), L"道路の規格・等級");
+        findings.Add(CheckNumber(route.trafficVolume, TRAFFIC_VOLUME_INPUT.item, 0.0, LARGEST_TRAFFIC_VOLUME));
+        return;
+    }
+    findings.Require(route.Classification(), L"河川の規格・等級");
+    findings.Require(route.side, L"左右岸区分");
+}
+
+void CheckAlignment(const DlgDataAlignment& alignment, Findings& findings)
+{
+    findings.Add(CheckNumber(alignment.mainInterval, MAIN_INTERVAL_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+    if (!alignment.subInterval.empty())
+    {
+        findings.Add(CheckNumber(alignment.subInterval, SUB_INTERVAL_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+    }
+    // The free slope list gives the cross fall itself.
+    if (alignment.useSlopeList == 0 || !alignment.normalCrown.empty())
+    {
+        findings.Add(CheckNumber(alignment.normalCrown, NORMAL_CROWN_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+    }
+}
+
+} // namespace
+
+bool JLandXmlConvertDlgData::Validate()
+{
+    errors.clear();
+    Findings findings(errors);
+    findings.Require(projectName, L"プロジェクト名称");
+    findings.Require(horizontalDatum, L"測地原子");
+    findings.Require(horizontalCoordinateSystemName, L"水平座標系");
+    if (horizontalDatum == NEWEST_DATUM && applicationCriterion != NEWEST_CRITERION)
+    {
+        findings.Add(DATUM_NEEDS_CRITERION);
+    }
+    for (const auto& route : alignmentsList)
+    {
+        CheckRoute(*route, findings);
+        for (const auto& alignment : route->alignments)
+        {
+            CheckAlignment(*alignment, findings);
+        }
+    }
+    for (const auto& group : cgPointsList.intermediate)
+    {
+        findings.Require(group->alignmentRefs, L"中間点の参照線形");
+    }
+    for (const auto& group : cgPointsList.widthStakes)
+    {
+        findings.Require(group->alignmentRefs, L"幅杭の参照線形");
+        findings.Require(group->desc, L"注記");
+    }
+    hasError = !errors.empty();
+    return hasError;
+}
+
+} // namespace jlandxml

@@ -1,0 +1,271 @@
+#include "dialog/JLandXmlConvertDlgData.h"
+
+#include "support/RunFixture.h"
+
+namespace jlandxml
+{
+namespace
+{
+
+class DlgDataTest : public RunTest
+{
+  protected:
+    DlgDataTest() { Context().model = FViewLandXML(); }
+
+    static FViewLandXML& Model() { return Context().model; }
+
+    static FViewAlignment& AddAlignment() { return Model().alignments.emplace_back().alignments.emplace_back(); }
+
+    static FViewSurface& AddSurface(const std::wstring& desc)
+    {
+        FViewSurface& surface = Model().surfaces.emplace_back().surfaces.emplace_back();
+        surface.desc = desc;
+        return surface;
+    }
+};
+
+TEST_F(DlgDataTest, ProjectAndCoordinateSystemAreCopied)
+{
+    Model().project.name = L"n";
+    Model().project.projectPhase = L"詳細";
+    Model().project.applicationCriterion = L"MlitLandXmlVer.1.6";
+    Model().coordinateSystem.horizontalDatum = L"JGD2011";
+    Model().coordinateSystem.horizontalCoordinateSystemName = L"9(X,Y)";
+    Model().coordinateSystem.verticalDatum = L"A.P";
+    const JLandXmlConvertDlgData data;
+    EXPECT_EQ(data.projectName, L"n");
+    EXPECT_EQ(data.projectPhase, L"詳細");
+    EXPECT_EQ(data.applicationCriterion, L"MlitLandXmlVer.1.6");
+    EXPECT_EQ(data.softwareName, L"Kelmora");
+    EXPECT_EQ(data.softwareVersion, L"2027");
+    EXPECT_EQ(data.horizontalDatum, L"JGD2011");
+    EXPECT_EQ(data.horizontalCoordinateSystemName, L"9(X,Y)");
+    EXPECT_EQ(data.differTP, L"-1.1344");
+    Model().coordinateSystem.differTP = L"-0.8333";
+    EXPECT_EQ(JLandXmlConvertDlgData().differTP, L"-0.8333");
+}
+
+TEST_F(DlgDataTest, AnIntervalOfTheInputIsLocked)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = 20.0;
+    alignment.normalCrown = 2.00005;
+    alignment.singleLaneRoad = 1;
+    const JLandXmlConvertDlgData data;
+    const DlgDataAlignment& item = *data.alignmentsList.at(0)->alignments.at(0);
+    EXPECT_EQ(item.mainInterval, L"20.0000");
+    EXPECT_TRUE(item.mainIntervalLocked);
+    EXPECT_EQ(item.subInterval, L"");
+    EXPECT_FALSE(item.subIntervalLocked);
+    EXPECT_EQ(item.normalCrown, L"2.0000");
+    EXPECT_EQ(item.method, L"要素法");
+    EXPECT_TRUE(item.methodLocked);
+    EXPECT_EQ(item.singleLaneRoad, 1);
+}
+
+TEST_F(DlgDataTest, ZeroAndUnsetAreNoValues)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = 0.0;
+    alignment.subInterval = -0.00000002;
+    alignment.normalCrown = 0.00000003;
+    alignment.method.clear();
+    const JLandXmlConvertDlgData data;
+    const DlgDataAlignment& item = *data.alignmentsList.at(0)->alignments.at(0);
+    EXPECT_EQ(item.mainInterval, L"");
+    EXPECT_FALSE(item.mainIntervalLocked);
+    EXPECT_EQ(item.subInterval, L"");
+    EXPECT_EQ(item.normalCrown, L"0.0000");
+    EXPECT_FALSE(item.methodLocked);
+}
+
+TEST_F(DlgDataTest, AClassificationOfTheInputDoesNotReachTheDialog)
+{
+    FViewAlignments& route = Model().alignments.emplace_back();
+    route.designGmType = L"道路";
+    route.roadClassification = L"第1種第1級";
+    route.trafficVolume = L"100";
+    JLandXmlConvertDlgData data;
+    EXPECT_EQ(data.alignmentsList[0]->Classification(), L"");
+    EXPECT_EQ(data.alignmentsList[0]->trafficVolume, L"100");
+    data.Validate();
+    EXPECT_EQ(data.errors.back(), L"道路の規格・等級が入力されていません。");
+    route.designGmType = L"河川";
+    route.riverClassification = L"1級";
+    EXPECT_EQ(JLandXmlConvertDlgData().alignmentsList[0]->Classification(), L"");
+    route.designGmType = L"??";
+    EXPECT_EQ(JLandXmlConvertDlgData().alignmentsList[0]->roadClassification, L"第1種第1級");
+    EXPECT_EQ(JLandXmlConvertDlgData().alignmentsList[0]->riverClassification, L"");
+}
+
+struct KindCase
+{
+    const wchar_t* loaded;
+    const wchar_t* kind;
+    const wchar_t* desc;
+};
+
+class SurfaceKinds : public DlgDataTest, public testing::WithParamInterface<KindCase>
+{};
+
+TEST_P(SurfaceKinds, AreFoundInTheDescription)
+{
+    AddSurface(GetParam().loaded);
+    const JLandXmlConvertDlgData data;
+    const DlgDataSurface& surface = *data.surfacesList.at(0)->surfaces.at(0);
+    EXPECT_EQ(surface.kind, GetParam().kind);
+    EXPECT_EQ(surface.loadedKind, GetParam().kind);
+    EXPECT_EQ(surface.desc, GetParam().desc);
+}
+
+INSTANTIATE_TEST_SUITE_P(DlgData, SurfaceKinds,
+                         testing::Values(KindCase{L"FinishedGrade\r\nline two", L"FinishedGrade", L"FinishedGrade"},
+                                         KindCase{L"xExcavationy", L"Excavation", L"xExcavationy"},
+                                         KindCase{L"Excavation SubBase", L"SubBase", L"Excavation SubBase"},
+                                         KindCase{L"", L"ExistingGround", L""},
+                                         KindCase{L"subbase", L"ExistingGround", L"subbase"},
+                                         KindCase{L"a\nOther", L"Other", L"a\nOther"},
+                                         KindCase{L"a\r\nOther", L"Other", L"a"}));
+
+TEST_F(DlgDataTest, AKindThatStaysCostsTheModelTheSecondLine)
+{
+    AddSurface(L"FinishedGrade\r\nline two").name = L"s";
+    JLandXmlConvertDlgData data;
+    data.ApplyToModel();
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].desc, L"FinishedGrade");
+    data.surfacesList[0]->surfaces[0]->kind = L"SubBase";
+    data.surfacesList[0]->surfaces[0]->alignmentRefs = L"R1";
+    data.ApplyToModel();
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].desc, L"SubBase");
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].alignmentRefs, L"R1");
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].name, L"s");
+}
+
+TEST_F(DlgDataTest, ReferencesOfTheInputAreLocked)
+{
+    AddSurface(L"").alignmentRefs = L"R1";
+    AddSurface(L"");
+    Model().intermediatePoints.resize(2);
+    Model().intermediatePoints[0].alignmentRefs = L"R1";
+    Model().widthStakePoints.resize(2);
+    Model().widthStakePoints[1].alignmentRefs = L"R1";
+    Model().widthStakePoints[1].type = L"open";
+    Model().widthStakePoints[1].desc = L"d";
+    const JLandXmlConvertDlgData data;
+    EXPECT_TRUE(data.surfacesList[0]->surfaces[0]->alignmentRefsLocked);
+    EXPECT_FALSE(data.surfacesList[1]->surfaces[0]->alignmentRefsLocked);
+    EXPECT_TRUE(data.cgPointsList.intermediate[0]->alignmentRefsLocked);
+    EXPECT_FALSE(data.cgPointsList.intermediate[1]->alignmentRefsLocked);
+    EXPECT_FALSE(data.cgPointsList.widthStakes[0]->alignmentRefsLocked);
+    EXPECT_TRUE(data.cgPointsList.widthStakes[1]->alignmentRefsLocked);
+    EXPECT_EQ(data.cgPointsList.widthStakes[1]->type, L"open");
+    EXPECT_EQ(data.cgPointsList.widthStakes[1]->desc, L"d");
+}
+
+TEST_F(DlgDataTest, ARoadThatBecomesARiverLosesItsRoadValues)
+{
+    FViewAlignments& route = Model().alignments.emplace_back();
+    route.designGmType = L"道路";
+    route.roadClassification = L"第1種第1級";
+    route.trafficVolume = L"100";
+    JLandXmlConvertDlgData data;
+    DlgDataAlignments& item = *data.alignmentsList[0];
+    item.designGmType = L"河川";
+    item.riverClassification = L"1級";
+    item.side = L"右岸";
+    data.ApplyToModel();
+    EXPECT_EQ(route.designGmType, L"河川");
+    EXPECT_EQ(route.roadClassification, L"");
+    EXPECT_EQ(route.trafficVolume, L"");
+    EXPECT_EQ(route.riverClassification, L"1級");
+    EXPECT_EQ(route.side, L"右岸");
+    item.designGmType = L"道路";
+    item.roadClassification = L"第2種第1級";
+    data.ApplyToModel();
+    EXPECT_EQ(route.roadClassification, L"第2種第1級");
+    EXPECT_EQ(route.riverClassification, L"");
+    EXPECT_EQ(route.side, L"");
+    EXPECT_EQ(route.trafficVolume, L"100");
+    item.designGmType = L"他";
+    item.roadClassification = L"x";
+    data.ApplyToModel();
+    EXPECT_EQ(route.designGmType, L"他");
+    EXPECT_EQ(route.roadClassification, L"第2種第1級");
+}
+
+TEST_F(DlgDataTest, AnEmptySubIntervalLeavesTheModel)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = 20.0;
+    alignment.subInterval = 5.0;
+    alignment.normalCrown = 2.0;
+    JLandXmlConvertDlgData data;
+    DlgDataAlignment& item = *data.alignmentsList[0]->alignments[0];
+    item.mainInterval.clear();
+    item.subInterval.clear();
+    item.normalCrown = L"0";
+    item.name = L"n";
+    item.method = L"IP法";
+    item.useSlopeList = 1;
+    data.ApplyToModel();
+    EXPECT_EQ(alignment.mainInterval, 0.0);
+    EXPECT_EQ(alignment.subInterval, 5.0);
+    EXPECT_EQ(alignment.normalCrown, 2.0);
+    EXPECT_EQ(alignment.name, L"n");
+    EXPECT_EQ(alignment.method, L"IP法");
+    EXPECT_EQ(alignment.useSlopeList, 1);
+    item.subInterval = L"2.5";
+    item.normalCrown = L"1.5m";
+    data.ApplyToModel();
+    EXPECT_EQ(alignment.subInterval, 2.5);
+    EXPECT_EQ(alignment.normalCrown, 1.5);
+}
+
+TEST_F(DlgDataTest, ProjectAndPointGroupsAreApplied)
+{
+    Model().intermediatePoints.resize(1);
+    Model().widthStakePoints.resize(1);
+    Model().widthStakePoints[0].desc = L"old";
+    JLandXmlConvertDlgData data;
+    data.projectName = L"n";
+    data.projectPhase = L"施工";
+    data.applicationCriterion = L"c";
+    data.horizontalDatum = L"TD";
+    data.verticalDatum = L"O.P";
+    data.horizontalCoordinateSystemName = L"6(X,Y)";
+    data.differTP = L"-1.3000";
+    data.softwareName = L"x";
+    data.cgPointsList.intermediate[0]->alignmentRefs = L"R1";
+    data.cgPointsList.widthStakes[0]->alignmentRefs = L"R2";
+    data.cgPointsList.widthStakes[0]->type = L"open";
+    data.cgPointsList.widthStakes[0]->desc.clear();
+    data.ApplyToModel();
+    EXPECT_EQ(Model().project.name, L"n");
+    EXPECT_EQ(Model().project.projectPhase, L"施工");
+    EXPECT_EQ(Model().project.applicationCriterion, L"c");
+    EXPECT_EQ(Model().coordinateSystem.horizontalDatum, L"TD");
+    EXPECT_EQ(Model().coordinateSystem.verticalDatum, L"O.P");
+    EXPECT_EQ(Model().coordinateSystem.horizontalCoordinateSystemName, L"6(X,Y)");
+    EXPECT_EQ(Model().coordinateSystem.differTP, L"-1.3000");
+    EXPECT_EQ(Model().intermediatePoints[0].alignmentRefs, L"R1");
+    EXPECT_EQ(Model().widthStakePoints[0].alignmentRefs, L"R2");
+    EXPECT_EQ(Model().widthStakePoints[0].type, L"open");
+    EXPECT_EQ(Model().widthStakePoints[0].desc, L"old");
+}
+
+TEST_F(DlgDataTest, FillingAgainReplacesEverything)
+{
+    AddAlignment();
+    AddSurface(L"");
+    Model().intermediatePoints.resize(1);
+    Model().widthStakePoints.resize(1);
+    JLandXmlConvertDlgData data;
+    data.SetFromModel();
+    EXPECT_EQ(data.alignmentsList.size(), 1U);
+    EXPECT_EQ(data.surfacesList.size(), 1U);
+    EXPECT_EQ(data.cgPointsList.intermediate.size(), 1U);
+    EXPECT_EQ(data.cgPointsList.widthStakes.size(), 1U);
+}
+
+} // namespace
+} // namespace jlandxml

@@ -1,0 +1,162 @@
+#include "dialog/JLandXmlConvertDlgData.h"
+#include "support/RunFixture.h"
+
+namespace jlandxml
+{
+namespace
+{
+
+using Messages = std::vector<std::wstring>;
+
+class ValidationTest : public RunTest
+{
+  protected:
+    /// Data without a finding: a road and a river, each with an alignment, and a group of each kind.
+    ValidationTest()
+    {
+        Context().model = FViewLandXML();
+        Context().model.alignments.resize(2);
+        Context().model.alignments[0].alignments.resize(1);
+        Context().model.alignments[1].alignments.resize(1);
+        Context().model.intermediatePoints.resize(1);
+        Context().model.widthStakePoints.resize(1);
+        data.SetFromModel();
+        data.projectName = L"n";
+        data.horizontalDatum = L"JGD2011";
+        data.horizontalCoordinateSystemName = L"9(X,Y)";
+        Road().designGmType = L"道路";
+        Road().roadClassification = L"第1種第1級";
+        Road().trafficVolume = L"100";
+        River().designGmType = L"河川";
+        River().riverClassification = L"1級";
+        River().side = L"右岸";
+        for (DlgDataAlignments* const route : {&Road(), &River()})
+        {
+            route->alignments[0]->mainInterval = L"20";
+            route->alignments[0]->normalCrown = L"2";
+        }
+        data.cgPointsList.intermediate[0]->alignmentRefs = L"R1";
+        Stakes().alignmentRefs = L"R1";
+        Stakes().desc = L"d";
+    }
+
+    DlgDataAlignments& Road() { return *data.alignmentsList[0]; }
+    DlgDataAlignments& River() { return *data.alignmentsList[1]; }
+    DlgDataAlignment& Alignment() { return *Road().alignments[0]; }
+    DlgDataCgPointsWidthStake& Stakes() { return *data.cgPointsList.widthStakes[0]; }
+
+    Messages Findings()
+    {
+        EXPECT_EQ(data.Validate(), data.hasError);
+        EXPECT_EQ(data.hasError, !data.errors.empty());
+        return data.errors;
+    }
+
+    JLandXmlConvertDlgData data;
+};
+
+TEST_F(ValidationTest, CompleteDataHaveNoFinding)
+{
+    EXPECT_EQ(Findings(), Messages{});
+}
+
+struct FindingCase
+{
+    void (*change)(JLandXmlConvertDlgData& data);
+    Messages messages;
+};
+
+class Finding : public ValidationTest, public testing::WithParamInterface<FindingCase>
+{};
+
+TEST_P(Finding, IsMadeByItself)
+{
+    GetParam().change(data);
+    EXPECT_EQ(Findings(), GetParam().messages);
+    EXPECT_EQ(Findings(), GetParam().messages);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Validation, Finding,
+    testing::Values(
+        FindingCase{[](auto& data) { data.projectName.clear(); }, {L"プロジェクト名称が入力されていません。"}},
+        FindingCase{[](auto& data) { data.horizontalDatum.clear(); }, {L"測地原子が入力されていません。"}},
+        FindingCase{[](auto& data) { data.horizontalCoordinateSystemName.clear(); },
+                    {L"水平座標系が入力されていません。"}},
+        FindingCase{[](auto& data) {
+                        data.horizontalDatum = L"JGD2024";
+                        data.applicationCriterion = L"MlitLandXmlVer.1.6";
+                    },
+                    {L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"}},
+        FindingCase{[](auto& data) { data.horizontalDatum = L"JGD2024"; },
+                    {L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"}},
+        FindingCase{[](auto& data) {
+                        data.horizontalDatum = L"JGD2024";
+                        data.applicationCriterion = L"MlitLandXmlVer.1.7";
+                    },
+                    {}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->roadClassification.clear(); },
+                    {L"道路の規格・等級が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->designGmType.clear(); },
+                    {L"道路の規格・等級が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->designGmType = L"他"; },
+                    {L"河川の規格・等級が入力されていません。", L"左右岸区分が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume.clear(); },
+                    {L"設計交通量が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"100 "; },
+                    {L"設計交通量は数値を入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"1e3"; }, {}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"0"; }, {}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999"; }, {}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999.1"; },
+                    {L"設計交通量は0.0000から999999.0000の範囲内で入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"-1"; },
+                    {L"設計交通量は0.0000から999999.0000の範囲内で入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[1]->riverClassification.clear(); },
+                    {L"河川の規格・等級が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[1]->side.clear(); }, {L"左右岸区分が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval.clear(); },
+                    {L"主測点間隔が入力されていません。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"0"; },
+                    {L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"1.00000000000"; },
+                    {L"主測点間隔は小数第10位までの値を入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->subInterval = L"x"; },
+                    {L"副測点間隔は数値を入力してください。"}},
+        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->normalCrown.clear(); },
+                    {L"直線部横断勾配が入力されていません。"}},
+        FindingCase{[](auto& data) {
+                        data.alignmentsList[1]->alignments[0]->normalCrown.clear();
+                        data.alignmentsList[1]->alignments[0]->useSlopeList = 1;
+                    },
+                    {}},
+        FindingCase{[](auto& data) {
+                        data.alignmentsList[1]->alignments[0]->normalCrown = L"10000";
+                        data.alignmentsList[1]->alignments[0]->useSlopeList = 1;
+                    },
+                    {L"直線部横断勾配は0.0010から9999.9990の範囲内で入力してください。"}},
+        FindingCase{[](auto& data) { data.cgPointsList.intermediate[0]->alignmentRefs.clear(); },
+                    {L"中間点の参照線形が入力されていません。"}},
+        FindingCase{[](auto& data) { data.cgPointsList.widthStakes[0]->alignmentRefs.clear(); },
+                    {L"幅杭の参照線形が入力されていません。"}},
+        FindingCase{[](auto& data) { data.cgPointsList.widthStakes[0]->desc.clear(); },
+                    {L"注記が入力されていません。"}}));
+
+TEST_F(ValidationTest, AllFindingsAreMadeTogetherInOrder)
+{
+    Context().model = FViewLandXML();
+    Context().model.alignments.resize(1);
+    Context().model.alignments[0].alignments.resize(2);
+    Context().model.intermediatePoints.resize(1);
+    Context().model.widthStakePoints.resize(1);
+    data.SetFromModel();
+    EXPECT_EQ(Findings(), (Messages{L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。",
+                                    L"水平座標系が入力されていません。", L"道路の規格・等級が入力されていません。",
+                                    L"設計交通量が入力されていません。", L"主測点間隔が入力されていません。",
+                                    L"直線部横断勾配が入力されていません。", L"主測点間隔が入力されていません。",
+                                    L"直線部横断勾配が入力されていません。", L"中間点の参照線形が入力されていません。",
+                                    L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
+}
+
+} // namespace
+} // namespace jlandxml
