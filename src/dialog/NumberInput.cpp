@@ -17,8 +17,8 @@ constexpr int BOUND_DIGITS = 4;
 bool FitsPattern(const NumberInputRule& rule, std::wstring_view text)
 {
     // No text that fits is longer, and the matcher's stack grows with the text.
-    const auto longest = static_cast<std::size_t>(rule.digitsBeforePoint + 1 + rule.digitsAfterPoint);
-    if (text.size() > longest)
+    const int longest = rule.digitsBeforePoint + 1 + rule.digitsAfterPoint;
+    if (text.size() > static_cast<std::size_t>(longest))
     {
         return false;
     }

@@ -95,27 +95,22 @@ bool FViewAlignments::ReadElement(const WcXmNode& node)
 
 void FViewAlignments::ReadRoadInfoFeature(const WcXmNode& node)
 {
-    ForEachFeature(node, FEATURE_NAME, [this](const WcXmNode& child) {
-        FViewFeature feature;
-        feature.ReadElement(child);
-        for (const FViewProperty& property : feature.properties)
+    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+        if (property.label == DESIGN_GM_TYPE)
         {
-            if (property.label == DESIGN_GM_TYPE)
-            {
-                designGmType = property.value;
-            }
-            else if (property.label == CLASSIFICATION)
-            {
-                Classification() = property.value;
-            }
-            else if (property.label == TRAFFIC_VOLUME)
-            {
-                trafficVolume = property.value;
-            }
-            else if (property.label == SIDE)
-            {
-                side = property.value;
-            }
+            designGmType = property.value;
+        }
+        else if (property.label == CLASSIFICATION)
+        {
+            Classification() = property.value;
+        }
+        else if (property.label == TRAFFIC_VOLUME)
+        {
+            trafficVolume = property.value;
+        }
+        else if (property.label == SIDE)
+        {
+            side = property.value;
         }
     });
 }

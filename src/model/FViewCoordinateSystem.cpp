@@ -92,15 +92,10 @@ bool FViewCoordinateSystem::ReadElement(const WcXmNode& node)
     {
         ReadDescription(*desc);
     }
-    ForEachFeature(node, FEATURE_NAME, [this](const WcXmNode& child) {
-        FViewFeature feature;
-        feature.ReadElement(child);
-        for (const FViewProperty& property : feature.properties)
+    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+        if (property.label == DIFFER_TP)
         {
-            if (property.label == DIFFER_TP)
-            {
-                differTP = property.value;
-            }
+            differTP = property.value;
         }
     });
     return true;

@@ -68,19 +68,14 @@ bool FViewCrossSect::ReadElement(const WcXmNode& node)
     Clear();
     ReadTextAttribute(node, NAME, name);
     ReadTextAttribute(node, STA, sta);
-    ForEachFeature(node, FORMATION, [this](const WcXmNode& child) {
-        FViewFeature feature;
-        feature.ReadElement(child);
-        for (const FViewProperty& property : feature.properties)
+    ForEachFeatureProperty(node, FORMATION, [this](const FViewProperty& property) {
+        if (property.label == CL_OFFSET)
         {
-            if (property.label == CL_OFFSET)
-            {
-                clOffset = ReadNumber(property.value);
-            }
-            else if (property.label == FH_OFFSET)
-            {
-                fhOffset = ReadNumber(property.value);
-            }
+            clOffset = ReadNumber(property.value);
+        }
+        else if (property.label == FH_OFFSET)
+        {
+            fhOffset = ReadNumber(property.value);
         }
     });
     if (clOffset == UNSET_DOUBLE && fhOffset == UNSET_DOUBLE)

@@ -56,6 +56,20 @@ bool ForEachFeature(const WcXmNode& parent, std::wstring_view name, Visitor&& vi
     });
 }
 
+/// Visits each property of each `Feature` of that name, in document order.
+template <class Visitor>
+void ForEachFeatureProperty(const WcXmNode& parent, std::wstring_view name, Visitor visit)
+{
+    ForEachFeature(parent, name, [&](const WcXmNode& child) {
+        FViewFeature feature;
+        feature.ReadElement(child);
+        for (const FViewProperty& property : feature.properties)
+        {
+            visit(property);
+        }
+    });
+}
+
 /// Removes the first `Feature` of that name; a second one stays. False if there is none.
 bool RemoveFirstFeature(const WcXmNode& parent, std::wstring_view name);
 

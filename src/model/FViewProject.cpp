@@ -36,19 +36,14 @@ void FViewProject::Clear()
 bool FViewProject::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ForEachFeature(node, FEATURE_NAME, [this](const WcXmNode& child) {
-        FViewFeature feature;
-        feature.ReadElement(child);
-        for (const FViewProperty& property : feature.properties)
+    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+        if (property.label == PROJECT_PHASE)
         {
-            if (property.label == PROJECT_PHASE)
-            {
-                projectPhase = property.value;
-            }
-            else if (property.label == APPLICATION_CRITERION)
-            {
-                applicationCriterion = property.value;
-            }
+            projectPhase = property.value;
+        }
+        else if (property.label == APPLICATION_CRITERION)
+        {
+            applicationCriterion = property.value;
         }
     });
     return true;
