@@ -54,26 +54,26 @@ std::wstring MissingMessage(const wchar_t* item)
     return item + std::wstring(L"が入力されていません。");
 }
 
-std::wstring CheckNumber(std::wstring_view text, const wchar_t* item, double minimum, double maximum)
+std::wstring CheckNumber(std::wstring_view text, const NumberItem& item)
 {
     if (text.empty())
     {
-        return MissingMessage(item);
+        return MissingMessage(item.name);
     }
     const ParsedDouble parsed = ParseDouble(text);
     if (parsed.length != text.size())
     {
-        return item + std::wstring(L"は数値を入力してください。");
+        return item.name + std::wstring(L"は数値を入力してください。");
     }
-    if (parsed.value < minimum || parsed.value > maximum)
+    if (parsed.value < item.minimum || parsed.value > item.maximum)
     {
-        return item + (L"は" + FormatFixed(minimum, BOUND_DIGITS)) + L"から" + FormatFixed(maximum, BOUND_DIGITS) +
-               L"の範囲内で入力してください。";
+        return item.name + (L"は" + FormatFixed(item.minimum, BOUND_DIGITS)) + L"から" +
+               FormatFixed(item.maximum, BOUND_DIGITS) + L"の範囲内で入力してください。";
     }
     const std::size_t point = text.find(L'.');
     if (point != std::wstring_view::npos && text.size() - point - 1 > MOST_DECIMALS)
     {
-        return item + (L"は小数第" + std::to_wstring(MOST_DECIMALS)) + L"位までの値を入力してください。";
+        return item.name + (L"は小数第" + std::to_wstring(MOST_DECIMALS)) + L"位までの値を入力してください。";
     }
     return {};
 }

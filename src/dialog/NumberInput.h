@@ -24,8 +24,16 @@ inline constexpr NumberInputRule TRAFFIC_VOLUME_INPUT{L"設計交通量", 0.0, 9
 /// True for a text that typing may leave in the control. The empty text may always stand there.
 bool AcceptsInput(const NumberInputRule& rule, std::wstring_view text);
 
-/// The finding about a text that is to hold a number from `minimum` to `maximum`; empty if there is none.
-std::wstring CheckNumber(std::wstring_view text, const wchar_t* item, double minimum, double maximum);
+/// What a text must hold when the data are checked, both bounds included.
+struct NumberItem
+{
+    const wchar_t* name;
+    double minimum;
+    double maximum;
+};
+
+/// The finding about a text that is to hold a number with up to ten decimals; empty if there is none.
+std::wstring CheckNumber(std::wstring_view text, const NumberItem& item);
 
 /// "…が入力されていません。"
 std::wstring MissingMessage(const wchar_t* item);

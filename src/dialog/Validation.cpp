@@ -10,9 +10,24 @@ namespace jlandxml
 namespace
 {
 
-constexpr double LEAST_LENGTH = 0.001;
-constexpr double LARGEST_NUMBER = 9999.999;
-constexpr double LARGEST_TRAFFIC_VOLUME = 999999.0;
+/// A text that the project can't be without.
+struct RequiredText
+{
+    std::wstring JLandXmlConvertDlgData::*text;
+    const wchar_t* item;
+};
+
+constexpr RequiredText REQUIRED_TEXTS[] = {
+    {&JLandXmlConvertDlgData::projectName, L"プロジェクト名称"},
+    {&JLandXmlConvertDlgData::horizontalDatum, L"測地原子"},
+    {&JLandXmlConvertDlgData::horizontalCoordinateSystemName, L"水平座標系"},
+};
+
+constexpr NumberItem TRAFFIC_VOLUME{TRAFFIC_VOLUME_INPUT.item, 0.0, 999999.0}; // vehicles per day
+constexpr NumberItem MAIN_INTERVAL{MAIN_INTERVAL_INPUT.item, 0.001, 9999.999}; // metres
+constexpr NumberItem SUB_INTERVAL{SUB_INTERVAL_INPUT.item, 0.001, 9999.999};   // metres
+constexpr NumberItem NORMAL_CROWN{NORMAL_CROWN_INPUT.item, 0.001, 9999.999};   // percent
+
 constexpr const wchar_t* NEWEST_DATUM = L"JGD2024";
 constexpr const wchar_t* NEWEST_CRITERION = L"MlitLandXmlVer.1.7";
 constexpr const wchar_t* DATUM_NEEDS_CRITERION = L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。";
@@ -48,7 +63,7 @@ void CheckRoute(const DlgDataAlignments& route, Findings& findings)
     if (route.designGmType.empty() || route.designGmType == ROAD_DESIGN)
     {
         findings.Require(route.Classification(), L"道路の規格・等級");
-        findings.Add(CheckNumber(route.trafficVolume, TRAFFIC_VOLUME_INPUT.item, 0.0, LARGEST_TRAFFIC_VOLUME));
+        findings.Add(CheckNumber(route.trafficVolume, TRAFFIC_VOLUME));
         return;
     }
     findings.Require(route.Classification(), L"河川の規格・等級");
@@ -57,15 +72,15 @@ void CheckRoute(const DlgDataAlignments& route, Findings& findings)
 
 void CheckAlignment(const DlgDataAlignment& alignment, Findings& findings)
 {
-    findings.Add(CheckNumber(alignment.mainInterval, MAIN_INTERVAL_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+    findings.Add(CheckNumber(alignment.mainInterval, MAIN_INTERVAL));
     if (!alignment.subInterval.empty())
     {
-        findings.Add(CheckNumber(alignment.subInterval, SUB_INTERVAL_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+        findings.Add(CheckNumber(alignment.subInterval, SUB_INTERVAL));
     }
     // The free slope list gives the cross fall itself.
     if (alignment.useSlopeList == 0 || !alignment.normalCrown.empty())
     {
-        findings.Add(CheckNumber(alignment.normalCrown, NORMAL_CROWN_INPUT.item, LEAST_LENGTH, LARGEST_NUMBER));
+        findings.Add(CheckNumber(alignment.normalCrown, NORMAL_CROWN));
     }
 }
 
@@ -75,9 +90,10 @@ bool JLandXmlConvertDlgData::Validate()
 {
     errors.clear();
     Findings findings(errors);
-    findings.Require(projectName, L"プロジェクト名称");
-    findings.Require(horizontalDatum, L"測地原子");
-    findings.Require(horizontalCoordinateSystemName, L"水平座標系");
+    for (const RequiredText& required : REQUIRED_TEXTS)
+    {
+        findings.Require(this->*required.text, required.item);
+    }
     if (horizontalDatum == NEWEST_DATUM && applicationCriterion != NEWEST_CRITERION)
     {
         findings.Add(DATUM_NEEDS_CRITERION);

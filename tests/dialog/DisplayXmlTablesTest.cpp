@@ -166,5 +166,88 @@ TEST(DisplayXmlTables, ADifferenceByValueIsThatOfTheFirstDatumOfTheName)
     EXPECT_EQ(DifferTPOfPosition(9), L"0.0000");
 }
 
+struct TakenBack
+{
+    std::wstring xml;
+    std::wstring differTP;
+    bool operator==(const TakenBack&) const = default;
+};
+
+/// Shows a datum as an entry of the list, and takes back what the entry stands for.
+TakenBack ShownAndTakenBack(const std::wstring& xml, const std::wstring& differTP)
+{
+    const Vocabulary datums = GetDisplayXmlTables().GetVocabulary(VocabularyIndex::VerticalDatum);
+    const std::wstring_view display = VerticalDatumDisplay(xml, differTP);
+    for (std::size_t position = 0; position < datums.size(); ++position)
+    {
+        if (datums[position].display == display)
+        {
+            return {datums[position].xml, std::wstring(DifferTPOfPosition(static_cast<int>(position)))};
+        }
+    }
+    return {};
+}
+
+TEST(DisplayXmlTables, EachDatumWithEachDifferenceComesBackWithItsOwn)
+{
+    const std::vector<TakenBack> known = {{L"T.P", L"0.0000"},  {L"K.P", L"-0.8745"}, {L"S.P", L"-0.0873"},
+                                          {L"Y.P", L"-0.8402"}, {L"A.P", L"-1.1344"}, {L"O.P", L"-1.3000"},
+                                          {L"A.P", L"-0.8333"}, {L"T.P.W", L"0.113"}, {L"B.S.L", L"84.371"}};
+    std::vector<std::wstring> differences = {L"", L"-1.0000", L"-1.13440", L" -0.8333", L"0"};
+    for (const TakenBack& datum : known)
+    {
+        differences.push_back(datum.differTP);
+    }
+    for (const std::wstring& difference : differences)
+    {
+        for (const TakenBack& datum : known)
+        {
+            TakenBack expected = datum;
+            if (datum.xml == L"A.P")
+            {
+                const bool decided = difference == L"-1.1344" || difference == L"-0.8333";
+                expected = decided ? TakenBack{L"A.P", difference} : TakenBack{L"T.P", L"0.0000"};
+            }
+            EXPECT_EQ(ShownAndTakenBack(datum.xml, difference), expected);
+        }
+        for (const wchar_t* const unknown : {L"", L"X.P", L"t.p", L"T.P（東京湾中等潮位）"})
+        {
+            EXPECT_EQ(ShownAndTakenBack(unknown, difference), (TakenBack{L"T.P", L"0.0000"}));
+        }
+    }
+}
+
+TEST(DisplayXmlTables, AnAmbiguousDatumOfTheSecondDifferenceComesBackAsItWas)
+{
+    EXPECT_EQ(VerticalDatumDisplay(L"A.P", L"-0.8333"), L"A.P（吉野川）");
+    EXPECT_EQ(ShownAndTakenBack(L"A.P", L"-0.8333"), (TakenBack{L"A.P", L"-0.8333"}));
+}
+
+TEST(DisplayXmlTables, AnAmbiguousDatumOfAnotherDifferenceComesBackAsTheDefault)
+{
+    EXPECT_EQ(ShownAndTakenBack(L"A.P", L"-1.0000"), (TakenBack{L"T.P", L"0.0000"}));
+}
+
+TEST(DisplayXmlTables, AnIndexPastTheLastIsNoVocabulary)
+{
+    EXPECT_EQ(GetDisplayXmlTables().GetVocabulary(13).data(), nullptr);
+    EXPECT_NE(GetDisplayXmlTables().GetVocabulary(12).data(), nullptr);
+}
+
+TEST(DisplayXmlTables, AHorizontalDatumIsShownInWordsAndAStrangeOneNotAtAll)
+{
+    const Vocabulary datums = GetDisplayXmlTables().GetVocabulary(VocabularyIndex::HorizontalDatum);
+    EXPECT_EQ(FindDisplay(datums, L"JGD2024"), L"日本測地系2024");
+    EXPECT_EQ(FindDisplay(datums, L"JGD2030"), L"");
+    EXPECT_EQ(FindDisplay(datums, L"jgd2024"), L"");
+}
+
+TEST(DisplayXmlTables, OlderVersionsOfTheStandardCannotBeChosen)
+{
+    const Vocabulary versions = GetDisplayXmlTables().GetVocabulary(VocabularyIndex::ApplicationCriterion);
+    EXPECT_EQ(FindDisplay(versions, L"MlitLandXmlVer.1.3"), L"");
+    EXPECT_EQ(FindDisplay(versions, L"MlitLandXmlVer.1.4"), L"");
+}
+
 } // namespace
 } // namespace jlandxml

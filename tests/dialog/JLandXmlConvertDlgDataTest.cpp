@@ -267,5 +267,69 @@ TEST_F(DlgDataTest, FillingAgainReplacesEverything)
     EXPECT_EQ(data.cgPointsList.widthStakes.size(), 1U);
 }
 
+TEST_F(DlgDataTest, DataAndModelArePairedByPositionUntilEitherEnds)
+{
+    Model().alignments.resize(3);
+    Model().alignments[1].alignments.resize(2);
+    Model().surfaces.resize(2);
+    Model().surfaces[1].surfaces.resize(2);
+    Model().intermediatePoints.resize(2);
+    Model().widthStakePoints.resize(2);
+    JLandXmlConvertDlgData data;
+    data.alignmentsList[1]->alignments[1]->name = L"second of the second";
+    data.alignmentsList[2]->designGmType = L"河川";
+    data.surfacesList[1]->surfaces[1]->name = L"last";
+    data.cgPointsList.intermediate[1]->alignmentRefs = L"R2";
+    data.cgPointsList.widthStakes[1]->alignmentRefs = L"R3";
+    data.ApplyToModel();
+    EXPECT_EQ(Model().alignments[1].alignments[0].name, L"");
+    EXPECT_EQ(Model().alignments[1].alignments[1].name, L"second of the second");
+    EXPECT_EQ(Model().alignments[2].designGmType, L"河川");
+    EXPECT_EQ(Model().surfaces[1].surfaces[1].name, L"last");
+    EXPECT_EQ(Model().intermediatePoints[1].alignmentRefs, L"R2");
+    EXPECT_EQ(Model().widthStakePoints[1].alignmentRefs, L"R3");
+
+    Model().alignments.resize(2);
+    Model().alignments[1].alignments.resize(3);
+    Model().surfaces.resize(1);
+    data.cgPointsList.intermediate.resize(1);
+    data.cgPointsList.widthStakes.clear();
+    data.alignmentsList[0]->designGmType = L"道路";
+    data.ApplyToModel();
+    EXPECT_EQ(Model().alignments[0].designGmType, L"道路");
+    EXPECT_EQ(Model().alignments[1].alignments[2].name, L"");
+    EXPECT_EQ(Model().intermediatePoints[1].alignmentRefs, L"R2");
+    EXPECT_EQ(Model().widthStakePoints[1].alignmentRefs, L"R3");
+}
+
+TEST_F(DlgDataTest, TheNameAndVersionOfTheSoftwareNeverReachTheModel)
+{
+    Model().project.name = L"n";
+    JLandXmlConvertDlgData data;
+    data.softwareName = L"no such software";
+    data.softwareVersion = L"no such version";
+    data.ApplyToModel();
+    const JLandXmlConvertDlgData again;
+    EXPECT_EQ(again.softwareName, L"Kelmora");
+    EXPECT_EQ(again.softwareVersion, L"2027");
+    EXPECT_EQ(again.projectName, L"n");
+}
+
+TEST_F(DlgDataTest, NothingReachesTheModelBeforeApplying)
+{
+    AddAlignment().mainInterval = 20.0;
+    AddSurface(L"SubBase\r\nsecond line");
+    JLandXmlConvertDlgData data;
+    data.projectName = L"n";
+    data.alignmentsList[0]->designGmType = L"河川";
+    data.alignmentsList[0]->alignments[0]->mainInterval = L"5";
+    data.surfacesList[0]->surfaces[0]->kind = L"Other";
+    data.Validate();
+    EXPECT_EQ(Model().project.name, L"");
+    EXPECT_EQ(Model().alignments[0].designGmType, L"");
+    EXPECT_EQ(Model().alignments[0].alignments[0].mainInterval, 20.0);
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].desc, L"SubBase\r\nsecond line");
+}
+
 } // namespace
 } // namespace jlandxml

@@ -103,7 +103,7 @@ class NumberCheck : public testing::TestWithParam<NumberCase>
 
 TEST_P(NumberCheck, GivesTheFirstFinding)
 {
-    EXPECT_EQ(CheckNumber(GetParam().text, L"主測点間隔", 0.001, 9999.999), GetParam().finding);
+    EXPECT_EQ(CheckNumber(GetParam().text, {L"主測点間隔", 0.001, 9999.999}), GetParam().finding);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -127,7 +127,7 @@ TEST(NumberInput, DecimalsAreCountedUpToTen)
 {
     for (std::size_t decimals = 0; decimals <= 14; ++decimals)
     {
-        const std::wstring finding = CheckNumber(L"1." + std::wstring(decimals, L'1'), L"x", 0.0, 9.0);
+        const std::wstring finding = CheckNumber(L"1." + std::wstring(decimals, L'1'), {L"x", 0.0, 9.0});
         EXPECT_EQ(finding, decimals <= 10 ? L"" : L"xは小数第10位までの値を入力してください。");
     }
 }

@@ -1,4 +1,5 @@
 #include "dialog/JLandXmlConvertDlgData.h"
+#include "dialog/NumberInput.h"
 #include "support/RunFixture.h"
 
 namespace jlandxml
@@ -156,6 +157,187 @@ TEST_F(ValidationTest, AllFindingsAreMadeTogetherInOrder)
                                     L"直線部横断勾配が入力されていません。", L"主測点間隔が入力されていません。",
                                     L"直線部横断勾配が入力されていません。", L"中間点の参照線形が入力されていません。",
                                     L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
+}
+
+TEST_F(ValidationTest, AnEmptyProjectNameAndDatumAreTwoFindings)
+{
+    data.projectName.clear();
+    data.horizontalDatum.clear();
+    EXPECT_EQ(Findings(), (Messages{L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。"}));
+}
+
+TEST_F(ValidationTest, AZeroMayBeTypedAndIsOutOfRange)
+{
+    EXPECT_TRUE(AcceptsInput(MAIN_INTERVAL_INPUT, L"0"));
+    Alignment().mainInterval = L"0";
+    EXPECT_EQ(Findings(), Messages{L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"});
+}
+
+TEST_F(ValidationTest, ElevenDecimalsAreTheOnlyFinding)
+{
+    Alignment().mainInterval = L"20.00000000001";
+    EXPECT_EQ(Findings(), Messages{L"主測点間隔は小数第10位までの値を入力してください。"});
+}
+
+TEST_F(ValidationTest, ARiverWithASlopeListNeedsNoCrossFall)
+{
+    River().alignments[0]->useSlopeList = 1;
+    River().alignments[0]->normalCrown.clear();
+    EXPECT_EQ(Findings(), Messages{});
+}
+
+TEST_F(ValidationTest, AWidthStakeWithoutANoteIsNeverApplied)
+{
+    Stakes().desc.clear();
+    EXPECT_EQ(Findings(), Messages{L"注記が入力されていません。"});
+}
+
+TEST_F(ValidationTest, SurfacesWithoutAnAlignmentAreNoFinding)
+{
+    data.surfacesList.push_back(std::make_unique<DlgDataSurfaces>());
+    data.surfacesList[0]->surfaces.push_back(std::make_unique<DlgDataSurface>());
+    EXPECT_EQ(Findings(), Messages{});
+}
+
+struct NumberField
+{
+    std::wstring& (*text)(JLandXmlConvertDlgData& data);
+    std::wstring item;
+    bool required;
+    const wchar_t* tooSmall;
+    const wchar_t* least;
+    const wchar_t* most;
+    const wchar_t* tooLarge;
+    const wchar_t* range;
+};
+
+class NumberFields : public ValidationTest, public testing::WithParamInterface<NumberField>
+{
+  protected:
+    Messages FindingsOf(const std::wstring& text)
+    {
+        GetParam().text(data) = text;
+        return Findings();
+    }
+
+    static Messages Says(const std::wstring& words) { return {GetParam().item + words}; }
+};
+
+TEST_P(NumberFields, AreCheckedOnBothSidesOfTheirBounds)
+{
+    EXPECT_EQ(FindingsOf(GetParam().least), Messages{});
+    EXPECT_EQ(FindingsOf(GetParam().most), Messages{});
+    for (const wchar_t* const text : {GetParam().tooSmall, GetParam().tooLarge, L"-1", L"-inf", L"inf", L"1e400"})
+    {
+        EXPECT_EQ(FindingsOf(text), Says(GetParam().range));
+    }
+    // Neither below nor above.
+    EXPECT_EQ(FindingsOf(L"nan"), Messages{});
+}
+
+TEST_P(NumberFields, HoldNothingButANumber)
+{
+    EXPECT_EQ(FindingsOf(L""), GetParam().required ? Says(L"が入力されていません。") : Messages{});
+    for (const wchar_t* const text : {L" ", L"x", L"1x", L"1 ", L"1,5", L"1.2.3", L"１", L"--1", L"1e3m", L".", L"-"})
+    {
+        EXPECT_EQ(FindingsOf(text), Says(L"は数値を入力してください。"));
+    }
+    for (const wchar_t* const text : {L" 1", L"+1", L"1e3", L"1.", L".5", L"0x1F", L"1E+2"})
+    {
+        EXPECT_EQ(FindingsOf(text), Messages{});
+    }
+}
+
+TEST_P(NumberFields, HaveUpToTenDecimals)
+{
+    for (std::size_t decimals = 0; decimals <= 20; ++decimals)
+    {
+        EXPECT_EQ(FindingsOf(L"12." + std::wstring(decimals, L'3')),
+                  decimals <= 10 ? Messages{} : Says(L"は小数第10位までの値を入力してください。"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Validation, NumberFields,
+    testing::Values(
+        NumberField{[](auto& data) -> std::wstring& { return data.alignmentsList[0]->trafficVolume; }, L"設計交通量",
+                    true, L"-0.0001", L"0", L"999999.0", L"999999.0001",
+                    L"は0.0000から999999.0000の範囲内で入力してください。"},
+        NumberField{[](auto& data) -> std::wstring& { return data.alignmentsList[0]->alignments[0]->mainInterval; },
+                    L"主測点間隔", true, L"0.0009999999", L"0.001", L"9999.999", L"9999.9990001",
+                    L"は0.0010から9999.9990の範囲内で入力してください。"},
+        NumberField{[](auto& data) -> std::wstring& { return data.alignmentsList[1]->alignments[0]->subInterval; },
+                    L"副測点間隔", false, L"0.0009999999", L"0.001", L"9999.999", L"9999.9990001",
+                    L"は0.0010から9999.9990の範囲内で入力してください。"},
+        NumberField{[](auto& data) -> std::wstring& { return data.alignmentsList[1]->alignments[0]->normalCrown; },
+                    L"直線部横断勾配", true, L"0.0009999999", L"0.001", L"9999.999", L"9999.9990001",
+                    L"は0.0010から9999.9990の範囲内で入力してください。"}));
+
+struct Fault
+{
+    void (*make)(JLandXmlConvertDlgData& data);
+    void (*mend)(JLandXmlConvertDlgData& data);
+    const wchar_t* message;
+};
+
+/// One for each place at which a finding can be made, in the order of the findings.
+constexpr Fault FAULTS[] = {
+    {[](auto& data) { data.projectName.clear(); }, [](auto& data) { data.projectName = L"n"; },
+     L"プロジェクト名称が入力されていません。"},
+    {[](auto& data) { data.horizontalCoordinateSystemName.clear(); },
+     [](auto& data) { data.horizontalCoordinateSystemName = L"9(X,Y)"; }, L"水平座標系が入力されていません。"},
+    {[](auto& data) { data.horizontalDatum = L"JGD2024"; }, [](auto& data) { data.horizontalDatum = L"JGD2011"; },
+     L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"},
+    {[](auto& data) { data.alignmentsList[0]->roadClassification.clear(); },
+     [](auto& data) { data.alignmentsList[0]->roadClassification = L"第1種第1級"; },
+     L"道路の規格・等級が入力されていません。"},
+    {[](auto& data) { data.alignmentsList[0]->trafficVolume = L"-1"; },
+     [](auto& data) { data.alignmentsList[0]->trafficVolume = L"1"; },
+     L"設計交通量は0.0000から999999.0000の範囲内で入力してください。"},
+    {[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"m"; },
+     [](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"20"; },
+     L"主測点間隔は数値を入力してください。"},
+    {[](auto& data) { data.alignmentsList[0]->alignments[0]->subInterval = L"1.00000000000"; },
+     [](auto& data) { data.alignmentsList[0]->alignments[0]->subInterval.clear(); },
+     L"副測点間隔は小数第10位までの値を入力してください。"},
+    {[](auto& data) { data.alignmentsList[0]->alignments[0]->normalCrown.clear(); },
+     [](auto& data) { data.alignmentsList[0]->alignments[0]->normalCrown = L"2"; },
+     L"直線部横断勾配が入力されていません。"},
+    {[](auto& data) { data.alignmentsList[1]->riverClassification.clear(); },
+     [](auto& data) { data.alignmentsList[1]->riverClassification = L"1級"; },
+     L"河川の規格・等級が入力されていません。"},
+    {[](auto& data) { data.alignmentsList[1]->side.clear(); },
+     [](auto& data) { data.alignmentsList[1]->side = L"左岸"; }, L"左右岸区分が入力されていません。"},
+    {[](auto& data) { data.alignmentsList[1]->alignments[0]->mainInterval.clear(); },
+     [](auto& data) { data.alignmentsList[1]->alignments[0]->mainInterval = L"20"; },
+     L"主測点間隔が入力されていません。"},
+    {[](auto& data) { data.cgPointsList.intermediate[0]->alignmentRefs.clear(); },
+     [](auto& data) { data.cgPointsList.intermediate[0]->alignmentRefs = L"R1"; },
+     L"中間点の参照線形が入力されていません。"},
+    {[](auto& data) { data.cgPointsList.widthStakes[0]->alignmentRefs.clear(); },
+     [](auto& data) { data.cgPointsList.widthStakes[0]->alignmentRefs = L"R1"; },
+     L"幅杭の参照線形が入力されていません。"},
+    {[](auto& data) { data.cgPointsList.widthStakes[0]->desc.clear(); },
+     [](auto& data) { data.cgPointsList.widthStakes[0]->desc = L"d"; }, L"注記が入力されていません。"},
+};
+
+TEST_F(ValidationTest, AnyFaultsTogetherAreFoundInOrder)
+{
+    for (unsigned chosen = 0; chosen < 1U << std::size(FAULTS); ++chosen)
+    {
+        Messages expected;
+        for (std::size_t index = 0; index < std::size(FAULTS); ++index)
+        {
+            const Fault& fault = FAULTS[index];
+            const bool made = (chosen >> index & 1U) != 0;
+            (made ? fault.make : fault.mend)(data);
+            if (made)
+            {
+                expected.emplace_back(fault.message);
+            }
+        }
+        ASSERT_EQ(Findings(), expected);
+    }
 }
 
 } // namespace
