@@ -106,12 +106,18 @@ std::int32_t TypeOf(std::wstring_view name)
                                       : static_cast<std::int32_t>(hit - ELEMENT_TYPES.begin());
 }
 
+/// A radius or a parameter: all decimals, but only the point where the number is the one that means "not given".
+std::wstring MetresText(double value, int digits)
+{
+    return value == UNSET_DOUBLE ? L"." : ClosedFixedText(value, digits);
+}
+
 void FormatRadius(const WcXmNode& node, const wchar_t* name)
 {
     const auto text = node.FindAttribute(name);
     if (text && IsNumericText(*text))
     {
-        node.SetAttribute(name, ClosedFixedText(ReadNumber(*text), RADIUS_DIGITS));
+        node.SetAttribute(name, MetresText(ReadNumber(*text), RADIUS_DIGITS));
     }
 }
 
@@ -387,9 +393,7 @@ void WriteClothoidParameter(const WcXmNode& node)
     {
         return;
     }
-    const double parameter = std::sqrt(*square);
-    feature.properties.emplace_back(CLOTHOID_PARAMETER,
-                                    parameter == UNSET_DOUBLE ? L"." : ClosedFixedText(parameter, PARAMETER_DIGITS));
+    feature.properties.emplace_back(CLOTHOID_PARAMETER, MetresText(std::sqrt(*square), PARAMETER_DIGITS));
     feature.WriteElement(node);
 }
 

@@ -66,6 +66,48 @@ INSTANTIATE_TEST_SUITE_P(
         NamingCase{L"XLX", L"BP/ /IP.2 /EP"},
         NamingCase{L"LSCSLCL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/BC.2 BC.2/EC.2 EC.2/EP"}));
 
+struct GroupCase
+{
+    const wchar_t* letters;
+    std::int32_t kind;
+    std::size_t first; ///< place of the group's first element
+    std::size_t taken;
+};
+
+class Group : public testing::TestWithParam<GroupCase>
+{};
+
+TEST_P(Group, HasItsKindAndLeavesTheCursorBehindIt)
+{
+    const auto [letters, kind, first, taken] = GetParam();
+    auto list = Read<FViewCoordGeom>(Geometry(letters)).elements;
+    std::span<FViewCoordGeomElement> rest(list);
+    FViewIPElements group;
+    // What the group before has left doesn't stay.
+    group.kind = 9;
+    group.elements.push_back(nullptr);
+    group.CollectElements(rest);
+    EXPECT_EQ(group.kind, kind);
+    PiCmCopyList<FViewCoordGeomElement*> expected;
+    for (std::size_t place = first; place < first + taken; ++place)
+    {
+        expected.push_back(&list[place]);
+    }
+    EXPECT_EQ(group.elements, expected);
+    EXPECT_EQ(rest.size(), list.size() - first - taken);
+    EXPECT_EQ(rest.data(), list.data() + first + taken);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewIPElements, Group,
+    testing::Values(GroupCase{L"LSCSCSL", 5, 1, 5}, GroupCase{L"LSSCS", 4, 1, 2}, GroupCase{L"LSCSCL", 2, 1, 3},
+                    GroupCase{L"LSCL", 3, 1, 2}, GroupCase{L"LCCC", 6, 1, 2}, GroupCase{L"LCS", 1, 1, 1},
+                    GroupCase{L"LSL", 0, 0, 1}, GroupCase{L"LL", 0, 0, 1}, GroupCase{L"LX", 0, 0, 1},
+                    GroupCase{L"L", 0, 0, 1}, GroupCase{L"SCSCSS", 5, 0, 5}, GroupCase{L"SSS", 4, 0, 2},
+                    GroupCase{L"SCSCC", 2, 0, 3}, GroupCase{L"SCC", 3, 0, 2}, GroupCase{L"SL", -1, 0, 1},
+                    GroupCase{L"S", -1, 0, 1}, GroupCase{L"CCS", 6, 0, 2}, GroupCase{L"CSCS", 1, 0, 1},
+                    GroupCase{L"C", 1, 0, 1}, GroupCase{L"XSS", -1, 0, 1}, GroupCase{L"X", -1, 0, 1}));
+
 TEST(FViewCoordGeom, EverySpiralHasTheSamePi)
 {
     const auto geometry = Read<FViewCoordGeom>(Geometry(L"LSCSLS"));
@@ -191,7 +233,8 @@ TEST(FViewCoordGeom, OneGivenNameKeepsAllOthersEmpty)
 {
     for (const wchar_t* const given :
          {L"<Line><Start name='x'/><End/></Line>", L"<Line><Start/><End name='x'/></Line>",
-          L"<Curve><End name='x'/></Curve>", L"<Spiral><Start name='x'/></Spiral>", L"<Spiral><PI name='x'/></Spiral>"})
+          L"<Curve><Start name='x'/></Curve>", L"<Curve><End name='x'/></Curve>", L"<Spiral><Start name='x'/></Spiral>",
+          L"<Spiral><End name='x'/></Spiral>", L"<Spiral><PI name='x'/></Spiral>"})
     {
         const std::wstring xml = std::wstring(L"<CoordGeom><Line><Start/><End/></Line>") + given + L"</CoordGeom>";
         const auto geometry = Read<FViewCoordGeom>(xml);
@@ -240,9 +283,18 @@ TEST(FViewCoordGeom, TextBetweenTheElementsKeepsThePairing)
         L"name=\"EP\"/></Line></CoordGeom>");
 }
 
+TEST(FViewCoordGeom, ElementsAndChildrenArePairedByTheirOrderAlone)
+{
+    const auto curve = Read<FViewCoordGeom>(Geometry(L"C"));
+    EXPECT_EQ(WrittenInto(curve, L"<CoordGeom><Line radius='5'><Start/></Line><Line/></CoordGeom>"),
+              L"<CoordGeom><Line radius=\"5.00000000\"><Start name=\"BP\"/></Line><Line/></CoordGeom>");
+    EXPECT_EQ(WrittenInto(Read<FViewCoordGeom>(Geometry(L"LCL")), L"<CoordGeom><Chain><End/></Chain></CoordGeom>"),
+              L"<CoordGeom><Chain><End name=\"BC.1\"/></Chain></CoordGeom>");
+}
+
 struct RadiusCase
 {
-    const wchar_t* text;
+    std::wstring text;
     const wchar_t* written;
 };
 
@@ -251,16 +303,20 @@ class Radius : public testing::TestWithParam<RadiusCase>
 
 TEST_P(Radius, HasEightDecimals)
 {
-    EXPECT_EQ(
-        Written<FViewCoordGeom>(std::wstring(L"<CoordGeom><Curve radius='") + GetParam().text + L"'/></CoordGeom>"),
-        std::wstring(L"<CoordGeom><Curve radius=\"") + GetParam().written + L"\"/></CoordGeom>");
+    const auto radii = [](const std::wstring& radius) {
+        return L"<CoordGeom><Curve radius=\"" + radius + L"\"/><Spiral radiusStart=\"" + radius + L"\" radiusEnd=\"" +
+               radius + L"\"/></CoordGeom>";
+    };
+    EXPECT_EQ(Written<FViewCoordGeom>(radii(GetParam().text)), radii(GetParam().written));
 }
 
 INSTANTIATE_TEST_SUITE_P(FViewCoordGeom, Radius,
                          testing::Values(RadiusCase{L"200", L"200.00000000"}, RadiusCase{L"-150.5", L"-150.50000000"},
                                          RadiusCase{L"-0.000000001", L"0.00000000"}, RadiusCase{L"INF", L"INF"},
                                          RadiusCase{L"2e2", L"2e2"}, RadiusCase{L"", L"0.00000000"},
-                                         RadiusCase{L"0.123456789", L"0.12345679"}, RadiusCase{L" 200", L" 200"}));
+                                         RadiusCase{L"0.123456789", L"0.12345679"}, RadiusCase{L" 200", L" 200"},
+                                         // the number that means "not given" leaves the point alone
+                                         RadiusCase{L"0." + std::wstring(307, L'0') + L"22250738585072014", L"."}));
 
 TEST(FViewCoordGeom, AMissingRadiusStaysMissing)
 {
@@ -299,6 +355,18 @@ INSTANTIATE_TEST_SUITE_P(
         ParameterCase{L"both ends straight", L"radiusStart='INF' radiusEnd='INF' length='50'", L""},
         ParameterCase{L"radii below the tolerance are straights", L"radiusStart='0.00000002' radiusEnd='0' length='50'",
                       L""},
+        ParameterCase{L"a radius just below the tolerance",
+                      L"radiusStart='0.00000002220446049' radiusEnd='0' length='50'", L""},
+        ParameterCase{L"a radius of just the tolerance is none of a straight",
+                      L"radiusStart='0.00000002220446049250313' radiusEnd='0' length='50'", L"0.001054"},
+        ParameterCase{L"a start radius above the tolerance", L"radiusStart='0.00000003' radiusEnd='0' length='50'",
+                      L"0.001225"},
+        ParameterCase{L"an end radius above the tolerance", L"radiusStart='0' radiusEnd='0.00000003' length='50'",
+                      L"0.001225"},
+        ParameterCase{L"a negative radius below the tolerance",
+                      L"radiusStart='-0.00000002' radiusEnd='200' length='50'", L"100.000000"},
+        ParameterCase{L"negative radii below the tolerance",
+                      L"radiusStart='-0.00000002' radiusEnd='-0.00000002' length='50'", L""},
         ParameterCase{L"equal radii", L"radiusStart='200' radiusEnd='200' length='50'", L"inf."},
         ParameterCase{L"a negative radius", L"radiusStart='INF' radiusEnd='-200' length='50'", L"nan."},
         ParameterCase{L"no length", L"radiusStart='INF' radiusEnd='200'", L""},
@@ -334,6 +402,47 @@ TEST(FViewCoordGeom, TheParameterJoinsTheFirstFeature)
         L"</CoordGeom>");
 }
 
+struct GivenParameterCase
+{
+    const wchar_t* rule;
+    const wchar_t* features;
+    const wchar_t* written;
+};
+
+class GivenParameter : public testing::TestWithParam<GivenParameterCase>
+{};
+
+TEST_P(GivenParameter, CountsInTheFirstFeatureWithItsExactLabel)
+{
+    const auto spiral = [](const wchar_t* features) {
+        return std::wstring(L"<Spiral radiusStart=\"0\" radiusEnd=\"200\" length=\"50\">") + features + L"</Spiral>";
+    };
+    XmlText xml(spiral(GetParam().features));
+    WriteClothoidParameter(xml.Root());
+    EXPECT_EQ(xml.Text(), spiral(GetParam().written)) << testing::PrintToString(GetParam().rule);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCoordGeom, GivenParameter,
+    testing::Values(
+        GivenParameterCase{L"one in the second Feature doesn't count",
+                           L"<Feature name=\"f\"/><Feature name=\"g\"><Property label=\"A\" value=\"7\"/></Feature>",
+                           L"<Feature name=\"f\"><Property label=\"A\" value=\"100.000000\"/></Feature>"
+                           L"<Feature name=\"g\"><Property label=\"A\" value=\"7\"/></Feature>"},
+        GivenParameterCase{L"the first Feature is found in any case",
+                           L"<feature><Property label=\"A\" value=\"7\"/></feature><Feature/>",
+                           L"<feature><Property label=\"A\" value=\"7\"/></feature><Feature/>"},
+        GivenParameterCase{L"but only an exact one takes the parameter",
+                           L"<feature><Property label=\"b\" value=\"1\"/></feature>",
+                           L"<feature><Property label=\"b\" value=\"1\"/></feature><Feature><Property label=\"b\" "
+                           L"value=\"1\"/><Property label=\"A\" value=\"100.000000\"/></Feature>"},
+        GivenParameterCase{L"one without a value is kept too", L"<Feature><Property label=\"A\" value=\"\"/></Feature>",
+                           L"<Feature><Property label=\"A\" value=\"\"/></Feature>"},
+        GivenParameterCase{L"a label in another case is another label",
+                           L"<Feature><Property label=\"a\" value=\"7\"/></Feature>",
+                           L"<Feature><Property label=\"a\" value=\"7\"/><Property label=\"A\" "
+                           L"value=\"100.000000\"/></Feature>"}));
+
 TEST(FViewCoordGeom, AFinishedElementReadAgainIsUnchanged)
 {
     const std::wstring finished =
@@ -351,6 +460,44 @@ TEST(FViewCoordGeom, ClearEmptiesElementsAndGroups)
     element.Clear();
     EXPECT_EQ(element.type, -1);
     EXPECT_EQ(element.startName + element.endName + element.piName, L"");
+
+    FViewIPElements group;
+    group.kind = 2;
+    group.elements.push_back(&element);
+    group.Clear();
+    EXPECT_EQ(group.kind, -1);
+    EXPECT_TRUE(group.elements.empty());
+
+    auto geometry = Read<FViewCoordGeom>(Geometry(L"LCL"));
+    geometry.Clear();
+    EXPECT_TRUE(geometry.elements.empty());
+}
+
+TEST(FViewCoordGeom, ReadingBeginsAfresh)
+{
+    auto geometry = Read<FViewCoordGeom>(Geometry(L"LCL"));
+    geometry.ReadElement(XmlText(Geometry(L"L")).Root());
+    ASSERT_EQ(geometry.elements.size(), 1U);
+    EXPECT_EQ(geometry.elements[0].startName + geometry.elements[0].endName, L"BPEP");
+}
+
+TEST(FViewCoordGeom, ACopyHasTheVersionAndItsOwnElements)
+{
+    auto geometry = Read<FViewCoordGeom>(L"<CoordGeom><Spiral><Start name='a'/><PI name='b'/><End name='c'/></Spiral>"
+                                         L"</CoordGeom>");
+    geometry.SetOutputVersion(3);
+    const FViewCoordGeom copy(geometry);
+    FViewCoordGeom assigned;
+    assigned = geometry;
+    geometry.elements[0].Clear();
+    for (const FViewCoordGeom* const other : {&copy, static_cast<const FViewCoordGeom*>(&assigned)})
+    {
+        EXPECT_EQ(other->version, 3);
+        ASSERT_EQ(other->elements.size(), 1U);
+        const FViewCoordGeomElement& element = other->elements[0];
+        EXPECT_EQ(element.type, FViewCoordGeomElement::SPIRAL);
+        EXPECT_EQ(element.startName + element.piName + element.endName, L"abc");
+    }
 }
 
 } // namespace

@@ -64,6 +64,9 @@ INSTANTIATE_TEST_SUITE_P(
                     WrittenPointsCase{{{0, 0}, {1.5e-8, 0}, {3e-8, 0}}, L"0. 0. 0.00000003 0."},
                     WrittenPointsCase{{{UNSET_DOUBLE, UNSET_DOUBLE}, {UNSET_DOUBLE, UNSET_DOUBLE}}, L". . . ."},
                     WrittenPointsCase{{{UNSET_DOUBLE, 5}, {0, 5}}, L". 5. 0. 5."},
+                    WrittenPointsCase{{{5, UNSET_DOUBLE}, {5, 0}}, L"5. . 5. 0."},
+                    // Behind an unset point nothing is left out, but an unset point itself repeats (0, 0).
+                    WrittenPointsCase{{{0, 0}, {UNSET_DOUBLE, UNSET_DOUBLE}, {1, 2}}, L"0. 0. 1. 2."},
                     WrittenPointsCase{{{1.0 / 3, -1e-13}}, L"0.333333333333 0."}));
 
 TEST(FViewPntList2D, AMillionPointsAreReadAndWritten)

@@ -28,6 +28,14 @@ TEST(FViewProfSurf, IsAppendedWithItsPoints)
               L"<Profile><ProfSurf><PntList2D>0. 1.</PntList2D></ProfSurf></Profile>");
 }
 
+TEST(FViewProfSurf, ReadingBeginsAfresh)
+{
+    auto surface = Read<FViewProfSurf>(L"<ProfSurf name='現況'><PntList2D>0 1</PntList2D></ProfSurf>");
+    surface.ReadElement(XmlText(L"<ProfSurf/>").Root());
+    EXPECT_EQ(surface.name, L"");
+    EXPECT_TRUE(surface.pntList2D.points.empty());
+}
+
 TEST(FViewProfSurf, WithoutPointsNothingIsWritten)
 {
     FViewProfSurf surface;

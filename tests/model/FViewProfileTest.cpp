@@ -98,6 +98,9 @@ INSTANTIATE_TEST_SUITE_P(
                    L"2</PVI></ProfAlign>"
                    L"</Profile>",
                    L"a", 7},
+        ChoiceCase{L"a vertical curve in another case gives no start",
+                   L"<Profile><ProfAlign name='a'><paracurve>1 2</paracurve></ProfAlign></Profile>", L"a",
+                   UNSET_DOUBLE},
         ChoiceCase{L"no design", L"<Profile/>", L"", UNSET_DOUBLE}));
 
 TEST(FViewProfile, RealGroundLinesFollowTheConvertedOnes)
@@ -106,6 +109,16 @@ TEST(FViewProfile, RealGroundLinesFollowTheConvertedOnes)
                                     L"<ProfAlign name='ProfSurf_a'><PVI>3 4</PVI></ProfAlign><x/></Profile>"),
               L"<Profile><x/><ProfSurf name=\"a\"><PntList2D>3. 4.</PntList2D></ProfSurf>"
               L"<ProfSurf name=\"real\"><PntList2D>1. 2.</PntList2D></ProfSurf></Profile>");
+}
+
+TEST(FViewProfile, GroundLinesAndTheirPointsCountInTheirCase)
+{
+    EXPECT_EQ(Written<FViewProfile>(L"<Profile><profsurf><PntList2D>1 2</PntList2D></profsurf>"
+                                    L"<ProfAlign name='ProfSurf_a'><pvi>3 4</pvi><PVI>5 6</PVI></ProfAlign>"
+                                    L"<ProfSurf><PntList2D>7 8</PntList2D></ProfSurf></Profile>"),
+              L"<Profile><profsurf><PntList2D>1 2</PntList2D></profsurf>"
+              L"<ProfSurf name=\"a\"><PntList2D>5. 6.</PntList2D></ProfSurf>"
+              L"<ProfSurf><PntList2D>7. 8.</PntList2D></ProfSurf></Profile>");
 }
 
 TEST(FViewProfile, AGroundLineWithoutPointsDisappears)
@@ -125,6 +138,71 @@ TEST(FViewProfile, TheStartIsWrittenWithFourDecimals)
 {
     EXPECT_EQ(Written<FViewProfile>(L"<Profile staStart='12.34567'/>"), L"<Profile staStart=\"12.3457\"/>");
     EXPECT_EQ(Written<FViewProfile>(L"<Profile/>"), L"<Profile/>");
+}
+
+TEST(FViewProfile, AChosenProfileWithoutStartLeavesTheAttributeAsItStands)
+{
+    const std::wstring xml = L"<Profile staStart=\"5\"><ProfAlign name=\"a\"/></Profile>";
+    EXPECT_EQ(Read<FViewProfile>(xml).profAlignName, L"a");
+    EXPECT_EQ(Read<FViewProfile>(xml).staStart, UNSET_DOUBLE);
+    EXPECT_EQ(Written<FViewProfile>(xml), xml);
+}
+
+struct StationCase
+{
+    const wchar_t* text;
+    double station;
+    double elevation;
+};
+
+class StationAndElevation : public testing::TestWithParam<StationCase>
+{};
+
+TEST_P(StationAndElevation, AreReadFromPointsAndCurvesAfresh)
+{
+    const auto [text, station, elevation] = GetParam();
+    auto point = Read<FViewPVI>(L"<PVI>8 9</PVI>");
+    point.ReadElement(XmlText(std::wstring(L"<PVI>") + text + L"</PVI>").Root());
+    EXPECT_EQ(point.station, station);
+    EXPECT_EQ(point.elevation, elevation);
+    auto curve = Read<FViewParaCurve>(L"<ParaCurve>8 9</ParaCurve>");
+    curve.ReadElement(XmlText(std::wstring(L"<ParaCurve>") + text + L"</ParaCurve>").Root());
+    EXPECT_EQ(curve.station, station);
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewProfile, StationAndElevation,
+                         testing::Values(StationCase{L"1.5 -2", 1.5, -2}, StationCase{L"x 2", 0, 2},
+                                         StationCase{L"1 2e1", 1, 0}, StationCase{L"1", UNSET_DOUBLE, UNSET_DOUBLE},
+                                         StationCase{L"", UNSET_DOUBLE, UNSET_DOUBLE},
+                                         StationCase{L"1 2 3", UNSET_DOUBLE, UNSET_DOUBLE}));
+
+TEST(FViewProfile, ReadingBeginsAfresh)
+{
+    auto profile = Read<FViewProfile>(L"<Profile staStart='5'><ProfAlign name='a'><PVI>1 2</PVI></ProfAlign>"
+                                      L"<ProfSurf name='b'/></Profile>");
+    profile.ReadElement(XmlText(L"<Profile/>").Root());
+    EXPECT_EQ(profile.staStart, UNSET_DOUBLE);
+    EXPECT_EQ(profile.profAlignName, L"");
+    EXPECT_TRUE(profile.profSurfs.empty());
+
+    auto profAlign = Read<FViewProfAlign>(L"<ProfAlign name='a'><PVI>1 2</PVI></ProfAlign>");
+    profAlign.ReadElement(XmlText(L"<ProfAlign/>").Root());
+    EXPECT_EQ(profAlign.name, L"");
+    EXPECT_EQ(profAlign.startStation, UNSET_DOUBLE);
+}
+
+template <class Element>
+void ExpectNothingWritten(const std::wstring& xml)
+{
+    EXPECT_EQ(Written<Element>(xml), xml);
+    EXPECT_TRUE(Element().WriteElement(XmlText(xml).Root()));
+}
+
+TEST(FViewProfile, PointsCurvesAndDesignsStayAsTheyCame)
+{
+    ExpectNothingWritten<FViewPVI>(L"<PVI>1 x</PVI>");
+    ExpectNothingWritten<FViewParaCurve>(L"<ParaCurve length=\"7\">1 x</ParaCurve>");
+    ExpectNothingWritten<FViewProfAlign>(L"<ProfAlign name=\"a\"><PVI>1 x</PVI></ProfAlign>");
 }
 
 TEST(FViewProfile, AFinishedElementReadAgainGivesTheSameGroundLines)
