@@ -286,8 +286,10 @@ TEST(FViewCoordGeom, TextBetweenTheElementsKeepsThePairing)
 TEST(FViewCoordGeom, ElementsAndChildrenArePairedByTheirOrderAlone)
 {
     const auto curve = Read<FViewCoordGeom>(Geometry(L"C"));
-    EXPECT_EQ(WrittenInto(curve, L"<CoordGeom><Line radius='5'><Start/></Line><Line/></CoordGeom>"),
-              L"<CoordGeom><Line radius=\"5.00000000\"><Start name=\"BP\"/></Line><Line/></CoordGeom>");
+    EXPECT_EQ(
+        WrittenInto(curve, L"<CoordGeom><Line radius='5'><Start/></Line><Line radius='5'><Start/></Line></CoordGeom>"),
+        L"<CoordGeom><Line radius=\"5.00000000\"><Start name=\"BP\"/></Line><Line "
+        L"radius=\"5\"><Start/></Line></CoordGeom>");
     EXPECT_EQ(WrittenInto(Read<FViewCoordGeom>(Geometry(L"LCL")), L"<CoordGeom><Chain><End/></Chain></CoordGeom>"),
               L"<CoordGeom><Chain><End name=\"BC.1\"/></Chain></CoordGeom>");
 }
@@ -369,6 +371,9 @@ INSTANTIATE_TEST_SUITE_P(
                       L"radiusStart='-0.00000002' radiusEnd='-0.00000002' length='50'", L""},
         ParameterCase{L"equal radii", L"radiusStart='200' radiusEnd='200' length='50'", L"inf."},
         ParameterCase{L"a negative radius", L"radiusStart='INF' radiusEnd='-200' length='50'", L"nan."},
+        ParameterCase{L"a negative radius at the start", L"radiusStart='-200' radiusEnd='INF' length='50'", L"nan."},
+        ParameterCase{L"an egg clothoid of negative radii", L"radiusStart='-400' radiusEnd='-200' length='50'",
+                      L"nan."},
         ParameterCase{L"no length", L"radiusStart='INF' radiusEnd='200'", L""},
         ParameterCase{L"no start radius", L"radiusEnd='200' length='50'", L""},
         ParameterCase{L"no end radius", L"radiusStart='200' length='50'", L""},
