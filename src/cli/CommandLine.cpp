@@ -1,15 +1,14 @@
 #include "cli/CommandLine.h"
 
 #include "cli/HostCall.h"
-#include "cli/Settings.h"
-#include "framework/Exceptions.h"
+#include "cli/SettingsUser.h"
+#include "dialog/JLandXMLErrorDlg.h"
 #include "framework/Files.h"
 #include "framework/Streams.h"
 #include "framework/Text.h"
 #include "framework/scripted/ScriptedWindowSystem.h"
 #include "run/ConversionContext.h"
-#include "run/ExportRun.h"
-#include "run/LoadRun.h"
+#include "run/ExecuteQuorvane.h"
 #include "run/LoadSideFiles.h"
 
 #include <CLI/CLI.hpp>
@@ -101,71 +100,6 @@ std::int32_t RouteCount(const Options& options)
     return options.routes ? *options.routes : CountRoutes(options.workFolder);
 }
 
-void Apply(const ProjectSettings& settings, FViewLandXML& model)
-{
-    const auto take = [](const std::optional<std::wstring>& value, std::wstring& field) {
-        if (value)
-        {
-            field = *value;
-        }
-    };
-    take(settings.projectName, model.project.name);
-    take(settings.projectPhase, model.project.projectPhase);
-    take(settings.applicationCriterion, model.project.applicationCriterion);
-    take(settings.verticalDatum, model.coordinateSystem.verticalDatum);
-}
-
-ProjectSettings SettingsOf(const FViewLandXML& model)
-{
-    return {model.project.name, model.project.projectPhase, model.project.applicationCriterion,
-            model.coordinateSystem.verticalDatum};
-}
-
-/// Runs the conversion, or prints what it would go by. Throws SettingsError.
-void Convert(const Options& options)
-{
-    ProjectSettings settings;
-    if (!options.settingsFile.empty())
-    {
-        settings = ReadSettings(options.settingsFile);
-    }
-    FViewLandXML& model = GetConversionContext().model;
-    try
-    {
-        LoadRun(options.workFolder + L"/Landxml_temp.xml");
-        LoadSideFiles(options.workFolder, RouteCount(options));
-        Apply(settings, model);
-        if (options.printSettings)
-        {
-            WriteStandardOutput(PrintSettings(SettingsOf(model)));
-            return;
-        }
-        ExportRun(options.outputFile);
-    }
-    catch (const CException& exception)
-    {
-        GetWindowSystem().ShowMessage(ErrorText(exception), MessageIcon::None);
-    }
-}
-
-ExitStatus Report(const Options& options, const ScriptedWindowSystem& windows)
-{
-    for (const ShownMessage& message : windows.Messages())
-    {
-        WriteStandardError(message.text + L"\n");
-    }
-    if (!windows.Messages().empty())
-    {
-        return ExitStatus::NoFile;
-    }
-    if (options.printSettings || GetConversionContext().fileWritten)
-    {
-        return ExitStatus::FileWritten;
-    }
-    WriteStandardError(std::wstring(NO_FILE) + L"\n");
-    return ExitStatus::NoFile;
-}
-
 /// Puts the scripted windows in the place of native ones for the length of a run.
 class WindowsScope
 {
@@ -179,20 +113,116 @@ class WindowsScope
     WindowSystem* former_;
 };
 
+/// A run whose user is a settings file: what it does at the windows, and what it came to see there.
+class BatchRun
+{
+  public:
+    BatchRun(const Options& options, const Json& settings) : options_(options), settings_(settings)
+    {
+        windows_.SetUser([this](ScriptedDialog& dialog) { Work(dialog); });
+        windows_.SetSaveFileAnswer([this](const SaveFileRequest&) { return options_.outputFile; });
+    }
+
+    ExitStatus Run()
+    {
+        const WindowsScope scope(windows_);
+        ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
+        return Report();
+    }
+
+  private:
+    void Work(ScriptedDialog& dialog)
+    {
+        if (&dialog.Template() == &JLandXMLErrorDlg::TEMPLATE)
+        {
+            findings_ = dialog.AddedEntries(JLandXMLErrorDlg::MESSAGE_LIST);
+            dialog.PressEnter();
+            return;
+        }
+        try
+        {
+            WorkMainDialog(dialog);
+        }
+        catch (const SettingsError& error)
+        {
+            settingsError_ = WideFromUtf8(error.what());
+        }
+    }
+
+    void WorkMainDialog(ScriptedDialog& dialog)
+    {
+        SettingsUser user(dialog);
+        user.Act(settings_);
+        if (options_.printSettings)
+        {
+            printed_ = WideFromUtf8(user.Print().dump(2));
+        }
+        else
+        {
+            dialog.PressEnter();
+        }
+    }
+
+    ExitStatus Report() const
+    {
+        for (const ShownMessage& message : windows_.Messages())
+        {
+            WriteStandardError(message.text + L"\n");
+        }
+        if (!windows_.Messages().empty())
+        {
+            return ExitStatus::NoFile;
+        }
+        if (!settingsError_.empty())
+        {
+            WriteStandardError(settingsError_ + L"\n");
+            return ExitStatus::WrongUsage;
+        }
+        for (const std::wstring& finding : findings_)
+        {
+            WriteStandardError(finding + L"\n");
+        }
+        if (!findings_.empty())
+        {
+            return ExitStatus::Findings;
+        }
+        if (options_.printSettings)
+        {
+            WriteStandardOutput(printed_ + L"\n");
+            return ExitStatus::FileWritten;
+        }
+        if (!GetConversionContext().fileWritten)
+        {
+            WriteStandardError(std::wstring(NO_FILE) + L"\n");
+            return ExitStatus::NoFile;
+        }
+        return ExitStatus::FileWritten;
+    }
+
+    const Options& options_;
+    const Json& settings_;
+    ScriptedWindowSystem windows_;
+    std::vector<std::wstring> findings_;
+    std::wstring settingsError_;
+    std::wstring printed_;
+};
+
 ExitStatus RunScripted(const Options& options)
 {
-    ScriptedWindowSystem windows;
-    const WindowsScope scope(windows);
-    try
+    Json settings = Json::object();
+    if (!options.settingsFile.empty())
     {
-        Convert(options);
+        try
+        {
+            settings = ReadSettings(options.settingsFile);
+        }
+        catch (const SettingsError& error)
+        {
+            WriteStandardError(WideFromUtf8(error.what()) + L"\n");
+            return ExitStatus::WrongUsage;
+        }
     }
-    catch (const SettingsError& error)
-    {
-        WriteStandardError(WideFromUtf8(error.what()) + L"\n");
-        return ExitStatus::WrongUsage;
-    }
-    return Report(options, windows);
+    return BatchRun(options, settings).Run();
 }
 
 ExitStatus RunModule(const Options& options)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "framework/Dialog.h"
+
+#include <memory>
 #include <string>
 
 namespace jlandxml
@@ -21,6 +24,11 @@ class WindowSystem
 
     /// Shows a text with only an OK button and returns when the user has closed it. The title is the dialog's caption.
     virtual void ShowMessage(const std::wstring& text, MessageIcon icon) = 0;
+
+    /// Makes the window of a dialog from its template, not shown yet. Without an owner it belongs to the host's active
+    /// window. The events and the owner must outlive it.
+    virtual std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
+                                                           DialogWindow* owner) = 0;
 };
 
 /// The title of every message box.

@@ -1,5 +1,6 @@
 #include "run/ExecuteQuorvane.h"
 
+#include "dialog/JLandXmlConvertDlg.h"
 #include "framework/Exceptions.h"
 #include "framework/Window.h"
 #include "run/ConversionContext.h"
@@ -26,6 +27,8 @@ void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t routeCount)
         const std::wstring folder(workFolder);
         LoadRun(folder + WORK_FILE);
         LoadSideFiles(folder, routeCount);
+        JLandXmlConvertDlg dialog;
+        dialog.DoModal();
     }
     catch (const CException& exception)
     {

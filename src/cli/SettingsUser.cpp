@@ -1,0 +1,373 @@
+#include "cli/SettingsUser.h"
+
+#include "dialog/DlgData.h"
+#include "dialog/JLandXmlConvertDlgControls.h"
+#include "dialog/NumberInput.h"
+#include "framework/Text.h"
+#include "model/CurrentDesignType.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+using namespace convert_dlg;
+
+constexpr const char* LOCKED_KEY = "_locked";
+constexpr const char* CHOICES_KEY = "_choices";
+constexpr const char* NAME_KEY = "_name";
+
+/// What is shown for information in controls that can't be edited.
+struct ReadOnlyValue
+{
+    const char* name;
+    int control;
+};
+
+constexpr ReadOnlyValue READ_ONLY_VALUES[] = {
+    {"softwareName", SOFTWARE_NAME},
+    {"softwareVersion", SOFTWARE_VERSION},
+    {"horizontalDatum", HORIZONTAL_DATUM},
+    {"horizontalCoordinateSystemName", HORIZONTAL_COORDINATE_SYSTEM},
+};
+
+/// The radios that tell a route's kind, with their captions.
+struct RouteKindRadio
+{
+    const wchar_t* name;
+    int control;
+};
+
+constexpr RouteKindRadio ROUTE_KINDS[] = {{ROAD_DESIGN, ROAD}, {RIVER_DESIGN, RIVER}};
+
+std::string NumberText(double number)
+{
+    std::array<char, 32> buffer{};
+    const std::to_chars_result result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+    return {buffer.data(), result.ptr};
+}
+
+std::string Quoted(const std::wstring& text)
+{
+    return "「" + Utf8FromWide(text) + "」";
+}
+
+SettingsError NoSuchChoice(const std::string& path, const std::wstring& name, const std::vector<std::wstring>& choices)
+{
+    std::string list;
+    for (const std::wstring& choice : choices)
+    {
+        list += (list.empty() ? "" : "、") + Utf8FromWide(choice);
+    }
+    return {path, Quoted(name) + "は選択できません（選択肢: " + (list.empty() ? "なし" : list) + "）"};
+}
+
+SettingsError Refused(const std::string& path, const std::wstring& text, const NumberInputRule* rule)
+{
+    std::string problem = Quoted(text) + "は入力できません";
+    if (rule != nullptr)
+    {
+        problem += "（" + NumberText(rule->minimum) + "から" + NumberText(rule->maximum) + "までの数値、小数第" +
+                   std::to_string(rule->digitsAfterPoint) + "位まで）";
+    }
+    return {path, problem};
+}
+
+} // namespace
+
+// Acting
+
+void SettingsUser::Act(const Json& settings)
+{
+    ActKeys(ProjectSettings(), settings, "");
+    for (const SettingArray& array : SettingArrays())
+    {
+        if (const auto value = settings.find(array.name); value != settings.end())
+        {
+            ActArray(*array.object, ItemsOf(*array.object), *value, array.name);
+        }
+    }
+}
+
+void SettingsUser::ActArray(const SettingObject& object, const Items& items, const Json& array, const std::string& path)
+{
+    for (std::size_t index = 0; index < array.size(); ++index)
+    {
+        if (array[index].is_null())
+        {
+            continue;
+        }
+        const std::string entryPath = EntryPath(path, index);
+        if (index >= items.size())
+        {
+            throw SettingsError(entryPath, std::string("対応する") + object.noun + "がありません（" +
+                                               std::to_string(items.size()) + "件です）");
+        }
+        ActObject(object, items[index], array[index], entryPath);
+    }
+}
+
+void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const Json& settings, const std::string& path)
+{
+    if (object.selects)
+    {
+        dialog_.ChooseTreeItem(TREE, item);
+    }
+    ActKeys(object.keys, settings, path);
+    if (object.children == nullptr)
+    {
+        return;
+    }
+    if (const auto children = settings.find(object.childrenName); children != settings.end())
+    {
+        ActArray(*object.children, ChildrenOf(*object.children, item), *children, KeyPath(path, object.childrenName));
+    }
+}
+
+void SettingsUser::ActKeys(std::span<const SettingKey> keys, const Json& settings, const std::string& path)
+{
+    for (const SettingKey& key : keys)
+    {
+        if (const auto value = settings.find(key.name); value != settings.end())
+        {
+            ActKey(key, *value, KeyPath(path, key.name));
+        }
+    }
+}
+
+void SettingsUser::ActKey(const SettingKey& key, const Json& value, const std::string& path)
+{
+    if (!dialog_.CanReach(key.control))
+    {
+        throw SettingsError(path, key.disabled);
+    }
+    if (key.kind == SettingKind::Flag)
+    {
+        ActEntry(key, value.get<bool>() ? L"true" : L"false", path);
+        return;
+    }
+    const std::wstring text = WideFromUtf8(value.get_ref<const std::string&>());
+    switch (key.kind)
+    {
+    case SettingKind::Text:
+        ActText(key, text, path);
+        break;
+    case SettingKind::RouteKind:
+        ActRouteKind(text, path);
+        break;
+    default:
+        ActEntry(key, text, path);
+    }
+}
+
+void SettingsUser::ActText(const SettingKey& key, const std::wstring& text, const std::string& path)
+{
+    dialog_.Type(key.control, text);
+    if (dialog_.Text(key.control) != text)
+    {
+        throw Refused(path, text, key.input);
+    }
+}
+
+void SettingsUser::ActEntry(const SettingKey& key, const std::wstring& name, const std::string& path)
+{
+    const int entry = FindEntryNamed(key, name);
+    if (entry == DialogWindow::NO_ENTRY)
+    {
+        throw NoSuchChoice(path, name, dialog_.Entries(key.control));
+    }
+    dialog_.ChooseEntry(key.control, entry);
+}
+
+void SettingsUser::ActRouteKind(const std::wstring& name, const std::string& path)
+{
+    const auto* const kind = std::find_if(std::begin(ROUTE_KINDS), std::end(ROUTE_KINDS),
+                                          [&](const RouteKindRadio& one) { return name == one.name; });
+    if (kind == std::end(ROUTE_KINDS))
+    {
+        throw NoSuchChoice(path, name, {ROAD_DESIGN, RIVER_DESIGN});
+    }
+    dialog_.Click(kind->control);
+}
+
+// Printing
+
+Json SettingsUser::Print()
+{
+    Json json = PrintKeys(ProjectSettings());
+    for (const ReadOnlyValue& value : READ_ONLY_VALUES)
+    {
+        json[LOCKED_KEY][value.name] = Utf8FromWide(dialog_.Text(value.control));
+    }
+    for (const SettingArray& array : SettingArrays())
+    {
+        json[array.name] = PrintArray(*array.object, ItemsOf(*array.object));
+    }
+    return json;
+}
+
+Json SettingsUser::PrintArray(const SettingObject& object, const Items& items)
+{
+    Json array = Json::array();
+    for (const TreeItem item : items)
+    {
+        array.push_back(PrintObject(object, item));
+    }
+    return array;
+}
+
+Json SettingsUser::PrintObject(const SettingObject& object, TreeItem item)
+{
+    Json json = {{NAME_KEY, Utf8FromWide(dialog_.TreeText(item))}};
+    if (object.selects)
+    {
+        dialog_.ChooseTreeItem(TREE, item);
+        json.update(PrintKeys(object.keys));
+    }
+    if (object.children != nullptr)
+    {
+        json[object.childrenName] = PrintArray(*object.children, ChildrenOf(*object.children, item));
+    }
+    return json;
+}
+
+Json SettingsUser::PrintKeys(std::span<const SettingKey> keys) const
+{
+    Json values = Json::object();
+    Json locked = Json::object();
+    Json choices = Json::object();
+    for (const SettingKey& key : keys)
+    {
+        if (Json value = PrintValue(key); !value.is_null())
+        {
+            (dialog_.CanReach(key.control) ? values : locked)[key.name] = std::move(value);
+        }
+        if (Json offered = PrintChoices(key); !offered.is_null())
+        {
+            choices[key.name] = std::move(offered);
+        }
+    }
+    if (!locked.empty())
+    {
+        values[LOCKED_KEY] = std::move(locked);
+    }
+    if (!choices.empty())
+    {
+        values[CHOICES_KEY] = std::move(choices);
+    }
+    return values;
+}
+
+/// Null where nothing is selected.
+Json SettingsUser::PrintValue(const SettingKey& key) const
+{
+    if (key.kind == SettingKind::Text)
+    {
+        return Utf8FromWide(dialog_.Text(key.control));
+    }
+    if (key.kind == SettingKind::RouteKind)
+    {
+        const auto* const kind =
+            std::find_if(std::begin(ROUTE_KINDS), std::end(ROUTE_KINDS),
+                         [&](const RouteKindRadio& one) { return dialog_.IsChecked(one.control); });
+        return kind == std::end(ROUTE_KINDS) ? Json() : Json(Utf8FromWide(kind->name));
+    }
+    const int entry = dialog_.SelectedEntry(key.control);
+    if (entry == DialogWindow::NO_ENTRY)
+    {
+        return {};
+    }
+    if (key.kind == SettingKind::Flag)
+    {
+        return dialog_.EntryData(key.control, entry) == std::wstring_view(L"true");
+    }
+    return Utf8FromWide(dialog_.EntryText(key.control, entry));
+}
+
+/// Null where nothing is chosen from a list.
+Json SettingsUser::PrintChoices(const SettingKey& key) const
+{
+    switch (key.kind)
+    {
+    case SettingKind::Text:
+        return {};
+    case SettingKind::RouteKind:
+        return Json::array({Utf8FromWide(ROAD_DESIGN), Utf8FromWide(RIVER_DESIGN)});
+    case SettingKind::Flag: {
+        Json meanings = Json::object();
+        for (int entry = 0; entry < dialog_.EntryCount(key.control); ++entry)
+        {
+            meanings[Utf8FromWide(dialog_.EntryData(key.control, entry))] =
+                Utf8FromWide(dialog_.EntryText(key.control, entry));
+        }
+        return meanings;
+    }
+    default: {
+        Json texts = Json::array();
+        for (const std::wstring& text : dialog_.Entries(key.control))
+        {
+            texts.push_back(Utf8FromWide(text));
+        }
+        return texts;
+    }
+    }
+}
+
+// The dialog's tree and lists
+
+const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
+{
+    return *static_cast<const DlgDataItem*>(dialog_.TreeItemData(TREE, item));
+}
+
+/// The items of one kind at the top of the tree or among the point groups, which stand below an item of their own.
+SettingsUser::Items SettingsUser::ItemsOf(const SettingObject& object) const
+{
+    Items items;
+    for (const TreeItem root : dialog_.TreeRoots(TREE))
+    {
+        if (object.standsFor(DataOf(root)))
+        {
+            items.push_back(root);
+        }
+        else if (dynamic_cast<const DlgDataCgPointsList*>(&DataOf(root)) != nullptr)
+        {
+            const Items groups = ChildrenOf(object, root);
+            items.insert(items.end(), groups.begin(), groups.end());
+        }
+    }
+    return items;
+}
+
+SettingsUser::Items SettingsUser::ChildrenOf(const SettingObject& object, TreeItem item) const
+{
+    Items children = dialog_.TreeChildren(item);
+    std::erase_if(children, [&](TreeItem child) { return !object.standsFor(DataOf(child)); });
+    return children;
+}
+
+/// The entry with this shown text, else the first one with this stored value. References are named by their text alone.
+int SettingsUser::FindEntryNamed(const SettingKey& key, const std::wstring& name) const
+{
+    const int shown = key.kind == SettingKind::Flag ? DialogWindow::NO_ENTRY : dialog_.FindEntry(key.control, name);
+    if (shown != DialogWindow::NO_ENTRY || key.kind == SettingKind::Reference)
+    {
+        return shown;
+    }
+    for (int entry = 0; entry < dialog_.EntryCount(key.control); ++entry)
+    {
+        const wchar_t* const value = dialog_.EntryData(key.control, entry);
+        if (value != nullptr && name == value)
+        {
+            return entry;
+        }
+    }
+    return DialogWindow::NO_ENTRY;
+}
+
+} // namespace jlandxml

@@ -1,0 +1,33 @@
+#include "framework/scripted/ScriptedWindowSystem.h"
+
+namespace jlandxml
+{
+
+void ScriptedWindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
+{
+    messages_.push_back({text, icon});
+    Record(L"message " + text);
+}
+
+std::unique_ptr<DialogWindow> ScriptedWindowSystem::MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
+                                                                     DialogWindow* owner)
+{
+    return std::make_unique<ScriptedDialog>(dialog, events, *this, dynamic_cast<ScriptedDialog*>(owner));
+}
+
+void ScriptedWindowSystem::LetUserWork(ScriptedDialog& dialog) const
+{
+    if (user_)
+    {
+        user_(dialog);
+    }
+}
+
+std::optional<std::wstring> ScriptedWindowSystem::AnswerSaveFile(const SaveFileRequest& request)
+{
+    const std::optional<std::wstring> path = saveFileAnswer_ ? saveFileAnswer_(request) : std::nullopt;
+    Record(L"save " + path.value_or(L"cancelled"));
+    return path;
+}
+
+} // namespace jlandxml
