@@ -1,5 +1,6 @@
 #include "cli/Settings.h"
 
+#include "framework/Exceptions.h"
 #include "framework/Files.h"
 #include "framework/Text.h"
 
@@ -33,20 +34,23 @@ constexpr std::array<const char*, 4> DIALOG_KEYS = {"routes", "surfaceSets", "in
 
 Json ParseFile(const std::wstring& path)
 {
-    const std::optional<std::string> content = ReadWholeFile(path);
-    if (!content)
-    {
-        throw SettingsError(Utf8FromWide(path), "設定ファイルを読み込めません");
-    }
     try
     {
-        return Json::parse(*content);
+        if (const std::optional<std::string> content = ReadWholeFile(path))
+        {
+            return Json::parse(*content);
+        }
+    }
+    catch (const CFileException&)
+    {
+        // Told as one that can't be opened is.
     }
     catch (const Json::parse_error& error)
     {
         throw SettingsError(Utf8FromWide(path),
                             "JSONとして読み込めません（" + std::to_string(error.byte) + "バイト目）");
     }
+    throw SettingsError(Utf8FromWide(path), "設定ファイルを読み込めません");
 }
 
 void TakeKey(ProjectSettings& settings, const std::string& name, const Json& value)
