@@ -3,6 +3,7 @@
 #include "dialog/DlgData.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
 #include "dialog/NumberInput.h"
+#include "framework/Exceptions.h"
 #include "framework/Files.h"
 #include "framework/Text.h"
 
@@ -84,20 +85,23 @@ constexpr char COMMENT_MARK = '_';
 
 Json ParseFile(const std::wstring& path)
 {
-    const std::optional<std::string> content = ReadWholeFile(path);
-    if (!content)
-    {
-        throw SettingsError(Utf8FromWide(path), "設定ファイルを読み込めません");
-    }
     try
     {
-        return Json::parse(*content);
+        if (const std::optional<std::string> content = ReadWholeFile(path))
+        {
+            return Json::parse(*content);
+        }
+    }
+    catch (const CFileException&)
+    {
+        // Told as one that can't be opened is.
     }
     catch (const Json::parse_error& error)
     {
         throw SettingsError(Utf8FromWide(path),
                             "JSONとして読み込めません（" + std::to_string(error.byte) + "バイト目）");
     }
+    throw SettingsError(Utf8FromWide(path), "設定ファイルを読み込めません");
 }
 
 void CheckValue(const SettingKey& key, const Json& value, const std::string& path)

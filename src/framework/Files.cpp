@@ -39,7 +39,7 @@ std::optional<std::string> ReadWholeFile(const std::wstring& path)
     content.resize(std::fread(content.data(), 1, content.size(), file.get()));
     if (std::ferror(file.get()) != 0)
     {
-        return std::nullopt;
+        throw CFileException(L"ファイルを読み込めません: " + path);
     }
     return content;
 }

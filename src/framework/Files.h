@@ -16,7 +16,8 @@ bool PathExists(const std::wstring& path);
 /// The names of what a folder holds, in no order; none if it can't be read.
 std::vector<std::wstring> FileNames(const std::wstring& folder);
 
-/// The whole content of a file; nothing if it can't be opened or read.
+/// The whole content of a file; nothing if it can't be opened or has no length, as a folder hasn't. Throws
+/// CFileException if the system then refuses its content.
 std::optional<std::string> ReadWholeFile(const std::wstring& path);
 
 /// Opens a file for reading bytes; null if it can't be opened.

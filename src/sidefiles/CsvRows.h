@@ -33,7 +33,8 @@ class CsvRow
 class CsvRows
 {
   public:
-    /// Reads a file: UTF-8, with or without a byte-order mark. One that can't be read has no rows.
+    /// Reads a file: UTF-8, with or without a byte-order mark. One that can't be opened has no rows. Throws
+    /// CFileException if it opens but can't be read.
     void Read(const std::wstring& path);
 
     /// Takes the next row that holds anything. False at the end.

@@ -2,6 +2,7 @@
 
 #include "framework/Exceptions.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,16 @@ TEST(Files, AFileIsReadWhole)
     EXPECT_EQ(ReadWholeFile(folder.Write(L"empty", "")), "");
     EXPECT_EQ(ReadWholeFile(folder.Name(L"missing")), std::nullopt);
     EXPECT_EQ(ReadWholeFile(folder.Name()), std::nullopt);
+}
+
+TEST(Files, AFileThatOpensButCanNotBeReadIsAFailure)
+{
+    const auto file = UnreadableFile();
+    if (!file)
+    {
+        GTEST_SKIP();
+    }
+    EXPECT_THROW(ReadWholeFile(*file), CFileException);
 }
 
 TEST(Files, PathsAreSplitAtTheLastSeparator)

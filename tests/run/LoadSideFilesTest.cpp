@@ -48,9 +48,16 @@ TEST_F(LoadSideFilesTest, EachRouteFindsItsAlignmentByTheNameOfItsFirstFile)
 TEST_F(LoadSideFilesTest, WithoutItsFirstFileARouteFindsNoAlignment)
 {
     folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"widthStake_temp_2.csv", "t\nt\nA,1,2,3,4,5,6,7,8,9\n");
+    folder.Write(L"superElevation_temp_2.csv", "t\nt\n1,0+1,x,,,2,,,,2,\n");
     folder.Write(L"widening_temp_2.csv", "t\nt\nLeft,1,2,3\n");
     Run(2);
-    EXPECT_TRUE(Context().model.alignments.at(0).alignments[0].widthLeftValue.empty());
+    EXPECT_EQ(Context().model.widthStakePoints.at(0).alignmentRefs, L"");
+    for (const FViewAlignment& alignment : Context().model.alignments.at(0).alignments)
+    {
+        EXPECT_TRUE(alignment.slopeList.empty());
+        EXPECT_TRUE(alignment.widthLeftValue.empty());
+    }
 }
 
 TEST_F(LoadSideFilesTest, ABrokenFileEndsTheRunWithOneMessage)

@@ -1,6 +1,11 @@
 #include "sidefiles/CSVLoaderBase.h"
 
+#include "sidefiles/CgPointIntermediateCSVLoader.h"
+#include "sidefiles/CgPointWidthStakeCSVLoader.h"
+#include "sidefiles/SuperElevationCSVLoader.h"
+#include "sidefiles/WideningCSVLoader.h"
 #include "support/SideFileFixture.h"
+#include "support/UnreadableFile.h"
 
 #include <functional>
 
@@ -56,6 +61,21 @@ TEST_F(CSVLoaderBaseTest, WhatCanNotBeOpenedHasNoRows)
     TestLoader loader([&](CsvRows&) { ++walks; });
     EXPECT_TRUE(loader.Load(folder.Name()));
     EXPECT_EQ(walks, 1);
+}
+
+TEST_F(CSVLoaderBaseTest, EachLoaderFailsByItsOwnExceptionWhereAFileOpensButCanNotBeRead)
+{
+    const auto file = UnreadableFile();
+    if (!file)
+    {
+        GTEST_SKIP();
+    }
+    const std::wstring message = L"File operation failed: %s, ファイルを読み込めません: " + *file;
+    EXPECT_EQ((FailureAt<CgPointIntermediateCSVLoader, IntermediateCSVLoadException>(*file)), message);
+    EXPECT_EQ((FailureAt<CgPointWidthStakeCSVLoader, WidthStakeCSVLoadException>(*file)), message);
+    EXPECT_EQ((FailureAt<SuperElevationCSVLoader, SuperElevationCSVLoadException>(*file)), message);
+    EXPECT_EQ((FailureAt<WideningCSVLoader, WideningCSVLoadException>(*file)), message);
+    EXPECT_TRUE(Model().intermediatePoints.empty());
 }
 
 struct FailureCase

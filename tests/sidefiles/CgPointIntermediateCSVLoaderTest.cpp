@@ -68,7 +68,25 @@ TEST_F(IntermediateTest, AFileWithoutRowsGivesAGroupWithoutAName)
     EXPECT_EQ(Model().intermediatePoints[0].name, L"IntermediatePnts-1");
 }
 
-TEST_F(IntermediateTest, GroupsAreNamedByTheirCount)
+TEST_F(IntermediateTest, AFileWithoutRowsKeepsTheRouteName)
+{
+    GetCurrentRouteName() = L"R0";
+    EXPECT_TRUE(LoadPoints("\n \n"));
+    EXPECT_EQ(Model().intermediatePoints.at(0).alignmentRefs, L"R0");
+    EXPECT_EQ(GetCurrentRouteName(), L"R0");
+}
+
+TEST_F(IntermediateTest, EveryRouteWithAFileGetsTheNextNumber)
+{
+    for (const std::size_t route : {1, 2, 3})
+    {
+        LoadPoints("n,R" + std::to_string(route) + "\n");
+        EXPECT_EQ(Model().intermediatePoints.at(route - 1).name, L"IntermediatePnts-" + std::to_wstring(route));
+        EXPECT_EQ(Model().intermediatePoints.at(route - 1).alignmentRefs, L"R" + std::to_wstring(route));
+    }
+}
+
+TEST_F(IntermediateTest, ARouteWithoutAFileTakesNoNumber)
 {
     LoadPoints("n,R1\n");
     EXPECT_FALSE(CgPointIntermediateCSVLoader().Load(folder.Name(L"missing.csv")));

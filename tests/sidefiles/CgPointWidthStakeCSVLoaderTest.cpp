@@ -21,6 +21,7 @@ TEST_F(WidthStakeTest, StakesAreGatheredByTheirGroup)
     EXPECT_EQ(group.type, L"open");
     EXPECT_EQ(group.alignmentRefs, L"R1");
     ASSERT_EQ(group.points.size(), 2U);
+    EXPECT_EQ(group.points[0].groupName, L"B");
     EXPECT_EQ(group.points[0].name, L"1");
     EXPECT_EQ(group.points[0].stakeText, L"s");
     EXPECT_EQ(group.points[0].sta, 10.0);
@@ -30,9 +31,11 @@ TEST_F(WidthStakeTest, StakesAreGatheredByTheirGroup)
     EXPECT_EQ(group.points[0].stakeValue, 9.5);
     EXPECT_EQ(group.points[0].tangentDirectionAngle, UNSET_DOUBLE);
     EXPECT_EQ(group.points[0].sequenceText, L"");
+    EXPECT_EQ(group.points[1].groupName, L"B");
     EXPECT_EQ(group.points[1].groupDesc, L"d2");
     EXPECT_EQ(group.points[1].groupType, L"closed");
     EXPECT_EQ(Model().widthStakePoints[1].name, L"A");
+    EXPECT_EQ(Model().widthStakePoints[1].points[0].groupName, L"A");
     EXPECT_EQ(Model().widthStakePoints[1].points[0].stakeValue, UNSET_DOUBLE);
 }
 

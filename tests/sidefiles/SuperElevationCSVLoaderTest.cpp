@@ -20,6 +20,20 @@ class SuperElevationTest : public SideFileTest
     }
 };
 
+using Stations = PiCmCopyList<WcStString>;
+
+/// An alignment whose only superelevation holds a station of the work file.
+FViewAlignment& WithOldStation(FViewAlignment& alignment)
+{
+    alignment.superelevations.emplace_back().reverseCrownStations = {L"old"};
+    return alignment;
+}
+
+std::wstring Joined(const FViewSlopeValue& value)
+{
+    return value.staText + L"|" + value.staValue + L"|" + value.leftSlope + L"|" + value.rightSlope;
+}
+
 struct StationCase
 {
     const wchar_t* text;
@@ -108,9 +122,9 @@ INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, SlopeStation,
 TEST(SuperElevationStations, AreSortedWithSixDecimals)
 {
     EXPECT_EQ(SortStationTexts({L"300", L"100.0000004", L"x", L"", L"100.0000006", L"-5m", L"300"}),
-              (PiCmCopyList<WcStString>{L"-5.000000", L"100.000000", L"100.000001", L"300.000000", L"300.000000"}));
+              (Stations{L"-5.000000", L"100.000000", L"100.000001", L"300.000000", L"300.000000"}));
     EXPECT_EQ(SortStationTexts({L"nan", L"inf", L"1", L"nan", L"-inf"}),
-              (PiCmCopyList<WcStString>{L"-inf", L"1.000000", L"inf", L"nan", L"nan"}));
+              (Stations{L"-inf", L"1.000000", L"inf", L"nan", L"nan"}));
     EXPECT_TRUE(SortStationTexts({}).empty());
 }
 
@@ -151,7 +165,10 @@ INSTANTIATE_TEST_SUITE_P(
                     RowCase{"1,m,x,,,2,,,,5,", false, L"", L"", L""},
                     RowCase{"1,0+80,x,,,%,,,,5,", false, L"", L"", L""},
                     RowCase{"1,0+80,Description,,,2,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,End Alignment,,,2,,,,5,", false, L"", L"", L""}));
+                    RowCase{"1,0+80,End Alignment,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"1,0+80,Begin Alignment,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"1,0+80,Begin alignment,,,2,,,,5,", true, L"0+80", L"2", L"-5"},
+                    RowCase{"1,0+80,description,,,2,,,,5,", true, L"0+80", L"2", L"-5"}));
 
 TEST_F(SuperElevationTest, SlopesAreAppendedToTheList)
 {
@@ -162,22 +179,41 @@ TEST_F(SuperElevationTest, SlopesAreAppendedToTheList)
                            Slope("1", "0+5", "End Alignment") + "1,0+80,Description,,\n"));
     ASSERT_EQ(alignment.slopeList.size(), 3U);
     EXPECT_EQ(alignment.slopeList[0].staValue, L"first");
-    EXPECT_EQ(alignment.slopeList[1].staText, L"601+14.500000");
-    EXPECT_EQ(alignment.slopeList[1].staValue, L"12034.500000");
-    EXPECT_EQ(alignment.slopeList[1].leftSlope, L"2.0");
-    EXPECT_EQ(alignment.slopeList[1].rightSlope, L"2.0");
-    EXPECT_EQ(alignment.slopeList[2].staText + alignment.slopeList[2].staValue + alignment.slopeList[2].leftSlope +
-                  alignment.slopeList[2].rightSlope,
-              L"");
+    EXPECT_EQ(Joined(alignment.slopeList[1]), L"601+14.500000|12034.500000|2.0|2.0");
+    EXPECT_EQ(Joined(alignment.slopeList[2]), L"|||");
 }
 
-TEST_F(SuperElevationTest, AStationBeforeTheKilometreIsTakenOff)
+struct SlopeValueCase
 {
-    FViewAlignment& alignment = AddAlignment(L"R1");
+    const char* row;
+    const wchar_t* value; ///< of the slope, its texts joined; null: the row gives none
+};
+
+class SlopeValue : public SuperElevationTest, public testing::WithParamInterface<SlopeValueCase>
+{};
+
+TEST_P(SlopeValue, IsMadeOfARow)
+{
+    FViewAlignment& alignment = WithOldStation(AddAlignment(L"R1"));
     alignment.mainInterval = 20.0;
-    LoadSlopes(Slope("1", "12-34.5", "x"));
-    EXPECT_EQ(alignment.slopeList.at(0).staValue, L"11965.500000");
+    LoadSlopes(GetParam().row);
+    ASSERT_EQ(alignment.slopeList.size(), GetParam().value != nullptr ? 1U : 0U);
+    if (GetParam().value != nullptr)
+    {
+        EXPECT_EQ(Joined(alignment.slopeList[0]), GetParam().value);
+    }
+    // None of the rows gives a station of the reversed crown.
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"old"});
 }
+
+INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, SlopeValue,
+                         testing::Values(SlopeValueCase{"1,12-34.5,x,,,2,,,,2,", L"598+5.500000|11965.500000|2|-2"},
+                                         SlopeValueCase{"1,0+19.9999999,x,,,2,,,,2,", L"1+0.000000|20.000000|2|-2"},
+                                         SlopeValueCase{"1,0+5,reversecrown,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
+                                         SlopeValueCase{"1,0+5,Begin alignment,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
+                                         SlopeValueCase{"1,0+50,ReverseCrown,,,,,,,-2.0,", L"|||"},
+                                         SlopeValueCase{"1,0+80m,x,y", L"|||"}, SlopeValueCase{"1,0+80m,x", nullptr},
+                                         SlopeValueCase{"1,0+5,Begin Alignment,,,2,,,,2,", nullptr}));
 
 TEST_F(SuperElevationTest, RegionsGoToTheSuperelevationsInAscendingOrder)
 {
@@ -187,10 +223,9 @@ TEST_F(SuperElevationTest, RegionsGoToTheSuperelevationsInAscendingOrder)
     alignment.superelevations[0].flatStations = {L"kept"};
     LoadSlopes(Slope("2", "0+300", "ReverseCrown") + Slope("", "0+50", "ReverseCrown") +
                Slope("10", "0+7", "ReverseCrown") + Slope("2", "0+200", "ReverseCrown") + Slope("2", "0+100", "x"));
-    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, PiCmCopyList<WcStString>{L"50.000000"});
-    EXPECT_EQ(alignment.superelevations[0].flatStations, PiCmCopyList<WcStString>{L"kept"});
-    EXPECT_EQ(alignment.superelevations[1].reverseCrownStations,
-              (PiCmCopyList<WcStString>{L"200.000000", L"300.000000"}));
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"50.000000"});
+    EXPECT_EQ(alignment.superelevations[0].flatStations, Stations{L"kept"});
+    EXPECT_EQ(alignment.superelevations[1].reverseCrownStations, (Stations{L"200.000000", L"300.000000"}));
     EXPECT_EQ(alignment.slopeList.size(), 5U);
 }
 
@@ -200,8 +235,8 @@ TEST_F(SuperElevationTest, SuperelevationsWithoutARegionKeepWhatTheyHave)
     alignment.superelevations.resize(2);
     alignment.superelevations[1].reverseCrownStations = {L"old"};
     LoadSlopes(Slope("x", "0+0.0000004", "ReverseCrown"));
-    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, PiCmCopyList<WcStString>{L"0.000000"});
-    EXPECT_EQ(alignment.superelevations[1].reverseCrownStations, PiCmCopyList<WcStString>{L"old"});
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"0.000000"});
+    EXPECT_EQ(alignment.superelevations[1].reverseCrownStations, Stations{L"old"});
 }
 
 TEST_F(SuperElevationTest, WithAFreeSlopeListTheReversedCrownIsAnOrdinaryRow)
@@ -212,18 +247,61 @@ TEST_F(SuperElevationTest, WithAFreeSlopeListTheReversedCrownIsAnOrdinaryRow)
     alignment.superelevations[0].reverseCrownStations = {L"old"};
     LoadSlopes(Slope("1", "0+50", "ReverseCrown"));
     EXPECT_EQ(alignment.slopeList.size(), 1U);
-    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, PiCmCopyList<WcStString>{L"old"});
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"old"});
 }
 
-TEST_F(SuperElevationTest, ASecondAlignmentOfTheNameTakesTheRegionsButNoSlopes)
+TEST_F(SuperElevationTest, ARowWithoutARegionIsARegionOfItsOwnInFrontOfAll)
 {
-    AddAlignment(L"R1").superelevations.resize(1);
-    AddAlignment(L"R1").superelevations.resize(1);
+    FViewAlignment& alignment = AddAlignment(L"R1");
+    alignment.superelevations.resize(3);
+    LoadSlopes(Slope("x", "0+4", "ReverseCrown") + Slope("0", "0+3", "ReverseCrown") +
+               Slope("-5", "0+2", "ReverseCrown") + Slope("", "0+1", "ReverseCrown"));
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"1.000000"});
+    EXPECT_EQ(alignment.superelevations[1].reverseCrownStations, Stations{L"2.000000"});
+    EXPECT_EQ(alignment.superelevations[2].reverseCrownStations, (Stations{L"3.000000", L"4.000000"}));
+}
+
+struct NamesakesCase
+{
+    std::int32_t useSlopeList[2];
+    const wchar_t* reverseCrown[2];
+};
+
+class Namesakes : public SuperElevationTest, public testing::WithParamInterface<NamesakesCase>
+{};
+
+TEST_P(Namesakes, ShareTheRegionsWhileTheFirstTakesEverySlope)
+{
+    auto& alignments = Model().alignments.emplace_back().alignments;
+    alignments.resize(2);
+    for (std::size_t index = 0; index < 2; ++index)
+    {
+        WithOldStation(alignments[index]).name = L"R1";
+        alignments[index].useSlopeList = GetParam().useSlopeList[index];
+    }
+    LoadSlopes(Slope("1", "0+50", "ReverseCrown") + Slope("1", "0+60", "x"));
+    for (std::size_t index = 0; index < 2; ++index)
+    {
+        EXPECT_EQ(alignments[index].slopeList.size(), index == 0 ? 2U : 0U) << index;
+        EXPECT_EQ(alignments[index].superelevations[0].reverseCrownStations, Stations{GetParam().reverseCrown[index]})
+            << index;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, Namesakes,
+                         testing::Values(NamesakesCase{{0, 0}, {L"50.000000", L"50.000000"}},
+                                         NamesakesCase{{0, 1}, {L"50.000000", L"old"}},
+                                         NamesakesCase{{1, 0}, {L"old", L"old"}},
+                                         NamesakesCase{{1, 1}, {L"old", L"old"}}));
+
+TEST_F(SuperElevationTest, NamesakesOfAnotherRouteTakeTheRegionsToo)
+{
+    WithOldStation(AddAlignment(L"R1"));
+    WithOldStation(AddAlignment(L"R1"));
     LoadSlopes(Slope("1", "0+50", "ReverseCrown"));
-    EXPECT_EQ(Model().alignments[0].alignments[0].slopeList.size(), 1U);
-    EXPECT_EQ(Model().alignments[1].alignments[0].slopeList.size(), 0U);
-    EXPECT_EQ(Model().alignments[1].alignments[0].superelevations[0].reverseCrownStations,
-              PiCmCopyList<WcStString>{L"50.000000"});
+    const FViewAlignment& second = Model().alignments[1].alignments[0];
+    EXPECT_TRUE(second.slopeList.empty());
+    EXPECT_EQ(second.superelevations[0].reverseCrownStations, Stations{L"50.000000"});
 }
 
 TEST_F(SuperElevationTest, EquationsShiftTheStationsOfTheReversedCrown)
@@ -233,14 +311,25 @@ TEST_F(SuperElevationTest, EquationsShiftTheStationsOfTheReversedCrown)
     alignment.superelevations.resize(1);
     LoadSlopes(Slope("1", "0+250", "ReverseCrown"));
     EXPECT_EQ(alignment.slopeList[0].staValue, L"200.000000");
-    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, PiCmCopyList<WcStString>{L"200.000000"});
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"200.000000"});
 }
 
-TEST_F(SuperElevationTest, WithoutAnAlignmentOfTheNameNothingChanges)
+TEST_F(SuperElevationTest, AnEquationWithoutAStationLeavesTheBeginningWithoutATextForTheFile)
 {
-    const FViewAlignment& alignment = AddAlignment(L"R2");
-    EXPECT_TRUE(LoadSlopes(Slope("1", "0+50", "x")));
+    FViewAlignment& alignment = WithOldStation(AddAlignment(L"R1"));
+    alignment.mainInterval = 20.0;
+    alignment.staEquations.emplace_back().staAhead = 0.0;
+    LoadSlopes(Slope("1", "0+0", "ReverseCrown"));
+    EXPECT_EQ(Joined(alignment.slopeList.at(0)), L"0+0.000000||2.0|2.0");
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{});
+}
+
+TEST_F(SuperElevationTest, WithoutAnAlignmentOfExactlyTheNameNothingChanges)
+{
+    const FViewAlignment& alignment = WithOldStation(AddAlignment(L"r1"));
+    EXPECT_TRUE(LoadSlopes(Slope("1", "0+50", "ReverseCrown")));
     EXPECT_TRUE(alignment.slopeList.empty());
+    EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"old"});
 }
 
 } // namespace

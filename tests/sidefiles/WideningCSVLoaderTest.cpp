@@ -25,6 +25,17 @@ TEST_F(WideningTest, OnlyTheExactWordIsTheRightSide)
     EXPECT_EQ(alignment.widthRightValue[0].width, UNSET_DOUBLE);
 }
 
+TEST_F(WideningTest, TheFirstTwoRowsAreTitlesAndAFifthColumnSaysNothing)
+{
+    const FViewAlignment& alignment = AddAlignment(L"R1");
+    EXPECT_TRUE(Load<WideningCSVLoader>("Right,1,2,3\nRight,1\nRight,4,5,6,7\n"));
+    EXPECT_TRUE(alignment.widthLeftValue.empty());
+    ASSERT_EQ(alignment.widthRightValue.size(), 1U);
+    EXPECT_EQ(alignment.widthRightValue[0].station, 4.0);
+    EXPECT_EQ(alignment.widthRightValue[0].width, 5.0);
+    EXPECT_EQ(alignment.widthRightValue[0].code, L"6");
+}
+
 TEST_F(WideningTest, AFileOfTitlesEmptiesBothLists)
 {
     FViewAlignment& alignment = AddAlignment(L"R1");
@@ -46,23 +57,34 @@ TEST_F(WideningTest, AMissingFileLeavesTheLists)
 TEST_F(WideningTest, ARowOfThreeColumnsIsAFailureAndChangesNothing)
 {
     FViewAlignment& alignment = AddAlignment(L"R1");
-    alignment.widthLeftValue.resize(1);
-    EXPECT_EQ((Failure<WideningCSVLoader, WideningCSVLoadException>("t\nt\nLeft,1,2,3\nLeft,1,2\n")),
+    alignment.widthLeftValue.emplace_back().station = 7.0;
+    alignment.widthRightValue.emplace_back().station = 8.0;
+    EXPECT_EQ((Failure<WideningCSVLoader, WideningCSVLoadException>("t\nt\nLeft,1,2,3\nRight,1,2,3\nLeft,1,2\n")),
               COLUMN_FAILURE + L"4列目");
-    EXPECT_EQ(alignment.widthLeftValue.size(), 1U);
+    ASSERT_EQ(alignment.widthLeftValue.size(), 1U);
+    EXPECT_EQ(alignment.widthLeftValue[0].station, 7.0);
+    ASSERT_EQ(alignment.widthRightValue.size(), 1U);
+    EXPECT_EQ(alignment.widthRightValue[0].station, 8.0);
 }
 
-TEST_F(WideningTest, EveryAlignmentOfTheNameTakesTheLists)
+TEST_F(WideningTest, EveryAlignmentOfExactlyTheNameTakesBothLists)
 {
     AddAlignment(L"R1");
-    AddAlignment(L"R2");
-    AddAlignment(L"R1");
+    for (const wchar_t* const name : {L"R1", L"R2", L"r1", L"R1 "})
+    {
+        AddAlignment(name);
+    }
     Model().alignments[0].alignments.emplace_back().name = L"R1";
-    Load<WideningCSVLoader>("t\nt\nLeft,1,2,3\n");
-    EXPECT_EQ(Model().alignments[0].alignments[0].widthLeftValue.size(), 1U);
-    EXPECT_EQ(Model().alignments[0].alignments[1].widthLeftValue.size(), 1U);
-    EXPECT_EQ(Model().alignments[1].alignments[0].widthLeftValue.size(), 0U);
-    EXPECT_EQ(Model().alignments[2].alignments[0].widthLeftValue.size(), 1U);
+    Load<WideningCSVLoader>("t\nt\nLeft,1,2,3\nRight,1,2,3\nRight,1,2,3\n");
+    for (const FViewAlignments& route : Model().alignments)
+    {
+        for (const FViewAlignment& alignment : route.alignments)
+        {
+            const bool taken = alignment.name == L"R1";
+            EXPECT_EQ(alignment.widthLeftValue.size(), taken ? 1U : 0U) << Utf8FromWide(alignment.name);
+            EXPECT_EQ(alignment.widthRightValue.size(), taken ? 2U : 0U) << Utf8FromWide(alignment.name);
+        }
+    }
 }
 
 TEST_F(WideningTest, AnEmptyRouteNameMatchesOnlyAnUnnamedAlignment)

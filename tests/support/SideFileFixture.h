@@ -41,9 +41,15 @@ class SideFileTest : public RunTest
     template <class Loader, class Exception>
     std::wstring Failure(const std::string& content)
     {
+        return FailureAt<Loader, Exception>(folder.Write(L"side.csv", content));
+    }
+
+    template <class Loader, class Exception>
+    static std::wstring FailureAt(const std::wstring& path)
+    {
         try
         {
-            Load<Loader>(content);
+            Loader().Load(path);
         }
         catch (const Exception& exception)
         {
