@@ -214,6 +214,27 @@ INSTANTIATE_TEST_SUITE_P(
                     L"<Property label='slopeValue' value='100 2'/></Feature>",
                     L"><Superelevation staStart=\"1.\"><FullSuperSta>1</FullSuperSta></Superelevation>" +
                         DEFAULT_FEATURES},
+        WritingCase{L"intervals and the cross fall have four decimals",
+                    L" desc='主測点間隔=20.00006 副測点間隔=12.34567 直線部横断勾配=1.99994'>",
+                    L" desc=\"主測点間隔=20.00006 副測点間隔=12.34567 直線部横断勾配=1.99994\">"
+                    L"<Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+                    L"<Feature name=\"Interval\"><Property label=\"main\" value=\"20.0001\"/>"
+                    L"<Property label=\"sub\" value=\"12.3457\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"normalCrown\" value=\"1.9999\"/>"
+                    L"<Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
+        WritingCase{L"a cross fall below half of the last decimal is zero",
+                    L"><Feature name='SuperelevationConfig'><Property label='normalCrown' value='0.00004'/></Feature>",
+                    L"><Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"normalCrown\" value=\"0.\"/>"
+                    L"<Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
+        WritingCase{L"a negative cross fall below half of the last decimal has no sign",
+                    L"><Feature name='SuperelevationConfig'><Property label='normalCrown' value='-0.00004'/></Feature>",
+                    L"><Feature name=\"Horizontal\"><Property label=\"method\" value=\"要素法\"/></Feature>"
+                    L"<Feature name=\"SuperelevationConfig\"><Property label=\"normalCrown\" value=\"0.\"/>"
+                    L"<Property label=\"singleLaneRoad\" value=\"false\"/>"
+                    L"<Property label=\"useSlopeList\" value=\"false\"/></Feature>"},
         WritingCase{L"an empty free slope list is not written and the superelevation goes all the same",
                     L"><Superelevation/><Feature name='SuperelevationConfig'><Property label='useSlopeList' "
                     L"value='true'/></Feature>",
@@ -285,6 +306,14 @@ TEST(FViewAlignment, WideningIsWrittenFromVersion15On)
     EXPECT_EQ(Written<FViewAlignment>(L"<Alignment/>", 2), L"<Alignment>" + DEFAULT_FEATURES + L"</Alignment>");
 }
 
+TEST(FViewAlignment, WithoutSuperelevationsOfItsOwnThoseOfTheDocumentStay)
+{
+    const std::wstring superelevations = L"<Superelevation><FullSuperSta>1</FullSuperSta></Superelevation>"
+                                         L"<superelevation/><Superelevation/>";
+    EXPECT_EQ(WrittenInto(FViewAlignment(), L"<Alignment>" + superelevations + L"</Alignment>"),
+              L"<Alignment>" + superelevations + DEFAULT_FEATURES + L"</Alignment>");
+}
+
 TEST(FViewAlignment, FlagsWithoutAValueAreLeftOut)
 {
     FViewAlignment alignment;
@@ -323,6 +352,83 @@ TEST(FViewAlignment, ASecondExportGivesTheSameFeatures)
     const std::wstring first = xml.Text();
     alignment.WriteElement(xml.Root());
     EXPECT_EQ(xml.Text(), first);
+}
+
+TEST(FViewAlignment, ASecondExportAppendsTheGroundLinesOnceMore)
+{
+    XmlText xml(L"<Alignment><Profile><ProfSurf name='g'><PntList2D>1 2</PntList2D></ProfSurf></Profile></Alignment>");
+    const std::wstring ground = L"<ProfSurf name=\"g\"><PntList2D>1. 2.</PntList2D></ProfSurf>";
+    FViewAlignment alignment;
+    alignment.ReadElement(xml.Root());
+    EXPECT_TRUE(alignment.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Alignment><Profile>" + ground + L"</Profile>" + DEFAULT_FEATURES + L"</Alignment>");
+    EXPECT_TRUE(alignment.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(),
+              L"<Alignment><Profile>" + ground + ground + L"</Profile>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+/// An alignment with a value in every field but the start.
+FViewAlignment Full()
+{
+    FViewAlignment alignment;
+    alignment.name = L"a";
+    alignment.mainInterval = alignment.subInterval = alignment.normalCrown = 1.0;
+    alignment.singleLaneRoad = alignment.useSlopeList = 1;
+    alignment.method = L"IP法";
+    alignment.verticalOrigin = alignment.applicationCriterion = alignment.projectPhase = alignment.projectName = L"x";
+    alignment.superelevations.resize(1);
+    alignment.slopeList.resize(1);
+    alignment.coordGeom.elements.resize(1);
+    alignment.crossSects.resize(1);
+    alignment.profile.staStart = 1.0;
+    alignment.profile.profAlignName = L"p";
+    alignment.profile.profSurfs.resize(1);
+    alignment.staEquations.resize(1);
+    alignment.widthLeftValue.resize(1);
+    alignment.widthRightValue.resize(1);
+    return alignment;
+}
+
+/// Every field as it is in a new alignment, but for the start, which stays.
+void ExpectEmpty(const FViewAlignment& alignment)
+{
+    EXPECT_EQ(alignment.name, L"");
+    EXPECT_EQ(alignment.mainInterval, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.subInterval, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.normalCrown, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.singleLaneRoad, 0);
+    EXPECT_EQ(alignment.useSlopeList, 0);
+    EXPECT_EQ(alignment.method, L"要素法");
+    EXPECT_EQ(alignment.verticalOrigin, L"");
+    EXPECT_EQ(alignment.applicationCriterion, L"");
+    EXPECT_EQ(alignment.projectPhase, L"");
+    EXPECT_EQ(alignment.projectName, L"");
+    EXPECT_TRUE(alignment.superelevations.empty());
+    EXPECT_TRUE(alignment.slopeList.empty());
+    EXPECT_TRUE(alignment.coordGeom.elements.empty());
+    EXPECT_TRUE(alignment.crossSects.empty());
+    EXPECT_EQ(alignment.profile.staStart, UNSET_DOUBLE);
+    EXPECT_EQ(alignment.profile.profAlignName, L"");
+    EXPECT_TRUE(alignment.profile.profSurfs.empty());
+    EXPECT_TRUE(alignment.staEquations.empty());
+    EXPECT_TRUE(alignment.widthLeftValue.empty());
+    EXPECT_TRUE(alignment.widthRightValue.empty());
+}
+
+TEST(FViewAlignment, ClearEmptiesEveryFieldButTheStart)
+{
+    FViewAlignment alignment = Full();
+    alignment.staStart.value = 7.0;
+    alignment.Clear();
+    ExpectEmpty(alignment);
+    EXPECT_EQ(alignment.staStart.value, 7.0);
+}
+
+TEST(FViewAlignment, ReadingASecondElementKeepsNothingOfTheFirst)
+{
+    FViewAlignment alignment = Full();
+    EXPECT_TRUE(alignment.ReadElement(XmlText(L"<Alignment/>").Root()));
+    ExpectEmpty(alignment);
 }
 
 } // namespace

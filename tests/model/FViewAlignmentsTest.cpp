@@ -29,6 +29,14 @@ TEST(FViewAlignments, TakesTheRouteFromTheNamelessFeature)
     EXPECT_EQ(route.trafficVolume, L"5");
 }
 
+TEST(FViewAlignments, AnEmptyNameAttributeCountsAsNameless)
+{
+    EXPECT_EQ(Read<FViewAlignments>(
+                  L"<Alignments><Feature name=''><Property label='designGmType' value='河川'/></Feature></Alignments>")
+                  .designGmType,
+              L"河川");
+}
+
 TEST(FViewAlignments, AClassificationBeforeTheTypeIsThatOfARoad)
 {
     const auto route = Read<FViewAlignments>(
@@ -113,6 +121,21 @@ TEST(FViewAlignments, ARoadThatBecomesARiverLosesItsTrafficAndItsClass)
         L"value=\"右岸\"/></Feature></Alignments>");
 }
 
+TEST(FViewAlignments, ARoadThatBecomesARiverLosesTheTrafficOfEveryNamelessFeature)
+{
+    EXPECT_EQ(Changed(L"<Alignments name='a'><Feature><Property label='designGmType' value='道路'/></Feature>"
+                      L"<Feature name='f'><Property label='trafficVolume' value='1'/></Feature>"
+                      L"<Feature><Property label='trafficVolume' value='5'/><Property label='y' value='z'/></Feature>"
+                      L"<Feature name=''><Property label='trafficVolume' value='6'/></Feature></Alignments>",
+                      [](FViewAlignments& route) {
+                          route.designGmType = L"河川";
+                          route.trafficVolume.clear();
+                      }),
+              L"<Alignments name=\"a\"><Feature><Property label=\"designGmType\" value=\"河川\"/></Feature>"
+              L"<Feature name=\"f\"><Property label=\"trafficVolume\" value=\"1\"/></Feature>"
+              L"<Feature><Property label=\"y\" value=\"z\"/></Feature><Feature name=\"\"/></Alignments>");
+}
+
 TEST(FViewAlignments, ARiverThatBecomesARoadLosesItsBankAndItsClass)
 {
     EXPECT_EQ(
@@ -174,6 +197,45 @@ TEST(FViewAlignments, TheOutputVersionReachesEveryAlignment)
     route.SetOutputVersion(3);
     EXPECT_EQ(route.version, 3);
     EXPECT_EQ(route.alignments[1].version, 3);
+}
+
+/// A route with a value in every field.
+FViewAlignments Full()
+{
+    FViewAlignments route;
+    route.name = L"a";
+    route.designGmType = L"河川";
+    route.roadClassification = L"第3種第2級";
+    route.riverClassification = L"1級";
+    route.trafficVolume = L"5";
+    route.side = L"右岸";
+    route.alignments.resize(1);
+    return route;
+}
+
+void ExpectEmpty(const FViewAlignments& route)
+{
+    EXPECT_EQ(route.name, L"");
+    EXPECT_EQ(route.designGmType, L"");
+    EXPECT_EQ(route.roadClassification, L"");
+    EXPECT_EQ(route.riverClassification, L"");
+    EXPECT_EQ(route.trafficVolume, L"");
+    EXPECT_EQ(route.side, L"");
+    EXPECT_TRUE(route.alignments.empty());
+}
+
+TEST(FViewAlignments, ClearEmptiesEveryField)
+{
+    FViewAlignments route = Full();
+    route.Clear();
+    ExpectEmpty(route);
+}
+
+TEST(FViewAlignments, ReadingASecondElementKeepsNothingOfTheFirst)
+{
+    FViewAlignments route = Full();
+    EXPECT_TRUE(route.ReadElement(XmlText(L"<Alignments/>").Root()));
+    ExpectEmpty(route);
 }
 
 } // namespace

@@ -96,6 +96,14 @@ TEST(FViewCoordinateSystem, TheLastDifferenceOfTheNamelessFeaturesWins)
     EXPECT_EQ(system.differTP, L"2");
 }
 
+TEST(FViewCoordinateSystem, AnEmptyNameAttributeCountsAsNameless)
+{
+    EXPECT_EQ(Read<FViewCoordinateSystem>(L"<CoordinateSystem><Feature name=''><Property label='differTP' value='1'/>"
+                                          L"</Feature></CoordinateSystem>")
+                  .differTP,
+              L"1");
+}
+
 TEST(FViewCoordinateSystem, AnEmptyNameIsWrittenAsCrs1)
 {
     EXPECT_EQ(WrittenInto(FViewCoordinateSystem(), L"<CoordinateSystem/>"), L"<CoordinateSystem name=\"CRS1\"/>");
@@ -116,6 +124,41 @@ TEST(FViewCoordinateSystem, WritesWhatItHoldsAndLeavesTheDescription)
         L"<CoordinateSystem desc=\"long\" HorizontalDatum=\"JGD2011\" name=\"座標系\" verticalDatum=\"T.P\""
         L" horizontalCoordinateSystemName=\"9(X,Y)\"><Feature><Property label=\"differTP\" value=\"0.0000\"/></Feature>"
         L"</CoordinateSystem>");
+}
+
+/// A coordinate system with a value in every field.
+FViewCoordinateSystem Full()
+{
+    FViewCoordinateSystem system;
+    system.name = L"CRS";
+    system.horizontalDatum = L"JGD2011";
+    system.verticalDatum = L"T.P";
+    system.horizontalCoordinateSystemName = L"9(X,Y)";
+    system.differTP = L"1";
+    return system;
+}
+
+void ExpectEmpty(const FViewCoordinateSystem& system)
+{
+    EXPECT_EQ(system.name, L"");
+    EXPECT_EQ(system.horizontalDatum, L"");
+    EXPECT_EQ(system.verticalDatum, L"");
+    EXPECT_EQ(system.horizontalCoordinateSystemName, L"");
+    EXPECT_EQ(system.differTP, L"");
+}
+
+TEST(FViewCoordinateSystem, ClearEmptiesEveryField)
+{
+    FViewCoordinateSystem system = Full();
+    system.Clear();
+    ExpectEmpty(system);
+}
+
+TEST(FViewCoordinateSystem, ReadingASecondElementKeepsNothingOfTheFirst)
+{
+    FViewCoordinateSystem system = Full();
+    EXPECT_TRUE(system.ReadElement(XmlText(L"<CoordinateSystem/>").Root()));
+    ExpectEmpty(system);
 }
 
 } // namespace

@@ -64,6 +64,12 @@ TEST(FViewFeature, ANamelessOneMergesIntoTheFeatureWithoutAName)
               L"<x><Feature name=\"f\"/><Feature><y/><Property label=\"a\" value=\"1\"/></Feature></x>");
 }
 
+TEST(FViewFeature, AnEmptyNameAttributeCountsAsNameless)
+{
+    EXPECT_EQ(WrittenInto(Feature(L"", {{L"a", L"1"}}), L"<x><Feature name=''><y/></Feature><Feature/></x>"),
+              L"<x><Feature name=\"\"><y/><Property label=\"a\" value=\"1\"/></Feature><Feature/></x>");
+}
+
 TEST(FViewFeature, WithoutOneOfItsNameANewOneIsAppended)
 {
     EXPECT_EQ(WrittenInto(Feature(L"", {{L"a", L"1"}}), L"<x><Feature name='f'/><y/></x>"),
@@ -90,6 +96,29 @@ TEST(FViewFeature, RemovingTakesTheFirstOfItsName)
     EXPECT_TRUE(RemoveFirstFeature(xml.Root(), L"f"));
     EXPECT_EQ(xml.Text(), L"<x><feature name=\"f\"/><Feature name=\"g\"/><Feature name=\"f\"/></x>");
     EXPECT_FALSE(RemoveFirstFeature(xml.Root(), L"h"));
+}
+
+void ExpectEmpty(const FViewFeature& feature)
+{
+    EXPECT_EQ(feature.name, L"");
+    EXPECT_TRUE(feature.replaceExisting);
+    EXPECT_TRUE(feature.properties.empty());
+}
+
+TEST(FViewFeature, ClearEmptiesItAndLetsItReplaceAgain)
+{
+    FViewFeature feature = Feature(L"f", {{L"a", L"1"}});
+    feature.replaceExisting = false;
+    feature.Clear();
+    ExpectEmpty(feature);
+}
+
+TEST(FViewFeature, ReadingASecondElementKeepsNothingOfTheFirst)
+{
+    FViewFeature feature = Feature(L"f", {{L"a", L"1"}});
+    feature.replaceExisting = false;
+    EXPECT_TRUE(feature.ReadElement(XmlText(L"<Feature/>").Root()));
+    ExpectEmpty(feature);
 }
 
 } // namespace

@@ -54,6 +54,19 @@ TEST(FViewLandXML, AMissingCoordinateSystemStandsAtTheEndOtherwise)
               std::wstring(L"<LandXML><Units/><x/>") + DEFAULT_SYSTEM + L"</LandXML>");
 }
 
+TEST(FViewLandXML, OfTwoCoordinateSystemsTheFirstIsReadAndWritten)
+{
+    const std::wstring xml = L"<LandXML><CoordinateSystem verticalDatum=\"T.P\"/>"
+                             L"<CoordinateSystem name=\"b\" verticalDatum=\"O.P\" horizontalDatum=\"TD\"/></LandXML>";
+    EXPECT_EQ(Written<FViewLandXML>(xml),
+              L"<LandXML><CoordinateSystem verticalDatum=\"T.P\" name=\"CRS1\"/>"
+              L"<CoordinateSystem name=\"b\" verticalDatum=\"O.P\" horizontalDatum=\"TD\"/></LandXML>");
+    const auto root = Read<FViewLandXML>(xml);
+    EXPECT_EQ(root.coordinateSystem.name, L"");
+    EXPECT_EQ(root.coordinateSystem.verticalDatum, L"T.P");
+    EXPECT_EQ(root.coordinateSystem.horizontalDatum, L"");
+}
+
 TEST(FViewLandXML, ACoordinateSystemInAnotherCaseIsLeftAlone)
 {
     EXPECT_EQ(Written<FViewLandXML>(L"<LandXML><coordinateSystem/></LandXML>"),
@@ -107,6 +120,15 @@ TEST(FViewLandXML, TheFirstAlignmentsProjectDataWin)
     EXPECT_EQ(root.project.projectPhase, L"詳細");
     EXPECT_EQ(root.project.applicationCriterion, L"c");
     EXPECT_EQ(root.coordinateSystem.verticalDatum, L"T.P");
+}
+
+TEST(FViewLandXML, TheFirstAlignmentsVersionTextBeatsThatOfTheProject)
+{
+    EXPECT_EQ(Read<FViewLandXML>(L"<LandXML><Project><Feature><Property label='applicationCriterion' "
+                                 L"value='MlitLandXmlVer.1.5'/></Feature></Project><Alignments><Alignment "
+                                 L"desc='適用基準 = MlitLandXmlVer.1.6'/></Alignments></LandXML>")
+                  .project.applicationCriterion,
+              L"MlitLandXmlVer.1.6");
 }
 
 TEST(FViewLandXML, AnEmptyProjectNameOfTheFirstAlignmentLeavesTheProject)
@@ -273,6 +295,29 @@ TEST(FViewLandXML, ASecondExportOfPointsOverTheSameTreeFails)
     EXPECT_TRUE(stakes.WriteElement(xml.Root()));
 }
 
+TEST(FViewLandXML, IntermediatePointsAreNotPlacedBesidePointsInAnotherCase)
+{
+    EXPECT_EQ(Placed(L"<cgpoints/><Alignments/>", WithGroups({1}, {}), 4, false), L"cgpoints Alignments");
+    // A group without points is a group, too.
+    EXPECT_EQ(Placed(L"<cgpoints/><Alignments/>", WithGroups({0}, {}), 4, false), L"cgpoints Alignments");
+    EXPECT_EQ(Placed(L"<cgpoints/><CoordinateSystem/><Alignments/>", WithGroups({}, {1}), 4),
+              L"cgpoints CoordinateSystem Stakes Alignments");
+}
+
+TEST(FViewLandXML, TheModelsOwnStakesKeepTheirNumbers)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem name='c'/></LandXML>");
+    FViewLandXML root = WithGroups({}, {2});
+    root.coordinateSystem.name = L"c";
+    root.widthStakePoints[0].points[0].sequenceText = L"x";
+    root.SetOutputVersion(4);
+    EXPECT_TRUE(root.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(),
+              L"<LandXML><CoordinateSystem name=\"c\"/><CgPoints><CgPoint/><CgPoint/></CgPoints></LandXML>");
+    EXPECT_EQ(root.widthStakePoints[0].points[0].sequenceText, L"x");
+    EXPECT_EQ(root.widthStakePoints[0].points[1].sequenceText, L"");
+}
+
 TEST(FViewLandXML, SurfaceReferencesDependOnTheVersionAndNotesNever)
 {
     const std::wstring xml = L"<LandXML><CoordinateSystem name='c'/><Surfaces><Surface desc='a 線形名=b'><Feature "
@@ -378,6 +423,41 @@ TEST(FViewLandXML, ACopyStandsApart)
     EXPECT_EQ(copy.project.version, 0);
     EXPECT_EQ(root.project.version, 2);
     EXPECT_EQ(root.coordinateSystem.version, 0);
+}
+
+TEST(FViewLandXML, ChangingTheListsOfACopyLeavesTheSource)
+{
+    FViewLandXML root = WithGroups({1}, {1});
+    root.alignments.resize(1);
+    root.alignments[0].name = L"route";
+    root.alignments[0].alignments.resize(1);
+    root.alignments[0].alignments[0].name = L"alignment";
+    root.intermediatePoints[0].points[0].name = L"point";
+    root.widthStakePoints[0].points[0].name = L"stake";
+
+    FViewLandXML copy = root;
+    ASSERT_EQ(copy.alignments.size(), 1U);
+    ASSERT_EQ(copy.alignments[0].alignments.size(), 1U);
+    ASSERT_EQ(copy.intermediatePoints.size(), 1U);
+    ASSERT_EQ(copy.intermediatePoints[0].points.size(), 1U);
+    ASSERT_EQ(copy.widthStakePoints.size(), 1U);
+    ASSERT_EQ(copy.widthStakePoints[0].points.size(), 1U);
+    // Each is taken over, and then changed in the copy alone.
+    const auto change = [](std::wstring& copied, const std::wstring& source, const wchar_t* text) {
+        EXPECT_EQ(copied, text);
+        copied = L"changed";
+        EXPECT_EQ(source, text);
+    };
+    change(copy.alignments[0].name, root.alignments[0].name, L"route");
+    change(copy.alignments[0].alignments[0].name, root.alignments[0].alignments[0].name, L"alignment");
+    change(copy.intermediatePoints[0].points[0].name, root.intermediatePoints[0].points[0].name, L"point");
+    change(copy.widthStakePoints[0].points[0].name, root.widthStakePoints[0].points[0].name, L"stake");
+    copy.alignments[0].alignments.clear();
+    copy.intermediatePoints[0].points.clear();
+    copy.widthStakePoints.clear();
+    EXPECT_EQ(root.alignments[0].alignments.size(), 1U);
+    EXPECT_EQ(root.intermediatePoints[0].points.size(), 1U);
+    EXPECT_EQ(root.widthStakePoints.size(), 1U);
 }
 
 } // namespace

@@ -21,6 +21,14 @@ TEST(FViewProject, ReadsPhaseAndVersionFromTheNamelessFeature)
     EXPECT_EQ(project.name, L"");
 }
 
+TEST(FViewProject, AnEmptyNameAttributeCountsAsNameless)
+{
+    EXPECT_EQ(Read<FViewProject>(
+                  L"<Project><Feature name=''><Property label='projectPhase' value='詳細'/></Feature></Project>")
+                  .projectPhase,
+              L"詳細");
+}
+
 TEST(FViewProject, ALaterNamelessFeatureOverwritesAnEarlierOne)
 {
     const auto project =
