@@ -67,8 +67,8 @@ class FViewCgPointWidthStake final : public FViewCgPoint
     FViewCgPointWidthStake() = default;
     FViewCgPointWidthStake(const FViewCgPointWidthStake& other);
     FViewCgPointWidthStake(FViewCgPointWidthStake&&) = default;
+    /// Leaves the group as it is, for a temporary too.
     FViewCgPointWidthStake& operator=(const FViewCgPointWidthStake& other);
-    FViewCgPointWidthStake& operator=(FViewCgPointWidthStake&&) = default;
 
     /// Empties what the side file says of the stake; name, coordinates and group stay.
     void Clear() override;

@@ -132,6 +132,7 @@ bool FViewDesignCrossSectSurf::WriteElement(const WcXmNode& node)
 
 void FViewDesignCrossSectSurf::MakeHeightFeature(FViewFeature& feature, const std::wstring& pavementClass) const
 {
+    feature.Clear();
     feature.properties.emplace_back(HEIGHT_TYPE, FH_OFFSET);
     if (!pavementClass.empty())
     {

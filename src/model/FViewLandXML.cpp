@@ -187,17 +187,16 @@ void FViewLandXML::WriteSurfaces(const WcXmNode& node) const
 {
     auto set = surfaces.begin();
     ForEachChild(node, FViewSurfaces().GetElementName(), [&](const WcXmNode& child) {
+        FViewSurfaces::StripAlignmentNote(child);
         if (set == surfaces.end())
         {
-            return false;
+            return;
         }
-        FViewSurfaces::StripAlignmentNote(child);
         if (version >= VERSION_1_4 && version <= VERSION_1_7)
         {
             set->WriteAlignmentRefs(child);
         }
         ++set;
-        return true;
     });
 }
 

@@ -43,8 +43,8 @@ class FViewSurfaces final : public FViewLandXMLBase
     FViewSurfaces() = default;
     FViewSurfaces(const FViewSurfaces& other) : FViewLandXMLBase(other), surfaces(other.surfaces) {}
     FViewSurfaces(FViewSurfaces&&) = default;
+    /// Leaves the string array as it is, for a temporary too.
     FViewSurfaces& operator=(const FViewSurfaces& other);
-    FViewSurfaces& operator=(FViewSurfaces&&) = default;
 
     void Clear() override;
     const wchar_t* GetElementName() const override { return L"Surfaces"; }

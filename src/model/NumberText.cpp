@@ -55,12 +55,17 @@ void TrimNumberText(std::wstring& text)
 
 double ReadNumber(std::wstring_view text)
 {
-    if (text.empty() || !IsNumericText(text))
+    if (!IsNumericText(text))
     {
         return 0.0;
     }
-    const bool negative = text.front() == L'-';
-    text.remove_prefix(negative || text.front() == L'+' ? 1 : 0);
+    const bool negative = text.starts_with(L'-');
+    text.remove_prefix(negative || text.starts_with(L'+') ? 1 : 0);
+    // Without a digit the C library converts nothing, so a bare minus isn't the negative zero.
+    if (text.empty() || text == L".")
+    {
+        return 0.0;
+    }
     const double value = ParseDecimal(text);
     return negative ? -value : value;
 }

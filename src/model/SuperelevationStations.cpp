@@ -21,9 +21,9 @@ bool WriteText(const FViewLandXMLBase& element, const WcXmNode& parent, std::wst
         return true;
     }
     WcXmNode child = parent;
-    const bool appended = parent.AppendChildElement(element.GetElementName(), &child);
+    parent.AppendChildElement(element.GetElementName(), &child);
     child.SetTextContent(text);
-    return appended;
+    return child.HasNode();
 }
 
 } // namespace

@@ -141,6 +141,21 @@ TEST_F(DlgDataTest, AKindThatStaysCostsTheModelTheSecondLine)
     EXPECT_EQ(Model().surfaces[0].surfaces[0].name, L"s");
 }
 
+TEST_F(DlgDataTest, TheOutputTableKeepsTheDescriptionsOfTheInput)
+{
+    AddSurface(L"ExistingGround");
+    AddSurface(L"SubBase");
+    Model().surfaces.FillOutPutCSS();
+    JLandXmlConvertDlgData data;
+    data.surfacesList[0]->surfaces[0]->kind = L"SubBase";
+    data.surfacesList[1]->surfaces[0]->kind = L"ExistingGround";
+    data.ApplyToModel();
+    EXPECT_EQ(Model().surfaces[0].surfaces[0].desc, L"SubBase");
+    ASSERT_EQ(Model().surfaces.outPutCSS.size(), 2U);
+    EXPECT_TRUE(Model().surfaces.outPutCSS[0].flagFirst && Model().surfaces.outPutCSS[0].flagSecond);
+    EXPECT_FALSE(Model().surfaces.outPutCSS[1].flagFirst || Model().surfaces.outPutCSS[1].flagSecond);
+}
+
 TEST_F(DlgDataTest, ReferencesOfTheInputAreLocked)
 {
     AddSurface(L"").alignmentRefs = L"R1";

@@ -323,6 +323,34 @@ TEST(FViewAlignment, FlagsWithoutAValueAreLeftOut)
     EXPECT_EQ(WrittenInto(alignment, L"<Alignment><Superelevation/></Alignment>"), L"<Alignment/>");
 }
 
+TEST(FViewAlignment, ASlopeListIsWrittenWithoutAValueOfItsFlagAndWithEmptyEntries)
+{
+    FViewAlignment alignment;
+    alignment.singleLaneRoad = -1;
+    alignment.useSlopeList = -1;
+    alignment.method.clear();
+    alignment.slopeList.resize(2);
+    alignment.slopeList[0].staValue = L"100";
+    alignment.slopeList[0].leftSlope = L"2.0";
+    EXPECT_EQ(WrittenInto(alignment, L"<Alignment/>"),
+              L"<Alignment><Feature name=\"SlopeList\"><Property label=\"slopeValue\" value=\"100 2.0 \"/>"
+              L"<Property label=\"slopeValue\" value=\"  \"/></Feature></Alignment>");
+}
+
+TEST(FViewAlignment, SlopesOfAllLanesAreWrittenInEveryVersion)
+{
+    const std::wstring slopes = L"<Feature name=\"SlopeList\"><Property label=\"slopeValue\" value=\"100 0 2.5\"/>"
+                                L"<Property label=\"slopeValue\" value=\"200 1.5 \"/></Feature></Alignment>";
+    for (const std::int32_t version : {0, 1, 2, 3, 4})
+    {
+        const std::wstring written = Written<FViewAlignment>(
+            L"<Alignment desc='任意横断勾配リスト = はい'><Feature name='SlopeList'><Property label='slopeValue' "
+            L"value='100 0 2.5'/><Property label='slopeValue' value='200 1.5'/></Feature></Alignment>",
+            version);
+        EXPECT_TRUE(written.ends_with(slopes)) << testing::PrintToString(written) << version;
+    }
+}
+
 TEST(FViewAlignment, ANewNameIsWrittenAndAnEmptyOneIsNot)
 {
     FViewAlignment alignment;

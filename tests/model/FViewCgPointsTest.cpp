@@ -73,7 +73,38 @@ TEST(FViewCgPoints, WidthStakesHaveOneFeature)
               L"<CgPoints name=\"左\" desc=\"d\"><CgPoint/><Feature name=\"WidthStakePnts\"><Property "
               L"label=\"alignmentRefs\" value=\"R1\"/>"
               L"<Property label=\"type\"/></Feature></CgPoints>");
+    group.type = L"open";
+    group.alignmentRefs.clear();
+    EXPECT_EQ(WrittenInto(group, L"<CgPoints/>"),
+              L"<CgPoints name=\"左\" desc=\"d\"><CgPoint/><Feature name=\"WidthStakePnts\"><Property "
+              L"label=\"alignmentRefs\"/><Property label=\"type\" value=\"open\"/></Feature></CgPoints>");
     EXPECT_EQ(WrittenInto(FViewCgPointsWidthStake(), L"<CgPoints/>"), L"<CgPoints/>");
+}
+
+TEST(FViewCgPoints, AGroupFailsWithItsPoints)
+{
+    FViewCgPointsIntermediate intermediate;
+    intermediate.points.resize(1);
+    intermediate.points[0].firstCoordinate = intermediate.points[0].secondCoordinate = 1.0;
+    EXPECT_FALSE(WrittenOntoText(intermediate));
+    FViewCgPointsWidthStake stakes;
+    stakes.points.resize(1);
+    stakes.points[0].firstCoordinate = stakes.points[0].secondCoordinate = 1.0;
+    EXPECT_FALSE(WrittenOntoText(stakes));
+}
+
+TEST(FViewCgPoints, TheOutputVersionDoesNotReachThePoints)
+{
+    FViewCgPointsIntermediate intermediate;
+    intermediate.points.resize(1);
+    intermediate.SetOutputVersion(3);
+    EXPECT_EQ(intermediate.version, 3);
+    EXPECT_EQ(intermediate.points[0].version, 0);
+    FViewCgPointsWidthStake stakes;
+    stakes.points.resize(1);
+    stakes.SetOutputVersion(3);
+    EXPECT_EQ(stakes.version, 3);
+    EXPECT_EQ(stakes.points[0].version, 0);
 }
 
 TEST(FViewCgPoints, GroupsWithoutPointsCountInTheNumbers)
@@ -107,14 +138,17 @@ TEST(FViewCgPoints, ReadingTakesNothingFromTheTree)
 {
     XmlText xml(L"<CgPoints name='x'><CgPoint>1 2</CgPoint></CgPoints>");
     FViewCgPointsIntermediate intermediate;
+    intermediate.name = intermediate.desc = intermediate.alignmentRefs = L"former";
     intermediate.points.resize(1);
     EXPECT_TRUE(intermediate.ReadElement(xml.Root()));
     EXPECT_TRUE(intermediate.points.empty());
-    EXPECT_EQ(intermediate.name, L"");
+    EXPECT_EQ(intermediate.name + intermediate.desc + intermediate.alignmentRefs, L"");
     FViewCgPointsWidthStake stakes;
-    stakes.type = L"open";
+    stakes.name = stakes.desc = stakes.alignmentRefs = stakes.type = L"former";
+    stakes.points.resize(1);
     EXPECT_TRUE(stakes.ReadElement(xml.Root()));
-    EXPECT_EQ(stakes.type, L"");
+    EXPECT_TRUE(stakes.points.empty());
+    EXPECT_EQ(stakes.name + stakes.desc + stakes.alignmentRefs + stakes.type, L"");
 }
 
 TEST(FViewCgPoints, AHundredThousandPointsAreWrittenWithTheirFeatures)

@@ -80,6 +80,63 @@ TEST(FViewCrossSect, AFormationSurfaceWithoutAPointGoesAllTheSame)
               L"<CrossSect><designcrosssectsurf name=\"Formation\"/><x/></CrossSect>");
 }
 
+/// What a cross section with these children says of its formation, and what it leaves of them.
+struct FormationCase
+{
+    const wchar_t* rule;
+    const wchar_t* children;
+    double clOffset;
+    double fhOffset;
+    const wchar_t* left;
+};
+
+class Formation : public testing::TestWithParam<FormationCase>
+{};
+
+TEST_P(Formation, IsKnownByItsExactNames)
+{
+    XmlText xml(std::wstring(L"<CrossSect>") + GetParam().children + L"<x/></CrossSect>");
+    FViewCrossSect section;
+    EXPECT_TRUE(section.ReadElement(xml.Root()));
+    EXPECT_EQ(section.clOffset, GetParam().clOffset) << testing::PrintToString(GetParam().rule);
+    EXPECT_EQ(section.fhOffset, GetParam().fhOffset) << testing::PrintToString(GetParam().rule);
+    EXPECT_EQ(xml.Text(), std::wstring(L"<CrossSect>") + GetParam().left + L"<x/></CrossSect>");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FViewCrossSect, Formation,
+    testing::Values(
+        FormationCase{L"a feature in another case is none",
+                      L"<Feature name=\"formation\"><Property label=\"clOffset\" value=\"1\"/></Feature>", UNSET_DOUBLE,
+                      UNSET_DOUBLE,
+                      L"<Feature name=\"formation\"><Property label=\"clOffset\" value=\"1\"/></Feature>"},
+        FormationCase{L"another feature's offset is another one",
+                      L"<Feature name=\"x\"><Property label=\"clOffset\" value=\"1\"/></Feature>", UNSET_DOUBLE,
+                      UNSET_DOUBLE, L"<Feature name=\"x\"><Property label=\"clOffset\" value=\"1\"/></Feature>"},
+        FormationCase{L"a surface in another case stays",
+                      L"<DesignCrossSectSurf name=\"formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
+                      L"</DesignCrossSectSurf>",
+                      UNSET_DOUBLE, UNSET_DOUBLE,
+                      L"<DesignCrossSectSurf name=\"formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
+                      L"</DesignCrossSectSurf>"},
+        FormationCase{L"a code in another case is another one",
+                      L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='formation'>1 2</CrossSectPnt>"
+                      L"</DesignCrossSectSurf>",
+                      UNSET_DOUBLE, UNSET_DOUBLE, L""},
+        FormationCase{L"other elements are no points",
+                      L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='Formation'>1 2</CrossSectPnt>"
+                      L"<crosssectpnt code='Formation'>3 4</crosssectpnt><Other code='Formation'>5 6</Other>"
+                      L"</DesignCrossSectSurf>",
+                      1.0, 2.0, L""},
+        FormationCase{L"one offset of the feature is enough",
+                      L"<DesignCrossSectSurf name=\"Formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
+                      L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"fhOffset\" value=\"9\"/>"
+                      L"</Feature>",
+                      UNSET_DOUBLE, 9.0,
+                      L"<DesignCrossSectSurf name=\"Formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
+                      L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"fhOffset\" value=\"9\"/>"
+                      L"</Feature>"}));
+
 TEST(FViewCrossSect, NamesOfGroundLinesAreRead)
 {
     const auto section = Read<FViewCrossSect>(L"<CrossSect><CrossSectSurf name='a'/><CrossSectSurf/></CrossSect>");
@@ -87,6 +144,33 @@ TEST(FViewCrossSect, NamesOfGroundLinesAreRead)
     EXPECT_EQ(section.surfaces[0].name, L"a");
     EXPECT_EQ(section.surfaces[1].name, L"");
     EXPECT_TRUE(section.designSurfaces.empty());
+    EXPECT_FALSE(WrittenOntoText(section.surfaces[0]));
+}
+
+TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
+{
+    XmlText full(L"<CrossSect name='n' sta='1'><CrossSectSurf name='a'/><Feature name='Formation'>"
+                 L"<Property label='clOffset' value='1'/><Property label='fhOffset' value='2'/></Feature></CrossSect>");
+    XmlText empty(L"<CrossSect/>");
+    FViewCrossSect section;
+    section.ReadElement(full.Root());
+    EXPECT_EQ(section.fhOffset, 2.0);
+    section.ReadElement(empty.Root());
+    EXPECT_EQ(section.name + section.sta, L"");
+    EXPECT_EQ(section.clOffset, UNSET_DOUBLE);
+    EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
+    EXPECT_TRUE(section.surfaces.empty());
+}
+
+TEST(FViewCrossSect, ItsSurfacesAreThoseOfTheDocumentOnceTheyAreSet)
+{
+    FViewSurfacesList surfaces;
+    auto section = Read<FViewCrossSect>(L"<CrossSect/>");
+    EXPECT_EQ(section.surfacesList, nullptr);
+    section.surfacesList = &surfaces;
+    FViewCrossSect assigned;
+    assigned = section;
+    EXPECT_EQ(assigned.surfacesList, &surfaces);
 }
 
 TEST(FViewCrossSect, OnlyExistingGroundStays)
@@ -110,6 +194,31 @@ TEST(FViewCrossSect, ANameThatIsASurfacesOwnIsRight)
         WrittenSection(L"<CrossSectSurf name='EG'/><CrossSectSurf name='EG'/>",
                        Surfaces(L"<Surface name='EG' desc='ExistingGround'/>")),
         L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/><CrossSectSurf name=\"ExistingGround\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, TheSecondFlagKeepsAGroundLine)
+{
+    FViewSurfacesList surfaces;
+    surfaces.outPutCSS = {{L"first", true, false}, {L"second", false, true}};
+    surfaces.IndexNames();
+    EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='first'/><CrossSectSurf name='second' a='b'/>", surfaces),
+              L"<CrossSect><CrossSectSurf name=\"ExistingGround\" a=\"b\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, AGroundLineTakesTheNameOfTheSurfaceThatItClaims)
+{
+    FViewSurfacesList surfaces = Surfaces(L"<Surface name='FG_1'/><Surface name='EG'/><Surface name='G'/>");
+    XmlText xml(L"<CrossSectSurf name='EG_1'/>");
+    EXPECT_TRUE(RenameToSurface(xml.Root(), surfaces));
+    EXPECT_EQ(xml.Text(), L"<CrossSectSurf name=\"EG\"/>");
+    EXPECT_FALSE(surfaces[0].surfaces[0].used);
+    EXPECT_TRUE(surfaces[0].surfaces[1].used);
+    EXPECT_FALSE(surfaces[0].surfaces[2].used);
+    XmlText other(L"<CrossSectSurf name='x'/>");
+    EXPECT_TRUE(RenameToSurface(other.Root(), surfaces));
+    EXPECT_EQ(other.Text(), L"<CrossSectSurf name=\"x\"/>");
+    XmlText nameless(L"<CrossSectSurf Name='EG_1'/>");
+    EXPECT_FALSE(RenameToSurface(nameless.Root(), surfaces));
 }
 
 TEST(FViewCrossSect, WithoutSurfacesEveryGroundLineIsRemoved)
@@ -169,6 +278,10 @@ INSTANTIATE_TEST_SUITE_P(
                     MaterialCase{L"<CrossSectSurf name='表層_13'/>", {{L"表層", L""}}},
                     MaterialCase{L"<CrossSectSurf name='表層_A'/><CrossSectSurf name='表層_B'/>", {{L"表層", L"B"}}},
                     MaterialCase{L"<CrossSectSurf name='表層_A基層_B1'/>", {{L"表層", L"A基層_B"}, {L"基層", L"B"}}},
+                    MaterialCase{L"<CrossSectSurf name='表層_A表層_B1'/>", {{L"表層", L"A表層_B"}}},
+                    MaterialCase{L"<CrossSectSurf name='中間層_M20'/>", {{L"中間層", L"M"}}},
+                    MaterialCase{L"<CrossSectSurf name='上層路盤_U1'/><CrossSectSurf name='下層路盤_L2'/>",
+                                 {{L"上層路盤", L"U"}, {L"下層路盤", L"L"}}},
                     MaterialCase{L"<CrossSectSurf name='表層A'/><CrossSectSurf/><crosssectsurf name='表層_A'/>", {}},
                     MaterialCase{L"<CrossSectSurf name='表層_Ａ１'/>", {{L"表層", L"Ａ１"}}}));
 
@@ -206,10 +319,61 @@ TEST(FViewCrossSect, TheSideIsKeptFromOneSurfaceToTheNext)
                   HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
 }
 
+TEST(FViewCrossSect, AnOpenPavementDecidesTheSideBeforeItGoes)
+{
+    EXPECT_EQ(
+        WrittenSection(
+            L"<DesignCrossSectSurf name='Pavement'><CrossSectPnt code='c'>1 1</CrossSectPnt></DesignCrossSectSurf>"
+            L"<DesignCrossSectSurf name='x'><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"),
+        L"<CrossSect><DesignCrossSectSurf name=\"x\" side=\"right\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
+            HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+}
+
+TEST(FViewCrossSect, OnlyAPavementThatSaysTrueIsClosed)
+{
+    EXPECT_EQ(WrittenSection(L"<DesignCrossSectSurf name='Pavement' closedArea='TRUE'/>"
+                             L"<DesignCrossSectSurf name='Pavement' closedArea='1'/>"
+                             L"<DesignCrossSectSurf name='Pavement' ClosedArea='true'/>"
+                             L"<designcrosssectsurf name='Pavement'/>"),
+              L"<CrossSect><designcrosssectsurf name=\"Pavement\"/></CrossSect>");
+}
+
+TEST(FViewCrossSect, AClosedPavementOfOnePointStays)
+{
+    EXPECT_EQ(WrittenSection(L"<DesignCrossSectSurf name='Pavement' closedArea='true'><CrossSectPnt>0 "
+                             L"1</CrossSectPnt></DesignCrossSectSurf>"),
+              L"<CrossSect><DesignCrossSectSurf name=\"Pavement\" closedArea=\"true\" side=\"left\"><CrossSectPnt>0 "
+              L"1</CrossSectPnt>" +
+                  HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+}
+
 TEST(FViewCrossSect, EmptyTextsLeaveTheAttributes)
 {
     FViewCrossSect section;
     EXPECT_EQ(WrittenInto(section, L"<CrossSect name='n' sta='1'/>"), L"<CrossSect name=\"n\" sta=\"1\"/>");
+}
+
+TEST(FViewCrossSects, EachSectionBeginsOnTheLeft)
+{
+    const std::wstring written = Written<FViewCrossSects>(
+        L"<CrossSects><CrossSect><DesignCrossSectSurf><CrossSectPnt code='c'>1 1</CrossSectPnt></DesignCrossSectSurf>"
+        L"</CrossSect><CrossSect><DesignCrossSectSurf><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"
+        L"</CrossSect></CrossSects>");
+    EXPECT_EQ(written, L"<CrossSects><CrossSect><DesignCrossSectSurf side=\"right\"><CrossSectPnt code=\"c\">1 "
+                       L"1</CrossSectPnt>" +
+                           HEIGHT +
+                           L"</DesignCrossSectSurf></CrossSect><CrossSect><DesignCrossSectSurf "
+                           L"side=\"left\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
+                           HEIGHT + L"</DesignCrossSectSurf></CrossSect></CrossSects>");
+}
+
+TEST(FViewCrossSects, AFailureEndsTheWriting)
+{
+    const std::wstring failing = L"<CrossSect><CrossSectSurf/><DesignCrossSectSurf name=\"a\"/></CrossSect>";
+    const std::wstring later = L"<CrossSect><CrossSectSurf name=\"x\"/><DesignCrossSectSurf name=\"b\"/></CrossSect>";
+    EXPECT_EQ(Written<FViewCrossSects>(L"<CrossSects><CrossSect><CrossSectSurf name='x'/></CrossSect>" + failing +
+                                       later + L"</CrossSects>"),
+              L"<CrossSects><CrossSect/>" + failing + later + L"</CrossSects>");
 }
 
 TEST(FViewCrossSects, SectionsAreWrittenByTheirPosition)

@@ -94,6 +94,22 @@ TEST_P(PavementLayer, BecomesAPavementWithItsClassAndMaterial)
 INSTANTIATE_TEST_SUITE_P(FViewDesignCrossSectSurf, PavementLayer,
                          testing::Values(L"表層", L"中間層", L"基層", L"上層路盤", L"下層路盤"));
 
+TEST(FViewDesignCrossSectSurf, ANameThatOnlyHoldsALayerIsNone)
+{
+    EXPECT_EQ(WrittenSurface(L"<D name='表層1'/>", {{L"表層", L"M"}}), L"<D name=\"表層1\">" + HEIGHT + L"</D>");
+    EXPECT_EQ(WrittenSurface(L"<D name='x表層'/>", {{L"表層", L"M"}}), L"<D name=\"x表層\">" + HEIGHT + L"</D>");
+}
+
+TEST(FViewDesignCrossSectSurf, OnlyAPavementHasAMaterial)
+{
+    for (const wchar_t* const surface : {L"<D name=\"表層\"/>", L"<D name=\"pavement\"/>", L"<D/>"})
+    {
+        XmlText xml(surface);
+        WriteMaterial(xml.Root(), {{L"表層", L"M"}}, L"表層");
+        EXPECT_EQ(xml.Text(), surface);
+    }
+}
+
 TEST(FViewDesignCrossSectSurf, APavementOfTheInputHasNoClassAndNoMaterial)
 {
     EXPECT_EQ(WrittenSurface(L"<D name='Pavement' closedArea='true'/>", {{L"表層", L"M"}}),
@@ -113,6 +129,28 @@ TEST(FViewDesignCrossSectSurf, TheHeightMergesIntoANamelessFeature)
         WrittenSurface(
             L"<D name='x'><Feature name='f'/><Feature><Property label='heightType' value='old'/></Feature><y/></D>"),
         L"<D name=\"x\"><Feature name=\"f\"/>" + HEIGHT + L"<y/></D>");
+}
+
+TEST(FViewDesignCrossSectSurf, TheHeightFeatureHoldsNothingElse)
+{
+    FViewFeature feature(L"former");
+    feature.properties.emplace_back(L"a", L"b");
+    FViewDesignCrossSectSurf().MakeHeightFeature(feature, L"表層");
+    EXPECT_EQ(WrittenInto(feature, L"<D/>"),
+              L"<D><Feature><Property label=\"heightType\" value=\"fhOffset\"/><Property label=\"pavementClass\" "
+              L"value=\"表層\"/></Feature></D>");
+}
+
+TEST(FViewDesignCrossSectSurf, ReadingTakesNothingFromTheTree)
+{
+    XmlText xml(L"<DesignCrossSectSurf name='x'><Feature name='f'/></DesignCrossSectSurf>");
+    const MaterialMap materials;
+    FViewDesignCrossSectSurf surface;
+    surface.features.emplace_back(L"g");
+    surface.materials = &materials;
+    EXPECT_TRUE(surface.ReadElement(xml.Root()));
+    EXPECT_TRUE(surface.features.empty());
+    EXPECT_EQ(surface.materials, nullptr);
 }
 
 TEST(FViewDesignCrossSectSurf, GivenFeaturesTakeThePlaceOfTheHeight)
@@ -162,6 +200,18 @@ INSTANTIATE_TEST_SUITE_P(
         ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 3 "
                       L"5</CrossSectPnt><crosssectpnt>0 9</crosssectpnt></D>",
                       L"2."},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 0</CrossSectPnt><CrossSectPnt>0 "
+                      L"0.123456789</CrossSectPnt></D>",
+                      L"0.12345679"},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 3</CrossSectPnt><CrossSectPnt>0 "
+                      L"1e1</CrossSectPnt></D>",
+                      L"3."},
+        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt> 5 "
+                      L"3</CrossSectPnt></D>",
+                      L"4."},
+        ThicknessCase{L"<D name='Pavement' closedArea='TRUE'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
+                      L"2</CrossSectPnt></D>",
+                      L"-"},
         ThicknessCase{
             L"<D name='Pavement' closedArea='true'><CrossSectPnt>7</CrossSectPnt><CrossSectPnt>0  3</CrossSectPnt></D>",
             L"0."}));

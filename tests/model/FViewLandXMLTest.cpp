@@ -235,7 +235,7 @@ std::wstring ExpectedPlaces(bool alignments, bool surfaces, bool system, int int
 
 TEST(FViewLandXML, PointGroupsAndCoordinateSystemArePlacedInEveryCombination)
 {
-    for (const std::int32_t version : {2, 3, 4})
+    for (const std::int32_t version : {0, 1, 2, 3, 4})
     {
         for (int combination = 0; combination < 8; ++combination)
         {
@@ -333,6 +333,36 @@ TEST(FViewLandXML, SurfaceReferencesDependOnTheVersionAndNotesNever)
         EXPECT_EQ(Written<FViewLandXML>(xml, version), head + reference + tail);
     }
     EXPECT_EQ(Written<FViewLandXML>(xml, 5), head + tail);
+}
+
+TEST(FViewLandXML, SurfaceSetsPairByPositionAndGiveTheirReferencesAlone)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem name='c'/><Surfaces><Surface desc='a'/></Surfaces><surfaces><Surface "
+                L"desc='x 線形名=y'/></surfaces><Surfaces><Surface desc='b'/></Surfaces></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    ASSERT_EQ(root.surfaces.size(), 2U);
+    root.surfaces[0].surfaces[0].alignmentRefs = L"R1";
+    root.surfaces[0].surfaces[0].desc = L"changed";
+    root.surfaces[1].surfaces[0].alignmentRefs = L"R2";
+    root.SetOutputVersion(4);
+    EXPECT_TRUE(root.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(),
+              L"<LandXML><CoordinateSystem name=\"c\"/><Surfaces><Surface desc=\"a\"><Feature><Property "
+              L"label=\"alignmentRefs\" value=\"R1\"/></Feature></Surface></Surfaces><surfaces><Surface desc=\"x "
+              L"線形名=y\"/></surfaces><Surfaces><Surface desc=\"b\"><Feature><Property label=\"alignmentRefs\" "
+              L"value=\"R2\"/></Feature></Surface></Surfaces></LandXML>");
+}
+
+TEST(FViewLandXML, NotesAreCutFromSurfaceSetsThatTheModelDoesNotKnow)
+{
+    FViewLandXML root;
+    root.surfaces.emplace_back().surfaces.emplace_back().alignmentRefs = L"R1";
+    root.SetOutputVersion(4);
+    EXPECT_EQ(
+        WrittenInto(root, L"<LandXML><CoordinateSystem name='CRS1'/><Surfaces/><Surfaces><Surface desc='a "
+                          L"線形名=b'/></Surfaces></LandXML>"),
+        L"<LandXML><CoordinateSystem name=\"CRS1\"/><Surfaces/><Surfaces><Surface desc=\"a\"/></Surfaces></LandXML>");
 }
 
 TEST(FViewLandXML, ACrossSectionKeepsTheGroundOfTheDocumentsSurfaces)

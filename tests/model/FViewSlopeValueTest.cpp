@@ -38,6 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SlopeTextCase{L"1234.5 2.0 -2.0", true, L"12+34.500000", L"1234.5", L"2.0", L"-2.0"},
                     SlopeTextCase{L"-50 a b c", true, L"0+-50.000000", L"-50", L"a", L"b c"},
                     SlopeTextCase{L"x 1 2", true, L"0+0.000000", L"x", L"1", L"2"},
+                    SlopeTextCase{L"- 1 2", true, L"0+0.000000", L"-", L"1", L"2"},
                     SlopeTextCase{L" 1 2", true, L"0+0.000000", L"", L"1", L"2"},
                     SlopeTextCase{L"100 ", true, L"1+0.000000", L"100", L"", L""},
                     SlopeTextCase{L"100 1 ", true, L"1+0.000000", L"100", L"1", L""},
@@ -87,6 +88,15 @@ TEST(FViewSlopeValue, NeitherReadsNorWritesAnElement)
     EXPECT_FALSE(value.ReadElement(xml.Root()));
     EXPECT_TRUE(value.WriteElement(xml.Root()));
     EXPECT_EQ(xml.Text(), L"<SlopeList a=\"b\"/>");
+    EXPECT_STREQ(value.GetElementName(), L"SlopeList");
+}
+
+TEST(FViewSlopeValue, ClearEmptiesEveryText)
+{
+    FViewSlopeValue value;
+    value.staText = value.staValue = value.leftSlope = value.rightSlope = L"1";
+    value.Clear();
+    EXPECT_EQ(value.staText + value.staValue + value.leftSlope + value.rightSlope, L"");
 }
 
 } // namespace

@@ -17,6 +17,26 @@ TEST(FViewStaEquation, ReadsItsThreeStations)
     EXPECT_EQ(equation.staInternal, UNSET_DOUBLE);
 }
 
+TEST(FViewStaEquation, ReadingAndClearingLeaveNothingOfTheFormerElement)
+{
+    XmlText full(L"<StaEquation staBack='100' staInternal='-200.25' staAhead='300.5'/>");
+    XmlText empty(L"<StaEquation/>");
+    FViewStaEquation equation;
+    equation.ReadElement(full.Root());
+    EXPECT_EQ(equation.staBack, 100.0);
+    EXPECT_EQ(equation.staInternal, -200.25);
+    EXPECT_EQ(equation.staAhead, 300.5);
+    FViewStaEquation read = equation;
+    read.ReadElement(empty.Root());
+    equation.Clear();
+    for (const FViewStaEquation& one : {read, equation})
+    {
+        EXPECT_EQ(one.staBack, UNSET_DOUBLE);
+        EXPECT_EQ(one.staInternal, UNSET_DOUBLE);
+        EXPECT_EQ(one.staAhead, UNSET_DOUBLE);
+    }
+}
+
 TEST(FViewStaEquation, IsNeverRewritten)
 {
     XmlText xml(L"<StaEquation staBack='100'/>");

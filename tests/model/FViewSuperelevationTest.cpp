@@ -63,6 +63,49 @@ INSTANTIATE_TEST_SUITE_P(
                            L"><BeginRunoutSta>0</BeginRunoutSta><BeginRunoffSta>10</"
                            L"BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>"
                            L"<AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"a run-out of three at the end is no repair",
+                           L"><BeginRunoffSta>10</BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>"
+                           L"<EndofRunoutSta>30</EndofRunoutSta>",
+                           L"><BeginRunoffSta>10</BeginRunoffSta><StartofRunoutSta>20</StartofRunoutSta>"
+                           L"<EndofRunoutSta>30</EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"a lone begin of run-out has no adverse flag",
+                           L"><AdverseSE>adverse</AdverseSE><BeginRunoutSta>1</BeginRunoutSta>",
+                           L"><BeginRunoutSta>1</BeginRunoutSta>"},
+        SuperelevationCase{L"a lone begin of run-off has no adverse flag",
+                           L"><AdverseSE>adverse</AdverseSE><BeginRunoffSta>1</BeginRunoffSta>",
+                           L"><BeginRunoffSta>1</BeginRunoffSta>"},
+        SuperelevationCase{
+            L"the outer ends alone have no adverse flag",
+            L"><AdverseSE>adverse</AdverseSE><BeginRunoutSta>1</BeginRunoutSta><EndofRunoutSta>2</EndofRunoutSta>",
+            L"><BeginRunoutSta>1</BeginRunoutSta><EndofRunoutSta>2</EndofRunoutSta>"},
+        SuperelevationCase{L"the attributes have eight decimals",
+                           L"><FullSuperSta>150.123456789</FullSuperSta><RunoffSta>0.000000004</RunoffSta>",
+                           L" staStart=\"150.12345679\" staEnd=\"0.\"><FullSuperSta>150.123456789</FullSuperSta>"
+                           L"<RunoffSta>0.000000004</RunoffSta>"},
+        SuperelevationCase{L"stations may be negative", L"><RunoffSta>-5.250</RunoffSta>",
+                           L" staEnd=\"-5.25\"><RunoffSta>-5.250</RunoffSta>"},
+        SuperelevationCase{L"of two adverse flags the second stays",
+                           L"><AdverseSE>adverse</AdverseSE><AdverseSE>non-adverse</AdverseSE>",
+                           L"><AdverseSE>non-adverse</AdverseSE>"},
+        SuperelevationCase{
+            L"of two adverse flags the second takes the word of the first",
+            L"><AdverseSE>non-adverse</AdverseSE><AdverseSE>adverse</AdverseSE>"
+            L"<BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>",
+            L"><AdverseSE>non-adverse</AdverseSE><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>"},
+        SuperelevationCase{
+            L"an adverse flag in another case counts and goes",
+            L"><adversese>non-adverse</adversese><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>",
+            L"><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta><AdverseSE>non-adverse</AdverseSE>"},
+        SuperelevationCase{L"the repair takes the first of two begins of run-off",
+                           L"><BeginRunoffSta>10</BeginRunoffSta><BeginRunoffSta>11</BeginRunoffSta>"
+                           L"<StartofRunoutSta>20</StartofRunoutSta>",
+                           L"><BeginRunoffSta>11</BeginRunoffSta><StartofRunoutSta>10.</StartofRunoutSta>"
+                           L"<EndofRunoutSta>20.</EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"the repair keeps the word of the input",
+                           L"><AdverseSE>non-adverse</AdverseSE><BeginRunoffSta>10</BeginRunoffSta>"
+                           L"<StartofRunoutSta>20.123456789</StartofRunoutSta>",
+                           L"><StartofRunoutSta>10.</StartofRunoutSta><EndofRunoutSta>20.12345679</EndofRunoutSta>"
+                           L"<AdverseSE>non-adverse</AdverseSE>"},
         SuperelevationCase{L"only stations of the reversed crown are rewritten",
                            L"><Feature name='ReverseCrown'><Property label='sta' value='9.50'/><Property label='x' "
                            L"value='1'/></Feature><y/>",
@@ -80,14 +123,28 @@ INSTANTIATE_TEST_SUITE_P(
             L"<Property label='sta' value='2'/></Feature>",
             L"><Feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"2\"/><Property label=\"sta\" "
             L"value=\"2\"/></Feature>"},
+        SuperelevationCase{
+            L"a second feature of the flat crown is added to",
+            L"><Feature name='FlatSta'><Property label='sta' value='1'/></Feature><Feature name='FlatSta'>"
+            L"<Property label='sta' value='2'/></Feature>",
+            L"><Feature name=\"FlatSta\"><Property label=\"sta\" value=\"2\"/><Property label=\"sta\" "
+            L"value=\"2\"/></Feature>"},
+        SuperelevationCase{
+            L"a feature whose element is in another case stays",
+            L"><feature name='ReverseCrown'><Property label='sta' value='1'/></feature><Feature name='ReverseCrown'>"
+            L"<Property label='sta' value='2'/></Feature><x/>",
+            L"><feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"1\"/></feature><x/>"
+            L"<Feature name=\"ReverseCrown\"><Property label=\"sta\" value=\"2\"/></Feature>"},
+        SuperelevationCase{L"a feature whose name is in another case is another one",
+                           L"><Feature name='reversecrown'><Property label='sta' value='1'/></Feature><x/>",
+                           L"><Feature name=\"reversecrown\"><Property label=\"sta\" value=\"1\"/></Feature><x/>"},
         SuperelevationCase{L"an empty feature goes", L"><Feature name='FlatSta'/><x/>", L"><x/>"},
         SuperelevationCase{L"other features stay",
                            L"><Feature name='Other'><Property label='sta' value='1'/></Feature>",
                            L"><Feature name=\"Other\"><Property label=\"sta\" value=\"1\"/></Feature>"}));
 
-TEST(FViewSuperelevation, WithoutChildrenAllIsUnsetAndNothingIsAdded)
+void ExpectEmpty(const FViewSuperelevation& superelevation)
 {
-    const auto superelevation = Read<FViewSuperelevation>(L"<Superelevation staStart='5'/>");
     for (const double station :
          {superelevation.beginRunoutSta, superelevation.endofRunoutSta, superelevation.fullSuperSta,
           superelevation.runoffSta, superelevation.beginRunoffSta, superelevation.startofRunoutSta})
@@ -95,7 +152,56 @@ TEST(FViewSuperelevation, WithoutChildrenAllIsUnsetAndNothingIsAdded)
         EXPECT_EQ(station, UNSET_DOUBLE);
     }
     EXPECT_TRUE(superelevation.adverse);
+    EXPECT_TRUE(superelevation.reverseCrownStations.empty());
+    EXPECT_TRUE(superelevation.flatStations.empty());
+}
+
+TEST(FViewSuperelevation, WithoutChildrenAllIsUnsetAndNothingIsAdded)
+{
+    ExpectEmpty(FViewSuperelevation());
+    ExpectEmpty(Read<FViewSuperelevation>(L"<Superelevation staStart='5'/>"));
     EXPECT_EQ(Written<FViewSuperelevation>(L"<Superelevation/>"), L"<Superelevation/>");
+}
+
+TEST(FViewSuperelevation, ReadingAndClearingLeaveNothingOfTheFormerElement)
+{
+    XmlText full(L"<Superelevation><BeginRunoutSta>1</BeginRunoutSta><BeginRunoffSta>2</BeginRunoffSta>"
+                 L"<StartofRunoutSta>3</StartofRunoutSta><EndofRunoutSta>4</EndofRunoutSta>"
+                 L"<FullSuperSta>5</FullSuperSta><RunoffSta>6</RunoffSta><AdverseSE>non-adverse</AdverseSE>"
+                 L"<Feature name='ReverseCrown'><Property label='sta' value='7'/></Feature>"
+                 L"<Feature name='FlatSta'><Property label='sta' value='8'/></Feature></Superelevation>");
+    XmlText empty(L"<Superelevation/>");
+    FViewSuperelevation superelevation;
+    EXPECT_TRUE(superelevation.ReadElement(full.Root()));
+    EXPECT_EQ(superelevation.beginRunoutSta, 1.0);
+    EXPECT_EQ(superelevation.beginRunoffSta, 2.0);
+    EXPECT_EQ(superelevation.startofRunoutSta, 3.0);
+    EXPECT_EQ(superelevation.endofRunoutSta, 4.0);
+    EXPECT_EQ(superelevation.fullSuperSta, 5.0);
+    EXPECT_EQ(superelevation.runoffSta, 6.0);
+    EXPECT_FALSE(superelevation.adverse);
+    EXPECT_EQ(superelevation.reverseCrownStations, PiCmCopyList<WcStString>{L"7"});
+    EXPECT_EQ(superelevation.flatStations, PiCmCopyList<WcStString>{L"8"});
+    FViewSuperelevation cleared = superelevation;
+    cleared.Clear();
+    ExpectEmpty(cleared);
+    EXPECT_TRUE(superelevation.WriteElement(full.Root()));
+    EXPECT_TRUE(superelevation.ReadElement(empty.Root()));
+    ExpectEmpty(superelevation);
+}
+
+TEST(FViewSuperelevation, WritingFailsWhereAChildItNeedsCanNotStand)
+{
+    FViewSuperelevation superelevation;
+    superelevation.fullSuperSta = 5.0;
+    EXPECT_TRUE(WrittenOntoText(superelevation));
+    superelevation.beginRunoffSta = 10.0;
+    EXPECT_TRUE(WrittenOntoText(superelevation));
+    FViewSuperelevation adverse = superelevation;
+    adverse.beginRunoutSta = 5.0;
+    EXPECT_FALSE(WrittenOntoText(adverse));
+    superelevation.startofRunoutSta = 20.0;
+    EXPECT_FALSE(WrittenOntoText(superelevation));
 }
 
 TEST(FViewSuperelevation, TheFirstChildOfANameCountsInAnyCaseAndOrder)

@@ -18,6 +18,27 @@ TEST(FViewSurface, TakesNameAndDescription)
     EXPECT_EQ(surface.alignmentRefs, L"");
 }
 
+TEST(FViewSurfaces, ReadingAndClearingLeaveNothingOfTheFormerElement)
+{
+    XmlText full(
+        L"<Surfaces><Surface name='n' desc='d'><Feature><Property value='R1'/></Feature></Surface></Surfaces>");
+    XmlText empty(L"<Surfaces><Surface/></Surfaces>");
+    FViewSurface surface;
+    EXPECT_TRUE(surface.ReadElement(full.Child(L"Surface")));
+    EXPECT_EQ(surface.alignmentRefs, L"R1");
+    surface.used = true;
+    EXPECT_TRUE(surface.ReadElement(empty.Child(L"Surface")));
+    EXPECT_EQ(surface.name + surface.desc + surface.alignmentRefs, L"");
+    EXPECT_FALSE(surface.used);
+    FViewSurfaces set;
+    EXPECT_TRUE(set.ReadElement(full.Root()));
+    EXPECT_TRUE(set.ReadElement(empty.Root()));
+    ASSERT_EQ(set.surfaces.size(), 1U);
+    EXPECT_EQ(set.surfaces[0].name, L"");
+    set.Clear();
+    EXPECT_TRUE(set.surfaces.empty());
+}
+
 struct ReferenceCase
 {
     const wchar_t* children;
@@ -131,6 +152,9 @@ TEST(FViewSurfaces, ACopyDoesNotCarryTheStringArray)
     EXPECT_TRUE(copy.stringArray.empty());
     EXPECT_EQ(copy.surfaces[0].name, L"a");
     EXPECT_EQ(assigned.stringArray, PiCmCopyArray<std::wstring>{L"y"});
+    assigned = FViewSurfaces(set);
+    EXPECT_EQ(assigned.stringArray, PiCmCopyArray<std::wstring>{L"y"});
+    EXPECT_EQ(assigned.surfaces[0].name, L"a");
 }
 
 TEST(FViewSurfaces, WriteElementSetsNamesAndDescriptions)

@@ -71,11 +71,25 @@ TEST(FViewWidening, ClearMeansZeroNotUnset)
 {
     FViewWidening widening;
     widening.station = 1.0;
+    widening.width = 3.0;
     widening.code = L"2";
     widening.Clear();
     EXPECT_EQ(widening.station, 0.0);
     EXPECT_EQ(widening.width, 0.0);
     EXPECT_EQ(widening.code, L"");
+}
+
+TEST(FViewWidening, NeitherReadsNorWritesAnElement)
+{
+    XmlText xml(L"<Widening>1 2 3</Widening>");
+    FViewWidening widening;
+    widening.station = 1.0;
+    EXPECT_TRUE(widening.ReadElement(xml.Root()));
+    EXPECT_EQ(widening.station, 1.0);
+    EXPECT_EQ(widening.code, L"");
+    EXPECT_TRUE(widening.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Widening>1 2 3</Widening>");
+    EXPECT_STREQ(widening.GetElementName(), L"Widening");
 }
 
 } // namespace

@@ -2,8 +2,10 @@
 
 #include "support/XmlText.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <utility>
 
 namespace jlandxml
 {
@@ -36,6 +38,18 @@ INSTANTIATE_TEST_SUITE_P(NumberText, NumericText,
                                          NumericCase{L"..", false, 0.0}, NumericCase{L"INF", false, 0.0},
                                          NumericCase{L"0x1", false, 0.0}, NumericCase{L"１", false, 0.0},
                                          NumericCase{L"007", true, 7.0}));
+
+class SignOfZero : public testing::TestWithParam<std::pair<const wchar_t*, bool>>
+{};
+
+TEST_P(SignOfZero, IsReadWhereADigitIs)
+{
+    EXPECT_EQ(std::signbit(ReadNumber(GetParam().first)), GetParam().second);
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, SignOfZero,
+                         testing::Values(std::pair(L"-", false), std::pair(L"-.", false), std::pair(L"", false),
+                                         std::pair(L"-x", false), std::pair(L"-0", true), std::pair(L"-.0", true)));
 
 struct TrimCase
 {

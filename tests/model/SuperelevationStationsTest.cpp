@@ -28,6 +28,59 @@ TEST(SuperelevationStations, AStationThatIsNoNumberIsZero)
     EXPECT_EQ(FViewFullSuperSta().value, UNSET_DOUBLE);
 }
 
+template <class Station>
+class EachStation : public testing::Test
+{};
+
+using Stations = testing::Types<FViewBeginRonoutSta, FViewBeginRunoffSta, FViewStartofRunoutSta, FViewEndOfRonoutSta,
+                                FViewFullSuperSta, FViewRunoffSta>;
+TYPED_TEST_SUITE(EachStation, Stations);
+
+TYPED_TEST(EachStation, IsReadAnewAndCleared)
+{
+    XmlText xml(L"<Sta>-2.5</Sta>");
+    TypeParam station;
+    station.value = 1.0;
+    EXPECT_TRUE(station.ReadElement(xml.Root()));
+    EXPECT_EQ(station.value, -2.5);
+    station.Clear();
+    EXPECT_EQ(station.value, UNSET_DOUBLE);
+}
+
+struct StationTextCase
+{
+    double value;
+    const wchar_t* text;
+};
+
+class StationText : public testing::TestWithParam<StationTextCase>
+{};
+
+TEST_P(StationText, HasEightDecimalsAtMost)
+{
+    FViewStartofRunoutSta station;
+    station.value = GetParam().value;
+    EXPECT_EQ(WrittenInto(station, L"<S/>"),
+              std::wstring(L"<S><StartofRunoutSta>") + GetParam().text + L"</StartofRunoutSta></S>");
+}
+
+INSTANTIATE_TEST_SUITE_P(SuperelevationStations, StationText,
+                         testing::Values(StationTextCase{150.123456789, L"150.12345679"},
+                                         StationTextCase{0.000000004, L"0."}, StationTextCase{-0.000000004, L"0."},
+                                         StationTextCase{0.000000006, L"0.00000001"},
+                                         StationTextCase{-12.123456789, L"-12.12345679"}));
+
+TEST(SuperelevationStations, WritingFailsWhereNoChildCanStand)
+{
+    EXPECT_FALSE(WrittenOntoText(FViewStartofRunoutSta()));
+    EXPECT_FALSE(WrittenOntoText(FViewEndOfRonoutSta()));
+    EXPECT_FALSE(WrittenOntoText(FViewAdverseSE()));
+    EXPECT_TRUE(WrittenOntoText(FViewBeginRonoutSta()));
+    EXPECT_TRUE(WrittenOntoText(FViewBeginRunoffSta()));
+    EXPECT_TRUE(WrittenOntoText(FViewFullSuperSta()));
+    EXPECT_TRUE(WrittenOntoText(FViewRunoffSta()));
+}
+
 TEST(SuperelevationStations, OnlyStartAndEndOfRunoutAreWritten)
 {
     FViewBeginRunoffSta untouched;
@@ -57,6 +110,10 @@ TEST(SuperelevationStations, AdverseIsWrittenAsItsWord)
     adverse.adverse = false;
     EXPECT_EQ(WrittenInto(adverse, L"<S><AdverseSE>adverse</AdverseSE></S>"),
               L"<S><AdverseSE>non-adverse</AdverseSE></S>");
+    XmlText xml(L"<S/>");
+    EXPECT_TRUE(adverse.WriteElement(xml.Root()));
+    adverse.Clear();
+    EXPECT_TRUE(adverse.adverse);
 }
 
 } // namespace

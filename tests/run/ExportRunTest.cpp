@@ -85,6 +85,28 @@ TEST_F(ExportRunTest, AnEmptyModelStillGivesAFile)
               MARK + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CoordinateSystem name=\"CRS1\" />\r\n");
 }
 
+TEST_F(ExportRunTest, PointsAreNumberedAnewInTheModel)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>"));
+    FViewLandXML& model = Context().model;
+    model.intermediatePoints.resize(2);
+    model.intermediatePoints[1].points.resize(2);
+    model.intermediatePoints[1].name = L"former";
+    model.intermediatePoints[1].points[1].featureRef = L"former";
+    model.widthStakePoints.resize(1);
+    model.widthStakePoints[0].name = L"左";
+    model.widthStakePoints[0].points.resize(2);
+    model.widthStakePoints[0].points[0].sequenceText = L"former";
+    ExportRun(folder.Name(L"out.xml"));
+    EXPECT_EQ(model.intermediatePoints[1].name, L"IntermediatePnts-2");
+    EXPECT_EQ(model.intermediatePoints[1].points[0].featureRef, L"1");
+    EXPECT_EQ(model.intermediatePoints[1].points[1].featureRef, L"2");
+    EXPECT_EQ(model.widthStakePoints[0].name, L"左");
+    EXPECT_EQ(model.widthStakePoints[0].points[0].sequenceText, L"1");
+    EXPECT_EQ(model.widthStakePoints[0].points[1].sequenceText, L"2");
+    EXPECT_TRUE(Context().fileWritten);
+}
+
 #ifndef _WIN32
 
 /// Lets no file of the process grow beyond a size, as a full disk does.

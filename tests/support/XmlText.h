@@ -80,6 +80,16 @@ std::wstring Written(const std::wstring& xml, std::int32_t outputVersion = 4)
     return text.Text();
 }
 
+/// What an object's writing says where no element can be added: on a text.
+template <class Element>
+bool WrittenOntoText(Element element)
+{
+    XmlText xml(L"<a>text</a>");
+    WcXmNode text = xml.Root();
+    text.MoveToFirstChild();
+    return element.WriteElement(text);
+}
+
 /// What an object writes under, or onto, the document element, in one line.
 template <class Element>
 std::wstring WrittenInto(Element element, const std::wstring& xml)
