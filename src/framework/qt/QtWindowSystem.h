@@ -11,6 +11,10 @@ class QtWindowSystem : public WindowSystem
   public:
     /// Without a display the text goes to standard error.
     void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+
+    /// Throws CException without a display.
+    std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
+                                                   DialogWindow* owner) override;
 };
 
 } // namespace jlandxml
