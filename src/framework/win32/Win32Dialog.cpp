@@ -139,6 +139,8 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
     {
+    case WM_ACTIVATE:
+        return OnActivate(LOWORD(wParam) != WA_INACTIVE) ? TRUE : FALSE;
     case WM_COMMAND:
         return OnCommand(LOWORD(wParam), HIWORD(wParam)) ? TRUE : FALSE;
     case WM_NOTIFY:
@@ -153,6 +155,14 @@ INT_PTR Win32Dialog::OnOpen()
     open_ = true;
     Tell([&] { events_.OnInitDialog(); });
     return FocusFirst() ? FALSE : TRUE;
+}
+
+/// The first time, the system would put the focus on the first control, whatever was chosen for it at the opening.
+bool Win32Dialog::OnActivate(bool active)
+{
+    const bool first = active && !activated_;
+    activated_ = activated_ || active;
+    return first && FocusFirst();
 }
 
 /// The first edit that the user can type into has the focus; the system's choice would be the tree, which selects its

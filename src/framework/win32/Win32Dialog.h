@@ -47,6 +47,7 @@ class Win32Dialog final : public DialogWindow
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnOpen();
+    bool OnActivate(bool active);
     bool OnCommand(int control, int notification);
     bool OnNotify(const NMHDR& notification);
     bool FocusFirst();
@@ -63,6 +64,7 @@ class Win32Dialog final : public DialogWindow
     HCURSOR cursor_ = nullptr;
     bool settingText_ = false; ///< the change is told by SetText itself
     bool open_ = false;
+    bool activated_ = false;
     DialogResult result_ = DialogResult::Cancelled;
     std::exception_ptr failure_;
 };
