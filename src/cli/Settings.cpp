@@ -113,8 +113,10 @@ Json Parse(const std::wstring& path, const std::string& content)
     }
     catch (const Json::parse_error& error)
     {
-        const std::size_t read = std::min(error.byte, content.size());
-        const auto line = 1 + std::count(content.begin(), content.begin() + static_cast<std::ptrdiff_t>(read), '\n');
+        // The position is that of the byte behind the last good one, counted from 1.
+        const auto good =
+            static_cast<std::ptrdiff_t>(std::min(std::max(error.byte, std::size_t{1}) - 1, content.size()));
+        const auto line = 1 + std::count(content.begin(), content.begin() + good, '\n');
         throw SettingsError(Utf8FromWide(path), "JSON（UTF-8）として読み込めません（" + std::to_string(line) +
                                                     "行目）。書式を確認してください");
     }
