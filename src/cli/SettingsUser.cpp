@@ -326,12 +326,15 @@ SettingsUser::Items SettingsUser::ItemsBelow(TreeItem parent, const SettingObjec
 /// The entry with this shown text, else the first one with this stored value. References are named by their text alone.
 int SettingsUser::FindEntryNamed(const SettingKey& key, const std::wstring& name) const
 {
-    const int shown = key.kind == SettingKind::Flag ? DialogWindow::NO_ENTRY : dialog_.FindEntry(key.control, name);
-    if (shown != DialogWindow::NO_ENTRY || key.kind == SettingKind::Reference)
+    const int count = dialog_.EntryCount(key.control);
+    for (int entry = 0; entry < count && key.kind != SettingKind::Flag; ++entry)
     {
-        return shown;
+        if (dialog_.EntryText(key.control, entry) == name)
+        {
+            return entry;
+        }
     }
-    for (int entry = 0; entry < dialog_.EntryCount(key.control); ++entry)
+    for (int entry = 0; entry < count && key.kind != SettingKind::Reference; ++entry)
     {
         const wchar_t* const value = dialog_.EntryData(key.control, entry);
         if (value != nullptr && name == value)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Settings.h"
-#include "framework/scripted/ScriptedDialog.h"
+#include "framework/DialogHands.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@ namespace jlandxml
 class SettingsUser
 {
   public:
-    explicit SettingsUser(ScriptedDialog& dialog) : dialog_(dialog) {}
+    explicit SettingsUser(DialogHands& dialog) : dialog_(dialog) {}
 
     /// Acts the settings out, without the output button. Throws SettingsError.
     void Act(const Json& settings);
@@ -44,7 +44,7 @@ class SettingsUser
     Items ItemsBelow(TreeItem parent, const SettingObject& object) const;
     int FindEntryNamed(const SettingKey& key, const std::wstring& name) const;
 
-    ScriptedDialog& dialog_;
+    DialogHands& dialog_;
 };
 
 } // namespace jlandxml

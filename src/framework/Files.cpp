@@ -79,10 +79,10 @@ void OutputFile::Close()
     }
 }
 
-ReplacementFile::ReplacementFile(const std::wstring& target) : target_(FollowLinks(target))
+ReplacementFile::ReplacementFile(const std::wstring& target, GatherPlace place) : target_(FollowLinks(target))
 {
     std::optional<std::wstring> work;
-    if (CanBeRenamedOver(target_))
+    if (place == GatherPlace::BesideTarget && CanBeRenamedOver(target_))
     {
         const std::wstring_view folder = FolderOf(target_);
         work = CreateUniqueFile(folder.empty() ? CURRENT_FOLDER : std::wstring(folder), WORK_FILE_PREFIX);
@@ -118,16 +118,12 @@ void ReplacementFile::Write(std::string_view bytes)
 bool ReplacementFile::Commit()
 {
     file_->Close();
-    if (!beside_)
+    if (beside_ && RenameOver(work_, target_))
     {
-        return CopyOver(work_, target_);
+        work_.clear();
+        return true;
     }
-    if (!RenameOver(work_, target_))
-    {
-        return false;
-    }
-    work_.clear();
-    return true;
+    return CopyOver(work_, target_);
 }
 
 } // namespace jlandxml

@@ -31,8 +31,8 @@ FileHandle OpenForReading(const std::wstring& path);
 /// The length of an open file in bytes, its position back at the start; nothing for what has no length, such as a pipe.
 std::optional<std::size_t> FileLength(std::FILE* file);
 
-/// The user's temporary folder with a separator at its end. Nothing if there is none or its name exceeds 260
-/// characters.
+/// The user's temporary folder with a separator at its end. Nothing if there is none or its name, with the separator
+/// and a terminator, exceeds 260 characters.
 std::optional<std::wstring> TemporaryFolder();
 
 /// Creates an empty file with a new name that begins with `prefix` in `folder`; only the user can read it. Nothing on
@@ -50,10 +50,10 @@ std::wstring_view FolderOf(std::wstring_view path);
 bool IsSameFile(const std::wstring& first, const std::wstring& second);
 
 /// Removes a file. False if it could not be removed.
-bool RemoveFile(const std::wstring& path);
+bool RemoveFile(const std::wstring& path) noexcept;
 
-/// A file that this process has made with CreateUniqueFile, written from its start. Every operation throws
-/// CFileException if the system refuses it.
+/// A file that is written from its start; one that doesn't exist yet is made, and only the user can read it. Every
+/// operation throws CFileException if the system refuses it.
 class OutputFile
 {
   public:
@@ -68,14 +68,23 @@ class OutputFile
     FileHandle file_;
 };
 
+/// Where the new content of a target is gathered.
+enum class GatherPlace
+{
+    BesideTarget,
+    TemporaryFolder,
+};
+
 /// The new content of a target. What stood there is whole at any moment, the old file or the new one: the content is
-/// gathered in a file beside the target, which then takes its name. Where the folder takes no new file, or the target
-/// is a device, it is gathered in the temporary folder and copied over. Uncommitted content leaves nothing behind.
+/// gathered in a file beside the target, which then takes its name. A target that doesn't take another file's place
+/// without losing something, such as a device, a file of other names too or somebody else's, gets a copy of content
+/// that is gathered in the temporary folder; so does one whose folder takes no new file. Uncommitted content leaves
+/// nothing behind.
 class ReplacementFile
 {
   public:
     /// Throws CFileException if there is no place to gather the content in.
-    explicit ReplacementFile(const std::wstring& target);
+    explicit ReplacementFile(const std::wstring& target, GatherPlace place = GatherPlace::BesideTarget);
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
     ~ReplacementFile();
@@ -83,8 +92,9 @@ class ReplacementFile
     /// Throws CFileException if the system refuses it.
     void Write(std::string_view bytes);
 
-    /// Puts the content in the target's place. False if the target could not be replaced; then it is as it was.
-    /// Throws CFileException if the content isn't complete.
+    /// Puts the content in the target's place, by a copy if it can't take the name. False if the target takes neither;
+    /// then it is as it was, unless the system fails in the middle of the copy. Throws CFileException if the content
+    /// isn't complete.
     bool Commit();
 
   private:

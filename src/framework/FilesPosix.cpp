@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,9 +17,11 @@ namespace jlandxml
 namespace
 {
 
+/// With the terminator.
 constexpr std::size_t TEMPORARY_FOLDER_LIMIT = 260;
 constexpr mode_t PERMISSION_BITS = 07777;
 constexpr mode_t NEW_FILE_MODE = 0666;
+constexpr mode_t PRIVATE_FILE_MODE = 0600;
 constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
 
 /// An open descriptor that is closed with its scope.
@@ -84,6 +87,38 @@ bool CopyContent(int source, int target)
     }
 }
 
+/// Sets room aside for a whole file where the file system can, so that a full disk is found before anything is lost.
+bool ReserveRoom(int target, const struct stat& standing, off_t size)
+{
+    if (size == 0 || ::fallocate(target, FALLOC_FL_KEEP_SIZE, 0, size) == 0 ||
+        (errno != ENOSPC && errno != EDQUOT && errno != EFBIG))
+    {
+        return true;
+    }
+    // Gives back what was found before the room ran out.
+    (void)!::ftruncate(target, standing.st_size);
+    return false;
+}
+
+/// Writes one open file over another.
+bool CopyOver(int source, int target)
+{
+    struct stat from
+    {};
+    struct stat to
+    {};
+    if (::fstat(source, &from) != 0 || ::fstat(target, &to) != 0)
+    {
+        return false;
+    }
+    if (!S_ISREG(to.st_mode))
+    {
+        return CopyContent(source, target);
+    }
+    return ReserveRoom(target, to, from.st_size) && CopyContent(source, target) &&
+           ::ftruncate(target, from.st_size) == 0;
+}
+
 mode_t ModeOfNewFile()
 {
     const mode_t mask = ::umask(0);
@@ -135,7 +170,7 @@ std::optional<std::wstring> TemporaryFolder()
     {
         folder += L'/';
     }
-    if (folder.size() > TEMPORARY_FOLDER_LIMIT)
+    if (folder.size() >= TEMPORARY_FOLDER_LIMIT)
     {
         return std::nullopt;
     }
@@ -163,14 +198,22 @@ bool IsSameFile(const std::wstring& first, const std::wstring& second)
            one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-bool RemoveFile(const std::wstring& path)
+bool RemoveFile(const std::wstring& path) noexcept
 {
-    return ::unlink(Utf8FromWide(path).c_str()) == 0;
+    try
+    {
+        return ::unlink(Utf8FromWide(path).c_str()) == 0;
+    }
+    catch (const std::bad_alloc&)
+    {
+        return false;
+    }
 }
 
 FileHandle OpenForWriting(const std::wstring& path)
 {
-    const int file = ::open(Utf8FromWide(path).c_str(), O_WRONLY | O_TRUNC | O_NOFOLLOW | O_CLOEXEC);
+    const int file =
+        ::open(Utf8FromWide(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, PRIVATE_FILE_MODE);
     return FileHandle(file >= 0 ? ::fdopen(file, "wb") : nullptr);
 }
 
@@ -191,7 +234,8 @@ bool CanBeRenamedOver(const std::wstring& target)
     const std::string path = Utf8FromWide(target);
     struct stat status
     {};
-    return ::stat(path.c_str(), &status) != 0 || (S_ISREG(status.st_mode) && ::access(path.c_str(), W_OK) == 0);
+    return ::stat(path.c_str(), &status) != 0 || (S_ISREG(status.st_mode) && status.st_nlink == 1 &&
+                                                  status.st_uid == ::geteuid() && ::access(path.c_str(), W_OK) == 0);
 }
 
 bool RenameOver(const std::wstring& work, const std::wstring& target)
@@ -207,8 +251,21 @@ bool RenameOver(const std::wstring& work, const std::wstring& target)
 bool CopyOver(const std::wstring& work, const std::wstring& target)
 {
     const Descriptor source(::open(Utf8FromWide(work).c_str(), O_RDONLY | O_CLOEXEC));
-    Descriptor out(::open(Utf8FromWide(target).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, NEW_FILE_MODE));
-    return source && out && CopyContent(source.Get(), out.Get()) && out.Close();
+    const std::string path = Utf8FromWide(target);
+    // Creating is asked for only where nothing stands: the system may refuse it in a shared folder for a file that may
+    // be written.
+    const bool isNew = ::access(path.c_str(), F_OK) != 0;
+    Descriptor out(::open(path.c_str(), O_WRONLY | O_CLOEXEC | (isNew ? O_CREAT | O_EXCL : 0), NEW_FILE_MODE));
+    const bool opened = static_cast<bool>(out);
+    if (source && opened && CopyOver(source.Get(), out.Get()) && out.Close())
+    {
+        return true;
+    }
+    if (isNew && opened)
+    {
+        ::unlink(path.c_str());
+    }
+    return false;
 }
 
 } // namespace jlandxml

@@ -29,6 +29,23 @@ std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::wstring& path)
     return known ? std::optional(information) : std::nullopt;
 }
 
+/// The length of a file in bytes; 0 if there is none.
+ULONGLONG LengthOf(const std::wstring& path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
+    return ULONGLONG{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
+}
+
+/// False if the target's volume is known to have no room for the work file, also with what stands there given up.
+bool HasRoom(const std::wstring& work, const std::wstring& target)
+{
+    const std::wstring folder(FolderOf(target));
+    ULARGE_INTEGER available{};
+    return GetDiskFreeSpaceExW(folder.empty() ? nullptr : folder.c_str(), &available, nullptr, nullptr) == 0 ||
+           LengthOf(work) <= available.QuadPart + LengthOf(target);
+}
+
 } // namespace
 
 bool PathExists(const std::wstring& path)
@@ -96,7 +113,7 @@ bool IsSameFile(const std::wstring& first, const std::wstring& second)
            one->nFileIndexHigh == other->nFileIndexHigh && one->nFileIndexLow == other->nFileIndexLow;
 }
 
-bool RemoveFile(const std::wstring& path)
+bool RemoveFile(const std::wstring& path) noexcept
 {
     return DeleteFileW(path.c_str()) != 0;
 }
@@ -114,8 +131,13 @@ std::wstring FollowLinks(const std::wstring& path)
 bool CanBeRenamedOver(const std::wstring& target)
 {
     const DWORD attributes = GetFileAttributesW(target.c_str());
-    return attributes == INVALID_FILE_ATTRIBUTES ||
-           (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0;
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+    {
+        return true;
+    }
+    const auto identity = IdentityOf(target);
+    return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0 &&
+           (!identity || identity->nNumberOfLinks == 1);
 }
 
 bool RenameOver(const std::wstring& work, const std::wstring& target)
@@ -125,7 +147,16 @@ bool RenameOver(const std::wstring& work, const std::wstring& target)
 
 bool CopyOver(const std::wstring& work, const std::wstring& target)
 {
-    return CopyFileW(work.c_str(), target.c_str(), FALSE) != 0;
+    const bool isNew = !PathExists(target);
+    if (HasRoom(work, target) && CopyFileW(work.c_str(), target.c_str(), FALSE) != 0)
+    {
+        return true;
+    }
+    if (isNew)
+    {
+        RemoveFile(target);
+    }
+    return false;
 }
 
 } // namespace jlandxml

@@ -46,14 +46,14 @@ std::optional<std::wstring> CreateWorkFile()
     return folder ? CreateUniqueFile(*folder, WORK_FILE_PREFIX) : std::nullopt;
 }
 
-bool Rewrite(const std::wstring& work, const std::wstring& target)
+bool Rewrite(const std::wstring& work, const std::wstring& target, GatherPlace place)
 {
     const FileHandle source = OpenForReading(work);
     if (!source)
     {
         throw CFileException(L"ファイルを開けません: " + work);
     }
-    ReplacementFile replacement(target);
+    ReplacementFile replacement(target, place);
     FinishedText finished([&](std::string_view bytes) { replacement.Write(bytes); });
     std::string block(BLOCK_SIZE, '\0');
     while (const std::size_t size = std::fread(block.data(), 1, block.size(), source.get()))
@@ -66,6 +66,19 @@ bool Rewrite(const std::wstring& work, const std::wstring& target)
     }
     finished.End();
     return replacement.Commit();
+}
+
+/// Where the target's volume has no room for a second file beside it, the temporary folder may have.
+bool RewriteWhereThereIsRoom(const std::wstring& work, const std::wstring& target)
+{
+    try
+    {
+        return Rewrite(work, target, GatherPlace::BesideTarget);
+    }
+    catch (const CFileException&)
+    {
+        return Rewrite(work, target, GatherPlace::TemporaryFolder);
+    }
 }
 
 } // namespace
@@ -85,7 +98,7 @@ bool FinishOutputFile(const std::wstring& targetPath, ConversionContext& context
         work.Keep();
         return false;
     }
-    return Rewrite(work.Path(), targetPath);
+    return RewriteWhereThereIsRoom(work.Path(), targetPath);
 }
 
 } // namespace jlandxml

@@ -123,11 +123,27 @@ std::optional<ParserBuffer> ReadFile(const std::wstring& path)
     return std::ferror(file.get()) == 0 ? std::optional(std::move(buffer)) : std::nullopt;
 }
 
+/// A file of any size may come in, and a full disk be written to: what a step throws is its failure.
+template <class Step>
+bool Succeeds(Step&& step)
+{
+    try
+    {
+        return std::forward<Step>(step)();
+    }
+    catch (...)
+    {
+        return false;
+    }
+}
+
 bool LoadShiftJis(pugi::xml_document& document, std::string_view bytes)
 {
-    const std::optional<std::wstring> text = WideFromCp932(bytes);
-    return text &&
-           document.load_buffer(text->data(), text->size() * sizeof(wchar_t), PARSE_OPTIONS, pugi::encoding_wchar);
+    return Succeeds([&] {
+        const std::optional<std::wstring> text = WideFromCp932(bytes);
+        return text &&
+               document.load_buffer(text->data(), text->size() * sizeof(wchar_t), PARSE_OPTIONS, pugi::encoding_wchar);
+    });
 }
 
 bool LoadPlain(pugi::xml_document& document, ParserBuffer content)
@@ -212,9 +228,14 @@ bool SaveShiftJis(const pugi::xml_document& document, const std::wstring& path)
 {
     WideWriter writer;
     document.save(writer, INDENT, FORMAT_FLAGS, pugi::encoding_wchar);
-    OutputFile file(path);
-    file.Write(Cp932FromWide(writer.text));
-    file.Close();
+    const std::string bytes = Cp932FromWide(writer.text);
+    // A stream that fails says so only to those who ask it: nobody learns of a path that takes no file.
+    Succeeds([&] {
+        OutputFile file(path);
+        file.Write(bytes);
+        file.Close();
+        return true;
+    });
     return true;
 }
 
@@ -229,13 +250,11 @@ bool WcXmAppDocument::LoadDocument(const std::wstring& path)
         return false;
     }
     xmlDocument->reset();
-    std::optional<ParserBuffer> content = ReadFile(path);
-    if (!content)
-    {
-        return false;
-    }
-    return (FirstLineNamesShiftJis(content->View()) && LoadShiftJis(*xmlDocument, content->View())) ||
-           LoadPlain(*xmlDocument, std::move(*content));
+    return Succeeds([&] {
+        std::optional<ParserBuffer> content = ReadFile(path);
+        return content && ((FirstLineNamesShiftJis(content->View()) && LoadShiftJis(*xmlDocument, content->View())) ||
+                           LoadPlain(*xmlDocument, std::move(*content)));
+    });
 }
 
 bool WcXmAppDocument::EnsureDeclaration()
@@ -268,8 +287,7 @@ bool WcXmAppDocument::SaveDocument(const std::wstring& path)
     {
         return false;
     }
-    try
-    {
+    return Succeeds([&] {
         const std::wstring_view encoding = DeclaredEncoding(*xmlDocument);
         if (EqualsIgnoreCase(encoding, SHIFT_JIS))
         {
@@ -280,11 +298,7 @@ bool WcXmAppDocument::SaveDocument(const std::wstring& path)
             return xmlDocument->save_file(path.c_str(), INDENT, FORMAT_FLAGS, pugi::encoding_utf16);
         }
         return SaveUtf8(*xmlDocument, path);
-    }
-    catch (const std::exception&)
-    {
-        return false;
-    }
+    });
 }
 
 bool WcXmDocument::Create()

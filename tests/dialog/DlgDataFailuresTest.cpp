@@ -2,7 +2,6 @@
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
-#include <algorithm>
 #include <memory>
 #include <new>
 #include <typeinfo>
@@ -12,32 +11,7 @@ namespace jlandxml
 namespace
 {
 
-using Messages = std::vector<std::wstring>;
-
 constexpr const wchar_t* LONG_TEXT = L"a text that no string object has room for in itself";
-
-/// A failure that an allocation may throw, and that the stages take for one of the framework's.
-template <class Base>
-class AllocationFailure : public Base, public std::bad_alloc
-{
-  public:
-    using Base::Base;
-};
-
-void FailAsFramework()
-{
-    throw AllocationFailure<CException>(L"cause");
-}
-
-void FailAsFile()
-{
-    throw AllocationFailure<CFileException>(L"cause");
-}
-
-void FailOtherwise()
-{
-    throw std::bad_alloc();
-}
 
 /// A model in which every step finds a text that it has to copy.
 FViewLandXML ModelOfLongTexts()
@@ -68,33 +42,6 @@ void LoadEmptyTexts()
     model.surfaces.emplace_back().surfaces.resize(2);
     model.intermediatePoints.resize(1);
     model.widthStakePoints.resize(1);
-}
-
-/// Makes every allocation of `act` fail in turn, each after `prepare`, and gives the messages in the order in which
-/// they appear first. All of them are of the class `Expected`.
-template <class Expected, class Prepare, class Act>
-Messages MessagesOfAllFailures(void (*fail)(), Prepare prepare, Act act)
-{
-    Messages messages;
-    for (std::size_t allowed = 0;; ++allowed)
-    {
-        prepare();
-        try
-        {
-            const FailingAllocation failing(allowed, fail);
-            act();
-            return messages;
-        }
-        catch (const Expected& exception)
-        {
-            EXPECT_EQ(typeid(exception), typeid(Expected));
-            const std::wstring message = ErrorText(exception);
-            if (std::find(messages.begin(), messages.end(), message) == messages.end())
-            {
-                messages.push_back(message);
-            }
-        }
-    }
 }
 
 class DlgDataFailures : public RunTest, public testing::WithParamInterface<void (*)()>

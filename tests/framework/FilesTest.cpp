@@ -1,12 +1,15 @@
 #include "framework/Files.h"
 
 #include "framework/Exceptions.h"
+#include "support/MountedFolder.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -151,7 +154,56 @@ TEST(Files, AnOutputFileStartsAfresh)
     EXPECT_EQ(folder.Read(L"a"), "new\r\n");
 }
 
-#ifndef _WIN32
+TEST(Files, AnOutputFileThatDoesNotExistYetIsMade)
+{
+    const TestFolder folder;
+    OutputFile file(folder.Name(L"新規"));
+    file.Write("new");
+    file.Close();
+    EXPECT_EQ(folder.Read(L"新規"), "new");
+}
+
+TEST(Files, ContentGatheredInTheTemporaryFolderIsCopiedOver)
+{
+    const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
+    for (const std::string& old : {std::string(), std::string(9, 'o'), std::string(3000000, 'o')})
+    {
+        ReplacementFile file(folder.Write(L"target", old), GatherPlace::TemporaryFolder);
+        file.Write("the new content");
+        EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+        EXPECT_TRUE(file.Commit());
+        EXPECT_EQ(folder.Read(L"target"), "the new content");
+    }
+    EXPECT_TRUE(temporary.Files().empty());
+}
+
+TEST(Files, ATargetOfOtherNamesKeepsThem)
+{
+    const TestFolder folder;
+    folder.Write(L"target", "old");
+    std::filesystem::create_hard_link(folder.Path() / "target", folder.Path() / "other");
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(folder.Read(L"other"), "new");
+}
+
+#ifdef _WIN32
+
+TEST(Files, ATargetThatIsOpenForReadingAndWritingIsCopiedOver)
+{
+    const TestFolder folder;
+    const std::wstring target = folder.Write(L"target", "old");
+    const HANDLE open = CreateFileW(target.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    EXPECT_TRUE(Replace(target, "new"));
+    CloseHandle(open);
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+#else
 
 mode_t ModeOf(const std::filesystem::path& path)
 {
@@ -166,6 +218,8 @@ TEST(Files, WorkFilesArePrivateToTheUser)
     const TestFolder folder;
     const auto unique = CreateUniqueFile(folder.Name() + L"/", L"tsx");
     EXPECT_EQ(ModeOf(*unique), 0600U);
+    const OutputFile made(folder.Name(L"made"));
+    EXPECT_EQ(ModeOf(folder.Path() / "made"), 0600U);
 }
 
 TEST(Files, ContentIsPrivateUntilItIsComplete)
@@ -224,9 +278,74 @@ TEST(Files, AFullDeviceIsAFailure)
         CFileException);
 }
 
-TEST(Files, ATemporaryFolderBeyond260CharactersIsNone)
+TEST(Files, ATargetOfAnotherOwnerKeepsHim)
 {
-    const TemporaryFolderOverride longName("/tmp/" + std::string(300, 'x'));
+    const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    constexpr uid_t OTHER = 12345;
+    if (::chown(target.c_str(), OTHER, OTHER) != 0)
+    {
+        GTEST_SKIP() << "only an administrator can give a file away";
+    }
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    struct stat status
+    {};
+    ASSERT_EQ(::stat(target.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, OTHER);
+    EXPECT_TRUE(temporary.Files().empty());
+}
+
+TEST(Files, ATargetThatTakesNoOtherNameIsCopiedOver)
+{
+    const TestFolder folder;
+    folder.Write(L"target", "old");
+    folder.Write(L"mounted", "old");
+    const MountedFolder mounted(folder.Path() / "target", folder.Path() / "mounted");
+    if (!mounted)
+    {
+        GTEST_SKIP() << "mounting is refused";
+    }
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(folder.Read(L"mounted"), "new");
+    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"mounted", L"target"}));
+}
+
+TEST(Files, AVolumeWithoutRoomForTheCopyKeepsWhatItHolds)
+{
+    const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
+    const MountedFolder mounted(folder.Path(), "size=64k");
+    if (!mounted)
+    {
+        GTEST_SKIP() << "mounting is refused";
+    }
+    folder.Write(L"target", "old");
+    const auto room = std::filesystem::space(folder.Path()).available;
+    for (const wchar_t* const target : {L"target", L"missing"})
+    {
+        ReplacementFile file(folder.Name(target), GatherPlace::TemporaryFolder);
+        file.Write(std::string(100000, 'n'));
+        EXPECT_FALSE(file.Commit());
+    }
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+    EXPECT_EQ(folder.Read(L"target"), "old");
+    EXPECT_EQ(std::filesystem::space(folder.Path()).available, room);
+}
+
+TEST(Files, ATemporaryFolderHas259CharactersAtMost)
+{
+    const auto folderOf = [](std::size_t size) {
+        const TemporaryFolderOverride named("/tmp/" + std::string(size - 6, 'x'));
+        return TemporaryFolder();
+    };
+    EXPECT_EQ(folderOf(259), L"/tmp/" + std::wstring(253, L'x') + L"/");
+    EXPECT_EQ(folderOf(260), std::nullopt);
+    const TemporaryFolderOverride closed("/tmp/" + std::string(254, 'x') + "/");
     EXPECT_EQ(TemporaryFolder(), std::nullopt);
 }
 

@@ -1,5 +1,6 @@
 #include "run/ExecuteQuorvane.h"
 
+#include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
 #include <cstdint>
@@ -38,6 +39,43 @@ TEST_F(ExecuteQuorvaneTest, AMissingWorkFileIsNoFailure)
     EXPECT_EQ(Context().model.coordinateSystem.name, L"");
     EXPECT_TRUE(windows.Messages().empty());
 }
+
+struct RunFailureCase
+{
+    void (*fail)();
+    const wchar_t* message;
+};
+
+class RunFailure : public ExecuteQuorvaneTest, public testing::WithParamInterface<RunFailureCase>
+{};
+
+TEST_P(RunFailure, OfTheLoadIsTheOneMessage)
+{
+    WorkFile("<LandXML/>");
+    const std::wstring name = folder.Name();
+    bool inFrontOfTheLoad = true;
+    for (std::size_t allowed = 0; inFrontOfTheLoad && allowed < 10; ++allowed)
+    {
+        try
+        {
+            const FailingAllocation failing(allowed, GetParam().fail);
+            ExecuteQuorvane(name.c_str(), 0);
+        }
+        catch (const std::bad_alloc&)
+        {
+            continue;
+        }
+        inFrontOfTheLoad = windows.Messages() == std::vector<ShownMessage>(allowed + 1, {L"cause", MessageIcon::None});
+    }
+    ASSERT_FALSE(windows.Messages().empty());
+    EXPECT_EQ(windows.Messages().back(), (ShownMessage{GetParam().message, MessageIcon::None}));
+}
+
+INSTANTIATE_TEST_SUITE_P(ExecuteQuorvane, RunFailure,
+                         testing::Values(RunFailureCase{FailAsFile, L"File operation failed: %s, cause"},
+                                         RunFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
+                                         RunFailureCase{FailOtherwise,
+                                                        L"Unknown exception occurred while loading the CSV file."}));
 
 TEST_F(ExecuteQuorvaneTest, ASecondCallSeesOnlyItsOwnInput)
 {

@@ -1,6 +1,7 @@
 #include "run/ExportRun.h"
 
 #include "run/LoadRun.h"
+#include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
 #ifndef _WIN32
@@ -107,6 +108,35 @@ TEST_F(ExportRunTest, PointsAreNumberedAnewInTheModel)
     EXPECT_TRUE(Context().fileWritten);
 }
 
+struct ExportFailureCase
+{
+    void (*fail)();
+    const wchar_t* message;
+};
+
+class ExportFailure : public ExportRunTest, public testing::WithParamInterface<ExportFailureCase>
+{};
+
+TEST_P(ExportFailure, IsToldInTheWordsOfTheRun)
+{
+    const std::wstring work = WorkFile("<LandXML><CoordinateSystem name=\"a name of some length\"/></LandXML>");
+    const std::wstring path = folder.Name(L"out.xml");
+    const auto prepare = [&] {
+        LoadRun(work);
+        Context().model.intermediatePoints.resize(1);
+    };
+    EXPECT_EQ(MessagesOfAllFailures<JLandXMLExportException>(GetParam().fail, prepare, [&] { ExportRun(path); }),
+              Messages{GetParam().message});
+    EXPECT_TRUE(Context().fileWritten);
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(ExportRun, ExportFailure,
+                         testing::Values(ExportFailureCase{FailAsFile, L"File operation failed: %s, cause"},
+                                         ExportFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
+                                         ExportFailureCase{FailOtherwise,
+                                                           L"Unknown exception occurred while loading the CSV file."}));
+
 #ifndef _WIN32
 
 /// Lets no file of the process grow beyond a size, as a full disk does.
@@ -149,7 +179,7 @@ TEST_F(ExportRunTest, AFullDiskIsReportedWithTheRunsWordsAndTheTargetStays)
     {
         const std::wstring text = ErrorText(exception);
         EXPECT_EQ(text.substr(0, text.find(L"tsx")),
-                  L"File operation failed: %s, ファイルに書き込めません: " + folder.Name() + L"/");
+                  L"File operation failed: %s, ファイルに書き込めません: " + temporaryFolder.Name() + L"/");
     }
     EXPECT_EQ(folder.Read(L"out.xml"), "old");
     EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"Landxml_temp.xml", L"out.xml"}));

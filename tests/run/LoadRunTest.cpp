@@ -1,5 +1,6 @@
 #include "run/LoadRun.h"
 
+#include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
 namespace jlandxml
@@ -50,6 +51,31 @@ TEST_F(LoadRunTest, ASecondLoadSeesOnlyItsOwnInput)
     EXPECT_EQ(Context().model.project.projectPhase, L"");
     EXPECT_EQ(Context().model.coordinateSystem.name, L"c");
 }
+
+struct LoadFailureCase
+{
+    void (*fail)();
+    const wchar_t* message;
+};
+
+class LoadFailure : public LoadRunTest, public testing::WithParamInterface<LoadFailureCase>
+{};
+
+TEST_P(LoadFailure, IsToldInTheWordsOfTheRun)
+{
+    const std::wstring path = WorkFile("<LandXML><CoordinateSystem name=\"a name of some length\"/></LandXML>");
+    const auto prepare = [] { Context().document.Close(); };
+    EXPECT_EQ(MessagesOfAllFailures<LandXMLLoadException>(GetParam().fail, prepare, [&] { LoadRun(path); }),
+              Messages{GetParam().message});
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"a name of some length");
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(LoadRun, LoadFailure,
+                         testing::Values(LoadFailureCase{FailAsFile, L"File operation failed: %s, cause"},
+                                         LoadFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
+                                         LoadFailureCase{FailOtherwise,
+                                                         L"Unknown exception occurred while loading the CSV file."}));
 
 TEST_F(LoadRunTest, TheContextAndTheRouteNameAreOneForTheProcess)
 {

@@ -1,7 +1,14 @@
 #include "run/LoadSideFiles.h"
 
 #include "run/ExecuteQuorvane.h"
+#include "sidefiles/CgPointIntermediateCSVLoader.h"
+#include "sidefiles/CgPointWidthStakeCSVLoader.h"
+#include "sidefiles/SuperElevationCSVLoader.h"
+#include "sidefiles/WideningCSVLoader.h"
+#include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
+
+#include <typeindex>
 
 namespace jlandxml
 {
@@ -71,6 +78,50 @@ TEST_F(LoadSideFilesTest, ABrokenFileEndsTheRunWithOneMessage)
                   {L"General exception occurred: %s, 引数が正しくありません: 4列目", MessageIcon::None}}));
     EXPECT_EQ(GetCurrentRouteName(), L"");
     EXPECT_EQ(Context().model.intermediatePoints.size(), 1U);
+}
+
+TEST_F(LoadSideFilesTest, OfTwoBrokenFilesTheEarlierOneIsTold)
+{
+    folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2\n");
+    folder.Write(L"intermediatePts_temp_1.csv", "n\n");
+    Run(1);
+    EXPECT_EQ(windows.Messages(),
+              (std::vector<ShownMessage>{
+                  {L"General exception occurred: %s, 引数が正しくありません: 2列目", MessageIcon::None}}));
+}
+
+TEST_F(LoadSideFilesTest, TheFilesOfARouteAreReadInOneOrder)
+{
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"widthStake_temp_1.csv", "t\nt\nA,1,2,3,4,5,6,7,8,9\n");
+    folder.Write(L"superElevation_temp_1.csv", "t\nt\n1,0+1,x,,,2,,,,2,\n");
+    folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2,3\n");
+    const std::wstring name = folder.Name();
+    std::vector<std::type_index> failed;
+    bool failing = true;
+    for (std::size_t allowed = 0; failing; ++allowed)
+    {
+        const FailingAllocation allocation(allowed, FailAsFramework);
+        try
+        {
+            LoadSideFiles(name, 1);
+            failing = allocation.HasFailed();
+        }
+        catch (const AllocationFailure<CException>&)
+        {
+            // A path could not be built: no file is being read.
+        }
+        catch (const CException& exception)
+        {
+            if (failed.empty() || failed.back() != typeid(exception))
+            {
+                failed.emplace_back(typeid(exception));
+            }
+        }
+    }
+    EXPECT_EQ(failed,
+              (std::vector<std::type_index>{typeid(IntermediateCSVLoadException), typeid(WidthStakeCSVLoadException),
+                                            typeid(SuperElevationCSVLoadException), typeid(WideningCSVLoadException)}));
 }
 
 TEST_F(LoadSideFilesTest, ASecondCallKeepsOnlyTheOlderRowsOfTheOutputTable)

@@ -26,6 +26,11 @@ FailingAllocation::~FailingAllocation()
     failure = nullptr;
 }
 
+bool FailingAllocation::HasFailed() const
+{
+    return failure == nullptr;
+}
+
 } // namespace jlandxml
 
 void* operator new(std::size_t size)

@@ -1,6 +1,8 @@
 #include "xml/WcXmDocument.h"
 
+#include "framework/Files.h"
 #include "framework/Text.h"
+#include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
 #include "xml/WcXmNode.h"
 
@@ -107,6 +109,13 @@ TEST_F(WcXmDocumentFiles, AFileThatIsNotReallyShiftJisIsTriedAgain)
     EXPECT_EQ(Name(), L"緀");
 }
 
+TEST_F(WcXmDocumentFiles, ATextOfTheCodePageThatTheParserRefusesIsTriedAgain)
+{
+    // The last byte of 線 and the bracket behind it are a character of the code page, so the section never ends.
+    EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a><![CDATA[線]]></a>"));
+    EXPECT_EQ(WcXmNode(document).GetTextContent(), L"線");
+}
+
 TEST_F(WcXmDocumentFiles, MalformedUtf8IsReplacedAndNothingElseIsLost)
 {
     EXPECT_TRUE(Load("<a name=\"\xE8\xB7\xAF\xFF\xE7\xB7\" b=\"\"/>"));
@@ -140,6 +149,31 @@ TEST_F(WcXmDocumentFiles, WhatIsMissingOrBrokenIsRefused)
     EXPECT_FALSE(Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a>"));
     EXPECT_FALSE(Load("<?xml version=\"1.0\""));
 }
+
+struct DeclarationCase
+{
+    const char* declaration;
+    const char* name; ///< how 路 is saved
+};
+
+class Declaration : public WcXmDocumentFiles, public testing::WithParamInterface<DeclarationCase>
+{};
+
+TEST_P(Declaration, NamesTheEncodingOfTheSavedFile)
+{
+    const std::string declaration = GetParam().declaration;
+    EXPECT_TRUE(Load(declaration + "<a name=\"&#x8DEF;\"/>"));
+    EXPECT_EQ(Saved(), declaration + "\n<a name=\"" + GetParam().name + "\" />\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(WcXmDocument, Declaration,
+                         testing::Values(DeclarationCase{"<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
+                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"shift_jis\"?>", "\x98\x48"},
+                                         DeclarationCase{"<?XML version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
+                                         DeclarationCase{"<?xml version=\"1.0\" Encoding=\"Shift_JIS\"?>", "路"},
+                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"SJIS\"?>", "路"},
+                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "路"},
+                                         DeclarationCase{"<?xml version=\"1.0\"?>", "路"}));
 
 TEST_F(WcXmDocumentFiles, AnEarlierTreeIsDroppedAlsoByAFileThatFails)
 {
@@ -200,10 +234,90 @@ TEST_F(WcXmDocumentFiles, ATreeThatIsDeclaredUtf16IsSavedInTheMachinesByteOrder)
     EXPECT_EQ(Saved(), Utf16(L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n<a />\n", false));
 }
 
+TEST_F(WcXmDocumentFiles, OnlyADeclarationThatComesFirstNamesTheEncoding)
+{
+    const std::string name = Cp932FromWide(L"路線");
+    EXPECT_TRUE(Load("<a name=\"" + name + "\"/><?xml version=\"1.0\" encoding=\"Shift_JIS\"?>"));
+    EXPECT_EQ(Saved(), "<a name=\"路線\" />\n<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n");
+}
+
+TEST_F(WcXmDocumentFiles, AFileThatDoesNotExistYetIsMade)
+{
+    for (const char* const encoding : {"UTF-8", "UTF-16", "Shift_JIS"})
+    {
+        EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"" + std::string(encoding) + "\"?><a/>"));
+        const std::string saved = Saved();
+        const std::wstring made = folder.Name(L"new " + WideFromUtf8(encoding));
+        EXPECT_TRUE(document.appDocument->SaveDocument(made));
+        EXPECT_EQ(folder.Read(std::wstring(FileNameOf(made))), saved);
+    }
+}
+
 TEST_F(WcXmDocumentFiles, AFileThatCanNotBeWrittenIsAFailure)
 {
+    for (const char* const encoding : {"UTF-8", "UTF-16"})
+    {
+        EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"" + std::string(encoding) + "\"?><a/>"));
+        EXPECT_FALSE(document.appDocument->SaveDocument(folder.Name(L"missing") + L"/out.xml"));
+    }
+}
+
+TEST_F(WcXmDocumentFiles, AShiftJisFileThatCanNotBeWrittenIsNotTold)
+{
+    EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?><a/>"));
+    EXPECT_TRUE(document.appDocument->SaveDocument(folder.Name(L"missing") + L"/out.xml"));
+    EXPECT_TRUE(document.appDocument->SaveDocument(folder.Name()));
+}
+
+/// Gives the parser no memory while it lives.
+class NoParserMemory
+{
+  public:
+    NoParserMemory() : former_(pugi::get_memory_allocation_function())
+    {
+        pugi::set_memory_management_functions([](std::size_t) -> void* { return nullptr; },
+                                              pugi::get_memory_deallocation_function());
+    }
+    NoParserMemory(const NoParserMemory&) = delete;
+    NoParserMemory& operator=(const NoParserMemory&) = delete;
+    ~NoParserMemory() { pugi::set_memory_management_functions(former_, pugi::get_memory_deallocation_function()); }
+
+  private:
+    pugi::allocation_function former_;
+};
+
+TEST_F(WcXmDocumentFiles, AFileThatDoesNotFitIntoMemoryIsRefused)
+{
     EXPECT_TRUE(Load("<a/>"));
-    EXPECT_FALSE(document.appDocument->SaveDocument(folder.Name(L"missing") + L"/out.xml"));
+    const NoParserMemory none;
+    EXPECT_FALSE(document.appDocument->LoadDocument(folder.Name(L"in.xml")));
+    EXPECT_FALSE(WcXmNode(document).HasNode());
+}
+
+TEST_F(WcXmDocumentFiles, NoStepOfReadingOrWritingRaises)
+{
+    constexpr std::size_t STEPS = 20;
+    std::size_t failed = 0;
+    const std::wstring out = folder.Name(L"out.xml");
+    for (const std::string& bytes :
+         {"<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a name=\"" + Cp932FromWide(L"路線") + "\"/>",
+          std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a name=\"\xFF\"/>")})
+    {
+        const std::wstring in = folder.Write(L"in.xml", bytes);
+        for (std::size_t allowed = 0; allowed < STEPS; ++allowed)
+        {
+            EXPECT_NO_THROW({
+                const FailingAllocation failing(allowed, FailOtherwise);
+                failed += document.appDocument->LoadDocument(in) ? 0 : 1;
+            });
+            EXPECT_NO_THROW({
+                const FailingAllocation failing(allowed, FailOtherwise);
+                document.appDocument->SaveDocument(out);
+            });
+        }
+        EXPECT_TRUE(document.appDocument->LoadDocument(in));
+    }
+    EXPECT_GT(failed, 0U);
 }
 
 TEST_F(WcXmDocumentFiles, TextBeyondTheBasicPlaneAndOfAnyLengthIsSaved)

@@ -120,6 +120,18 @@ TEST(WcXmNode, TheTextOfAnElementIsItsFirstTextChild)
     EXPECT_EQ(xml.Child(L"b").GetTextContent(), L"");
 }
 
+TEST(WcXmNode, ADeclarationHasNoText)
+{
+    XmlText xml(L"<?xml version='1.0'?><a>text</a>");
+    WcXmNode node = xml.Root();
+    node.appNode.node = node.appNode.xmlDocument->first_child();
+    ASSERT_EQ(node.NodeName(), L"xml");
+    EXPECT_EQ(node.GetTextContent(), L"");
+    node.SetTextContent(L"new");
+    EXPECT_EQ(node.GetTextContent(), L"");
+    EXPECT_EQ(xml.Root().GetTextContent(), L"text");
+}
+
 TEST(WcXmNode, SetAttributeKeepsTheSpellingOfAnExistingOne)
 {
     XmlText xml(L"<a x='0' name='1' NAME='2'/>");
@@ -164,6 +176,17 @@ TEST(WcXmNode, SetTextContentOnATextNodeSetsItsValue)
     node.MoveToFirstChild();
     node.SetTextContent(L"new");
     EXPECT_EQ(xml.Text(), L"<a>new</a>");
+}
+
+TEST(WcXmNode, SetTextContentKeepsCharacterDataCharacterData)
+{
+    XmlText xml(L"<a><b/><![CDATA[old]]>other</a>");
+    xml.Root().SetTextContent(L"1 < 2");
+    EXPECT_EQ(xml.Text(), L"<a><b/><![CDATA[1 < 2]]>other</a>");
+    WcXmNode node = xml.Child(L"b");
+    ASSERT_TRUE(node.MoveToNextSibling());
+    node.SetTextContent(L"3 > 2");
+    EXPECT_EQ(xml.Text(), L"<a><b/><![CDATA[3 > 2]]>other</a>");
 }
 
 TEST(WcXmNode, AppendChildElementPutsTheOutCursorOnTheNewElement)

@@ -184,15 +184,6 @@ bool ScriptedDialog::PressEscape()
     return true;
 }
 
-std::vector<std::wstring> ScriptedDialog::Entries(int list) const
-{
-    std::vector<std::wstring> texts;
-    const auto& entries = At(list).entries;
-    std::transform(entries.begin(), entries.end(), std::back_inserter(texts),
-                   [](const Entry& one) { return one.text; });
-    return texts;
-}
-
 std::vector<TreeItem> ScriptedDialog::TreeRoots(int tree) const
 {
     return HandlesOf(At(tree).roots);
@@ -203,7 +194,7 @@ std::vector<TreeItem> ScriptedDialog::TreeChildren(TreeItem item) const
     return HandlesOf(ItemOf(item)->children);
 }
 
-const std::wstring& ScriptedDialog::TreeText(TreeItem item) const
+std::wstring ScriptedDialog::TreeText(TreeItem item) const
 {
     return ItemOf(item)->text;
 }

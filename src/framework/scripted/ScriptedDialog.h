@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Dialog.h"
+#include "framework/DialogHands.h"
 
 #include <deque>
 #include <map>
@@ -21,45 +21,32 @@ struct ScriptedTreeItem
     std::vector<ScriptedTreeItem*> children;
 };
 
-/// A dialog without a display: its controls are plain data, and what a person would do is a call. A person can't reach
-/// what is disabled, hidden or behind a modal window; such a call does nothing and says so with a false result.
-class ScriptedDialog final : public DialogWindow
+/// A dialog without a display: its controls are plain data, and what a person would do is a call.
+class ScriptedDialog final : public DialogWindow, public DialogHands
 {
   public:
     ScriptedDialog(const DialogTemplate& dialog, DialogEvents& events, ScriptedWindowSystem& windows,
                    ScriptedDialog* owner);
 
-    // What a person does.
+    // What a person does and sees.
 
-    /// True if the dialog is in front and the control is there, shown and enabled.
-    bool CanReach(int control) const;
-    /// Clicks a button or a radio. A radio excludes the others of its group.
-    bool Click(int control);
-    /// Puts a whole text into an edit, in one change.
-    bool Type(int control, const std::wstring& text);
-    /// Types one character at the end of an edit.
-    bool TypeCharacter(int control, wchar_t character);
-    bool ChooseEntry(int list, int entry);
-    /// Selects an item of a tree. The dialog hears of it if it wasn't selected.
-    bool ChooseTreeItem(int tree, TreeItem item);
-    /// Presses Enter: the default button.
-    bool PressEnter();
-    /// Presses Escape.
-    bool PressEscape();
-
-    // What a person sees.
+    bool CanReach(int control) const override;
+    bool Click(int control) override;
+    bool Type(int control, const std::wstring& text) override;
+    bool TypeCharacter(int control, wchar_t character) override;
+    bool ChooseEntry(int list, int entry) override;
+    bool ChooseTreeItem(int tree, TreeItem item) override;
+    bool PressEnter() override;
+    bool PressEscape() override;
+    std::vector<TreeItem> TreeRoots(int tree) const override;
+    std::vector<TreeItem> TreeChildren(TreeItem item) const override;
+    std::wstring TreeText(TreeItem item) const override;
 
     bool IsEnabled(int control) const { return At(control).enabled; }
     bool IsShown(int control) const { return At(control).shown; }
     bool HasEnded() const { return ended_; }
-    /// The texts of a list's entries, from above.
-    std::vector<std::wstring> Entries(int list) const;
     /// The texts of a list's entries in the order in which they were added.
     const std::vector<std::wstring>& AddedEntries(int list) const { return At(list).added; }
-    /// The items at the top of a tree.
-    std::vector<TreeItem> TreeRoots(int tree) const;
-    std::vector<TreeItem> TreeChildren(TreeItem item) const;
-    const std::wstring& TreeText(TreeItem item) const;
     bool IsExpanded(TreeItem item) const;
     TreeItem SelectedTreeItem(int tree) const;
     /// What the last notification of the tree answered.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+namespace jlandxml
+{
+
+/// The module's own activation context for as long as a window is open, so that its controls have the system's present
+/// look whatever the host's manifest says.
+class VisualStyles
+{
+  public:
+    VisualStyles();
+    VisualStyles(const VisualStyles&) = delete;
+    VisualStyles& operator=(const VisualStyles&) = delete;
+    ~VisualStyles();
+
+  private:
+    HANDLE context_;
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+};
+
+/// The handle of the module that this code is part of.
+HINSTANCE ThisModule();
+
+} // namespace jlandxml

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "framework/DialogHands.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+// The real windows of a host process that has the module loaded, as a driver in a thread of its own sees and works
+// them. What doesn't come up in time ends the process, since the host's thread would wait for ever.
+
+namespace jlandxml
+{
+
+/// A host with a main window of its own, which loads the module.
+class Host
+{
+  public:
+    explicit Host(const std::wstring& modulePath);
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+    ~Host();
+
+    /// Calls the exported function on this thread while the driver works in another one. Returns when both are done.
+    void Call(const std::wstring& workFolder, std::int32_t routes, const std::function<void()>& driver);
+
+    /// True if the host's main window can be worked and has the focus, as before the call.
+    bool IsInFront() const;
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+enum class KnownDialog
+{
+    Main,
+    Errors
+};
+
+enum class Seen
+{
+    MainDialog,
+    ErrorList,
+    Message,
+    SaveDialog,
+    Nothing ///< the call has returned
+};
+
+/// Waits for a window to come up, or for the call's end.
+Seen WaitForWindow();
+
+/// Waits for a dialog of the module, in front of all others.
+std::unique_ptr<DialogHands> WaitForDialog(KnownDialog which);
+
+/// Waits for a message box, answers it, and gives its text.
+std::wstring AnswerMessage();
+
+/// Waits for the save dialog and answers it with a path, or cancels it.
+void AnswerSaveDialog(const std::optional<std::wstring>& path);
+
+/// Waits until a dialog is closed or behind another window.
+void WaitUntilGone(KnownDialog which);
+
+/// Puts a picture of the window in front into a file.
+void TakePicture(const std::wstring& path);
+
+} // namespace jlandxml

@@ -1,0 +1,478 @@
+#ifdef _WIN32
+
+#include "ui/RealWindows.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <commdlg.h>
+#include <dlgs.h>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
+
+constexpr auto PATIENCE = std::chrono::seconds(60);
+constexpr auto PAUSE = std::chrono::milliseconds(10);
+
+[[noreturn]] void GiveUp(const char* what)
+{
+    std::fprintf(stderr, "no %s came up\n", what);
+    std::fflush(stderr);
+    TerminateProcess(GetCurrentProcess(), 9);
+    std::abort();
+}
+
+template <class Condition>
+auto WaitFor(const char* what, Condition condition)
+{
+    const auto end = std::chrono::steady_clock::now() + PATIENCE;
+    for (;;)
+    {
+        if (auto result = condition())
+        {
+            return result;
+        }
+        if (std::chrono::steady_clock::now() > end)
+        {
+            GiveUp(what);
+        }
+        std::this_thread::sleep_for(PAUSE);
+    }
+}
+
+bool IsDialog(HWND window)
+{
+    wchar_t name[16]{};
+    GetClassNameW(window, name, 16);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return std::wstring_view(name) == L"#32770" && process == GetCurrentProcessId() &&
+           IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
+}
+
+/// The open dialog for which the condition holds; null if there is none.
+HWND FindDialog(const std::function<bool(HWND)>& condition)
+{
+    struct Search
+    {
+        const std::function<bool(HWND)>& condition;
+        HWND found;
+    } search{condition, nullptr};
+    EnumWindows(
+        [](HWND window, LPARAM data) -> BOOL {
+            auto& one = *reinterpret_cast<Search*>(data);
+            if (IsDialog(window) && one.condition(window))
+            {
+                one.found = window;
+                return FALSE;
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::wstring WindowText(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)), L'\0');
+    const LRESULT length = SendMessageW(window, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+HWND FileNameEdit(HWND dialog)
+{
+    const HWND edit = GetDlgItem(dialog, edt1);
+    return edit != nullptr ? edit : GetDlgItem(dialog, cmb13);
+}
+
+/// Whether the module has given the host's thread back.
+std::atomic<bool> callReturned = false;
+
+constexpr int TREE = 1019;
+constexpr int ERROR_LIST = 1062; // an edit of the main dialog too
+
+bool Is(HWND window, KnownDialog which)
+{
+    const bool tree = GetDlgItem(window, TREE) != nullptr;
+    return which == KnownDialog::Main ? tree : !tree && GetDlgItem(window, ERROR_LIST) != nullptr;
+}
+
+bool IsSaveDialog(HWND window)
+{
+    return !Is(window, KnownDialog::Main) && FileNameEdit(window) != nullptr && GetDlgItem(window, stc3) != nullptr;
+}
+
+/// The text of a message box; empty for any other dialog.
+std::wstring MessageText(HWND window)
+{
+    if (Is(window, KnownDialog::Main) || Is(window, KnownDialog::Errors) || IsSaveDialog(window))
+    {
+        return {};
+    }
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        wchar_t name[16]{};
+        GetClassNameW(child, name, 16);
+        if (std::wstring_view(name) == L"Static" && !WindowText(child).empty())
+        {
+            return WindowText(child);
+        }
+    }
+    return {};
+}
+
+/// Works a dialog by the messages that a person's actions cause.
+class Win32Hands final : public DialogHands
+{
+  public:
+    explicit Win32Hands(HWND dialog) : dialog_(dialog) {}
+
+    bool CanReach(int control) const override
+    {
+        const HWND window = At(control);
+        return window != nullptr && IsWindowEnabled(dialog_) != FALSE && IsWindowVisible(window) != FALSE &&
+               IsWindowEnabled(window) != FALSE;
+    }
+
+    bool Click(int control) override
+    {
+        if (!CanReach(control))
+        {
+            return false;
+        }
+        const LRESULT code = Send(control, WM_GETDLGCODE);
+        if ((code & DLGC_RADIOBUTTON) != 0)
+        {
+            Send(control, BM_CLICK);
+            return true;
+        }
+        // A button may open a window, which would keep this thread waiting.
+        PostMessageW(At(control), BM_CLICK, 0, 0);
+        return true;
+    }
+
+    bool Type(int control, const std::wstring& text) override
+    {
+        if (!CanReach(control) || IsReadOnly(control))
+        {
+            return false;
+        }
+        Send(control, EM_SETSEL, 0, -1);
+        Send(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+        return true;
+    }
+
+    bool TypeCharacter(int control, wchar_t character) override
+    {
+        if (!CanReach(control))
+        {
+            return false;
+        }
+        Send(control, EM_SETSEL, static_cast<WPARAM>(Text(control).size()), static_cast<LPARAM>(Text(control).size()));
+        Send(control, WM_CHAR, character);
+        return true;
+    }
+
+    bool ChooseEntry(int list, int entry) override
+    {
+        if (!CanReach(list) || entry < 0 || entry >= EntryCount(list))
+        {
+            return false;
+        }
+        Send(list, CB_SETCURSEL, static_cast<WPARAM>(entry));
+        SendMessageW(dialog_, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE), reinterpret_cast<LPARAM>(At(list)));
+        return true;
+    }
+
+    bool ChooseTreeItem(int tree, TreeItem item) override
+    {
+        if (!CanReach(tree))
+        {
+            return false;
+        }
+        Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+        return true;
+    }
+
+    bool PressEnter() override { return PressKey(VK_RETURN); }
+    bool PressEscape() override { return PressKey(VK_ESCAPE); }
+
+    std::wstring Text(int control) const override
+    {
+        if (!IsList(control))
+        {
+            return WindowText(At(control));
+        }
+        const int entry = SelectedEntry(control);
+        return entry < 0 ? std::wstring() : EntryText(control, entry);
+    }
+
+    int EntryCount(int list) const override
+    {
+        return static_cast<int>(Send(list, IsListBox(list) ? LB_GETCOUNT : CB_GETCOUNT));
+    }
+
+    std::wstring EntryText(int list, int entry) const override
+    {
+        const bool box = IsListBox(list);
+        const auto index = static_cast<WPARAM>(entry);
+        std::wstring text(static_cast<std::size_t>(Send(list, box ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, index)), L'\0');
+        Send(list, box ? LB_GETTEXT : CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+        return text;
+    }
+
+    const wchar_t* EntryData(int list, int entry) const override
+    {
+        return reinterpret_cast<const wchar_t*>(Send(list, CB_GETITEMDATA, static_cast<WPARAM>(entry)));
+    }
+
+    int SelectedEntry(int list) const override { return static_cast<int>(Send(list, CB_GETCURSEL)); }
+    bool IsChecked(int radio) const override { return Send(radio, BM_GETCHECK) == BST_CHECKED; }
+
+    std::vector<TreeItem> TreeRoots(int tree) const override { return Siblings(tree, Next(tree, TVGN_ROOT, nullptr)); }
+
+    std::vector<TreeItem> TreeChildren(TreeItem item) const override
+    {
+        return Siblings(TREE, Next(TREE, TVGN_CHILD, item));
+    }
+
+    std::wstring TreeText(TreeItem item) const override
+    {
+        std::wstring text(1024, L'\0');
+        TVITEMW found = Item(item, TVIF_TEXT);
+        found.pszText = text.data();
+        found.cchTextMax = static_cast<int>(text.size());
+        Send(TREE, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&found));
+        return found.pszText;
+    }
+
+    void* TreeItemData(int tree, TreeItem item) const override
+    {
+        TVITEMW found = Item(item, TVIF_PARAM);
+        Send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&found));
+        return reinterpret_cast<void*>(found.lParam);
+    }
+
+  private:
+    HWND At(int control) const { return GetDlgItem(dialog_, control); }
+
+    LRESULT Send(int control, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return SendMessageW(At(control), message, wParam, lParam);
+    }
+
+    bool IsClass(int control, std::wstring_view wanted) const
+    {
+        wchar_t name[32]{};
+        GetClassNameW(At(control), name, 32);
+        return name == wanted;
+    }
+
+    bool IsListBox(int control) const { return IsClass(control, L"ListBox"); }
+    bool IsList(int control) const { return IsListBox(control) || IsClass(control, L"ComboBox"); }
+    bool IsReadOnly(int control) const { return (GetWindowLongPtrW(At(control), GWL_STYLE) & ES_READONLY) != 0; }
+
+    bool PressKey(WPARAM key) const
+    {
+        if (IsWindowEnabled(dialog_) == FALSE)
+        {
+            return false;
+        }
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        GetGUIThreadInfo(GetWindowThreadProcessId(dialog_, nullptr), &info);
+        PostMessageW(info.hwndFocus != nullptr ? info.hwndFocus : dialog_, WM_KEYDOWN, key, 0);
+        return true;
+    }
+
+    static TVITEMW Item(TreeItem item, UINT mask)
+    {
+        TVITEMW found{};
+        found.mask = mask | TVIF_HANDLE;
+        found.hItem = reinterpret_cast<HTREEITEM>(item);
+        return found;
+    }
+
+    TreeItem Next(int tree, WPARAM which, TreeItem item) const
+    {
+        return reinterpret_cast<TreeItem>(Send(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
+    }
+
+    std::vector<TreeItem> Siblings(int tree, TreeItem first) const
+    {
+        std::vector<TreeItem> items;
+        for (TreeItem item = first; item != nullptr; item = Next(tree, TVGN_NEXT, item))
+        {
+            items.push_back(item);
+        }
+        return items;
+    }
+
+    HWND dialog_;
+};
+
+std::string Narrow(const std::wstring& path)
+{
+    return {path.begin(), path.end()};
+}
+
+/// Writes the pixels of a part of the screen as a picture.
+void WritePicture(const std::wstring& path, const RECT& place)
+{
+    const int width = place.right - place.left;
+    const int height = place.bottom - place.top;
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    const HGDIOBJ former = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
+    BITMAPINFOHEADER info{sizeof(info), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4);
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(), reinterpret_cast<BITMAPINFO*>(&info),
+              DIB_RGB_COLORS);
+    if (std::FILE* const file = std::fopen(Narrow(path).c_str(), "wb"))
+    {
+        std::fprintf(file, "P6 %d %d 255\n", width, height);
+        for (std::size_t pixel = 0; pixel < pixels.size(); pixel += 4)
+        {
+            const unsigned char rgb[] = {pixels[pixel + 2], pixels[pixel + 1], pixels[pixel]};
+            std::fwrite(rgb, 1, sizeof(rgb), file);
+        }
+        std::fclose(file);
+    }
+    SelectObject(memory, former);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+}
+
+} // namespace
+
+struct Host::State
+{
+    HMODULE module;
+    ExportedFunction function;
+    HWND window;
+};
+
+Host::Host(const std::wstring& modulePath) : state_(std::make_unique<State>())
+{
+    state_->module = LoadLibraryW(modulePath.c_str());
+    if (state_->module == nullptr)
+    {
+        GiveUp("module");
+    }
+    state_->function =
+        reinterpret_cast<ExportedFunction>(reinterpret_cast<void*>(GetProcAddress(state_->module, "ExecuteQuorvane")));
+    state_->window = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 700, nullptr,
+                                     nullptr, nullptr, nullptr);
+    SetActiveWindow(state_->window);
+    SetFocus(state_->window);
+}
+
+Host::~Host()
+{
+    DestroyWindow(state_->window);
+    FreeLibrary(state_->module);
+}
+
+void Host::Call(const std::wstring& workFolder, std::int32_t routes, const std::function<void()>& driver)
+{
+    std::atomic<bool> done = false;
+    callReturned = false;
+    std::thread thread([&] {
+        driver();
+        done = true;
+    });
+    state_->function(workFolder.c_str(), routes);
+    callReturned = true;
+    // The driver may still have a message on its way to this thread.
+    while (!done)
+    {
+        MSG message;
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        std::this_thread::sleep_for(PAUSE);
+    }
+    thread.join();
+}
+
+bool Host::IsInFront() const
+{
+    return IsWindowEnabled(state_->window) != FALSE && GetActiveWindow() == state_->window &&
+           GetFocus() == state_->window;
+}
+
+std::unique_ptr<DialogHands> WaitForDialog(KnownDialog which)
+{
+    const HWND dialog = WaitFor("dialog", [&] { return FindDialog([&](HWND window) { return Is(window, which); }); });
+    return std::make_unique<Win32Hands>(dialog);
+}
+
+Seen WaitForWindow()
+{
+    Seen seen = Seen::Nothing;
+    WaitFor("window", [&] {
+        if (callReturned)
+        {
+            return true;
+        }
+        return FindDialog([&](HWND window) {
+                   seen = Is(window, KnownDialog::Main)     ? Seen::MainDialog
+                          : Is(window, KnownDialog::Errors) ? Seen::ErrorList
+                          : IsSaveDialog(window)            ? Seen::SaveDialog
+                                                            : Seen::Message;
+                   return seen != Seen::Message || !MessageText(window).empty();
+               }) != nullptr;
+    });
+    return seen;
+}
+
+std::wstring AnswerMessage()
+{
+    std::wstring text;
+    const HWND box = WaitFor(
+        "message", [&] { return FindDialog([&](HWND window) { return !(text = MessageText(window)).empty(); }); });
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    WaitFor("end of the message", [&] { return IsWindow(box) == FALSE; });
+    return text;
+}
+
+void AnswerSaveDialog(const std::optional<std::wstring>& path)
+{
+    const HWND dialog = WaitFor("save dialog", [] { return FindDialog(IsSaveDialog); });
+    if (path)
+    {
+        SendMessageW(FileNameEdit(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path->c_str()));
+    }
+    PostMessageW(dialog, WM_COMMAND, path ? IDOK : IDCANCEL, 0);
+    WaitFor("end of the save dialog", [&] { return IsWindow(dialog) == FALSE; });
+}
+
+void WaitUntilGone(KnownDialog which)
+{
+    WaitFor("end of the dialog", [&] { return FindDialog([&](HWND window) { return Is(window, which); }) == nullptr; });
+}
+
+void TakePicture(const std::wstring& path)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    RECT place{};
+    GetWindowRect(FindDialog([](HWND) { return true; }), &place);
+    WritePicture(path, place);
+}
+
+} // namespace jlandxml
+
+#endif
