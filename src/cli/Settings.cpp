@@ -85,6 +85,7 @@ constexpr SettingArray PROJECT_ARRAYS[] = {
 constexpr SettingObject PROJECT{"プロジェクト", nullptr, false, PROJECT_KEYS, PROJECT_ARRAYS};
 
 constexpr char COMMENT_MARK = '_';
+constexpr std::string_view TRACE_LINE = "Row Value: ";
 
 /// By Json::value_t.
 constexpr const char* TYPE_NAMES[] = {"null", "オブジェクト", "配列", "文字列",     "真偽値",
@@ -105,18 +106,31 @@ SettingsError UnknownKey(const std::string& path, const SettingObject& object)
     return {path, "未知のキーです（使えるキー: " + known + "）"};
 }
 
+/// The length of the trace lines that a run writes in front of the settings that it prints. So its output can be fed
+/// back as it is.
+std::size_t TraceLength(std::string_view content)
+{
+    std::size_t length = 0;
+    while (content.substr(length).starts_with(TRACE_LINE))
+    {
+        const std::size_t end = content.find('\n', length);
+        length = end == std::string_view::npos ? content.size() : end + 1;
+    }
+    return length;
+}
+
 Json Parse(const std::wstring& path, const std::string& content)
 {
+    const std::size_t trace = TraceLength(content);
     try
     {
-        return Json::parse(content);
+        return Json::parse(std::string_view(content).substr(trace));
     }
     catch (const Json::parse_error& error)
     {
         // The position is that of the byte behind the last good one, counted from 1.
-        const auto good =
-            static_cast<std::ptrdiff_t>(std::min(std::max(error.byte, std::size_t{1}) - 1, content.size()));
-        const auto line = 1 + std::count(content.begin(), content.begin() + good, '\n');
+        const std::size_t good = std::min(trace + std::max(error.byte, std::size_t{1}) - 1, content.size());
+        const auto line = 1 + std::count(content.begin(), content.begin() + static_cast<std::ptrdiff_t>(good), '\n');
         throw SettingsError(Utf8FromWide(path), "JSON（UTF-8）として読み込めません（" + std::to_string(line) +
                                                     "行目）。書式を確認してください");
     }

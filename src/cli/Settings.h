@@ -74,8 +74,8 @@ std::string KeyPath(const std::string& path, const std::string& key);
 std::string EntryPath(const std::string& path, std::size_t index);
 
 /// Reads a settings file, JSON in UTF-8 with or without a byte order mark, and checks its keys and types: all that can
-/// be told without the dialog. Keys that begin with "_" are comments; of a key that occurs twice the last value counts.
-/// Throws SettingsError.
+/// be told without the dialog. What a run printed may be read as it is, its trace lines in front. Keys that begin with
+/// "_" are comments; of a key that occurs twice the last value counts. Throws SettingsError.
 Json ReadSettings(const std::wstring& path);
 
 } // namespace jlandxml

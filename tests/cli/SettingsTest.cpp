@@ -264,6 +264,9 @@ const NoJson NO_JSON[] = {
     {"ALoneSurrogate", "{\"projectName\": \"\\uD800\"}", 1},
     {"Utf16", std::string("\xFF\xFE{\0}\0", 6), 1},
     {"NotANumber", "{\"_\": NaN}", 1},
+    {"ATraceLineAlone", "Row Value: 本線", 1},
+    {"ABrokenTextBehindTraceLines", "Row Value: 本線\nRow Value: {}\n{\n!", 4},
+    {"ATraceLineBehindTheSettings", "{}\nRow Value: 本線\n", 2},
     {"OpenBracketsWithoutEnd", Repeated("[", VERY_DEEP), 1},
 };
 
@@ -282,6 +285,11 @@ INSTANTIATE_TEST_SUITE_P(Cli, SettingsNoJson, testing::ValuesIn(NO_JSON),
 TEST_F(SettingsFile, MayBeginWithAByteOrderMark)
 {
     EXPECT_EQ(Read("\xEF\xBB\xBF{\"projectName\": \"国道\"}"), Json({{"projectName", "国道"}}));
+}
+
+TEST_F(SettingsFile, MayBeginWithTheTraceLinesOfTheRunThatPrintedIt)
+{
+    EXPECT_EQ(Read("Row Value: 本線\nRow Value: \n{\"projectName\": \"国道\"}\n"), Json({{"projectName", "国道"}}));
 }
 
 TEST_F(SettingsFile, ThatCannotBeReadIsAnError)
