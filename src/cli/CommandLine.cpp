@@ -13,6 +13,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <optional>
+#include <sstream>
+#include <utility>
 
 namespace jlandxml
 {
@@ -40,31 +44,89 @@ struct Parsed
     std::optional<ExitStatus> ends;
 };
 
+CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
+{
+    return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
+}
+
+/// The usage is in the user's language, headings and all.
+void Translate(CLI::App& app)
+{
+    constexpr std::pair<const char*, const char*> LABELS[] = {
+        {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
+    for (const auto& [label, translation] : LABELS)
+    {
+        app.get_formatter()->label(label, translation);
+    }
+    app.option_defaults()->group("オプション")->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+std::int32_t ReadRouteCount(const std::string& text)
+{
+    std::int32_t count = 0;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, count);
+    if (read.ec != std::errc() || read.ptr != end)
+    {
+        throw WrongArgument("--routes", "整数で指定してください");
+    }
+    return count;
+}
+
+/// One line about the argument that is wrong.
+std::string Problem(const CLI::ParseError& error)
+{
+    const std::string text = error.what();
+    switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
+    {
+    case CLI::ExitCodes::RequiredError:
+        return "WORK_FOLDER: 作業フォルダーを指定してください";
+    case CLI::ExitCodes::ArgumentMismatch:
+        return text.substr(0, text.find(':')) + ": 値を指定してください";
+    default:
+        return text;
+    }
+}
+
 Parsed Parse(const std::vector<std::wstring>& arguments)
 {
     std::string workFolder;
+    std::string routes;
     std::string settings;
     std::string output;
-    std::int32_t routes = 0;
     Parsed parsed;
 
     CLI::App app("LandXMLの作業フォルダーからJ-LandXMLファイルを出力します。", "jlandxml-convert");
+    Translate(app);
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION, "バージョンを表示します");
     app.set_help_flag("--help", "この説明を表示します");
-    app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required();
+    app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required()->type_name("");
     const CLI::Option* const routesOption =
-        app.add_option("-n,--routes", routes, "路線数（既定値: サイドファイルのある最大の番号）");
-    app.add_option("-s,--settings", settings, "設定ファイル（JSON、UTF-8）");
-    const CLI::Option* const outputOption =
-        app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）");
+        app.add_option("-n,--routes", routes, "路線数（既定値: サイドファイルのある最大の番号）")->type_name("COUNT");
+    const CLI::Option* const settingsOption =
+        app.add_option("-s,--settings", settings, "設定ファイル（JSON、UTF-8）")->type_name("FILE");
+    app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）")->type_name("FILE");
     app.add_flag("--print-settings", parsed.options.printSettings, "現在の設定を設定ファイルの形で表示します");
     app.add_flag("--dialog", parsed.options.dialog, "ホストと同じようにモジュールを呼び出します");
+    app.allow_extras();
     app.final_callback([&] {
-        if (outputOption->count() == 0 && !parsed.options.printSettings && !parsed.options.dialog)
+        if (!app.remaining().empty())
         {
-            throw CLI::RequiredError("--output");
+            throw WrongArgument(app.remaining().front(), "余分な引数です。取り除いてください");
+        }
+        if (output.empty() && !parsed.options.printSettings && !parsed.options.dialog)
+        {
+            throw WrongArgument("--output", "出力ファイルを指定してください");
+        }
+        if (settings.empty() && settingsOption->count() > 0)
+        {
+            throw WrongArgument("--settings", "設定ファイルを指定してください");
+        }
+        if (routesOption->count() > 0)
+        {
+            parsed.options.routes = ReadRouteCount(routes);
         }
     });
 
@@ -75,23 +137,21 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     {
         app.parse(narrow);
     }
-    catch (const CLI::ParseError& error)
+    catch (const CLI::Success& asked)
     {
         std::ostringstream out;
-        std::ostringstream err;
-        const bool asked = app.exit(error, out, err) == 0;
+        app.exit(asked, out);
         WriteStandardOutput(WideFromUtf8(out.str()));
-        WriteStandardError(WideFromUtf8(err.str()));
-        parsed.ends = asked ? ExitStatus::FileWritten : ExitStatus::WrongUsage;
-        return parsed;
+        parsed.ends = ExitStatus::FileWritten;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
+        parsed.ends = ExitStatus::WrongUsage;
     }
     parsed.options.workFolder = WideFromUtf8(workFolder);
     parsed.options.settingsFile = WideFromUtf8(settings);
     parsed.options.outputFile = WideFromUtf8(output);
-    if (routesOption->count() > 0)
-    {
-        parsed.options.routes = routes;
-    }
     return parsed;
 }
 
@@ -126,7 +186,14 @@ class BatchRun
     ExitStatus Run()
     {
         const WindowsScope scope(windows_);
-        ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
+        try
+        {
+            ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
+        }
+        catch (const std::exception&)
+        {
+            // What the module doesn't take, such as memory that isn't there, has ended the run without a word.
+        }
         return Report();
     }
 
@@ -186,9 +253,9 @@ class BatchRun
         {
             return ExitStatus::Findings;
         }
-        if (options_.printSettings)
+        if (printed_)
         {
-            WriteStandardOutput(printed_ + L"\n");
+            WriteStandardOutput(*printed_ + L"\n");
             return ExitStatus::FileWritten;
         }
         if (!GetConversionContext().fileWritten)
@@ -204,7 +271,7 @@ class BatchRun
     ScriptedWindowSystem windows_;
     std::vector<std::wstring> findings_;
     std::wstring settingsError_;
-    std::wstring printed_;
+    std::optional<std::wstring> printed_;
 };
 
 ExitStatus RunScripted(const Options& options)
@@ -244,7 +311,8 @@ ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
     {
         return *parsed.ends;
     }
-    if (!PathExists(parsed.options.workFolder))
+    // With a separator behind it, the name of a file is none of a folder.
+    if (!PathExists(parsed.options.workFolder + L"/"))
     {
         WriteStandardError(parsed.options.workFolder + L": 作業フォルダーがありません。\n");
         return ExitStatus::WrongUsage;

@@ -20,6 +20,7 @@ using namespace convert_dlg;
 
 constexpr const char* ROAD_ONLY = "河川の路線では入力できません";
 constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
+constexpr const char* NOT_NOW = SettingKey{}.disabled;
 constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
 
 constexpr SettingKey PROJECT_KEYS[] = {
@@ -31,32 +32,32 @@ constexpr SettingKey PROJECT_KEYS[] = {
 
 constexpr SettingKey ROUTE_KEYS[] = {
     {"designGmType", SettingKind::RouteKind, ROAD},
-    {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION, ROAD_ONLY},
-    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME, ROAD_ONLY, &TRAFFIC_VOLUME_INPUT},
-    {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION, RIVER_ONLY},
-    {"side", SettingKind::Entry, RIVER_SIDE, RIVER_ONLY},
+    {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION, nullptr, ROAD_ONLY},
+    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME, &TRAFFIC_VOLUME_INPUT, ROAD_ONLY},
+    {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION, nullptr, RIVER_ONLY},
+    {"side", SettingKind::Entry, RIVER_SIDE, nullptr, RIVER_ONLY},
 };
 
 constexpr SettingKey ALIGNMENT_KEYS[] = {
-    {"mainInterval", SettingKind::Text, MAIN_INTERVAL, LOCKED, &MAIN_INTERVAL_INPUT},
-    {"subInterval", SettingKind::Text, SUB_INTERVAL, LOCKED, &SUB_INTERVAL_INPUT},
-    {"method", SettingKind::Entry, METHOD, LOCKED},
-    {"normalCrown", SettingKind::Text, NORMAL_CROWN, "", &NORMAL_CROWN_INPUT},
+    {"mainInterval", SettingKind::Text, MAIN_INTERVAL, &MAIN_INTERVAL_INPUT, LOCKED},
+    {"subInterval", SettingKind::Text, SUB_INTERVAL, &SUB_INTERVAL_INPUT, LOCKED},
+    {"method", SettingKind::Entry, METHOD, nullptr, LOCKED},
+    {"normalCrown", SettingKind::Text, NORMAL_CROWN, &NORMAL_CROWN_INPUT},
     {"singleLaneRoad", SettingKind::Flag, LANES},
     {"useSlopeList", SettingKind::Flag, SUPERELEVATION_DEFINITION},
 };
 
 constexpr SettingKey SURFACE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, SURFACE_REFERENCE, LOCKED},
+    {"alignmentRefs", SettingKind::Reference, SURFACE_REFERENCE, nullptr, LOCKED},
     {"kind", SettingKind::Entry, SURFACE_KIND},
 };
 
 constexpr SettingKey INTERMEDIATE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, INTERMEDIATE_REFERENCE, LOCKED},
+    {"alignmentRefs", SettingKind::Reference, INTERMEDIATE_REFERENCE, nullptr, LOCKED},
 };
 
 constexpr SettingKey WIDTH_STAKE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, WIDTH_STAKE_REFERENCE, LOCKED},
+    {"alignmentRefs", SettingKind::Reference, WIDTH_STAKE_REFERENCE, nullptr, LOCKED},
     {"type", SettingKind::Entry, CLOSURE_TYPE},
     {"desc", SettingKind::Text, WIDTH_STAKE_DESC},
 };
@@ -67,90 +68,146 @@ bool Is(const DlgDataItem& item)
     return dynamic_cast<const Object*>(&item) != nullptr;
 }
 
-constexpr SettingObject ALIGNMENT{"線形", Is<DlgDataAlignment>, true, ALIGNMENT_KEYS};
-constexpr SettingObject ROUTE{"路線", Is<DlgDataAlignments>, true, ROUTE_KEYS, "alignments", &ALIGNMENT};
-constexpr SettingObject SURFACE{"サーフェス", Is<DlgDataSurface>, true, SURFACE_KEYS};
-constexpr SettingObject SURFACE_SET{"サーフェスセット", Is<DlgDataSurfaces>, false, {}, "surfaces", &SURFACE};
-constexpr SettingObject INTERMEDIATE{"中間点のグループ", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_KEYS};
-constexpr SettingObject WIDTH_STAKE{"幅杭のグループ", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_KEYS};
-
-constexpr SettingArray ARRAYS[] = {
+constexpr SettingObject ALIGNMENT{"線形", Is<DlgDataAlignment>, true, ALIGNMENT_KEYS, {}};
+constexpr SettingArray ROUTE_ARRAYS[] = {{"alignments", &ALIGNMENT}};
+constexpr SettingObject ROUTE{"路線", Is<DlgDataAlignments>, true, ROUTE_KEYS, ROUTE_ARRAYS};
+constexpr SettingObject SURFACE{"サーフェス", Is<DlgDataSurface>, true, SURFACE_KEYS, {}};
+constexpr SettingArray SURFACE_SET_ARRAYS[] = {{"surfaces", &SURFACE}};
+constexpr SettingObject SURFACE_SET{"サーフェスセット", Is<DlgDataSurfaces>, false, {}, SURFACE_SET_ARRAYS};
+constexpr SettingObject INTERMEDIATE{"中間点のグループ", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_KEYS, {}};
+constexpr SettingObject WIDTH_STAKE{"幅杭のグループ", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_KEYS, {}};
+constexpr SettingArray PROJECT_ARRAYS[] = {
     {"routes", &ROUTE},
     {"surfaceSets", &SURFACE_SET},
     {"intermediatePoints", &INTERMEDIATE},
     {"widthStakes", &WIDTH_STAKE},
 };
+constexpr SettingObject PROJECT{"プロジェクト", nullptr, false, PROJECT_KEYS, PROJECT_ARRAYS};
 
 constexpr char COMMENT_MARK = '_';
+constexpr std::string_view TRACE_LINE = "Row Value: ";
 
-Json ParseFile(const std::wstring& path)
+/// By Json::value_t.
+constexpr const char* TYPE_NAMES[] = {"null", "オブジェクト", "配列", "文字列",     "真偽値",
+                                      "数値", "数値",         "数値", "バイナリー", "不明な値"};
+
+SettingsError WrongType(const std::string& path, const Json& value, const std::string& wanted)
+{
+    return {path, TYPE_NAMES[static_cast<std::size_t>(value.type())] + std::string("は指定できません。") + wanted +
+                      "で指定してください"};
+}
+
+SettingsError UnknownKey(const std::string& path, const SettingObject& object)
+{
+    std::string known;
+    const auto add = [&](const auto& key) { known += (known.empty() ? "" : "、") + std::string(key.name); };
+    std::for_each(object.keys.begin(), object.keys.end(), add);
+    std::for_each(object.arrays.begin(), object.arrays.end(), add);
+    return {path, "未知のキーです（使えるキー: " + known + "）"};
+}
+
+/// The length of the trace lines that a run writes in front of the settings that it prints. So its output can be fed
+/// back as it is.
+std::size_t TraceLength(std::string_view content)
+{
+    std::size_t length = 0;
+    while (content.substr(length).starts_with(TRACE_LINE))
+    {
+        const std::size_t end = content.find('\n', length);
+        length = end == std::string_view::npos ? content.size() : end + 1;
+    }
+    return length;
+}
+
+Json Parse(const std::wstring& path, const std::string& content)
+{
+    const std::size_t trace = TraceLength(content);
+    try
+    {
+        return Json::parse(std::string_view(content).substr(trace));
+    }
+    catch (const Json::parse_error& error)
+    {
+        // The position is that of the byte behind the last good one, counted from 1.
+        const std::size_t good = std::min(trace + std::max(error.byte, std::size_t{1}) - 1, content.size());
+        const auto line = 1 + std::count(content.begin(), content.begin() + static_cast<std::ptrdiff_t>(good), '\n');
+        throw SettingsError(Utf8FromWide(path), "JSON（UTF-8）として読み込めません（" + std::to_string(line) +
+                                                    "行目）。書式を確認してください");
+    }
+}
+
+Json ReadJson(const std::wstring& path)
 {
     try
     {
         if (const std::optional<std::string> content = ReadWholeFile(path))
         {
-            return Json::parse(*content);
+            return Parse(path, *content);
         }
     }
     catch (const CFileException&)
     {
         // Told as one that can't be opened is.
     }
-    catch (const Json::parse_error& error)
+    throw SettingsError(Utf8FromWide(path),
+                        "設定ファイルを読み込めません。ファイルの場所とアクセス権を確認してください");
+}
+
+void CheckText(const Json& value, const std::string& path)
+{
+    if (!value.is_string())
     {
-        throw SettingsError(Utf8FromWide(path),
-                            "JSONとして読み込めません（" + std::to_string(error.byte) + "バイト目）");
+        throw WrongType(path, value, "文字列");
     }
-    throw SettingsError(Utf8FromWide(path), "設定ファイルを読み込めません");
+    // A window's texts end at this character: what stands behind it would be lost without a word.
+    if (value.get_ref<const std::string&>().find('\0') != std::string::npos)
+    {
+        throw SettingsError(path, "文字U+0000は使えません。取り除いてください");
+    }
 }
 
 void CheckValue(const SettingKey& key, const Json& value, const std::string& path)
 {
-    if (key.kind == SettingKind::Flag)
+    if (key.kind != SettingKind::Flag)
     {
-        if (!value.is_boolean())
-        {
-            throw SettingsError(path, "trueまたはfalseで指定してください");
-        }
+        CheckText(value, path);
     }
-    else if (!value.is_string())
+    else if (!value.is_boolean())
     {
-        throw SettingsError(path, "文字列で指定してください");
+        throw WrongType(path, value, "trueまたはfalse");
     }
 }
 
-/// Checks the value of one of these keys. False if the name is none of theirs.
-bool CheckKey(std::span<const SettingKey> keys, const std::string& name, const Json& value, const std::string& path)
+template <class Key>
+const Key* FindNamed(std::span<const Key> keys, const std::string& name)
 {
-    const auto key = std::find_if(keys.begin(), keys.end(), [&](const SettingKey& one) { return name == one.name; });
-    if (key == keys.end())
-    {
-        return false;
-    }
-    CheckValue(*key, value, path);
-    return true;
+    const auto key = std::find_if(keys.begin(), keys.end(), [&](const Key& one) { return name == one.name; });
+    return key == keys.end() ? nullptr : &*key;
 }
 
 void CheckArray(const SettingObject& object, const Json& array, const std::string& path);
 
 void CheckObject(const SettingObject& object, const Json& json, const std::string& path)
 {
-    if (!json.is_object())
-    {
-        throw SettingsError(path, "オブジェクトまたはnullで指定してください");
-    }
     for (const auto& [name, value] : json.items())
     {
         const std::string keyPath = KeyPath(path, name);
-        if (name.starts_with(COMMENT_MARK) || CheckKey(object.keys, name, value, keyPath))
+        if (name.starts_with(COMMENT_MARK))
         {
             continue;
         }
-        if (object.childrenName == nullptr || name != object.childrenName)
+        if (const SettingKey* const key = FindNamed(object.keys, name))
         {
-            throw SettingsError(keyPath, "未知のキーです");
+            CheckValue(*key, value, keyPath);
         }
-        CheckArray(*object.children, value, keyPath);
+        else if (const SettingArray* const array = FindNamed(object.arrays, name))
+        {
+            CheckArray(*array->object, value, keyPath);
+        }
+        else
+        {
+            throw UnknownKey(keyPath, object);
+        }
     }
 }
 
@@ -158,42 +215,40 @@ void CheckArray(const SettingObject& object, const Json& array, const std::strin
 {
     if (!array.is_array())
     {
-        throw SettingsError(path, "配列で指定してください");
+        throw WrongType(path, array, "配列");
     }
     for (std::size_t index = 0; index < array.size(); ++index)
     {
-        if (!array[index].is_null())
+        const Json& entry = array[index];
+        const std::string entryPath = EntryPath(path, index);
+        if (entry.is_object())
         {
-            CheckObject(object, array[index], EntryPath(path, index));
+            CheckObject(object, entry, entryPath);
+        }
+        else if (!entry.is_null())
+        {
+            throw WrongType(entryPath, entry, "オブジェクトまたはnull");
         }
     }
 }
 
-void CheckTop(const std::string& name, const Json& value)
+/// Control characters come from the file; a message stays one line whatever they are.
+std::string OneLine(std::string text)
 {
-    if (name.starts_with(COMMENT_MARK) || CheckKey(PROJECT_KEYS, name, value, name))
-    {
-        return;
-    }
-    const auto* const array =
-        std::find_if(std::begin(ARRAYS), std::end(ARRAYS), [&](const SettingArray& one) { return name == one.name; });
-    if (array == std::end(ARRAYS))
-    {
-        throw SettingsError(name, "未知のキーです");
-    }
-    CheckArray(*array->object, value, name);
+    std::replace_if(
+        text.begin(), text.end(), [](char character) { return character >= 0 && character < ' '; }, ' ');
+    return text;
 }
 
 } // namespace
 
-std::span<const SettingKey> ProjectSettings()
-{
-    return PROJECT_KEYS;
-}
+SettingsError::SettingsError(const std::string& path, const std::string& text)
+    : std::runtime_error(OneLine(path + ": " + text))
+{}
 
-std::span<const SettingArray> SettingArrays()
+const SettingObject& ProjectSettings()
 {
-    return ARRAYS;
+    return PROJECT;
 }
 
 std::string KeyPath(const std::string& path, const std::string& key)
@@ -208,15 +263,12 @@ std::string EntryPath(const std::string& path, std::size_t index)
 
 Json ReadSettings(const std::wstring& path)
 {
-    Json settings = ParseFile(path);
+    Json settings = ReadJson(path);
     if (!settings.is_object())
     {
-        throw SettingsError(Utf8FromWide(path), "オブジェクトで指定してください");
+        throw WrongType(Utf8FromWide(path), settings, "オブジェクト");
     }
-    for (const auto& [name, value] : settings.items())
-    {
-        CheckTop(name, value);
-    }
+    CheckObject(PROJECT, settings, "");
     return settings;
 }
 

@@ -11,15 +11,17 @@ namespace jlandxml
 class DlgDataItem;
 struct NumberInputRule;
 
-/// Settings keep the order of their keys, since people read and edit them.
-using Json = nlohmann::ordered_json;
+/// Settings as they are read: a key is found at once among however many.
+using Json = nlohmann::json;
 
-/// A settings file that can't be acted out. The text begins with the JSON path and says in Japanese what would be
-/// right.
+/// Settings as they are printed: in the order in which people read and edit them.
+using PrintedJson = nlohmann::ordered_json;
+
+/// A settings file that can't be acted out. The text is one line: the JSON path, what is wrong, what would be right.
 class SettingsError : public std::runtime_error
 {
   public:
-    SettingsError(const std::string& path, const std::string& text) : std::runtime_error(path + ": " + text) {}
+    SettingsError(const std::string& path, const std::string& text);
 };
 
 /// How a key's value is put into its control.
@@ -28,7 +30,7 @@ enum class SettingKind
     Text,      ///< a string that is set in an edit
     Entry,     ///< a string that names an entry of a list by its shown text or its stored value
     Reference, ///< a string that names an entry by its shown text alone
-    Flag,      ///< true or false, stored values of a list's entries
+    Flag,      ///< true or false: the stored value of an entry of a list
     RouteKind  ///< a string that names one of two radios
 };
 
@@ -38,40 +40,42 @@ struct SettingKey
     const char* name;
     SettingKind kind;
     int control;
-    /// Why the control may be disabled.
-    const char* disabled = "";
     /// What may be typed, in a filtered edit.
     const NumberInputRule* input = nullptr;
+    /// Why the control may be disabled.
+    const char* disabled = "いまは変更できません";
 };
 
-/// What an object of a settings file stands for in the dialog's tree: its keys, and the array of the objects below it.
-struct SettingObject
-{
-    const char* noun; ///< in messages
-    bool (*standsFor)(const DlgDataItem& item);
-    bool selects; ///< whether its own item is selected
-    std::span<const SettingKey> keys;
-    const char* childrenName = nullptr;
-    const SettingObject* children = nullptr;
-};
+struct SettingObject;
 
-/// One array at the top of a settings file.
+/// A key whose array holds one object for each of the dialog's objects of a kind, by position.
 struct SettingArray
 {
     const char* name;
     const SettingObject* object;
 };
 
-/// What a settings file says, in the order in which it is acted out: the project with the coordinate system, then the
-/// arrays.
-std::span<const SettingKey> ProjectSettings();
-std::span<const SettingArray> SettingArrays();
+/// What an object of a settings file stands for in the dialog's tree: its keys, and the arrays of the objects below it.
+/// They are acted out in this order.
+struct SettingObject
+{
+    const char* noun; ///< in messages
+    bool (*standsFor)(const DlgDataItem& item);
+    bool selects; ///< whether its own item is selected
+    std::span<const SettingKey> keys;
+    std::span<const SettingArray> arrays;
+};
+
+/// A settings file as a whole: the project with the coordinate system, which have no item in the tree.
+const SettingObject& ProjectSettings();
 
 /// The path of a key or of an array's entry below another path.
 std::string KeyPath(const std::string& path, const std::string& key);
 std::string EntryPath(const std::string& path, std::size_t index);
 
-/// Reads a settings file, JSON in UTF-8, and checks its keys and types. Throws SettingsError.
+/// Reads a settings file, JSON in UTF-8 with or without a byte order mark, and checks its keys and types: all that can
+/// be told without the dialog. What a run printed may be read as it is, its trace lines in front. Keys that begin with
+/// "_" are comments; of a key that occurs twice the last value counts. Throws SettingsError.
 Json ReadSettings(const std::wstring& path);
 
 } // namespace jlandxml

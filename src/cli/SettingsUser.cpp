@@ -67,6 +67,14 @@ SettingsError NoSuchChoice(const std::string& path, const std::wstring& name, co
     return {path, Quoted(name) + "は選択できません（選択肢: " + (list.empty() ? "なし" : list) + "）"};
 }
 
+void AddUnlessNull(PrintedJson& target, const char* name, PrintedJson value)
+{
+    if (!value.is_null())
+    {
+        target[name] = std::move(value);
+    }
+}
+
 SettingsError Refused(const std::string& path, const std::wstring& text, const NumberInputRule* rule)
 {
     std::string problem = Quoted(text) + "は入力できません";
@@ -84,14 +92,7 @@ SettingsError Refused(const std::string& path, const std::wstring& text, const N
 
 void SettingsUser::Act(const Json& settings)
 {
-    ActKeys(ProjectSettings(), settings, "");
-    for (const SettingArray& array : SettingArrays())
-    {
-        if (const auto value = settings.find(array.name); value != settings.end())
-        {
-            ActArray(*array.object, ItemsOf(*array.object), *value, array.name);
-        }
-    }
+    ActObject(ProjectSettings(), nullptr, settings, "");
 }
 
 void SettingsUser::ActArray(const SettingObject& object, const Items& items, const Json& array, const std::string& path)
@@ -118,24 +119,18 @@ void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const J
     {
         dialog_.ChooseTreeItem(TREE, item);
     }
-    ActKeys(object.keys, settings, path);
-    if (object.children == nullptr)
-    {
-        return;
-    }
-    if (const auto children = settings.find(object.childrenName); children != settings.end())
-    {
-        ActArray(*object.children, ChildrenOf(*object.children, item), *children, KeyPath(path, object.childrenName));
-    }
-}
-
-void SettingsUser::ActKeys(std::span<const SettingKey> keys, const Json& settings, const std::string& path)
-{
-    for (const SettingKey& key : keys)
+    for (const SettingKey& key : object.keys)
     {
         if (const auto value = settings.find(key.name); value != settings.end())
         {
             ActKey(key, *value, KeyPath(path, key.name));
+        }
+    }
+    for (const SettingArray& array : object.arrays)
+    {
+        if (const auto value = settings.find(array.name); value != settings.end())
+        {
+            ActArray(*array.object, ItemsBelow(item, *array.object), *value, KeyPath(path, array.name));
         }
     }
 }
@@ -197,23 +192,14 @@ void SettingsUser::ActRouteKind(const std::wstring& name, const std::string& pat
 
 // Printing
 
-Json SettingsUser::Print()
+PrintedJson SettingsUser::Print()
 {
-    Json json = PrintKeys(ProjectSettings());
-    for (const ReadOnlyValue& value : READ_ONLY_VALUES)
-    {
-        json[LOCKED_KEY][value.name] = Utf8FromWide(dialog_.Text(value.control));
-    }
-    for (const SettingArray& array : SettingArrays())
-    {
-        json[array.name] = PrintArray(*array.object, ItemsOf(*array.object));
-    }
-    return json;
+    return PrintObject(ProjectSettings(), nullptr);
 }
 
-Json SettingsUser::PrintArray(const SettingObject& object, const Items& items)
+PrintedJson SettingsUser::PrintArray(const SettingObject& object, const Items& items)
 {
-    Json array = Json::array();
+    PrintedJson array = PrintedJson::array();
     for (const TreeItem item : items)
     {
         array.push_back(PrintObject(object, item));
@@ -221,50 +207,42 @@ Json SettingsUser::PrintArray(const SettingObject& object, const Items& items)
     return array;
 }
 
-Json SettingsUser::PrintObject(const SettingObject& object, TreeItem item)
+PrintedJson SettingsUser::PrintReadOnlyValues() const
 {
-    Json json = {{NAME_KEY, Utf8FromWide(dialog_.TreeText(item))}};
-    if (object.selects)
+    PrintedJson values;
+    for (const ReadOnlyValue& value : READ_ONLY_VALUES)
     {
-        dialog_.ChooseTreeItem(TREE, item);
-        json.update(PrintKeys(object.keys));
-    }
-    if (object.children != nullptr)
-    {
-        json[object.childrenName] = PrintArray(*object.children, ChildrenOf(*object.children, item));
-    }
-    return json;
-}
-
-Json SettingsUser::PrintKeys(std::span<const SettingKey> keys) const
-{
-    Json values = Json::object();
-    Json locked = Json::object();
-    Json choices = Json::object();
-    for (const SettingKey& key : keys)
-    {
-        if (Json value = PrintValue(key); !value.is_null())
-        {
-            (dialog_.CanReach(key.control) ? values : locked)[key.name] = std::move(value);
-        }
-        if (Json offered = PrintChoices(key); !offered.is_null())
-        {
-            choices[key.name] = std::move(offered);
-        }
-    }
-    if (!locked.empty())
-    {
-        values[LOCKED_KEY] = std::move(locked);
-    }
-    if (!choices.empty())
-    {
-        values[CHOICES_KEY] = std::move(choices);
+        values[value.name] = Utf8FromWide(dialog_.Text(value.control));
     }
     return values;
 }
 
+PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item)
+{
+    if (object.selects)
+    {
+        dialog_.ChooseTreeItem(TREE, item);
+    }
+    PrintedJson json =
+        item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(item))}} : PrintedJson::object();
+    PrintedJson locked = item != nullptr ? PrintedJson() : PrintReadOnlyValues();
+    PrintedJson choices;
+    for (const SettingKey& key : object.keys)
+    {
+        AddUnlessNull(dialog_.CanReach(key.control) ? json : locked, key.name, PrintValue(key));
+        AddUnlessNull(choices, key.name, PrintChoices(key));
+    }
+    for (const SettingArray& array : object.arrays)
+    {
+        json[array.name] = PrintArray(*array.object, ItemsBelow(item, *array.object));
+    }
+    AddUnlessNull(json, LOCKED_KEY, std::move(locked));
+    AddUnlessNull(json, CHOICES_KEY, std::move(choices));
+    return json;
+}
+
 /// Null where nothing is selected.
-Json SettingsUser::PrintValue(const SettingKey& key) const
+PrintedJson SettingsUser::PrintValue(const SettingKey& key) const
 {
     if (key.kind == SettingKind::Text)
     {
@@ -275,7 +253,7 @@ Json SettingsUser::PrintValue(const SettingKey& key) const
         const auto* const kind =
             std::find_if(std::begin(ROUTE_KINDS), std::end(ROUTE_KINDS),
                          [&](const RouteKindRadio& one) { return dialog_.IsChecked(one.control); });
-        return kind == std::end(ROUTE_KINDS) ? Json() : Json(Utf8FromWide(kind->name));
+        return kind == std::end(ROUTE_KINDS) ? PrintedJson() : PrintedJson(Utf8FromWide(kind->name));
     }
     const int entry = dialog_.SelectedEntry(key.control);
     if (entry == DialogWindow::NO_ENTRY)
@@ -290,16 +268,16 @@ Json SettingsUser::PrintValue(const SettingKey& key) const
 }
 
 /// Null where nothing is chosen from a list.
-Json SettingsUser::PrintChoices(const SettingKey& key) const
+PrintedJson SettingsUser::PrintChoices(const SettingKey& key) const
 {
     switch (key.kind)
     {
     case SettingKind::Text:
         return {};
     case SettingKind::RouteKind:
-        return Json::array({Utf8FromWide(ROAD_DESIGN), Utf8FromWide(RIVER_DESIGN)});
+        return PrintedJson::array({Utf8FromWide(ROAD_DESIGN), Utf8FromWide(RIVER_DESIGN)});
     case SettingKind::Flag: {
-        Json meanings = Json::object();
+        PrintedJson meanings = PrintedJson::object();
         for (int entry = 0; entry < dialog_.EntryCount(key.control); ++entry)
         {
             meanings[Utf8FromWide(dialog_.EntryData(key.control, entry))] =
@@ -308,7 +286,7 @@ Json SettingsUser::PrintChoices(const SettingKey& key) const
         return meanings;
     }
     default: {
-        Json texts = Json::array();
+        PrintedJson texts = PrintedJson::array();
         for (const std::wstring& text : dialog_.Entries(key.control))
         {
             texts.push_back(Utf8FromWide(text));
@@ -325,30 +303,24 @@ const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
     return *static_cast<const DlgDataItem*>(dialog_.TreeItemData(TREE, item));
 }
 
-/// The items of one kind at the top of the tree or among the point groups, which stand below an item of their own.
-SettingsUser::Items SettingsUser::ItemsOf(const SettingObject& object) const
+/// The items that an object's settings pair with. The point groups stand below an item of their own, which no settings
+/// name.
+SettingsUser::Items SettingsUser::ItemsBelow(TreeItem parent, const SettingObject& object) const
 {
     Items items;
-    for (const TreeItem root : dialog_.TreeRoots(TREE))
+    for (const TreeItem item : parent != nullptr ? dialog_.TreeChildren(parent) : dialog_.TreeRoots(TREE))
     {
-        if (object.standsFor(DataOf(root)))
+        if (object.standsFor(DataOf(item)))
         {
-            items.push_back(root);
+            items.push_back(item);
         }
-        else if (dynamic_cast<const DlgDataCgPointsList*>(&DataOf(root)) != nullptr)
+        else if (dynamic_cast<const DlgDataCgPointsList*>(&DataOf(item)) != nullptr)
         {
-            const Items groups = ChildrenOf(object, root);
+            const Items groups = ItemsBelow(item, object);
             items.insert(items.end(), groups.begin(), groups.end());
         }
     }
     return items;
-}
-
-SettingsUser::Items SettingsUser::ChildrenOf(const SettingObject& object, TreeItem item) const
-{
-    Items children = dialog_.TreeChildren(item);
-    std::erase_if(children, [&](TreeItem child) { return !object.standsFor(DataOf(child)); });
-    return children;
 }
 
 /// The entry with this shown text, else the first one with this stored value. References are named by their text alone.
