@@ -23,7 +23,7 @@ struct ScriptedTreeItem
 
 /// A dialog without a display: its controls are plain data, and what a person would do is a call. A person can't reach
 /// what is disabled, hidden or behind a modal window; such a call does nothing and says so with a false result.
-class ScriptedDialog final : public DialogWindow
+class ScriptedDialog : public DialogWindow
 {
   public:
     ScriptedDialog(const DialogTemplate& dialog, DialogEvents& events, ScriptedWindowSystem& windows,
