@@ -1,7 +1,9 @@
 #include "support/ConvertDlgFixture.h"
 #include "support/FailingAllocation.h"
 
+#include <algorithm>
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <typeinfo>
 
@@ -20,7 +22,8 @@ struct WindowFailure
 {
     int control = 0; ///< of which an operation fails; none if 0
     void (*fail)() = nullptr;
-    void (*failAllocation)() = nullptr; ///< while the user has to wait
+    std::optional<std::size_t> allocationsBeforeExport = {};   ///< how many succeed while the user has to wait
+    std::optional<std::size_t> allocationsBehindControls = {}; ///< how many succeed after all controls are read
 };
 
 void ThrowFramework()
@@ -43,6 +46,13 @@ void ThrowNumber()
     throw 5;
 }
 
+/// A failure that an allocation may throw, and that the stages take for one of the framework's.
+class AllocationFailure : public CException, public std::bad_alloc
+{
+  public:
+    using CException::CException;
+};
+
 /// A window that lets the operations fail which only the inner steps of the dialog's logic use.
 class FailingDialog final : public ScriptedDialog
 {
@@ -56,6 +66,7 @@ class FailingDialog final : public ScriptedDialog
     std::wstring Text(int control) const override
     {
         FailAt(control);
+        lastRead_ = control;
         return ScriptedDialog::Text(control);
     }
 
@@ -77,17 +88,26 @@ class FailingDialog final : public ScriptedDialog
         ScriptedDialog::SetChecked(radio, checked);
     }
 
+    /// The place of the vertical datum is the last that the output command reads.
+    int SelectedEntry(int list) const override
+    {
+        if (list == VERTICAL_DATUM && lastRead_ == HORIZONTAL_COORDINATE_SYSTEM)
+        {
+            FailAllocation(failure_.allocationsBehindControls);
+        }
+        return ScriptedDialog::SelectedEntry(list);
+    }
+
     void ShowWaitCursor(bool shown) override
     {
         ScriptedDialog::ShowWaitCursor(shown);
-        if (shown && failure_.failAllocation != nullptr)
-        {
-            allocation_.emplace(0, failure_.failAllocation);
-        }
-        else
-        {
-            allocation_.reset();
-        }
+        FailAllocation(shown ? failure_.allocationsBeforeExport : std::nullopt);
+    }
+
+    void ShowMessage(const std::wstring& text) override
+    {
+        allocation_.reset();
+        ScriptedDialog::ShowMessage(text);
     }
 
   private:
@@ -99,8 +119,18 @@ class FailingDialog final : public ScriptedDialog
         }
     }
 
+    void FailAllocation(std::optional<std::size_t> allowed) const
+    {
+        allocation_.reset();
+        if (allowed)
+        {
+            allocation_.emplace(*allowed, [] { throw AllocationFailure(CAUSE); });
+        }
+    }
+
     const WindowFailure& failure_;
-    std::optional<FailingAllocation> allocation_;
+    mutable std::optional<FailingAllocation> allocation_;
+    mutable int lastRead_ = 0;
 };
 
 class FailingWindows final : public ScriptedWindowSystem
@@ -138,7 +168,7 @@ class ConvertDlgFailures : public ConvertDlgTest, public testing::WithParamInter
         return opened.DoModal();
     }
 
-    void FailAt(int control) { failing.failure = {control, GetParam().fail, nullptr}; }
+    void FailAt(int control) { failing.failure = {control, GetParam().fail}; }
     void FailNoMore() { failing.failure = {}; }
 
     /// The one message that has been shown since the last look.
@@ -377,7 +407,7 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheOutputCommandAndTheDialogGoesOn)
     const std::wstring before = Dump(Model());
     JLandXmlConvertDlg opened;
     failing.SetUser([&](ScriptedDialog& window) {
-        failing.failure = {PROJECT_NAME, GetParam().fail, nullptr};
+        failing.failure = {PROJECT_NAME, GetParam().fail};
         window.Click(OUTPUT);
         ASSERT_EQ(failing.Messages().size(), 1U);
         EXPECT_EQ(failing.Messages()[0].text, OUTPUT_COMMAND + (L", " + std::wstring(GetParam().shown)));
@@ -390,13 +420,6 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheOutputCommandAndTheDialogGoesOn)
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgHandlers,
                          testing::Values(HandlerCase{ThrowFramework, CAUSE}, HandlerCase{ThrowStandard, CAUSE},
                                          HandlerCase{ThrowNumber, L"不明な例外が発生しました。"}));
-
-/// A failure that an allocation may throw, and that the stages take for one of the framework's.
-class AllocationFailure : public CException, public std::bad_alloc
-{
-  public:
-    using CException::CException;
-};
 
 class ConvertDlgOutputFailures : public ConvertDlgTest
 {
@@ -416,7 +439,7 @@ class ConvertDlgOutputFailures : public ConvertDlgTest
 TEST_F(ConvertDlgOutputFailures, OfTheExportAreShownAndTheDialogStaysOpenWithTheModelApplied)
 {
     JLandXmlConvertDlg opened;
-    failing.failure.failAllocation = [] { throw AllocationFailure(CAUSE); };
+    failing.failure.allocationsBeforeExport = 0;
     failing.SetUser([&](ScriptedDialog& window) {
         window.Type(PROJECT_NAME, L"別の工事");
         window.Click(OUTPUT);
@@ -431,6 +454,34 @@ TEST_F(ConvertDlgOutputFailures, OfTheExportAreShownAndTheDialogStaysOpenWithThe
     });
     EXPECT_EQ(opened.DoModal(), DialogResult::Cancelled);
     EXPECT_FALSE(Context().fileWritten);
+}
+
+TEST_F(ConvertDlgOutputFailures, OfApplyingAreShownAndNoFileIsAskedFor)
+{
+    const std::wstring longName(200, L'名');
+    JLandXmlConvertDlg opened;
+    failing.SetUser([&](ScriptedDialog& window) {
+        window.Type(PROJECT_NAME, longName);
+        std::wstring shown;
+        // The checks come first; they have memory to ask for too.
+        for (std::size_t allowed = 0; shown.find(L"更新中") == std::wstring::npos; ++allowed)
+        {
+            ASSERT_LT(allowed, 1000U);
+            failing.failure.allocationsBehindControls = allowed;
+            window.Click(OUTPUT);
+            ASSERT_FALSE(window.HasEnded());
+            shown = failing.Messages().back().text;
+        }
+        EXPECT_EQ(shown, L"出力処理中にエラーが発生しました。, プロジェクト情報を更新中にエラーが発生しました。, 原因");
+        EXPECT_NE(Model().project.name, longName);
+        failing.failure = {};
+        window.Click(OUTPUT);
+        EXPECT_TRUE(window.HasEnded());
+        EXPECT_EQ(Model().project.name, longName);
+    });
+    EXPECT_EQ(opened.DoModal(), DialogResult::Accepted);
+    const std::vector<std::wstring>& records = failing.Records();
+    EXPECT_EQ(std::count(records.begin(), records.end(), L"save " + folder.Name(L"out.xml")), 1);
 }
 
 } // namespace
