@@ -224,7 +224,7 @@ PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item
         dialog_.ChooseTreeItem(TREE, item);
     }
     PrintedJson json =
-        item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(item))}} : PrintedJson::object();
+        item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(TREE, item))}} : PrintedJson::object();
     PrintedJson locked = item != nullptr ? PrintedJson() : PrintReadOnlyValues();
     PrintedJson choices;
     for (const SettingKey& key : object.keys)
@@ -308,7 +308,7 @@ const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
 SettingsUser::Items SettingsUser::ItemsBelow(TreeItem parent, const SettingObject& object) const
 {
     Items items;
-    for (const TreeItem item : parent != nullptr ? dialog_.TreeChildren(parent) : dialog_.TreeRoots(TREE))
+    for (const TreeItem item : dialog_.TreeChildren(TREE, parent))
     {
         if (object.standsFor(DataOf(item)))
         {

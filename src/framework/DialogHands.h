@@ -13,8 +13,13 @@ namespace jlandxml
 class DialogHands
 {
   public:
+    DialogHands() = default;
+    DialogHands(const DialogHands&) = delete;
+    DialogHands& operator=(const DialogHands&) = delete;
     virtual ~DialogHands() = default;
 
+    virtual bool IsEnabled(int control) const = 0;
+    virtual bool IsShown(int control) const = 0;
     /// True if the dialog is in front and the control is there, shown and enabled.
     virtual bool CanReach(int control) const = 0;
     /// Clicks a button or a radio. A radio excludes the others of its group.
@@ -38,10 +43,10 @@ class DialogHands
     virtual const wchar_t* EntryData(int list, int entry) const = 0;
     virtual int SelectedEntry(int list) const = 0;
     virtual bool IsChecked(int radio) const = 0;
-    /// The items at the top of a tree.
-    virtual std::vector<TreeItem> TreeRoots(int tree) const = 0;
-    virtual std::vector<TreeItem> TreeChildren(TreeItem item) const = 0;
-    virtual std::wstring TreeText(TreeItem item) const = 0;
+    /// The items below another one; below none, those at the top.
+    virtual std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const = 0;
+    virtual std::wstring TreeText(int tree, TreeItem item) const = 0;
+    virtual bool IsExpanded(int tree, TreeItem item) const = 0;
     virtual void* TreeItemData(int tree, TreeItem item) const = 0;
 
     /// The texts of a list's entries, from above.

@@ -220,8 +220,8 @@ const SelectionCase SELECTIONS[] = {
 
 TreeItem At(const ScriptedDialog& window, const Path& path)
 {
-    TreeItem item = window.TreeRoots(TREE).at(path[0]);
-    return path.size() == 1 ? item : window.TreeChildren(item).at(path[1]);
+    TreeItem item = window.TreeChildren(TREE, nullptr).at(path[0]);
+    return path.size() == 1 ? item : window.TreeChildren(TREE, item).at(path[1]);
 }
 
 TEST_P(ConvertDlgFailures, OfSelectingNameTheKindOfObject)

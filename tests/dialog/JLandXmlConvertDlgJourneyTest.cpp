@@ -211,8 +211,8 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         TreeItem item = nullptr;
         if (object != nullptr)
         {
-            item = window.TreeRoots(TREE).at(object->path[0]);
-            item = object->path.size() == 1 ? item : window.TreeChildren(item).at(object->path[1]);
+            item = window.TreeChildren(TREE, nullptr).at(object->path[0]);
+            item = object->path.size() == 1 ? item : window.TreeChildren(TREE, item).at(object->path[1]);
         }
         window.ChooseTreeItem(TREE, item);
         Leave();

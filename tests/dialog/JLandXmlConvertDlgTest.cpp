@@ -28,12 +28,12 @@ constexpr std::size_t POINTS_ITEM = 5;
 Lines TreeLines(const ScriptedDialog& window)
 {
     Lines lines;
-    for (const TreeItem root : window.TreeRoots(TREE))
+    for (const TreeItem root : window.TreeChildren(TREE, nullptr))
     {
-        lines.push_back((window.IsExpanded(root) ? L"-" : L"+") + window.TreeText(root));
-        for (const TreeItem child : window.TreeChildren(root))
+        lines.push_back((window.IsExpanded(TREE, root) ? L"-" : L"+") + window.TreeText(TREE, root));
+        for (const TreeItem child : window.TreeChildren(TREE, root))
         {
-            lines.push_back(L" " + window.TreeText(child));
+            lines.push_back(L" " + window.TreeText(TREE, child));
         }
     }
     return lines;

@@ -11,30 +11,6 @@ namespace
 using namespace conformance;
 using Lines = std::vector<std::wstring>;
 
-class ScriptedHands final : public DialogHands
-{
-  public:
-    explicit ScriptedHands(ScriptedDialog& dialog) : dialog_(dialog) {}
-
-    bool Click(int control) override { return dialog_.Click(control); }
-    bool TypeCharacter(int edit, wchar_t character) override { return dialog_.TypeCharacter(edit, character); }
-    bool ChooseEntry(int list, int entry) override { return dialog_.ChooseEntry(list, entry); }
-    bool ChooseTreeItem(int tree, TreeItem item) override { return dialog_.ChooseTreeItem(tree, item); }
-    bool PressEnter() override { return dialog_.PressEnter(); }
-    bool PressEscape() override { return dialog_.PressEscape(); }
-    bool IsEnabled(int control) const override { return dialog_.IsEnabled(control); }
-    bool IsShown(int control) const override { return dialog_.IsShown(control); }
-    std::wstring TreeText(int /*tree*/, TreeItem item) const override { return dialog_.TreeText(item); }
-    std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const override
-    {
-        return parent == nullptr ? dialog_.TreeRoots(tree) : dialog_.TreeChildren(parent);
-    }
-    bool IsExpanded(int /*tree*/, TreeItem item) const override { return dialog_.IsExpanded(item); }
-
-  private:
-    ScriptedDialog& dialog_;
-};
-
 class ScriptedLayer final : public DialogLayer
 {
   public:
@@ -42,10 +18,7 @@ class ScriptedLayer final : public DialogLayer
 
     void SetUser(User user) override
     {
-        windows_.SetUser([work = std::move(user)](ScriptedDialog& dialog) {
-            ScriptedHands hands(dialog);
-            work(dialog, hands);
-        });
+        windows_.SetUser([work = std::move(user)](ScriptedDialog& dialog) { work(dialog, dialog); });
     }
 
   private:

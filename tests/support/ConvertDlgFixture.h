@@ -97,8 +97,7 @@ class ConvertDlgTest : public RunTest
         TreeItem item = nullptr;
         for (const std::size_t place : path)
         {
-            item =
-                item == nullptr ? window.TreeRoots(convert_dlg::TREE).at(place) : window.TreeChildren(item).at(place);
+            item = window.TreeChildren(convert_dlg::TREE, item).at(place);
         }
         return item;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/Collation.h"
-#include "framework/Dialog.h"
+#include "framework/DialogHands.h"
 #include "framework/Window.h"
 
 #include <algorithm>
@@ -19,29 +19,6 @@
 
 namespace jlandxml
 {
-
-/// What a person does at a window and sees of it. What a person can't reach isn't done, and the result is false.
-class DialogHands
-{
-  public:
-    DialogHands() = default;
-    DialogHands(const DialogHands&) = delete;
-    DialogHands& operator=(const DialogHands&) = delete;
-    virtual ~DialogHands() = default;
-
-    virtual bool Click(int control) = 0;
-    virtual bool TypeCharacter(int edit, wchar_t character) = 0;
-    virtual bool ChooseEntry(int list, int entry) = 0;
-    virtual bool ChooseTreeItem(int tree, TreeItem item) = 0;
-    virtual bool PressEnter() = 0;
-    virtual bool PressEscape() = 0;
-
-    virtual bool IsEnabled(int control) const = 0;
-    virtual bool IsShown(int control) const = 0;
-    virtual std::wstring TreeText(int tree, TreeItem item) const = 0;
-    virtual std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const = 0;
-    virtual bool IsExpanded(int tree, TreeItem item) const = 0;
-};
 
 /// A window layer with a person in front of it.
 class DialogLayer

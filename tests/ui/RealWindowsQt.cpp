@@ -216,17 +216,36 @@ class QtHands final : public DialogHands
         return OnWidgets([&] { return As<QRadioButton>(radio)->isChecked(); });
     }
 
-    std::vector<TreeItem> TreeRoots(int tree) const override
+    std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const override
     {
-        return OnWidgets([&] { return Children(As<QTreeWidget>(tree)->invisibleRootItem()); });
+        return OnWidgets([&] {
+            const QTreeWidgetItem* const item = parent != nullptr ? reinterpret_cast<QTreeWidgetItem*>(parent)
+                                                                  : As<QTreeWidget>(tree)->invisibleRootItem();
+            std::vector<TreeItem> items;
+            for (int child = 0; child < item->childCount(); ++child)
+            {
+                items.push_back(reinterpret_cast<TreeItem>(item->child(child)));
+            }
+            return items;
+        });
     }
 
-    std::vector<TreeItem> TreeChildren(TreeItem item) const override
+    bool IsExpanded(int /*tree*/, TreeItem item) const override
     {
-        return OnWidgets([&] { return Children(reinterpret_cast<QTreeWidgetItem*>(item)); });
+        return OnWidgets([&] { return reinterpret_cast<QTreeWidgetItem*>(item)->isExpanded(); });
     }
 
-    std::wstring TreeText(TreeItem item) const override
+    bool IsEnabled(int control) const override
+    {
+        return OnWidgets([&] { return As<QWidget>(control)->isEnabled(); });
+    }
+
+    bool IsShown(int control) const override
+    {
+        return OnWidgets([&] { return !As<QWidget>(control)->isHidden(); });
+    }
+
+    std::wstring TreeText(int /*tree*/, TreeItem item) const override
     {
         return OnWidgets([&] { return reinterpret_cast<QTreeWidgetItem*>(item)->text(0).toStdWString(); });
     }
@@ -265,16 +284,6 @@ class QtHands final : public DialogHands
             QApplication::sendEvent(focused, &press);
         });
         return true;
-    }
-
-    static std::vector<TreeItem> Children(const QTreeWidgetItem* item)
-    {
-        std::vector<TreeItem> items;
-        for (int child = 0; child < item->childCount(); ++child)
-        {
-            items.push_back(reinterpret_cast<TreeItem>(item->child(child)));
-        }
-        return items;
     }
 
     QDialog* dialog_;

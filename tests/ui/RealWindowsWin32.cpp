@@ -61,13 +61,32 @@ bool IsDialog(HWND window)
            IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
 }
 
-/// True when a control of the dialog has the focus: the dialog has filled its controls by then.
+/// Whether the module has given the host's thread back.
+std::atomic<bool> callReturned = false;
+
+constexpr int TREE = 1019;
+constexpr int ERROR_LIST = 1062; // an edit of the main dialog too
+
+/// The dialog over the host's window that has nothing left to do but wait for the user.
+std::atomic<HWND> idleDialog = nullptr;
+
+LRESULT CALLBACK HostProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_ENTERIDLE)
+    {
+        idleDialog = reinterpret_cast<HWND>(lParam);
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+/// True when a control of the dialog has the focus, and the dialog, where it is the host's, has come to wait.
 bool IsReady(HWND dialog)
 {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
     GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
-    return info.hwndFocus != nullptr && IsChild(dialog, info.hwndFocus) != FALSE;
+    const bool opened = GetDlgItem(dialog, TREE) == nullptr || idleDialog == dialog;
+    return opened && info.hwndFocus != nullptr && IsChild(dialog, info.hwndFocus) != FALSE;
 }
 
 /// The open dialog for which the condition holds; null if there is none.
@@ -106,12 +125,6 @@ HWND FileNameEdit(HWND dialog)
     return edit != nullptr ? edit : GetDlgItem(dialog, cmb13);
 }
 
-/// Whether the module has given the host's thread back.
-std::atomic<bool> callReturned = false;
-
-constexpr int TREE = 1019;
-constexpr int ERROR_LIST = 1062; // an edit of the main dialog too
-
 bool Is(HWND window, KnownDialog which)
 {
     const bool tree = GetDlgItem(window, TREE) != nullptr;
@@ -147,6 +160,9 @@ class Win32Hands final : public DialogHands
 {
   public:
     explicit Win32Hands(HWND dialog) : dialog_(dialog) {}
+
+    bool IsEnabled(int control) const override { return IsWindowEnabled(At(control)) != FALSE; }
+    bool IsShown(int control) const override { return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_VISIBLE) != 0; }
 
     bool CanReach(int control) const override
     {
@@ -250,21 +266,32 @@ class Win32Hands final : public DialogHands
     int SelectedEntry(int list) const override { return static_cast<int>(Send(list, CB_GETCURSEL)); }
     bool IsChecked(int radio) const override { return Send(radio, BM_GETCHECK) == BST_CHECKED; }
 
-    std::vector<TreeItem> TreeRoots(int tree) const override { return Siblings(tree, Next(tree, TVGN_ROOT, nullptr)); }
-
-    std::vector<TreeItem> TreeChildren(TreeItem item) const override
+    std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const override
     {
-        return Siblings(TREE, Next(TREE, TVGN_CHILD, item));
+        std::vector<TreeItem> items;
+        TreeItem item = Next(tree, parent != nullptr ? TVGN_CHILD : TVGN_ROOT, parent);
+        for (; item != nullptr; item = Next(tree, TVGN_NEXT, item))
+        {
+            items.push_back(item);
+        }
+        return items;
     }
 
-    std::wstring TreeText(TreeItem item) const override
+    std::wstring TreeText(int tree, TreeItem item) const override
     {
         std::wstring text(1024, L'\0');
         TVITEMW found = Item(item, TVIF_TEXT);
         found.pszText = text.data();
         found.cchTextMax = static_cast<int>(text.size());
-        Send(TREE, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&found));
+        Send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&found));
         return found.pszText;
+    }
+
+    bool IsExpanded(int tree, TreeItem item) const override
+    {
+        const auto state =
+            static_cast<UINT>(Send(tree, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item), TVIS_EXPANDED));
+        return (state & TVIS_EXPANDED) != 0;
     }
 
     void* TreeItemData(int tree, TreeItem item) const override
@@ -317,16 +344,6 @@ class Win32Hands final : public DialogHands
     TreeItem Next(int tree, WPARAM which, TreeItem item) const
     {
         return reinterpret_cast<TreeItem>(Send(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
-    }
-
-    std::vector<TreeItem> Siblings(int tree, TreeItem first) const
-    {
-        std::vector<TreeItem> items;
-        for (TreeItem item = first; item != nullptr; item = Next(tree, TVGN_NEXT, item))
-        {
-            items.push_back(item);
-        }
-        return items;
     }
 
     HWND dialog_;
@@ -387,6 +404,7 @@ Host::Host(const std::wstring& modulePath) : state_(std::make_unique<State>())
         reinterpret_cast<ExportedFunction>(reinterpret_cast<void*>(GetProcAddress(state_->module, "ExecuteQuorvane")));
     state_->window = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 700, nullptr,
                                      nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(state_->window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HostProcedure));
     SetActiveWindow(state_->window);
     SetFocus(state_->window);
 }

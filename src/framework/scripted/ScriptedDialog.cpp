@@ -184,22 +184,17 @@ bool ScriptedDialog::PressEscape()
     return true;
 }
 
-std::vector<TreeItem> ScriptedDialog::TreeRoots(int tree) const
+std::vector<TreeItem> ScriptedDialog::TreeChildren(int tree, TreeItem parent) const
 {
-    return HandlesOf(At(tree).roots);
+    return HandlesOf(parent != nullptr ? ItemOf(parent)->children : At(tree).roots);
 }
 
-std::vector<TreeItem> ScriptedDialog::TreeChildren(TreeItem item) const
-{
-    return HandlesOf(ItemOf(item)->children);
-}
-
-std::wstring ScriptedDialog::TreeText(TreeItem item) const
+std::wstring ScriptedDialog::TreeText(int /*tree*/, TreeItem item) const
 {
     return ItemOf(item)->text;
 }
 
-bool ScriptedDialog::IsExpanded(TreeItem item) const
+bool ScriptedDialog::IsExpanded(int /*tree*/, TreeItem item) const
 {
     return ItemOf(item)->expanded;
 }

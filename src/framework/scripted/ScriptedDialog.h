@@ -38,16 +38,15 @@ class ScriptedDialog : public DialogWindow, public DialogHands
     bool ChooseTreeItem(int tree, TreeItem item) override;
     bool PressEnter() override;
     bool PressEscape() override;
-    std::vector<TreeItem> TreeRoots(int tree) const override;
-    std::vector<TreeItem> TreeChildren(TreeItem item) const override;
-    std::wstring TreeText(TreeItem item) const override;
+    std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const override;
+    std::wstring TreeText(int tree, TreeItem item) const override;
+    bool IsExpanded(int tree, TreeItem item) const override;
+    bool IsEnabled(int control) const override { return At(control).enabled; }
+    bool IsShown(int control) const override { return At(control).shown; }
 
-    bool IsEnabled(int control) const { return At(control).enabled; }
-    bool IsShown(int control) const { return At(control).shown; }
     bool HasEnded() const { return ended_; }
     /// The texts of a list's entries in the order in which they were added.
     const std::vector<std::wstring>& AddedEntries(int list) const { return At(list).added; }
-    bool IsExpanded(TreeItem item) const;
     TreeItem SelectedTreeItem(int tree) const;
     /// What the last notification of the tree answered.
     long TreeNotificationResult() const { return treeNotificationResult_; }
