@@ -102,7 +102,7 @@ class QtHands final : public DialogHands
         {
             return false;
         }
-        const auto click = [this, control] { As<QAbstractButton>(control)->click(); };
+        const auto click = [button = OnWidgets([&] { return As<QAbstractButton>(control); })] { button->click(); };
         if (radio)
         {
             OnWidgets([&] {
@@ -278,8 +278,8 @@ class QtHands final : public DialogHands
         {
             return false;
         }
-        LeaveToWidgets([this, key] {
-            QWidget* const focused = dialog_->focusWidget() != nullptr ? dialog_->focusWidget() : dialog_;
+        LeaveToWidgets([dialog = dialog_, key] {
+            QWidget* const focused = dialog->focusWidget() != nullptr ? dialog->focusWidget() : dialog;
             QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
             QApplication::sendEvent(focused, &press);
         });
