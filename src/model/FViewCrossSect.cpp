@@ -60,7 +60,7 @@ void FViewCrossSect::Clear()
     clOffset = UNSET_DOUBLE;
     fhOffset = UNSET_DOUBLE;
     designSurfaces.clear();
-    surfaces.clear();
+    surfaces = std::make_shared<const FViewCrossSectSurfList>();
 }
 
 bool FViewCrossSect::ReadElement(const WcXmNode& node)
@@ -82,7 +82,9 @@ bool FViewCrossSect::ReadElement(const WcXmNode& node)
     {
         ReadFormationFromSurfaces(node);
     }
-    ReadChildren<FViewCrossSectSurf>(node, surfaces);
+    FViewCrossSectSurfList list;
+    ReadChildren<FViewCrossSectSurf>(node, list);
+    surfaces = std::make_shared<const FViewCrossSectSurfList>(std::move(list));
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "model/PiCollections.h"
 #include "model/UnsetDouble.h"
 
+#include <memory>
 #include <string>
 
 namespace jlandxml
@@ -49,7 +50,9 @@ class FViewCrossSect final : public FViewLandXMLBase
     double clOffset = UNSET_DOUBLE;                        ///< offset of the centre line, metres
     double fhOffset = UNSET_DOUBLE;                        ///< offset of the formation height, metres
     PiCmCopyList<FViewDesignCrossSectSurf> designSurfaces; ///< stays empty
-    FViewCrossSectSurfList surfaces;
+    /// Never null. Once read they don't change, so copies of the section share them; a long road has hundreds of
+    /// thousands.
+    std::shared_ptr<const FViewCrossSectSurfList> surfaces = std::make_shared<const FViewCrossSectSurfList>();
     FViewSurfacesList* surfacesList = nullptr; ///< of the document; set when writing begins
 
   private:

@@ -1,5 +1,6 @@
 #include "model/FViewLandXML.h"
 
+#include "model/OftenWritten.h"
 #include "model/OutputVersion.h"
 
 #include <algorithm>
@@ -127,6 +128,7 @@ void FViewLandXML::TakeProjectDataOfFirstAlignment()
 
 bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
+    const WcXmSharedTexts shared(*node.document, OFTEN_WRITTEN_ELEMENTS, OFTEN_WRITTEN_ATTRIBUTES);
     LinkCrossSections();
     if (!WriteProject(node))
     {

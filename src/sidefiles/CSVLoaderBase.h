@@ -5,6 +5,7 @@
 #include "sidefiles/CsvRows.h"
 
 #include <string>
+#include <utility>
 
 namespace jlandxml
 {
@@ -34,6 +35,8 @@ class CSVLoaderBase
         RunStage<Exception>(RUN_STAGE_TEXTS, [&] {
             rows.Read(path);
             walk();
+            // The bytes of one file are gone when the next one is read.
+            const CsvRows done = std::move(rows);
         });
         return true;
     }

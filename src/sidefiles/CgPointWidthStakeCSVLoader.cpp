@@ -1,5 +1,6 @@
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
 
+#include "framework/Text.h"
 #include "run/ConversionContext.h"
 
 #include <iterator>
@@ -65,6 +66,7 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
     std::unordered_map<std::wstring, std::size_t> groupsByName;
     CsvRow row;
     rows.Skip(TITLE_ROWS);
+    const auto room = rows.CountByFirstField(STAKE_COLUMNS);
     while (rows.Next(row))
     {
         if (row.Size() < STAKE_COLUMNS)
@@ -76,6 +78,8 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
         if (isNew)
         {
             groups.push_back(MakeGroup(stake));
+            const auto count = room.find(Utf8FromWide(stake.groupName));
+            groups.back().points.reserve(count != room.end() ? count->second : 0);
         }
         groups[entry->second].points.push_back(std::move(stake));
     }

@@ -50,13 +50,23 @@ void CsvRows::Read(const std::wstring& path)
     position_ = bytes_.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0;
 }
 
+bool CsvRows::TakeLine(std::size_t& position, std::string_view& line) const
+{
+    if (position >= bytes_.size())
+    {
+        return false;
+    }
+    const std::size_t lineEnd = std::min(bytes_.find('\n', position), bytes_.size());
+    line = std::string_view(bytes_).substr(position, lineEnd - position);
+    position = lineEnd + 1;
+    return true;
+}
+
 bool CsvRows::Next(CsvRow& row)
 {
-    while (position_ < bytes_.size())
+    std::string_view line;
+    while (TakeLine(position_, line))
     {
-        const std::size_t lineEnd = std::min(bytes_.find('\n', position_), bytes_.size());
-        const std::string_view line(bytes_.data() + position_, lineEnd - position_);
-        position_ = lineEnd + 1;
         if (row.Cut(line))
         {
             return true;
@@ -72,6 +82,33 @@ void CsvRows::Skip(int count)
     {
         --count;
     }
+}
+
+template <class Visitor>
+void CsvRows::ForEachLine(std::size_t fields, Visitor visit) const
+{
+    std::string_view line;
+    for (std::size_t position = position_; TakeLine(position, line);)
+    {
+        if (line.size() + 1 >= fields)
+        {
+            visit(line);
+        }
+    }
+}
+
+std::size_t CsvRows::CountAtMost(std::size_t fields) const
+{
+    std::size_t count = 0;
+    ForEachLine(fields, [&](std::string_view) { ++count; });
+    return count;
+}
+
+std::unordered_map<std::string_view, std::size_t> CsvRows::CountByFirstField(std::size_t fields) const
+{
+    std::unordered_map<std::string_view, std::size_t> counts;
+    ForEachLine(fields, [&](std::string_view line) { ++counts[line.substr(0, line.find(','))]; });
+    return counts;
 }
 
 double CsvNumber(std::wstring_view field)

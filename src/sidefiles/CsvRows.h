@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace jlandxml
@@ -43,7 +44,21 @@ class CsvRows
     /// Passes over rows whatever they hold.
     void Skip(int count);
 
+    /// How many rows of so many fields can still come, for a list that makes room for them at once: the lines that are
+    /// long enough for the commas.
+    std::size_t CountAtMost(std::size_t fields) const;
+
+    /// The same for each text that stands in the first field, byte for byte in UTF-8.
+    std::unordered_map<std::string_view, std::size_t> CountByFirstField(std::size_t fields) const;
+
   private:
+    /// Takes the line at a position and passes over its end. False at the end of the file.
+    bool TakeLine(std::size_t& position, std::string_view& line) const;
+
+    /// Visits each line to come that has room for so many fields.
+    template <class Visitor>
+    void ForEachLine(std::size_t fields, Visitor visit) const;
+
     std::string bytes_;
     std::size_t position_ = 0;
 };

@@ -83,12 +83,14 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
                 ReplaceReverseCrowns(alignment);
             }
         });
+        reverseCrownGroups.clear();
     });
 }
 
 void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
 {
     CsvRow row;
+    alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountAtMost(LEAST_COLUMNS));
     while (rows.Next(row))
     {
         if (row.Size() >= LEAST_COLUMNS && !IsEnd(row[DESCRIPTION]))

@@ -2,6 +2,8 @@
 
 #include "sidefiles/RouteAlignments.h"
 
+#include <utility>
+
 namespace jlandxml
 {
 
@@ -29,6 +31,8 @@ bool WideningCSVLoader::Load(const std::wstring& path)
 
 void WideningCSVLoader::ReadWidening()
 {
+    PiCmCopyList<FViewWidening> left;
+    PiCmCopyList<FViewWidening> right;
     CsvRow row;
     rows.Skip(TITLE_ROWS);
     while (rows.Next(row))
@@ -41,11 +45,19 @@ void WideningCSVLoader::ReadWidening()
         widening.station = CsvNumber(row[STATION]);
         widening.width = CsvNumber(row[WIDTH]);
         widening.code = row[CODE];
-        (row[SIDE] == RIGHT ? right_ : left_).push_back(std::move(widening));
+        (row[SIDE] == RIGHT ? right : left).push_back(std::move(widening));
     }
-    ForEachRouteAlignment([this](FViewAlignment& alignment) {
-        alignment.widthLeftValue = left_;
-        alignment.widthRightValue = right_;
+    const FViewAlignment* first = nullptr;
+    ForEachRouteAlignment([&](FViewAlignment& alignment) {
+        if (first == nullptr)
+        {
+            alignment.widthLeftValue = std::move(left);
+            alignment.widthRightValue = std::move(right);
+            first = &alignment;
+            return;
+        }
+        alignment.widthLeftValue = first->widthLeftValue;
+        alignment.widthRightValue = first->widthRightValue;
     });
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "framework/Exceptions.h"
-#include "model/FViewWidening.h"
-#include "model/PiCollections.h"
 #include "sidefiles/CSVLoaderBase.h"
 
 namespace jlandxml
@@ -23,9 +21,6 @@ class WideningCSVLoader final : public CSVLoaderBase
 
   private:
     void ReadWidening();
-
-    PiCmCopyList<FViewWidening> left_;
-    PiCmCopyList<FViewWidening> right_;
 };
 
 } // namespace jlandxml

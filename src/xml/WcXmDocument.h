@@ -7,6 +7,8 @@
 namespace jlandxml
 {
 
+class WcXmSharedTexts;
+
 /// The parser's side of a document: brings files into the tree and out of it, in the encodings that LandXML files come
 /// in.
 class WcXmAppDocument
@@ -31,6 +33,7 @@ class WcXmAppDocument
     bool SaveDocument(const std::wstring& path);
 
     std::unique_ptr<pugi::xml_document> xmlDocument;
+    const WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
 };
 
 /// A LandXML document in memory. The tree that was read is the tree that is written.

@@ -2,6 +2,7 @@
 
 #include "framework/Text.h"
 #include "xml/WcXmDocument.h"
+#include "xml/WcXmSharedTexts.h"
 
 namespace jlandxml
 {
@@ -31,6 +32,11 @@ pugi::xml_node FindChildIgnoreCase(const pugi::xml_node& node, std::wstring_view
 pugi::xml_attribute FindAttributeNode(const pugi::xml_node& node, std::wstring_view name)
 {
     return node.find_attribute([&](const pugi::xml_attribute& one) { return EqualsIgnoreCase(one.name(), name); });
+}
+
+const WcXmSharedTexts* SharedTextsOf(const WcXmNode& node)
+{
+    return node.document->appDocument != nullptr ? node.document->appDocument->sharedTexts : nullptr;
 }
 
 /// The parser destroys a subtree by recursion. Taken off leaf by leaf, a deep one needs no more stack than a flat one.
@@ -153,6 +159,10 @@ bool WcXmNode::SetAttribute(const wchar_t* name, std::wstring_view value) const
     pugi::xml_attribute attribute = FindAttributeNode(node, name);
     if (!attribute)
     {
+        if (const WcXmSharedTexts* const shared = SharedTextsOf(*this))
+        {
+            return shared->AppendAttribute(node, name, value);
+        }
         attribute = node.append_attribute(name);
     }
     return attribute.set_value(value.data(), value.size());
@@ -175,7 +185,8 @@ bool WcXmNode::AppendChildElement(const wchar_t* name, WcXmNode* out) const
     {
         parent = *appNode.xmlDocument;
     }
-    Attach(out, *this, parent.append_child(name));
+    const WcXmSharedTexts* const shared = SharedTextsOf(*this);
+    Attach(out, *this, shared != nullptr ? shared->AppendElement(parent, name) : parent.append_child(name));
     return true;
 }
 

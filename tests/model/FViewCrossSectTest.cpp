@@ -140,11 +140,11 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(FViewCrossSect, NamesOfGroundLinesAreRead)
 {
     const auto section = Read<FViewCrossSect>(L"<CrossSect><CrossSectSurf name='a'/><CrossSectSurf/></CrossSect>");
-    ASSERT_EQ(section.surfaces.size(), 2U);
-    EXPECT_EQ(section.surfaces[0].name, L"a");
-    EXPECT_EQ(section.surfaces[1].name, L"");
+    ASSERT_EQ(section.surfaces->size(), 2U);
+    EXPECT_EQ(section.surfaces->at(0).name, L"a");
+    EXPECT_EQ(section.surfaces->at(1).name, L"");
     EXPECT_TRUE(section.designSurfaces.empty());
-    EXPECT_FALSE(WrittenOntoText(section.surfaces[0]));
+    EXPECT_FALSE(WrittenOntoText(section.surfaces->at(0)));
 }
 
 TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
@@ -159,7 +159,7 @@ TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
     EXPECT_EQ(section.name + section.sta, L"");
     EXPECT_EQ(section.clOffset, UNSET_DOUBLE);
     EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
-    EXPECT_TRUE(section.surfaces.empty());
+    EXPECT_TRUE(section.surfaces->empty());
 }
 
 TEST(FViewCrossSect, ItsSurfacesAreThoseOfTheDocumentOnceTheyAreSet)

@@ -378,6 +378,16 @@ TEST(FViewLandXML, ACrossSectionKeepsTheGroundOfTheDocumentsSurfaces)
     EXPECT_NE(xml.Text().find(L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"), std::wstring::npos);
 }
 
+TEST(FViewLandXML, WritingThatFailsLeavesNothingButTheDocumentElement)
+{
+    XmlText xml(L"<LandXML><Alignments><Alignment><CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects>"
+                L"</Alignment></Alignments></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    EXPECT_FALSE(root.WriteElement(xml.Root()));
+    EXPECT_FALSE(xml.Root().MoveToNextSibling());
+}
+
 TEST(FViewLandXML, ClearLeavesTheOutputTable)
 {
     FViewLandXML root = WithGroups({1}, {1});

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
+#include <unordered_map>
 
 namespace jlandxml
 {
@@ -93,6 +94,20 @@ TEST(CsvRows, SkippingCountsRowsThatHoldSomething)
     EXPECT_EQ(row[0], L"3");
     rows.Skip(5);
     EXPECT_FALSE(rows.Next(row));
+}
+
+TEST(CsvRows, TheRowsToComeAreCountedByTheLinesWithRoomForTheirFields)
+{
+    const TestFolder folder;
+    CsvRows rows;
+    rows.Read(folder.Write(L"side.csv", "\xEF\xBB\xBFt\n左,1,2\n\n,,\n,\n右,3\n左,,"));
+    rows.Skip(1);
+    using Counts = std::unordered_map<std::string_view, std::size_t>;
+    EXPECT_EQ(rows.CountAtMost(3), 4U);
+    EXPECT_EQ(rows.CountByFirstField(3), (Counts{{"左", 2}, {"", 1}, {"右", 1}}));
+    rows.Skip(9);
+    EXPECT_EQ(rows.CountAtMost(3), 0U);
+    EXPECT_EQ(rows.CountByFirstField(3), Counts());
 }
 
 TEST(CsvRows, OneLineOfTenMegabytesIsOneRow)
