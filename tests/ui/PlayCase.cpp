@@ -140,27 +140,26 @@ void WorkMainDialog(const Case& one, const Json& settings, Sight& sight)
 
 void Drive(const Case& one, const Json& settings, const std::wstring& out, Sight& sight)
 {
-    for (;;)
+    bool saved = false;
+    while (sight.told.empty() && sight.printed.empty())
     {
         switch (WaitForWindow())
         {
         case Seen::MainDialog:
-            WorkMainDialog(one, settings, sight);
+            // Between the save dialog's end and its own, the dialog exports.
+            saved ? WaitUntilGone(KnownDialog::Main) : WorkMainDialog(one, settings, sight);
             break;
         case Seen::ErrorList:
             WorkErrorList(sight);
             break;
         case Seen::SaveDialog:
             AnswerSaveDialog(out);
+            saved = true;
             break;
         case Seen::Message:
             sight.told += Utf8FromWide(AnswerMessage()) + "\n";
             break;
         case Seen::Nothing:
-            return;
-        }
-        if (!sight.told.empty() || !sight.printed.empty())
-        {
             return;
         }
     }

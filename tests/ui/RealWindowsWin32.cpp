@@ -23,7 +23,6 @@ namespace
 using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
-constexpr auto SETTLING = std::chrono::milliseconds(200);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
 
 [[noreturn]] void GiveUp(const char* what)
@@ -446,8 +445,6 @@ std::unique_ptr<DialogHands> WaitForDialog(KnownDialog which)
 {
     const HWND dialog = WaitFor(
         "dialog", [&] { return FindDialog([&](HWND window) { return IsReady(window) && Is(window, which); }); });
-    // The system still moves the focus while the window comes up.
-    std::this_thread::sleep_for(SETTLING);
     return std::make_unique<Win32Hands>(dialog);
 }
 

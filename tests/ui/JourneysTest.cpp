@@ -1,0 +1,269 @@
+// Journeys of a person at the module's real windows, the same for every platform. The host lives as long as the
+// program.
+
+#include "cli/SettingsUser.h"
+#include "dialog/JLandXMLErrorDlg.h"
+#include "dialog/JLandXmlConvertDlgControls.h"
+#include "framework/Files.h"
+#include "framework/Text.h"
+#include "run/LoadSideFiles.h"
+#include "support/TemporaryFolder.h"
+#include "ui/RealWindows.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+using namespace convert_dlg;
+
+const std::wstring SOURCE = JLANDXML_SOURCE_DIR;
+
+std::wstring Environment(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return WideFromUtf8(value != nullptr ? value : "");
+}
+
+/// The one host; it goes before the program's end, since a toolkit doesn't outlive main.
+std::unique_ptr<Host> host;
+
+std::wstring Example(const wchar_t* name)
+{
+    return SOURCE + L"/examples/" + name;
+}
+
+void Call(const std::wstring& folder, const std::function<void()>& driver)
+{
+    host->Call(folder, CountRoutes(folder), driver);
+    EXPECT_TRUE(host->IsInFront());
+}
+
+/// A path as a person at the save dialog writes it.
+std::wstring Typed(std::wstring path)
+{
+#ifdef _WIN32
+    path = ReplaceAll(path, L"/", L"\\");
+    return path.starts_with(L'\\') ? L"Z:" + path : path;
+#else
+    return path;
+#endif
+}
+
+void Act(DialogHands& dialog, const std::wstring& example)
+{
+    SettingsUser(dialog).Act(ReadSettings(Example(example.c_str()) + L"/settings.json"));
+}
+
+TreeItem ItemAt(const DialogHands& dialog, std::initializer_list<std::size_t> path)
+{
+    TreeItem item = nullptr;
+    for (const std::size_t place : path)
+    {
+        item = dialog.TreeChildren(TREE, item).at(place);
+    }
+    return item;
+}
+
+/// Takes a picture of the window in front where the run is asked for pictures.
+void Picture(const wchar_t* name)
+{
+    if (const std::wstring folder = Environment("JLANDXML_PICTURES"); !folder.empty())
+    {
+        TakePicture(folder + L"/" + name + L".ppm");
+    }
+}
+
+TEST(Journey, NothingIsSelectedAtTheStart)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        Picture(L"main");
+        EXPECT_FALSE(dialog->IsEnabled(ROAD));
+        EXPECT_FALSE(dialog->IsEnabled(MAIN_INTERVAL));
+        EXPECT_FALSE(dialog->IsShown(SURFACE_REFERENCE));
+        EXPECT_FALSE(dialog->IsChecked(ROAD));
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, EveryPanelShowsWhatIsSelected)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        const std::pair<const wchar_t*, TreeItem> panels[] = {{L"route", ItemAt(*dialog, {0})},
+                                                              {L"alignment", ItemAt(*dialog, {0, 0})},
+                                                              {L"surface-set", ItemAt(*dialog, {1})},
+                                                              {L"surface", ItemAt(*dialog, {1, 0})},
+                                                              {L"intermediate-points", ItemAt(*dialog, {2, 0})},
+                                                              {L"width-stakes", ItemAt(*dialog, {2, 1})}};
+        for (const auto& [name, item] : panels)
+        {
+            dialog->ChooseTreeItem(TREE, item);
+            Picture(name);
+            const std::wstring panel = name;
+            EXPECT_EQ(dialog->IsShown(ROAD), panel == L"route" || panel == L"alignment") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(MAIN_INTERVAL), panel == L"alignment") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(SURFACE_KIND), panel == L"surface") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(INTERMEDIATE_REFERENCE), panel == L"intermediate-points") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(CLOSURE_TYPE), panel == L"width-stakes") << Utf8FromWide(panel);
+        }
+        dialog->PressEscape();
+    });
+}
+
+struct Typing
+{
+    int control;
+    const wchar_t* typed;
+    const wchar_t* left;
+};
+
+TEST(Journey, TheFilterRefusesCharacterByCharacter)
+{
+    const Typing typings[] = {
+        {NORMAL_CROWN, L"1.5.", L"1.5"},         {NORMAL_CROWN, L"01", L"0"},
+        {NORMAL_CROWN, L"0.5", L"0.5"},          {NORMAL_CROWN, L"-1", L"1"},
+        {NORMAL_CROWN, L"12345", L"1234"},       {NORMAL_CROWN, L"a1b2", L"12"},
+        {TRAFFIC_VOLUME, L"1234567", L"123456"}, {TRAFFIC_VOLUME, L"12 3", L"123"},
+        {TRAFFIC_VOLUME, L".5", L"5"},
+    };
+    Call(Example(L"road"), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
+        for (const Typing& typing : typings)
+        {
+            dialog->Type(typing.control, L"");
+            for (const wchar_t character : std::wstring_view(typing.typed))
+            {
+                dialog->TypeCharacter(typing.control, character);
+            }
+            EXPECT_EQ(Utf8FromWide(dialog->Text(typing.control)), Utf8FromWide(typing.left));
+        }
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, WhatCameWithTheInputIsLocked)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
+        EXPECT_EQ(Utf8FromWide(dialog->Text(MAIN_INTERVAL)), "20.0000");
+        EXPECT_FALSE(dialog->CanReach(MAIN_INTERVAL));
+        EXPECT_FALSE(dialog->Type(MAIN_INTERVAL, L"10"));
+        EXPECT_TRUE(dialog->CanReach(NORMAL_CROWN));
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, ARoadAndARiverEnableTheirOwnControls)
+{
+    Call(Example(L"river"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
+        EXPECT_TRUE(dialog->IsChecked(RIVER));
+        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE));
+        EXPECT_FALSE(dialog->CanReach(TRAFFIC_VOLUME));
+        dialog->Click(ROAD);
+        EXPECT_FALSE(dialog->IsChecked(RIVER));
+        EXPECT_FALSE(dialog->CanReach(RIVER_SIDE));
+        EXPECT_TRUE(dialog->CanReach(TRAFFIC_VOLUME));
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {1}));
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
+        EXPECT_TRUE(dialog->IsChecked(ROAD));
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, SortedListsFollowJapaneseWhateverTheUsersLocale)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        using Texts = std::vector<std::wstring>;
+        EXPECT_EQ(dialog->Entries(CLOSURE_TYPE), (Texts{L"開放型", L"閉合型"}));
+        EXPECT_EQ(dialog->Entries(RIVER_SIDE), (Texts{L"右岸", L"左岸"}));
+        EXPECT_EQ(dialog->Entries(RIVER_CLASSIFICATION), (Texts{L"1級", L"2級", L"準用", L"普通"}));
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, FindingsAreListedAndTheDialogGoesOn)
+{
+    Call(Example(L"two-routes"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->Click(OUTPUT);
+        const auto errors = WaitForDialog(KnownDialog::Errors);
+        Picture(L"errors");
+        EXPECT_FALSE(dialog->CanReach(PROJECT_NAME));
+        std::vector<std::string> texts;
+        for (const std::wstring& text : errors->Entries(JLandXMLErrorDlg::MESSAGE_LIST))
+        {
+            texts.push_back(Utf8FromWide(text));
+        }
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), "道路の規格・等級が入力されていません。"), 2);
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), "プロジェクト名称が入力されていません。"), 1);
+        errors->PressEnter();
+        WaitUntilGone(KnownDialog::Errors);
+        const auto again = WaitForDialog(KnownDialog::Main);
+        EXPECT_TRUE(again->CanReach(PROJECT_NAME));
+        again->Click(CANCEL_COMMAND);
+    });
+}
+
+TEST(Journey, AfterACancelledSaveDialogTheOutputIsGivenAgain)
+{
+    const TestFolder folder;
+    const std::wstring out = folder.Name(L"out.xml");
+    Call(Example(L"road"), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        Act(*dialog, L"road");
+        dialog->Click(OUTPUT);
+        AnswerSaveDialog(std::nullopt);
+        const auto again = WaitForDialog(KnownDialog::Main);
+        EXPECT_FALSE(PathExists(out));
+        again->Click(OUTPUT);
+        AnswerSaveDialog(Typed(out));
+    });
+    EXPECT_EQ(ReadWholeFile(out), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
+}
+
+TEST(Journey, TwoCallsInOneProcessAreApart)
+{
+    const TestFolder folder;
+    for (const wchar_t* const example : {L"river", L"road"})
+    {
+        const std::wstring out = folder.Name(example);
+        Call(Example(example), [&] {
+            const auto dialog = WaitForDialog(KnownDialog::Main);
+            Act(*dialog, example);
+            dialog->PressEnter();
+            AnswerSaveDialog(Typed(out + L".xml"));
+        });
+        EXPECT_EQ(ReadWholeFile(out + L".xml"), ReadWholeFile(SOURCE + L"/tests/e2e/" + example + L"/expected.xml"));
+    }
+}
+
+TEST(Journey, AMalformedSideFileIsToldInAMessage)
+{
+    Call(SOURCE + L"/tests/e2e/malformed-side-file/work", [] {
+        EXPECT_EQ(WaitForWindow(), Seen::Message);
+        Picture(L"message");
+        EXPECT_EQ(Utf8FromWide(AnswerMessage()), "General exception occurred: %s, 引数が正しくありません: 2列目");
+    });
+}
+
+} // namespace
+} // namespace jlandxml
+
+int main(int count, char** values)
+{
+    testing::InitGoogleTest(&count, values);
+    jlandxml::host = std::make_unique<jlandxml::Host>(jlandxml::Environment("JLANDXML_MODULE"));
+    const int status = RUN_ALL_TESTS();
+    jlandxml::host.reset();
+    return status;
+}
