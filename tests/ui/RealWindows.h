@@ -67,4 +67,26 @@ void WaitUntilGone(KnownDialog which);
 /// Puts a picture of the window in front into a file.
 void TakePicture(const std::wstring& path);
 
+// For a driver on the host's own thread.
+
+/// The dialog in front, as a person sees it, and what tells it from others.
+std::unique_ptr<DialogHands> HandsOfFrontDialog();
+const void* FrontDialog();
+
+/// Runs steps on this thread once a modal window waits for the user. Those that didn't come to run go with it.
+class Errands
+{
+  public:
+    Errands();
+    Errands(const Errands&) = delete;
+    Errands& operator=(const Errands&) = delete;
+    ~Errands();
+
+    void RunWhenIdle(std::function<void()> step);
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
 } // namespace jlandxml

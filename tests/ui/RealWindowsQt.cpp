@@ -14,6 +14,8 @@
 #include <QMetaObject>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QThread>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QtGui/QKeyEvent>
 #include <atomic>
@@ -47,6 +49,10 @@ std::atomic<bool> callReturned = false;
 template <class Step>
 auto OnWidgets(Step step)
 {
+    if (QThread::currentThread() == qApp->thread())
+    {
+        return step();
+    }
     decltype(step()) result{};
     QMetaObject::invokeMethod(
         qApp, [&] { result = step(); }, Qt::BlockingQueuedConnection);
@@ -57,7 +63,8 @@ auto OnWidgets(Step step)
 template <class Step>
 void LeaveToWidgets(Step step)
 {
-    QMetaObject::invokeMethod(qApp, step, Qt::QueuedConnection);
+    const bool here = QThread::currentThread() == qApp->thread();
+    QMetaObject::invokeMethod(qApp, step, here ? Qt::DirectConnection : Qt::QueuedConnection);
 }
 
 template <class Condition>
@@ -98,7 +105,7 @@ class QtHands final : public DialogHands
     bool Click(int control) override
     {
         const bool radio = OnWidgets([&] { return As<QRadioButton>(control) != nullptr; });
-        if (!CanReach(control))
+        if (!CanReach(control) || OnWidgets([&] { return As<QAbstractButton>(control) == nullptr; }))
         {
             return false;
         }
@@ -135,7 +142,7 @@ class QtHands final : public DialogHands
     {
         return OnWidgets([&] {
             auto* const edit = As<QLineEdit>(control);
-            if (!Reachable(control) || edit == nullptr)
+            if (!Reachable(control) || edit == nullptr || edit->isReadOnly())
             {
                 return false;
             }
@@ -412,6 +419,30 @@ void TakePicture(const std::wstring& path)
             .convertToFormat(QImage::Format_RGB888)
             .save(QString::fromStdWString(path), "PPM");
     });
+}
+
+std::unique_ptr<DialogHands> HandsOfFrontDialog()
+{
+    return std::make_unique<QtHands>(qobject_cast<QDialog*>(QApplication::activeModalWidget()));
+}
+
+const void* FrontDialog()
+{
+    return QApplication::activeModalWidget();
+}
+
+struct Errands::State
+{
+    QObject owner;
+};
+
+Errands::Errands() : state_(std::make_unique<State>()) {}
+
+Errands::~Errands() = default;
+
+void Errands::RunWhenIdle(std::function<void()> step)
+{
+    QTimer::singleShot(0, &state_->owner, std::move(step));
 }
 
 } // namespace jlandxml

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <thread>
 
 #include <windows.h>
@@ -173,18 +174,21 @@ class Win32Hands final : public DialogHands
 
     bool Click(int control) override
     {
-        if (!CanReach(control))
+        constexpr LRESULT BUTTON = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+        const LRESULT code = At(control) != nullptr ? Send(control, WM_GETDLGCODE) : 0;
+        if (!CanReach(control) || (code & (BUTTON | DLGC_RADIOBUTTON)) == 0)
         {
             return false;
         }
-        const LRESULT code = Send(control, WM_GETDLGCODE);
-        if ((code & DLGC_RADIOBUTTON) != 0)
+        if ((code & DLGC_RADIOBUTTON) != 0 || IsOnItsThread())
         {
             Send(control, BM_CLICK);
-            return true;
         }
-        // A button may open a window, which would keep this thread waiting.
-        PostMessageW(At(control), BM_CLICK, 0, 0);
+        else
+        {
+            // A button may open a window, which would keep this thread waiting.
+            PostMessageW(At(control), BM_CLICK, 0, 0);
+        }
         return true;
     }
 
@@ -201,7 +205,7 @@ class Win32Hands final : public DialogHands
 
     bool TypeCharacter(int control, wchar_t character) override
     {
-        if (!CanReach(control))
+        if (!CanReach(control) || !IsClass(control, L"Edit") || IsReadOnly(control))
         {
             return false;
         }
@@ -320,16 +324,29 @@ class Win32Hands final : public DialogHands
     bool IsList(int control) const { return IsListBox(control) || IsClass(control, L"ComboBox"); }
     bool IsReadOnly(int control) const { return (GetWindowLongPtrW(At(control), GWL_STYLE) & ES_READONLY) != 0; }
 
+    bool IsOnItsThread() const { return GetWindowThreadProcessId(dialog_, nullptr) == GetCurrentThreadId(); }
+
     bool PressKey(WPARAM key) const
     {
-        if (IsWindowEnabled(dialog_) == FALSE)
+        if (IsWindowEnabled(dialog_) == FALSE || IsWindowVisible(dialog_) == FALSE)
         {
             return false;
         }
         GUITHREADINFO info{};
         info.cbSize = sizeof(info);
         GetGUIThreadInfo(GetWindowThreadProcessId(dialog_, nullptr), &info);
-        PostMessageW(info.hwndFocus != nullptr ? info.hwndFocus : dialog_, WM_KEYDOWN, key, 0);
+        MSG press{};
+        press.hwnd = info.hwndFocus != nullptr ? info.hwndFocus : dialog_;
+        press.message = WM_KEYDOWN;
+        press.wParam = key;
+        if (IsOnItsThread())
+        {
+            IsDialogMessageW(dialog_, &press);
+        }
+        else
+        {
+            PostMessageW(press.hwnd, press.message, press.wParam, 0);
+        }
         return true;
     }
 
@@ -503,6 +520,56 @@ void TakePicture(const std::wstring& path)
     RECT place{};
     GetWindowRect(FindDialog([](HWND) { return true; }), &place);
     WritePicture(path, place);
+}
+
+std::unique_ptr<DialogHands> HandsOfFrontDialog()
+{
+    return std::make_unique<Win32Hands>(GetActiveWindow());
+}
+
+const void* FrontDialog()
+{
+    return GetActiveWindow();
+}
+
+struct Errands::State
+{
+    static std::map<UINT_PTR, std::function<void()>>& Steps()
+    {
+        static std::map<UINT_PTR, std::function<void()>> steps;
+        return steps;
+    }
+
+    static void CALLBACK Run(HWND, UINT, UINT_PTR timer, DWORD)
+    {
+        // The system may come by before it has shown the window.
+        if (IsWindowVisible(GetActiveWindow()) == FALSE)
+        {
+            return;
+        }
+        KillTimer(nullptr, timer);
+        auto step = Steps().extract(timer);
+        if (!step.empty())
+        {
+            step.mapped()();
+        }
+    }
+};
+
+Errands::Errands() = default;
+
+Errands::~Errands()
+{
+    for (const auto& [timer, step] : State::Steps())
+    {
+        KillTimer(nullptr, timer);
+    }
+    State::Steps().clear();
+}
+
+void Errands::RunWhenIdle(std::function<void()> step)
+{
+    State::Steps()[SetTimer(nullptr, 0, USER_TIMER_MINIMUM, State::Run)] = std::move(step);
 }
 
 } // namespace jlandxml

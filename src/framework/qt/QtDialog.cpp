@@ -133,7 +133,6 @@ QtDialog::QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog*
     window_ = std::make_unique<Window>(*this, parent);
     window_->setWindowTitle(Q(dialog.caption));
     window_->setObjectName(QString::number(dialog.number));
-    radios_ = new QButtonGroup(window_.get());
     const DialogUnits units(*window_);
     window_->setFixedSize(units.X(dialog.width), units.Y(dialog.height));
     for (const ControlTemplate& control : dialog.controls)
@@ -216,7 +215,11 @@ QWidget* QtDialog::MakeList(const ControlTemplate& control)
 QWidget* QtDialog::MakeRadio(const ControlTemplate& control)
 {
     auto* const radio = new QRadioButton(Q(control.caption), window_.get());
-    radios_->addButton(radio);
+    if (control.kind == ControlKind::FirstRadio)
+    {
+        radioGroups_.push_back(new QButtonGroup(window_.get()));
+    }
+    radioGroups_.back()->addButton(radio);
     QObject::connect(radio, &QRadioButton::clicked, window_.get(),
                      [this, number = control.number] { Tell([&] { events_.OnClick(number); }); });
     return radio;
@@ -277,7 +280,7 @@ void QtDialog::FocusFirst()
 DialogResult QtDialog::RunModal()
 {
     Tell([&] { events_.OnInitDialog(); });
-    if (failure_ == nullptr)
+    if (!ended_)
     {
         FocusFirst();
         window_->exec();
@@ -292,6 +295,7 @@ DialogResult QtDialog::RunModal()
 void QtDialog::End(DialogResult result)
 {
     result_ = result;
+    ended_ = true;
     window_->done(result == DialogResult::Accepted ? QDialog::Accepted : QDialog::Rejected);
 }
 
@@ -423,9 +427,10 @@ bool QtDialog::IsChecked(int radio) const
 
 void QtDialog::SetChecked(int radio, bool checked)
 {
-    radios_->setExclusive(false);
-    As<QRadioButton>(radio)->setChecked(checked);
-    radios_->setExclusive(true);
+    auto* const button = As<QRadioButton>(radio);
+    button->group()->setExclusive(false);
+    button->setChecked(checked);
+    button->group()->setExclusive(true);
 }
 
 TreeItem QtDialog::AddTreeItem(int tree, TreeItem parent, const std::wstring& text, void* data)

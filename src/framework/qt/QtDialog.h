@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <exception>
 #include <map>
+#include <vector>
 
 class QButtonGroup;
 class QComboBox;
@@ -72,7 +73,8 @@ class QtDialog final : public DialogWindow
     DialogEvents& events_;
     std::unique_ptr<Window> window_;
     std::map<int, QWidget*> widgets_;
-    QButtonGroup* radios_ = nullptr;
+    std::vector<QButtonGroup*> radioGroups_;
+    bool ended_ = false;
     DialogResult result_ = DialogResult::Cancelled;
     std::exception_ptr failure_;
 };
