@@ -155,6 +155,18 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     return parsed;
 }
 
+/// With a separator behind it, the name of a file is none of a folder. A system that overlooks the separator still
+/// doesn't open a folder as a file.
+bool IsFolder(const std::wstring& path)
+{
+    if (!PathExists(path + L"/"))
+    {
+        return false;
+    }
+    const FileHandle file = OpenForReading(path);
+    return file == nullptr || !FileLength(file.get());
+}
+
 std::int32_t RouteCount(const Options& options)
 {
     return options.routes ? *options.routes : CountRoutes(options.workFolder);
@@ -311,8 +323,7 @@ ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
     {
         return *parsed.ends;
     }
-    // With a separator behind it, the name of a file is none of a folder.
-    if (!PathExists(parsed.options.workFolder + L"/"))
+    if (!IsFolder(parsed.options.workFolder))
     {
         WriteStandardError(parsed.options.workFolder + L": 作業フォルダーがありません。\n");
         return ExitStatus::WrongUsage;
