@@ -61,6 +61,15 @@ bool IsDialog(HWND window)
            IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
 }
 
+/// True when a control of the dialog has the focus: the dialog has filled its controls by then.
+bool IsReady(HWND dialog)
+{
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
+    return info.hwndFocus != nullptr && IsChild(dialog, info.hwndFocus) != FALSE;
+}
+
 /// The open dialog for which the condition holds; null if there is none.
 HWND FindDialog(const std::function<bool(HWND)>& condition)
 {
@@ -416,7 +425,8 @@ bool Host::IsInFront() const
 
 std::unique_ptr<DialogHands> WaitForDialog(KnownDialog which)
 {
-    const HWND dialog = WaitFor("dialog", [&] { return FindDialog([&](HWND window) { return Is(window, which); }); });
+    const HWND dialog = WaitFor(
+        "dialog", [&] { return FindDialog([&](HWND window) { return IsReady(window) && Is(window, which); }); });
     return std::make_unique<Win32Hands>(dialog);
 }
 
@@ -429,6 +439,10 @@ Seen WaitForWindow()
             return true;
         }
         return FindDialog([&](HWND window) {
+                   if (!IsReady(window))
+                   {
+                       return false;
+                   }
                    seen = Is(window, KnownDialog::Main)     ? Seen::MainDialog
                           : Is(window, KnownDialog::Errors) ? Seen::ErrorList
                           : IsSaveDialog(window)            ? Seen::SaveDialog

@@ -22,7 +22,7 @@ struct ScriptedTreeItem
 };
 
 /// A dialog without a display: its controls are plain data, and what a person would do is a call.
-class ScriptedDialog final : public DialogWindow, public DialogHands
+class ScriptedDialog : public DialogWindow, public DialogHands
 {
   public:
     ScriptedDialog(const DialogTemplate& dialog, DialogEvents& events, ScriptedWindowSystem& windows,

@@ -17,9 +17,10 @@ std::unique_ptr<DialogWindow> ScriptedWindowSystem::MakeDialogWindow(const Dialo
 
 void ScriptedWindowSystem::LetUserWork(ScriptedDialog& dialog) const
 {
-    if (user_)
+    // A copy, since the user of one dialog may be followed by another one while it works.
+    if (const User user = user_)
     {
-        user_(dialog);
+        user(dialog);
     }
 }
 

@@ -1,0 +1,740 @@
+#pragma once
+
+#include "framework/Collation.h"
+#include "framework/Dialog.h"
+#include "framework/Window.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What every window layer keeps to, whatever toolkit stands behind it. A test program that includes this file
+// instantiates DialogConformance with the factory of its layer.
+
+namespace jlandxml
+{
+
+/// What a person does at a window and sees of it. What a person can't reach isn't done, and the result is false.
+class DialogHands
+{
+  public:
+    DialogHands() = default;
+    DialogHands(const DialogHands&) = delete;
+    DialogHands& operator=(const DialogHands&) = delete;
+    virtual ~DialogHands() = default;
+
+    virtual bool Click(int control) = 0;
+    virtual bool TypeCharacter(int edit, wchar_t character) = 0;
+    virtual bool ChooseEntry(int list, int entry) = 0;
+    virtual bool ChooseTreeItem(int tree, TreeItem item) = 0;
+    virtual bool PressEnter() = 0;
+    virtual bool PressEscape() = 0;
+
+    virtual bool IsEnabled(int control) const = 0;
+    virtual bool IsShown(int control) const = 0;
+    virtual std::wstring TreeText(int tree, TreeItem item) const = 0;
+    virtual std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const = 0;
+    virtual bool IsExpanded(int tree, TreeItem item) const = 0;
+};
+
+/// A window layer with a person in front of it.
+class DialogLayer
+{
+  public:
+    /// Works a window after it has opened. A window that is still open when it returns is cancelled.
+    using User = std::function<void(DialogWindow&, DialogHands&)>;
+
+    DialogLayer() = default;
+    DialogLayer(const DialogLayer&) = delete;
+    DialogLayer& operator=(const DialogLayer&) = delete;
+    virtual ~DialogLayer() = default;
+
+    virtual WindowSystem& Windows() = 0;
+    virtual void SetUser(User user) = 0;
+};
+
+/// Writes down the events of one window and acts on them. The data behind a tree's items are texts.
+class RecordedEvents final : public DialogEvents
+{
+  public:
+    using Lines = std::vector<std::wstring>;
+
+    void OnInitDialog() override
+    {
+        lines.emplace_back(L"init");
+        onInit(*window);
+    }
+
+    void OnClick(int control) override
+    {
+        lines.push_back(L"click " + std::to_wstring(control));
+        onClick(*window, control);
+    }
+
+    void OnTextChanged(int control) override
+    {
+        lines.push_back(L"text " + std::to_wstring(control) + L" " + window->Text(control));
+        onText(*window, control);
+    }
+
+    long OnTreeSelectionChanged(int control, TreeItem item) override
+    {
+        const auto* const data =
+            item == nullptr ? nullptr : static_cast<const wchar_t*>(window->TreeItemData(control, item));
+        lines.push_back(L"tree " + std::to_wstring(control) + L" " + (data == nullptr ? L"none" : data));
+        return treeResult;
+    }
+
+    /// What has happened since the last look.
+    Lines Taken() { return std::exchange(lines, {}); }
+
+    DialogWindow* window = nullptr;
+    std::function<void(DialogWindow&)> onInit = [](DialogWindow&) {};
+    std::function<void(DialogWindow&, int)> onClick = [](DialogWindow&, int) {};
+    std::function<void(DialogWindow&, int)> onText = [](DialogWindow&, int) {};
+    long treeResult = 0;
+    Lines lines;
+};
+
+namespace conformance
+{
+
+inline constexpr int CLOSE = 3;
+inline constexpr int EDIT = 10;
+inline constexpr int OTHER_EDIT = 11;
+inline constexpr int READ_ONLY = 12;
+inline constexpr int LIST = 13;
+inline constexpr int SORTED = 14;
+inline constexpr int BOX = 15;
+inline constexpr int FIRST = 16;
+inline constexpr int SECOND = 17;
+inline constexpr int THIRD = 18;
+inline constexpr int FIRST_OF_OTHERS = 19;
+inline constexpr int SECOND_OF_OTHERS = 20;
+inline constexpr int TREE = 21;
+inline constexpr int LABEL = 22;
+inline constexpr int GROUP = 23;
+
+inline constexpr ControlTemplate CONTROLS[] = {
+    {EDIT, ControlKind::Edit, L"", 7, 7, 60, 14},
+    {OTHER_EDIT, ControlKind::Edit, L"", 7, 23, 60, 14},
+    {READ_ONLY, ControlKind::ReadOnlyEdit, L"", 7, 39, 60, 14},
+    {LIST, ControlKind::List, L"", 7, 55, 60, 14, 120},
+    {SORTED, ControlKind::SortedList, L"", 7, 71, 60, 14, 120},
+    {BOX, ControlKind::SortedListBox, L"", 80, 7, 60, 60},
+    {FIRST, ControlKind::FirstRadio, L"一", 7, 90, 40, 10},
+    {SECOND, ControlKind::Radio, L"二", 50, 90, 40, 10},
+    {THIRD, ControlKind::Radio, L"三", 95, 90, 40, 10},
+    {FIRST_OF_OTHERS, ControlKind::FirstRadio, L"甲", 7, 105, 40, 10},
+    {SECOND_OF_OTHERS, ControlKind::Radio, L"乙", 50, 105, 40, 10},
+    {TREE, ControlKind::Tree, L"", 150, 7, 80, 80},
+    {LABEL, ControlKind::Label, L"名称", 150, 90, 40, 8},
+    {GROUP, ControlKind::Group, L"枠", 145, 88, 90, 30},
+    {CLOSE, ControlKind::Button, L"閉じる", 7, 130, 50, 14},
+    {ACCEPT_COMMAND, ControlKind::DefaultButton, L"OK", 64, 130, 50, 14},
+    {CANCEL_COMMAND, ControlKind::Button, L"キャンセル", 121, 130, 50, 14},
+};
+
+inline constexpr DialogTemplate TEMPLATE{7, L"試験", 240, 150, CONTROLS};
+
+/// A window with nothing but its default button.
+inline constexpr ControlTemplate SMALL_CONTROLS[] = {
+    {ACCEPT_COMMAND, ControlKind::DefaultButton, L"OK", 7, 7, 50, 14},
+};
+
+inline constexpr DialogTemplate SMALL_TEMPLATE{8, L"小さい試験", 64, 28, SMALL_CONTROLS};
+
+} // namespace conformance
+
+class DialogConformance : public testing::TestWithParam<std::unique_ptr<DialogLayer> (*)()>
+{
+  protected:
+    using Lines = RecordedEvents::Lines;
+
+    /// Opens a window, lets the user work it, and returns when it has ended.
+    DialogResult Run(const DialogTemplate& dialog, DialogLayer::User user)
+    {
+        layer->SetUser(std::move(user));
+        const std::unique_ptr<DialogWindow> window = layer->Windows().MakeDialogWindow(dialog, events, nullptr);
+        events.window = window.get();
+        return window->RunModal();
+    }
+
+    DialogResult Run(DialogLayer::User user) { return Run(conformance::TEMPLATE, std::move(user)); }
+
+    static Lines Entries(const DialogWindow& window, int list)
+    {
+        Lines texts;
+        for (int entry = 0; entry < window.EntryCount(list); ++entry)
+        {
+            texts.push_back(window.EntryText(list, entry));
+        }
+        return texts;
+    }
+
+    const std::unique_ptr<DialogLayer> layer = GetParam()();
+    RecordedEvents events;
+};
+
+// Opening and ending
+
+TEST_P(DialogConformance, TheOpeningEventComesBeforeThePerson)
+{
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(events.lines, Lines{L"init"}); });
+    EXPECT_EQ(events.lines, Lines{L"init"});
+}
+
+TEST_P(DialogConformance, AWindowThatIsLeftOpenIsCancelled)
+{
+    EXPECT_EQ(Run([](DialogWindow&, DialogHands&) {}), DialogResult::Cancelled);
+}
+
+TEST_P(DialogConformance, AWindowEndsAsItsHandlerSays)
+{
+    for (const DialogResult result : {DialogResult::Accepted, DialogResult::Cancelled})
+    {
+        events.onClick = [&](DialogWindow& window, int) { window.End(result); };
+        EXPECT_EQ(Run([](DialogWindow&, DialogHands& hands) { hands.Click(conformance::CLOSE); }), result);
+    }
+}
+
+TEST_P(DialogConformance, AnEndedWindowIsOutOfReach)
+{
+    events.onClick = [](DialogWindow& window, int) { window.End(DialogResult::Accepted); };
+    Run([](DialogWindow&, DialogHands& hands) {
+        EXPECT_TRUE(hands.Click(conformance::CLOSE));
+        EXPECT_FALSE(hands.Click(conformance::CLOSE));
+        EXPECT_FALSE(hands.TypeCharacter(conformance::EDIT, L'a'));
+        EXPECT_FALSE(hands.PressEscape());
+    });
+    EXPECT_EQ(events.lines, (Lines{L"init", L"click 3"}));
+}
+
+TEST_P(DialogConformance, AWindowCanEndWhileItOpens)
+{
+    events.onInit = [](DialogWindow& window) { window.End(DialogResult::Accepted); };
+    bool shown = false;
+    EXPECT_EQ(Run([&](DialogWindow&, DialogHands&) { shown = true; }), DialogResult::Accepted);
+    EXPECT_FALSE(shown);
+}
+
+TEST_P(DialogConformance, WhatAHandlerThrowsLeavesTheWindow)
+{
+    events.onClick = [](DialogWindow&, int) { throw std::runtime_error("of a click"); };
+    EXPECT_THROW(Run([](DialogWindow&, DialogHands& hands) { hands.Click(conformance::CLOSE); }), std::runtime_error);
+    events.onInit = [](DialogWindow&) { throw std::invalid_argument("of the opening"); };
+    EXPECT_THROW(Run([](DialogWindow&, DialogHands&) {}), std::invalid_argument);
+}
+
+TEST_P(DialogConformance, EnterPressesTheDefaultButtonAndEscapeCancels)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        events.Taken();
+        EXPECT_TRUE(hands.PressEnter());
+        EXPECT_TRUE(hands.PressEscape());
+        EXPECT_EQ(events.Taken(), (Lines{L"click 1", L"click 2"}));
+        window.Enable(ACCEPT_COMMAND, false);
+        hands.PressEnter();
+        EXPECT_EQ(events.Taken(), Lines{});
+    });
+}
+
+TEST_P(DialogConformance, EscapeNeedsNoCancelButton)
+{
+    Run(conformance::SMALL_TEMPLATE, [&](DialogWindow&, DialogHands& hands) { hands.PressEscape(); });
+    EXPECT_EQ(events.lines, (Lines{L"init", L"click 2"}));
+}
+
+// Reaching controls
+
+TEST_P(DialogConformance, AllControlsAreShownAndEnabledAtTheStart)
+{
+    Run([](DialogWindow&, DialogHands& hands) {
+        for (const ControlTemplate& control : conformance::CONTROLS)
+        {
+            EXPECT_TRUE(hands.IsEnabled(control.number)) << control.number;
+            EXPECT_TRUE(hands.IsShown(control.number)) << control.number;
+        }
+    });
+}
+
+TEST_P(DialogConformance, EachControlIsEnabledAndShownByItself)
+{
+    Run([](DialogWindow& window, DialogHands& hands) {
+        for (const ControlTemplate& changed : conformance::CONTROLS)
+        {
+            window.Enable(changed.number, false);
+            window.Show(changed.number, false);
+            for (const ControlTemplate& one : conformance::CONTROLS)
+            {
+                EXPECT_EQ(hands.IsEnabled(one.number), one.number != changed.number) << one.number;
+                EXPECT_EQ(hands.IsShown(one.number), one.number != changed.number) << one.number;
+            }
+            window.Enable(changed.number, true);
+            EXPECT_FALSE(hands.IsShown(changed.number));
+            window.Show(changed.number, true);
+        }
+    });
+}
+
+TEST_P(DialogConformance, WhatIsDisabledOrHiddenIsOutOfReach)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        window.AddEntry(LIST, L"a");
+        const TreeItem item = window.AddTreeItem(TREE, nullptr, L"i", nullptr);
+        events.Taken();
+        const auto refuse = [&](void (DialogWindow::*change)(int, bool)) {
+            for (const int control : {EDIT, LIST, FIRST, TREE, CLOSE})
+            {
+                (window.*change)(control, false);
+            }
+            EXPECT_FALSE(hands.Click(CLOSE));
+            EXPECT_FALSE(hands.Click(FIRST));
+            EXPECT_FALSE(hands.TypeCharacter(EDIT, L'a'));
+            EXPECT_FALSE(hands.ChooseEntry(LIST, 0));
+            EXPECT_FALSE(hands.ChooseTreeItem(TREE, item));
+            for (const int control : {EDIT, LIST, FIRST, TREE, CLOSE})
+            {
+                (window.*change)(control, true);
+            }
+        };
+        refuse(&DialogWindow::Enable);
+        refuse(&DialogWindow::Show);
+        EXPECT_EQ(events.Taken(), Lines{});
+        EXPECT_EQ(window.Text(EDIT), L"");
+        EXPECT_EQ(window.SelectedEntry(LIST), DialogWindow::NO_ENTRY);
+        EXPECT_FALSE(window.IsChecked(FIRST));
+    });
+}
+
+TEST_P(DialogConformance, OnlyWhatCanBeClickedIsClicked)
+{
+    Run([&](DialogWindow&, DialogHands& hands) {
+        using namespace conformance;
+        events.Taken();
+        EXPECT_TRUE(hands.Click(CLOSE));
+        EXPECT_TRUE(hands.Click(THIRD));
+        EXPECT_EQ(events.Taken(), (Lines{L"click 3", L"click 18"}));
+        EXPECT_FALSE(hands.Click(LABEL));
+        EXPECT_FALSE(hands.Click(GROUP));
+        EXPECT_FALSE(hands.Click(999));
+        EXPECT_EQ(events.Taken(), Lines{});
+    });
+}
+
+// Edits
+
+TEST_P(DialogConformance, SettingATextIsAChangeEvenToWhatItWas)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        events.Taken();
+        window.SetText(EDIT, L"");
+        window.SetText(EDIT, L"主測点");
+        window.SetText(EDIT, L"主測点");
+        window.SetText(READ_ONLY, L"r");
+        EXPECT_EQ(events.Taken(), (Lines{L"text 10 ", L"text 10 主測点", L"text 10 主測点", L"text 12 r"}));
+        EXPECT_EQ(window.Text(EDIT), L"主測点");
+        EXPECT_EQ(window.Text(OTHER_EDIT), L"");
+    });
+}
+
+TEST_P(DialogConformance, SettingTheTextOfADisabledOrHiddenEditIsAChange)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        window.Enable(EDIT, false);
+        window.Show(OTHER_EDIT, false);
+        events.Taken();
+        window.SetText(EDIT, L"a");
+        window.SetText(OTHER_EDIT, L"b");
+        EXPECT_EQ(events.Taken(), (Lines{L"text 10 a", L"text 11 b"}));
+    });
+}
+
+TEST_P(DialogConformance, EachCharacterTypedIsAChange)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        events.Taken();
+        for (const wchar_t character : {L'1', L'.', L'河'})
+        {
+            EXPECT_TRUE(hands.TypeCharacter(EDIT, character));
+        }
+        EXPECT_EQ(events.Taken(), (Lines{L"text 10 1", L"text 10 1.", L"text 10 1.河"}));
+        EXPECT_FALSE(hands.TypeCharacter(READ_ONLY, L'1'));
+        EXPECT_FALSE(hands.TypeCharacter(LIST, L'1'));
+        EXPECT_EQ(window.Text(READ_ONLY), L"");
+    });
+}
+
+TEST_P(DialogConformance, ATextPutBackByAHandlerIsAChangeWithinTheChange)
+{
+    events.onText = [](DialogWindow& window, int control) {
+        if (window.Text(control) == L"1.5.")
+        {
+            window.SetText(control, L"1.5");
+        }
+    };
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        window.SetText(EDIT, L"1.5.");
+        EXPECT_EQ(window.Text(EDIT), L"1.5");
+        events.Taken();
+        hands.TypeCharacter(EDIT, L'.');
+        EXPECT_EQ(window.Text(EDIT), L"1.5");
+        hands.TypeCharacter(EDIT, L'7');
+        EXPECT_EQ(events.Taken(), (Lines{L"text 10 1.5.", L"text 10 1.5", L"text 10 1.57"}));
+    });
+}
+
+// Lists
+
+TEST_P(DialogConformance, AListKeepsItsEntriesInTheOrderOfAddingWithTheirData)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        events.Taken();
+        EXPECT_EQ(window.AddEntry(LIST, L"b", L"1"), 0);
+        EXPECT_EQ(window.AddEntry(LIST, L"a"), 1);
+        EXPECT_EQ(window.AddEntry(LIST, L"b", L"2"), 2);
+        EXPECT_EQ(Entries(window, LIST), (Lines{L"b", L"a", L"b"}));
+        EXPECT_STREQ(window.EntryData(LIST, 0), L"1");
+        EXPECT_EQ(window.EntryData(LIST, 1), nullptr);
+        EXPECT_STREQ(window.EntryData(LIST, 2), L"2");
+        EXPECT_EQ(window.SelectedEntry(LIST), DialogWindow::NO_ENTRY);
+        EXPECT_EQ(window.Text(LIST), L"");
+        EXPECT_EQ(events.Taken(), Lines{});
+    });
+}
+
+TEST_P(DialogConformance, SelectingAnEntryIsNoEvent)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        for (const int list : {LIST, SORTED})
+        {
+            window.AddEntry(list, L"a");
+            window.AddEntry(list, L"b");
+            events.Taken();
+            window.SelectEntry(list, 1);
+            EXPECT_EQ(window.SelectedEntry(list), 1);
+            EXPECT_EQ(window.Text(list), L"b");
+            EXPECT_TRUE(hands.ChooseEntry(list, 0));
+            EXPECT_EQ(window.Text(list), L"a");
+            EXPECT_FALSE(hands.ChooseEntry(list, 2));
+            EXPECT_EQ(window.SelectedEntry(list), 0);
+            window.SelectEntry(list, DialogWindow::NO_ENTRY);
+            EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
+            EXPECT_EQ(window.Text(list), L"");
+            EXPECT_EQ(events.Taken(), Lines{});
+        }
+    });
+}
+
+TEST_P(DialogConformance, AClearedListHasNoEntryAndNoSelection)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        for (const int list : {LIST, SORTED})
+        {
+            window.AddEntry(list, L"a");
+            window.SelectEntry(list, 0);
+            window.ClearEntries(list);
+            EXPECT_EQ(window.EntryCount(list), 0);
+            EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
+            EXPECT_EQ(window.Text(list), L"");
+            window.AddEntry(list, L"b");
+            EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
+        }
+    });
+}
+
+TEST_P(DialogConformance, AnEntryIsFoundByItsExactTextAlone)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        for (const wchar_t* const text : {L"abc", L"ABC", L"ab", L"ａｂ", L"か", L"カ", L"が", L"ab"})
+        {
+            window.AddEntry(LIST, text);
+        }
+        EXPECT_EQ(window.FindEntry(LIST, L"abc"), 0);
+        EXPECT_EQ(window.FindEntry(LIST, L"ABC"), 1);
+        EXPECT_EQ(window.FindEntry(LIST, L"ab"), 2);
+        EXPECT_EQ(window.FindEntry(LIST, L"ａｂ"), 3);
+        EXPECT_EQ(window.FindEntry(LIST, L"カ"), 5);
+        EXPECT_EQ(window.FindEntry(LIST, L"が"), 6);
+        for (const wchar_t* const text : {L"a", L"Ab", L"ab ", L"", L"abcd"})
+        {
+            EXPECT_EQ(window.FindEntry(LIST, text), DialogWindow::NO_ENTRY) << testing::PrintToString(text);
+        }
+    });
+}
+
+TEST_P(DialogConformance, ASortedListStandsInJapaneseOrder)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        for (const int list : {SORTED, BOX})
+        {
+            EXPECT_EQ(window.AddEntry(list, L"閉合型", L"closed"), 0);
+            EXPECT_EQ(window.AddEntry(list, L"開放型", L"open"), 0);
+            EXPECT_EQ(window.AddEntry(list, L"左岸"), 1);
+            EXPECT_EQ(window.AddEntry(list, L"右岸"), 0);
+            EXPECT_EQ(window.AddEntry(list, L"2級"), 0);
+            EXPECT_EQ(window.AddEntry(list, L"1級"), 0);
+            EXPECT_EQ(Entries(window, list), (Lines{L"1級", L"2級", L"右岸", L"開放型", L"左岸", L"閉合型"}));
+        }
+        EXPECT_STREQ(window.EntryData(SORTED, window.FindEntry(SORTED, L"開放型")), L"open");
+    });
+}
+
+TEST_P(DialogConformance, EqualTextsOfASortedListKeepTheOrderOfAdding)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        const wchar_t* const data[] = {L"first", L"second", L"third", L"fourth"};
+        for (const wchar_t* const one : data)
+        {
+            window.AddEntry(SORTED, L"z");
+            window.AddEntry(SORTED, L"m", one);
+            window.AddEntry(SORTED, L"a");
+        }
+        for (int place = 0; place < 4; ++place)
+        {
+            EXPECT_EQ(window.EntryText(SORTED, 4 + place), L"m");
+            EXPECT_STREQ(window.EntryData(SORTED, 4 + place), data[place]);
+        }
+        EXPECT_EQ(window.FindEntry(SORTED, L"m"), 4);
+    });
+}
+
+TEST_P(DialogConformance, ASortedListIsAStableSortOfWhatWasAdded)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        constexpr std::wstring_view LETTERS = L"aAbBあアいイか1右左";
+        std::mt19937 random(4);
+        for (int round = 0; round < 20; ++round)
+        {
+            Lines added;
+            window.ClearEntries(SORTED);
+            for (int count = 0; count < 30; ++count)
+            {
+                std::wstring text;
+                for (std::size_t length = random() % 4; length > 0; --length)
+                {
+                    text += LETTERS[random() % LETTERS.size()];
+                }
+                window.AddEntry(SORTED, text);
+                added.push_back(text);
+            }
+            std::stable_sort(added.begin(), added.end(), [](const std::wstring& first, const std::wstring& second) {
+                return CompareJapanese(first, second) < 0;
+            });
+            ASSERT_EQ(Entries(window, SORTED), added);
+        }
+    });
+}
+
+// Radios
+
+TEST_P(DialogConformance, AClickedRadioExcludesTheOthersOfItsGroup)
+{
+    Run([](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        const auto checked = [&] {
+            std::vector<int> radios;
+            for (const int radio : {FIRST, SECOND, THIRD, FIRST_OF_OTHERS, SECOND_OF_OTHERS})
+            {
+                if (window.IsChecked(radio))
+                {
+                    radios.push_back(radio);
+                }
+            }
+            return radios;
+        };
+        using Radios = std::vector<int>;
+        EXPECT_EQ(checked(), Radios{});
+        hands.Click(SECOND_OF_OTHERS);
+        hands.Click(THIRD);
+        EXPECT_EQ(checked(), (Radios{THIRD, SECOND_OF_OTHERS}));
+        hands.Click(FIRST);
+        EXPECT_EQ(checked(), (Radios{FIRST, SECOND_OF_OTHERS}));
+        hands.Click(SECOND);
+        EXPECT_EQ(checked(), (Radios{SECOND, SECOND_OF_OTHERS}));
+        hands.Click(SECOND);
+        EXPECT_EQ(checked(), (Radios{SECOND, SECOND_OF_OTHERS}));
+        hands.Click(FIRST_OF_OTHERS);
+        EXPECT_EQ(checked(), (Radios{SECOND, FIRST_OF_OTHERS}));
+    });
+}
+
+TEST_P(DialogConformance, ARadioIsCheckedWhenItsClickArrives)
+{
+    bool checked = false;
+    bool formerChecked = true;
+    events.onClick = [&](DialogWindow& window, int radio) {
+        checked = window.IsChecked(radio);
+        formerChecked = window.IsChecked(conformance::FIRST);
+    };
+    Run([](DialogWindow& window, DialogHands& hands) {
+        window.SetChecked(conformance::FIRST, true);
+        hands.Click(conformance::SECOND);
+    });
+    EXPECT_TRUE(checked);
+    EXPECT_FALSE(formerChecked);
+}
+
+TEST_P(DialogConformance, CheckingARadioIsNoEventAndExcludesNoOther)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        events.Taken();
+        window.SetChecked(FIRST, true);
+        window.SetChecked(SECOND, true);
+        EXPECT_TRUE(window.IsChecked(FIRST));
+        EXPECT_TRUE(window.IsChecked(SECOND));
+        window.SetChecked(FIRST, false);
+        EXPECT_FALSE(window.IsChecked(FIRST));
+        EXPECT_TRUE(window.IsChecked(SECOND));
+        window.SetChecked(SECOND, false);
+        EXPECT_FALSE(window.IsChecked(SECOND));
+        EXPECT_EQ(events.Taken(), Lines{});
+    });
+}
+
+// Trees
+
+/// A tree of two roots with children and the data of each item.
+struct ConformanceTree
+{
+    explicit ConformanceTree(DialogWindow& window)
+    {
+        const auto add = [&](TreeItem parent, wchar_t* data) {
+            return window.AddTreeItem(conformance::TREE, parent, std::wstring(L"item ") + data, data);
+        };
+        first = add(nullptr, names[0]);
+        second = add(nullptr, names[1]);
+        child = add(first, names[2]);
+        otherChild = add(first, names[3]);
+        childOfSecond = add(second, names[4]);
+    }
+
+    wchar_t names[5][4] = {L"1", L"2", L"1-1", L"1-2", L"2-1"};
+    TreeItem first;
+    TreeItem second;
+    TreeItem child;
+    TreeItem otherChild;
+    TreeItem childOfSecond;
+};
+
+TEST_P(DialogConformance, ATreeHoldsItsItemsUnderTheirParentsInTheOrderOfAdding)
+{
+    Run([](DialogWindow& window, DialogHands& hands) {
+        using conformance::TREE;
+        using Items = std::vector<TreeItem>;
+        EXPECT_EQ(window.FirstTreeItem(TREE), nullptr);
+        EXPECT_EQ(hands.TreeChildren(TREE, nullptr), Items{});
+        ConformanceTree tree(window);
+        EXPECT_EQ(window.FirstTreeItem(TREE), tree.first);
+        EXPECT_EQ(hands.TreeChildren(TREE, nullptr), (Items{tree.first, tree.second}));
+        EXPECT_EQ(hands.TreeChildren(TREE, tree.first), (Items{tree.child, tree.otherChild}));
+        EXPECT_EQ(hands.TreeChildren(TREE, tree.second), Items{tree.childOfSecond});
+        EXPECT_EQ(window.TreeParent(TREE, tree.first), nullptr);
+        EXPECT_EQ(window.TreeParent(TREE, tree.otherChild), tree.first);
+        EXPECT_EQ(window.TreeItemData(TREE, tree.otherChild), tree.names[3]);
+        EXPECT_EQ(window.TreeItemData(TREE, window.AddTreeItem(TREE, nullptr, L"", nullptr)), nullptr);
+        EXPECT_EQ(hands.TreeText(TREE, tree.childOfSecond), L"item 2-1");
+    });
+}
+
+TEST_P(DialogConformance, ATreeIsExpandedItemByItem)
+{
+    Run([](DialogWindow& window, DialogHands& hands) {
+        using conformance::TREE;
+        ConformanceTree tree(window);
+        EXPECT_FALSE(hands.IsExpanded(TREE, tree.first));
+        window.ExpandTreeItem(TREE, tree.first);
+        EXPECT_TRUE(hands.IsExpanded(TREE, tree.first));
+        EXPECT_FALSE(hands.IsExpanded(TREE, tree.second));
+    });
+}
+
+TEST_P(DialogConformance, NothingIsSelectedInATreeBeforeAPersonDoes)
+{
+    events.onInit = [](DialogWindow& window) {
+        const TreeItem item = window.AddTreeItem(conformance::TREE, nullptr, L"a", nullptr);
+        window.ExpandTreeItem(conformance::TREE, item);
+        window.EnsureTreeItemVisible(conformance::TREE, item);
+        window.Raise();
+    };
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(events.lines, Lines{L"init"}); });
+}
+
+TEST_P(DialogConformance, ASelectionIsReportedBeforeTheCallReturns)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using conformance::TREE;
+        ConformanceTree tree(window);
+        window.ExpandTreeItem(TREE, tree.first);
+        window.ExpandTreeItem(TREE, tree.second);
+        events.Taken();
+        EXPECT_TRUE(hands.ChooseTreeItem(TREE, tree.child));
+        EXPECT_EQ(events.Taken(), Lines{L"tree 21 1-1"});
+        EXPECT_TRUE(hands.ChooseTreeItem(TREE, tree.child));
+        EXPECT_EQ(events.Taken(), Lines{});
+        EXPECT_TRUE(hands.ChooseTreeItem(TREE, tree.second));
+        EXPECT_TRUE(hands.ChooseTreeItem(TREE, tree.child));
+        EXPECT_EQ(events.Taken(), (Lines{L"tree 21 2", L"tree 21 1-1"}));
+    });
+}
+
+// A window over another
+
+TEST_P(DialogConformance, AWindowUnderAnotherIsOutOfReachUntilThatEnds)
+{
+    RecordedEvents eventsAbove;
+    DialogHands* handsBelow = nullptr;
+    const auto openAnother = [&](DialogWindow& below) {
+        const std::unique_ptr<DialogWindow> above =
+            layer->Windows().MakeDialogWindow(conformance::SMALL_TEMPLATE, eventsAbove, &below);
+        eventsAbove.window = above.get();
+        EXPECT_EQ(above->RunModal(), DialogResult::Accepted);
+    };
+    eventsAbove.onClick = [](DialogWindow& window, int) { window.End(DialogResult::Accepted); };
+    events.onClick = [&](DialogWindow& window, int control) {
+        if (control == conformance::CLOSE)
+        {
+            openAnother(window);
+        }
+    };
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        if (window.Template().number == conformance::SMALL_TEMPLATE.number)
+        {
+            EXPECT_FALSE(handsBelow->Click(conformance::FIRST));
+            EXPECT_FALSE(handsBelow->TypeCharacter(conformance::EDIT, L'a'));
+            EXPECT_FALSE(handsBelow->PressEnter());
+            EXPECT_FALSE(handsBelow->PressEscape());
+            // The logic of the window below can still work.
+            events.window->SetText(conformance::EDIT, L"s");
+            EXPECT_TRUE(hands.PressEnter());
+            return;
+        }
+        handsBelow = &hands;
+        hands.Click(conformance::CLOSE);
+        EXPECT_TRUE(hands.Click(conformance::FIRST));
+        hands.Click(conformance::CLOSE);
+    });
+    EXPECT_EQ(events.lines, (Lines{L"init", L"click 3", L"text 10 s", L"click 16", L"click 3", L"text 10 s"}));
+    EXPECT_EQ(eventsAbove.lines, (Lines{L"init", L"click 1", L"init", L"click 1"}));
+}
+
+} // namespace jlandxml
