@@ -24,7 +24,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NO_FILE = L"ファイルは出力されませんでした。";
+constexpr const wchar_t* NO_FILE_LINE = L"ファイルは出力されませんでした。\n";
 
 /// What the command line asks for.
 struct Options
@@ -198,14 +198,7 @@ class BatchRun
     ExitStatus Run()
     {
         const WindowsScope scope(windows_);
-        try
-        {
-            ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
-        }
-        catch (const std::exception&)
-        {
-            // What the module doesn't take, such as memory that isn't there, has ended the run without a word.
-        }
+        ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
         return Report();
     }
 
@@ -272,7 +265,7 @@ class BatchRun
         }
         if (!GetConversionContext().fileWritten)
         {
-            WriteStandardError(std::wstring(NO_FILE) + L"\n");
+            WriteStandardError(NO_FILE_LINE);
             return ExitStatus::NoFile;
         }
         return ExitStatus::FileWritten;
@@ -314,21 +307,31 @@ ExitStatus RunModule(const Options& options)
     return ExitStatus::FileWritten;
 }
 
+ExitStatus RunOptions(const Options& options)
+{
+    if (!IsFolder(options.workFolder))
+    {
+        WriteStandardError(options.workFolder + L": 作業フォルダーがありません。\n");
+        return ExitStatus::WrongUsage;
+    }
+    return options.dialog ? RunModule(options) : RunScripted(options);
+}
+
 } // namespace
 
 ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
 {
-    const Parsed parsed = Parse(arguments);
-    if (parsed.ends)
+    try
     {
-        return *parsed.ends;
+        const Parsed parsed = Parse(arguments);
+        return parsed.ends ? *parsed.ends : RunOptions(parsed.options);
     }
-    if (!IsFolder(parsed.options.workFolder))
+    catch (const std::exception&)
     {
-        WriteStandardError(parsed.options.workFolder + L": 作業フォルダーがありません。\n");
-        return ExitStatus::WrongUsage;
+        // Not the module's own failures, which are messages; such as memory that isn't there.
+        WriteStandardError(NO_FILE_LINE);
+        return ExitStatus::NoFile;
     }
-    return parsed.options.dialog ? RunModule(parsed.options) : RunScripted(parsed.options);
 }
 
 } // namespace jlandxml
