@@ -76,7 +76,7 @@ std::int32_t ReadRouteCount(const std::string& text)
 /// One line about the argument that is wrong.
 std::string Problem(const CLI::ParseError& error)
 {
-    const std::string text = error.what();
+    std::string text = error.what();
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
     {
     case CLI::ExitCodes::RequiredError:
