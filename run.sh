@@ -7,9 +7,10 @@ set -euo pipefail
 start=$PWD
 cd "$(dirname "$0")"
 
-tools/setup.sh --build
+# Standard output is the program's alone, so that what it prints can be kept in a file.
+tools/setup.sh --build >&2
 [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
-cmake --build build/release --target all -- --quiet
+cmake --build build/release --target all -- --quiet >&2
 program=$PWD/build/release/src/jlandxml-convert
 
 if [ $# -gt 0 ]; then
@@ -22,7 +23,9 @@ out=build/road.xml
 echo
 echo "The finished file:  $out  ($(stat -c %s "$out") bytes)"
 echo "To try next:"
-echo "  ./run.sh examples/road --print-settings"
+echo "  ./run.sh examples/road --print-settings > build/road.json   # edit it: what is empty, what _choices offers"
+echo "  ./run.sh examples/road -s build/road.json -o build/road.xml"
 echo "  ./run.sh examples/river -s examples/river/settings.json -o build/river.xml"
+echo "  ./run.sh examples/two-routes -o build/two-routes.xml        # says what its data lack"
 echo "  ./run.sh FOLDER -s SETTINGS.json -o OUT.xml"
 echo "  ./run.sh --help"

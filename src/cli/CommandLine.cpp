@@ -24,7 +24,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NO_FILE = L"ファイルは出力されませんでした。";
+constexpr const wchar_t* NO_FILE_LINE = L"ファイルは出力されませんでした。\n";
 
 /// What the command line asks for.
 struct Options
@@ -76,7 +76,7 @@ std::int32_t ReadRouteCount(const std::string& text)
 /// One line about the argument that is wrong.
 std::string Problem(const CLI::ParseError& error)
 {
-    const std::string text = error.what();
+    std::string text = error.what();
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
     {
     case CLI::ExitCodes::RequiredError:
@@ -155,6 +155,18 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     return parsed;
 }
 
+/// With a separator behind it, the name of a file is none of a folder. A system that overlooks the separator still
+/// doesn't open a folder as a file.
+bool IsFolder(const std::wstring& path)
+{
+    if (!PathExists(path + L"/"))
+    {
+        return false;
+    }
+    const FileHandle file = OpenForReading(path);
+    return file == nullptr || !FileLength(file.get());
+}
+
 std::int32_t RouteCount(const Options& options)
 {
     return options.routes ? *options.routes : CountRoutes(options.workFolder);
@@ -186,14 +198,7 @@ class BatchRun
     ExitStatus Run()
     {
         const WindowsScope scope(windows_);
-        try
-        {
-            ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
-        }
-        catch (const std::exception&)
-        {
-            // What the module doesn't take, such as memory that isn't there, has ended the run without a word.
-        }
+        ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
         return Report();
     }
 
@@ -260,7 +265,7 @@ class BatchRun
         }
         if (!GetConversionContext().fileWritten)
         {
-            WriteStandardError(std::wstring(NO_FILE) + L"\n");
+            WriteStandardError(NO_FILE_LINE);
             return ExitStatus::NoFile;
         }
         return ExitStatus::FileWritten;
@@ -302,22 +307,31 @@ ExitStatus RunModule(const Options& options)
     return ExitStatus::FileWritten;
 }
 
+ExitStatus RunOptions(const Options& options)
+{
+    if (!IsFolder(options.workFolder))
+    {
+        WriteStandardError(options.workFolder + L": 作業フォルダーがありません。\n");
+        return ExitStatus::WrongUsage;
+    }
+    return options.dialog ? RunModule(options) : RunScripted(options);
+}
+
 } // namespace
 
 ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
 {
-    const Parsed parsed = Parse(arguments);
-    if (parsed.ends)
+    try
     {
-        return *parsed.ends;
+        const Parsed parsed = Parse(arguments);
+        return parsed.ends ? *parsed.ends : RunOptions(parsed.options);
     }
-    // With a separator behind it, the name of a file is none of a folder.
-    if (!PathExists(parsed.options.workFolder + L"/"))
+    catch (const std::exception&)
     {
-        WriteStandardError(parsed.options.workFolder + L": 作業フォルダーがありません。\n");
-        return ExitStatus::WrongUsage;
+        // Not the module's own failures, which are messages; such as memory that isn't there.
+        WriteStandardError(NO_FILE_LINE);
+        return ExitStatus::NoFile;
     }
-    return parsed.options.dialog ? RunModule(parsed.options) : RunScripted(parsed.options);
 }
 
 } // namespace jlandxml

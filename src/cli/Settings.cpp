@@ -20,7 +20,6 @@ using namespace convert_dlg;
 
 constexpr const char* ROAD_ONLY = "河川の路線では入力できません";
 constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
-constexpr const char* NOT_NOW = SettingKey{}.disabled;
 constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
 
 constexpr SettingKey PROJECT_KEYS[] = {

@@ -2,6 +2,7 @@
 
 #include "framework/Files.h"
 #include "framework/Text.h"
+#include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
 #include <nlohmann/json.hpp>
@@ -92,6 +93,29 @@ TEST_F(CommandLineTest, NoFileAndNoWordFromTheModuleIsStatusThreeWithOneLine)
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "ファイルは出力されませんでした。\n");
+}
+
+TEST_F(CommandLineTest, MemoryThatIsNotThereEndsTheRunWithAStatusAndAWord)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::vector<std::wstring> arguments{folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()};
+    const std::string finished = (Run(arguments), folder.Read(L"out.xml"));
+    bool failed = true;
+    for (std::size_t allowed = 0; failed; allowed += 1 + allowed / 10)
+    {
+        RemoveFile(Output());
+        testing::internal::CaptureStderr();
+        ExitStatus status{};
+        {
+            const FailingAllocation failing(allowed, FailOtherwise);
+            status = RunCommandLine(arguments);
+            failed = failing.HasFailed();
+        }
+        EXPECT_EQ(testing::internal::GetCapturedStderr().empty(), status == ExitStatus::FileWritten) << allowed;
+        // Behind a message box the dialog goes on, so that a file may stand beside a failure; a broken one never does.
+        const std::string left = folder.Read(L"out.xml");
+        EXPECT_TRUE(left == finished || (left.empty() && status != ExitStatus::FileWritten)) << allowed;
+    }
 }
 
 TEST_F(CommandLineTest, TraceLinesStandOnStandardOutput)

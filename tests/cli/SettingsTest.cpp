@@ -1,5 +1,6 @@
 #include "cli/Settings.h"
 
+#include "framework/Files.h"
 #include "framework/Text.h"
 #include "support/TemporaryFolder.h"
 
@@ -281,6 +282,31 @@ TEST_P(SettingsNoJson, IsAnErrorThatNamesTheLine)
 
 INSTANTIATE_TEST_SUITE_P(Cli, SettingsNoJson, testing::ValuesIn(NO_JSON),
                          [](const auto& one) { return std::string(one.param.name); });
+
+/// The settings file that a text shows, indented by four.
+std::string ShownExample(const std::string& text)
+{
+    const std::size_t begin = text.find("\n    {\n");
+    const std::size_t end = text.find("\n    }\n", begin);
+    return text.substr(begin, end + std::string_view("\n    }").size() - begin);
+}
+
+TEST_F(SettingsFile, ExamplesOfTheReadmesHoldEveryKey)
+{
+    for (const wchar_t* const readme : {L"/README.md", L"/README.ja.md"})
+    {
+        const std::string example = ShownExample(ReadWholeFile(std::wstring(JLANDXML_SOURCE_DIR) + readme).value());
+        EXPECT_EQ(Error(example), "");
+        for (const TypedKey& key : TYPED_KEYS)
+        {
+            const std::string name = std::string(key.path).substr(std::string(key.path).find_last_of('.') + 1);
+            if (name.find('[') == std::string::npos)
+            {
+                EXPECT_NE(example.find('"' + name + '"'), std::string::npos) << name;
+            }
+        }
+    }
+}
 
 TEST_F(SettingsFile, MayBeginWithAByteOrderMark)
 {
