@@ -98,6 +98,12 @@ class FailingDialog final : public ScriptedDialog
         return ScriptedDialog::SelectedEntry(list);
     }
 
+    void* TreeItemData(int tree, TreeItem item) const override
+    {
+        FailAt(tree);
+        return ScriptedDialog::TreeItemData(tree, item);
+    }
+
     void ShowWaitCursor(bool shown) override
     {
         ScriptedDialog::ShowWaitCursor(shown);
@@ -243,6 +249,21 @@ TEST_P(ConvertDlgFailures, OfSelectingNameTheKindOfObject)
             EXPECT_FALSE(window.HasEnded());
         });
     }
+}
+
+TEST_P(ConvertDlgFailures, OfSelectingAnAlignmentLeaveItWithoutARoute)
+{
+    JLandXmlConvertDlg opened;
+    OpenFailing(opened, [&](ScriptedDialog& window) {
+        window.ChooseTreeItem(TREE, At(window, {0, 1}));
+        FailAt(METHOD);
+        window.ChooseTreeItem(TREE, At(window, {1, 0}));
+        FailNoMore();
+        window.SetText(TRAFFIC_VOLUME, L"5");
+        window.ChooseTreeItem(TREE, At(window, {3}));
+        EXPECT_EQ(opened.Data().alignmentsList[0]->trafficVolume, L"1000");
+        EXPECT_EQ(opened.Data().alignmentsList[1]->designGmType, L"河川");
+    });
 }
 
 TEST_P(ConvertDlgFailures, OfReadingBackKeepTheFormerObjectSelected)
@@ -417,6 +438,23 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheOutputCommandAndTheDialogGoesOn)
     EXPECT_EQ(opened.DoModal(), DialogResult::Cancelled);
 }
 
+TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheTreeAndTheDialogGoesOn)
+{
+    JLandXmlConvertDlg opened;
+    failing.SetUser([&](ScriptedDialog& window) {
+        failing.failure = {TREE, GetParam().fail};
+        window.ChooseTreeItem(TREE, At(window, {0}));
+        EXPECT_EQ(window.TreeNotificationResult(), -1);
+        ASSERT_EQ(failing.Messages().size(), 1U);
+        EXPECT_EQ(failing.Messages()[0].text, SELECTION + (L", " + std::wstring(GetParam().shown)));
+        failing.failure = {};
+        window.ChooseTreeItem(TREE, At(window, {1}));
+        EXPECT_TRUE(window.IsChecked(RIVER));
+    });
+    opened.DoModal();
+    EXPECT_EQ(failing.Messages().size(), 1U);
+}
+
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgHandlers,
                          testing::Values(HandlerCase{ThrowFramework, CAUSE}, HandlerCase{ThrowStandard, CAUSE},
                                          HandlerCase{ThrowNumber, L"不明な例外が発生しました。"}));
@@ -482,6 +520,16 @@ TEST_F(ConvertDlgOutputFailures, OfApplyingAreShownAndNoFileIsAskedFor)
     EXPECT_EQ(opened.DoModal(), DialogResult::Accepted);
     const std::vector<std::wstring>& records = failing.Records();
     EXPECT_EQ(std::count(records.begin(), records.end(), L"save " + folder.Name(L"out.xml")), 1);
+}
+
+TEST_F(ConvertDlgOutputFailures, OfTakingTheModelEndTheConstruction)
+{
+    Model().project.name.assign(200, L'名');
+    const auto construct = [] {
+        const FailingAllocation allocation(0, [] { throw AllocationFailure(CAUSE); });
+        const JLandXmlConvertDlg opened;
+    };
+    EXPECT_THROW(construct(), DlgDataSetException);
 }
 
 } // namespace

@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-// What every window layer keeps to, whatever toolkit stands behind it. A test program that includes this file
-// instantiates DialogConformance with the factory of its layer.
+// What every window layer keeps to, whatever toolkit stands behind it. One source file of a test program includes this
+// file and instantiates DialogConformance with the factory of its layer.
 
 namespace jlandxml
 {
