@@ -73,7 +73,7 @@ void Picture(const wchar_t* name)
 {
     if (const std::wstring folder = Environment("JLANDXML_PICTURES"); !folder.empty())
     {
-        TakePicture(folder + L"/" + name + L".ppm");
+        TakePicture(folder + L"/" + name + L".png");
     }
 }
 

@@ -64,7 +64,7 @@ void AnswerSaveDialog(const std::optional<std::wstring>& path);
 /// Waits until a dialog is closed or behind another window.
 void WaitUntilGone(KnownDialog which);
 
-/// Puts a picture of the window in front into a file.
+/// Saves a picture of the window in front as a PNG file.
 void TakePicture(const std::wstring& path);
 
 // For a driver on the host's own thread.

@@ -417,7 +417,7 @@ void TakePicture(const std::wstring& path)
             ->grab()
             .toImage()
             .convertToFormat(QImage::Format_RGB888)
-            .save(QString::fromStdWString(path), "PPM");
+            .save(QString::fromStdWString(path), "PNG", 0);
     });
 }
 

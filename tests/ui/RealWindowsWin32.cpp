@@ -14,6 +14,9 @@
 #include <commctrl.h>
 #include <commdlg.h>
 #include <dlgs.h>
+#include <objidl.h>
+
+#include <gdiplus.h>
 
 namespace jlandxml
 {
@@ -366,40 +369,43 @@ class Win32Hands final : public DialogHands
     HWND dialog_;
 };
 
-std::string Narrow(const std::wstring& path)
+/// A part of the screen as a bitmap of its own.
+class ScreenPart
 {
-    return {path.begin(), path.end()};
-}
-
-/// Writes the pixels of a part of the screen as a picture.
-void WritePicture(const std::wstring& path, const RECT& place)
-{
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    const HGDIOBJ former = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-    BITMAPINFOHEADER info{sizeof(info), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    std::vector<unsigned char> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4);
-    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(), reinterpret_cast<BITMAPINFO*>(&info),
-              DIB_RGB_COLORS);
-    if (std::FILE* const file = std::fopen(Narrow(path).c_str(), "wb"))
+  public:
+    explicit ScreenPart(const RECT& place)
     {
-        std::fprintf(file, "P6 %d %d 255\n", width, height);
-        for (std::size_t pixel = 0; pixel < pixels.size(); pixel += 4)
-        {
-            const unsigned char rgb[] = {pixels[pixel + 2], pixels[pixel + 1], pixels[pixel]};
-            std::fwrite(rgb, 1, sizeof(rgb), file);
-        }
-        std::fclose(file);
+        const int width = place.right - place.left;
+        const int height = place.bottom - place.top;
+        const HDC screen = GetDC(nullptr);
+        const HDC memory = CreateCompatibleDC(screen);
+        bitmap_ = CreateCompatibleBitmap(screen, width, height);
+        const HGDIOBJ former = SelectObject(memory, bitmap_);
+        BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
+        SelectObject(memory, former);
+        DeleteDC(memory);
+        ReleaseDC(nullptr, screen);
     }
-    SelectObject(memory, former);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-}
+    ScreenPart(const ScreenPart&) = delete;
+    ScreenPart& operator=(const ScreenPart&) = delete;
+    ~ScreenPart() { DeleteObject(bitmap_); }
+
+    void SaveAsPng(const std::wstring& path) const
+    {
+        constexpr CLSID PNG = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
+        ULONG_PTR token = 0;
+        const Gdiplus::GdiplusStartupInput input;
+        Gdiplus::GdiplusStartup(&token, &input, nullptr);
+        {
+            Gdiplus::Bitmap image(bitmap_, nullptr);
+            image.Save(path.c_str(), &PNG, nullptr);
+        }
+        Gdiplus::GdiplusShutdown(token);
+    }
+
+  private:
+    HBITMAP bitmap_;
+};
 
 } // namespace
 
@@ -519,7 +525,7 @@ void TakePicture(const std::wstring& path)
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     RECT place{};
     GetWindowRect(FindDialog([](HWND) { return true; }), &place);
-    WritePicture(path, place);
+    ScreenPart(place).SaveAsPng(path);
 }
 
 std::unique_ptr<DialogHands> HandsOfFrontDialog()
