@@ -179,6 +179,63 @@ TEST(Journey, ARoadAndARiverEnableTheirOwnControls)
     });
 }
 
+TEST(Journey, TheTabKeyReachesEveryEnabledControlInReadingOrder)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        EXPECT_TRUE(WaitForFocus(PROJECT_NAME));
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
+        for (const int control :
+             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
+              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE, ROAD, ROAD_CLASSIFICATION, TRAFFIC_VOLUME,
+              SUB_INTERVAL, NORMAL_CROWN, LANES, SUPERELEVATION_DEFINITION, PROJECT_NAME})
+        {
+            PressKey(Key::Tab);
+            EXPECT_TRUE(WaitForFocus(control)) << control;
+        }
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, TheArrowKeysMoveThroughTheTreeAndTheRadios)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
+        for (const int control :
+             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
+              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE})
+        {
+            PressKey(Key::Tab);
+            ASSERT_TRUE(WaitForFocus(control)) << control;
+        }
+        PressKey(Key::Down);
+        // The first control of an alignment that can be typed into.
+        for (const int control : {ROAD, ROAD_CLASSIFICATION, TRAFFIC_VOLUME, SUB_INTERVAL})
+        {
+            PressKey(Key::Tab);
+            EXPECT_TRUE(WaitForFocus(control)) << control;
+        }
+        dialog->PressEscape();
+    });
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
+        for (const int control :
+             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
+              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE, ROAD})
+        {
+            PressKey(Key::Tab);
+            ASSERT_TRUE(WaitForFocus(control)) << control;
+        }
+        PressKey(Key::Down);
+        EXPECT_TRUE(WaitForFocus(RIVER));
+        EXPECT_TRUE(dialog->IsChecked(RIVER));
+        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE));
+        dialog->PressEscape();
+    });
+}
+
 TEST(Journey, SortedListsFollowJapaneseWhateverTheUsersLocale)
 {
     Call(Example(L"road"), [] {

@@ -64,6 +64,18 @@ void AnswerSaveDialog(const std::optional<std::wstring>& path);
 /// Waits until a dialog is closed or behind another window.
 void WaitUntilGone(KnownDialog which);
 
+enum class Key
+{
+    Tab,
+    Down
+};
+
+/// Presses a key where the focus is.
+void PressKey(Key key);
+
+/// Waits until a control of the dialog in front has the focus; false if it doesn't come to it.
+bool WaitForFocus(int control);
+
 /// Saves a picture of the window in front as a PNG file.
 void TakePicture(const std::wstring& path);
 

@@ -35,6 +35,7 @@ using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
+constexpr int PAUSES = 500;
 
 [[noreturn]] void GiveUp(const char* what)
 {
@@ -407,6 +408,31 @@ void AnswerSaveDialog(const std::optional<std::wstring>& path)
 void WaitUntilGone(KnownDialog which)
 {
     WaitFor("end of the dialog", [&] { return !Is(QApplication::activeModalWidget(), which); });
+}
+
+void PressKey(Key key)
+{
+    LeaveToWidgets([key] {
+        QKeyEvent press(QEvent::KeyPress, key == Key::Tab ? Qt::Key_Tab : Qt::Key_Down, Qt::NoModifier);
+        QApplication::sendEvent(QApplication::activeModalWidget()->focusWidget(), &press);
+    });
+}
+
+bool WaitForFocus(int control)
+{
+    for (int pause = 0; pause < PAUSES; ++pause)
+    {
+        const bool focused = OnWidgets([control] {
+            const QWidget* const widget = QApplication::activeModalWidget()->focusWidget();
+            return widget != nullptr && widget->objectName() == QString::number(control);
+        });
+        if (focused)
+        {
+            return true;
+        }
+        std::this_thread::sleep_for(PAUSE);
+    }
+    return false;
 }
 
 void TakePicture(const std::wstring& path)

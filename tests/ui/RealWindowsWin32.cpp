@@ -28,6 +28,7 @@ using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
+constexpr int PAUSES = 500;
 
 [[noreturn]] void GiveUp(const char* what)
 {
@@ -518,6 +519,38 @@ void AnswerSaveDialog(const std::optional<std::wstring>& path)
 void WaitUntilGone(KnownDialog which)
 {
     WaitFor("end of the dialog", [&] { return FindDialog([&](HWND window) { return Is(window, which); }) == nullptr; });
+}
+
+namespace
+{
+
+HWND FocusOfFrontDialog()
+{
+    const HWND dialog = FindDialog([](HWND) { return true; });
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
+    return info.hwndFocus;
+}
+
+} // namespace
+
+void PressKey(Key key)
+{
+    PostMessageW(FocusOfFrontDialog(), WM_KEYDOWN, key == Key::Tab ? VK_TAB : VK_DOWN, 0);
+}
+
+bool WaitForFocus(int control)
+{
+    for (int pause = 0; pause < PAUSES; ++pause)
+    {
+        if (GetDlgCtrlID(FocusOfFrontDialog()) == control)
+        {
+            return true;
+        }
+        std::this_thread::sleep_for(PAUSE);
+    }
+    return false;
 }
 
 void TakePicture(const std::wstring& path)
