@@ -15,6 +15,23 @@ const ControlTemplate* FindControl(const DialogTemplate& dialog, int number)
     return control == dialog.controls.end() ? nullptr : &*control;
 }
 
+const ControlTemplate* FindFirstFocus(const DialogTemplate& dialog, const std::function<bool(int control)>& canWork)
+{
+    const ControlTemplate* button = nullptr;
+    for (const ControlTemplate& control : dialog.controls)
+    {
+        if (control.kind == ControlKind::Edit && canWork(control.number))
+        {
+            return &control;
+        }
+        if (control.kind == ControlKind::DefaultButton && button == nullptr)
+        {
+            button = &control;
+        }
+    }
+    return button;
+}
+
 int DialogWindow::AddEntry(int list, const std::wstring& text, const wchar_t* data)
 {
     const ControlTemplate* const control = FindControl(template_, list);

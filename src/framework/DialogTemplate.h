@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
 namespace jlandxml
@@ -81,5 +82,9 @@ constexpr bool IsButton(ControlKind kind)
 
 /// The control with this number; null if the dialog has none.
 const ControlTemplate* FindControl(const DialogTemplate& dialog, int number);
+
+/// The control that a dialog opens on: the first edit to type into that can be worked, or else the default button.
+/// Never a tree, which selects its first item when it gets the focus. Null if the dialog has neither.
+const ControlTemplate* FindFirstFocus(const DialogTemplate& dialog, const std::function<bool(int control)>& canWork);
 
 } // namespace jlandxml

@@ -236,6 +236,139 @@ TEST_F(DlgDataTest, AnEmptySubIntervalLeavesTheModel)
     EXPECT_EQ(alignment.normalCrown, 1.5);
 }
 
+struct FlagCase
+{
+    std::int32_t singleLaneRoad;
+    std::int32_t useSlopeList;
+};
+
+class AlignmentFlags : public DlgDataTest, public testing::WithParamInterface<FlagCase>
+{};
+
+TEST_P(AlignmentFlags, AreAppliedAsChosen)
+{
+    const FViewAlignment& alignment = AddAlignment();
+    JLandXmlConvertDlgData data;
+    DlgDataAlignment& item = *data.alignmentsList[0]->alignments[0];
+    item.singleLaneRoad = GetParam().singleLaneRoad;
+    item.useSlopeList = GetParam().useSlopeList;
+    data.ApplyToModel();
+    EXPECT_EQ(alignment.singleLaneRoad, GetParam().singleLaneRoad);
+    EXPECT_EQ(alignment.useSlopeList, GetParam().useSlopeList);
+}
+
+TEST_P(AlignmentFlags, ThatNobodyTouchesAreAppliedAsTaken)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.singleLaneRoad = GetParam().singleLaneRoad;
+    alignment.useSlopeList = GetParam().useSlopeList;
+    JLandXmlConvertDlgData data;
+    EXPECT_EQ(data.alignmentsList[0]->alignments[0]->singleLaneRoad, GetParam().singleLaneRoad);
+    EXPECT_EQ(data.alignmentsList[0]->alignments[0]->useSlopeList, GetParam().useSlopeList);
+    alignment.singleLaneRoad = alignment.useSlopeList = 0;
+    data.ApplyToModel();
+    EXPECT_EQ(alignment.singleLaneRoad, GetParam().singleLaneRoad);
+    EXPECT_EQ(alignment.useSlopeList, GetParam().useSlopeList);
+}
+
+INSTANTIATE_TEST_SUITE_P(DlgData, AlignmentFlags,
+                         testing::Values(FlagCase{1, 0}, FlagCase{0, 1}, FlagCase{-1, 0}, FlagCase{0, -1}));
+
+TEST_F(DlgDataTest, NumbersThatNobodyTouchesAreAppliedAsShown)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = 20.00004;
+    alignment.subInterval = 5.00004;
+    alignment.normalCrown = 2.00004;
+    JLandXmlConvertDlgData().ApplyToModel();
+    EXPECT_EQ(alignment.mainInterval, 20.0);
+    EXPECT_EQ(alignment.subInterval, 5.0);
+    EXPECT_EQ(alignment.normalCrown, 2.0);
+}
+
+TEST_F(DlgDataTest, ANumberThatIsShownAsZeroCostsTheModelItsMainIntervalAlone)
+{
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = alignment.subInterval = alignment.normalCrown = 0.00004;
+    JLandXmlConvertDlgData().ApplyToModel();
+    EXPECT_EQ(alignment.mainInterval, 0.0);
+    EXPECT_EQ(alignment.subInterval, 0.00004);
+    EXPECT_EQ(alignment.normalCrown, 0.00004);
+}
+
+struct MagnitudeCase
+{
+    const wchar_t* text;
+    double number;
+    bool counts;
+};
+
+class Magnitudes : public DlgDataTest, public testing::WithParamInterface<MagnitudeCase>
+{};
+
+TEST_P(Magnitudes, DecideWhetherASubIntervalOrACrossFallIsApplied)
+{
+    constexpr double BEFORE = 7.0;
+    FViewAlignment& alignment = AddAlignment();
+    JLandXmlConvertDlgData data;
+    DlgDataAlignment& item = *data.alignmentsList[0]->alignments[0];
+    const auto [text, number, counts] = GetParam();
+    item.mainInterval = item.subInterval = item.normalCrown = text;
+    alignment.mainInterval = alignment.subInterval = alignment.normalCrown = BEFORE;
+    data.ApplyToModel();
+    EXPECT_EQ(alignment.mainInterval, number);
+    EXPECT_EQ(alignment.subInterval, counts ? number : BEFORE);
+    EXPECT_EQ(alignment.normalCrown, counts ? number : BEFORE);
+}
+
+INSTANTIATE_TEST_SUITE_P(DlgData, Magnitudes,
+                         testing::Values(MagnitudeCase{L"0.00000001", 0.00000001, false},
+                                         MagnitudeCase{L"-0.00000001", -0.00000001, false},
+                                         MagnitudeCase{L"0.0000000222", 0.0000000222, false},
+                                         MagnitudeCase{L"2.220446049250312e-08", 2.220446049250312e-08, false},
+                                         MagnitudeCase{L"2.220446049250313e-08", 2.220446049250313e-08, true},
+                                         MagnitudeCase{L"-2.220446049250313e-08", -2.220446049250313e-08, true},
+                                         MagnitudeCase{L"0.00000003", 0.00000003, true},
+                                         MagnitudeCase{L"-1.5", -1.5, true}));
+
+TEST_F(DlgDataTest, EmptyTextsAreAppliedToo)
+{
+    FViewAlignment& alignment = AddAlignment();
+    FViewSurface& surface = AddSurface(L"SubBase");
+    FViewCgPointsIntermediate& points = Model().intermediatePoints.emplace_back();
+    FViewCgPointsWidthStake& stakes = Model().widthStakePoints.emplace_back();
+    JLandXmlConvertDlgData data;
+    data.alignmentsList[0]->alignments[0]->method.clear();
+    data.surfacesList[0]->surfaces[0]->desc.clear();
+    data.differTP.clear();
+    std::wstring* const texts[] = {
+        &Model().project.name,
+        &Model().project.projectPhase,
+        &Model().project.applicationCriterion,
+        &Model().coordinateSystem.horizontalDatum,
+        &Model().coordinateSystem.verticalDatum,
+        &Model().coordinateSystem.horizontalCoordinateSystemName,
+        &Model().coordinateSystem.differTP,
+        &alignment.name,
+        &alignment.method,
+        &surface.name,
+        &surface.desc,
+        &surface.alignmentRefs,
+        &points.alignmentRefs,
+        &stakes.alignmentRefs,
+        &stakes.type,
+    };
+    for (std::wstring* const text : texts)
+    {
+        *text = L"before";
+    }
+    data.ApplyToModel();
+    for (std::size_t index = 0; index < std::size(texts); ++index)
+    {
+        EXPECT_EQ(*texts[index], L"") << index;
+    }
+}
+
 TEST_F(DlgDataTest, ProjectAndPointGroupsAreApplied)
 {
     Model().intermediatePoints.resize(1);

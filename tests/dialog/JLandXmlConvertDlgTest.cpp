@@ -148,9 +148,10 @@ TEST_F(ConvertDlgOpening, SortedListsStandInJapaneseOrder)
         EXPECT_EQ(window.Entries(RIVER_CLASSIFICATION), (Lines{L"1級", L"2級", L"準用", L"普通"}));
         EXPECT_EQ(window.Entries(RIVER_SIDE), (Lines{L"右岸", L"左岸"}));
         EXPECT_EQ(window.Entries(CLOSURE_TYPE), (Lines{L"開放型", L"閉合型"}));
-        const Lines roads = window.Entries(ROAD_CLASSIFICATION);
-        ASSERT_EQ(roads.size(), 15U);
-        EXPECT_TRUE(std::is_sorted(roads.begin(), roads.end()));
+        EXPECT_EQ(window.Entries(ROAD_CLASSIFICATION),
+                  (Lines{L"第1種第1級", L"第1種第2級", L"第1種第3級", L"第1種第4級", L"第2種第1級", L"第2種第2級",
+                         L"第3種第1級", L"第3種第2級", L"第3種第3級", L"第3種第4級", L"第3種第5級", L"第4種第1級",
+                         L"第4種第2級", L"第4種第3級", L"第4種第4級"}));
     });
 }
 
@@ -1138,6 +1139,26 @@ TEST_F(ConvertDlgOutput, AClassificationOfTheInputHasToBeChosenAgain)
         EXPECT_EQ(findings.size(), 1U);
         EXPECT_EQ(requests.size(), 1U);
     });
+}
+
+TEST_F(ConvertDlgOutput, AFlagWithoutAValueStaysSoUnlessItsAlignmentIsSelected)
+{
+    FViewAlignment& alignment = Model().alignments[0].alignments[0];
+    alignment.singleLaneRoad = alignment.useSlopeList = -1;
+    Open([&](ScriptedDialog& window) {
+        Complete(window);
+        window.Click(OUTPUT);
+        EXPECT_EQ(alignment.singleLaneRoad, -1);
+        EXPECT_EQ(alignment.useSlopeList, -1);
+        Select(window, {0, 0});
+        EXPECT_EQ(window.Text(LANES), L"一車線道路");
+        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION), L"任意片勾配");
+        window.Click(OUTPUT);
+        EXPECT_EQ(alignment.singleLaneRoad, 1);
+        EXPECT_EQ(alignment.useSlopeList, 1);
+    });
+    EXPECT_EQ(requests.size(), 2U);
+    EXPECT_EQ(findings, std::vector<Lines>{});
 }
 
 TEST_F(ConvertDlgOutput, ACancelledFileChoiceKeepsTheDialogOpenAndTheModelApplied)

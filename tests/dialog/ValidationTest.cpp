@@ -132,6 +132,11 @@ INSTANTIATE_TEST_SUITE_P(
                     },
                     {}},
         FindingCase{[](auto& data) {
+                        data.alignmentsList[1]->alignments[0]->normalCrown.clear();
+                        data.alignmentsList[1]->alignments[0]->useSlopeList = -1;
+                    },
+                    {}},
+        FindingCase{[](auto& data) {
                         data.alignmentsList[1]->alignments[0]->normalCrown = L"10000";
                         data.alignmentsList[1]->alignments[0]->useSlopeList = 1;
                     },
@@ -190,6 +195,15 @@ TEST_F(ValidationTest, AWidthStakeWithoutANoteIsNeverApplied)
 {
     Stakes().desc.clear();
     EXPECT_EQ(Findings(), Messages{L"注記が入力されていません。"});
+}
+
+TEST_F(ValidationTest, EachGroupOfWidthStakesIsCheckedWholeBeforeTheNext)
+{
+    data.cgPointsList.widthStakes.push_back(std::make_unique<DlgDataCgPointsWidthStake>());
+    Stakes().alignmentRefs.clear();
+    Stakes().desc.clear();
+    EXPECT_EQ(Findings(), (Messages{L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。",
+                                    L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
 }
 
 TEST_F(ValidationTest, SurfacesWithoutAnAlignmentAreNoFinding)

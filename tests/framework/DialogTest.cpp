@@ -3,6 +3,7 @@
 #include "framework/scripted/ScriptedWindowSystem.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace jlandxml
 {
@@ -96,6 +97,43 @@ TEST(DialogTemplate, FindsItsControlsByNumber)
 {
     EXPECT_EQ(FindControl(TEMPLATE, 9), &CONTROLS[2]);
     EXPECT_EQ(FindControl(TEMPLATE, 3), nullptr);
+}
+
+struct FocusCase
+{
+    std::set<int> workable;
+    int focus;
+};
+
+class DialogFocus : public testing::TestWithParam<FocusCase>
+{};
+
+TEST_P(DialogFocus, IsOnTheFirstEditToTypeIntoOrTheDefaultButton)
+{
+    static constexpr ControlTemplate FIELDS[] = {
+        {10, ControlKind::Tree, L"", 0, 0, 50, 50},
+        {11, ControlKind::ReadOnlyEdit, L"", 0, 60, 50, 14},
+        {12, ControlKind::Button, L"他", 0, 80, 50, 14},
+        {13, ControlKind::DefaultButton, L"出力", 60, 80, 50, 14},
+        {14, ControlKind::Edit, L"", 60, 60, 50, 14},
+        {15, ControlKind::Edit, L"", 120, 60, 50, 14},
+        {16, ControlKind::DefaultButton, L"次", 120, 80, 50, 14},
+    };
+    const ControlTemplate* const first = FindFirstFocus(
+        {6, L"窓", 180, 100, FIELDS}, [](int control) { return GetParam().workable.count(control) != 0; });
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->number, GetParam().focus);
+}
+
+INSTANTIATE_TEST_SUITE_P(DialogTemplate, DialogFocus,
+                         testing::Values(FocusCase{{10, 11, 12, 13, 14, 15, 16}, 14}, FocusCase{{10, 11, 15}, 15},
+                                         FocusCase{{10, 11, 12, 13}, 13}, FocusCase{{}, 13}));
+
+TEST(DialogTemplate, WithoutAnEditAndADefaultButtonHasNoControlToOpenOn)
+{
+    static constexpr ControlTemplate PLAIN[] = {{10, ControlKind::Tree, L"", 0, 0, 50, 50},
+                                                {11, ControlKind::Button, L"他", 0, 60, 50, 14}};
+    EXPECT_EQ(FindFirstFocus({6, L"窓", 180, 100, PLAIN}, [](int) { return true; }), nullptr);
 }
 
 TEST(DialogTemplate, KindsBelongToFamilies)

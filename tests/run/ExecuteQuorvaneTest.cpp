@@ -3,8 +3,11 @@
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 namespace jlandxml
 {
@@ -76,6 +79,57 @@ INSTANTIATE_TEST_SUITE_P(ExecuteQuorvane, RunFailure,
                                          RunFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
                                          RunFailureCase{FailOtherwise,
                                                         L"Unknown exception occurred while loading the CSV file."}));
+
+class DialogDataFailure : public ExecuteQuorvaneTest, public testing::WithParamInterface<RunFailureCase>
+{
+  protected:
+    using Lines = std::vector<std::wstring>;
+
+    /// All that happens in a run in which the allocation behind `allowed` others fails; nothing if none failed.
+    std::optional<Lines> RecordsOfFailure(const std::wstring& name, std::size_t allowed) const
+    {
+        const auto before = static_cast<std::ptrdiff_t>(windows.Records().size());
+        const FailingAllocation failing(allowed, GetParam().fail);
+        try
+        {
+            ExecuteQuorvane(name.c_str(), 0);
+        }
+        catch (const std::bad_alloc&)
+        {
+            return Lines{};
+        }
+        return failing.HasFailed() ? std::optional<Lines>({windows.Records().begin() + before, windows.Records().end()})
+                                   : std::nullopt;
+    }
+
+    static bool TellOfTheData(const Lines& records)
+    {
+        return std::any_of(records.begin(), records.end(), [](const std::wstring& line) {
+            return line.find(L"LandXMLデータの設定に失敗しました。") != std::wstring::npos;
+        });
+    }
+};
+
+TEST_P(DialogDataFailure, IsTheOneMessageAndNoDialogOpens)
+{
+    WorkFile("<LandXML><Project name=\"a text that no string object has room for in itself\"/></LandXML>");
+    const std::wstring name = folder.Name();
+    std::optional<Lines> records = Lines{};
+    for (std::size_t allowed = 0; records && !TellOfTheData(*records); ++allowed)
+    {
+        records = RecordsOfFailure(name, allowed);
+    }
+    EXPECT_EQ(records, Lines{std::wstring(L"message ") + GetParam().message});
+}
+
+constexpr const wchar_t* PROJECT_DATA_FAILED =
+    L"LandXMLデータの設定に失敗しました。, プロジェクト情報のデータ設定でエラーが発生しました。, cause";
+
+INSTANTIATE_TEST_SUITE_P(
+    ExecuteQuorvane, DialogDataFailure,
+    testing::Values(RunFailureCase{FailAsFile, PROJECT_DATA_FAILED},
+                    RunFailureCase{FailAsFramework, PROJECT_DATA_FAILED},
+                    RunFailureCase{FailOtherwise, L"不明なエラーが発生しました。LandXMLデータの設定に失敗しました。"}));
 
 TEST_F(ExecuteQuorvaneTest, ASecondCallSeesOnlyItsOwnInput)
 {

@@ -257,23 +257,13 @@ void QtDialog::OrderTabs()
     }
 }
 
-/// The first edit that the user can type into has the focus; where there is none, the default button.
 void QtDialog::FocusFirst()
 {
-    const ControlTemplate* button = nullptr;
-    for (const ControlTemplate& control : Template().controls)
+    const ControlTemplate* const first =
+        FindFirstFocus(Template(), [&](int control) { return At(control).isEnabled() && !At(control).isHidden(); });
+    if (first != nullptr)
     {
-        QWidget& widget = At(control.number);
-        if (control.kind == ControlKind::Edit && widget.isEnabled() && !widget.isHidden())
-        {
-            widget.setFocus();
-            return;
-        }
-        button = control.kind == ControlKind::DefaultButton ? &control : button;
-    }
-    if (button != nullptr)
-    {
-        At(button->number).setFocus();
+        At(first->number).setFocus();
     }
 }
 

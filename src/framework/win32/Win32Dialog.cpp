@@ -165,21 +165,13 @@ bool Win32Dialog::OnActivate(bool active)
     return first && FocusFirst();
 }
 
-/// The first edit that the user can type into has the focus; the system's choice would be the tree, which selects its
-/// first item when it gets the focus.
 bool Win32Dialog::FocusFirst()
 {
-    const auto controls = Template().controls;
-    const auto edit = std::find_if(controls.begin(), controls.end(), [&](const ControlTemplate& control) {
-        const HWND window = At(control.number);
-        const bool shown = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
-        return control.kind == ControlKind::Edit && shown && IsWindowEnabled(window) != FALSE;
+    const ControlTemplate* const first = FindFirstFocus(Template(), [&](int control) {
+        const bool shown = (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_VISIBLE) != 0;
+        return shown && IsWindowEnabled(At(control)) != FALSE;
     });
-    const auto button = std::find_if(controls.begin(), controls.end(), [](const ControlTemplate& control) {
-        return control.kind == ControlKind::DefaultButton;
-    });
-    const auto first = edit != controls.end() ? edit : button;
-    if (first == controls.end())
+    if (first == nullptr)
     {
         return false;
     }
