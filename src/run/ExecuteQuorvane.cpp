@@ -24,7 +24,7 @@ void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t routeCount)
     using namespace jlandxml;
     try
     {
-        const std::wstring folder(workFolder);
+        const std::wstring folder(workFolder != nullptr ? workFolder : L"");
         LoadRun(folder + WORK_FILE);
         LoadSideFiles(folder, routeCount);
         JLandXmlConvertDlg dialog;

@@ -1,7 +1,6 @@
-#Plays every case of tests / e2e at the module's real windows and compares the finished files, byte for byte.
+# Plays every case of tests/e2e at the module's real windows and compares the finished files, byte for byte.
 #
-#cmake - DPLAYER = ...[-DEMULATOR = ...] - DMODULE = ... - DSOURCE = < the project> - DWORK =                          \
-                                                                         < folder for the output> - P RunCases.cmake
+#   cmake -DPLAYER=... [-DEMULATOR=...] -DMODULE=... -DSOURCE=<the project> -DWORK=<folder for the output> -P RunCases.cmake
 cmake_minimum_required(VERSION 3.25)
 
 file(REMOVE_RECURSE ${WORK})

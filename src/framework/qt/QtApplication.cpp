@@ -2,9 +2,13 @@
 
 #include <QApplication>
 #include <QThread>
+#include <algorithm>
 #include <clocale>
 #include <dlfcn.h>
 #include <string>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace jlandxml
 {
@@ -34,13 +38,37 @@ bool XServerAnswers()
     return answers;
 }
 
+/// True if the Wayland compositor takes a connection.
+bool WaylandAnswers()
+{
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    const QByteArray path = name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name;
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.isEmpty() || static_cast<std::size_t>(path.size()) >= sizeof(address.sun_path))
+    {
+        return false;
+    }
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool answers = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    ::close(socket);
+    return answers;
+}
+
+/// True if the platform that Qt will take has a display that answers; those without a display need none.
 bool HasDisplay()
 {
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (platform.isEmpty())
     {
-        return true;
+        return XServerAnswers() || WaylandAnswers();
     }
-    return qEnvironmentVariableIsSet("DISPLAY") && XServerAnswers();
+    if (platform.startsWith("xcb"))
+    {
+        return XServerAnswers();
+    }
+    return !platform.startsWith("wayland") || WaylandAnswers();
 }
 
 /// Qt takes over the locale of the environment for the whole process; the host keeps its own.

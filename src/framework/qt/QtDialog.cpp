@@ -15,8 +15,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
+#include <QtGui/QKeyEvent>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace jlandxml
 {
@@ -99,7 +101,43 @@ class QtDialog::Window final : public QDialog
         dialog_.Tell([&] { dialog_.events_.OnClick(CANCEL_COMMAND); });
     }
 
+    /// The keyboard as on Windows: a tree selects its first item when it gets the focus, and every arrow key goes on to
+    /// the next radio or back to the former one, and round.
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* const tree = qobject_cast<QTreeWidget*>(object);
+        if (tree != nullptr && event->type() == QEvent::FocusIn && tree->selectedItems().isEmpty())
+        {
+            tree->setCurrentItem(tree->topLevelItem(0));
+        }
+        auto* const radio = qobject_cast<QRadioButton*>(object);
+        if (radio != nullptr && event->type() == QEvent::KeyPress)
+        {
+            return MoveAmongRadios(*radio, static_cast<QKeyEvent*>(event)->key());
+        }
+        return QDialog::eventFilter(object, event);
+    }
+
   private:
+    static bool MoveAmongRadios(QRadioButton& radio, int key)
+    {
+        const bool on = key == Qt::Key_Down || key == Qt::Key_Right;
+        if (!on && key != Qt::Key_Up && key != Qt::Key_Left)
+        {
+            return false;
+        }
+        const QList<QAbstractButton*> group = radio.group()->buttons();
+        const qsizetype step = on ? 1 : group.size() - 1;
+        qsizetype place = group.indexOf(&radio);
+        do
+        {
+            place = (place + step) % group.size();
+        } while (!group[place]->isEnabled());
+        group[place]->setFocus();
+        group[place]->click();
+        return true;
+    }
+
     QtDialog& dialog_;
 };
 
@@ -129,8 +167,9 @@ QtDialog::QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog*
     : DialogWindow(dialog),
       events_(events)
 {
-    QWidget* const parent = owner != nullptr ? owner->window_.get() : QApplication::activeWindow();
-    window_ = std::make_unique<Window>(*this, parent);
+    QWidget* const parent = owner != nullptr ? owner->window_ : QApplication::activeWindow();
+    window_ = new Window(*this, parent);
+    window_->setAttribute(Qt::WA_QuitOnClose, false);
     window_->setWindowTitle(Q(dialog.caption));
     window_->setObjectName(QString::number(dialog.number));
     const DialogUnits units(*window_);
@@ -145,7 +184,11 @@ QtDialog::QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog*
     OrderTabs();
 }
 
-QtDialog::~QtDialog() = default;
+QtDialog::~QtDialog()
+{
+    // A host that has deleted its window has deleted this one with it.
+    delete window_.data();
+}
 
 QWidget* QtDialog::Make(const ControlTemplate& control)
 {
@@ -155,9 +198,9 @@ QWidget* QtDialog::Make(const ControlTemplate& control)
     case ControlKind::DefaultButton:
         return MakeButton(control);
     case ControlKind::Group:
-        return new QGroupBox(Q(control.caption), window_.get());
+        return new QGroupBox(Q(control.caption), window_);
     case ControlKind::Label:
-        return new QLabel(Q(control.caption), window_.get());
+        return new QLabel(Q(control.caption), window_);
     case ControlKind::Edit:
     case ControlKind::ReadOnlyEdit:
         return MakeEdit(control);
@@ -165,7 +208,7 @@ QWidget* QtDialog::Make(const ControlTemplate& control)
     case ControlKind::SortedList:
         return MakeList(control);
     case ControlKind::SortedListBox: {
-        auto* const box = new QListWidget(window_.get());
+        auto* const box = new QListWidget(window_);
         box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         box->setTextElideMode(Qt::ElideNone);
         return box;
@@ -181,17 +224,17 @@ QWidget* QtDialog::Make(const ControlTemplate& control)
 
 QWidget* QtDialog::MakeButton(const ControlTemplate& control)
 {
-    auto* const button = new QPushButton(Q(control.caption), window_.get());
-    button->setAutoDefault(false);
+    auto* const button = new QPushButton(Q(control.caption), window_);
     button->setDefault(control.kind == ControlKind::DefaultButton);
-    QObject::connect(button, &QPushButton::clicked, window_.get(),
+    QObject::connect(button, &QPushButton::clicked, window_,
                      [this, number = control.number] { Tell([&] { events_.OnClick(number); }); });
     return button;
 }
 
 QWidget* QtDialog::MakeEdit(const ControlTemplate& control)
 {
-    auto* const edit = new QLineEdit(window_.get());
+    auto* const edit = new QLineEdit(window_);
+    edit->setMaxLength(std::numeric_limits<int>::max());
     if (control.kind == ControlKind::ReadOnlyEdit)
     {
         edit->setReadOnly(true);
@@ -199,14 +242,14 @@ QWidget* QtDialog::MakeEdit(const ControlTemplate& control)
         palette.setColor(QPalette::Base, palette.color(QPalette::Window));
         edit->setPalette(palette);
     }
-    QObject::connect(edit, &QLineEdit::textChanged, window_.get(),
+    QObject::connect(edit, &QLineEdit::textChanged, window_,
                      [this, number = control.number] { Tell([&] { events_.OnTextChanged(number); }); });
     return edit;
 }
 
 QWidget* QtDialog::MakeList(const ControlTemplate& control)
 {
-    auto* const list = new QComboBox(window_.get());
+    auto* const list = new QComboBox(window_);
     const int rowHeight = std::max(1, list->fontMetrics().height() + 2);
     list->setMaxVisibleItems(std::max(1, DialogUnits(*window_).Y(control.dropDownHeight) / rowHeight));
     return list;
@@ -214,24 +257,26 @@ QWidget* QtDialog::MakeList(const ControlTemplate& control)
 
 QWidget* QtDialog::MakeRadio(const ControlTemplate& control)
 {
-    auto* const radio = new QRadioButton(Q(control.caption), window_.get());
+    auto* const radio = new QRadioButton(Q(control.caption), window_);
     if (control.kind == ControlKind::FirstRadio)
     {
-        radioGroups_.push_back(new QButtonGroup(window_.get()));
+        radioGroups_.push_back(new QButtonGroup(window_));
     }
     radioGroups_.back()->addButton(radio);
-    QObject::connect(radio, &QRadioButton::clicked, window_.get(),
+    radio->installEventFilter(window_);
+    QObject::connect(radio, &QRadioButton::clicked, window_,
                      [this, number = control.number] { Tell([&] { events_.OnClick(number); }); });
     return radio;
 }
 
 QWidget* QtDialog::MakeTree(const ControlTemplate& control)
 {
-    auto* const tree = new QTreeWidget(window_.get());
+    auto* const tree = new QTreeWidget(window_);
     tree->setHeaderHidden(true);
     tree->setSelectionMode(QAbstractItemView::SingleSelection);
+    tree->installEventFilter(window_);
     // What is selected counts: the current item alone moves when the tree gets the focus.
-    QObject::connect(tree, &QTreeWidget::itemSelectionChanged, window_.get(), [this, tree, number = control.number] {
+    QObject::connect(tree, &QTreeWidget::itemSelectionChanged, window_, [this, tree, number = control.number] {
         const QList<QTreeWidgetItem*> selected = tree->selectedItems();
         QTreeWidgetItem* const item = selected.isEmpty() ? nullptr : selected.first();
         Tell([&] { events_.OnTreeSelectionChanged(number, HandleOf(item)); });
@@ -459,14 +504,15 @@ void QtDialog::EnsureTreeItemVisible(int tree, TreeItem item)
 
 void QtDialog::ShowMessage(const std::wstring& text)
 {
-    QMessageBox box(QMessageBox::NoIcon, Q(MESSAGE_CAPTION), Q(text), QMessageBox::Ok, window_.get());
+    QMessageBox box(QMessageBox::NoIcon, Q(MESSAGE_CAPTION), Q(text), QMessageBox::Ok, window_);
     box.setTextFormat(Qt::PlainText);
+    box.setAttribute(Qt::WA_QuitOnClose, false);
     box.exec();
 }
 
 std::optional<std::wstring> QtDialog::ChooseSaveFile(const SaveFileRequest& request)
 {
-    QFileDialog dialog(window_.get(), QStringLiteral("名前を付けて保存"), QString(), QtFilter(request.filter));
+    QFileDialog dialog(window_, QStringLiteral("名前を付けて保存"), QString(), QtFilter(request.filter));
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(Q(request.defaultExtension));
@@ -485,7 +531,7 @@ std::optional<std::wstring> QtDialog::ChooseSaveFile(const SaveFileRequest& requ
         }
         QMessageBox question(QMessageBox::Warning, dialog.windowTitle(),
                              QFileInfo(path).fileName() + QStringLiteral("は既に存在します。上書きしますか?"),
-                             QMessageBox::NoButton, window_.get());
+                             QMessageBox::NoButton, window_);
         question.setTextFormat(Qt::PlainText);
         const QAbstractButton* const yes = question.addButton(QStringLiteral("はい"), QMessageBox::AcceptRole);
         question.setDefaultButton(question.addButton(QStringLiteral("いいえ"), QMessageBox::RejectRole));

@@ -3,6 +3,7 @@
 #include "framework/Dialog.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <exception>
 #include <map>
 #include <vector>
@@ -71,7 +72,7 @@ class QtDialog final : public DialogWindow
     Widget* As(int control) const;
 
     DialogEvents& events_;
-    std::unique_ptr<Window> window_;
+    QPointer<Window> window_;
     std::map<int, QWidget*> widgets_;
     std::vector<QButtonGroup*> radioGroups_;
     bool ended_ = false;

@@ -22,6 +22,7 @@ void QtWindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
                     QString::fromWCharArray(MESSAGE_CAPTION), QString::fromStdWString(text), QMessageBox::Ok,
                     QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    box.setAttribute(Qt::WA_QuitOnClose, false);
     box.exec();
 }
 

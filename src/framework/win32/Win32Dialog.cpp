@@ -3,7 +3,7 @@
 #include "framework/Exceptions.h"
 #include "framework/Text.h"
 #include "framework/Window.h"
-#include "framework/win32/VisualStyles.h"
+#include "framework/win32/ModuleWindows.h"
 #include "framework/win32/Win32Template.h"
 
 #include <algorithm>
@@ -108,7 +108,7 @@ DialogResult Win32Dialog::RunModal()
     const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_TREEVIEW_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     const std::vector<std::uint32_t> dialog = MakeWin32Template(Template());
-    const HWND owner = owner_ != nullptr ? owner_->window_ : GetActiveWindow();
+    const HWND owner = owner_ != nullptr ? owner_->window_ : HostWindow();
     const INT_PTR ended = DialogBoxIndirectParamW(ThisModule(), reinterpret_cast<const DLGTEMPLATE*>(dialog.data()),
                                                   owner, Procedure, reinterpret_cast<LPARAM>(this));
     if (failure_ != nullptr)
@@ -153,6 +153,13 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
 INT_PTR Win32Dialog::OnOpen()
 {
     open_ = true;
+    for (const ControlTemplate& control : Template().controls)
+    {
+        if (IsEdit(control.kind))
+        {
+            Send(control.number, EM_SETLIMITTEXT); // none but the system's own
+        }
+    }
     Tell([&] { events_.OnInitDialog(); });
     return FocusFirst() ? FALSE : TRUE;
 }

@@ -1,6 +1,6 @@
 #include "framework/win32/Win32WindowSystem.h"
 
-#include "framework/win32/VisualStyles.h"
+#include "framework/win32/ModuleWindows.h"
 #include "framework/win32/Win32Dialog.h"
 
 namespace jlandxml
@@ -10,7 +10,7 @@ void Win32WindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
 {
     const VisualStyles styles;
     const UINT style = MB_OK | (icon == MessageIcon::Exclamation ? MB_ICONEXCLAMATION : 0U);
-    MessageBoxW(GetActiveWindow(), text.c_str(), MESSAGE_CAPTION, style);
+    MessageBoxW(HostWindow(), text.c_str(), MESSAGE_CAPTION, style);
 }
 
 std::unique_ptr<DialogWindow> Win32WindowSystem::MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,

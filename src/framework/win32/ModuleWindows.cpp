@@ -1,4 +1,4 @@
-#include "framework/win32/VisualStyles.h"
+#include "framework/win32/ModuleWindows.h"
 
 namespace jlandxml
 {
@@ -9,6 +9,28 @@ HINSTANCE ThisModule()
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                        reinterpret_cast<LPCWSTR>(&ThisModule), &module);
     return module;
+}
+
+HWND HostWindow()
+{
+    if (const HWND active = GetActiveWindow(); active != nullptr)
+    {
+        return active;
+    }
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            const bool canBeWorked = IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
+            if (!canBeWorked || GetWindow(window, GW_OWNER) != nullptr)
+            {
+                return TRUE;
+            }
+            *reinterpret_cast<HWND*>(result) = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 VisualStyles::VisualStyles()

@@ -24,4 +24,8 @@ class VisualStyles
 /// The handle of the module that this code is part of.
 HINSTANCE ThisModule();
 
+/// The window of the host that a dialog or a message stands over: its thread's active window, or, while another program
+/// is in front, the thread's first top-level window that the user could work. Null if there is none.
+HWND HostWindow();
+
 } // namespace jlandxml
