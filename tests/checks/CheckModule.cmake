@@ -9,7 +9,7 @@ if(WINDOWS)
     string(REGEX MATCH "Ordinal/Name Pointer. Table[^\n]*\n((\t[^\n]*\n)*)" table "${dump}")
     string(REGEX REPLACE "\t[^\n]* ([^ \n]+)\n" "\\1;" exports "${CMAKE_MATCH_1}")
     list(REMOVE_ITEM exports "")
-    set(system_libraries ADVAPI32.dll COMCTL32.dll COMDLG32.dll GDI32.dll KERNEL32.dll msvcrt.dll ole32.dll OLEAUT32.dll
+    set(system_libraries ADVAPI32.dll COMCTL32.dll comdlg32.dll GDI32.dll KERNEL32.dll msvcrt.dll ole32.dll OLEAUT32.dll
         SHELL32.dll SHLWAPI.dll USER32.dll UxTheme.dll)
     string(REGEX MATCHALL "DLL Name: [^\n\r]+" imports "${dump}")
     list(TRANSFORM imports REPLACE "DLL Name: " "")

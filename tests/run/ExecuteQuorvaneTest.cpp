@@ -112,7 +112,9 @@ class DialogDataFailure : public ExecuteQuorvaneTest, public testing::WithParamI
 
 TEST_P(DialogDataFailure, IsTheOneMessageAndNoDialogOpens)
 {
-    WorkFile("<LandXML><Project name=\"a text that no string object has room for in itself\"/></LandXML>");
+    WorkFile(
+        "<LandXML><Alignments><Alignment desc='プロジェクト名=a text that no string object has room for in itself'/>"
+        "</Alignments></LandXML>");
     const std::wstring name = folder.Name();
     std::optional<Lines> records = Lines{};
     for (std::size_t allowed = 0; records && !TellOfTheData(*records); ++allowed)

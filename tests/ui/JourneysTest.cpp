@@ -288,6 +288,68 @@ TEST(Journey, AfterACancelledSaveDialogTheOutputIsGivenAgain)
     EXPECT_EQ(ReadWholeFile(out), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
 }
 
+TEST(Journey, AnExistingFileIsReplacedOnlyWhenAskedFor)
+{
+    const TestFolder folder;
+    const std::wstring out = folder.Write(L"out.xml", "former");
+    Call(Example(L"road"), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        Act(*dialog, L"road");
+        dialog->Click(OUTPUT);
+        AnswerSaveDialog(Typed(out));
+        AnswerQuestion(false);
+        EXPECT_EQ(ReadWholeFile(out), "former");
+        AnswerSaveDialog(Typed(out));
+        AnswerQuestion(true);
+    });
+    EXPECT_EQ(ReadWholeFile(out), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
+}
+
+TEST(Journey, ANameWithoutAnExtensionGetsTheDefaultOne)
+{
+    const TestFolder folder;
+    Call(Example(L"road"), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        Act(*dialog, L"road");
+        dialog->Click(OUTPUT);
+        AnswerSaveDialog(Typed(folder.Name(L"out")));
+    });
+    EXPECT_EQ(ReadWholeFile(folder.Name(L"out.xml")), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
+}
+
+TEST(Journey, EnterPressesTheButtonThatHasTheFocus)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        for (const int control :
+             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
+              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND})
+        {
+            PressKey(Key::Tab);
+            ASSERT_TRUE(WaitForFocus(control)) << control;
+        }
+        PressKey(Key::Enter);
+        WaitUntilGone(KnownDialog::Main);
+        EXPECT_EQ(WaitForWindow(), Seen::Nothing);
+    });
+}
+
+TEST(Journey, ALongTextGoesThroughWhole)
+{
+    const TestFolder folder;
+    const std::string name(40000, 'n');
+    folder.Write(
+        L"Landxml_temp.xml",
+        "<LandXML><CoordinateSystem desc='Japan Geodetic Datum 2011, Plane Rectangular Coordinate System No. 9'/>"
+        "<Alignments name='a'><Alignment name='b' desc='プロジェクト名=" +
+            name + "'/></Alignments></LandXML>");
+    Call(folder.Name(), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        EXPECT_EQ(dialog->Text(PROJECT_NAME).size(), name.size());
+        dialog->PressEscape();
+    });
+}
+
 TEST(Journey, TwoCallsInOneProcessAreApart)
 {
     const TestFolder folder;

@@ -58,7 +58,10 @@ std::unique_ptr<DialogHands> WaitForDialog(KnownDialog which);
 /// Waits for a message box, answers it, and gives its text.
 std::wstring AnswerMessage();
 
-/// Waits for the save dialog and answers it with a path, or cancels it.
+/// Waits for the question whether an existing file is to be replaced, and answers it.
+void AnswerQuestion(bool yes);
+
+/// Waits for the save dialog and answers it with a path, or cancels it. Returns when it is gone or asks something.
 void AnswerSaveDialog(const std::optional<std::wstring>& path);
 
 /// Waits until a dialog is closed or behind another window.
@@ -67,7 +70,8 @@ void WaitUntilGone(KnownDialog which);
 enum class Key
 {
     Tab,
-    Down
+    Down,
+    Enter
 };
 
 /// Presses a key where the focus is.

@@ -387,6 +387,24 @@ std::wstring AnswerMessage()
     return text;
 }
 
+void AnswerQuestion(bool yes)
+{
+    QMessageBox* const box =
+        WaitFor("question", [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); });
+    LeaveToWidgets([box, yes] {
+        const auto role = yes ? QMessageBox::AcceptRole : QMessageBox::RejectRole;
+        for (QAbstractButton* const button : box->buttons())
+        {
+            if (box->buttonRole(button) == role)
+            {
+                button->click();
+                return;
+            }
+        }
+    });
+    WaitFor("end of the question", [&] { return QApplication::activeModalWidget() != box; });
+}
+
 void AnswerSaveDialog(const std::optional<std::wstring>& path)
 {
     QFileDialog* const dialog =
@@ -413,7 +431,11 @@ void WaitUntilGone(KnownDialog which)
 void PressKey(Key key)
 {
     LeaveToWidgets([key] {
-        QKeyEvent press(QEvent::KeyPress, key == Key::Tab ? Qt::Key_Tab : Qt::Key_Down, Qt::NoModifier);
+        QKeyEvent press(QEvent::KeyPress,
+                        key == Key::Tab    ? Qt::Key_Tab
+                        : key == Key::Down ? Qt::Key_Down
+                                           : Qt::Key_Return,
+                        Qt::NoModifier);
         QApplication::sendEvent(QApplication::activeModalWidget()->focusWidget(), &press);
     });
 }

@@ -505,6 +505,14 @@ std::wstring AnswerMessage()
     return text;
 }
 
+void AnswerQuestion(bool yes)
+{
+    const HWND box = WaitFor(
+        "question", [] { return FindDialog([](HWND window) { return GetDlgItem(window, IDYES) != nullptr; }); });
+    PostMessageW(box, WM_COMMAND, yes ? IDYES : IDNO, 0);
+    WaitFor("end of the question", [&] { return IsWindow(box) == FALSE; });
+}
+
 void AnswerSaveDialog(const std::optional<std::wstring>& path)
 {
     const HWND dialog = WaitFor("save dialog", [] { return FindDialog(IsSaveDialog); });
@@ -513,7 +521,7 @@ void AnswerSaveDialog(const std::optional<std::wstring>& path)
         SendMessageW(FileNameEdit(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path->c_str()));
     }
     PostMessageW(dialog, WM_COMMAND, path ? IDOK : IDCANCEL, 0);
-    WaitFor("end of the save dialog", [&] { return IsWindow(dialog) == FALSE; });
+    WaitFor("end of the save dialog", [&] { return IsWindow(dialog) == FALSE || IsWindowEnabled(dialog) == FALSE; });
 }
 
 void WaitUntilGone(KnownDialog which)
@@ -537,7 +545,8 @@ HWND FocusOfFrontDialog()
 
 void PressKey(Key key)
 {
-    PostMessageW(FocusOfFrontDialog(), WM_KEYDOWN, key == Key::Tab ? VK_TAB : VK_DOWN, 0);
+    const WPARAM code = key == Key::Tab ? VK_TAB : key == Key::Down ? VK_DOWN : VK_RETURN;
+    PostMessageW(FocusOfFrontDialog(), WM_KEYDOWN, code, 0);
 }
 
 bool WaitForFocus(int control)
