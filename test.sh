@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # Sets the machine up, builds for Linux and Windows and runs every test on both.
 #
-#   ./test.sh           everything: Linux, sanitizers, Windows under Wine
-#   ./test.sh --fast    Linux only, without the sanitizers
+#   ./test.sh           everything: Linux, sanitizers, Windows under Wine, a short run of the fuzz targets
+#   ./test.sh --fast    Linux only, without the sanitizers and the fuzz targets
 set -euo pipefail
 cd "$(dirname "$0")"
 
 presets=(asan windows linux)
+fuzz_seconds=10
 if [ "${1:-}" = --fast ]; then
     presets=(linux)
+    fuzz_seconds=0
 elif [ $# -gt 0 ]; then
     sed -n '2,5s/^# \?//p' "$0"
     exit 2
@@ -25,6 +27,17 @@ for preset in "${presets[@]}"; do
     echo "== $preset: testing"
     ctest --preset "$preset" || failed+=("$preset")
 done
+if [ "$fuzz_seconds" -gt 0 ]; then
+    echo "== fuzz: building"
+    cmake --preset fuzz >/dev/null
+    cmake --build build/fuzz -- --quiet
+    for source in fuzz/Fuzz*.cpp; do
+        target=$(basename "$source" .cpp)
+        echo "== fuzz: $target for $fuzz_seconds seconds"
+        "build/fuzz/fuzz/$target" -max_total_time="$fuzz_seconds" -verbosity=0 -artifact_prefix=build/fuzz/ \
+            || failed+=("$target")
+    done
+fi
 if [ ${#failed[@]} -gt 0 ]; then
     echo "failed: ${failed[*]}"
     exit 1
