@@ -82,13 +82,18 @@ fetch_pugixml() {
     mv "$work"/source/pugixml-*/ "$PUGIXML_DIR"
 }
 
-make_locale() {
-    locale -a 2>/dev/null | grep -qi '^ja_JP\.utf-\?8$' && return 0
-    echo "setup: generating the locale ja_JP.UTF-8"
-    as_root sed -i 's/^# *ja_JP.UTF-8 UTF-8/ja_JP.UTF-8 UTF-8/' /etc/locale.gen
-    as_root locale-gen >/dev/null
+# Windows programs run in a Japanese locale, and once more in an English one.
+make_locales() {
+    local locale missing=0
+    for locale in ja_JP en_US; do
+        locale -a 2>/dev/null | grep -qi "^$locale\.utf-\?8$" && continue
+        echo "setup: generating the locale $locale.UTF-8"
+        as_root sed -i "s/^# *$locale.UTF-8 UTF-8/$locale.UTF-8 UTF-8/" /etc/locale.gen
+        missing=1
+    done
+    [ "$missing" = 0 ] || as_root locale-gen >/dev/null
 }
 
 install_packages
 fetch_pugixml
-[ "${1:-}" = --build ] || make_locale
+[ "${1:-}" = --build ] || make_locales

@@ -1,14 +1,15 @@
 #include "framework/qt/QtApplication.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QPluginLoader>
 #include <QThread>
 #include <algorithm>
 #include <clocale>
 #include <dlfcn.h>
 #include <string>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace jlandxml
 {
@@ -16,59 +17,109 @@ namespace jlandxml
 namespace
 {
 
-/// True if the X server answers. Qt ends the process when it can't open a display, and the process is the host's.
-bool XServerAnswers()
+/// True if the library of a window protocol, which Qt loads too, finds a server at the end of the environment's
+/// address.
+bool Connects(const char* libraryName, bool (*connects)(void* library))
 {
-    void* const library = ::dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+    void* const library = ::dlopen(libraryName, RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
     {
         return false;
     }
-    const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(::dlsym(library, "xcb_connect"));
-    const auto hasError = reinterpret_cast<int (*)(void*)>(::dlsym(library, "xcb_connection_has_error"));
-    const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "xcb_disconnect"));
-    bool answers = false;
-    if (connect != nullptr && hasError != nullptr && disconnect != nullptr)
-    {
-        void* const connection = connect(nullptr, nullptr);
-        answers = hasError(connection) == 0;
-        disconnect(connection);
-    }
+    const bool answers = connects(library);
     ::dlclose(library);
     return answers;
 }
 
-/// True if the Wayland compositor takes a connection.
-bool WaylandAnswers()
+bool ConnectsToX(void* library)
 {
-    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
-    const QByteArray path = name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name;
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (name.isEmpty() || static_cast<std::size_t>(path.size()) >= sizeof(address.sun_path))
+    const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(::dlsym(library, "xcb_connect"));
+    const auto hasError = reinterpret_cast<int (*)(void*)>(::dlsym(library, "xcb_connection_has_error"));
+    const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "xcb_disconnect"));
+    if (connect == nullptr || hasError == nullptr || disconnect == nullptr)
     {
         return false;
     }
-    std::copy(path.begin(), path.end(), address.sun_path);
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const bool answers = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
-    ::close(socket);
-    return answers;
+    void* const connection = connect(nullptr, nullptr);
+    const bool connected = hasError(connection) == 0;
+    disconnect(connection);
+    return connected;
 }
 
-/// True if the platform that Qt will take has a display that answers; those without a display need none.
+bool ConnectsToWayland(void* library)
+{
+    const auto connect = reinterpret_cast<void* (*)(const char*)>(::dlsym(library, "wl_display_connect"));
+    const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "wl_display_disconnect"));
+    void* const display = connect != nullptr ? connect(nullptr) : nullptr;
+    if (display == nullptr || disconnect == nullptr)
+    {
+        return false;
+    }
+    disconnect(display);
+    return true;
+}
+
+/// The file with which Qt serves a platform; empty if it has none.
+QString PluginOf(const QString& platform)
+{
+    QStringList folders = QCoreApplication::libraryPaths();
+    std::for_each(folders.begin(), folders.end(), [](QString& folder) { folder += QStringLiteral("/platforms"); });
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM_PLUGIN_PATH"))
+    {
+        folders << qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH");
+    }
+    for (const QString& folder : folders)
+    {
+        for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
+        {
+            const QJsonObject data = QPluginLoader(file.filePath()).metaData();
+            if (data[QStringLiteral("MetaData")][QStringLiteral("Keys")].toArray().contains(platform))
+            {
+                return file.filePath();
+            }
+        }
+    }
+    return {};
+}
+
+bool ServerAnswers(const QString& platform)
+{
+    if (platform == QStringLiteral("xcb"))
+    {
+        return qEnvironmentVariableIsSet("DISPLAY") && Connects("libxcb.so.1", ConnectsToX);
+    }
+    return !platform.startsWith(QStringLiteral("wayland")) || Connects("libwayland-client.so.0", ConnectsToWayland);
+}
+
+/// True if Qt has this platform, with every library that it needs, and a server to show windows on.
+bool IsUsable(const QString& platform)
+{
+    const QString name = platform.section(QLatin1Char(':'), 0, 0);
+    const QString plugin = PluginOf(name);
+    return !plugin.isEmpty() && ServerAnswers(name) && QPluginLoader(plugin).load();
+}
+
+/// The platforms that Qt tries, in its order.
+QStringList Platforms()
+{
+    const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (!named.isEmpty())
+    {
+        return named.split(QLatin1Char(';'));
+    }
+    QStringList platforms{QStringLiteral("xcb")};
+    if (qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland"))
+    {
+        platforms << QStringLiteral("wayland");
+    }
+    return platforms;
+}
+
+/// True if Qt comes up. Where it finds no display it ends the process, and the process is the host's.
 bool HasDisplay()
 {
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (platform.isEmpty())
-    {
-        return XServerAnswers() || WaylandAnswers();
-    }
-    if (platform.startsWith("xcb"))
-    {
-        return XServerAnswers();
-    }
-    return !platform.startsWith("wayland") || WaylandAnswers();
+    const QStringList platforms = Platforms();
+    return std::any_of(platforms.begin(), platforms.end(), IsUsable);
 }
 
 /// Qt takes over the locale of the environment for the whole process; the host keeps its own.

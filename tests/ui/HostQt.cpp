@@ -1,0 +1,335 @@
+// A host that calls the module a hundred times. After each call its own state is as it was before. After every ten
+// calls it counts what the process holds. The toolkit fills caches and empties them now and then, so a figure may jump
+// between two counts; what the calls leave behind makes it grow between most of them: the median of the growths counts.
+//
+//   host MODULE WORK_FOLDER OUT MODE
+//
+// MODE is "joined" (the host has an application object), "alone" (the module makes one, which serves all later calls)
+// or "dark" (there is no display to show a dialog on, in each way in which there can be none). With the first two the
+// calls end with cancel and with output in turn. Status 0: nothing is left behind; 1: something is; 9: a window didn't
+// come up.
+
+#include "dialog/JLandXmlConvertDlgControls.h"
+#include "framework/Text.h"
+#include "ui/RealWindows.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QPixmapCache>
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cctype>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <malloc.h>
+#include <sys/mman.h>
+#include <thread>
+#include <unistd.h>
+
+namespace jlandxml
+{
+namespace
+{
+
+using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
+
+constexpr int CALLS = 100;
+constexpr int CALLS_BETWEEN_COUNTS = 10;
+
+int failures = 0;
+
+void Check(bool holds, const std::string& what, int call)
+{
+    if (!holds)
+    {
+        std::printf("call %d: %s\n", call, what.c_str());
+        ++failures;
+    }
+}
+
+// What the process holds
+
+/// How much a figure may grow with ten calls.
+struct Limit
+{
+    const char* name;
+    long growth;
+};
+
+constexpr std::array LIMITS = {
+    Limit{"file descriptors", 0},
+    Limit{"threads", 0},
+    Limit{"top level widgets", 0},
+    // A run leaves 200 bytes in the table of output surfaces, and the toolkit keeps as much of the fonts that it drew
+    // with. The widgets of a dialog or the data of a run would be some ten thousand.
+    Limit{"heap bytes", CALLS_BETWEEN_COUNTS * 1024},
+};
+
+using Figures = std::array<long, LIMITS.size()>;
+
+long CountEntries(const char* folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
+/// The toolkit keeps pictures for later, up to a limit that a hundred calls don't come to; here it keeps none.
+Figures Count()
+{
+    if (qApp != nullptr)
+    {
+        QPixmapCache::setCacheLimit(0);
+    }
+    const struct mallinfo2 heap = ::mallinfo2();
+    return {CountEntries("/proc/self/fd"), CountEntries("/proc/self/task"),
+            qApp != nullptr ? QApplication::topLevelWidgets().size() : 0,
+            static_cast<long>(heap.uordblks + heap.hblkhd)};
+}
+
+class Counts
+{
+  public:
+    void Add(int call)
+    {
+        counts_.push_back(Count());
+        std::printf("after %d calls:", call);
+        for (std::size_t figure = 0; figure < LIMITS.size(); ++figure)
+        {
+            std::printf(" %s %ld%s", LIMITS[figure].name, counts_.back()[figure],
+                        figure + 1 < LIMITS.size() ? "," : "\n");
+        }
+    }
+
+    void Compare() const
+    {
+        for (std::size_t figure = 0; figure < LIMITS.size(); ++figure)
+        {
+            std::vector<long> growths;
+            for (std::size_t count = 1; count < counts_.size(); ++count)
+            {
+                growths.push_back(counts_[count][figure] - counts_[count - 1][figure]);
+            }
+            std::sort(growths.begin(), growths.end());
+            const long growth = growths[growths.size() / 2];
+            const auto& [name, limit] = LIMITS[figure];
+            std::printf("%s: grew from %ld to %ld, with ten calls by %ld, which may be %ld\n", name,
+                        counts_.front()[figure], counts_.back()[figure], growth, limit);
+            Check(growth <= limit, name, CALLS);
+        }
+    }
+
+  private:
+    std::vector<Figures> counts_;
+};
+
+// What belongs to the host and is the same after a call
+
+struct OwnState
+{
+    std::string locale = std::setlocale(LC_ALL, nullptr);
+    std::filesystem::path folder = std::filesystem::current_path();
+    bool quits = QApplication::quitOnLastWindowClosed();
+    const QWidget* active = qApp != nullptr ? QApplication::activeWindow() : nullptr;
+};
+
+void CompareState(const OwnState& before, int call)
+{
+    const OwnState after;
+    Check(before.locale == after.locale, "another locale: " + after.locale, call);
+    Check(before.folder == after.folder, "another current folder", call);
+    Check(qApp == nullptr || QApplication::overrideCursor() == nullptr, "the pointer still tells to wait", call);
+    Check(qApp == nullptr || QApplication::activeModalWidget() == nullptr, "a modal window is left", call);
+    const auto widgets = qApp != nullptr ? QApplication::topLevelWidgets() : QWidgetList();
+    Check(std::all_of(widgets.begin(), widgets.end(), [](const QWidget* widget) { return widget->isEnabled(); }),
+          "a window is disabled", call);
+}
+
+// The driver
+
+/// Completes what a road's work folder can't tell: its class, its normal crown and the note of its last stakes.
+void FillIn(DialogHands& dialog)
+{
+    using namespace convert_dlg;
+    const std::vector<TreeItem> top = dialog.TreeChildren(TREE, nullptr);
+    dialog.ChooseTreeItem(TREE, top.front());
+    dialog.ChooseEntry(ROAD_CLASSIFICATION, 1);
+    dialog.ChooseTreeItem(TREE, dialog.TreeChildren(TREE, top.front()).front());
+    dialog.Type(NORMAL_CROWN, L"2.0");
+    dialog.ChooseTreeItem(TREE, dialog.TreeChildren(TREE, top.back()).back());
+    dialog.Type(WIDTH_STAKE_DESC, L"用地境界");
+}
+
+void Output(const std::wstring& path)
+{
+    const auto dialog = WaitForDialog(KnownDialog::Main);
+    FillIn(*dialog);
+    dialog->Click(convert_dlg::OUTPUT);
+    AnswerSaveDialog(path);
+    WaitUntilGone(KnownDialog::Main);
+}
+
+void Cancel()
+{
+    WaitForDialog(KnownDialog::Main)->PressEscape();
+    WaitUntilGone(KnownDialog::Main);
+}
+
+// The host
+
+struct Module
+{
+    ExportedFunction function;
+    std::wstring folder;
+    std::filesystem::path out;
+};
+
+void CallAtDisplay(const Module& module, int call)
+{
+    const bool output = call % 2 != 0;
+    std::filesystem::remove(module.out);
+    std::atomic<bool> done = false;
+    std::thread driver([&] {
+        output ? Output(module.out.wstring()) : Cancel();
+        done = true;
+    });
+    module.function(module.folder.c_str(), 1);
+    while (!done)
+    {
+        QApplication::processEvents();
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    driver.join();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Check(std::filesystem::exists(module.out) == output, output ? "no file was written" : "a file was written", call);
+}
+
+/// The environment of a process that has no display.
+struct NoDisplay
+{
+    const char* display;
+    const char* waylandDisplay;
+    const char* platform;
+};
+
+constexpr NoDisplay NO_DISPLAYS[] = {
+    {nullptr, nullptr, nullptr},
+    {":9999", nullptr, nullptr},
+    {nullptr, "no-such-server", nullptr},
+    {nullptr, nullptr, "xcb"},
+    {":9999", nullptr, "xcb"},
+    {nullptr, "no-such-server", "wayland"},
+    {nullptr, nullptr, "no-such-platform"},
+};
+
+void SetVariable(const char* name, const char* value)
+{
+    value != nullptr ? ::setenv(name, value, 1) : ::unsetenv(name);
+}
+
+/// What the module writes to standard error during a call.
+std::string ToldAtCall(const Module& module)
+{
+    const int told = ::memfd_create("told", 0);
+    const int former = ::dup(STDERR_FILENO);
+    ::dup2(told, STDERR_FILENO);
+    module.function(module.folder.c_str(), 1);
+    ::dup2(former, STDERR_FILENO);
+    ::close(former);
+    std::string text(4096, '\0');
+    text.resize(static_cast<std::size_t>(std::max<ssize_t>(::pread(told, text.data(), text.size(), 0), 0)));
+    ::close(told);
+    return text;
+}
+
+void CallInTheDark(const Module& module, int call)
+{
+    const NoDisplay& none = NO_DISPLAYS[static_cast<std::size_t>(call) % std::size(NO_DISPLAYS)];
+    SetVariable("DISPLAY", none.display);
+    SetVariable("WAYLAND_DISPLAY", none.waylandDisplay);
+    SetVariable("QT_QPA_PLATFORM", none.platform);
+    const std::string told = ToldAtCall(module);
+    Check(told == "画面に接続できないため、ダイアログを表示できません。\n", "told: " + told, call);
+    Check(qApp == nullptr, "there is an application object", call);
+}
+
+void CallAgainAndAgain(const Module& module, void (*makeCall)(const Module&, int))
+{
+    Counts counts;
+    for (int call = 1; call <= CALLS; ++call)
+    {
+        const OwnState before;
+        makeCall(module, call);
+        CompareState(before, call);
+        if (call % CALLS_BETWEEN_COUNTS == 0)
+        {
+            counts.Add(call);
+        }
+    }
+    counts.Compare();
+}
+
+void RunJoined(const Module& module)
+{
+    int argumentCount = 1;
+    char name[] = "host";
+    char* arguments[] = {name, nullptr};
+    const QApplication application(argumentCount, arguments);
+    QMainWindow window;
+    window.resize(1000, 700);
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    CallAgainAndAgain(module, CallAtDisplay);
+    Check(qApp == &application, "another application object", CALLS);
+    Check(window.isVisible(), "the main window is gone", CALLS);
+}
+
+void RunAlone(const Module& module)
+{
+    CallAgainAndAgain(module, CallAtDisplay);
+    Check(QApplication::topLevelWidgets().isEmpty(), "a window is left", CALLS);
+}
+
+/// A display that comes to be there serves the next call.
+void RunDark(const Module& module)
+{
+    const std::string display = ::getenv("DISPLAY");
+    CallAgainAndAgain(module, CallInTheDark);
+    ::setenv("DISPLAY", display.c_str(), 1);
+    ::unsetenv("WAYLAND_DISPLAY");
+    ::unsetenv("QT_QPA_PLATFORM");
+    CallAtDisplay(module, CALLS + 1);
+}
+
+struct Mode
+{
+    std::string_view name;
+    void (*run)(const Module&);
+};
+
+constexpr Mode MODES[] = {{"joined", RunJoined}, {"alone", RunAlone}, {"dark", RunDark}};
+
+} // namespace
+} // namespace jlandxml
+
+int main(int count, char** arguments)
+{
+    using namespace jlandxml;
+    if (count != 5)
+    {
+        return 2;
+    }
+    void* const library = ::dlopen(arguments[1], RTLD_NOW | RTLD_LOCAL);
+    const auto* const mode =
+        std::find_if(std::begin(MODES), std::end(MODES), [&](const Mode& one) { return one.name == arguments[4]; });
+    if (library == nullptr || mode == std::end(MODES))
+    {
+        return 2;
+    }
+    mode->run({reinterpret_cast<ExportedFunction>(::dlsym(library, "ExecuteQuorvane")), WideFromUtf8(arguments[2]),
+               arguments[3]});
+    return failures != 0;
+}
