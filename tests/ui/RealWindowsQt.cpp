@@ -50,13 +50,14 @@ std::atomic<bool> callReturned = false;
 template <class Step>
 auto OnWidgets(Step step)
 {
-    if (QThread::currentThread() == qApp->thread())
-    {
-        return step();
-    }
     decltype(step()) result{};
-    QMetaObject::invokeMethod(
-        qApp, [&] { result = step(); }, Qt::BlockingQueuedConnection);
+    // A host without an application object has none before the module has made it.
+    if (qApp != nullptr)
+    {
+        const bool here = QThread::currentThread() == qApp->thread();
+        QMetaObject::invokeMethod(
+            qApp, [&] { result = step(); }, here ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+    }
     return result;
 }
 

@@ -16,9 +16,11 @@ foreach(case ${cases})
     endif()
     set(out ${WORK}/${name}/out.xml)
     file(MAKE_DIRECTORY ${WORK}/${name})
+    # Through files: what Wine leaves in the background would keep pipes open for a minute.
     execute_process(
         COMMAND ${EMULATOR} ${PLAYER} ${MODULE} ${case} ${SOURCE} ${folder} ${out}
-        RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output TIMEOUT 120)
+        RESULT_VARIABLE status OUTPUT_FILE ${WORK}/${name}/output ERROR_FILE ${WORK}/${name}/output TIMEOUT 120)
+    file(READ ${WORK}/${name}/output output)
     if(status EQUAL 77)
         continue()
     endif()
