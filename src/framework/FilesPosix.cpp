@@ -219,14 +219,12 @@ FileHandle OpenForWriting(const std::wstring& path)
 
 std::wstring FollowLinks(const std::wstring& path)
 {
-    char* const resolved = ::realpath(Utf8FromWide(path).c_str(), nullptr);
-    if (resolved == nullptr)
+    struct Free
     {
-        return path;
-    }
-    std::wstring result = WideFromUtf8(resolved);
-    std::free(resolved);
-    return result;
+        void operator()(char* memory) const { std::free(memory); }
+    };
+    const std::unique_ptr<char, Free> resolved(::realpath(Utf8FromWide(path).c_str(), nullptr));
+    return resolved != nullptr ? WideFromUtf8(resolved.get()) : path;
 }
 
 bool CanBeRenamedOver(const std::wstring& target)

@@ -47,6 +47,17 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
+/// Who asks so is prepared for nothing, and gets what there is.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
+{
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept
+{
+    std::free(memory);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
