@@ -584,6 +584,21 @@ TEST_F(ConvertDlgSelection, AReferenceOfTheInputIsShownAndLockedEvenIfNoAlignmen
     });
 }
 
+TEST_F(ConvertDlgSelection, AnUnknownReferenceOfTheInputStandsInEveryReferenceList)
+{
+    Model().surfaces[0].surfaces[0].alignmentRefs = L"廃線";
+    Model().widthStakePoints[1].alignmentRefs = L"廃線";
+    OpenAt({SURFACES_ITEM, 0}, [](ScriptedDialog& window) {
+        EXPECT_EQ(window.Text(SURFACE_REFERENCE), L"廃線");
+        EXPECT_EQ(window.Entries(SURFACE_REFERENCE), (Lines{L"本線", L"支線", L"堤防", L"廃線"}));
+        EXPECT_FALSE(window.CanReach(SURFACE_REFERENCE));
+        Select(window, {POINTS_ITEM, 3});
+        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE), L"廃線");
+        EXPECT_EQ(window.EntryCount(WIDTH_STAKE_REFERENCE), 4);
+        EXPECT_FALSE(window.CanReach(WIDTH_STAKE_REFERENCE));
+    });
+}
+
 TEST_F(ConvertDlgSelection, AGroupOfWidthStakesOpensItsPanel)
 {
     OpenAt({POINTS_ITEM, 2}, [](ScriptedDialog& window) {

@@ -1,5 +1,7 @@
 #include "run/ExecuteQuorvane.h"
 
+#include "dialog/JLandXmlConvertDlgControls.h"
+#include "framework/Files.h"
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
@@ -34,6 +36,32 @@ TEST_F(ExecuteQuorvaneTest, ARouteCountOfZeroOrLessReadsNoSideFile)
         ExecuteQuorvane(folder.Name().c_str(), count);
     }
     EXPECT_TRUE(windows.Messages().empty());
+    EXPECT_EQ(std::count(windows.Records().begin(), windows.Records().end(), L"open J-LandXML出力設定"), 3);
+}
+
+TEST_F(ExecuteQuorvaneTest, NoFolderIsAnEmptyOne)
+{
+    ExecuteQuorvane(nullptr, 0);
+    EXPECT_EQ(windows.Records().front(), L"open J-LandXML出力設定");
+}
+
+TEST_F(ExecuteQuorvaneTest, AModelThatCannotBeWrittenEndsTheDialogAsAWrittenOneDoes)
+{
+    // Points can't be placed beside an element of their name in another case.
+    WorkFile(
+        "<LandXML><cgpoints/><CoordinateSystem desc='Japan Geodetic Datum 2011, Plane Rectangular Coordinate System "
+        "No. 9'/></LandXML>");
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    const std::wstring out = folder.Name(L"out.xml");
+    windows.SetUser([](ScriptedDialog& dialog) {
+        dialog.Type(convert_dlg::PROJECT_NAME, L"p");
+        dialog.Click(convert_dlg::OUTPUT);
+    });
+    windows.SetSaveFileAnswer([&](const SaveFileRequest&) { return out; });
+    ExecuteQuorvane(folder.Name().c_str(), 1);
+    EXPECT_EQ(windows.Records().back(), L"close J-LandXML出力設定 accepted");
+    EXPECT_TRUE(windows.Messages().empty());
+    EXPECT_FALSE(PathExists(out));
 }
 
 TEST_F(ExecuteQuorvaneTest, AMissingWorkFileIsNoFailure)
