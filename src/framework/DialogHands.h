@@ -54,6 +54,7 @@ class DialogHands
     {
         std::vector<std::wstring> texts;
         const int count = EntryCount(list);
+        texts.reserve(static_cast<std::size_t>(count));
         for (int entry = 0; entry < count; ++entry)
         {
             texts.push_back(EntryText(list, entry));

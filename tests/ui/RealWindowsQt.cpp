@@ -212,7 +212,7 @@ class QtHands final : public DialogHands
     const wchar_t* EntryData(int list, int entry) const override
     {
         return OnWidgets(
-            [&] { return reinterpret_cast<const wchar_t*>(As<QComboBox>(list)->itemData(entry).value<quintptr>()); });
+            [&] { return static_cast<const wchar_t*>(As<QComboBox>(list)->itemData(entry).value<void*>()); });
     }
 
     int SelectedEntry(int list) const override
@@ -263,7 +263,7 @@ class QtHands final : public DialogHands
     {
         return OnWidgets([&] {
             const QVariant data = reinterpret_cast<QTreeWidgetItem*>(item)->data(0, Qt::UserRole);
-            return reinterpret_cast<void*>(data.value<quintptr>());
+            return data.value<void*>();
         });
     }
 

@@ -9,7 +9,7 @@ stop_server() {
     [ -z "$server" ] || [ ! -d "$WINEPREFIX" ] || "$server" -w 2>/dev/null
 }
 stop_server
-xvfb-run -a -s "-screen 0 1280x1024x24" "$@"
+xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$@"
 status=$?
 stop_server
 exit $status

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <clocale>
 #include <dlfcn.h>
+#include <memory>
 #include <string>
 
 namespace jlandxml
@@ -17,46 +18,40 @@ namespace jlandxml
 namespace
 {
 
-/// True if the library of a window protocol, which Qt loads too, finds a server at the end of the environment's
-/// address.
-bool Connects(const char* libraryName, bool (*connects)(void* library))
+/// A connection to a window server, closed with it. Null if no server answers at the environment's address. It is kept
+/// until Qt has its own: a server may start anew when its last client goes.
+using Connection = std::shared_ptr<void>;
+
+/// Connects through the library of a window protocol, which Qt loads too.
+Connection Connect(const char* libraryName, Connection (*connect)(void* library))
 {
     void* const library = ::dlopen(libraryName, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr)
-    {
-        return false;
-    }
-    const bool answers = connects(library);
-    ::dlclose(library);
-    return answers;
+    return library != nullptr ? connect(library) : nullptr;
 }
 
-bool ConnectsToX(void* library)
+Connection ConnectToX(void* library)
 {
     const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(::dlsym(library, "xcb_connect"));
     const auto hasError = reinterpret_cast<int (*)(void*)>(::dlsym(library, "xcb_connection_has_error"));
     const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "xcb_disconnect"));
     if (connect == nullptr || hasError == nullptr || disconnect == nullptr)
     {
-        return false;
+        return nullptr;
     }
-    void* const connection = connect(nullptr, nullptr);
-    const bool connected = hasError(connection) == 0;
-    disconnect(connection);
-    return connected;
+    const Connection connection(connect(nullptr, nullptr), disconnect);
+    return hasError(connection.get()) == 0 ? connection : nullptr;
 }
 
-bool ConnectsToWayland(void* library)
+Connection ConnectToWayland(void* library)
 {
     const auto connect = reinterpret_cast<void* (*)(const char*)>(::dlsym(library, "wl_display_connect"));
     const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "wl_display_disconnect"));
-    void* const display = connect != nullptr ? connect(nullptr) : nullptr;
-    if (display == nullptr || disconnect == nullptr)
+    if (connect == nullptr || disconnect == nullptr)
     {
-        return false;
+        return nullptr;
     }
-    disconnect(display);
-    return true;
+    void* const display = connect(nullptr);
+    return display != nullptr ? Connection(display, disconnect) : nullptr;
 }
 
 /// The file with which Qt serves a platform; empty if it has none.
@@ -82,21 +77,28 @@ QString PluginOf(const QString& platform)
     return {};
 }
 
-bool ServerAnswers(const QString& platform)
+/// True if the platform's server answers, by a connection that is kept; a platform without a server needs none.
+bool ServerAnswers(const QString& platform, Connection& kept)
 {
     if (platform == QStringLiteral("xcb"))
     {
-        return qEnvironmentVariableIsSet("DISPLAY") && Connects("libxcb.so.1", ConnectsToX);
+        kept = qEnvironmentVariableIsSet("DISPLAY") ? Connect("libxcb.so.1", ConnectToX) : nullptr;
+        return kept != nullptr;
     }
-    return !platform.startsWith(QStringLiteral("wayland")) || Connects("libwayland-client.so.0", ConnectsToWayland);
+    if (platform.startsWith(QStringLiteral("wayland")))
+    {
+        kept = Connect("libwayland-client.so.0", ConnectToWayland);
+        return kept != nullptr;
+    }
+    return true;
 }
 
 /// True if Qt has this platform, with every library that it needs, and a server to show windows on.
-bool IsUsable(const QString& platform)
+bool IsUsable(const QString& platform, Connection& kept)
 {
     const QString name = platform.section(QLatin1Char(':'), 0, 0);
     const QString plugin = PluginOf(name);
-    return !plugin.isEmpty() && ServerAnswers(name) && QPluginLoader(plugin).load();
+    return !plugin.isEmpty() && ServerAnswers(name, kept) && QPluginLoader(plugin).load();
 }
 
 /// The platforms that Qt tries, in its order.
@@ -116,10 +118,11 @@ QStringList Platforms()
 }
 
 /// True if Qt comes up. Where it finds no display it ends the process, and the process is the host's.
-bool HasDisplay()
+bool HasDisplay(Connection& kept)
 {
     const QStringList platforms = Platforms();
-    return std::any_of(platforms.begin(), platforms.end(), IsUsable);
+    return std::any_of(platforms.begin(), platforms.end(),
+                       [&](const QString& platform) { return IsUsable(platform, kept); });
 }
 
 /// Qt takes over the locale of the environment for the whole process; the host keeps its own.
@@ -151,7 +154,8 @@ bool EnsureApplication()
 {
     if (QCoreApplication::instance() == nullptr)
     {
-        if (!HasDisplay())
+        Connection kept;
+        if (!HasDisplay(kept))
         {
             return false;
         }

@@ -36,6 +36,12 @@ QString Q(const wchar_t* text)
     return QString::fromWCharArray(text);
 }
 
+/// What stands behind an entry or an item, as Qt keeps it.
+QVariant Behind(const void* data)
+{
+    return QVariant::fromValue(const_cast<void*>(data));
+}
+
 QTreeWidgetItem* ItemOf(TreeItem item)
 {
     return reinterpret_cast<QTreeWidgetItem*>(item);
@@ -406,7 +412,7 @@ const wchar_t* QtDialog::EntryData(int list, int entry) const
 {
     const auto* const box = As<QListWidget>(list);
     const QVariant data = box != nullptr ? box->item(entry)->data(Qt::UserRole) : As<QComboBox>(list)->itemData(entry);
-    return reinterpret_cast<const wchar_t*>(data.value<quintptr>());
+    return static_cast<const wchar_t*>(data.value<void*>());
 }
 
 int QtDialog::SelectedEntry(int list) const
@@ -438,7 +444,7 @@ void QtDialog::ClearEntries(int list)
 
 void QtDialog::InsertEntry(int list, int place, const std::wstring& text, const wchar_t* data)
 {
-    const QVariant value = QVariant::fromValue(reinterpret_cast<quintptr>(data));
+    const QVariant value = Behind(data);
     if (auto* const box = As<QListWidget>(list))
     {
         box->insertItem(place, Q(text));
@@ -473,13 +479,13 @@ TreeItem QtDialog::AddTreeItem(int tree, TreeItem parent, const std::wstring& te
     auto* const item =
         parent != nullptr ? new QTreeWidgetItem(ItemOf(parent)) : new QTreeWidgetItem(As<QTreeWidget>(tree));
     item->setText(0, Q(text));
-    item->setData(0, Qt::UserRole, QVariant::fromValue(reinterpret_cast<quintptr>(data)));
+    item->setData(0, Qt::UserRole, Behind(data));
     return HandleOf(item);
 }
 
 void* QtDialog::TreeItemData(int /*tree*/, TreeItem item) const
 {
-    return reinterpret_cast<void*>(ItemOf(item)->data(0, Qt::UserRole).value<quintptr>());
+    return ItemOf(item)->data(0, Qt::UserRole).value<void*>();
 }
 
 TreeItem QtDialog::TreeParent(int /*tree*/, TreeItem item) const

@@ -26,7 +26,7 @@ void ScriptedWindowSystem::LetUserWork(ScriptedDialog& dialog) const
 
 std::optional<std::wstring> ScriptedWindowSystem::AnswerSaveFile(const SaveFileRequest& request)
 {
-    const std::optional<std::wstring> path = saveFileAnswer_ ? saveFileAnswer_(request) : std::nullopt;
+    std::optional<std::wstring> path = saveFileAnswer_ ? saveFileAnswer_(request) : std::nullopt;
     Record(L"save " + path.value_or(L"cancelled"));
     return path;
 }
