@@ -174,9 +174,7 @@ void JLandXmlConvertDlg::ShowCoordinateSystem()
     Window().SetText(HORIZONTAL_COORDINATE_SYSTEM,
                      std::wstring(FindDisplay(VocabularyOf(VocabularyIndex::HorizontalCoordinateSystem),
                                               data.horizontalCoordinateSystemName)));
-    const int datum =
-        Window().FindEntry(VERTICAL_DATUM, std::wstring(VerticalDatumDisplay(data.verticalDatum, data.differTP)));
-    Window().SelectEntry(VERTICAL_DATUM, datum == DialogWindow::NO_ENTRY ? 0 : datum);
+    SelectOrFirst(VERTICAL_DATUM, VerticalDatumDisplay(data.verticalDatum, data.differTP));
 }
 
 void JLandXmlConvertDlg::BuildTree()
@@ -509,9 +507,7 @@ void JLandXmlConvertDlg::ShowSurface(const DlgDataSurface& surface)
 void JLandXmlConvertDlg::ShowWidthStake(const DlgDataCgPointsWidthStake& group)
 {
     ShowReferenceList(WIDTH_STAKE_REFERENCE, group.alignmentRefs, group.alignmentRefsLocked);
-    const int type = Window().FindEntry(
-        CLOSURE_TYPE, std::wstring(FindDisplay(VocabularyOf(VocabularyIndex::ClosureType), group.type)));
-    Window().SelectEntry(CLOSURE_TYPE, type == DialogWindow::NO_ENTRY ? 0 : type);
+    SelectOrFirst(CLOSURE_TYPE, FindDisplay(VocabularyOf(VocabularyIndex::ClosureType), group.type));
     Window().SetText(WIDTH_STAKE_DESC, group.desc);
 }
 
@@ -700,6 +696,13 @@ void JLandXmlConvertDlg::SelectByValue(int list, VocabularyIndex vocabulary, std
 {
     const std::wstring_view display = FindDisplay(VocabularyOf(vocabulary), value);
     Window().SelectEntry(list, Window().FindEntry(list, std::wstring(display.empty() ? defaultDisplay : display)));
+}
+
+/// Selects the entry of this text, or the first one if there is none.
+void JLandXmlConvertDlg::SelectOrFirst(int list, std::wstring_view text)
+{
+    const int entry = Window().FindEntry(list, std::wstring(text));
+    Window().SelectEntry(list, entry == DialogWindow::NO_ENTRY ? 0 : entry);
 }
 
 /// Selects the entry of this text. One that isn't there is added, without a value behind it.

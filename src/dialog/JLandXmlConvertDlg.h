@@ -116,6 +116,7 @@ class JLandXmlConvertDlg : public Dialog
     void ShowSet(std::span<const int> controls, bool shown);
     void SelectByValue(int list, VocabularyIndex vocabulary, std::wstring_view value,
                        std::wstring_view defaultDisplay = {});
+    void SelectOrFirst(int list, std::wstring_view text);
     void SelectOrAdd(int list, const std::wstring& text);
     void ReadList(int list, std::wstring& field) const;
     void ReadFlag(int list, std::int32_t& field) const;

@@ -1,5 +1,7 @@
 #include "dialog/JLandXmlConvertDlgControls.h"
 
+#include "framework/Window.h"
+
 namespace jlandxml::convert_dlg
 {
 
@@ -194,6 +196,6 @@ constexpr ControlTemplate CONTROLS[] = {
 
 } // namespace
 
-const DialogTemplate TEMPLATE{1000, L"J-LandXML出力設定", 515, 217, CONTROLS};
+const DialogTemplate TEMPLATE{1000, MESSAGE_CAPTION, 515, 217, CONTROLS};
 
 } // namespace jlandxml::convert_dlg

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QMessageBox>
 #include <QPluginLoader>
 #include <QThread>
 #include <algorithm>
@@ -163,6 +164,15 @@ bool EnsureApplication()
     }
     return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr &&
            QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+void ShowMessageBox(QWidget* parent, const std::wstring& text, MessageIcon icon)
+{
+    QMessageBox box(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
+                    QString::fromWCharArray(MESSAGE_CAPTION), QString::fromStdWString(text), QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setAttribute(Qt::WA_QuitOnClose, false);
+    box.exec();
 }
 
 } // namespace jlandxml

@@ -1,6 +1,6 @@
 #include "framework/qt/QtDialog.h"
 
-#include "framework/Window.h"
+#include "framework/qt/QtApplication.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -510,10 +510,7 @@ void QtDialog::EnsureTreeItemVisible(int tree, TreeItem item)
 
 void QtDialog::ShowMessage(const std::wstring& text)
 {
-    QMessageBox box(QMessageBox::NoIcon, Q(MESSAGE_CAPTION), Q(text), QMessageBox::Ok, window_);
-    box.setTextFormat(Qt::PlainText);
-    box.setAttribute(Qt::WA_QuitOnClose, false);
-    box.exec();
+    ShowMessageBox(window_, text, MessageIcon::None);
 }
 
 std::optional<std::wstring> QtDialog::ChooseSaveFile(const SaveFileRequest& request)

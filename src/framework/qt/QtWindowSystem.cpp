@@ -6,7 +6,6 @@
 #include "framework/qt/QtDialog.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 namespace jlandxml
 {
@@ -18,12 +17,7 @@ void QtWindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
         WriteStandardError(text + L"\n");
         return;
     }
-    QMessageBox box(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
-                    QString::fromWCharArray(MESSAGE_CAPTION), QString::fromStdWString(text), QMessageBox::Ok,
-                    QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    box.setAttribute(Qt::WA_QuitOnClose, false);
-    box.exec();
+    ShowMessageBox(QApplication::activeWindow(), text, icon);
 }
 
 std::unique_ptr<DialogWindow> QtWindowSystem::MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
