@@ -4,7 +4,7 @@
 //
 //   bench_runs [CASE [SIZE]]      without a case: all of them
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "run/ConversionContext.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"

@@ -1,7 +1,7 @@
 // Text and number conversions on any bytes.
 
-#include "framework/Numbers.h"
-#include "framework/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "model/NumberText.h"
 
 #include <cstddef>

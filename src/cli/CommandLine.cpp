@@ -1,15 +1,15 @@
 #include "cli/CommandLine.h"
 
+#include "base/Files.h"
+#include "base/Streams.h"
+#include "base/Text.h"
 #include "cli/HostCall.h"
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
-#include "framework/Files.h"
-#include "framework/Streams.h"
-#include "framework/Text.h"
-#include "framework/scripted/ScriptedWindowSystem.h"
 #include "run/ConversionContext.h"
 #include "run/ExecuteQuorvane.h"
 #include "run/LoadSideFiles.h"
+#include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "cli/HostCall.h"
 
-#include "framework/Files.h"
-#include "framework/Text.h"
+#include "base/Files.h"
+#include "base/Text.h"
 
 #ifdef _WIN32
 #include <array>

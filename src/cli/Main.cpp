@@ -1,5 +1,5 @@
+#include "base/Text.h"
 #include "cli/CommandLine.h"
-#include "framework/Text.h"
 
 #ifdef _WIN32
 

@@ -1,11 +1,11 @@
 #include "cli/Settings.h"
 
+#include "base/Exceptions.h"
+#include "base/Files.h"
+#include "base/Text.h"
 #include "dialog/DlgData.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
 #include "dialog/NumberInput.h"
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
-#include "framework/Text.h"
 
 #include <algorithm>
 #include <optional>

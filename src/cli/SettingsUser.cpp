@@ -1,9 +1,9 @@
 #include "cli/SettingsUser.h"
 
+#include "base/Text.h"
 #include "dialog/DlgData.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
 #include "dialog/NumberInput.h"
-#include "framework/Text.h"
 #include "model/CurrentDesignType.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Settings.h"
-#include "framework/DialogHands.h"
+#include "windows/DialogHands.h"
 
 #include <string>
 #include <vector>

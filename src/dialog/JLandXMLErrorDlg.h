@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Dialog.h"
+#include "windows/Dialog.h"
 
 #include <string>
 #include <vector>

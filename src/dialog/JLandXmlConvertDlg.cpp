@@ -1,9 +1,9 @@
 #include "dialog/JLandXmlConvertDlg.h"
 
+#include "base/Guard.h"
+#include "base/Text.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Guard.h"
-#include "framework/Text.h"
 #include "model/CurrentDesignType.h"
 #include "run/ExportRun.h"
 

@@ -3,7 +3,7 @@
 #include "dialog/DisplayXmlTables.h"
 #include "dialog/JLandXmlConvertDlgData.h"
 #include "dialog/NumberInput.h"
-#include "framework/Dialog.h"
+#include "windows/Dialog.h"
 
 #include <map>
 #include <span>

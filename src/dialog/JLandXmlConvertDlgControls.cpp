@@ -1,6 +1,6 @@
 #include "dialog/JLandXmlConvertDlgControls.h"
 
-#include "framework/Window.h"
+#include "windows/Window.h"
 
 namespace jlandxml::convert_dlg
 {

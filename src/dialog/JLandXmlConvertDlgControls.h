@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/DialogTemplate.h"
+#include "windows/DialogTemplate.h"
 
 namespace jlandxml::convert_dlg
 {

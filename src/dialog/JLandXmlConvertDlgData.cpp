@@ -1,8 +1,8 @@
 #include "dialog/JLandXmlConvertDlgData.h"
 
+#include "base/Guard.h"
+#include "base/Numbers.h"
 #include "dialog/DisplayXmlTables.h"
-#include "framework/Guard.h"
-#include "framework/Numbers.h"
 #include "model/CurrentDesignType.h"
 #include "run/ConversionContext.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Exceptions.h"
 #include "dialog/DlgData.h"
-#include "framework/Exceptions.h"
 #include "model/FViewLandXML.h"
 
 #include <string>

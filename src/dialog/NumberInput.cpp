@@ -1,6 +1,6 @@
 #include "dialog/NumberInput.h"
 
-#include "framework/Numbers.h"
+#include "base/Numbers.h"
 
 #include <regex>
 

@@ -1,7 +1,7 @@
 #include "model/FViewCoordinateSystem.h"
 
-#include "framework/Numbers.h"
-#include "framework/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "model/FViewFeature.h"
 #include "model/NumberText.h"
 

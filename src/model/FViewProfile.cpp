@@ -1,6 +1,6 @@
 #include "model/FViewProfile.h"
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "model/NumberText.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "model/FViewSlopeValue.h"
 
-#include "framework/Numbers.h"
+#include "base/Numbers.h"
 #include "model/NumberText.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "model/FViewSurfaces.h"
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "model/FViewFeature.h"
 #include "model/NumberText.h"
 

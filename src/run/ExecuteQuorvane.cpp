@@ -1,11 +1,11 @@
 #include "run/ExecuteQuorvane.h"
 
+#include "base/Exceptions.h"
 #include "dialog/JLandXmlConvertDlg.h"
-#include "framework/Exceptions.h"
-#include "framework/Window.h"
 #include "run/ConversionContext.h"
 #include "run/LoadRun.h"
 #include "run/LoadSideFiles.h"
+#include "windows/Window.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "run/ExportRun.h"
 
-#include "framework/Guard.h"
+#include "base/Guard.h"
 #include "run/ConversionContext.h"
 #include "run/FinishOutputFile.h"
 

@@ -1,10 +1,10 @@
 #include "run/FinishOutputFile.h"
 
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
-#include "framework/Window.h"
+#include "base/Exceptions.h"
+#include "base/Files.h"
 #include "run/ConversionContext.h"
 #include "run/FinishedText.h"
+#include "windows/Window.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #include "run/LoadRun.h"
 
-#include "framework/Guard.h"
+#include "base/Guard.h"
 #include "run/ConversionContext.h"
 
 namespace jlandxml

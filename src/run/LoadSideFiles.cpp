@@ -1,7 +1,7 @@
 #include "run/LoadSideFiles.h"
 
-#include "framework/Files.h"
-#include "framework/Numbers.h"
+#include "base/Files.h"
+#include "base/Numbers.h"
 #include "run/ConversionContext.h"
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"

@@ -1,12 +1,12 @@
 // What only the loaded module has: the native windows of its platform, put in place when the module is loaded. No
 // window class and nothing else is registered with the system for it, so there is nothing to take back when it goes.
 
-#include "framework/Window.h"
+#include "windows/Window.h"
 
 #ifdef _WIN32
-#include "framework/win32/Win32WindowSystem.h"
+#include "windows/win32/Win32WindowSystem.h"
 #else
-#include "framework/qt/QtWindowSystem.h"
+#include "windows/qt/QtWindowSystem.h"
 #endif
 
 namespace jlandxml

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/Files.h"
-#include "framework/Guard.h"
+#include "base/Files.h"
+#include "base/Guard.h"
 #include "sidefiles/CsvRows.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 
-#include "framework/Streams.h"
+#include "base/Streams.h"
 #include "run/ConversionContext.h"
 
 namespace jlandxml

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Exceptions.h"
+#include "base/Exceptions.h"
 #include "sidefiles/CSVLoaderBase.h"
 
 namespace jlandxml

@@ -1,6 +1,6 @@
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "run/ConversionContext.h"
 
 #include <iterator>

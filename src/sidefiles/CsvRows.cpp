@@ -1,9 +1,9 @@
 #include "sidefiles/CsvRows.h"
 
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
-#include "framework/Numbers.h"
-#include "framework/Text.h"
+#include "base/Exceptions.h"
+#include "base/Files.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "model/UnsetDouble.h"
 
 #include <algorithm>

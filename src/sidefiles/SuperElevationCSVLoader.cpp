@@ -1,7 +1,7 @@
 #include "sidefiles/SuperElevationCSVLoader.h"
 
-#include "framework/Numbers.h"
-#include "framework/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "model/NumberText.h"
 #include "sidefiles/RouteAlignments.h"
 

@@ -1,8 +1,8 @@
 #include "xml/WcXmDocument.h"
 
-#include "framework/Exceptions.h"
-#include "framework/Files.h"
-#include "framework/Text.h"
+#include "base/Exceptions.h"
+#include "base/Files.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "xml/WcXmNode.h"
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "xml/WcXmDocument.h"
 #include "xml/WcXmSharedTexts.h"
 

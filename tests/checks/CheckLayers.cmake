@@ -1,14 +1,15 @@
-# Includes point downwards: cli, run's upper storey, dialog and sidefiles, run's lower storey, model, xml, framework. And no
+# Includes point downwards: cli, run's upper storey, dialog and sidefiles, run's lower storey, model, xml, windows, base. And no
 # two files include each other.
 #
 #   cmake -DSOURCE=<the project> -P CheckLayers.cmake
 cmake_minimum_required(VERSION 3.25)
 
-set(layers framework xml model lower dialog sidefiles upper cli)
-set(framework_may framework)
-set(xml_may xml framework)
+set(layers base windows xml model lower dialog sidefiles upper cli)
+set(base_may base)
+set(windows_may windows base)
+set(xml_may xml base)
 set(model_may model ${xml_may})
-set(lower_may lower ${model_may})
+set(lower_may lower windows ${model_may})
 set(dialog_may dialog ${lower_may})
 set(sidefiles_may sidefiles ${lower_may})
 set(upper_may upper dialog sidefiles ${lower_may})

@@ -1,7 +1,7 @@
 #include "cli/CommandLine.h"
 
-#include "framework/Files.h"
-#include "framework/Text.h"
+#include "base/Files.h"
+#include "base/Text.h"
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 

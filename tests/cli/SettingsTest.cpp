@@ -1,7 +1,7 @@
 #include "cli/Settings.h"
 
-#include "framework/Files.h"
-#include "framework/Text.h"
+#include "base/Files.h"
+#include "base/Text.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "cli/SettingsUser.h"
 
+#include "base/Text.h"
 #include "dialog/JLandXmlConvertDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Text.h"
 #include "support/RunFixture.h"
 
 #include <algorithm>

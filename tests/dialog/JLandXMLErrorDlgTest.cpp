@@ -1,8 +1,8 @@
 #include "dialog/JLandXMLErrorDlg.h"
 
-#include "framework/Collation.h"
-#include "framework/scripted/ScriptedWindowSystem.h"
+#include "base/Collation.h"
 #include "support/RunFixture.h"
+#include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <algorithm>
 #include <random>

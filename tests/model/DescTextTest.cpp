@@ -1,6 +1,6 @@
 #include "model/DescText.h"
 
-#include "framework/Text.h"
+#include "base/Text.h"
 
 #include <array>
 #include <gtest/gtest.h>

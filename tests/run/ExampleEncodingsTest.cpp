@@ -1,9 +1,9 @@
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
 #include "support/RunFixture.h"
 
-#include "framework/Files.h"
+#include "base/Files.h"
 
 namespace jlandxml
 {

@@ -1,7 +1,7 @@
 #include "run/ExecuteQuorvane.h"
 
+#include "base/Files.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Files.h"
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 

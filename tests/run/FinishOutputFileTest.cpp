@@ -1,6 +1,6 @@
 #include "run/FinishOutputFile.h"
 
-#include "framework/Exceptions.h"
+#include "base/Exceptions.h"
 #include "run/LoadRun.h"
 #include "support/FailingAllocation.h"
 #include "support/MountedFolder.h"

@@ -1,7 +1,7 @@
 #include "sidefiles/CsvRows.h"
 
-#include "framework/Exceptions.h"
-#include "framework/Text.h"
+#include "base/Exceptions.h"
+#include "base/Text.h"
 #include "model/UnsetDouble.h"
 #include "support/TemporaryFolder.h"
 

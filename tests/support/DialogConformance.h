@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/Collation.h"
-#include "framework/DialogHands.h"
-#include "framework/Window.h"
+#include "base/Collation.h"
+#include "windows/DialogHands.h"
+#include "windows/Window.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/scripted/ScriptedWindowSystem.h"
 #include "run/ConversionContext.h"
 #include "support/TemporaryFolder.h"
+#include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <gtest/gtest.h>
 

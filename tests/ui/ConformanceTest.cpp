@@ -5,11 +5,11 @@
 #include "ui/RealWindows.h"
 
 #ifdef _WIN32
-#include "framework/win32/Win32WindowSystem.h"
+#include "windows/win32/Win32WindowSystem.h"
 
 #include <windows.h>
 #else
-#include "framework/qt/QtWindowSystem.h"
+#include "windows/qt/QtWindowSystem.h"
 
 #include <QApplication>
 #endif

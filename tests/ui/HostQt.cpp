@@ -9,8 +9,8 @@
 // calls end with cancel and with output in turn. Status 0: nothing is left behind; 1: something is; 9: a window didn't
 // come up.
 
+#include "base/Text.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Text.h"
 #include "ui/RealWindows.h"
 
 #include <QApplication>

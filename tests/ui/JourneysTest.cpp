@@ -1,11 +1,11 @@
 // Journeys of a person at the module's real windows, the same for every platform. The host lives as long as the
 // program.
 
+#include "base/Files.h"
+#include "base/Text.h"
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Files.h"
-#include "framework/Text.h"
 #include "run/LoadSideFiles.h"
 #include "support/TemporaryFolder.h"
 #include "ui/RealWindows.h"

@@ -5,11 +5,11 @@
 //
 // Status 0: as expected; 1: not; 77: the command line ends before there is a window.
 
+#include "base/Files.h"
+#include "base/Text.h"
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "framework/Files.h"
-#include "framework/Text.h"
 #include "run/LoadSideFiles.h"
 #include "ui/RealWindows.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/DialogHands.h"
+#include "windows/DialogHands.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #ifndef _WIN32
 
-#include "framework/Text.h"
+#include "base/Text.h"
 #include "ui/RealWindows.h"
 
 #include <QApplication>
