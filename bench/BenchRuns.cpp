@@ -8,7 +8,7 @@
 #include "run/ConversionContext.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>

@@ -7,8 +7,8 @@
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "run/ConversionContext.h"
-#include "run/ExecuteQuorvane.h"
-#include "run/LoadSideFiles.h"
+#include "run/module/ExecuteQuorvane.h"
+#include "sidefiles/LoadSideFiles.h"
 #include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <CLI/CLI.hpp>

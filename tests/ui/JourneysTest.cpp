@@ -6,7 +6,7 @@
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 #include "support/TemporaryFolder.h"
 #include "ui/RealWindows.h"
 

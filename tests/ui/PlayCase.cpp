@@ -10,7 +10,7 @@
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 #include "ui/RealWindows.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
-#include "run/ExecuteQuorvane.h"
+#include "run/module/ExecuteQuorvane.h"
 
 #include "base/Exceptions.h"
 #include "dialog/JLandXmlConvertDlg.h"
 #include "run/ConversionContext.h"
 #include "run/LoadRun.h"
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 #include "windows/Window.h"
 
 #include <string>

@@ -1,6 +1,6 @@
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 
-#include "run/ExecuteQuorvane.h"
+#include "run/module/ExecuteQuorvane.h"
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
 #include "sidefiles/SuperElevationCSVLoader.h"

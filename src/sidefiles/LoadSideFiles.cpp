@@ -1,4 +1,4 @@
-#include "run/LoadSideFiles.h"
+#include "sidefiles/LoadSideFiles.h"
 
 #include "base/Files.h"
 #include "base/Numbers.h"

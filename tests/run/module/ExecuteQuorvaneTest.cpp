@@ -1,4 +1,4 @@
-#include "run/ExecuteQuorvane.h"
+#include "run/module/ExecuteQuorvane.h"
 
 #include "base/Files.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
