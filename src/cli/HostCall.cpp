@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "run/module/ExecuteQuorvane.h"
 
 #ifdef _WIN32
 #include <array>
@@ -16,8 +17,6 @@ namespace jlandxml
 
 namespace
 {
-
-using ExportedFunction = void (*)(const wchar_t* workFolder, std::int32_t routeCount);
 
 constexpr const char* EXPORTED_NAME = "ExecuteQuorvane";
 
@@ -47,11 +46,11 @@ class Module
         }
     }
 
-    ExportedFunction Find() const
+    ExecuteQuorvaneFunction Find() const
     {
-        return handle_ != nullptr
-                   ? reinterpret_cast<ExportedFunction>(reinterpret_cast<void*>(GetProcAddress(handle_, EXPORTED_NAME)))
-                   : nullptr;
+        return handle_ != nullptr ? reinterpret_cast<ExecuteQuorvaneFunction>(
+                                        reinterpret_cast<void*>(GetProcAddress(handle_, EXPORTED_NAME)))
+                                  : nullptr;
     }
 
   private:
@@ -76,9 +75,10 @@ class Module
   public:
     explicit Module(const std::wstring& path) : handle_(::dlopen(Utf8FromWide(path).c_str(), RTLD_NOW | RTLD_LOCAL)) {}
 
-    ExportedFunction Find() const
+    ExecuteQuorvaneFunction Find() const
     {
-        return handle_ != nullptr ? reinterpret_cast<ExportedFunction>(::dlsym(handle_, EXPORTED_NAME)) : nullptr;
+        return handle_ != nullptr ? reinterpret_cast<ExecuteQuorvaneFunction>(::dlsym(handle_, EXPORTED_NAME))
+                                  : nullptr;
     }
 
   private:
@@ -97,7 +97,7 @@ std::wstring ModulePath()
 bool CallModule(const std::wstring& workFolder, std::int32_t routeCount)
 {
     const Module module(ModulePath());
-    const ExportedFunction function = module.Find();
+    const ExecuteQuorvaneFunction function = module.Find();
     if (function == nullptr)
     {
         return false;

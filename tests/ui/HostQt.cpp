@@ -11,6 +11,7 @@
 
 #include "base/Text.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
+#include "jlandxml/JLandXmlConvert.h"
 #include "ui/RealWindows.h"
 
 #include <QApplication>
@@ -34,8 +35,6 @@ namespace jlandxml
 {
 namespace
 {
-
-using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr int CALLS = 100;
 constexpr int CALLS_BETWEEN_COUNTS = 10;
@@ -181,7 +180,7 @@ void Cancel()
 
 struct Module
 {
-    ExportedFunction function;
+    ExecuteQuorvaneFunction function;
     std::wstring folder;
     std::filesystem::path out;
 };
@@ -329,7 +328,7 @@ int main(int count, char** arguments)
     {
         return 2;
     }
-    mode->run({reinterpret_cast<ExportedFunction>(::dlsym(library, "ExecuteQuorvane")), WideFromUtf8(arguments[2]),
-               arguments[3]});
+    mode->run({reinterpret_cast<ExecuteQuorvaneFunction>(::dlsym(library, "ExecuteQuorvane")),
+               WideFromUtf8(arguments[2]), arguments[3]});
     return failures != 0;
 }

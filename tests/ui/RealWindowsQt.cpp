@@ -1,6 +1,7 @@
 #ifndef _WIN32
 
 #include "base/Text.h"
+#include "jlandxml/JLandXmlConvert.h"
 #include "ui/RealWindows.h"
 
 #include <QApplication>
@@ -30,8 +31,6 @@ namespace jlandxml
 
 namespace
 {
-
-using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
@@ -307,7 +306,7 @@ struct Host::State
     char* arguments[2] = {name, nullptr};
     std::unique_ptr<QApplication> application = std::make_unique<QApplication>(argumentCount, arguments);
     QMainWindow window;
-    ExportedFunction function = nullptr;
+    ExecuteQuorvaneFunction function = nullptr;
 };
 
 Host::Host(const std::wstring& modulePath) : state_(std::make_unique<State>())
@@ -317,7 +316,7 @@ Host::Host(const std::wstring& modulePath) : state_(std::make_unique<State>())
     {
         GiveUp(::dlerror());
     }
-    state_->function = reinterpret_cast<ExportedFunction>(::dlsym(module, "ExecuteQuorvane"));
+    state_->function = reinterpret_cast<ExecuteQuorvaneFunction>(::dlsym(module, "ExecuteQuorvane"));
     state_->window.resize(1000, 700);
     state_->window.show();
     state_->window.activateWindow();

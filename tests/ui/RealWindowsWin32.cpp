@@ -1,5 +1,6 @@
 #ifdef _WIN32
 
+#include "jlandxml/JLandXmlConvert.h"
 #include "ui/RealWindows.h"
 
 #include <atomic>
@@ -23,8 +24,6 @@ namespace jlandxml
 
 namespace
 {
-
-using ExportedFunction = void (*)(const wchar_t*, std::int32_t);
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
@@ -413,7 +412,7 @@ class ScreenPart
 struct Host::State
 {
     HMODULE module;
-    ExportedFunction function;
+    ExecuteQuorvaneFunction function;
     HWND window;
 };
 
@@ -424,8 +423,8 @@ Host::Host(const std::wstring& modulePath) : state_(std::make_unique<State>())
     {
         GiveUp("module");
     }
-    state_->function =
-        reinterpret_cast<ExportedFunction>(reinterpret_cast<void*>(GetProcAddress(state_->module, "ExecuteQuorvane")));
+    state_->function = reinterpret_cast<ExecuteQuorvaneFunction>(
+        reinterpret_cast<void*>(GetProcAddress(state_->module, "ExecuteQuorvane")));
     state_->window = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 700, nullptr,
                                      nullptr, nullptr, nullptr);
     SetWindowLongPtrW(state_->window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HostProcedure));

@@ -9,6 +9,7 @@
 
 #include <windows.h>
 
+#include "jlandxml/JLandXmlConvert.h"
 #include <commctrl.h>
 #include <commdlg.h>
 #include <dlgs.h>
@@ -35,8 +36,6 @@ enum
 
 static const DWORD PATIENCE = 60000; // milliseconds
 static const DWORD PAUSE = 10;
-
-typedef void (*ExportedFunction)(const wchar_t*, int32_t);
 
 static HWND mainWindow;
 static HWND volatile idleDialog; // has nothing left to do but wait for the user
@@ -221,7 +220,7 @@ static void WaitForDriver(HANDLE driver)
     HandleMessages();
 }
 
-static void Call(ExportedFunction function, const wchar_t* folder, int call)
+static void Call(ExecuteQuorvaneFunction function, const wchar_t* folder, int call)
 {
     const BOOL output = call % 2 != 0;
     DeleteFileW(outputFile);
@@ -588,7 +587,7 @@ int wmain(int count, wchar_t** arguments)
     {
         GiveUp("no module");
     }
-    const ExportedFunction function = (ExportedFunction)(void*)GetProcAddress(module, "ExecuteQuorvane");
+    const ExecuteQuorvaneFunction function = (ExecuteQuorvaneFunction)(void*)GetProcAddress(module, "ExecuteQuorvane");
     const intptr_t keptHandles = CountKeptHandles();
     struct Figures counts[COUNTS];
     for (int call = 1; call <= CALLS; ++call)

@@ -1,14 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
-#ifdef _WIN32
-#define JLANDXML_EXPORT
-#else
-#define JLANDXML_EXPORT __attribute__((visibility("default")))
-#endif
-
-/// The module's one exported function. Loads the work file and the side files of `routeCount` routes from the work
-/// folder, lets the user complete the data and writes the finished file. Returns when the user is done. Whatever went
-/// wrong on the way was told to the user; the host learns nothing.
-extern "C" JLANDXML_EXPORT void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t routeCount);
+/// The module's one exported function, ExecuteQuorvane, is declared once, for hosts and for the module's own code. It
+/// returns when the user is done. A failure of a stage of the run is told in a message box. Nobody is told of a work
+/// file that can't be read, of a model that can't be written and of a target that doesn't take the finished file; the
+/// host learns of nothing.
+#define JLANDXML_BUILDS_MODULE
+#include "jlandxml/JLandXmlConvert.h"
