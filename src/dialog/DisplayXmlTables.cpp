@@ -1,6 +1,9 @@
 #include "dialog/DisplayXmlTables.h"
 
+#include "model/OutputVersion.h"
+
 #include <algorithm>
+#include <cstddef>
 
 namespace jlandxml
 {
@@ -11,8 +14,20 @@ namespace
 constexpr DisplayXmlDataPair PROJECT_PHASE[] = {
     {L"概略", L"概略"}, {L"予備", L"予備"}, {L"詳細", L"詳細"}, {L"施工", L"施工"}};
 
-constexpr DisplayXmlDataPair APPLICATION_CRITERION[] = {
-    {L"1.5", L"MlitLandXmlVer.1.5"}, {L"1.6", L"MlitLandXmlVer.1.6"}, {L"1.7", L"MlitLandXmlVer.1.7"}};
+/// The versions of the standard that are offered.
+constexpr auto APPLICATION_CRITERION = [] {
+    constexpr auto OFFERED = [](const VersionOfStandard& version) { return version.offered; };
+    std::array<DisplayXmlDataPair, std::count_if(OUTPUT_VERSIONS.begin(), OUTPUT_VERSIONS.end(), OFFERED)> pairs{};
+    auto pair = pairs.begin();
+    for (const VersionOfStandard& version : OUTPUT_VERSIONS)
+    {
+        if (version.offered)
+        {
+            *pair++ = {version.shown, version.text};
+        }
+    }
+    return pairs;
+}();
 
 constexpr DisplayXmlDataPair HORIZONTAL_DATUM[] = {{L"日本測地系2000", L"JGD2000"},
                                                    {L"日本測地系2011", L"JGD2011"},

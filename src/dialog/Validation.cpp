@@ -3,6 +3,7 @@
 #include "dialog/JLandXmlConvertDlgData.h"
 #include "dialog/NumberInput.h"
 #include "model/CurrentDesignType.h"
+#include "model/OutputVersion.h"
 
 namespace jlandxml
 {
@@ -29,8 +30,14 @@ constexpr NumberItem SUB_INTERVAL{SUB_INTERVAL_INPUT.item, 0.001, 9999.999};   /
 constexpr NumberItem NORMAL_CROWN{NORMAL_CROWN_INPUT.item, 0.001, 9999.999};   // percent
 
 constexpr const wchar_t* NEWEST_DATUM = L"JGD2024";
-constexpr const wchar_t* NEWEST_CRITERION = L"MlitLandXmlVer.1.7";
+constexpr OutputVersion FIRST_WITH_NEWEST_DATUM = VersionNumber(L"1.7");
 constexpr const wchar_t* DATUM_NEEDS_CRITERION = L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。";
+
+bool KnowsNewestDatum(std::wstring_view applicationCriterion)
+{
+    const VersionOfStandard* const version = FindVersion(applicationCriterion);
+    return version != nullptr && version->number >= FIRST_WITH_NEWEST_DATUM;
+}
 
 /// Gathers findings in the order in which they are made.
 class Findings
@@ -94,7 +101,7 @@ bool JLandXmlConvertDlgData::Validate()
     {
         findings.Require(this->*required.text, required.item);
     }
-    if (horizontalDatum == NEWEST_DATUM && applicationCriterion != NEWEST_CRITERION)
+    if (horizontalDatum == NEWEST_DATUM && !KnowsNewestDatum(applicationCriterion))
     {
         findings.Add(DATUM_NEEDS_CRITERION);
     }

@@ -41,6 +41,8 @@ constexpr const wchar_t* SLOPE_VALUE = L"slopeValue";
 constexpr const wchar_t* WIDTH_LEFT_VALUE = L"widthLeftValue";
 constexpr const wchar_t* WIDTH_RIGHT_VALUE = L"widthRightValue";
 
+constexpr OutputVersion FIRST_WITH_WIDENING_LIST = VersionNumber(L"1.5");
+
 constexpr int DESIGN_DIGITS = 4;
 constexpr std::int32_t NO_VALUE = -1;
 
@@ -346,7 +348,7 @@ void FViewAlignment::BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) c
     add(std::move(slopes));
 
     FViewFeature widenings(WIDENING_LIST);
-    if (version >= VERSION_1_5)
+    if (version >= FIRST_WITH_WIDENING_LIST)
     {
         for (const WideningField& row : WIDENINGS)
         {

@@ -14,6 +14,9 @@ namespace
 
 constexpr const wchar_t* CG_POINTS = L"CgPoints";
 
+constexpr OutputVersion FIRST_WITH_ALIGNMENT_REFS = VersionNumber(L"1.4");
+constexpr OutputVersion FIRST_WITH_WIDTH_STAKES = VersionNumber(L"1.6");
+
 /// What a coordinate system that the input lacks is put in front of; the first one that stands there serves.
 constexpr const wchar_t* AFTER_COORDINATE_SYSTEM[] = {CG_POINTS, L"Alignments", L"Surfaces"};
 
@@ -175,8 +178,7 @@ bool FViewLandXML::WriteIntermediatePoints(const WcXmNode& node)
 
 bool FViewLandXML::WriteWidthStakes(const WcXmNode& node)
 {
-    // Earlier versions of the standard know no width stakes.
-    if (project.version < VERSION_1_6)
+    if (project.version < FIRST_WITH_WIDTH_STAKES)
     {
         return true;
     }
@@ -187,6 +189,7 @@ bool FViewLandXML::WriteWidthStakes(const WcXmNode& node)
 
 void FViewLandXML::WriteSurfaces(const WcXmNode& node) const
 {
+    const bool withAlignmentRefs = FindVersion(version) != nullptr && version >= FIRST_WITH_ALIGNMENT_REFS;
     auto set = surfaces.begin();
     ForEachChild(node, FViewSurfaces().GetElementName(), [&](const WcXmNode& child) {
         FViewSurfaces::StripAlignmentNote(child);
@@ -194,7 +197,7 @@ void FViewLandXML::WriteSurfaces(const WcXmNode& node) const
         {
             return;
         }
-        if (version >= VERSION_1_4 && version <= VERSION_1_7)
+        if (withAlignmentRefs)
         {
             set->WriteAlignmentRefs(child);
         }

@@ -2,9 +2,7 @@
 
 #include "model/FViewFeature.h"
 #include "model/NumberText.h"
-
-#include <array>
-#include <cstddef>
+#include "model/OutputVersion.h"
 
 namespace jlandxml
 {
@@ -18,11 +16,6 @@ constexpr const wchar_t* APPLICATION_CRITERION = L"applicationCriterion";
 
 /// The `Feature` of a project bears no name.
 constexpr const wchar_t* FEATURE_NAME = L"";
-
-/// By OutputVersion.
-constexpr std::array<const wchar_t*, 5> VERSION_TEXTS = {
-    L"MlitLandXmlVer.1.3", L"MlitLandXmlVer.1.4", L"MlitLandXmlVer.1.5", L"MlitLandXmlVer.1.6", L"MlitLandXmlVer.1.7",
-};
 
 } // namespace
 
@@ -51,13 +44,18 @@ bool FViewProject::ReadElement(const WcXmNode& node)
 
 bool FViewProject::WriteElement(const WcXmNode& node)
 {
+    const VersionOfStandard* const standard = FindVersion(version);
+    if (standard == nullptr)
+    {
+        return false;
+    }
     WriteTextAttribute(node, NAME, name);
     FViewFeature feature(FEATURE_NAME);
     if (!projectPhase.empty())
     {
         feature.properties.emplace_back(PROJECT_PHASE, projectPhase);
     }
-    feature.properties.emplace_back(APPLICATION_CRITERION, VERSION_TEXTS.at(static_cast<std::size_t>(version)));
+    feature.properties.emplace_back(APPLICATION_CRITERION, standard->text);
     return feature.WriteElement(node);
 }
 

@@ -9,11 +9,8 @@ namespace jlandxml
 
 OutputVersion OutputVersionOf(std::wstring_view applicationCriterion)
 {
-    if (applicationCriterion == L"MlitLandXmlVer.1.5")
-    {
-        return VERSION_1_5;
-    }
-    return applicationCriterion == L"MlitLandXmlVer.1.6" ? VERSION_1_6 : VERSION_1_7;
+    const VersionOfStandard* const chosen = FindVersion(applicationCriterion);
+    return chosen != nullptr && chosen->offered ? chosen->number : NEWEST_VERSION.number;
 }
 
 void ExportRun(const std::wstring& path)

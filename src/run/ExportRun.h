@@ -16,8 +16,8 @@ class JLandXMLExportException : public CException
     using CException::CException;
 };
 
-/// The OutputVersion that a version text of the standard stands for; every text but those of 1.5 and 1.6 stands
-/// for 1.7.
+/// The version that a finished file follows for a version text of the standard; a text that names none that is offered
+/// stands for the newest one.
 OutputVersion OutputVersionOf(std::wstring_view applicationCriterion);
 
 /// Writes the model into the tree and the tree into the file that the user chose. A model that can't be written gives

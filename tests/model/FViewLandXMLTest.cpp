@@ -1,8 +1,11 @@
 #include "model/FViewLandXML.h"
 
+#include "model/OutputVersion.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace jlandxml
 {
@@ -332,7 +335,10 @@ TEST(FViewLandXML, SurfaceReferencesDependOnTheVersionAndNotesNever)
     {
         EXPECT_EQ(Written<FViewLandXML>(xml, version), head + reference + tail);
     }
-    EXPECT_EQ(Written<FViewLandXML>(xml, 5), head + tail);
+    for (const std::int32_t unknown : {-1, NEWEST_VERSION.number + 1, std::numeric_limits<std::int32_t>::max()})
+    {
+        EXPECT_EQ(Written<FViewLandXML>(xml, unknown), head + tail) << unknown;
+    }
 }
 
 TEST(FViewLandXML, SurfaceSetsPairByPositionAndGiveTheirReferencesAlone)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace jlandxml
 {
 namespace
@@ -54,12 +56,14 @@ TEST(FViewProject, AnExistingNamelessFeatureIsUpdatedInPlaceAndTheRestStays)
         Written<FViewProject>(L"<Project><Feature><Property label='a' value='b'/>"
                               L"<Property label='applicationCriterion' value='MlitLandXmlVer.1.3' x='y'/></Feature><z/>"
                               L"</Project>",
-                              VERSION_1_5),
+                              VersionNumber(L"1.5")),
         L"<Project><Feature><Property label=\"a\" value=\"b\"/>"
         L"<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.5\" x=\"y\"/></Feature><z/></Project>");
 }
 
-class ProjectVersion : public testing::TestWithParam<std::pair<int, const wchar_t*>>
+using VersionCase = std::pair<OutputVersion, const wchar_t*>;
+
+class ProjectVersion : public testing::TestWithParam<VersionCase>
 {};
 
 TEST_P(ProjectVersion, IsWrittenByTheOutputVersionWhateverTheFieldHolds)
@@ -73,11 +77,32 @@ TEST_P(ProjectVersion, IsWrittenByTheOutputVersionWhateverTheFieldHolds)
 }
 
 INSTANTIATE_TEST_SUITE_P(FViewProject, ProjectVersion,
-                         testing::Values(std::pair(VERSION_1_3, L"MlitLandXmlVer.1.3"),
-                                         std::pair(VERSION_1_4, L"MlitLandXmlVer.1.4"),
-                                         std::pair(VERSION_1_5, L"MlitLandXmlVer.1.5"),
-                                         std::pair(VERSION_1_6, L"MlitLandXmlVer.1.6"),
-                                         std::pair(VERSION_1_7, L"MlitLandXmlVer.1.7")));
+                         testing::Values(VersionCase{0, L"MlitLandXmlVer.1.3"}, VersionCase{1, L"MlitLandXmlVer.1.4"},
+                                         VersionCase{2, L"MlitLandXmlVer.1.5"}, VersionCase{3, L"MlitLandXmlVer.1.6"},
+                                         VersionCase{4, L"MlitLandXmlVer.1.7"}),
+                         [](const auto& one) { return "Number" + std::to_string(one.param.first); });
+
+using UnknownVersion = std::pair<const char*, std::int32_t>;
+
+class ProjectOfNoVersion : public testing::TestWithParam<UnknownVersion>
+{};
+
+TEST_P(ProjectOfNoVersion, CanNotBeWrittenAndStaysAsItIs)
+{
+    FViewProject project;
+    project.name = L"n";
+    project.SetOutputVersion(GetParam().second);
+    XmlText xml(L"<Project/>");
+    EXPECT_FALSE(project.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Project/>");
+}
+
+INSTANTIATE_TEST_SUITE_P(FViewProject, ProjectOfNoVersion,
+                         testing::Values(UnknownVersion{"Smallest", std::numeric_limits<std::int32_t>::min()},
+                                         UnknownVersion{"BelowTheOldest", -1},
+                                         UnknownVersion{"AboveTheNewest", NEWEST_VERSION.number + 1},
+                                         UnknownVersion{"Largest", std::numeric_limits<std::int32_t>::max()}),
+                         [](const auto& one) { return one.param.first; });
 
 TEST(FViewProject, NameAndPhaseAreWrittenWhereGiven)
 {

@@ -30,6 +30,7 @@ class ExportRunTest : public RunTest
 
 struct CriterionCase
 {
+    const char* name;
     const wchar_t* text;
     OutputVersion version;
 };
@@ -43,12 +44,16 @@ TEST_P(Criterion, GivesTheOutputVersion)
 }
 
 INSTANTIATE_TEST_SUITE_P(ExportRun, Criterion,
-                         testing::Values(CriterionCase{L"MlitLandXmlVer.1.3", VERSION_1_7},
-                                         CriterionCase{L"MlitLandXmlVer.1.4", VERSION_1_7},
-                                         CriterionCase{L"MlitLandXmlVer.1.5", VERSION_1_5},
-                                         CriterionCase{L"MlitLandXmlVer.1.6", VERSION_1_6},
-                                         CriterionCase{L"MlitLandXmlVer.1.7", VERSION_1_7},
-                                         CriterionCase{L"", VERSION_1_7}, CriterionCase{L"1.5", VERSION_1_7}));
+                         testing::Values(CriterionCase{"NotOffered13", L"MlitLandXmlVer.1.3", VersionNumber(L"1.7")},
+                                         CriterionCase{"NotOffered14", L"MlitLandXmlVer.1.4", VersionNumber(L"1.7")},
+                                         CriterionCase{"Offered15", L"MlitLandXmlVer.1.5", VersionNumber(L"1.5")},
+                                         CriterionCase{"Offered16", L"MlitLandXmlVer.1.6", VersionNumber(L"1.6")},
+                                         CriterionCase{"Offered17", L"MlitLandXmlVer.1.7", VersionNumber(L"1.7")},
+                                         CriterionCase{"Empty", L"", VersionNumber(L"1.7")},
+                                         CriterionCase{"ShownText", L"1.5", VersionNumber(L"1.7")},
+                                         CriterionCase{"AnotherCase", L"mlitlandxmlver.1.5", VersionNumber(L"1.7")},
+                                         CriterionCase{"BlankBehind", L"MlitLandXmlVer.1.6 ", VersionNumber(L"1.7")}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST_F(ExportRunTest, TheFinishedFileHasTheFrameOfTheStandard)
 {
