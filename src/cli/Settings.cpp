@@ -23,42 +23,42 @@ constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
 constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
 
 constexpr SettingKey PROJECT_KEYS[] = {
-    {"projectName", SettingKind::Text, PROJECT_NAME},
-    {"projectPhase", SettingKind::Entry, PROJECT_PHASE},
-    {"applicationCriterion", SettingKind::Entry, APPLICATION_CRITERION},
-    {"verticalDatum", SettingKind::Entry, VERTICAL_DATUM},
+    {"projectName", SettingKind::Text, PROJECT_NAME_EDIT},
+    {"projectPhase", SettingKind::Entry, PROJECT_PHASE_LIST},
+    {"applicationCriterion", SettingKind::Entry, APPLICATION_CRITERION_LIST},
+    {"verticalDatum", SettingKind::Entry, VERTICAL_DATUM_LIST},
 };
 
 constexpr SettingKey ROUTE_KEYS[] = {
-    {"designGmType", SettingKind::RouteKind, ROAD},
-    {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION, nullptr, ROAD_ONLY},
-    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME, &TRAFFIC_VOLUME_INPUT, ROAD_ONLY},
-    {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION, nullptr, RIVER_ONLY},
-    {"side", SettingKind::Entry, RIVER_SIDE, nullptr, RIVER_ONLY},
+    {"designGmType", SettingKind::RouteKind, ROAD_RADIO},
+    {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION_LIST, nullptr, ROAD_ONLY},
+    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME_EDIT, &TRAFFIC_VOLUME_INPUT, ROAD_ONLY},
+    {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION_LIST, nullptr, RIVER_ONLY},
+    {"side", SettingKind::Entry, RIVER_SIDE_LIST, nullptr, RIVER_ONLY},
 };
 
 constexpr SettingKey ALIGNMENT_KEYS[] = {
-    {"mainInterval", SettingKind::Text, MAIN_INTERVAL, &MAIN_INTERVAL_INPUT, LOCKED},
-    {"subInterval", SettingKind::Text, SUB_INTERVAL, &SUB_INTERVAL_INPUT, LOCKED},
-    {"method", SettingKind::Entry, METHOD, nullptr, LOCKED},
-    {"normalCrown", SettingKind::Text, NORMAL_CROWN, &NORMAL_CROWN_INPUT},
-    {"singleLaneRoad", SettingKind::Flag, LANES},
-    {"useSlopeList", SettingKind::Flag, SUPERELEVATION_DEFINITION},
+    {"mainInterval", SettingKind::Text, MAIN_INTERVAL_EDIT, &MAIN_INTERVAL_INPUT, LOCKED},
+    {"subInterval", SettingKind::Text, SUB_INTERVAL_EDIT, &SUB_INTERVAL_INPUT, LOCKED},
+    {"method", SettingKind::Entry, METHOD_LIST, nullptr, LOCKED},
+    {"normalCrown", SettingKind::Text, NORMAL_CROWN_EDIT, &NORMAL_CROWN_INPUT},
+    {"singleLaneRoad", SettingKind::Flag, LANES_LIST},
+    {"useSlopeList", SettingKind::Flag, SUPERELEVATION_DEFINITION_LIST},
 };
 
 constexpr SettingKey SURFACE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, SURFACE_REFERENCE, nullptr, LOCKED},
-    {"kind", SettingKind::Entry, SURFACE_KIND},
+    {"alignmentRefs", SettingKind::Reference, SURFACE_REFERENCE_LIST, nullptr, LOCKED},
+    {"kind", SettingKind::Entry, SURFACE_KIND_LIST},
 };
 
 constexpr SettingKey INTERMEDIATE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, INTERMEDIATE_REFERENCE, nullptr, LOCKED},
+    {"alignmentRefs", SettingKind::Reference, INTERMEDIATE_REFERENCE_LIST, nullptr, LOCKED},
 };
 
 constexpr SettingKey WIDTH_STAKE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, WIDTH_STAKE_REFERENCE, nullptr, LOCKED},
-    {"type", SettingKind::Entry, CLOSURE_TYPE},
-    {"desc", SettingKind::Text, WIDTH_STAKE_DESC},
+    {"alignmentRefs", SettingKind::Reference, WIDTH_STAKE_REFERENCE_LIST, nullptr, LOCKED},
+    {"type", SettingKind::Entry, CLOSURE_TYPE_LIST},
+    {"desc", SettingKind::Text, WIDTH_STAKE_DESC_EDIT},
 };
 
 template <class Object>

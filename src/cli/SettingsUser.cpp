@@ -30,10 +30,10 @@ struct ReadOnlyValue
 };
 
 constexpr ReadOnlyValue READ_ONLY_VALUES[] = {
-    {"softwareName", SOFTWARE_NAME},
-    {"softwareVersion", SOFTWARE_VERSION},
-    {"horizontalDatum", HORIZONTAL_DATUM},
-    {"horizontalCoordinateSystemName", HORIZONTAL_COORDINATE_SYSTEM},
+    {"softwareName", SOFTWARE_NAME_EDIT},
+    {"softwareVersion", SOFTWARE_VERSION_EDIT},
+    {"horizontalDatum", HORIZONTAL_DATUM_EDIT},
+    {"horizontalCoordinateSystemName", HORIZONTAL_COORDINATE_SYSTEM_EDIT},
 };
 
 /// The radios that tell a route's kind, with their captions.
@@ -43,7 +43,7 @@ struct RouteKindRadio
     int control;
 };
 
-constexpr RouteKindRadio ROUTE_KINDS[] = {{ROAD_DESIGN, ROAD}, {RIVER_DESIGN, RIVER}};
+constexpr RouteKindRadio ROUTE_KINDS[] = {{ROAD_DESIGN, ROAD_RADIO}, {RIVER_DESIGN, RIVER_RADIO}};
 
 std::string NumberText(double number)
 {
@@ -117,7 +117,7 @@ void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const J
 {
     if (object.selects)
     {
-        dialog_.ChooseTreeItem(TREE, item);
+        dialog_.ChooseTreeItem(OBJECT_TREE, item);
     }
     for (const SettingKey& key : object.keys)
     {
@@ -221,10 +221,10 @@ PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item
 {
     if (object.selects)
     {
-        dialog_.ChooseTreeItem(TREE, item);
+        dialog_.ChooseTreeItem(OBJECT_TREE, item);
     }
-    PrintedJson json =
-        item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(TREE, item))}} : PrintedJson::object();
+    PrintedJson json = item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(OBJECT_TREE, item))}}
+                                       : PrintedJson::object();
     PrintedJson locked = item != nullptr ? PrintedJson() : PrintReadOnlyValues();
     PrintedJson choices;
     for (const SettingKey& key : object.keys)
@@ -300,7 +300,7 @@ PrintedJson SettingsUser::PrintChoices(const SettingKey& key) const
 
 const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
 {
-    return *static_cast<const DlgDataItem*>(dialog_.TreeItemData(TREE, item));
+    return *static_cast<const DlgDataItem*>(dialog_.TreeItemData(OBJECT_TREE, item));
 }
 
 /// The items that an object's settings pair with. The point groups stand below an item of their own, which no settings
@@ -308,7 +308,7 @@ const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
 SettingsUser::Items SettingsUser::ItemsBelow(TreeItem parent, const SettingObject& object) const
 {
     Items items;
-    for (const TreeItem item : dialog_.TreeChildren(TREE, parent))
+    for (const TreeItem item : dialog_.TreeChildren(OBJECT_TREE, parent))
     {
         if (object.standsFor(DataOf(item)))
         {

@@ -39,17 +39,17 @@ struct VocabularyList
 };
 
 constexpr VocabularyList VOCABULARY_LISTS[] = {
-    {PROJECT_PHASE, VocabularyIndex::ProjectPhase},
-    {APPLICATION_CRITERION, VocabularyIndex::ApplicationCriterion},
-    {VERTICAL_DATUM, VocabularyIndex::VerticalDatum},
-    {ROAD_CLASSIFICATION, VocabularyIndex::RoadClassification},
-    {RIVER_CLASSIFICATION, VocabularyIndex::RiverClassification},
-    {RIVER_SIDE, VocabularyIndex::RiverSide},
-    {METHOD, VocabularyIndex::CalculationMethod},
-    {LANES, VocabularyIndex::LaneKind},
-    {SUPERELEVATION_DEFINITION, VocabularyIndex::SuperelevationDefinition},
-    {SURFACE_KIND, VocabularyIndex::SurfaceKind},
-    {CLOSURE_TYPE, VocabularyIndex::ClosureType},
+    {PROJECT_PHASE_LIST, VocabularyIndex::ProjectPhase},
+    {APPLICATION_CRITERION_LIST, VocabularyIndex::ApplicationCriterion},
+    {VERTICAL_DATUM_LIST, VocabularyIndex::VerticalDatum},
+    {ROAD_CLASSIFICATION_LIST, VocabularyIndex::RoadClassification},
+    {RIVER_CLASSIFICATION_LIST, VocabularyIndex::RiverClassification},
+    {RIVER_SIDE_LIST, VocabularyIndex::RiverSide},
+    {METHOD_LIST, VocabularyIndex::CalculationMethod},
+    {LANES_LIST, VocabularyIndex::LaneKind},
+    {SUPERELEVATION_DEFINITION_LIST, VocabularyIndex::SuperelevationDefinition},
+    {SURFACE_KIND_LIST, VocabularyIndex::SurfaceKind},
+    {CLOSURE_TYPE_LIST, VocabularyIndex::ClosureType},
 };
 
 /// The edits whose text is checked at each change, and what is said when that fails. The words are those of the
@@ -62,10 +62,10 @@ struct FilteredEdit
 };
 
 constexpr FilteredEdit FILTERED_EDITS[] = {
-    {MAIN_INTERVAL, MAIN_INTERVAL_INPUT, L"主点間隔の変更処理中にエラーが発生しました。"},
-    {SUB_INTERVAL, SUB_INTERVAL_INPUT, L"副点間隔の変更処理中にエラーが発生しました。"},
-    {NORMAL_CROWN, NORMAL_CROWN_INPUT, L"標準横断の変更処理中にエラーが発生しました。"},
-    {TRAFFIC_VOLUME, TRAFFIC_VOLUME_INPUT, L"設計交通量の変更処理中にエラーが発生しました。"},
+    {MAIN_INTERVAL_EDIT, MAIN_INTERVAL_INPUT, L"主点間隔の変更処理中にエラーが発生しました。"},
+    {SUB_INTERVAL_EDIT, SUB_INTERVAL_INPUT, L"副点間隔の変更処理中にエラーが発生しました。"},
+    {NORMAL_CROWN_EDIT, NORMAL_CROWN_INPUT, L"標準横断の変更処理中にエラーが発生しました。"},
+    {TRAFFIC_VOLUME_EDIT, TRAFFIC_VOLUME_INPUT, L"設計交通量の変更処理中にエラーが発生しました。"},
 };
 
 constexpr std::span<const int> ALL_SETS[] = {ROUTE_SET, ALIGNMENT_SET, SURFACE_SET, INTERMEDIATE_SET, WIDTH_STAKE_SET};
@@ -139,9 +139,9 @@ void JLandXmlConvertDlg::OnInitDialog()
     ShowProject();
     ShowCoordinateSystem();
     BuildTree();
-    if (const TreeItem first = Window().FirstTreeItem(TREE))
+    if (const TreeItem first = Window().FirstTreeItem(OBJECT_TREE))
     {
-        Window().EnsureTreeItemVisible(TREE, first);
+        Window().EnsureTreeItemVisible(OBJECT_TREE, first);
     }
     Window().Raise();
 }
@@ -159,22 +159,22 @@ void JLandXmlConvertDlg::FillLists()
 
 void JLandXmlConvertDlg::ShowProject()
 {
-    Window().SetText(PROJECT_NAME, data.projectName);
-    Window().SetText(SOFTWARE_NAME, data.softwareName);
-    Window().SetText(SOFTWARE_VERSION, data.softwareVersion);
-    SelectByValue(PROJECT_PHASE, VocabularyIndex::ProjectPhase, data.projectPhase, DEFAULT_PHASE);
-    SelectByValue(APPLICATION_CRITERION, VocabularyIndex::ApplicationCriterion, data.applicationCriterion,
+    Window().SetText(PROJECT_NAME_EDIT, data.projectName);
+    Window().SetText(SOFTWARE_NAME_EDIT, data.softwareName);
+    Window().SetText(SOFTWARE_VERSION_EDIT, data.softwareVersion);
+    SelectByValue(PROJECT_PHASE_LIST, VocabularyIndex::ProjectPhase, data.projectPhase, DEFAULT_PHASE);
+    SelectByValue(APPLICATION_CRITERION_LIST, VocabularyIndex::ApplicationCriterion, data.applicationCriterion,
                   DEFAULT_CRITERION);
 }
 
 void JLandXmlConvertDlg::ShowCoordinateSystem()
 {
-    Window().SetText(HORIZONTAL_DATUM,
+    Window().SetText(HORIZONTAL_DATUM_EDIT,
                      std::wstring(FindDisplay(VocabularyOf(VocabularyIndex::HorizontalDatum), data.horizontalDatum)));
-    Window().SetText(HORIZONTAL_COORDINATE_SYSTEM,
+    Window().SetText(HORIZONTAL_COORDINATE_SYSTEM_EDIT,
                      std::wstring(FindDisplay(VocabularyOf(VocabularyIndex::HorizontalCoordinateSystem),
                                               data.horizontalCoordinateSystemName)));
-    SelectOrFirst(VERTICAL_DATUM, VerticalDatumDisplay(data.verticalDatum, data.differTP));
+    SelectOrFirst(VERTICAL_DATUM_LIST, VerticalDatumDisplay(data.verticalDatum, data.differTP));
 }
 
 void JLandXmlConvertDlg::BuildTree()
@@ -190,12 +190,12 @@ void JLandXmlConvertDlg::BuildRoutes()
     for (const auto& route : data.alignmentsList)
     {
         const std::wstring text = route->name.empty() ? ROUTE_NAME + std::to_wstring(++unnamed) : route->name;
-        const TreeItem item = Window().AddTreeItem(TREE, nullptr, text, static_cast<DlgDataItem*>(route.get()));
+        const TreeItem item = Window().AddTreeItem(OBJECT_TREE, nullptr, text, static_cast<DlgDataItem*>(route.get()));
         for (const auto& alignment : route->alignments)
         {
-            Window().AddTreeItem(TREE, item, alignment->name, static_cast<DlgDataItem*>(alignment.get()));
+            Window().AddTreeItem(OBJECT_TREE, item, alignment->name, static_cast<DlgDataItem*>(alignment.get()));
         }
-        Window().ExpandTreeItem(TREE, item);
+        Window().ExpandTreeItem(OBJECT_TREE, item);
     }
 }
 
@@ -204,13 +204,13 @@ void JLandXmlConvertDlg::BuildSurfaceSets()
     int number = 0;
     for (const auto& set : data.surfacesList)
     {
-        const TreeItem item = Window().AddTreeItem(TREE, nullptr, SURFACE_SET_NAME + std::to_wstring(++number),
+        const TreeItem item = Window().AddTreeItem(OBJECT_TREE, nullptr, SURFACE_SET_NAME + std::to_wstring(++number),
                                                    static_cast<DlgDataItem*>(set.get()));
         for (const auto& surface : set->surfaces)
         {
-            Window().AddTreeItem(TREE, item, surface->name, static_cast<DlgDataItem*>(surface.get()));
+            Window().AddTreeItem(OBJECT_TREE, item, surface->name, static_cast<DlgDataItem*>(surface.get()));
         }
-        Window().ExpandTreeItem(TREE, item);
+        Window().ExpandTreeItem(OBJECT_TREE, item);
     }
 }
 
@@ -221,17 +221,19 @@ void JLandXmlConvertDlg::BuildPointGroups()
     {
         return;
     }
-    const TreeItem item = Window().AddTreeItem(TREE, nullptr, POINT_GROUPS_NAME, static_cast<DlgDataItem*>(&groups));
+    const TreeItem item =
+        Window().AddTreeItem(OBJECT_TREE, nullptr, POINT_GROUPS_NAME, static_cast<DlgDataItem*>(&groups));
     const auto add = [&](const auto& list, const wchar_t* name) {
         int number = 0;
         for (const auto& group : list)
         {
-            Window().AddTreeItem(TREE, item, name + std::to_wstring(++number), static_cast<DlgDataItem*>(group.get()));
+            Window().AddTreeItem(OBJECT_TREE, item, name + std::to_wstring(++number),
+                                 static_cast<DlgDataItem*>(group.get()));
         }
     };
     add(groups.intermediate, INTERMEDIATE_NAME);
     add(groups.widthStakes, WIDTH_STAKE_NAME);
-    Window().ExpandTreeItem(TREE, item);
+    Window().ExpandTreeItem(OBJECT_TREE, item);
 }
 
 // Events
@@ -266,13 +268,13 @@ void JLandXmlConvertDlg::OnClick(int control)
 {
     switch (control)
     {
-    case OUTPUT:
+    case OUTPUT_BUTTON:
         Handle(OUTPUT_FAILURE, [&] { OnOutput(); });
         return;
-    case ROAD:
+    case ROAD_RADIO:
         OnRoadSelected();
         return;
-    case RIVER:
+    case RIVER_RADIO:
         OnRiverSelected();
         return;
     default:
@@ -379,7 +381,7 @@ void JLandXmlConvertDlg::HandleSelection(TreeItem item)
     {
         return;
     }
-    if (auto* const object = static_cast<DlgDataItem*>(Window().TreeItemData(TREE, item)))
+    if (auto* const object = static_cast<DlgDataItem*>(Window().TreeItemData(OBJECT_TREE, item)))
     {
         selectedData = object;
         selectedNodeType = GetNodeType(object);
@@ -406,9 +408,9 @@ void JLandXmlConvertDlg::ShowSelection(TreeItem item)
             open(ROUTE_SET);
             open(ALIGNMENT_SET);
             ShowAlignment(static_cast<const DlgDataAlignment&>(*selectedData));
-            const TreeItem parent = Window().TreeParent(TREE, item);
+            const TreeItem parent = Window().TreeParent(OBJECT_TREE, item);
             auto* const route =
-                dynamic_cast<DlgDataAlignments*>(static_cast<DlgDataItem*>(Window().TreeItemData(TREE, parent)));
+                dynamic_cast<DlgDataAlignments*>(static_cast<DlgDataItem*>(Window().TreeItemData(OBJECT_TREE, parent)));
             ShowRoute(*route);
             selectedRoute = route;
         });
@@ -423,7 +425,7 @@ void JLandXmlConvertDlg::ShowSelection(TreeItem item)
         RunStage<SelectionHandlingException>(SELECT_INTERMEDIATE, [&] {
             open(INTERMEDIATE_SET);
             const auto& group = static_cast<const DlgDataCgPointsIntermediate&>(*selectedData);
-            ShowReferenceList(INTERMEDIATE_REFERENCE, group.alignmentRefs, group.alignmentRefsLocked);
+            ShowReferenceList(INTERMEDIATE_REFERENCE_LIST, group.alignmentRefs, group.alignmentRefsLocked);
         });
         break;
     case NodeType::WidthStakes:
@@ -439,48 +441,48 @@ void JLandXmlConvertDlg::ShowSelection(TreeItem item)
 
 void JLandXmlConvertDlg::ShowRoute(const DlgDataAlignments& route)
 {
-    Window().SetChecked(ROAD, false);
-    Window().SetChecked(RIVER, false);
-    Window().SetText(TRAFFIC_VOLUME, L"");
-    for (const int list : {ROAD_CLASSIFICATION, RIVER_CLASSIFICATION, RIVER_SIDE})
+    Window().SetChecked(ROAD_RADIO, false);
+    Window().SetChecked(RIVER_RADIO, false);
+    Window().SetText(TRAFFIC_VOLUME_EDIT, L"");
+    for (const int list : {ROAD_CLASSIFICATION_LIST, RIVER_CLASSIFICATION_LIST, RIVER_SIDE_LIST})
     {
         Window().SelectEntry(list, DialogWindow::NO_ENTRY);
     }
     const bool river = route.designGmType == RIVER_DESIGN;
-    Window().SetChecked(river ? RIVER : ROAD, true);
+    Window().SetChecked(river ? RIVER_RADIO : ROAD_RADIO, true);
     if (route.designGmType == ROAD_DESIGN)
     {
-        SelectByValue(ROAD_CLASSIFICATION, VocabularyIndex::RoadClassification, route.roadClassification);
+        SelectByValue(ROAD_CLASSIFICATION_LIST, VocabularyIndex::RoadClassification, route.roadClassification);
     }
     else if (river)
     {
-        SelectByValue(RIVER_CLASSIFICATION, VocabularyIndex::RiverClassification, route.riverClassification);
-        SelectByValue(RIVER_SIDE, VocabularyIndex::RiverSide, route.side);
+        SelectByValue(RIVER_CLASSIFICATION_LIST, VocabularyIndex::RiverClassification, route.riverClassification);
+        SelectByValue(RIVER_SIDE_LIST, VocabularyIndex::RiverSide, route.side);
     }
-    Window().SetText(TRAFFIC_VOLUME, route.trafficVolume);
+    Window().SetText(TRAFFIC_VOLUME_EDIT, route.trafficVolume);
     ApplyRouteKind();
 }
 
 void JLandXmlConvertDlg::ApplyRouteKind()
 {
-    const bool road = Window().IsChecked(ROAD);
-    if (!road && !Window().IsChecked(RIVER))
+    const bool road = Window().IsChecked(ROAD_RADIO);
+    if (!road && !Window().IsChecked(RIVER_RADIO))
     {
         return;
     }
-    Window().Enable(ROAD_CLASSIFICATION, road);
-    Window().Enable(TRAFFIC_VOLUME, road);
-    Window().Enable(RIVER_CLASSIFICATION, !road);
-    Window().Enable(RIVER_SIDE, !road);
+    Window().Enable(ROAD_CLASSIFICATION_LIST, road);
+    Window().Enable(TRAFFIC_VOLUME_EDIT, road);
+    Window().Enable(RIVER_CLASSIFICATION_LIST, !road);
+    Window().Enable(RIVER_SIDE_LIST, !road);
 }
 
 void JLandXmlConvertDlg::ShowAlignment(const DlgDataAlignment& alignment)
 {
-    for (const int edit : {MAIN_INTERVAL, SUB_INTERVAL, NORMAL_CROWN})
+    for (const int edit : {MAIN_INTERVAL_EDIT, SUB_INTERVAL_EDIT, NORMAL_CROWN_EDIT})
     {
         Window().SetText(edit, L"");
     }
-    for (const int list : {METHOD, LANES, SUPERELEVATION_DEFINITION})
+    for (const int list : {METHOD_LIST, LANES_LIST, SUPERELEVATION_DEFINITION_LIST})
     {
         Window().SelectEntry(list, DialogWindow::NO_ENTRY);
     }
@@ -488,27 +490,27 @@ void JLandXmlConvertDlg::ShowAlignment(const DlgDataAlignment& alignment)
         Window().SetText(edit, text == L"0" ? std::wstring() : text);
         Window().Enable(edit, !locked);
     };
-    showInterval(MAIN_INTERVAL, alignment.mainInterval, alignment.mainIntervalLocked);
-    showInterval(SUB_INTERVAL, alignment.subInterval, alignment.subIntervalLocked);
-    Window().SetText(NORMAL_CROWN, alignment.normalCrown);
-    SelectByValue(LANES, VocabularyIndex::LaneKind, FlagText(alignment.singleLaneRoad), DEFAULT_LANES);
-    SelectByValue(SUPERELEVATION_DEFINITION, VocabularyIndex::SuperelevationDefinition,
+    showInterval(MAIN_INTERVAL_EDIT, alignment.mainInterval, alignment.mainIntervalLocked);
+    showInterval(SUB_INTERVAL_EDIT, alignment.subInterval, alignment.subIntervalLocked);
+    Window().SetText(NORMAL_CROWN_EDIT, alignment.normalCrown);
+    SelectByValue(LANES_LIST, VocabularyIndex::LaneKind, FlagText(alignment.singleLaneRoad), DEFAULT_LANES);
+    SelectByValue(SUPERELEVATION_DEFINITION_LIST, VocabularyIndex::SuperelevationDefinition,
                   FlagText(alignment.useSlopeList), DEFAULT_SUPERELEVATION_DEFINITION);
-    SelectOrAdd(METHOD, alignment.method.empty() ? DEFAULT_METHOD : alignment.method);
-    Window().Enable(METHOD, !alignment.methodLocked);
+    SelectOrAdd(METHOD_LIST, alignment.method.empty() ? DEFAULT_METHOD : alignment.method);
+    Window().Enable(METHOD_LIST, !alignment.methodLocked);
 }
 
 void JLandXmlConvertDlg::ShowSurface(const DlgDataSurface& surface)
 {
-    ShowReferenceList(SURFACE_REFERENCE, surface.alignmentRefs, surface.alignmentRefsLocked);
-    SelectByValue(SURFACE_KIND, VocabularyIndex::SurfaceKind, surface.kind, DEFAULT_SURFACE_KIND);
+    ShowReferenceList(SURFACE_REFERENCE_LIST, surface.alignmentRefs, surface.alignmentRefsLocked);
+    SelectByValue(SURFACE_KIND_LIST, VocabularyIndex::SurfaceKind, surface.kind, DEFAULT_SURFACE_KIND);
 }
 
 void JLandXmlConvertDlg::ShowWidthStake(const DlgDataCgPointsWidthStake& group)
 {
-    ShowReferenceList(WIDTH_STAKE_REFERENCE, group.alignmentRefs, group.alignmentRefsLocked);
-    SelectOrFirst(CLOSURE_TYPE, FindDisplay(VocabularyOf(VocabularyIndex::ClosureType), group.type));
-    Window().SetText(WIDTH_STAKE_DESC, group.desc);
+    ShowReferenceList(WIDTH_STAKE_REFERENCE_LIST, group.alignmentRefs, group.alignmentRefsLocked);
+    SelectOrFirst(CLOSURE_TYPE_LIST, FindDisplay(VocabularyOf(VocabularyIndex::ClosureType), group.type));
+    Window().SetText(WIDTH_STAKE_DESC_EDIT, group.desc);
 }
 
 /// Offers every alignment of every route. What the input refers to is shown even if no alignment has that name.
@@ -559,7 +561,8 @@ void JLandXmlConvertDlg::TakeSelectedData()
         UpdateSurface(static_cast<DlgDataSurface&>(*selectedData));
         break;
     case NodeType::IntermediatePoints:
-        ReadReference(INTERMEDIATE_REFERENCE, static_cast<DlgDataCgPointsIntermediate&>(*selectedData).alignmentRefs);
+        ReadReference(INTERMEDIATE_REFERENCE_LIST,
+                      static_cast<DlgDataCgPointsIntermediate&>(*selectedData).alignmentRefs);
         break;
     case NodeType::WidthStakes:
         UpdateWidthStake(static_cast<DlgDataCgPointsWidthStake&>(*selectedData));
@@ -571,17 +574,17 @@ void JLandXmlConvertDlg::TakeSelectedData()
 
 void JLandXmlConvertDlg::UpdateRoute(DlgDataAlignments& route) const
 {
-    if (Window().IsChecked(ROAD))
+    if (Window().IsChecked(ROAD_RADIO))
     {
         route.designGmType = ROAD_DESIGN;
-        ReadList(ROAD_CLASSIFICATION, route.roadClassification);
-        route.trafficVolume = Window().Text(TRAFFIC_VOLUME);
+        ReadList(ROAD_CLASSIFICATION_LIST, route.roadClassification);
+        route.trafficVolume = Window().Text(TRAFFIC_VOLUME_EDIT);
     }
-    else if (Window().IsChecked(RIVER))
+    else if (Window().IsChecked(RIVER_RADIO))
     {
         route.designGmType = RIVER_DESIGN;
-        ReadList(RIVER_CLASSIFICATION, route.riverClassification);
-        ReadList(RIVER_SIDE, route.side);
+        ReadList(RIVER_CLASSIFICATION_LIST, route.riverClassification);
+        ReadList(RIVER_SIDE_LIST, route.side);
     }
 }
 
@@ -589,38 +592,38 @@ void JLandXmlConvertDlg::UpdateAlignment(DlgDataAlignment& alignment) const
 {
     if (!alignment.mainIntervalLocked)
     {
-        alignment.mainInterval = Window().Text(MAIN_INTERVAL);
+        alignment.mainInterval = Window().Text(MAIN_INTERVAL_EDIT);
     }
     if (!alignment.subIntervalLocked)
     {
-        alignment.subInterval = Window().Text(SUB_INTERVAL);
+        alignment.subInterval = Window().Text(SUB_INTERVAL_EDIT);
     }
-    ReadList(METHOD, alignment.method);
-    alignment.normalCrown = Window().Text(NORMAL_CROWN);
-    ReadFlag(LANES, alignment.singleLaneRoad);
-    ReadFlag(SUPERELEVATION_DEFINITION, alignment.useSlopeList);
+    ReadList(METHOD_LIST, alignment.method);
+    alignment.normalCrown = Window().Text(NORMAL_CROWN_EDIT);
+    ReadFlag(LANES_LIST, alignment.singleLaneRoad);
+    ReadFlag(SUPERELEVATION_DEFINITION_LIST, alignment.useSlopeList);
 }
 
 void JLandXmlConvertDlg::UpdateSurface(DlgDataSurface& surface) const
 {
-    ReadReference(SURFACE_REFERENCE, surface.alignmentRefs);
-    ReadList(SURFACE_KIND, surface.kind);
+    ReadReference(SURFACE_REFERENCE_LIST, surface.alignmentRefs);
+    ReadList(SURFACE_KIND_LIST, surface.kind);
 }
 
 void JLandXmlConvertDlg::UpdateWidthStake(DlgDataCgPointsWidthStake& group) const
 {
-    ReadReference(WIDTH_STAKE_REFERENCE, group.alignmentRefs);
-    ReadList(CLOSURE_TYPE, group.type);
-    group.desc = Window().Text(WIDTH_STAKE_DESC);
+    ReadReference(WIDTH_STAKE_REFERENCE_LIST, group.alignmentRefs);
+    ReadList(CLOSURE_TYPE_LIST, group.type);
+    group.desc = Window().Text(WIDTH_STAKE_DESC_EDIT);
 }
 
 void JLandXmlConvertDlg::UpdateProject()
 {
-    data.projectName = Window().Text(PROJECT_NAME);
-    ReadList(PROJECT_PHASE, data.projectPhase);
-    ReadList(APPLICATION_CRITERION, data.applicationCriterion);
-    data.softwareName = Window().Text(SOFTWARE_NAME);
-    data.softwareVersion = Window().Text(SOFTWARE_VERSION);
+    data.projectName = Window().Text(PROJECT_NAME_EDIT);
+    ReadList(PROJECT_PHASE_LIST, data.projectPhase);
+    ReadList(APPLICATION_CRITERION_LIST, data.applicationCriterion);
+    data.softwareName = Window().Text(SOFTWARE_NAME_EDIT);
+    data.softwareVersion = Window().Text(SOFTWARE_VERSION_EDIT);
 }
 
 void JLandXmlConvertDlg::UpdateCoordinateSystem()
@@ -632,11 +635,11 @@ void JLandXmlConvertDlg::UpdateCoordinateSystem()
             field = value;
         }
     };
-    takeByDisplay(HORIZONTAL_DATUM, VocabularyIndex::HorizontalDatum, data.horizontalDatum);
-    ReadList(VERTICAL_DATUM, data.verticalDatum);
-    takeByDisplay(HORIZONTAL_COORDINATE_SYSTEM, VocabularyIndex::HorizontalCoordinateSystem,
+    takeByDisplay(HORIZONTAL_DATUM_EDIT, VocabularyIndex::HorizontalDatum, data.horizontalDatum);
+    ReadList(VERTICAL_DATUM_LIST, data.verticalDatum);
+    takeByDisplay(HORIZONTAL_COORDINATE_SYSTEM_EDIT, VocabularyIndex::HorizontalCoordinateSystem,
                   data.horizontalCoordinateSystemName);
-    data.differTP = DifferTPOfPosition(Window().SelectedEntry(VERTICAL_DATUM));
+    data.differTP = DifferTPOfPosition(Window().SelectedEntry(VERTICAL_DATUM_LIST));
 }
 
 // Output

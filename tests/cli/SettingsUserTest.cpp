@@ -122,37 +122,37 @@ struct KeyCase
 };
 
 constexpr KeyCase KEYS[] = {
-    {R"({"projectName": "県道"})", PROJECT_NAME, L"県道"},
-    {R"({"projectName": ""})", PROJECT_NAME, L""},
-    {R"({"projectPhase": "施工"})", PROJECT_PHASE, L"施工"},
-    {R"({"applicationCriterion": "1.7"})", APPLICATION_CRITERION, L"1.7"},
-    {R"({"verticalDatum": "K.P（北上川）"})", VERTICAL_DATUM, L"K.P（北上川）"},
-    {R"({"routes": [{"roadClassification": "第4種第4級"}]})", ROAD_CLASSIFICATION, L"第4種第4級"},
-    {R"({"routes": [{"trafficVolume": "8500"}]})", TRAFFIC_VOLUME, L"8500"},
-    {R"({"routes": [null, {"riverClassification": "準用"}]})", RIVER_CLASSIFICATION, L"準用"},
-    {R"({"routes": [null, {"side": "左岸"}]})", RIVER_SIDE, L"左岸"},
-    {R"({"routes": [{"alignments": [{"mainInterval": "20"}]}]})", MAIN_INTERVAL, L"20"},
-    {R"({"routes": [{"alignments": [{"subInterval": "0.5"}]}]})", SUB_INTERVAL, L"0.5"},
-    {R"({"routes": [{"alignments": [{"method": "IP法"}]}]})", METHOD, L"IP法"},
-    {R"({"routes": [{"alignments": [null, {"normalCrown": "1.5"}]}]})", NORMAL_CROWN, L"1.5"},
-    {R"({"routes": [{"alignments": [{"singleLaneRoad": true}]}]})", LANES, L"一車線道路"},
-    {R"({"routes": [{"alignments": [{"singleLaneRoad": false}]}]})", LANES, L"多車線道路"},
-    {R"({"routes": [{"alignments": [{"useSlopeList": true}]}]})", SUPERELEVATION_DEFINITION, L"任意片勾配"},
-    {R"({"routes": [{"alignments": [{"useSlopeList": false}]}]})", SUPERELEVATION_DEFINITION, L"片勾配すりつけ"},
-    {R"({"surfaceSets": [{"surfaces": [{"alignmentRefs": "堤防法線"}]}]})", SURFACE_REFERENCE, L"堤防法線"},
-    {R"({"surfaceSets": [{"surfaces": [null, {"kind": "その他"}]}]})", SURFACE_KIND, L"その他"},
-    {R"({"intermediatePoints": [{"alignmentRefs": "支線"}]})", INTERMEDIATE_REFERENCE, L"支線"},
-    {R"({"widthStakes": [{"alignmentRefs": "本線"}]})", WIDTH_STAKE_REFERENCE, L"本線"},
-    {R"({"widthStakes": [{"type": "閉合型"}]})", CLOSURE_TYPE, L"閉合型"},
-    {R"({"widthStakes": [null, {"desc": "用地境界"}]})", WIDTH_STAKE_DESC, L"用地境界"},
+    {R"({"projectName": "県道"})", PROJECT_NAME_EDIT, L"県道"},
+    {R"({"projectName": ""})", PROJECT_NAME_EDIT, L""},
+    {R"({"projectPhase": "施工"})", PROJECT_PHASE_LIST, L"施工"},
+    {R"({"applicationCriterion": "1.7"})", APPLICATION_CRITERION_LIST, L"1.7"},
+    {R"({"verticalDatum": "K.P（北上川）"})", VERTICAL_DATUM_LIST, L"K.P（北上川）"},
+    {R"({"routes": [{"roadClassification": "第4種第4級"}]})", ROAD_CLASSIFICATION_LIST, L"第4種第4級"},
+    {R"({"routes": [{"trafficVolume": "8500"}]})", TRAFFIC_VOLUME_EDIT, L"8500"},
+    {R"({"routes": [null, {"riverClassification": "準用"}]})", RIVER_CLASSIFICATION_LIST, L"準用"},
+    {R"({"routes": [null, {"side": "左岸"}]})", RIVER_SIDE_LIST, L"左岸"},
+    {R"({"routes": [{"alignments": [{"mainInterval": "20"}]}]})", MAIN_INTERVAL_EDIT, L"20"},
+    {R"({"routes": [{"alignments": [{"subInterval": "0.5"}]}]})", SUB_INTERVAL_EDIT, L"0.5"},
+    {R"({"routes": [{"alignments": [{"method": "IP法"}]}]})", METHOD_LIST, L"IP法"},
+    {R"({"routes": [{"alignments": [null, {"normalCrown": "1.5"}]}]})", NORMAL_CROWN_EDIT, L"1.5"},
+    {R"({"routes": [{"alignments": [{"singleLaneRoad": true}]}]})", LANES_LIST, L"一車線道路"},
+    {R"({"routes": [{"alignments": [{"singleLaneRoad": false}]}]})", LANES_LIST, L"多車線道路"},
+    {R"({"routes": [{"alignments": [{"useSlopeList": true}]}]})", SUPERELEVATION_DEFINITION_LIST, L"任意片勾配"},
+    {R"({"routes": [{"alignments": [{"useSlopeList": false}]}]})", SUPERELEVATION_DEFINITION_LIST, L"片勾配すりつけ"},
+    {R"({"surfaceSets": [{"surfaces": [{"alignmentRefs": "堤防法線"}]}]})", SURFACE_REFERENCE_LIST, L"堤防法線"},
+    {R"({"surfaceSets": [{"surfaces": [null, {"kind": "その他"}]}]})", SURFACE_KIND_LIST, L"その他"},
+    {R"({"intermediatePoints": [{"alignmentRefs": "支線"}]})", INTERMEDIATE_REFERENCE_LIST, L"支線"},
+    {R"({"widthStakes": [{"alignmentRefs": "本線"}]})", WIDTH_STAKE_REFERENCE_LIST, L"本線"},
+    {R"({"widthStakes": [{"type": "閉合型"}]})", CLOSURE_TYPE_LIST, L"閉合型"},
+    {R"({"widthStakes": [null, {"desc": "用地境界"}]})", WIDTH_STAKE_DESC_EDIT, L"用地境界"},
     // Named by the stored value.
-    {R"({"applicationCriterion": "MlitLandXmlVer.1.5"})", APPLICATION_CRITERION, L"1.5"},
-    {R"({"verticalDatum": "B.S.L"})", VERTICAL_DATUM, L"B.S.L（琵琶湖）"},
-    {R"({"surfaceSets": [{"surfaces": [{"kind": "SoilLayer"}]}]})", SURFACE_KIND, L"地層境界面"},
-    {R"({"widthStakes": [{"type": "closed"}]})", CLOSURE_TYPE, L"閉合型"},
+    {R"({"applicationCriterion": "MlitLandXmlVer.1.5"})", APPLICATION_CRITERION_LIST, L"1.5"},
+    {R"({"verticalDatum": "B.S.L"})", VERTICAL_DATUM_LIST, L"B.S.L（琵琶湖）"},
+    {R"({"surfaceSets": [{"surfaces": [{"kind": "SoilLayer"}]}]})", SURFACE_KIND_LIST, L"地層境界面"},
+    {R"({"widthStakes": [{"type": "closed"}]})", CLOSURE_TYPE_LIST, L"閉合型"},
     // A stored value of two entries means the first; the second has its shown text.
-    {R"({"verticalDatum": "A.P"})", VERTICAL_DATUM, L"A.P（荒川・中川・多摩川）"},
-    {R"({"verticalDatum": "A.P（吉野川）"})", VERTICAL_DATUM, L"A.P（吉野川）"},
+    {R"({"verticalDatum": "A.P"})", VERTICAL_DATUM_LIST, L"A.P（荒川・中川・多摩川）"},
+    {R"({"verticalDatum": "A.P（吉野川）"})", VERTICAL_DATUM_LIST, L"A.P（吉野川）"},
 };
 
 class SettingsUserKeys : public SettingsUserTest, public testing::WithParamInterface<KeyCase>
@@ -180,9 +180,9 @@ TEST_F(SettingsUserTest, TheKindOfARouteClicksItsRadioAndOpensItsKeys)
 TEST_F(SettingsUserTest, AShownTextWinsOverAStoredValue)
 {
     Open([](ScriptedDialog& dialog) {
-        dialog.AddEntry(APPLICATION_CRITERION, L"MlitLandXmlVer.1.5", L"other");
+        dialog.AddEntry(APPLICATION_CRITERION_LIST, L"MlitLandXmlVer.1.5", L"other");
         SettingsUser(dialog).Act(Json::parse(R"({"applicationCriterion": "MlitLandXmlVer.1.5"})"));
-        EXPECT_EQ(dialog.Text(APPLICATION_CRITERION), L"MlitLandXmlVer.1.5");
+        EXPECT_EQ(dialog.Text(APPLICATION_CRITERION_LIST), L"MlitLandXmlVer.1.5");
     });
 }
 
@@ -191,7 +191,7 @@ TEST_F(SettingsUserTest, AReferenceIsNamedByItsTextAlone)
     Open([](ScriptedDialog& dialog) {
         SettingsUser user(dialog);
         user.Act(Json::parse(R"({"surfaceSets": [{"surfaces": [{}]}]})"));
-        dialog.AddEntry(SURFACE_REFERENCE, L"別線", L"stored");
+        dialog.AddEntry(SURFACE_REFERENCE_LIST, L"別線", L"stored");
         const Json settings = Json::parse(R"({"surfaceSets": [{"surfaces": [{"alignmentRefs": "stored"}]}]})");
         EXPECT_THROW(user.Act(settings), SettingsError);
     });

@@ -282,7 +282,7 @@ TEST(JLandXmlConvertDlgControls, EveryFieldHasALabel)
 
 TEST(JLandXmlConvertDlgControls, TheTreeStandsAboveThePanelsAndTheProjectAtTheirRight)
 {
-    const ControlTemplate& tree = At(TREE);
+    const ControlTemplate& tree = At(OBJECT_TREE);
     for (const int panel : {1021, 1033, 1049, 1055})
     {
         EXPECT_LE(tree.y + tree.height, At(panel).y) << panel;

@@ -91,7 +91,7 @@ class FailingDialog final : public ScriptedDialog
     /// The place of the vertical datum is the last that the output command reads.
     int SelectedEntry(int list) const override
     {
-        if (list == VERTICAL_DATUM && lastRead_ == HORIZONTAL_COORDINATE_SYSTEM)
+        if (list == VERTICAL_DATUM_LIST && lastRead_ == HORIZONTAL_COORDINATE_SYSTEM_EDIT)
         {
             FailAllocation(failure_.allocationsBehindControls);
         }
@@ -209,25 +209,28 @@ struct SelectionCase
 };
 
 const SelectionCase SELECTIONS[] = {
-    {{0}, ROAD, L"路線選択処理中にエラーが発生しました。", L"路線選択処理中に不明な例外が発生しました。"},
-    {{0, 1}, METHOD, L"線形選択処理中にエラーが発生しました。", L"線形選択処理中に不明な例外が発生しました。"},
+    {{0}, ROAD_RADIO, L"路線選択処理中にエラーが発生しました。", L"路線選択処理中に不明な例外が発生しました。"},
+    {{0, 1}, METHOD_LIST, L"線形選択処理中にエラーが発生しました。", L"線形選択処理中に不明な例外が発生しました。"},
     // The route of the alignment is shown in the same step.
-    {{0, 1}, ROAD, L"線形選択処理中にエラーが発生しました。", L"線形選択処理中に不明な例外が発生しました。"},
+    {{0, 1}, ROAD_RADIO, L"線形選択処理中にエラーが発生しました。", L"線形選択処理中に不明な例外が発生しました。"},
     {{3, 0},
-     SURFACE_KIND,
+     SURFACE_KIND_LIST,
      L"サーフェス選択処理中にエラーが発生しました。",
      L"サーフェス選択処理中に不明な例外が発生しました。"},
     {{5, 0},
-     INTERMEDIATE_REFERENCE,
+     INTERMEDIATE_REFERENCE_LIST,
      L"中間点選択処理中にエラーが発生しました。",
      L"中間点選択処理中に不明な例外が発生しました。"},
-    {{5, 3}, CLOSURE_TYPE, L"幅杭選択処理中にエラーが発生しました。", L"幅杭選択処理中に不明な例外が発生しました。"},
+    {{5, 3},
+     CLOSURE_TYPE_LIST,
+     L"幅杭選択処理中にエラーが発生しました。",
+     L"幅杭選択処理中に不明な例外が発生しました。"},
 };
 
 TreeItem At(const ScriptedDialog& window, const Path& path)
 {
-    TreeItem item = window.TreeChildren(TREE, nullptr).at(path[0]);
-    return path.size() == 1 ? item : window.TreeChildren(TREE, item).at(path[1]);
+    TreeItem item = window.TreeChildren(OBJECT_TREE, nullptr).at(path[0]);
+    return path.size() == 1 ? item : window.TreeChildren(OBJECT_TREE, item).at(path[1]);
 }
 
 TEST_P(ConvertDlgFailures, OfSelectingNameTheKindOfObject)
@@ -237,14 +240,14 @@ TEST_P(ConvertDlgFailures, OfSelectingNameTheKindOfObject)
         JLandXmlConvertDlg opened;
         OpenFailing(opened, [&](ScriptedDialog& window) {
             FailAt(one.control);
-            window.ChooseTreeItem(TREE, At(window, one.path));
+            window.ChooseTreeItem(OBJECT_TREE, At(window, one.path));
             EXPECT_EQ(window.TreeNotificationResult(), -1);
             EXPECT_EQ(Message(), Joined(SELECTION, one.label, one.unknown));
             // The dialog goes on.
             FailNoMore();
-            window.ChooseTreeItem(TREE, At(window, {3}));
+            window.ChooseTreeItem(OBJECT_TREE, At(window, {3}));
             EXPECT_EQ(window.TreeNotificationResult(), 0);
-            window.ChooseTreeItem(TREE, At(window, one.path));
+            window.ChooseTreeItem(OBJECT_TREE, At(window, one.path));
             EXPECT_EQ(window.TreeNotificationResult(), 0);
             EXPECT_FALSE(window.HasEnded());
         });
@@ -255,12 +258,12 @@ TEST_P(ConvertDlgFailures, OfSelectingAnAlignmentLeaveItWithoutARoute)
 {
     JLandXmlConvertDlg opened;
     OpenFailing(opened, [&](ScriptedDialog& window) {
-        window.ChooseTreeItem(TREE, At(window, {0, 1}));
-        FailAt(METHOD);
-        window.ChooseTreeItem(TREE, At(window, {1, 0}));
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0, 1}));
+        FailAt(METHOD_LIST);
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {1, 0}));
         FailNoMore();
-        window.SetText(TRAFFIC_VOLUME, L"5");
-        window.ChooseTreeItem(TREE, At(window, {3}));
+        window.SetText(TRAFFIC_VOLUME_EDIT, L"5");
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {3}));
         EXPECT_EQ(opened.Data().alignmentsList[0]->trafficVolume, L"1000");
         EXPECT_EQ(opened.Data().alignmentsList[1]->designGmType, L"河川");
     });
@@ -270,10 +273,10 @@ TEST_P(ConvertDlgFailures, OfReadingBackKeepTheFormerObjectSelected)
 {
     JLandXmlConvertDlg opened;
     OpenFailing(opened, [&](ScriptedDialog& window) {
-        window.ChooseTreeItem(TREE, At(window, {0}));
-        window.Type(TRAFFIC_VOLUME, L"7");
-        FailAt(TRAFFIC_VOLUME);
-        window.ChooseTreeItem(TREE, At(window, {1}));
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0}));
+        window.Type(TRAFFIC_VOLUME_EDIT, L"7");
+        FailAt(TRAFFIC_VOLUME_EDIT);
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {1}));
         EXPECT_EQ(window.TreeNotificationResult(), -1);
         EXPECT_EQ(Message(), Joined(SELECTION, L"データ更新中にエラーが発生しました。",
                                     L"データ更新中に不明な例外が発生しました。"));
@@ -282,7 +285,7 @@ TEST_P(ConvertDlgFailures, OfReadingBackKeepTheFormerObjectSelected)
             EXPECT_FALSE(window.IsShown(control) || window.IsEnabled(control)) << control;
         }
         FailNoMore();
-        window.ChooseTreeItem(TREE, At(window, {3}));
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {3}));
         EXPECT_EQ(opened.Data().alignmentsList[0]->trafficVolume, L"7");
         EXPECT_EQ(opened.Data().alignmentsList[1]->designGmType, L"河川");
     });
@@ -293,9 +296,9 @@ TEST_P(ConvertDlgFailures, OfReadingBackAtTheOutputCommandKeepTheDialogOpen)
     const std::wstring before = Dump(Model());
     JLandXmlConvertDlg opened;
     OpenFailing(opened, [&](ScriptedDialog& window) {
-        window.ChooseTreeItem(TREE, At(window, {0}));
-        FailAt(TRAFFIC_VOLUME);
-        window.Click(OUTPUT);
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0}));
+        FailAt(TRAFFIC_VOLUME_EDIT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Message(), Joined(OUTPUT_COMMAND, L"データ更新中にエラーが発生しました。",
                                     L"データ更新中に不明な例外が発生しました。"));
         EXPECT_FALSE(window.HasEnded());
@@ -310,10 +313,10 @@ struct EditCase
 };
 
 constexpr EditCase EDITS[] = {
-    {MAIN_INTERVAL, L"主点間隔の変更処理中にエラーが発生しました。"},
-    {SUB_INTERVAL, L"副点間隔の変更処理中にエラーが発生しました。"},
-    {NORMAL_CROWN, L"標準横断の変更処理中にエラーが発生しました。"},
-    {TRAFFIC_VOLUME, L"設計交通量の変更処理中にエラーが発生しました。"},
+    {MAIN_INTERVAL_EDIT, L"主点間隔の変更処理中にエラーが発生しました。"},
+    {SUB_INTERVAL_EDIT, L"副点間隔の変更処理中にエラーが発生しました。"},
+    {NORMAL_CROWN_EDIT, L"標準横断の変更処理中にエラーが発生しました。"},
+    {TRAFFIC_VOLUME_EDIT, L"設計交通量の変更処理中にエラーが発生しました。"},
 };
 
 TEST_P(ConvertDlgFailures, OfTypingNameTheEdit)
@@ -322,7 +325,7 @@ TEST_P(ConvertDlgFailures, OfTypingNameTheEdit)
     {
         JLandXmlConvertDlg opened;
         OpenFailing(opened, [&](ScriptedDialog& window) {
-            window.ChooseTreeItem(TREE, At(window, {0, 1}));
+            window.ChooseTreeItem(OBJECT_TREE, At(window, {0, 1}));
             FailAt(one.control);
             EXPECT_TRUE(window.Type(one.control, L"1"));
             EXPECT_EQ(Message(), Joined(one.handler, L"エディットコントロールの入力処理中にエラーが発生しました。",
@@ -339,10 +342,10 @@ TEST_P(ConvertDlgFailures, OfTypingHaveTheirClass)
 {
     JLandXmlConvertDlg opened;
     OpenFailing(opened, [&](ScriptedDialog&) {
-        FailAt(MAIN_INTERVAL);
+        FailAt(MAIN_INTERVAL_EDIT);
         try
         {
-            opened.ValidateEdit(MAIN_INTERVAL, MAIN_INTERVAL_INPUT);
+            opened.ValidateEdit(MAIN_INTERVAL_EDIT, MAIN_INTERVAL_INPUT);
             FAIL();
         }
         catch (const CException& exception)
@@ -386,7 +389,7 @@ TEST_P(ConvertDlgFailures, OfTellingTheNodeTypeLeaveTheAreaEmpty)
 {
     TypelessDlg opened;
     OpenFailing(opened, [&](ScriptedDialog& window) {
-        window.ChooseTreeItem(TREE, At(window, {0}));
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0}));
         EXPECT_EQ(window.TreeNotificationResult(), -1);
         EXPECT_EQ(Message(), Joined(SELECTION, L"ノードタイプの判定中にエラーが発生しました。",
                                     L"ノードタイプの判定中に不明な例外が発生しました。"));
@@ -395,7 +398,7 @@ TEST_P(ConvertDlgFailures, OfTellingTheNodeTypeLeaveTheAreaEmpty)
             EXPECT_FALSE(window.IsShown(control)) << control;
         }
         // An object of unknown type has nothing to be read back.
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(opened.Data().alignmentsList[0]->trafficVolume, L"1000");
     });
 }
@@ -428,8 +431,8 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheOutputCommandAndTheDialogGoesOn)
     const std::wstring before = Dump(Model());
     JLandXmlConvertDlg opened;
     failing.SetUser([&](ScriptedDialog& window) {
-        failing.failure = {PROJECT_NAME, GetParam().fail};
-        window.Click(OUTPUT);
+        failing.failure = {PROJECT_NAME_EDIT, GetParam().fail};
+        window.Click(OUTPUT_BUTTON);
         ASSERT_EQ(failing.Messages().size(), 1U);
         EXPECT_EQ(failing.Messages()[0].text, OUTPUT_COMMAND + (L", " + std::wstring(GetParam().shown)));
         EXPECT_FALSE(window.HasEnded());
@@ -442,14 +445,14 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheTreeAndTheDialogGoesOn)
 {
     JLandXmlConvertDlg opened;
     failing.SetUser([&](ScriptedDialog& window) {
-        failing.failure = {TREE, GetParam().fail};
-        window.ChooseTreeItem(TREE, At(window, {0}));
+        failing.failure = {OBJECT_TREE, GetParam().fail};
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0}));
         EXPECT_EQ(window.TreeNotificationResult(), -1);
         ASSERT_EQ(failing.Messages().size(), 1U);
         EXPECT_EQ(failing.Messages()[0].text, SELECTION + (L", " + std::wstring(GetParam().shown)));
         failing.failure = {};
-        window.ChooseTreeItem(TREE, At(window, {1}));
-        EXPECT_TRUE(window.IsChecked(RIVER));
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {1}));
+        EXPECT_TRUE(window.IsChecked(RIVER_RADIO));
     });
     opened.DoModal();
     EXPECT_EQ(failing.Messages().size(), 1U);
@@ -479,15 +482,15 @@ TEST_F(ConvertDlgOutputFailures, OfTheExportAreShownAndTheDialogStaysOpenWithThe
     JLandXmlConvertDlg opened;
     failing.failure.allocationsBeforeExport = 0;
     failing.SetUser([&](ScriptedDialog& window) {
-        window.Type(PROJECT_NAME, L"別の工事");
-        window.Click(OUTPUT);
+        window.Type(PROJECT_NAME_EDIT, L"別の工事");
+        window.Click(OUTPUT_BUTTON);
         ASSERT_EQ(failing.Messages().size(), 1U);
         EXPECT_EQ(failing.Messages()[0].text,
                   L"出力処理中にエラーが発生しました。, General exception occurred: %s, 原因");
         EXPECT_EQ(failing.Records().back(), L"message " + failing.Messages()[0].text);
         EXPECT_EQ(failing.Records().at(failing.Records().size() - 2), L"go on");
         EXPECT_FALSE(window.HasEnded());
-        EXPECT_TRUE(window.CanReach(OUTPUT));
+        EXPECT_TRUE(window.CanReach(OUTPUT_BUTTON));
         EXPECT_EQ(Model().project.name, L"別の工事");
     });
     EXPECT_EQ(opened.DoModal(), DialogResult::Cancelled);
@@ -499,21 +502,21 @@ TEST_F(ConvertDlgOutputFailures, OfApplyingAreShownAndNoFileIsAskedFor)
     const std::wstring longName(200, L'名');
     JLandXmlConvertDlg opened;
     failing.SetUser([&](ScriptedDialog& window) {
-        window.Type(PROJECT_NAME, longName);
+        window.Type(PROJECT_NAME_EDIT, longName);
         std::wstring shown;
         // The checks come first; they have memory to ask for too.
         for (std::size_t allowed = 0; shown.find(L"更新中") == std::wstring::npos; ++allowed)
         {
             ASSERT_LT(allowed, 1000U);
             failing.failure.allocationsBehindControls = allowed;
-            window.Click(OUTPUT);
+            window.Click(OUTPUT_BUTTON);
             ASSERT_FALSE(window.HasEnded());
             shown = failing.Messages().back().text;
         }
         EXPECT_EQ(shown, L"出力処理中にエラーが発生しました。, プロジェクト情報を更新中にエラーが発生しました。, 原因");
         EXPECT_NE(Model().project.name, longName);
         failing.failure = {};
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_TRUE(window.HasEnded());
         EXPECT_EQ(Model().project.name, longName);
     });

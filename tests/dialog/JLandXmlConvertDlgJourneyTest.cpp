@@ -26,7 +26,8 @@ constexpr TypedText TYPED[] = {
     {L"1.5.", false, false}, {L"-1", false, false},   {L"2.25", true, true}, {L"1234567", false, false},
 };
 
-constexpr int ROUTE_LISTS_AND_EDITS[] = {ROAD_CLASSIFICATION, RIVER_CLASSIFICATION, RIVER_SIDE, TRAFFIC_VOLUME};
+constexpr int ROUTE_LISTS_AND_EDITS[] = {ROAD_CLASSIFICATION_LIST, RIVER_CLASSIFICATION_LIST, RIVER_SIDE_LIST,
+                                         TRAFFIC_VOLUME_EDIT};
 
 /// A route as a person remembers it.
 struct NaiveRoute
@@ -54,52 +55,54 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         Model().alignments[0].trafficVolume = L"1e3";
         Model().alignments[1].alignments[0].normalCrown = -2.0;
         routes = {
-            {false, {{TRAFFIC_VOLUME, L""}}},
-            {true, {{RIVER_SIDE, L"左岸"}}},
+            {false, {{TRAFFIC_VOLUME_EDIT, L""}}},
+            {true, {{RIVER_SIDE_LIST, L"左岸"}}},
             {false, {}},
         };
         objects = {
             {{0}, 0},
             {{0, 0},
              0,
-             {{MAIN_INTERVAL, L"20.0000"},
-              {SUB_INTERVAL, L""},
-              {NORMAL_CROWN, L"2.0000"},
-              {METHOD, L"クロソイド法"},
-              {LANES, L"一車線道路"},
-              {SUPERELEVATION_DEFINITION, L"任意片勾配"}},
-             {MAIN_INTERVAL, METHOD}},
+             {{MAIN_INTERVAL_EDIT, L"20.0000"},
+              {SUB_INTERVAL_EDIT, L""},
+              {NORMAL_CROWN_EDIT, L"2.0000"},
+              {METHOD_LIST, L"クロソイド法"},
+              {LANES_LIST, L"一車線道路"},
+              {SUPERELEVATION_DEFINITION_LIST, L"任意片勾配"}},
+             {MAIN_INTERVAL_EDIT, METHOD_LIST}},
             {{0, 1},
              0,
-             {{MAIN_INTERVAL, L""},
-              {SUB_INTERVAL, L""},
-              {NORMAL_CROWN, L""},
-              {METHOD, L"要素法"},
-              {LANES, L"多車線道路"},
-              {SUPERELEVATION_DEFINITION, L"片勾配すりつけ"}}},
+             {{MAIN_INTERVAL_EDIT, L""},
+              {SUB_INTERVAL_EDIT, L""},
+              {NORMAL_CROWN_EDIT, L""},
+              {METHOD_LIST, L"要素法"},
+              {LANES_LIST, L"多車線道路"},
+              {SUPERELEVATION_DEFINITION_LIST, L"片勾配すりつけ"}}},
             {{1}, 1},
             {{1, 0},
              1,
-             {{MAIN_INTERVAL, L""},
-              {SUB_INTERVAL, L"5.0000"},
-              {NORMAL_CROWN, L""},
-              {METHOD, L"要素法"},
-              {LANES, L"多車線道路"},
-              {SUPERELEVATION_DEFINITION, L"片勾配すりつけ"}},
-             {SUB_INTERVAL, METHOD}},
+             {{MAIN_INTERVAL_EDIT, L""},
+              {SUB_INTERVAL_EDIT, L"5.0000"},
+              {NORMAL_CROWN_EDIT, L""},
+              {METHOD_LIST, L"要素法"},
+              {LANES_LIST, L"多車線道路"},
+              {SUPERELEVATION_DEFINITION_LIST, L"片勾配すりつけ"}},
+             {SUB_INTERVAL_EDIT, METHOD_LIST}},
             {{2}, 2},
             {{3}},
-            {{3, 0}, -1, {{SURFACE_REFERENCE, L"本線"}, {SURFACE_KIND, L"路床面"}}, {SURFACE_REFERENCE}},
-            {{3, 1}, -1, {{SURFACE_REFERENCE, L""}, {SURFACE_KIND, L"現況地形"}}},
+            {{3, 0}, -1, {{SURFACE_REFERENCE_LIST, L"本線"}, {SURFACE_KIND_LIST, L"路床面"}}, {SURFACE_REFERENCE_LIST}},
+            {{3, 1}, -1, {{SURFACE_REFERENCE_LIST, L""}, {SURFACE_KIND_LIST, L"現況地形"}}},
             {{4}},
             {{5}},
-            {{5, 0}, -1, {{INTERMEDIATE_REFERENCE, L""}}},
-            {{5, 1}, -1, {{INTERMEDIATE_REFERENCE, L"どこにもない線形"}}, {INTERMEDIATE_REFERENCE}},
-            {{5, 2}, -1, {{WIDTH_STAKE_REFERENCE, L""}, {CLOSURE_TYPE, L"閉合型"}, {WIDTH_STAKE_DESC, L"用地"}}},
+            {{5, 0}, -1, {{INTERMEDIATE_REFERENCE_LIST, L""}}},
+            {{5, 1}, -1, {{INTERMEDIATE_REFERENCE_LIST, L"どこにもない線形"}}, {INTERMEDIATE_REFERENCE_LIST}},
+            {{5, 2},
+             -1,
+             {{WIDTH_STAKE_REFERENCE_LIST, L""}, {CLOSURE_TYPE_LIST, L"閉合型"}, {WIDTH_STAKE_DESC_EDIT, L"用地"}}},
             {{5, 3},
              -1,
-             {{WIDTH_STAKE_REFERENCE, L"支線"}, {CLOSURE_TYPE, L"開放型"}, {WIDTH_STAKE_DESC, L""}},
-             {WIDTH_STAKE_REFERENCE}},
+             {{WIDTH_STAKE_REFERENCE_LIST, L"支線"}, {CLOSURE_TYPE_LIST, L"開放型"}, {WIDTH_STAKE_DESC_EDIT, L""}},
+             {WIDTH_STAKE_REFERENCE_LIST}},
         };
     }
 
@@ -117,7 +120,7 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
             return;
         }
         now = selected->left;
-        for (const int interval : {MAIN_INTERVAL, SUB_INTERVAL})
+        for (const int interval : {MAIN_INTERVAL_EDIT, SUB_INTERVAL_EDIT})
         {
             if (now.count(interval) == 1 && now[interval] == L"0")
             {
@@ -128,10 +131,10 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         {
             NaiveRoute& route = routes[static_cast<std::size_t>(selected->route)];
             river = route.river;
-            now[ROAD_CLASSIFICATION] = river ? L"" : route.left[ROAD_CLASSIFICATION];
-            now[RIVER_CLASSIFICATION] = river ? route.left[RIVER_CLASSIFICATION] : L"";
-            now[RIVER_SIDE] = river ? route.left[RIVER_SIDE] : L"";
-            now[TRAFFIC_VOLUME] = route.left[TRAFFIC_VOLUME];
+            now[ROAD_CLASSIFICATION_LIST] = river ? L"" : route.left[ROAD_CLASSIFICATION_LIST];
+            now[RIVER_CLASSIFICATION_LIST] = river ? route.left[RIVER_CLASSIFICATION_LIST] : L"";
+            now[RIVER_SIDE_LIST] = river ? route.left[RIVER_SIDE_LIST] : L"";
+            now[TRAFFIC_VOLUME_EDIT] = route.left[TRAFFIC_VOLUME_EDIT];
         }
     }
 
@@ -146,7 +149,7 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         {
             const bool edit = IsEdit(FindControl(TEMPLATE, control)->kind);
             // A method that no list entry of the standard stands for is shown, but can't be taken over.
-            const bool taken = control != METHOD || now[control] != L"クロソイド法";
+            const bool taken = control != METHOD_LIST || now[control] != L"クロソイド法";
             if (!IsLocked(control) && taken && (edit || !now[control].empty()))
             {
                 text = now[control];
@@ -158,7 +161,7 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
             route.river = river;
             for (const int control : ROUTE_LISTS_AND_EDITS)
             {
-                if (IsOfRouteKind(control) && (control == TRAFFIC_VOLUME || !now[control].empty()))
+                if (IsOfRouteKind(control) && (control == TRAFFIC_VOLUME_EDIT || !now[control].empty()))
                 {
                     route.left[control] = now[control];
                 }
@@ -173,7 +176,7 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
 
     bool IsOfRouteKind(int control) const
     {
-        return (control == RIVER_CLASSIFICATION || control == RIVER_SIDE) == river;
+        return (control == RIVER_CLASSIFICATION_LIST || control == RIVER_SIDE_LIST) == river;
     }
 
     static bool IsOfRoute(int control)
@@ -195,8 +198,8 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         }
         if (selected != nullptr && selected->route >= 0)
         {
-            ASSERT_EQ(window.IsChecked(RIVER), river);
-            ASSERT_EQ(window.IsChecked(ROAD), !river);
+            ASSERT_EQ(window.IsChecked(RIVER_RADIO), river);
+            ASSERT_EQ(window.IsChecked(ROAD_RADIO), !river);
         }
     }
 
@@ -211,10 +214,10 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
         TreeItem item = nullptr;
         if (object != nullptr)
         {
-            item = window.TreeChildren(TREE, nullptr).at(object->path[0]);
-            item = object->path.size() == 1 ? item : window.TreeChildren(TREE, item).at(object->path[1]);
+            item = window.TreeChildren(OBJECT_TREE, nullptr).at(object->path[0]);
+            item = object->path.size() == 1 ? item : window.TreeChildren(OBJECT_TREE, item).at(object->path[1]);
         }
-        window.ChooseTreeItem(TREE, item);
+        window.ChooseTreeItem(OBJECT_TREE, item);
         Leave();
         Show(object);
     }
@@ -233,7 +236,7 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
             const TypedText& typed = TYPED[Any(std::size(TYPED))];
             ASSERT_EQ(window.Type(control, typed.text), CanEdit(control));
             const bool stands =
-                control == WIDTH_STAKE_DESC || (control == TRAFFIC_VOLUME ? typed.traffic : typed.interval);
+                control == WIDTH_STAKE_DESC_EDIT || (control == TRAFFIC_VOLUME_EDIT ? typed.traffic : typed.interval);
             if (CanEdit(control) && stands)
             {
                 text = typed.text;
@@ -252,14 +255,14 @@ class ConvertDlgJourney : public ConvertDlgTest, public testing::WithParamInterf
     {
         const bool toRiver = Any(2) == 1;
         const bool reachable = selected != nullptr && selected->route >= 0;
-        ASSERT_EQ(window.Click(toRiver ? RIVER : ROAD), reachable);
+        ASSERT_EQ(window.Click(toRiver ? RIVER_RADIO : ROAD_RADIO), reachable);
         river = reachable ? toRiver : river;
     }
 
     void TryOutput(ScriptedDialog& window)
     {
         const std::size_t lists = findings.size();
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         ASSERT_EQ(findings.size(), lists + 1);
         Leave();
     }

@@ -28,12 +28,12 @@ constexpr std::size_t POINTS_ITEM = 5;
 Lines TreeLines(const ScriptedDialog& window)
 {
     Lines lines;
-    for (const TreeItem root : window.TreeChildren(TREE, nullptr))
+    for (const TreeItem root : window.TreeChildren(OBJECT_TREE, nullptr))
     {
-        lines.push_back((window.IsExpanded(TREE, root) ? L"-" : L"+") + window.TreeText(TREE, root));
-        for (const TreeItem child : window.TreeChildren(TREE, root))
+        lines.push_back((window.IsExpanded(OBJECT_TREE, root) ? L"-" : L"+") + window.TreeText(OBJECT_TREE, root));
+        for (const TreeItem child : window.TreeChildren(OBJECT_TREE, root))
         {
-            lines.push_back(L" " + window.TreeText(TREE, child));
+            lines.push_back(L" " + window.TreeText(OBJECT_TREE, child));
         }
     }
     return lines;
@@ -145,10 +145,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(ConvertDlgOpening, SortedListsStandInJapaneseOrder)
 {
     Open([](ScriptedDialog& window) {
-        EXPECT_EQ(window.Entries(RIVER_CLASSIFICATION), (Lines{L"1級", L"2級", L"準用", L"普通"}));
-        EXPECT_EQ(window.Entries(RIVER_SIDE), (Lines{L"右岸", L"左岸"}));
-        EXPECT_EQ(window.Entries(CLOSURE_TYPE), (Lines{L"開放型", L"閉合型"}));
-        EXPECT_EQ(window.Entries(ROAD_CLASSIFICATION),
+        EXPECT_EQ(window.Entries(RIVER_CLASSIFICATION_LIST), (Lines{L"1級", L"2級", L"準用", L"普通"}));
+        EXPECT_EQ(window.Entries(RIVER_SIDE_LIST), (Lines{L"右岸", L"左岸"}));
+        EXPECT_EQ(window.Entries(CLOSURE_TYPE_LIST), (Lines{L"開放型", L"閉合型"}));
+        EXPECT_EQ(window.Entries(ROAD_CLASSIFICATION_LIST),
                   (Lines{L"第1種第1級", L"第1種第2級", L"第1種第3級", L"第1種第4級", L"第2種第1級", L"第2種第2級",
                          L"第3種第1級", L"第3種第2級", L"第3種第3級", L"第3種第4級", L"第3種第5級", L"第4種第1級",
                          L"第4種第2級", L"第4種第3級", L"第4種第4級"}));
@@ -163,12 +163,12 @@ TEST_F(ConvertDlgOpening, NothingIsChosenOnThePanels)
         {
             EXPECT_EQ(window.Text(number), NO_TEXT) << number;
         }
-        for (const int list : {SURFACE_REFERENCE, INTERMEDIATE_REFERENCE, WIDTH_STAKE_REFERENCE})
+        for (const int list : {SURFACE_REFERENCE_LIST, INTERMEDIATE_REFERENCE_LIST, WIDTH_STAKE_REFERENCE_LIST})
         {
             EXPECT_EQ(window.EntryCount(list), 0) << list;
         }
-        EXPECT_FALSE(window.IsChecked(ROAD) || window.IsChecked(RIVER));
-        EXPECT_EQ(window.SelectedTreeItem(TREE), nullptr);
+        EXPECT_FALSE(window.IsChecked(ROAD_RADIO) || window.IsChecked(RIVER_RADIO));
+        EXPECT_EQ(window.SelectedTreeItem(OBJECT_TREE), nullptr);
     });
 }
 
@@ -199,7 +199,7 @@ class ConvertDlgPhases : public ConvertDlgTest, public testing::WithParamInterfa
 TEST_P(ConvertDlgPhases, AreShownOrTheDefault)
 {
     Model().project.projectPhase = GetParam().value;
-    Open([](ScriptedDialog& window) { EXPECT_EQ(window.Text(PROJECT_PHASE), GetParam().shown); });
+    Open([](ScriptedDialog& window) { EXPECT_EQ(window.Text(PROJECT_PHASE_LIST), GetParam().shown); });
 }
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgPhases,
@@ -212,7 +212,7 @@ class ConvertDlgCriteria : public ConvertDlgTest, public testing::WithParamInter
 TEST_P(ConvertDlgCriteria, AreShownOrTheDefault)
 {
     Model().project.applicationCriterion = GetParam().value;
-    Open([](ScriptedDialog& window) { EXPECT_EQ(window.Text(APPLICATION_CRITERION), GetParam().shown); });
+    Open([](ScriptedDialog& window) { EXPECT_EQ(window.Text(APPLICATION_CRITERION_LIST), GetParam().shown); });
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -226,9 +226,9 @@ TEST_F(ConvertDlgOpening, AStrangeDatumOrSystemIsShownEmptyAndKept)
     Model().coordinateSystem.horizontalDatum = L"WGS84";
     Model().coordinateSystem.horizontalCoordinateSystemName = L"20(X,Y)";
     Open([&](ScriptedDialog& window) {
-        EXPECT_EQ(window.Text(HORIZONTAL_DATUM), NO_TEXT);
-        EXPECT_EQ(window.Text(HORIZONTAL_COORDINATE_SYSTEM), NO_TEXT);
-        window.Click(OUTPUT);
+        EXPECT_EQ(window.Text(HORIZONTAL_DATUM_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(HORIZONTAL_COORDINATE_SYSTEM_EDIT), NO_TEXT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().horizontalDatum, L"WGS84");
         EXPECT_EQ(Data().horizontalCoordinateSystemName, L"20(X,Y)");
     });
@@ -251,8 +251,8 @@ TEST_P(ConvertDlgDatums, AreShownAndTakenBackWithTheDifferenceOfTheirEntry)
     Model().coordinateSystem.verticalDatum = GetParam().datum;
     Model().coordinateSystem.differTP = GetParam().differTP;
     Open([&](ScriptedDialog& window) {
-        EXPECT_EQ(window.Text(VERTICAL_DATUM), GetParam().shown);
-        window.Click(OUTPUT);
+        EXPECT_EQ(window.Text(VERTICAL_DATUM_LIST), GetParam().shown);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().verticalDatum, GetParam().datumBack);
         EXPECT_EQ(Data().differTP, GetParam().differTPBack);
     });
@@ -307,7 +307,7 @@ TEST_F(ConvertDlgOpening, EachItemOfTheTreeCarriesItsObject)
     LoadSample();
     Open([&](ScriptedDialog& window) {
         const auto object = [&](Path path) {
-            return static_cast<const DlgDataItem*>(window.TreeItemData(TREE, ItemAt(window, path)));
+            return static_cast<const DlgDataItem*>(window.TreeItemData(OBJECT_TREE, ItemAt(window, path)));
         };
         const DlgDataAlignmentsList& routes = Data().alignmentsList;
         const DlgDataCgPointsList& points = Data().cgPointsList;
@@ -371,7 +371,7 @@ TEST_F(ConvertDlgOpening, AnEmptyModelGivesAnEmptyTreeAndOnlyTheProjectIsChecked
         EXPECT_EQ(std::count_if(windows.Records().begin(), windows.Records().end(),
                                 [](const std::wstring& line) { return line.find(L"visible") == 0; }),
                   0);
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().errors, (Lines{L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。",
                                         L"水平座標系が入力されていません。"}));
     });
@@ -400,11 +400,11 @@ TEST_F(ConvertDlgSelection, ARoadOpensTheRoutePanelForARoad)
 {
     OpenAt({ROAD_ITEM}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({ROUTE_SET}), Union({ROUTE_SET}, {1025, 1030}));
-        EXPECT_TRUE(window.IsChecked(ROAD));
-        EXPECT_FALSE(window.IsChecked(RIVER));
-        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION), NO_TEXT);
-        EXPECT_EQ(window.Text(TRAFFIC_VOLUME), L"1000");
-        EXPECT_EQ(window.Text(RIVER_SIDE), NO_TEXT);
+        EXPECT_TRUE(window.IsChecked(ROAD_RADIO));
+        EXPECT_FALSE(window.IsChecked(RIVER_RADIO));
+        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION_LIST), NO_TEXT);
+        EXPECT_EQ(window.Text(TRAFFIC_VOLUME_EDIT), L"1000");
+        EXPECT_EQ(window.Text(RIVER_SIDE_LIST), NO_TEXT);
     });
 }
 
@@ -412,10 +412,10 @@ TEST_F(ConvertDlgSelection, ARiverOpensTheRoutePanelForARiver)
 {
     OpenAt({RIVER_ITEM}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({ROUTE_SET}), Union({ROUTE_SET}, {1023, 1029}));
-        EXPECT_FALSE(window.IsChecked(ROAD));
-        EXPECT_TRUE(window.IsChecked(RIVER));
-        EXPECT_EQ(window.Text(RIVER_CLASSIFICATION), NO_TEXT);
-        EXPECT_EQ(window.Text(RIVER_SIDE), L"左岸");
+        EXPECT_FALSE(window.IsChecked(ROAD_RADIO));
+        EXPECT_TRUE(window.IsChecked(RIVER_RADIO));
+        EXPECT_EQ(window.Text(RIVER_CLASSIFICATION_LIST), NO_TEXT);
+        EXPECT_EQ(window.Text(RIVER_SIDE_LIST), L"左岸");
     });
 }
 
@@ -438,13 +438,13 @@ TEST_P(ConvertDlgRoutes, AreShownByTheirType)
     route.trafficVolume = L"12";
     Open([](ScriptedDialog& window) {
         Select(window, {0});
-        EXPECT_EQ(window.IsChecked(RIVER), GetParam().river);
-        EXPECT_EQ(window.IsChecked(ROAD), !GetParam().river);
-        EXPECT_EQ(window.Text(RIVER_SIDE), GetParam().shownSide);
+        EXPECT_EQ(window.IsChecked(RIVER_RADIO), GetParam().river);
+        EXPECT_EQ(window.IsChecked(ROAD_RADIO), !GetParam().river);
+        EXPECT_EQ(window.Text(RIVER_SIDE_LIST), GetParam().shownSide);
         // The volume is shown of any route; a river's can't be edited.
-        EXPECT_EQ(window.Text(TRAFFIC_VOLUME), L"12");
-        EXPECT_EQ(window.IsEnabled(TRAFFIC_VOLUME), !GetParam().river);
-        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION) + window.Text(RIVER_CLASSIFICATION), NO_TEXT);
+        EXPECT_EQ(window.Text(TRAFFIC_VOLUME_EDIT), L"12");
+        EXPECT_EQ(window.IsEnabled(TRAFFIC_VOLUME_EDIT), !GetParam().river);
+        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION_LIST) + window.Text(RIVER_CLASSIFICATION_LIST), NO_TEXT);
     });
 }
 
@@ -468,13 +468,13 @@ TEST_F(ConvertDlgSelection, AnAlignmentOpensItsPanelAndThatOfItsRoute)
 {
     OpenAt({ROAD_ITEM, 1}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({ROUTE_SET, ALIGNMENT_SET}), Union({ROUTE_SET, ALIGNMENT_SET}, {1025, 1030}));
-        EXPECT_EQ(window.Text(TRAFFIC_VOLUME), L"1000");
-        EXPECT_EQ(window.Text(MAIN_INTERVAL), NO_TEXT);
-        EXPECT_EQ(window.Text(SUB_INTERVAL), NO_TEXT);
-        EXPECT_EQ(window.Text(NORMAL_CROWN), NO_TEXT);
-        EXPECT_EQ(window.Text(METHOD), L"要素法");
-        EXPECT_EQ(window.Text(LANES), L"多車線道路");
-        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION), L"片勾配すりつけ");
+        EXPECT_EQ(window.Text(TRAFFIC_VOLUME_EDIT), L"1000");
+        EXPECT_EQ(window.Text(MAIN_INTERVAL_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(SUB_INTERVAL_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(NORMAL_CROWN_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(METHOD_LIST), L"要素法");
+        EXPECT_EQ(window.Text(LANES_LIST), L"多車線道路");
+        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION_LIST), L"片勾配すりつけ");
     });
 }
 
@@ -482,31 +482,31 @@ TEST_F(ConvertDlgSelection, WhatAnAlignmentHasFromTheInputIsShownAndLocked)
 {
     OpenAt({ROAD_ITEM, 0}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({ROUTE_SET, ALIGNMENT_SET}),
-                    Union({ROUTE_SET, ALIGNMENT_SET}, {1025, 1030, MAIN_INTERVAL, METHOD}));
-        EXPECT_EQ(window.Text(MAIN_INTERVAL), L"20.0000");
-        EXPECT_EQ(window.Text(NORMAL_CROWN), L"2.0000");
-        EXPECT_EQ(window.Text(LANES), L"一車線道路");
-        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION), L"任意片勾配");
+                    Union({ROUTE_SET, ALIGNMENT_SET}, {1025, 1030, MAIN_INTERVAL_EDIT, METHOD_LIST}));
+        EXPECT_EQ(window.Text(MAIN_INTERVAL_EDIT), L"20.0000");
+        EXPECT_EQ(window.Text(NORMAL_CROWN_EDIT), L"2.0000");
+        EXPECT_EQ(window.Text(LANES_LIST), L"一車線道路");
+        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION_LIST), L"任意片勾配");
     });
     OpenAt({RIVER_ITEM, 0}, [](ScriptedDialog& window) {
-        EXPECT_EQ(window.Text(SUB_INTERVAL), L"5.0000");
-        EXPECT_FALSE(window.IsEnabled(SUB_INTERVAL));
-        EXPECT_TRUE(window.IsEnabled(MAIN_INTERVAL));
-        EXPECT_FALSE(window.IsEnabled(ROAD_CLASSIFICATION));
-        EXPECT_TRUE(window.IsChecked(RIVER));
+        EXPECT_EQ(window.Text(SUB_INTERVAL_EDIT), L"5.0000");
+        EXPECT_FALSE(window.IsEnabled(SUB_INTERVAL_EDIT));
+        EXPECT_TRUE(window.IsEnabled(MAIN_INTERVAL_EDIT));
+        EXPECT_FALSE(window.IsEnabled(ROAD_CLASSIFICATION_LIST));
+        EXPECT_TRUE(window.IsChecked(RIVER_RADIO));
     });
 }
 
 TEST_F(ConvertDlgSelection, AMainIntervalOfTheInputIsNotTakenBack)
 {
     OpenAt({ROAD_ITEM, 0}, [&](ScriptedDialog& window) {
-        EXPECT_FALSE(window.Type(MAIN_INTERVAL, L"30"));
-        window.SetText(MAIN_INTERVAL, L"30");
+        EXPECT_FALSE(window.Type(MAIN_INTERVAL_EDIT, L"30"));
+        window.SetText(MAIN_INTERVAL_EDIT, L"30");
         Select(window, {ROAD_ITEM});
         EXPECT_EQ(Data().alignmentsList[0]->alignments[0]->mainInterval, L"20.0000");
     });
     OpenAt({RIVER_ITEM, 0}, [&](ScriptedDialog& window) {
-        window.SetText(SUB_INTERVAL, L"30");
+        window.SetText(SUB_INTERVAL_EDIT, L"30");
         Select(window, {ROAD_ITEM});
         EXPECT_EQ(Data().alignmentsList[1]->alignments[0]->subInterval, L"5.0000");
     });
@@ -515,35 +515,35 @@ TEST_F(ConvertDlgSelection, AMainIntervalOfTheInputIsNotTakenBack)
 TEST_F(ConvertDlgSelection, AMethodOutsideTheVocabularyIsAddedAtTheEndAndNeverTakenBack)
 {
     OpenAt({ROAD_ITEM, 0}, [&](ScriptedDialog& window) {
-        EXPECT_EQ(window.Entries(METHOD), (Lines{L"IP法", L"要素法", L"クロソイド法"}));
-        EXPECT_EQ(window.Text(METHOD), L"クロソイド法");
-        EXPECT_EQ(window.EntryData(METHOD, 2), nullptr);
+        EXPECT_EQ(window.Entries(METHOD_LIST), (Lines{L"IP法", L"要素法", L"クロソイド法"}));
+        EXPECT_EQ(window.Text(METHOD_LIST), L"クロソイド法");
+        EXPECT_EQ(window.EntryData(METHOD_LIST, 2), nullptr);
         Select(window, {ROAD_ITEM, 1});
         EXPECT_EQ(Data().alignmentsList[0]->alignments[0]->method, L"クロソイド法");
         // An alignment of its own choice can't take it over either.
-        EXPECT_EQ(window.Text(METHOD), L"要素法");
-        Choose(window, METHOD, L"クロソイド法");
+        EXPECT_EQ(window.Text(METHOD_LIST), L"要素法");
+        Choose(window, METHOD_LIST, L"クロソイド法");
         Select(window, {ROAD_ITEM, 0});
         EXPECT_EQ(Data().alignmentsList[0]->alignments[1]->method, NO_TEXT);
-        EXPECT_EQ(window.Entries(METHOD).size(), 3U);
+        EXPECT_EQ(window.Entries(METHOD_LIST).size(), 3U);
     });
 }
 
 TEST_F(ConvertDlgSelection, AnIntervalOfZeroIsShownEmpty)
 {
     OpenAt({ROAD_ITEM, 1}, [](ScriptedDialog& window) {
-        window.Type(MAIN_INTERVAL, L"0");
-        window.Type(SUB_INTERVAL, L"0");
-        window.Type(NORMAL_CROWN, L"0");
+        window.Type(MAIN_INTERVAL_EDIT, L"0");
+        window.Type(SUB_INTERVAL_EDIT, L"0");
+        window.Type(NORMAL_CROWN_EDIT, L"0");
         Select(window, {ROAD_ITEM});
         Select(window, {ROAD_ITEM, 1});
-        EXPECT_EQ(window.Text(MAIN_INTERVAL), NO_TEXT);
-        EXPECT_EQ(window.Text(SUB_INTERVAL), NO_TEXT);
-        EXPECT_EQ(window.Text(NORMAL_CROWN), L"0");
-        window.Type(MAIN_INTERVAL, L"0.0");
+        EXPECT_EQ(window.Text(MAIN_INTERVAL_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(SUB_INTERVAL_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(NORMAL_CROWN_EDIT), L"0");
+        window.Type(MAIN_INTERVAL_EDIT, L"0.0");
         Select(window, {ROAD_ITEM});
         Select(window, {ROAD_ITEM, 1});
-        EXPECT_EQ(window.Text(MAIN_INTERVAL), L"0.0");
+        EXPECT_EQ(window.Text(MAIN_INTERVAL_EDIT), L"0.0");
     });
 }
 
@@ -551,14 +551,14 @@ TEST_F(ConvertDlgSelection, ASurfaceOpensItsPanel)
 {
     OpenAt({SURFACES_ITEM, 1}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({SURFACE_SET}), Union({SURFACE_SET}));
-        EXPECT_EQ(window.Entries(SURFACE_REFERENCE), (Lines{L"本線", L"支線", L"堤防"}));
-        EXPECT_EQ(window.Text(SURFACE_REFERENCE), NO_TEXT);
-        EXPECT_EQ(window.Text(SURFACE_KIND), L"現況地形");
+        EXPECT_EQ(window.Entries(SURFACE_REFERENCE_LIST), (Lines{L"本線", L"支線", L"堤防"}));
+        EXPECT_EQ(window.Text(SURFACE_REFERENCE_LIST), NO_TEXT);
+        EXPECT_EQ(window.Text(SURFACE_KIND_LIST), L"現況地形");
     });
     OpenAt({SURFACES_ITEM, 0}, [](ScriptedDialog& window) {
-        ExpectReach(window, Union({SURFACE_SET}), Union({SURFACE_SET}, {SURFACE_REFERENCE}));
-        EXPECT_EQ(window.Text(SURFACE_REFERENCE), L"本線");
-        EXPECT_EQ(window.Text(SURFACE_KIND), L"路床面");
+        ExpectReach(window, Union({SURFACE_SET}), Union({SURFACE_SET}, {SURFACE_REFERENCE_LIST}));
+        EXPECT_EQ(window.Text(SURFACE_REFERENCE_LIST), L"本線");
+        EXPECT_EQ(window.Text(SURFACE_KIND_LIST), L"路床面");
     });
 }
 
@@ -566,21 +566,21 @@ TEST_F(ConvertDlgSelection, AGroupOfIntermediatePointsOpensItsPanel)
 {
     OpenAt({POINTS_ITEM, 0}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({INTERMEDIATE_SET}), Union({INTERMEDIATE_SET}));
-        EXPECT_EQ(window.AddedEntries(INTERMEDIATE_REFERENCE), (Lines{L"本線", L"支線", L"堤防"}));
-        EXPECT_EQ(window.Entries(INTERMEDIATE_REFERENCE), (Lines{L"支線", L"堤防", L"本線"}));
-        EXPECT_EQ(window.Text(INTERMEDIATE_REFERENCE), NO_TEXT);
+        EXPECT_EQ(window.AddedEntries(INTERMEDIATE_REFERENCE_LIST), (Lines{L"本線", L"支線", L"堤防"}));
+        EXPECT_EQ(window.Entries(INTERMEDIATE_REFERENCE_LIST), (Lines{L"支線", L"堤防", L"本線"}));
+        EXPECT_EQ(window.Text(INTERMEDIATE_REFERENCE_LIST), NO_TEXT);
     });
 }
 
 TEST_F(ConvertDlgSelection, AReferenceOfTheInputIsShownAndLockedEvenIfNoAlignmentHasTheName)
 {
     OpenAt({POINTS_ITEM, 1}, [](ScriptedDialog& window) {
-        ExpectReach(window, Union({INTERMEDIATE_SET}), Union({INTERMEDIATE_SET}, {INTERMEDIATE_REFERENCE}));
-        EXPECT_EQ(window.Text(INTERMEDIATE_REFERENCE), L"どこにもない線形");
-        EXPECT_EQ(window.EntryCount(INTERMEDIATE_REFERENCE), 4);
+        ExpectReach(window, Union({INTERMEDIATE_SET}), Union({INTERMEDIATE_SET}, {INTERMEDIATE_REFERENCE_LIST}));
+        EXPECT_EQ(window.Text(INTERMEDIATE_REFERENCE_LIST), L"どこにもない線形");
+        EXPECT_EQ(window.EntryCount(INTERMEDIATE_REFERENCE_LIST), 4);
         // The name stays with its group.
         Select(window, {POINTS_ITEM, 0});
-        EXPECT_EQ(window.EntryCount(INTERMEDIATE_REFERENCE), 3);
+        EXPECT_EQ(window.EntryCount(INTERMEDIATE_REFERENCE_LIST), 3);
     });
 }
 
@@ -589,13 +589,13 @@ TEST_F(ConvertDlgSelection, AnUnknownReferenceOfTheInputStandsInEveryReferenceLi
     Model().surfaces[0].surfaces[0].alignmentRefs = L"廃線";
     Model().widthStakePoints[1].alignmentRefs = L"廃線";
     OpenAt({SURFACES_ITEM, 0}, [](ScriptedDialog& window) {
-        EXPECT_EQ(window.Text(SURFACE_REFERENCE), L"廃線");
-        EXPECT_EQ(window.Entries(SURFACE_REFERENCE), (Lines{L"本線", L"支線", L"堤防", L"廃線"}));
-        EXPECT_FALSE(window.CanReach(SURFACE_REFERENCE));
+        EXPECT_EQ(window.Text(SURFACE_REFERENCE_LIST), L"廃線");
+        EXPECT_EQ(window.Entries(SURFACE_REFERENCE_LIST), (Lines{L"本線", L"支線", L"堤防", L"廃線"}));
+        EXPECT_FALSE(window.CanReach(SURFACE_REFERENCE_LIST));
         Select(window, {POINTS_ITEM, 3});
-        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE), L"廃線");
-        EXPECT_EQ(window.EntryCount(WIDTH_STAKE_REFERENCE), 4);
-        EXPECT_FALSE(window.CanReach(WIDTH_STAKE_REFERENCE));
+        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE_LIST), L"廃線");
+        EXPECT_EQ(window.EntryCount(WIDTH_STAKE_REFERENCE_LIST), 4);
+        EXPECT_FALSE(window.CanReach(WIDTH_STAKE_REFERENCE_LIST));
     });
 }
 
@@ -603,19 +603,19 @@ TEST_F(ConvertDlgSelection, AGroupOfWidthStakesOpensItsPanel)
 {
     OpenAt({POINTS_ITEM, 2}, [](ScriptedDialog& window) {
         ExpectReach(window, Union({WIDTH_STAKE_SET}), Union({WIDTH_STAKE_SET}));
-        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE), NO_TEXT);
-        EXPECT_EQ(window.Text(CLOSURE_TYPE), L"閉合型");
-        EXPECT_EQ(window.Text(WIDTH_STAKE_DESC), L"用地");
+        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE_LIST), NO_TEXT);
+        EXPECT_EQ(window.Text(CLOSURE_TYPE_LIST), L"閉合型");
+        EXPECT_EQ(window.Text(WIDTH_STAKE_DESC_EDIT), L"用地");
     });
 }
 
 TEST_F(ConvertDlgSelection, AnUnknownWidthStakeTypeSelectsTheFirstEntry)
 {
     OpenAt({POINTS_ITEM, 3}, [&](ScriptedDialog& window) {
-        ExpectReach(window, Union({WIDTH_STAKE_SET}), Union({WIDTH_STAKE_SET}, {WIDTH_STAKE_REFERENCE}));
-        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE), L"支線");
-        EXPECT_EQ(window.Text(CLOSURE_TYPE), L"開放型");
-        EXPECT_EQ(window.Text(WIDTH_STAKE_DESC), NO_TEXT);
+        ExpectReach(window, Union({WIDTH_STAKE_SET}), Union({WIDTH_STAKE_SET}, {WIDTH_STAKE_REFERENCE_LIST}));
+        EXPECT_EQ(window.Text(WIDTH_STAKE_REFERENCE_LIST), L"支線");
+        EXPECT_EQ(window.Text(CLOSURE_TYPE_LIST), L"開放型");
+        EXPECT_EQ(window.Text(WIDTH_STAKE_DESC_EDIT), NO_TEXT);
         Select(window, {POINTS_ITEM});
         EXPECT_EQ(Data().cgPointsList.widthStakes[1]->type, L"open");
     });
@@ -630,7 +630,7 @@ TEST_F(ConvertDlgSelection, ASurfaceSetAndTheItemOfThePointGroupsLeaveTheAreaEmp
             ExpectReach(window, {}, {});
         }
         Select(window, {ROAD_ITEM});
-        window.ChooseTreeItem(TREE, nullptr);
+        window.ChooseTreeItem(OBJECT_TREE, nullptr);
         ExpectReach(window, {}, {});
     });
 }
@@ -640,7 +640,8 @@ TEST_F(ConvertDlgSelection, TheProjectStaysInReachWhateverIsSelected)
     for (const Path& path : {Path{ROAD_ITEM, 0}, Path{SURFACES_ITEM, 0}, Path{POINTS_ITEM, 0}, Path{SURFACES_ITEM}})
     {
         OpenAt(path, [](ScriptedDialog& window) {
-            for (const int control : {PROJECT_NAME, PROJECT_PHASE, APPLICATION_CRITERION, VERTICAL_DATUM, OUTPUT})
+            for (const int control : {PROJECT_NAME_EDIT, PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST,
+                                      VERTICAL_DATUM_LIST, OUTPUT_BUTTON})
             {
                 EXPECT_TRUE(window.CanReach(control)) << control;
             }
@@ -654,13 +655,13 @@ TEST_F(ConvertDlgSelection, ARadioOfASelectedRouteIsStoredAtOnce)
 {
     OpenAt({ROAD_ITEM}, [&](ScriptedDialog& window) {
         const DlgDataAlignments& route = *Data().alignmentsList[0];
-        window.Click(RIVER);
+        window.Click(RIVER_RADIO);
         EXPECT_EQ(route.designGmType, L"河川");
         ExpectReach(window, Union({ROUTE_SET}), Union({ROUTE_SET}, {1023, 1029}));
-        window.Click(ROAD);
+        window.Click(ROAD_RADIO);
         EXPECT_EQ(route.designGmType, L"道路");
         ExpectReach(window, Union({ROUTE_SET}), Union({ROUTE_SET}, {1025, 1030}));
-        EXPECT_EQ(window.Text(TRAFFIC_VOLUME), L"1000");
+        EXPECT_EQ(window.Text(TRAFFIC_VOLUME_EDIT), L"1000");
     });
 }
 
@@ -668,10 +669,10 @@ TEST_F(ConvertDlgSelection, ARadioBesideASelectedAlignmentReachesTheRouteWhenThe
 {
     OpenAt({ROAD_ITEM, 1}, [&](ScriptedDialog& window) {
         const DlgDataAlignments& route = *Data().alignmentsList[0];
-        window.Click(RIVER);
+        window.Click(RIVER_RADIO);
         EXPECT_EQ(route.designGmType, L"道路");
         ExpectReach(window, Union({ROUTE_SET, ALIGNMENT_SET}), Union({ROUTE_SET, ALIGNMENT_SET}, {1023, 1029}));
-        Choose(window, RIVER_CLASSIFICATION, L"準用");
+        Choose(window, RIVER_CLASSIFICATION_LIST, L"準用");
         Select(window, {RIVER_ITEM});
         EXPECT_EQ(route.designGmType, L"河川");
         EXPECT_EQ(route.riverClassification, L"準用");
@@ -681,11 +682,11 @@ TEST_F(ConvertDlgSelection, ARadioBesideASelectedAlignmentReachesTheRouteWhenThe
 TEST_F(ConvertDlgSelection, ASwitchedRouteShowsItsNewTypeWhenItIsSelectedAgain)
 {
     OpenAt({ROAD_ITEM}, [](ScriptedDialog& window) {
-        window.Click(RIVER);
+        window.Click(RIVER_RADIO);
         Select(window, {RIVER_ITEM});
         Select(window, {ROAD_ITEM});
-        EXPECT_TRUE(window.IsChecked(RIVER));
-        EXPECT_FALSE(window.IsChecked(ROAD));
+        EXPECT_TRUE(window.IsChecked(RIVER_RADIO));
+        EXPECT_FALSE(window.IsChecked(ROAD_RADIO));
     });
 }
 
@@ -694,8 +695,8 @@ TEST_F(ConvertDlgSelection, ASwitchedRouteShowsItsNewTypeWhenItIsSelectedAgain)
 TEST_F(ConvertDlgSelection, ARoadIsReadBack)
 {
     OpenAt({ROAD_ITEM}, [&](ScriptedDialog& window) {
-        Choose(window, ROAD_CLASSIFICATION, L"第3種第2級");
-        window.Type(TRAFFIC_VOLUME, L"250");
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第3種第2級");
+        window.Type(TRAFFIC_VOLUME_EDIT, L"250");
         const DlgDataAlignments& route = *Data().alignmentsList[0];
         EXPECT_EQ(route.roadClassification, NO_TEXT);
         EXPECT_EQ(route.trafficVolume, L"1000");
@@ -704,8 +705,8 @@ TEST_F(ConvertDlgSelection, ARoadIsReadBack)
         EXPECT_EQ(route.trafficVolume, L"250");
         EXPECT_EQ(route.side, NO_TEXT);
         Select(window, {ROAD_ITEM});
-        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION), L"第3種第2級");
-        window.Type(TRAFFIC_VOLUME, L"");
+        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION_LIST), L"第3種第2級");
+        window.Type(TRAFFIC_VOLUME_EDIT, L"");
         Select(window, {RIVER_ITEM});
         EXPECT_EQ(route.trafficVolume, NO_TEXT);
     });
@@ -714,12 +715,12 @@ TEST_F(ConvertDlgSelection, ARoadIsReadBack)
 TEST_F(ConvertDlgSelection, ARiverIsReadBackAndKeepsItsRoadValues)
 {
     OpenAt({ROAD_ITEM}, [&](ScriptedDialog& window) {
-        Choose(window, ROAD_CLASSIFICATION, L"第3種第2級");
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第3種第2級");
         Select(window, {RIVER_ITEM});
         Select(window, {ROAD_ITEM});
-        window.Click(RIVER);
-        Choose(window, RIVER_CLASSIFICATION, L"2級");
-        Choose(window, RIVER_SIDE, L"右岸");
+        window.Click(RIVER_RADIO);
+        Choose(window, RIVER_CLASSIFICATION_LIST, L"2級");
+        Choose(window, RIVER_SIDE_LIST, L"右岸");
         Select(window, {RIVER_ITEM});
         const DlgDataAlignments& route = *Data().alignmentsList[0];
         EXPECT_EQ(route.riverClassification, L"2級");
@@ -732,21 +733,21 @@ TEST_F(ConvertDlgSelection, ARiverIsReadBackAndKeepsItsRoadValues)
 TEST_F(ConvertDlgSelection, ListsWithoutASelectionLeaveTheField)
 {
     OpenAt({RIVER_ITEM}, [&](ScriptedDialog& window) {
-        window.SelectEntry(RIVER_SIDE, DialogWindow::NO_ENTRY);
+        window.SelectEntry(RIVER_SIDE_LIST, DialogWindow::NO_ENTRY);
         Select(window, {ROAD_ITEM, 0});
         EXPECT_EQ(Data().alignmentsList[1]->side, L"左岸");
-        window.SelectEntry(LANES, DialogWindow::NO_ENTRY);
-        window.SelectEntry(SUPERELEVATION_DEFINITION, DialogWindow::NO_ENTRY);
+        window.SelectEntry(LANES_LIST, DialogWindow::NO_ENTRY);
+        window.SelectEntry(SUPERELEVATION_DEFINITION_LIST, DialogWindow::NO_ENTRY);
         Select(window, {SURFACES_ITEM, 0});
         EXPECT_EQ(Data().alignmentsList[0]->alignments[0]->singleLaneRoad, 1);
         EXPECT_EQ(Data().alignmentsList[0]->alignments[0]->useSlopeList, 1);
-        window.SelectEntry(SURFACE_KIND, DialogWindow::NO_ENTRY);
-        window.SelectEntry(SURFACE_REFERENCE, DialogWindow::NO_ENTRY);
+        window.SelectEntry(SURFACE_KIND_LIST, DialogWindow::NO_ENTRY);
+        window.SelectEntry(SURFACE_REFERENCE_LIST, DialogWindow::NO_ENTRY);
         Select(window, {POINTS_ITEM, 2});
         EXPECT_EQ(Data().surfacesList[0]->surfaces[0]->kind, L"SubBase");
         EXPECT_EQ(Data().surfacesList[0]->surfaces[0]->alignmentRefs, L"本線");
-        window.SelectEntry(CLOSURE_TYPE, DialogWindow::NO_ENTRY);
-        window.Click(OUTPUT);
+        window.SelectEntry(CLOSURE_TYPE_LIST, DialogWindow::NO_ENTRY);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().cgPointsList.widthStakes[0]->type, L"closed");
     });
 }
@@ -754,9 +755,9 @@ TEST_F(ConvertDlgSelection, ListsWithoutASelectionLeaveTheField)
 TEST_F(ConvertDlgSelection, WithNeitherRadioNothingOfTheRouteIsReadBack)
 {
     OpenAt({ROAD_ITEM}, [&](ScriptedDialog& window) {
-        window.SetChecked(ROAD, false);
-        Choose(window, ROAD_CLASSIFICATION, L"第3種第2級");
-        window.Type(TRAFFIC_VOLUME, L"1");
+        window.SetChecked(ROAD_RADIO, false);
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第3種第2級");
+        window.Type(TRAFFIC_VOLUME_EDIT, L"1");
         Select(window, {RIVER_ITEM});
         EXPECT_EQ(Data().alignmentsList[0]->roadClassification, NO_TEXT);
         EXPECT_EQ(Data().alignmentsList[0]->trafficVolume, L"1000");
@@ -767,14 +768,14 @@ TEST_F(ConvertDlgSelection, WithNeitherRadioNothingOfTheRouteIsReadBack)
 TEST_F(ConvertDlgSelection, AnAlignmentIsReadBackWithItsRoute)
 {
     OpenAt({ROAD_ITEM, 1}, [&](ScriptedDialog& window) {
-        Choose(window, ROAD_CLASSIFICATION, L"第1種第1級");
-        window.Type(TRAFFIC_VOLUME, L"77");
-        window.Type(MAIN_INTERVAL, L"25");
-        window.Type(SUB_INTERVAL, L"12.5");
-        window.Type(NORMAL_CROWN, L"1.5");
-        Choose(window, METHOD, L"IP法");
-        Choose(window, LANES, L"一車線道路");
-        Choose(window, SUPERELEVATION_DEFINITION, L"任意片勾配");
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第1種第1級");
+        window.Type(TRAFFIC_VOLUME_EDIT, L"77");
+        window.Type(MAIN_INTERVAL_EDIT, L"25");
+        window.Type(SUB_INTERVAL_EDIT, L"12.5");
+        window.Type(NORMAL_CROWN_EDIT, L"1.5");
+        Choose(window, METHOD_LIST, L"IP法");
+        Choose(window, LANES_LIST, L"一車線道路");
+        Choose(window, SUPERELEVATION_DEFINITION_LIST, L"任意片勾配");
         Select(window, {POINTS_ITEM});
         const DlgDataAlignments& route = *Data().alignmentsList[0];
         EXPECT_EQ(route.roadClassification, L"第1種第1級");
@@ -787,8 +788,8 @@ TEST_F(ConvertDlgSelection, AnAlignmentIsReadBackWithItsRoute)
         EXPECT_EQ(alignment.singleLaneRoad, 1);
         EXPECT_EQ(alignment.useSlopeList, 1);
         Select(window, {ROAD_ITEM, 1});
-        Choose(window, LANES, L"多車線道路");
-        Choose(window, SUPERELEVATION_DEFINITION, L"片勾配すりつけ");
+        Choose(window, LANES_LIST, L"多車線道路");
+        Choose(window, SUPERELEVATION_DEFINITION_LIST, L"片勾配すりつけ");
         Select(window, {POINTS_ITEM});
         EXPECT_EQ(alignment.singleLaneRoad, 0);
         EXPECT_EQ(alignment.useSlopeList, 0);
@@ -798,28 +799,28 @@ TEST_F(ConvertDlgSelection, AnAlignmentIsReadBackWithItsRoute)
 TEST_F(ConvertDlgSelection, ASurfaceIsReadBack)
 {
     OpenAt({SURFACES_ITEM, 1}, [&](ScriptedDialog& window) {
-        Choose(window, SURFACE_REFERENCE, L"支線");
-        Choose(window, SURFACE_KIND, L"掘削面");
+        Choose(window, SURFACE_REFERENCE_LIST, L"支線");
+        Choose(window, SURFACE_KIND_LIST, L"掘削面");
         Select(window, {SURFACES_ITEM, 0});
         const DlgDataSurface& surface = *Data().surfacesList[0]->surfaces[1];
         EXPECT_EQ(surface.alignmentRefs, L"支線");
         EXPECT_EQ(surface.kind, L"Excavation");
         EXPECT_EQ(surface.loadedKind, L"ExistingGround");
         Select(window, {SURFACES_ITEM, 1});
-        EXPECT_EQ(window.Text(SURFACE_REFERENCE), L"支線");
-        EXPECT_TRUE(window.IsEnabled(SURFACE_REFERENCE));
+        EXPECT_EQ(window.Text(SURFACE_REFERENCE_LIST), L"支線");
+        EXPECT_TRUE(window.IsEnabled(SURFACE_REFERENCE_LIST));
     });
 }
 
 TEST_F(ConvertDlgSelection, PointGroupsAreReadBack)
 {
     OpenAt({POINTS_ITEM, 0}, [&](ScriptedDialog& window) {
-        Choose(window, INTERMEDIATE_REFERENCE, L"堤防");
+        Choose(window, INTERMEDIATE_REFERENCE_LIST, L"堤防");
         Select(window, {POINTS_ITEM, 2});
         EXPECT_EQ(Data().cgPointsList.intermediate[0]->alignmentRefs, L"堤防");
-        Choose(window, WIDTH_STAKE_REFERENCE, L"本線");
-        Choose(window, CLOSURE_TYPE, L"開放型");
-        window.Type(WIDTH_STAKE_DESC, L"");
+        Choose(window, WIDTH_STAKE_REFERENCE_LIST, L"本線");
+        Choose(window, CLOSURE_TYPE_LIST, L"開放型");
+        window.Type(WIDTH_STAKE_DESC_EDIT, L"");
         Select(window, {POINTS_ITEM});
         const DlgDataCgPointsWidthStake& group = *Data().cgPointsList.widthStakes[0];
         EXPECT_EQ(group.alignmentRefs, L"本線");
@@ -832,8 +833,8 @@ TEST_F(ConvertDlgSelection, AnEntryWithoutATextLeavesTheReferenceEmpty)
 {
     Model().alignments[0].alignments[0].name.clear();
     OpenAt({POINTS_ITEM, 0}, [&](ScriptedDialog& window) {
-        EXPECT_EQ(window.Entries(INTERMEDIATE_REFERENCE), (Lines{L"", L"支線", L"堤防"}));
-        EXPECT_TRUE(window.ChooseEntry(INTERMEDIATE_REFERENCE, 0));
+        EXPECT_EQ(window.Entries(INTERMEDIATE_REFERENCE_LIST), (Lines{L"", L"支線", L"堤防"}));
+        EXPECT_TRUE(window.ChooseEntry(INTERMEDIATE_REFERENCE_LIST, 0));
         Select(window, {POINTS_ITEM});
         EXPECT_EQ(Data().cgPointsList.intermediate[0]->alignmentRefs, NO_TEXT);
     });
@@ -842,7 +843,7 @@ TEST_F(ConvertDlgSelection, AnEntryWithoutATextLeavesTheReferenceEmpty)
 TEST_F(ConvertDlgSelection, AGroupWithoutAReferenceIsReported)
 {
     OpenAt({POINTS_ITEM, 0}, [&](ScriptedDialog& window) {
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         const Lines& errors = Data().errors;
         EXPECT_EQ(std::count(errors.begin(), errors.end(), L"中間点の参照線形が入力されていません。"), 1);
         EXPECT_EQ(std::count(errors.begin(), errors.end(), L"幅杭の参照線形が入力されていません。"), 1);
@@ -852,13 +853,13 @@ TEST_F(ConvertDlgSelection, AGroupWithoutAReferenceIsReported)
 TEST_F(ConvertDlgSelection, TheProjectIsReadBackAtTheOutputCommandAlone)
 {
     OpenAt({ROAD_ITEM}, [&](ScriptedDialog& window) {
-        window.Type(PROJECT_NAME, L"別の工事");
-        Choose(window, PROJECT_PHASE, L"施工");
-        Choose(window, APPLICATION_CRITERION, L"1.5");
-        Choose(window, VERTICAL_DATUM, L"A.P（吉野川）");
+        window.Type(PROJECT_NAME_EDIT, L"別の工事");
+        Choose(window, PROJECT_PHASE_LIST, L"施工");
+        Choose(window, APPLICATION_CRITERION_LIST, L"1.5");
+        Choose(window, VERTICAL_DATUM_LIST, L"A.P（吉野川）");
         Select(window, {RIVER_ITEM});
         EXPECT_EQ(Data().projectName, L"改良工事");
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().projectName, L"別の工事");
         EXPECT_EQ(Data().projectPhase, L"施工");
         EXPECT_EQ(Data().applicationCriterion, L"MlitLandXmlVer.1.5");
@@ -868,9 +869,9 @@ TEST_F(ConvertDlgSelection, TheProjectIsReadBackAtTheOutputCommandAlone)
         EXPECT_EQ(Data().horizontalCoordinateSystemName, L"9(X,Y)");
         EXPECT_EQ(Data().verticalDatum, L"A.P");
         EXPECT_EQ(Data().differTP, L"-0.8333");
-        window.SelectEntry(VERTICAL_DATUM, DialogWindow::NO_ENTRY);
-        window.SelectEntry(PROJECT_PHASE, DialogWindow::NO_ENTRY);
-        window.Click(OUTPUT);
+        window.SelectEntry(VERTICAL_DATUM_LIST, DialogWindow::NO_ENTRY);
+        window.SelectEntry(PROJECT_PHASE_LIST, DialogWindow::NO_ENTRY);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(Data().projectPhase, L"施工");
         EXPECT_EQ(Data().verticalDatum, L"A.P");
         EXPECT_EQ(Data().differTP, L"0.0000");
@@ -911,7 +912,7 @@ TEST_P(ConvertDlgTyping, TakesBackWhatIsNoNumber)
 
 TEST_P(ConvertDlgTyping, TakesBackWhatIsTooLarge)
 {
-    const bool traffic = GetParam() == TRAFFIC_VOLUME;
+    const bool traffic = GetParam() == TRAFFIC_VOLUME_EDIT;
     Open([&](ScriptedDialog& window) {
         Select(window, {ROAD_ITEM, 1});
         window.Type(GetParam(), L"");
@@ -964,12 +965,13 @@ TEST_P(ConvertDlgTyping, WithoutAFormerTextLeavesWhatStands)
 }
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgTyping,
-                         testing::Values(MAIN_INTERVAL, SUB_INTERVAL, NORMAL_CROWN, TRAFFIC_VOLUME));
+                         testing::Values(MAIN_INTERVAL_EDIT, SUB_INTERVAL_EDIT, NORMAL_CROWN_EDIT,
+                                         TRAFFIC_VOLUME_EDIT));
 
 TEST_F(ConvertDlgSelection, OtherEditsTakeAnyText)
 {
     OpenAt({POINTS_ITEM, 2}, [](ScriptedDialog& window) {
-        for (const int edit : {PROJECT_NAME, WIDTH_STAKE_DESC})
+        for (const int edit : {PROJECT_NAME_EDIT, WIDTH_STAKE_DESC_EDIT})
         {
             window.Type(edit, L"1e3 -x");
             EXPECT_EQ(window.Text(edit), L"1e3 -x");
@@ -983,9 +985,9 @@ TEST_F(ConvertDlgSelection, WhatTheFilterRefusesOfTheModelIsShownEmpty)
     Model().alignments[0].alignments[0].mainInterval = 12345.0;
     Model().alignments[0].alignments[0].normalCrown = -2.0;
     OpenAt({ROAD_ITEM, 0}, [&](ScriptedDialog& window) {
-        EXPECT_EQ(window.Text(TRAFFIC_VOLUME), NO_TEXT);
-        EXPECT_EQ(window.Text(MAIN_INTERVAL), NO_TEXT);
-        EXPECT_EQ(window.Text(NORMAL_CROWN), NO_TEXT);
+        EXPECT_EQ(window.Text(TRAFFIC_VOLUME_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(MAIN_INTERVAL_EDIT), NO_TEXT);
+        EXPECT_EQ(window.Text(NORMAL_CROWN_EDIT), NO_TEXT);
         Select(window, {RIVER_ITEM});
         EXPECT_EQ(Data().alignmentsList[0]->trafficVolume, NO_TEXT);
         EXPECT_EQ(Data().alignmentsList[0]->alignments[0]->mainInterval, L"12345.0000");
@@ -996,10 +998,10 @@ TEST_F(ConvertDlgSelection, WhatTheFilterRefusesOfTheModelIsShownEmpty)
 TEST_F(ConvertDlgSelection, WhatIsPutBackIsOfTheObjectThatIsShown)
 {
     OpenAt({ROAD_ITEM, 0}, [](ScriptedDialog& window) {
-        window.Type(NORMAL_CROWN, L"3");
+        window.Type(NORMAL_CROWN_EDIT, L"3");
         Select(window, {ROAD_ITEM, 1});
-        window.Type(NORMAL_CROWN, L"x");
-        EXPECT_EQ(window.Text(NORMAL_CROWN), NO_TEXT);
+        window.Type(NORMAL_CROWN_EDIT, L"x");
+        EXPECT_EQ(window.Text(NORMAL_CROWN_EDIT), NO_TEXT);
     });
 }
 
@@ -1042,7 +1044,7 @@ class ConvertDlgOutput : public ConvertDlgTest
     static void Complete(ScriptedDialog& window)
     {
         Select(window, {0});
-        Choose(window, ROAD_CLASSIFICATION, L"第3種第2級");
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第3種第2級");
     }
 
     std::vector<SaveFileRequest> requests;
@@ -1054,7 +1056,7 @@ TEST_F(ConvertDlgOutput, WritesTheFileAndEndsAccepted)
     targets = {folder.Name(L"out.xml")};
     EXPECT_EQ(Open([&](ScriptedDialog& window) {
                   Complete(window);
-                  EXPECT_TRUE(window.Click(OUTPUT));
+                  EXPECT_TRUE(window.Click(OUTPUT_BUTTON));
                   EXPECT_TRUE(window.HasEnded());
               }),
               DialogResult::Accepted);
@@ -1072,7 +1074,7 @@ TEST_F(ConvertDlgOutput, AsksForAnXmlFileWithoutAName)
 {
     Open([&](ScriptedDialog& window) {
         Complete(window);
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
     });
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_STREQ(requests[0].defaultExtension, L"xml");
@@ -1094,13 +1096,13 @@ TEST_F(ConvertDlgOutput, FindingsAreListedOverTheDialogThatStaysOpen)
 {
     const std::wstring before = Dump(Model());
     EXPECT_EQ(Open([&](ScriptedDialog& window) {
-                  window.Type(PROJECT_NAME, L"");
-                  window.Click(OUTPUT);
+                  window.Type(PROJECT_NAME_EDIT, L"");
+                  window.Click(OUTPUT_BUTTON);
                   EXPECT_FALSE(window.HasEnded());
                   EXPECT_EQ(Data().errors, (Lines{L"プロジェクト名称が入力されていません。",
                                                   L"道路の規格・等級が入力されていません。"}));
-                  EXPECT_TRUE(window.CanReach(OUTPUT));
-                  window.Click(OUTPUT);
+                  EXPECT_TRUE(window.CanReach(OUTPUT_BUTTON));
+                  window.Click(OUTPUT_BUTTON);
               }),
               DialogResult::Cancelled);
     const Lines listed = {L"プロジェクト名称が入力されていません。", L"道路の規格・等級が入力されていません。"};
@@ -1116,14 +1118,14 @@ TEST_F(ConvertDlgOutput, FindingsAreCopiedInTheOrderFoundAndShownInTextOrder)
     Lines shown;
     Lines errors;
     Open([&](ScriptedDialog& window) {
-        window.Type(PROJECT_NAME, L"");
+        window.Type(PROJECT_NAME_EDIT, L"");
         windows.SetUser([&](ScriptedDialog& list) {
-            EXPECT_FALSE(window.CanReach(OUTPUT));
+            EXPECT_FALSE(window.CanReach(OUTPUT_BUTTON));
             added = list.AddedEntries(JLandXMLErrorDlg::MESSAGE_LIST);
             shown = list.Entries(JLandXMLErrorDlg::MESSAGE_LIST);
             list.Click(ACCEPT_COMMAND);
         });
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         errors = Data().errors;
     });
     EXPECT_EQ(added, errors);
@@ -1136,7 +1138,7 @@ TEST_F(ConvertDlgOutput, FindingsAreCopiedInTheOrderFoundAndShownInTextOrder)
 TEST_F(ConvertDlgOutput, TwoRoutesWithTheSameGapAreListedTwice)
 {
     Model().alignments.push_back(Model().alignments.front());
-    Open([](ScriptedDialog& window) { window.Click(OUTPUT); });
+    Open([](ScriptedDialog& window) { window.Click(OUTPUT_BUTTON); });
     const std::wstring finding = L"道路の規格・等級が入力されていません。";
     EXPECT_EQ(findings, std::vector<Lines>{(Lines{finding, finding})});
 }
@@ -1146,11 +1148,11 @@ TEST_F(ConvertDlgOutput, AClassificationOfTheInputHasToBeChosenAgain)
     Model().alignments[0].roadClassification = L"第1種第1級";
     Open([&](ScriptedDialog& window) {
         Select(window, {0});
-        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION), NO_TEXT);
-        window.Click(OUTPUT);
+        EXPECT_EQ(window.Text(ROAD_CLASSIFICATION_LIST), NO_TEXT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(findings.back(), Lines{L"道路の規格・等級が入力されていません。"});
-        Choose(window, ROAD_CLASSIFICATION, L"第1種第1級");
-        window.Click(OUTPUT);
+        Choose(window, ROAD_CLASSIFICATION_LIST, L"第1種第1級");
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(findings.size(), 1U);
         EXPECT_EQ(requests.size(), 1U);
     });
@@ -1162,13 +1164,13 @@ TEST_F(ConvertDlgOutput, AFlagWithoutAValueStaysSoUnlessItsAlignmentIsSelected)
     alignment.singleLaneRoad = alignment.useSlopeList = -1;
     Open([&](ScriptedDialog& window) {
         Complete(window);
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(alignment.singleLaneRoad, -1);
         EXPECT_EQ(alignment.useSlopeList, -1);
         Select(window, {0, 0});
-        EXPECT_EQ(window.Text(LANES), L"一車線道路");
-        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION), L"任意片勾配");
-        window.Click(OUTPUT);
+        EXPECT_EQ(window.Text(LANES_LIST), L"一車線道路");
+        EXPECT_EQ(window.Text(SUPERELEVATION_DEFINITION_LIST), L"任意片勾配");
+        window.Click(OUTPUT_BUTTON);
         EXPECT_EQ(alignment.singleLaneRoad, 1);
         EXPECT_EQ(alignment.useSlopeList, 1);
     });
@@ -1180,7 +1182,7 @@ TEST_F(ConvertDlgOutput, ACancelledFileChoiceKeepsTheDialogOpenAndTheModelApplie
 {
     EXPECT_EQ(Open([&](ScriptedDialog& window) {
                   Complete(window);
-                  window.Click(OUTPUT);
+                  window.Click(OUTPUT_BUTTON);
                   EXPECT_FALSE(window.HasEnded());
                   EXPECT_EQ(Model().alignments[0].roadClassification, L"第3種第2級");
               }),
@@ -1193,7 +1195,7 @@ TEST_F(ConvertDlgOutput, OutputAfterACancelledFileChoiceAppliesAgainWithTheSameR
     targets = {folder.Name(L"once.xml")};
     Open([&](ScriptedDialog& window) {
         Complete(window);
-        window.Click(OUTPUT);
+        window.Click(OUTPUT_BUTTON);
     });
     const std::wstring once = Dump(Model());
     const std::string file = folder.Read(L"once.xml");
@@ -1201,10 +1203,10 @@ TEST_F(ConvertDlgOutput, OutputAfterACancelledFileChoiceAppliesAgainWithTheSameR
     LoadRoad();
     EXPECT_EQ(Open([&](ScriptedDialog& window) {
                   Complete(window);
-                  window.Click(OUTPUT);
+                  window.Click(OUTPUT_BUTTON);
                   const std::wstring applied = Dump(Model());
                   targets = {folder.Name(L"twice.xml")};
-                  window.Click(OUTPUT);
+                  window.Click(OUTPUT_BUTTON);
                   EXPECT_EQ(Dump(Model()), applied);
               }),
               DialogResult::Accepted);
@@ -1217,7 +1219,7 @@ TEST_F(ConvertDlgOutput, ATargetThatCannotBeWrittenEndsTheDialogInSilence)
     targets = {folder.Name(L"missing/out.xml")};
     EXPECT_EQ(Open([&](ScriptedDialog& window) {
                   Complete(window);
-                  window.Click(OUTPUT);
+                  window.Click(OUTPUT_BUTTON);
               }),
               DialogResult::Accepted);
     EXPECT_FALSE(Context().fileWritten);
@@ -1231,9 +1233,9 @@ TEST_F(ConvertDlgOutput, ClosingTheDialogLeavesTheModelAsItWasLoaded)
     {
         EXPECT_EQ(Open([&](ScriptedDialog& window) {
                       Complete(window);
-                      window.Type(TRAFFIC_VOLUME, L"5");
-                      window.Type(PROJECT_NAME, L"");
-                      window.Click(OUTPUT);
+                      window.Type(TRAFFIC_VOLUME_EDIT, L"5");
+                      window.Type(PROJECT_NAME_EDIT, L"");
+                      window.Click(OUTPUT_BUTTON);
                       EXPECT_TRUE(escape ? window.PressEscape() : window.Click(CANCEL_COMMAND));
                       EXPECT_TRUE(window.HasEnded());
                   }),

@@ -97,14 +97,14 @@ class ConvertDlgTest : public RunTest
         TreeItem item = nullptr;
         for (const std::size_t place : path)
         {
-            item = window.TreeChildren(convert_dlg::TREE, item).at(place);
+            item = window.TreeChildren(convert_dlg::OBJECT_TREE, item).at(place);
         }
         return item;
     }
 
     static void Select(ScriptedDialog& window, std::initializer_list<std::size_t> path)
     {
-        EXPECT_TRUE(window.ChooseTreeItem(convert_dlg::TREE, ItemAt(window, path)));
+        EXPECT_TRUE(window.ChooseTreeItem(convert_dlg::OBJECT_TREE, ItemAt(window, path)));
     }
 
     static void Choose(ScriptedDialog& window, int list, const std::wstring& text)

@@ -152,20 +152,20 @@ void CompareState(const OwnState& before, int call)
 void FillIn(DialogHands& dialog)
 {
     using namespace convert_dlg;
-    const std::vector<TreeItem> top = dialog.TreeChildren(TREE, nullptr);
-    dialog.ChooseTreeItem(TREE, top.front());
-    dialog.ChooseEntry(ROAD_CLASSIFICATION, 1);
-    dialog.ChooseTreeItem(TREE, dialog.TreeChildren(TREE, top.front()).front());
-    dialog.Type(NORMAL_CROWN, L"2.0");
-    dialog.ChooseTreeItem(TREE, dialog.TreeChildren(TREE, top.back()).back());
-    dialog.Type(WIDTH_STAKE_DESC, L"用地境界");
+    const std::vector<TreeItem> top = dialog.TreeChildren(OBJECT_TREE, nullptr);
+    dialog.ChooseTreeItem(OBJECT_TREE, top.front());
+    dialog.ChooseEntry(ROAD_CLASSIFICATION_LIST, 1);
+    dialog.ChooseTreeItem(OBJECT_TREE, dialog.TreeChildren(OBJECT_TREE, top.front()).front());
+    dialog.Type(NORMAL_CROWN_EDIT, L"2.0");
+    dialog.ChooseTreeItem(OBJECT_TREE, dialog.TreeChildren(OBJECT_TREE, top.back()).back());
+    dialog.Type(WIDTH_STAKE_DESC_EDIT, L"用地境界");
 }
 
 void Output(const std::wstring& path)
 {
     const auto dialog = WaitForDialog(KnownDialog::Main);
     FillIn(*dialog);
-    dialog->Click(convert_dlg::OUTPUT);
+    dialog->Click(convert_dlg::OUTPUT_BUTTON);
     AnswerSaveDialog(path);
     WaitUntilGone(KnownDialog::Main);
 }

@@ -63,7 +63,7 @@ TreeItem ItemAt(const DialogHands& dialog, std::initializer_list<std::size_t> pa
     TreeItem item = nullptr;
     for (const std::size_t place : path)
     {
-        item = dialog.TreeChildren(TREE, item).at(place);
+        item = dialog.TreeChildren(OBJECT_TREE, item).at(place);
     }
     return item;
 }
@@ -82,10 +82,10 @@ TEST(Journey, NothingIsSelectedAtTheStart)
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
         Picture(L"main");
-        EXPECT_FALSE(dialog->IsEnabled(ROAD));
-        EXPECT_FALSE(dialog->IsEnabled(MAIN_INTERVAL));
-        EXPECT_FALSE(dialog->IsShown(SURFACE_REFERENCE));
-        EXPECT_FALSE(dialog->IsChecked(ROAD));
+        EXPECT_FALSE(dialog->IsEnabled(ROAD_RADIO));
+        EXPECT_FALSE(dialog->IsEnabled(MAIN_INTERVAL_EDIT));
+        EXPECT_FALSE(dialog->IsShown(SURFACE_REFERENCE_LIST));
+        EXPECT_FALSE(dialog->IsChecked(ROAD_RADIO));
         dialog->PressEscape();
     });
 }
@@ -102,14 +102,15 @@ TEST(Journey, EveryPanelShowsWhatIsSelected)
                                                               {L"width-stakes", ItemAt(*dialog, {2, 1})}};
         for (const auto& [name, item] : panels)
         {
-            dialog->ChooseTreeItem(TREE, item);
+            dialog->ChooseTreeItem(OBJECT_TREE, item);
             Picture(name);
             const std::wstring panel = name;
-            EXPECT_EQ(dialog->IsShown(ROAD), panel == L"route" || panel == L"alignment") << Utf8FromWide(panel);
-            EXPECT_EQ(dialog->IsShown(MAIN_INTERVAL), panel == L"alignment") << Utf8FromWide(panel);
-            EXPECT_EQ(dialog->IsShown(SURFACE_KIND), panel == L"surface") << Utf8FromWide(panel);
-            EXPECT_EQ(dialog->IsShown(INTERMEDIATE_REFERENCE), panel == L"intermediate-points") << Utf8FromWide(panel);
-            EXPECT_EQ(dialog->IsShown(CLOSURE_TYPE), panel == L"width-stakes") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(ROAD_RADIO), panel == L"route" || panel == L"alignment") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(MAIN_INTERVAL_EDIT), panel == L"alignment") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(SURFACE_KIND_LIST), panel == L"surface") << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(INTERMEDIATE_REFERENCE_LIST), panel == L"intermediate-points")
+                << Utf8FromWide(panel);
+            EXPECT_EQ(dialog->IsShown(CLOSURE_TYPE_LIST), panel == L"width-stakes") << Utf8FromWide(panel);
         }
         dialog->PressEscape();
     });
@@ -125,15 +126,15 @@ struct Typing
 TEST(Journey, TheFilterRefusesCharacterByCharacter)
 {
     const Typing typings[] = {
-        {NORMAL_CROWN, L"1.5.", L"1.5"},         {NORMAL_CROWN, L"01", L"0"},
-        {NORMAL_CROWN, L"0.5", L"0.5"},          {NORMAL_CROWN, L"-1", L"1"},
-        {NORMAL_CROWN, L"12345", L"1234"},       {NORMAL_CROWN, L"a1b2", L"12"},
-        {TRAFFIC_VOLUME, L"1234567", L"123456"}, {TRAFFIC_VOLUME, L"12 3", L"123"},
-        {TRAFFIC_VOLUME, L".5", L"5"},
+        {NORMAL_CROWN_EDIT, L"1.5.", L"1.5"},         {NORMAL_CROWN_EDIT, L"01", L"0"},
+        {NORMAL_CROWN_EDIT, L"0.5", L"0.5"},          {NORMAL_CROWN_EDIT, L"-1", L"1"},
+        {NORMAL_CROWN_EDIT, L"12345", L"1234"},       {NORMAL_CROWN_EDIT, L"a1b2", L"12"},
+        {TRAFFIC_VOLUME_EDIT, L"1234567", L"123456"}, {TRAFFIC_VOLUME_EDIT, L"12 3", L"123"},
+        {TRAFFIC_VOLUME_EDIT, L".5", L"5"},
     };
     Call(Example(L"road"), [&] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0, 0}));
         for (const Typing& typing : typings)
         {
             dialog->Type(typing.control, L"");
@@ -151,11 +152,11 @@ TEST(Journey, WhatCameWithTheInputIsLocked)
 {
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
-        EXPECT_EQ(Utf8FromWide(dialog->Text(MAIN_INTERVAL)), "20.0000");
-        EXPECT_FALSE(dialog->CanReach(MAIN_INTERVAL));
-        EXPECT_FALSE(dialog->Type(MAIN_INTERVAL, L"10"));
-        EXPECT_TRUE(dialog->CanReach(NORMAL_CROWN));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0, 0}));
+        EXPECT_EQ(Utf8FromWide(dialog->Text(MAIN_INTERVAL_EDIT)), "20.0000");
+        EXPECT_FALSE(dialog->CanReach(MAIN_INTERVAL_EDIT));
+        EXPECT_FALSE(dialog->Type(MAIN_INTERVAL_EDIT, L"10"));
+        EXPECT_TRUE(dialog->CanReach(NORMAL_CROWN_EDIT));
         dialog->PressEscape();
     });
 }
@@ -164,17 +165,17 @@ TEST(Journey, ARoadAndARiverEnableTheirOwnControls)
 {
     Call(Example(L"river"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
-        EXPECT_TRUE(dialog->IsChecked(RIVER));
-        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE));
-        EXPECT_FALSE(dialog->CanReach(TRAFFIC_VOLUME));
-        dialog->Click(ROAD);
-        EXPECT_FALSE(dialog->IsChecked(RIVER));
-        EXPECT_FALSE(dialog->CanReach(RIVER_SIDE));
-        EXPECT_TRUE(dialog->CanReach(TRAFFIC_VOLUME));
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {1}));
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
-        EXPECT_TRUE(dialog->IsChecked(ROAD));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0}));
+        EXPECT_TRUE(dialog->IsChecked(RIVER_RADIO));
+        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE_LIST));
+        EXPECT_FALSE(dialog->CanReach(TRAFFIC_VOLUME_EDIT));
+        dialog->Click(ROAD_RADIO);
+        EXPECT_FALSE(dialog->IsChecked(RIVER_RADIO));
+        EXPECT_FALSE(dialog->CanReach(RIVER_SIDE_LIST));
+        EXPECT_TRUE(dialog->CanReach(TRAFFIC_VOLUME_EDIT));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {1}));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0}));
+        EXPECT_TRUE(dialog->IsChecked(ROAD_RADIO));
         dialog->PressEscape();
     });
 }
@@ -183,12 +184,13 @@ TEST(Journey, TheTabKeyReachesEveryEnabledControlInReadingOrder)
 {
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        EXPECT_TRUE(WaitForFocus(PROJECT_NAME));
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0, 0}));
+        EXPECT_TRUE(WaitForFocus(PROJECT_NAME_EDIT));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0, 0}));
         for (const int control :
-             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
-              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE, ROAD, ROAD_CLASSIFICATION, TRAFFIC_VOLUME,
-              SUB_INTERVAL, NORMAL_CROWN, LANES, SUPERELEVATION_DEFINITION, PROJECT_NAME})
+             {PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST, SOFTWARE_NAME_EDIT, SOFTWARE_VERSION_EDIT,
+              HORIZONTAL_DATUM_EDIT, VERTICAL_DATUM_LIST, HORIZONTAL_COORDINATE_SYSTEM_EDIT, OUTPUT_BUTTON,
+              CANCEL_COMMAND, OBJECT_TREE, ROAD_RADIO, ROAD_CLASSIFICATION_LIST, TRAFFIC_VOLUME_EDIT, SUB_INTERVAL_EDIT,
+              NORMAL_CROWN_EDIT, LANES_LIST, SUPERELEVATION_DEFINITION_LIST, PROJECT_NAME_EDIT})
         {
             PressKey(Key::Tab);
             EXPECT_TRUE(WaitForFocus(control)) << control;
@@ -201,17 +203,17 @@ TEST(Journey, TheArrowKeysMoveThroughTheTreeAndTheRadios)
 {
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
-        for (const int control :
-             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
-              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE})
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0}));
+        for (const int control : {PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST, SOFTWARE_NAME_EDIT,
+                                  SOFTWARE_VERSION_EDIT, HORIZONTAL_DATUM_EDIT, VERTICAL_DATUM_LIST,
+                                  HORIZONTAL_COORDINATE_SYSTEM_EDIT, OUTPUT_BUTTON, CANCEL_COMMAND, OBJECT_TREE})
         {
             PressKey(Key::Tab);
             ASSERT_TRUE(WaitForFocus(control)) << control;
         }
         PressKey(Key::Down);
         // The first control of an alignment that can be typed into.
-        for (const int control : {ROAD, ROAD_CLASSIFICATION, TRAFFIC_VOLUME, SUB_INTERVAL})
+        for (const int control : {ROAD_RADIO, ROAD_CLASSIFICATION_LIST, TRAFFIC_VOLUME_EDIT, SUB_INTERVAL_EDIT})
         {
             PressKey(Key::Tab);
             EXPECT_TRUE(WaitForFocus(control)) << control;
@@ -220,18 +222,19 @@ TEST(Journey, TheArrowKeysMoveThroughTheTreeAndTheRadios)
     });
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->ChooseTreeItem(TREE, ItemAt(*dialog, {0}));
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {0}));
         for (const int control :
-             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
-              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND, TREE, ROAD})
+             {PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST, SOFTWARE_NAME_EDIT, SOFTWARE_VERSION_EDIT,
+              HORIZONTAL_DATUM_EDIT, VERTICAL_DATUM_LIST, HORIZONTAL_COORDINATE_SYSTEM_EDIT, OUTPUT_BUTTON,
+              CANCEL_COMMAND, OBJECT_TREE, ROAD_RADIO})
         {
             PressKey(Key::Tab);
             ASSERT_TRUE(WaitForFocus(control)) << control;
         }
         PressKey(Key::Down);
-        EXPECT_TRUE(WaitForFocus(RIVER));
-        EXPECT_TRUE(dialog->IsChecked(RIVER));
-        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE));
+        EXPECT_TRUE(WaitForFocus(RIVER_RADIO));
+        EXPECT_TRUE(dialog->IsChecked(RIVER_RADIO));
+        EXPECT_TRUE(dialog->CanReach(RIVER_SIDE_LIST));
         dialog->PressEscape();
     });
 }
@@ -241,9 +244,9 @@ TEST(Journey, SortedListsFollowJapaneseWhateverTheUsersLocale)
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
         using Texts = std::vector<std::wstring>;
-        EXPECT_EQ(dialog->Entries(CLOSURE_TYPE), (Texts{L"開放型", L"閉合型"}));
-        EXPECT_EQ(dialog->Entries(RIVER_SIDE), (Texts{L"右岸", L"左岸"}));
-        EXPECT_EQ(dialog->Entries(RIVER_CLASSIFICATION), (Texts{L"1級", L"2級", L"準用", L"普通"}));
+        EXPECT_EQ(dialog->Entries(CLOSURE_TYPE_LIST), (Texts{L"開放型", L"閉合型"}));
+        EXPECT_EQ(dialog->Entries(RIVER_SIDE_LIST), (Texts{L"右岸", L"左岸"}));
+        EXPECT_EQ(dialog->Entries(RIVER_CLASSIFICATION_LIST), (Texts{L"1級", L"2級", L"準用", L"普通"}));
         dialog->PressEscape();
     });
 }
@@ -252,10 +255,10 @@ TEST(Journey, FindingsAreListedAndTheDialogGoesOn)
 {
     Call(Example(L"two-routes"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        dialog->Click(OUTPUT);
+        dialog->Click(OUTPUT_BUTTON);
         const auto errors = WaitForDialog(KnownDialog::Errors);
         Picture(L"errors");
-        EXPECT_FALSE(dialog->CanReach(PROJECT_NAME));
+        EXPECT_FALSE(dialog->CanReach(PROJECT_NAME_EDIT));
         std::vector<std::string> texts;
         for (const std::wstring& text : errors->Entries(JLandXMLErrorDlg::MESSAGE_LIST))
         {
@@ -266,7 +269,7 @@ TEST(Journey, FindingsAreListedAndTheDialogGoesOn)
         errors->PressEnter();
         WaitUntilGone(KnownDialog::Errors);
         const auto again = WaitForDialog(KnownDialog::Main);
-        EXPECT_TRUE(again->CanReach(PROJECT_NAME));
+        EXPECT_TRUE(again->CanReach(PROJECT_NAME_EDIT));
         again->Click(CANCEL_COMMAND);
     });
 }
@@ -278,11 +281,11 @@ TEST(Journey, AfterACancelledSaveDialogTheOutputIsGivenAgain)
     Call(Example(L"road"), [&] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
         Act(*dialog, L"road");
-        dialog->Click(OUTPUT);
+        dialog->Click(OUTPUT_BUTTON);
         AnswerSaveDialog(std::nullopt);
         const auto again = WaitForDialog(KnownDialog::Main);
         EXPECT_FALSE(PathExists(out));
-        again->Click(OUTPUT);
+        again->Click(OUTPUT_BUTTON);
         AnswerSaveDialog(Typed(out));
     });
     EXPECT_EQ(ReadWholeFile(out), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
@@ -295,7 +298,7 @@ TEST(Journey, AnExistingFileIsReplacedOnlyWhenAskedFor)
     Call(Example(L"road"), [&] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
         Act(*dialog, L"road");
-        dialog->Click(OUTPUT);
+        dialog->Click(OUTPUT_BUTTON);
         AnswerSaveDialog(Typed(out));
         AnswerQuestion(false);
         EXPECT_EQ(ReadWholeFile(out), "former");
@@ -311,7 +314,7 @@ TEST(Journey, ANameWithoutAnExtensionGetsTheDefaultOne)
     Call(Example(L"road"), [&] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
         Act(*dialog, L"road");
-        dialog->Click(OUTPUT);
+        dialog->Click(OUTPUT_BUTTON);
         AnswerSaveDialog(Typed(folder.Name(L"out")));
     });
     EXPECT_EQ(ReadWholeFile(folder.Name(L"out.xml")), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
@@ -321,9 +324,9 @@ TEST(Journey, EnterPressesTheButtonThatHasTheFocus)
 {
     Call(Example(L"road"), [] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        for (const int control :
-             {PROJECT_PHASE, APPLICATION_CRITERION, SOFTWARE_NAME, SOFTWARE_VERSION, HORIZONTAL_DATUM, VERTICAL_DATUM,
-              HORIZONTAL_COORDINATE_SYSTEM, OUTPUT, CANCEL_COMMAND})
+        for (const int control : {PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST, SOFTWARE_NAME_EDIT,
+                                  SOFTWARE_VERSION_EDIT, HORIZONTAL_DATUM_EDIT, VERTICAL_DATUM_LIST,
+                                  HORIZONTAL_COORDINATE_SYSTEM_EDIT, OUTPUT_BUTTON, CANCEL_COMMAND})
         {
             PressKey(Key::Tab);
             ASSERT_TRUE(WaitForFocus(control)) << control;
@@ -345,7 +348,7 @@ TEST(Journey, ALongTextGoesThroughWhole)
             name + "'/></Alignments></LandXML>");
     Call(folder.Name(), [&] {
         const auto dialog = WaitForDialog(KnownDialog::Main);
-        EXPECT_EQ(dialog->Text(PROJECT_NAME).size(), name.size());
+        EXPECT_EQ(dialog->Text(PROJECT_NAME_EDIT).size(), name.size());
         dialog->PressEscape();
     });
 }

@@ -134,7 +134,7 @@ void WorkMainDialog(const Case& one, const Json& settings, Sight& sight)
         dialog->PressEscape();
         return;
     }
-    dialog->Click(convert_dlg::OUTPUT);
+    dialog->Click(convert_dlg::OUTPUT_BUTTON);
     WaitUntilGone(KnownDialog::Main);
 }
 

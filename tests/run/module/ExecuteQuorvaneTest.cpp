@@ -54,8 +54,8 @@ TEST_F(ExecuteQuorvaneTest, AModelThatCannotBeWrittenEndsTheDialogAsAWrittenOneD
     folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
     const std::wstring out = folder.Name(L"out.xml");
     windows.SetUser([](ScriptedDialog& dialog) {
-        dialog.Type(convert_dlg::PROJECT_NAME, L"p");
-        dialog.Click(convert_dlg::OUTPUT);
+        dialog.Type(convert_dlg::PROJECT_NAME_EDIT, L"p");
+        dialog.Click(convert_dlg::OUTPUT_BUTTON);
     });
     windows.SetSaveFileAnswer([&](const SaveFileRequest&) { return out; });
     ExecuteQuorvane(folder.Name().c_str(), 1);
