@@ -32,16 +32,16 @@ constexpr SettingKey PROJECT_KEYS[] = {
 constexpr SettingKey ROUTE_KEYS[] = {
     {"designGmType", SettingKind::RouteKind, ROAD_RADIO},
     {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION_LIST, nullptr, ROAD_ONLY},
-    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME_EDIT, &TRAFFIC_VOLUME_INPUT, ROAD_ONLY},
+    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME_EDIT, &TRAFFIC_VOLUME_RULE, ROAD_ONLY},
     {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION_LIST, nullptr, RIVER_ONLY},
     {"side", SettingKind::Entry, RIVER_SIDE_LIST, nullptr, RIVER_ONLY},
 };
 
 constexpr SettingKey ALIGNMENT_KEYS[] = {
-    {"mainInterval", SettingKind::Text, MAIN_INTERVAL_EDIT, &MAIN_INTERVAL_INPUT, LOCKED},
-    {"subInterval", SettingKind::Text, SUB_INTERVAL_EDIT, &SUB_INTERVAL_INPUT, LOCKED},
+    {"mainInterval", SettingKind::Text, MAIN_INTERVAL_EDIT, &MAIN_INTERVAL_RULE, LOCKED},
+    {"subInterval", SettingKind::Text, SUB_INTERVAL_EDIT, &SUB_INTERVAL_RULE, LOCKED},
     {"method", SettingKind::Entry, METHOD_LIST, nullptr, LOCKED},
-    {"normalCrown", SettingKind::Text, NORMAL_CROWN_EDIT, &NORMAL_CROWN_INPUT},
+    {"normalCrown", SettingKind::Text, NORMAL_CROWN_EDIT, &NORMAL_CROWN_RULE},
     {"singleLaneRoad", SettingKind::Flag, LANES_LIST},
     {"useSlopeList", SettingKind::Flag, SUPERELEVATION_DEFINITION_LIST},
 };

@@ -9,7 +9,7 @@ namespace jlandxml
 {
 
 class DlgDataItem;
-struct NumberInputRule;
+struct NumberRule;
 
 /// Settings as they are read: a key is found at once among however many.
 using Json = nlohmann::json;
@@ -41,7 +41,7 @@ struct SettingKey
     SettingKind kind;
     int control;
     /// What may be typed, in a filtered edit.
-    const NumberInputRule* input = nullptr;
+    const NumberRule* input = nullptr;
     /// Why the control may be disabled.
     const char* disabled = "いまは変更できません";
 };

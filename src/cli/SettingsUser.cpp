@@ -75,12 +75,12 @@ void AddUnlessNull(PrintedJson& target, const char* name, PrintedJson value)
     }
 }
 
-SettingsError Refused(const std::string& path, const std::wstring& text, const NumberInputRule* rule)
+SettingsError Refused(const std::string& path, const std::wstring& text, const NumberRule* rule)
 {
     std::string problem = Quoted(text) + "は入力できません";
     if (rule != nullptr)
     {
-        problem += "（" + NumberText(rule->minimum) + "から" + NumberText(rule->maximum) + "までの数値、小数第" +
+        problem += "（" + NumberText(rule->typedMinimum) + "から" + NumberText(rule->maximum) + "までの数値、小数第" +
                    std::to_string(rule->digitsAfterPoint) + "位まで）";
     }
     return {path, problem};

@@ -52,20 +52,18 @@ constexpr VocabularyList VOCABULARY_LISTS[] = {
     {CLOSURE_TYPE_LIST, VocabularyIndex::ClosureType},
 };
 
-/// The edits whose text is checked at each change, and what is said when that fails. The words are those of the
-/// checks, not the labels beside the edits.
+/// The edits whose text is checked at each change.
 struct FilteredEdit
 {
     int control;
-    const NumberInputRule& rule;
-    const wchar_t* failure;
+    const NumberRule& rule;
 };
 
 constexpr FilteredEdit FILTERED_EDITS[] = {
-    {MAIN_INTERVAL_EDIT, MAIN_INTERVAL_INPUT, L"主点間隔の変更処理中にエラーが発生しました。"},
-    {SUB_INTERVAL_EDIT, SUB_INTERVAL_INPUT, L"副点間隔の変更処理中にエラーが発生しました。"},
-    {NORMAL_CROWN_EDIT, NORMAL_CROWN_INPUT, L"標準横断の変更処理中にエラーが発生しました。"},
-    {TRAFFIC_VOLUME_EDIT, TRAFFIC_VOLUME_INPUT, L"設計交通量の変更処理中にエラーが発生しました。"},
+    {MAIN_INTERVAL_EDIT, MAIN_INTERVAL_RULE},
+    {SUB_INTERVAL_EDIT, SUB_INTERVAL_RULE},
+    {NORMAL_CROWN_EDIT, NORMAL_CROWN_RULE},
+    {TRAFFIC_VOLUME_EDIT, TRAFFIC_VOLUME_RULE},
 };
 
 constexpr std::span<const int> ALL_SETS[] = {ROUTE_SET, ALIGNMENT_SET, SURFACE_SET, INTERMEDIATE_SET, WIDTH_STAKE_SET};
@@ -288,11 +286,11 @@ void JLandXmlConvertDlg::OnTextChanged(int control)
                                           [&](const FilteredEdit& one) { return one.control == control; });
     if (edit != std::end(FILTERED_EDITS))
     {
-        Handle(edit->failure, [&] { ValidateEdit(control, edit->rule); });
+        Handle(edit->rule.changeFailure, [&] { ValidateEdit(control, edit->rule); });
     }
 }
 
-void JLandXmlConvertDlg::ValidateEdit(int control, const NumberInputRule& rule)
+void JLandXmlConvertDlg::ValidateEdit(int control, const NumberRule& rule)
 {
     RunStage<EditValidationException>(VALIDATE_EDIT, [&] {
         const std::wstring text = Window().Text(control);

@@ -72,7 +72,7 @@ class JLandXmlConvertDlg : public Dialog
 
     /// Takes the last good text back if what now stands in the edit may not stand there. Throws
     /// EditValidationException.
-    void ValidateEdit(int control, const NumberInputRule& rule);
+    void ValidateEdit(int control, const NumberRule& rule);
 
   protected:
     /// Tells the type for GetNodeType.

@@ -2,29 +2,29 @@
 
 #include "base/Numbers.h"
 
-#include <regex>
-
 namespace jlandxml
 {
 
 namespace
 {
 
-constexpr int MOST_DECIMALS = 10;
-constexpr int BOUND_DIGITS = 4;
+constexpr int BOUND_DIGITS = 4; ///< of a bound in a finding
 
-/// Digits, a point and digits. Whether there are too many in front of a missing point, the value tells.
-bool FitsPattern(const NumberInputRule& rule, std::wstring_view text)
+constexpr std::wstring_view DIGITS = L"0123456789";
+
+/// Digits, a point and digits. Without a point all digits may stand in front of it: what is too large, the value tells.
+bool HasTheDigits(const NumberRule& rule, std::wstring_view text)
 {
-    // No text that fits is longer, and the matcher's stack grows with the text.
-    const int longest = rule.digitsBeforePoint + 1 + rule.digitsAfterPoint;
-    if (text.size() > static_cast<std::size_t>(longest))
+    const auto beforePoint = static_cast<std::size_t>(rule.digitsBeforePoint);
+    const auto afterPoint = static_cast<std::size_t>(rule.digitsAfterPoint);
+    const std::size_t point = text.find_first_not_of(DIGITS);
+    if (point == std::wstring_view::npos)
     {
-        return false;
+        return text.size() <= beforePoint + afterPoint;
     }
-    const std::wregex pattern(L"^[0-9]{0," + std::to_wstring(rule.digitsBeforePoint) + L"}(\\.?[0-9]{0," +
-                              std::to_wstring(rule.digitsAfterPoint) + L"})?$");
-    return std::regex_match(text.begin(), text.end(), pattern);
+    const std::wstring_view decimals = text.substr(point + 1);
+    return text[point] == L'.' && point <= beforePoint && decimals.size() <= afterPoint &&
+           decimals.find_first_not_of(DIGITS) == std::wstring_view::npos;
 }
 
 bool BeginsLikeANumber(std::wstring_view text)
@@ -35,18 +35,18 @@ bool BeginsLikeANumber(std::wstring_view text)
 
 } // namespace
 
-bool AcceptsInput(const NumberInputRule& rule, std::wstring_view text)
+bool AcceptsInput(const NumberRule& rule, std::wstring_view text)
 {
     if (text.empty())
     {
         return true;
     }
-    if (!FitsPattern(rule, text) || !BeginsLikeANumber(text))
+    if (!HasTheDigits(rule, text) || !BeginsLikeANumber(text))
     {
         return false;
     }
     const double value = ParseDouble(text).value;
-    return value >= rule.minimum && value <= rule.maximum;
+    return value >= rule.typedMinimum && value <= rule.maximum;
 }
 
 std::wstring MissingMessage(const wchar_t* item)
@@ -54,26 +54,26 @@ std::wstring MissingMessage(const wchar_t* item)
     return item + std::wstring(L"が入力されていません。");
 }
 
-std::wstring CheckNumber(std::wstring_view text, const NumberItem& item)
+std::wstring CheckNumber(std::wstring_view text, const NumberRule& rule)
 {
     if (text.empty())
     {
-        return MissingMessage(item.name);
+        return MissingMessage(rule.item);
     }
     const ParsedDouble parsed = ParseDouble(text);
     if (parsed.length != text.size())
     {
-        return item.name + std::wstring(L"は数値を入力してください。");
+        return rule.item + std::wstring(L"は数値を入力してください。");
     }
-    if (parsed.value < item.minimum || parsed.value > item.maximum)
+    if (parsed.value < rule.minimum || parsed.value > rule.maximum)
     {
-        return item.name + (L"は" + FormatFixed(item.minimum, BOUND_DIGITS)) + L"から" +
-               FormatFixed(item.maximum, BOUND_DIGITS) + L"の範囲内で入力してください。";
+        return rule.item + (L"は" + FormatFixed(rule.minimum, BOUND_DIGITS)) + L"から" +
+               FormatFixed(rule.maximum, BOUND_DIGITS) + L"の範囲内で入力してください。";
     }
     const std::size_t point = text.find(L'.');
-    if (point != std::wstring_view::npos && text.size() - point - 1 > MOST_DECIMALS)
+    if (point != std::wstring_view::npos && text.size() - point - 1 > static_cast<std::size_t>(rule.digitsAfterPoint))
     {
-        return item.name + (L"は小数第" + std::to_wstring(MOST_DECIMALS)) + L"位までの値を入力してください。";
+        return rule.item + (L"は小数第" + std::to_wstring(rule.digitsAfterPoint)) + L"位までの値を入力してください。";
     }
     return {};
 }

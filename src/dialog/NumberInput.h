@@ -6,34 +6,37 @@
 namespace jlandxml
 {
 
-/// What may be typed into a numeric edit control.
-struct NumberInputRule
+/// What a number of the dialog may be: in its edit while it is typed, and in the data when they are checked. All bounds
+/// are included.
+struct NumberRule
 {
-    const wchar_t* item; ///< what the control holds
-    double minimum;
-    double maximum;
-    int digitsBeforePoint;
-    int digitsAfterPoint;
+    const wchar_t* item;          ///< what findings call the number
+    double typedMinimum;          ///< while it is typed: who types 0.5 passes 0
+    double minimum;               ///< when it is checked
+    double maximum;               ///< both
+    int digitsBeforePoint;        ///< while it is typed
+    int digitsAfterPoint;         ///< both
+    const wchar_t* changeFailure; ///< what is told if the check of a change fails; not always in the item's words
 };
 
-inline constexpr NumberInputRule MAIN_INTERVAL_INPUT{L"主測点間隔", 0.0, 9999.999, 4, 10};
-inline constexpr NumberInputRule SUB_INTERVAL_INPUT{L"副測点間隔", 0.0, 9999.999, 4, 10};
-inline constexpr NumberInputRule NORMAL_CROWN_INPUT{L"直線部横断勾配", 0.0, 9999.999, 4, 10};
-inline constexpr NumberInputRule TRAFFIC_VOLUME_INPUT{L"設計交通量", 0.0, 999999.0, 6, 10};
+/// Metres.
+inline constexpr NumberRule MAIN_INTERVAL_RULE{
+    L"主測点間隔", 0.0, 0.001, 9999.999, 4, 10, L"主点間隔の変更処理中にエラーが発生しました。"};
+/// Metres.
+inline constexpr NumberRule SUB_INTERVAL_RULE{
+    L"副測点間隔", 0.0, 0.001, 9999.999, 4, 10, L"副点間隔の変更処理中にエラーが発生しました。"};
+/// Percent.
+inline constexpr NumberRule NORMAL_CROWN_RULE{
+    L"直線部横断勾配", 0.0, 0.001, 9999.999, 4, 10, L"標準横断の変更処理中にエラーが発生しました。"};
+/// Vehicles a day.
+inline constexpr NumberRule TRAFFIC_VOLUME_RULE{
+    L"設計交通量", 0.0, 0.0, 999999.0, 6, 10, L"設計交通量の変更処理中にエラーが発生しました。"};
 
-/// True for a text that typing may leave in the control. The empty text may always stand there.
-bool AcceptsInput(const NumberInputRule& rule, std::wstring_view text);
+/// True for a text that typing may leave in an edit. The empty text may always stand there.
+bool AcceptsInput(const NumberRule& rule, std::wstring_view text);
 
-/// What a text must hold when the data are checked, both bounds included.
-struct NumberItem
-{
-    const wchar_t* name;
-    double minimum;
-    double maximum;
-};
-
-/// The finding about a text that is to hold a number with up to ten decimals; empty if there is none.
-std::wstring CheckNumber(std::wstring_view text, const NumberItem& item);
+/// The finding about a text that is to hold the number; empty if there is none.
+std::wstring CheckNumber(std::wstring_view text, const NumberRule& rule);
 
 /// "…が入力されていません。"
 std::wstring MissingMessage(const wchar_t* item);

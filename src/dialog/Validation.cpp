@@ -24,10 +24,12 @@ constexpr RequiredText REQUIRED_TEXTS[] = {
     {&JLandXmlConvertDlgData::horizontalCoordinateSystemName, L"水平座標系"},
 };
 
-constexpr NumberItem TRAFFIC_VOLUME{TRAFFIC_VOLUME_INPUT.item, 0.0, 999999.0}; // vehicles per day
-constexpr NumberItem MAIN_INTERVAL{MAIN_INTERVAL_INPUT.item, 0.001, 9999.999}; // metres
-constexpr NumberItem SUB_INTERVAL{SUB_INTERVAL_INPUT.item, 0.001, 9999.999};   // metres
-constexpr NumberItem NORMAL_CROWN{NORMAL_CROWN_INPUT.item, 0.001, 9999.999};   // percent
+constexpr const wchar_t* ROAD_CLASSIFICATION_ITEM = L"道路の規格・等級";
+constexpr const wchar_t* RIVER_CLASSIFICATION_ITEM = L"河川の規格・等級";
+constexpr const wchar_t* RIVER_SIDE_ITEM = L"左右岸区分";
+constexpr const wchar_t* INTERMEDIATE_REFERENCE_ITEM = L"中間点の参照線形";
+constexpr const wchar_t* WIDTH_STAKE_REFERENCE_ITEM = L"幅杭の参照線形";
+constexpr const wchar_t* WIDTH_STAKE_DESC_ITEM = L"注記";
 
 constexpr const wchar_t* NEWEST_DATUM = L"JGD2024";
 constexpr OutputVersion FIRST_WITH_NEWEST_DATUM = VersionNumber(L"1.7");
@@ -69,25 +71,25 @@ void CheckRoute(const DlgDataAlignments& route, Findings& findings)
 {
     if (route.designGmType.empty() || route.designGmType == ROAD_DESIGN)
     {
-        findings.Require(route.Classification(), L"道路の規格・等級");
-        findings.Add(CheckNumber(route.trafficVolume, TRAFFIC_VOLUME));
+        findings.Require(route.Classification(), ROAD_CLASSIFICATION_ITEM);
+        findings.Add(CheckNumber(route.trafficVolume, TRAFFIC_VOLUME_RULE));
         return;
     }
-    findings.Require(route.Classification(), L"河川の規格・等級");
-    findings.Require(route.side, L"左右岸区分");
+    findings.Require(route.Classification(), RIVER_CLASSIFICATION_ITEM);
+    findings.Require(route.side, RIVER_SIDE_ITEM);
 }
 
 void CheckAlignment(const DlgDataAlignment& alignment, Findings& findings)
 {
-    findings.Add(CheckNumber(alignment.mainInterval, MAIN_INTERVAL));
+    findings.Add(CheckNumber(alignment.mainInterval, MAIN_INTERVAL_RULE));
     if (!alignment.subInterval.empty())
     {
-        findings.Add(CheckNumber(alignment.subInterval, SUB_INTERVAL));
+        findings.Add(CheckNumber(alignment.subInterval, SUB_INTERVAL_RULE));
     }
     // The free slope list gives the cross fall itself.
     if (alignment.useSlopeList == 0 || !alignment.normalCrown.empty())
     {
-        findings.Add(CheckNumber(alignment.normalCrown, NORMAL_CROWN));
+        findings.Add(CheckNumber(alignment.normalCrown, NORMAL_CROWN_RULE));
     }
 }
 
@@ -115,12 +117,12 @@ bool JLandXmlConvertDlgData::Validate()
     }
     for (const auto& group : cgPointsList.intermediate)
     {
-        findings.Require(group->alignmentRefs, L"中間点の参照線形");
+        findings.Require(group->alignmentRefs, INTERMEDIATE_REFERENCE_ITEM);
     }
     for (const auto& group : cgPointsList.widthStakes)
     {
-        findings.Require(group->alignmentRefs, L"幅杭の参照線形");
-        findings.Require(group->desc, L"注記");
+        findings.Require(group->alignmentRefs, WIDTH_STAKE_REFERENCE_ITEM);
+        findings.Require(group->desc, WIDTH_STAKE_DESC_ITEM);
     }
     hasError = !errors.empty();
     return hasError;

@@ -345,7 +345,7 @@ TEST_P(ConvertDlgFailures, OfTypingHaveTheirClass)
         FailAt(MAIN_INTERVAL_EDIT);
         try
         {
-            opened.ValidateEdit(MAIN_INTERVAL_EDIT, MAIN_INTERVAL_INPUT);
+            opened.ValidateEdit(MAIN_INTERVAL_EDIT, MAIN_INTERVAL_RULE);
             FAIL();
         }
         catch (const CException& exception)

@@ -2,16 +2,19 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <regex>
 
 namespace jlandxml
 {
 namespace
 {
 
-constexpr NumberInputRule RULES[] = {MAIN_INTERVAL_INPUT, SUB_INTERVAL_INPUT, NORMAL_CROWN_INPUT, TRAFFIC_VOLUME_INPUT};
+constexpr NumberRule RULES[] = {MAIN_INTERVAL_RULE, SUB_INTERVAL_RULE, NORMAL_CROWN_RULE, TRAFFIC_VOLUME_RULE};
 
 /// What may stand in a control, told without a pattern. For texts of up to six characters.
-bool NaivelyAccepted(const NumberInputRule& rule, const std::wstring& text)
+bool NaivelyAccepted(const NumberRule& rule, const std::wstring& text)
 {
     if (text.empty())
     {
@@ -47,13 +50,81 @@ TEST(NumberInput, EveryTextOfSixCharactersIsJudgedAsByAPlainReading)
         }
     }
     ASSERT_EQ(texts.size(), 1U + 7 + 49 + 343 + 2401 + 16807 + 117649);
-    for (const NumberInputRule& rule : RULES)
+    for (const NumberRule& rule : RULES)
     {
         for (const std::wstring& text : texts)
         {
             ASSERT_EQ(AcceptsInput(rule, text), NaivelyAccepted(rule, text)) << testing::PrintToString(text);
         }
     }
+}
+
+/// The pattern that a text has to match as a whole while it is typed.
+std::wregex PatternOf(const NumberRule& rule)
+{
+    return std::wregex(L"^[0-9]{0," + std::to_wstring(rule.digitsBeforePoint) + L"}(\\.?[0-9]{0," +
+                       std::to_wstring(rule.digitsAfterPoint) + L"})?$");
+}
+
+/// A rule that leaves the decision to the digits.
+NumberRule DigitsAlone(int beforePoint, int afterPoint)
+{
+    return {L"", 0.0, 0.0, std::numeric_limits<double>::max(), beforePoint, afterPoint, L""};
+}
+
+bool AcceptedByPattern(const std::wregex& pattern, const std::wstring& text)
+{
+    const bool needlessZero = text.size() > 1 && text[0] == L'0' && text[1] != L'.';
+    return text.empty() || (std::regex_match(text, pattern) && !needlessZero && text[0] != L'.');
+}
+
+TEST(NumberInput, CountsTheDigitsOfEveryShortTextAsThePatternDoes)
+{
+    std::vector<std::wstring> texts = {L""};
+    for (std::size_t first = 0; texts[first].size() < 7; ++first)
+    {
+        for (const wchar_t letter : std::wstring_view(L"07.x"))
+        {
+            texts.push_back(texts[first] + letter);
+        }
+    }
+    constexpr std::pair<int, int> DIGIT_COUNTS[] = {{0, 0}, {1, 0}, {0, 2}, {1, 1}, {2, 3}, {3, 1}, {4, 10}};
+    for (const auto& [beforePoint, afterPoint] : DIGIT_COUNTS)
+    {
+        const NumberRule rule = DigitsAlone(beforePoint, afterPoint);
+        const std::wregex pattern = PatternOf(rule);
+        for (const std::wstring& text : texts)
+        {
+            ASSERT_EQ(AcceptsInput(rule, text), AcceptedByPattern(pattern, text))
+                << beforePoint << ' ' << afterPoint << testing::PrintToString(text);
+        }
+    }
+}
+
+TEST(NumberInput, CountsTheDigitsOfLongTextsAsThePatternDoes)
+{
+    std::mt19937 random(10);
+    // Digits above all, so that many texts stand just at the limits; a full-width and an Arabic digit, which are none.
+    constexpr std::wstring_view LETTERS = L"1234567890123456789012345678901234567890.. -e１٣";
+    int accepted = 0;
+    for (const auto& [beforePoint, afterPoint] : {std::pair(4, 10), std::pair(6, 10)})
+    {
+        const NumberRule rule = DigitsAlone(beforePoint, afterPoint);
+        const std::wregex pattern = PatternOf(rule);
+        for (int count = 0; count < 100000; ++count)
+        {
+            std::wstring text(random() % 20, L' ');
+            std::generate(text.begin(), text.end(), [&] { return LETTERS[random() % LETTERS.size()]; });
+            if (random() % 2 == 0)
+            {
+                std::replace_if(
+                    text.begin(), text.end(), [](wchar_t one) { return one < L'.' || one > L'9'; }, L'5');
+            }
+            ASSERT_EQ(AcceptsInput(rule, text), AcceptedByPattern(pattern, text)) << testing::PrintToString(text);
+            accepted += AcceptsInput(rule, text) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(accepted, 50000);
 }
 
 struct InputCase
@@ -68,10 +139,10 @@ class Input : public testing::TestWithParam<InputCase>
 
 TEST_P(Input, IsAcceptedByPatternAndBounds)
 {
-    EXPECT_EQ(AcceptsInput(MAIN_INTERVAL_INPUT, GetParam().text), GetParam().interval);
-    EXPECT_EQ(AcceptsInput(SUB_INTERVAL_INPUT, GetParam().text), GetParam().interval);
-    EXPECT_EQ(AcceptsInput(NORMAL_CROWN_INPUT, GetParam().text), GetParam().interval);
-    EXPECT_EQ(AcceptsInput(TRAFFIC_VOLUME_INPUT, GetParam().text), GetParam().traffic);
+    EXPECT_EQ(AcceptsInput(MAIN_INTERVAL_RULE, GetParam().text), GetParam().interval);
+    EXPECT_EQ(AcceptsInput(SUB_INTERVAL_RULE, GetParam().text), GetParam().interval);
+    EXPECT_EQ(AcceptsInput(NORMAL_CROWN_RULE, GetParam().text), GetParam().interval);
+    EXPECT_EQ(AcceptsInput(TRAFFIC_VOLUME_RULE, GetParam().text), GetParam().traffic);
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberInput, Input,
@@ -89,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(NumberInput, Input,
 
 TEST(NumberInput, ALongTextIsRefusedWithoutADeepStack)
 {
-    EXPECT_FALSE(AcceptsInput(MAIN_INTERVAL_INPUT, std::wstring(5000000, L'1')));
+    EXPECT_FALSE(AcceptsInput(MAIN_INTERVAL_RULE, std::wstring(5000000, L'1')));
 }
 
 struct NumberCase
@@ -103,7 +174,7 @@ class NumberCheck : public testing::TestWithParam<NumberCase>
 
 TEST_P(NumberCheck, GivesTheFirstFinding)
 {
-    EXPECT_EQ(CheckNumber(GetParam().text, {L"主測点間隔", 0.001, 9999.999}), GetParam().finding);
+    EXPECT_EQ(CheckNumber(GetParam().text, MAIN_INTERVAL_RULE), GetParam().finding);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -127,8 +198,8 @@ TEST(NumberInput, DecimalsAreCountedUpToTen)
 {
     for (std::size_t decimals = 0; decimals <= 14; ++decimals)
     {
-        const std::wstring finding = CheckNumber(L"1." + std::wstring(decimals, L'1'), {L"x", 0.0, 9.0});
-        EXPECT_EQ(finding, decimals <= 10 ? L"" : L"xは小数第10位までの値を入力してください。");
+        const std::wstring finding = CheckNumber(L"1." + std::wstring(decimals, L'1'), MAIN_INTERVAL_RULE);
+        EXPECT_EQ(finding, decimals <= 10 ? L"" : L"主測点間隔は小数第10位までの値を入力してください。");
     }
 }
 

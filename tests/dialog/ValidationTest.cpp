@@ -173,7 +173,7 @@ TEST_F(ValidationTest, AnEmptyProjectNameAndDatumAreTwoFindings)
 
 TEST_F(ValidationTest, AZeroMayBeTypedAndIsOutOfRange)
 {
-    EXPECT_TRUE(AcceptsInput(MAIN_INTERVAL_INPUT, L"0"));
+    EXPECT_TRUE(AcceptsInput(MAIN_INTERVAL_RULE, L"0"));
     Alignment().mainInterval = L"0";
     EXPECT_EQ(Findings(), Messages{L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"});
 }
