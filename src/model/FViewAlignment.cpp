@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <variant>
 
 namespace jlandxml
 {
@@ -13,14 +14,128 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* DESC = L"desc";
-constexpr const wchar_t* STA_START = L"staStart";
 constexpr const wchar_t* DEFAULT_METHOD = L"要素法";
 constexpr const wchar_t* MULTI_LANE = L"多車線";
 constexpr const wchar_t* NO = L"いいえ";
-constexpr const wchar_t* TRUE_TEXT = L"true";
-constexpr const wchar_t* FALSE_TEXT = L"false";
+
+constexpr OutputVersion FIRST_WITH_WIDENING_LIST = VersionNumber(L"1.5");
+
+constexpr int DESIGN_DIGITS = 4;
+constexpr std::int32_t NO_VALUE = -1;
+
+/// A text, the same in `desc` and in a `Property`.
+struct TextField
+{
+    std::wstring FViewAlignment::*field;
+
+    void TakeDesc(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = text; }
+    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = text; }
+
+    void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
+    {
+        if (!(alignment.*field).empty())
+        {
+            properties.emplace_back(label, alignment.*field);
+        }
+    }
+};
+
+/// A number, the same in `desc` and in a `Property`.
+struct NumberField
+{
+    double FViewAlignment::*field;
+    int digits;
+
+    void TakeDesc(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = ReadNumber(text); }
+    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const { TakeDesc(alignment, text); }
+
+    void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
+    {
+        if (alignment.*field != UNSET_DOUBLE)
+        {
+            properties.emplace_back(label, NumberText(alignment.*field, digits));
+        }
+    }
+};
+
+/// A choice of two: in `desc` one word means 0 and any other 1, in a `Property` "true" means 1 and any other word 0.
+struct FlagField
+{
+    std::int32_t FViewAlignment::*field;
+    std::wstring_view zeroInDesc;
+
+    void TakeDesc(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        alignment.*field = text == zeroInDesc ? 0 : 1;
+    }
+    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        alignment.*field = text == format_word::TRUE_TEXT ? 1 : 0;
+    }
+
+    void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
+    {
+        if (alignment.*field != NO_VALUE)
+        {
+            properties.emplace_back(label, alignment.*field != 0 ? format_word::TRUE_TEXT : format_word::FALSE_TEXT);
+        }
+    }
+};
+
+/// Cross slopes, one `Property` for each; the label repeats.
+struct SlopesField
+{
+    PiCmCopyList<FViewSlopeValue> FViewAlignment::*list;
+
+    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        FViewSlopeValue slopeValue;
+        if (ParseSlopeValueText(text, slopeValue))
+        {
+            (alignment.*list).push_back(std::move(slopeValue));
+        }
+    }
+
+    void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
+    {
+        for (const FViewSlopeValue& slopeValue : alignment.*list)
+        {
+            properties.emplace_back(label, FormatSlopeValueText(slopeValue, alignment.singleLaneRoad), false);
+        }
+    }
+};
+
+/// Points of a widening, one `Property` for each; the label repeats.
+struct WideningsField
+{
+    PiCmCopyList<FViewWidening> FViewAlignment::*list;
+
+    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        FViewWidening widening;
+        if (ParseWideningText(text, widening.station, widening.width, widening.code))
+        {
+            (alignment.*list).push_back(std::move(widening));
+        }
+    }
+
+    void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
+    {
+        for (const FViewWidening& widening : alignment.*list)
+        {
+            properties.emplace_back(label, FormatWideningText(widening), false);
+        }
+    }
+};
+
+/// One design value, as `desc` and as a `Property` give it and as it is written.
+struct DesignValue
+{
+    const wchar_t* feature; ///< in which it is written; read it is in any of the design features
+    const wchar_t* label;
+    std::variant<TextField, NumberField, FlagField, SlopesField, WideningsField> field;
+    std::array<const wchar_t*, 2> descKeys; ///< null: none. The second wins
+};
 
 constexpr const wchar_t* HORIZONTAL = L"Horizontal";
 constexpr const wchar_t* INTERVAL = L"Interval";
@@ -28,139 +143,66 @@ constexpr const wchar_t* SUPERELEVATION_CONFIG = L"SuperelevationConfig";
 constexpr const wchar_t* SLOPE_LIST = L"SlopeList";
 constexpr const wchar_t* WIDENING_LIST = L"WideningList";
 
-constexpr const wchar_t* CROSS_SECTS = L"CrossSects";
-constexpr const wchar_t* PROF_ALIGN_REFS = L"profAlignRefs";
+/// The design values in the order in which they are written.
+constexpr DesignValue DESIGN_VALUES[] = {
+    {HORIZONTAL, L"method", TextField{&FViewAlignment::method}, {desc_key::DESIGN_METHOD, desc_key::ALIGNMENT_METHOD}},
+    {INTERVAL, L"main", NumberField{&FViewAlignment::mainInterval, DESIGN_DIGITS}, {desc_key::MAIN_INTERVAL}},
+    {INTERVAL, L"sub", NumberField{&FViewAlignment::subInterval, DESIGN_DIGITS}, {desc_key::SUB_INTERVAL}},
+    {SUPERELEVATION_CONFIG,
+     L"normalCrown",
+     NumberField{&FViewAlignment::normalCrown, DESIGN_DIGITS},
+     {desc_key::NORMAL_CROWN}},
+    {SUPERELEVATION_CONFIG,
+     L"singleLaneRoad",
+     FlagField{&FViewAlignment::singleLaneRoad, MULTI_LANE},
+     {desc_key::SINGLE_LANE_ROAD}},
+    {SUPERELEVATION_CONFIG, L"useSlopeList", FlagField{&FViewAlignment::useSlopeList, NO}, {desc_key::USE_SLOPE_LIST}},
+    {SLOPE_LIST, L"slopeValue", SlopesField{&FViewAlignment::slopeList}, {}},
+    {WIDENING_LIST, L"widthLeftValue", WideningsField{&FViewAlignment::widthLeftValue}, {}},
+    {WIDENING_LIST, L"widthRightValue", WideningsField{&FViewAlignment::widthRightValue}, {}},
+};
 
-constexpr const wchar_t* METHOD = L"method";
-constexpr const wchar_t* MAIN = L"main";
-constexpr const wchar_t* SUB = L"sub";
-constexpr const wchar_t* NORMAL_CROWN = L"normalCrown";
-constexpr const wchar_t* SINGLE_LANE_ROAD = L"singleLaneRoad";
-constexpr const wchar_t* USE_SLOPE_LIST = L"useSlopeList";
-constexpr const wchar_t* SLOPE_VALUE = L"slopeValue";
-constexpr const wchar_t* WIDTH_LEFT_VALUE = L"widthLeftValue";
-constexpr const wchar_t* WIDTH_RIGHT_VALUE = L"widthRightValue";
-
-constexpr OutputVersion FIRST_WITH_WIDENING_LIST = VersionNumber(L"1.5");
-
-constexpr int DESIGN_DIGITS = 4;
-constexpr std::int32_t NO_VALUE = -1;
-
-constexpr std::array DESIGN_FEATURES = {INTERVAL, SUPERELEVATION_CONFIG, SLOPE_LIST, HORIZONTAL, WIDENING_LIST};
-
-/// Built anew at each export, behind the other children. "Horizontal" keeps its place and is updated.
-constexpr std::array REBUILT_FEATURES = {INTERVAL, SUPERELEVATION_CONFIG, SLOPE_LIST, WIDENING_LIST};
-
-struct DescTextField
+/// One `Feature` of design values, and when it is written.
+struct DesignFeature
 {
-    const wchar_t* key;
+    const wchar_t* name;
+    bool (*applies)(const FViewAlignment& alignment);
+};
+
+/// In the order in which they are written.
+constexpr DesignFeature DESIGN_FEATURES[] = {
+    {HORIZONTAL, [](const FViewAlignment&) { return true; }},
+    {INTERVAL, [](const FViewAlignment&) { return true; }},
+    {SUPERELEVATION_CONFIG, [](const FViewAlignment&) { return true; }},
+    {SLOPE_LIST, [](const FViewAlignment& alignment) { return alignment.useSlopeList != 0; }},
+    {WIDENING_LIST, [](const FViewAlignment& alignment) { return alignment.version >= FIRST_WITH_WIDENING_LIST; }},
+};
+
+struct ProjectText
+{
+    const wchar_t* descKey;
     std::wstring FViewAlignment::*field;
 };
 
-/// In this order: of the two method names the second wins.
-constexpr std::array<DescTextField, 6> DESC_TEXTS = {{
-    {desc_key::DESIGN_METHOD, &FViewAlignment::method},
-    {desc_key::ALIGNMENT_METHOD, &FViewAlignment::method},
+/// What the host notes in `desc` for the project and the coordinate system; an alignment never writes it.
+constexpr ProjectText PROJECT_TEXTS[] = {
     {desc_key::VERTICAL_ORIGIN, &FViewAlignment::verticalOrigin},
     {desc_key::APPLICATION_CRITERION, &FViewAlignment::applicationCriterion},
     {desc_key::PROJECT_PHASE, &FViewAlignment::projectPhase},
     {desc_key::PROJECT_NAME, &FViewAlignment::projectName},
-}};
-
-struct DescNumberField
-{
-    const wchar_t* key;
-    double FViewAlignment::*field;
 };
 
-constexpr std::array<DescNumberField, 3> DESC_NUMBERS = {{
-    {desc_key::MAIN_INTERVAL, &FViewAlignment::mainInterval},
-    {desc_key::SUB_INTERVAL, &FViewAlignment::subInterval},
-    {desc_key::NORMAL_CROWN, &FViewAlignment::normalCrown},
-}};
-
-struct DescFlagField
+bool IsDesignFeature(std::wstring_view name)
 {
-    const wchar_t* key;
-    const wchar_t* meaningZero;
-    std::int32_t FViewAlignment::*field;
-};
-
-constexpr std::array<DescFlagField, 2> DESC_FLAGS = {{
-    {desc_key::SINGLE_LANE_ROAD, MULTI_LANE, &FViewAlignment::singleLaneRoad},
-    {desc_key::USE_SLOPE_LIST, NO, &FViewAlignment::useSlopeList},
-}};
-
-struct FeatureNumberField
-{
-    const wchar_t* label;
-    double FViewAlignment::*field;
-};
-
-constexpr std::array<FeatureNumberField, 3> FEATURE_NUMBERS = {{
-    {MAIN, &FViewAlignment::mainInterval},
-    {SUB, &FViewAlignment::subInterval},
-    {NORMAL_CROWN, &FViewAlignment::normalCrown},
-}};
-
-struct FeatureFlagField
-{
-    const wchar_t* label;
-    std::int32_t FViewAlignment::*field;
-};
-
-constexpr std::array<FeatureFlagField, 2> FEATURE_FLAGS = {{
-    {SINGLE_LANE_ROAD, &FViewAlignment::singleLaneRoad},
-    {USE_SLOPE_LIST, &FViewAlignment::useSlopeList},
-}};
-
-struct WideningField
-{
-    const wchar_t* label;
-    PiCmCopyList<FViewWidening> FViewAlignment::*list;
-};
-
-constexpr std::array<WideningField, 2> WIDENINGS = {{
-    {WIDTH_LEFT_VALUE, &FViewAlignment::widthLeftValue},
-    {WIDTH_RIGHT_VALUE, &FViewAlignment::widthRightValue},
-}};
+    return std::any_of(std::begin(DESIGN_FEATURES), std::end(DESIGN_FEATURES),
+                       [&](const DesignFeature& row) { return row.name == name; });
+}
 
 /// The value of a key; an empty one counts as absent.
 const std::wstring* FindValue(const DescMap& map, const wchar_t* key)
 {
-    const auto entry = map.find(key);
+    const auto entry = key == nullptr ? map.end() : map.find(key);
     return entry != map.end() && !entry->second.empty() ? &entry->second : nullptr;
-}
-
-void AddNumber(FViewFeature& feature, const wchar_t* label, double value)
-{
-    if (value != UNSET_DOUBLE)
-    {
-        feature.properties.emplace_back(label, NumberText(value, DESIGN_DIGITS));
-    }
-}
-
-void AddFlag(FViewFeature& feature, const wchar_t* label, std::int32_t value)
-{
-    if (value != NO_VALUE)
-    {
-        feature.properties.emplace_back(label, value != 0 ? TRUE_TEXT : FALSE_TEXT);
-    }
-}
-
-/// Reads the first child of that element.
-template <class Element>
-void ReadFirstChild(const WcXmNode& node, Element& element)
-{
-    VisitFirstChild(node, element.GetElementName(), [&](const WcXmNode& child) { element.ReadElement(child); });
-}
-
-/// Has the first child of that name, in any case, written if its name is exact.
-template <class Element>
-bool WriteFirstChild(const WcXmNode& node, Element& element)
-{
-    WcXmNode child = node;
-    return !element.SelectElement(child) || !element.IsElementName(child.NodeName()) || element.WriteElement(child);
 }
 
 } // namespace
@@ -202,14 +244,14 @@ void FViewAlignment::SetOutputVersion(std::int32_t newVersion)
 bool FViewAlignment::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
-    ReadNumberAttribute(node, STA_START, staStart.value);
-    if (const auto desc = node.FindAttribute(DESC))
+    ReadTextAttribute(node, attribute_name::NAME, name);
+    ReadNumberAttribute(node, attribute_name::STA_START, staStart.value);
+    if (const auto desc = node.FindAttribute(attribute_name::DESC))
     {
         ReadDesc(*desc);
     }
-    ForEachChild(node, FViewFeature().GetElementName(), [this](const WcXmNode& child) {
-        if (std::find(DESIGN_FEATURES.begin(), DESIGN_FEATURES.end(), FeatureName(child)) != DESIGN_FEATURES.end())
+    ForEachChild(node, element_name::FEATURE, [this](const WcXmNode& child) {
+        if (IsDesignFeature(FeatureName(child)))
         {
             FViewFeature feature;
             feature.ReadElement(child);
@@ -229,25 +271,28 @@ void FViewAlignment::ReadDesc(std::wstring_view desc)
 {
     DescMap map;
     ParseDescText(desc, map);
-    for (const DescTextField& row : DESC_TEXTS)
+    for (const ProjectText& row : PROJECT_TEXTS)
     {
-        if (const std::wstring* const value = FindValue(map, row.key))
+        if (const std::wstring* const value = FindValue(map, row.descKey))
         {
             this->*row.field = *value;
         }
     }
-    for (const DescNumberField& row : DESC_NUMBERS)
+    for (const DesignValue& row : DESIGN_VALUES)
     {
-        if (const std::wstring* const value = FindValue(map, row.key))
+        for (const wchar_t* const key : row.descKeys)
         {
-            this->*row.field = ReadNumber(*value);
-        }
-    }
-    for (const DescFlagField& row : DESC_FLAGS)
-    {
-        if (const std::wstring* const value = FindValue(map, row.key))
-        {
-            this->*row.field = *value == row.meaningZero ? 0 : 1;
+            if (const std::wstring* const value = FindValue(map, key))
+            {
+                std::visit(
+                    [&](const auto& field) {
+                        if constexpr (requires { field.TakeDesc(*this, *value); })
+                        {
+                            field.TakeDesc(*this, *value);
+                        }
+                    },
+                    row.field);
+            }
         }
     }
 }
@@ -256,48 +301,22 @@ void FViewAlignment::ReadDesignFeature(const FViewFeature& feature)
 {
     for (const FViewProperty& property : feature.properties)
     {
-        for (const FeatureNumberField& row : FEATURE_NUMBERS)
+        for (const DesignValue& row : DESIGN_VALUES)
         {
             if (property.label == row.label)
             {
-                this->*row.field = ReadNumber(property.value);
+                std::visit([&](const auto& field) { field.TakeProperty(*this, property.value); }, row.field);
             }
-        }
-        for (const FeatureFlagField& row : FEATURE_FLAGS)
-        {
-            if (property.label == row.label)
-            {
-                this->*row.field = property.value == TRUE_TEXT ? 1 : 0;
-            }
-        }
-        for (const WideningField& row : WIDENINGS)
-        {
-            FViewWidening widening;
-            if (property.label == row.label &&
-                ParseWideningText(property.value, widening.station, widening.width, widening.code))
-            {
-                (this->*row.list).push_back(widening);
-            }
-        }
-        FViewSlopeValue slopeValue;
-        if (property.label == SLOPE_VALUE && ParseSlopeValueText(property.value, slopeValue))
-        {
-            slopeList.push_back(slopeValue);
-        }
-        if (property.label == METHOD)
-        {
-            method = property.value;
         }
     }
 }
 
 bool FViewAlignment::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
-    for (const wchar_t* const feature : REBUILT_FEATURES)
-    {
-        RemoveFirstFeature(node, feature);
-    }
+    WriteTextAttribute(node, attribute_name::NAME, name);
+    RemoveOldDesignFeatures(node);
+    RemoveSlopeListFeature(node);
+    RemoveWideningListFeature(node);
     return WriteDesignFeatures(node) && WriteFirstChild(node, coordGeom) && WriteCrossSects(node) &&
            WriteFirstChild(node, profile) && WriteSuperelevations(node);
 }
@@ -312,53 +331,25 @@ bool FViewAlignment::WriteDesignFeatures(const WcXmNode& node) const
 
 void FViewAlignment::BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) const
 {
-    const auto add = [&](FViewFeature feature) {
+    for (const DesignFeature& row : DESIGN_FEATURES)
+    {
+        if (!row.applies(*this))
+        {
+            continue;
+        }
+        FViewFeature feature(row.name);
+        for (const DesignValue& value : DESIGN_VALUES)
+        {
+            if (value.feature == feature.name)
+            {
+                std::visit([&](const auto& field) { field.Add(*this, value.label, feature.properties); }, value.field);
+            }
+        }
         if (!feature.properties.empty())
         {
             features.push_back(std::move(feature));
         }
-    };
-
-    FViewFeature horizontal(HORIZONTAL);
-    if (!method.empty())
-    {
-        horizontal.properties.emplace_back(METHOD, method);
     }
-    add(std::move(horizontal));
-
-    FViewFeature interval(INTERVAL);
-    AddNumber(interval, MAIN, mainInterval);
-    AddNumber(interval, SUB, subInterval);
-    add(std::move(interval));
-
-    FViewFeature config(SUPERELEVATION_CONFIG);
-    AddNumber(config, NORMAL_CROWN, normalCrown);
-    AddFlag(config, SINGLE_LANE_ROAD, singleLaneRoad);
-    AddFlag(config, USE_SLOPE_LIST, useSlopeList);
-    add(std::move(config));
-
-    FViewFeature slopes(SLOPE_LIST);
-    if (useSlopeList != 0)
-    {
-        for (const FViewSlopeValue& slopeValue : slopeList)
-        {
-            slopes.properties.emplace_back(SLOPE_VALUE, FormatSlopeValueText(slopeValue, singleLaneRoad), false);
-        }
-    }
-    add(std::move(slopes));
-
-    FViewFeature widenings(WIDENING_LIST);
-    if (version >= FIRST_WITH_WIDENING_LIST)
-    {
-        for (const WideningField& row : WIDENINGS)
-        {
-            for (const FViewWidening& widening : this->*row.list)
-            {
-                widenings.properties.emplace_back(row.label, FormatWideningText(widening), false);
-            }
-        }
-    }
-    add(std::move(widenings));
 }
 
 bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
@@ -367,30 +358,14 @@ bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
     {
         return true;
     }
-    auto entry = crossSects.begin();
-    const bool written = ForEachChild(node, CROSS_SECTS, [&](const WcXmNode& child) {
-        if (entry == crossSects.end())
-        {
-            return true;
-        }
-        FViewCrossSects& sections = *entry++;
-        return sections.WriteElement(child) && (sections.crossSects.empty() || WriteProfileReference(child));
+    const bool written = ForEachPair(node, crossSects, [this](const WcXmNode& child, FViewCrossSects& sections) {
+        return sections.WriteElement(child) && sections.WriteProfAlignRefs(child, profile.profAlignName);
     });
-    // An element whose cross sections are all gone goes too.
-    return written && ForEachChild(node, CROSS_SECTS, [&](const WcXmNode& child) {
-               if (!child.HasChild())
-               {
-                   node.RemoveChild(child.appNode);
-               }
-           });
-}
-
-/// Cross sections refer to the design profile by its name.
-bool FViewAlignment::WriteProfileReference(const WcXmNode& node) const
-{
-    FViewFeature feature;
-    feature.properties.emplace_back(PROF_ALIGN_REFS, profile.profAlignName);
-    return feature.WriteElement(node);
+    if (written)
+    {
+        RemoveEmptyCrossSects(node);
+    }
+    return written;
 }
 
 bool FViewAlignment::WriteSuperelevations(const WcXmNode& node)
@@ -399,8 +374,30 @@ bool FViewAlignment::WriteSuperelevations(const WcXmNode& node)
     {
         return WriteChildren(node, superelevations);
     }
-    return ForEachChild(node, FViewSuperelevation().GetElementName(),
-                        [&](const WcXmNode& child) { node.RemoveChild(child.appNode); });
+    RemoveChildren(node, FViewSuperelevation().GetElementName());
+    return true;
+}
+
+void RemoveOldDesignFeatures(const WcXmNode& node)
+{
+    RemoveFirstFeature(node, INTERVAL);
+    RemoveFirstFeature(node, SUPERELEVATION_CONFIG);
+}
+
+void RemoveSlopeListFeature(const WcXmNode& node)
+{
+    RemoveFirstFeature(node, SLOPE_LIST);
+}
+
+void RemoveWideningListFeature(const WcXmNode& node)
+{
+    RemoveFirstFeature(node, WIDENING_LIST);
+}
+
+bool RemoveEmptyCrossSects(const WcXmNode& node)
+{
+    return RemoveChildrenIf(node, FViewCrossSects().GetElementName(),
+                            [](const WcXmNode& sections) { return !sections.HasChild(); });
 }
 
 } // namespace jlandxml

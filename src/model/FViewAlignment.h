@@ -17,18 +17,22 @@
 namespace jlandxml
 {
 
-/// A number that stays with its object: a copy doesn't carry it.
+/// A number that stays with its object: neither a copy nor a move carries it.
 struct UncopiedDouble
 {
     UncopiedDouble() = default;
-    UncopiedDouble(const UncopiedDouble& /*other*/) {}
-    UncopiedDouble& operator=(const UncopiedDouble& /*other*/) { return *this; }
+    UncopiedDouble(const UncopiedDouble& /*other*/) noexcept {}
+    UncopiedDouble& operator=(const UncopiedDouble& /*other*/) noexcept { return *this; }
 
     double value = UNSET_DOUBLE;
 };
 
 /// `Alignment`: one alignment with its geometry, its profile, its cross sections and its design values. The host gives
-/// the design values as key = value in `desc`, or as `Feature` elements, which win.
+/// the design values as key = value in `desc`, or as `Feature` elements, which win. In the finished file they are
+/// `Feature` elements with the labels that J-LandXML (国土交通省 LandXML1.2に準じた3次元設計データ交換標準) fixes for
+/// the `Alignment` of the LandXML 1.2 schema: 測点間隔, 横断勾配, 片勾配, 拡幅.
+///
+/// An alignment moves without copying what it holds; only the start stays behind.
 class FViewAlignment final : public FViewLandXMLBase
 {
   public:
@@ -40,8 +44,10 @@ class FViewAlignment final : public FViewLandXMLBase
     /// Never rejects an alignment: writing pairs the list with the elements by position. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
-    /// Edits the element that was read: the design values become `Feature` elements behind the other children. False if
-    /// a child fails.
+    /// Edits the element that was read. The design values become `Feature` elements behind the other children;
+    /// "Horizontal" keeps its place where it stands already. A free slope list takes all `Superelevation` children
+    /// away, cross sections refer to the design profile, and `CrossSects` without a child go. False if a child fails;
+    /// what was changed until then stays.
     bool WriteElement(const WcXmNode& node) override;
 
     void SetOutputVersion(std::int32_t newVersion) override;
@@ -50,7 +56,7 @@ class FViewAlignment final : public FViewLandXMLBase
     void BuildDesignFeatures(PiCmCopyList<FViewFeature>& features) const;
 
     std::wstring name;                  ///< by which side files find the alignment
-    UncopiedDouble staStart;            ///< metres
+    UncopiedDouble staStart;            ///< station of its beginning, metres; nothing writes it, Clear leaves it
     double mainInterval = UNSET_DOUBLE; ///< interval of the main stations, metres
     double subInterval = UNSET_DOUBLE;  ///< interval of the sub stations, metres
     double normalCrown = UNSET_DOUBLE;  ///< cross fall on straights, percent
@@ -75,8 +81,20 @@ class FViewAlignment final : public FViewLandXMLBase
     void ReadDesignFeature(const FViewFeature& feature);
     bool WriteDesignFeatures(const WcXmNode& node) const;
     bool WriteCrossSects(const WcXmNode& node);
-    bool WriteProfileReference(const WcXmNode& node) const;
     bool WriteSuperelevations(const WcXmNode& node);
 };
+
+/// Removes the first "Interval" and the first "SuperelevationConfig" under an `Alignment`: they are built anew, behind
+/// the other children. A second one of the name stays and is then updated.
+void RemoveOldDesignFeatures(const WcXmNode& node);
+
+/// Removes the first "SlopeList" under an `Alignment`.
+void RemoveSlopeListFeature(const WcXmNode& node);
+
+/// Removes the first "WideningList" under an `Alignment`.
+void RemoveWideningListFeature(const WcXmNode& node);
+
+/// Removes the `CrossSects` of an `Alignment` that have no child of any kind. True if one was removed.
+bool RemoveEmptyCrossSects(const WcXmNode& node);
 
 } // namespace jlandxml

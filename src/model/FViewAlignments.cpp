@@ -12,17 +12,12 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* DESC = L"desc";
 constexpr const wchar_t* DEFAULT_NAME = L"サイト";
 
 constexpr const wchar_t* DESIGN_GM_TYPE = L"designGmType";
 constexpr const wchar_t* CLASSIFICATION = L"classification";
 constexpr const wchar_t* TRAFFIC_VOLUME = L"trafficVolume";
 constexpr const wchar_t* SIDE = L"side";
-
-/// The `Feature` of a route bears no name.
-constexpr const wchar_t* FEATURE_NAME = L"";
 
 struct DesignChange
 {
@@ -41,7 +36,7 @@ constexpr std::array<DesignChange, 2> DESIGN_CHANGES = {{
 void RemoveProperty(const WcXmNode& featureNode, std::wstring_view label)
 {
     ForEachChild(featureNode, FViewProperty().GetElementName(), [&](const WcXmNode& property) {
-        if (property.FindAttribute(L"label").value_or(std::wstring_view()) != label)
+        if (property.FindAttribute(attribute_name::LABEL).value_or(std::wstring_view()) != label)
         {
             return true;
         }
@@ -52,7 +47,7 @@ void RemoveProperty(const WcXmNode& featureNode, std::wstring_view label)
 
 void RemoveRoadInfoProperty(const WcXmNode& node, std::wstring_view label)
 {
-    ForEachFeature(node, FEATURE_NAME, [&](const WcXmNode& feature) { RemoveProperty(feature, label); });
+    ForEachFeature(node, format_word::NAMELESS, [&](const WcXmNode& feature) { RemoveProperty(feature, label); });
 }
 
 } // namespace
@@ -85,7 +80,7 @@ std::wstring& FViewAlignments::Classification()
 bool FViewAlignments::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     ReadRoadInfoFeature(node);
     ReadChildren<FViewAlignment>(node, alignments);
     VisitFirstChild(node, FViewAlignment().GetElementName(),
@@ -95,7 +90,7 @@ bool FViewAlignments::ReadElement(const WcXmNode& node)
 
 void FViewAlignments::ReadRoadInfoFeature(const WcXmNode& node)
 {
-    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+    ForEachFeatureProperty(node, format_word::NAMELESS, [this](const FViewProperty& property) {
         if (property.label == DESIGN_GM_TYPE)
         {
             designGmType = property.value;
@@ -118,7 +113,7 @@ void FViewAlignments::ReadRoadInfoFeature(const WcXmNode& node)
 void FViewAlignments::FillRoadInfoFromDesc(const WcXmNode& firstAlignmentNode)
 {
     DescMap map;
-    ParseDescText(firstAlignmentNode.FindAttribute(DESC).value_or(std::wstring_view()), map);
+    ParseDescText(firstAlignmentNode.FindAttribute(attribute_name::DESC).value_or(std::wstring_view()), map);
     const auto fill = [&](const wchar_t* key, std::wstring& field) {
         const auto entry = map.find(key);
         if (entry != map.end() && field.empty())
@@ -135,9 +130,9 @@ void FViewAlignments::FillRoadInfoFromDesc(const WcXmNode& firstAlignmentNode)
 bool FViewAlignments::WriteElement(const WcXmNode& node)
 {
     GetCurrentDesignType() = designGmType;
-    node.SetAttribute(NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
+    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
     RemoveStaleRoadInfo(node);
-    FViewFeature feature(FEATURE_NAME);
+    FViewFeature feature(format_word::NAMELESS);
     BuildRoadInfoFeature(feature);
     return feature.WriteElement(node) && WriteChildren(node, alignments);
 }

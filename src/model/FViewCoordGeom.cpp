@@ -17,12 +17,10 @@ namespace
 constexpr const wchar_t* START = L"Start";
 constexpr const wchar_t* END = L"End";
 constexpr const wchar_t* PI = L"PI";
-constexpr const wchar_t* NAME = L"name";
 constexpr const wchar_t* RADIUS = L"radius";
 constexpr const wchar_t* RADIUS_START = L"radiusStart";
 constexpr const wchar_t* RADIUS_END = L"radiusEnd";
 constexpr const wchar_t* LENGTH = L"length";
-constexpr const wchar_t* FEATURE = L"Feature";
 constexpr const wchar_t* CLOTHOID_PARAMETER = L"A";
 
 constexpr const wchar_t* BEGIN_OF_PROJECT = L"BP";
@@ -341,7 +339,7 @@ std::wstring ReadPointName(const WcXmNode& node, const wchar_t* childName)
     std::wstring name;
     if (point.SelectFirstChild(childName))
     {
-        ReadTextAttribute(point, NAME, name);
+        ReadTextAttribute(point, attribute_name::NAME, name);
     }
     return name;
 }
@@ -351,7 +349,7 @@ void WritePointName(const WcXmNode& node, const wchar_t* childName, std::wstring
     WcXmNode point = node;
     if (point.SelectFirstChild(childName))
     {
-        WriteTextAttribute(point, NAME, text);
+        WriteTextAttribute(point, attribute_name::NAME, text);
     }
 }
 
@@ -382,11 +380,7 @@ void WriteClothoidParameter(const WcXmNode& node)
         return;
     }
     FViewFeature feature;
-    WcXmNode child = node;
-    if (child.SelectFirstChild(FEATURE))
-    {
-        feature.ReadElement(child);
-    }
+    ReadFirstChildInAnyCase(node, feature);
     const bool given = std::any_of(feature.properties.begin(), feature.properties.end(),
                                    [](const FViewProperty& property) { return property.label == CLOTHOID_PARAMETER; });
     if (given)

@@ -7,7 +7,7 @@ namespace jlandxml
 
 namespace
 {
-constexpr const wchar_t* NAME = L"name";
+constexpr const wchar_t* PROF_ALIGN_REFS = L"profAlignRefs";
 }
 
 void FViewCrossSects::Clear()
@@ -19,15 +19,22 @@ void FViewCrossSects::Clear()
 bool FViewCrossSects::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     ReadChildren<FViewCrossSect>(node, crossSects);
     return true;
 }
 
 bool FViewCrossSects::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, attribute_name::NAME, name);
     return WriteChildren(node, crossSects);
+}
+
+bool FViewCrossSects::WriteProfAlignRefs(const WcXmNode& node, const std::wstring& profAlignName) const
+{
+    FViewFeature feature(format_word::NAMELESS);
+    feature.properties.emplace_back(PROF_ALIGN_REFS, profAlignName);
+    return crossSects.empty() || feature.WriteElement(node);
 }
 
 void FViewCrossSects::SetOutputVersion(std::int32_t newVersion)

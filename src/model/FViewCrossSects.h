@@ -14,6 +14,11 @@ class FViewCrossSects final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
     /// Edits the element that was read. False if a cross section fails.
     bool WriteElement(const WcXmNode& node) override;
+
+    /// Writes the name of the design profile (縦断線形) that the sections refer to, as "profAlignRefs" of the `Feature`
+    /// without a name. Without cross sections, or with an empty name, nothing is written. False if it can't be added.
+    bool WriteProfAlignRefs(const WcXmNode& node, const std::wstring& profAlignName) const;
+
     void SetOutputVersion(std::int32_t newVersion) override;
 
     std::wstring name;

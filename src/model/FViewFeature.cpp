@@ -7,11 +7,6 @@
 namespace jlandxml
 {
 
-namespace
-{
-constexpr const wchar_t* NAME = L"name";
-}
-
 void FViewFeature::Clear()
 {
     name.clear();
@@ -22,7 +17,7 @@ void FViewFeature::Clear()
 bool FViewFeature::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     ReadChildren<FViewProperty>(node, properties);
     return true;
 }
@@ -55,14 +50,14 @@ bool FViewFeature::HasContent() const
 
 bool FViewFeature::WriteInto(const WcXmNode& element)
 {
-    WriteTextAttribute(element, NAME, name);
+    WriteTextAttribute(element, attribute_name::NAME, name);
     return std::all_of(properties.begin(), properties.end(),
                        [&](FViewProperty& property) { return property.WriteElement(element); });
 }
 
 std::wstring_view FeatureName(const WcXmNode& feature)
 {
-    return feature.FindAttribute(NAME).value_or(std::wstring_view());
+    return feature.FindAttribute(attribute_name::NAME).value_or(std::wstring_view());
 }
 
 bool RemoveFirstFeature(const WcXmNode& parent, std::wstring_view name)

@@ -14,7 +14,7 @@ class FViewFeature final : public FViewLandXMLBase
     explicit FViewFeature(std::wstring featureName) : name(std::move(featureName)) {}
 
     void Clear() override;
-    const wchar_t* GetElementName() const override { return L"Feature"; }
+    const wchar_t* GetElementName() const override { return element_name::FEATURE; }
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes under the element that bears the data: merges into the first `Feature` of the same name, or appends a new
@@ -39,7 +39,7 @@ std::wstring_view FeatureName(const WcXmNode& feature);
 template <class Visitor>
 bool ForEachFeature(const WcXmNode& parent, std::wstring_view name, Visitor&& visit)
 {
-    return ForEachChild(parent, L"Feature", [&](const WcXmNode& feature) {
+    return ForEachChild(parent, element_name::FEATURE, [&](const WcXmNode& feature) {
         if (FeatureName(feature) != name)
         {
             return true;

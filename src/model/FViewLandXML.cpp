@@ -59,11 +59,6 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
     return true;
 }
 
-void RemovePointGroups(const WcXmNode& node)
-{
-    ForEachChild(node, CG_POINTS, [&](const WcXmNode& group) { node.RemoveChild(group.appNode); });
-}
-
 /// The standard gives pressures in hectopascals.
 void WritePressureUnit(const WcXmNode& node)
 {
@@ -99,10 +94,9 @@ void FViewLandXML::SetOutputVersion(std::int32_t newVersion)
 bool FViewLandXML::ReadElement(const WcXmNode& node)
 {
     Clear();
-    VisitFirstChild(node, project.GetElementName(), [this](const WcXmNode& child) { project.ReadElement(child); });
-    VisitFirstChild(node, coordinateSystem.GetElementName(),
-                    [this](const WcXmNode& child) { coordinateSystem.ReadElement(child); });
-    RemovePointGroups(node);
+    ReadFirstChild(node, project);
+    ReadFirstChild(node, coordinateSystem);
+    RemoveChildren(node, CG_POINTS);
     ReadChildren<FViewAlignments>(node, alignments);
     TakeProjectDataOfFirstAlignment();
     ReadChildren<FViewSurfaces>(node, surfaces);
@@ -133,7 +127,7 @@ bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
     const WcXmSharedTexts shared(*node.document, OFTEN_WRITTEN_ELEMENTS, OFTEN_WRITTEN_ATTRIBUTES);
     LinkCrossSections();
-    if (!WriteProject(node))
+    if (!WriteFirstChild(node, project))
     {
         return false;
     }
@@ -203,13 +197,6 @@ void FViewLandXML::WriteSurfaces(const WcXmNode& node) const
         }
         ++set;
     });
-}
-
-bool FViewLandXML::WriteProject(const WcXmNode& node)
-{
-    WcXmNode element = node;
-    return !project.SelectElement(element) || !project.IsElementName(element.NodeName()) ||
-           project.WriteElement(element);
 }
 
 bool FViewLandXML::WriteCoordinateSystem(const WcXmNode& node)

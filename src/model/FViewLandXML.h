@@ -36,7 +36,6 @@ class FViewLandXML final : public FViewLandXMLBase
 
   private:
     void TakeProjectDataOfFirstAlignment();
-    bool WriteProject(const WcXmNode& node);
     void LinkCrossSections();
     bool WriteIntermediatePoints(const WcXmNode& node);
     bool WriteWidthStakes(const WcXmNode& node);

@@ -10,6 +10,46 @@
 namespace jlandxml
 {
 
+/// Names that more than one class of the format uses, each with its one meaning; the others stand with their class.
+/// J-LandXML takes elements and attributes from LandXML 1.2 and adds its own values as labels of `Property` elements.
+namespace element_name
+{
+inline constexpr const wchar_t* CG_POINTS = L"CgPoints";
+inline constexpr const wchar_t* CROSS_SECT_PNT = L"CrossSectPnt";
+inline constexpr const wchar_t* FEATURE = L"Feature";
+inline constexpr const wchar_t* PROPERTY = L"Property";
+} // namespace element_name
+
+namespace attribute_name
+{
+inline constexpr const wchar_t* NAME = L"name";
+inline constexpr const wchar_t* DESC = L"desc";
+inline constexpr const wchar_t* CODE = L"code";
+inline constexpr const wchar_t* LABEL = L"label";
+inline constexpr const wchar_t* VALUE = L"value";
+inline constexpr const wchar_t* STA = L"sta";
+inline constexpr const wchar_t* STA_START = L"staStart";
+} // namespace attribute_name
+
+namespace property_label
+{
+inline constexpr const wchar_t* ALIGNMENT_REFS = L"alignmentRefs";
+inline constexpr const wchar_t* FH_OFFSET = L"fhOffset";
+inline constexpr const wchar_t* STA = L"sta";
+} // namespace property_label
+
+/// Values that the format fixes.
+namespace format_word
+{
+inline constexpr const wchar_t* TRUE_TEXT = L"true";
+inline constexpr const wchar_t* FALSE_TEXT = L"false";
+inline constexpr const wchar_t* LEFT = L"left";
+inline constexpr const wchar_t* RIGHT = L"right";
+
+/// The name of a `Feature` that bears none.
+inline constexpr const wchar_t* NAMELESS = L"";
+} // namespace format_word
+
 /// The base of every class that stands for one element of the format. An object reads itself from its element and later
 /// edits that same element in place; whatever it doesn't touch goes through as the host wrote it.
 class FViewLandXMLBase
@@ -27,7 +67,9 @@ class FViewLandXMLBase
     /// True if the name is this element's, in its exact case.
     virtual bool IsElementName(std::wstring_view name) const { return name == GetElementName(); }
 
-    /// Fills the object from its own element, beginning with Clear. False leaves the element out of its list.
+    /// Fills the object from its own element, beginning with Clear. False leaves the element out of its list, which
+    /// then is one entry short: lists pair with the elements by position, so from there on each element would be
+    /// written by the entry of the next. A class whose elements are written in pairs therefore never reads false.
     virtual bool ReadElement(const WcXmNode& node) = 0;
 
     /// Edits the tree at the given node; each class says which node that is. False stops the export: no file is made.
@@ -87,6 +129,31 @@ bool VisitFirstChild(const WcXmNode& parent, std::wstring_view name, Visitor&& v
     });
 }
 
+/// Reads the first child of that element whose name is exact. False if there is none.
+template <class Element>
+bool ReadFirstChild(const WcXmNode& parent, Element& element)
+{
+    return VisitFirstChild(parent, element.GetElementName(),
+                           [&](const WcXmNode& child) { element.ReadElement(child); });
+}
+
+/// Reads the first child of that element, its name in any case. False if there is none.
+template <class Element>
+bool ReadFirstChildInAnyCase(const WcXmNode& parent, Element& element)
+{
+    WcXmNode child = parent;
+    return element.SelectElement(child) && (element.ReadElement(child), true);
+}
+
+/// Has the first child of that name, in any case, written if its name is exact; where it isn't, a later one isn't
+/// looked for. False only if the writing fails.
+template <class Element>
+bool WriteFirstChild(const WcXmNode& parent, Element& element)
+{
+    WcXmNode child = parent;
+    return !element.SelectElement(child) || !element.IsElementName(child.NodeName()) || element.WriteElement(child);
+}
+
 /// Reads every child of that element into a list.
 template <class Element, class List>
 void ReadChildren(const WcXmNode& parent, List& list)
@@ -100,18 +167,50 @@ void ReadChildren(const WcXmNode& parent, List& list)
     });
 }
 
-/// Has the n-th child of that element written by the n-th entry of a list that was read from the same parent. False as
-/// soon as one of them fails.
+/// Removes every child of that name that the condition holds for. True if one was removed.
+template <class Condition>
+bool RemoveChildrenIf(const WcXmNode& parent, std::wstring_view name, Condition&& condition)
+{
+    bool removed = false;
+    ForEachChild(parent, name, [&](const WcXmNode& child) {
+        if (condition(child))
+        {
+            parent.RemoveChild(child.appNode);
+            removed = true;
+        }
+    });
+    return removed;
+}
+
+/// Removes every child of that name.
+inline void RemoveChildren(const WcXmNode& parent, std::wstring_view name)
+{
+    RemoveChildrenIf(parent, name, [](const WcXmNode& /*child*/) { return true; });
+}
+
+/// Visits the n-th child of that element together with the n-th entry of a list that was read from the same parent,
+/// until either ends; names aren't compared. False as soon as a visitor's result is.
+template <class List, class Visitor>
+bool ForEachPair(const WcXmNode& parent, List& list, Visitor&& visit)
+{
+    auto entry = list.begin();
+    bool succeeded = true;
+    if (entry != list.end())
+    {
+        ForEachChild(parent, entry->GetElementName(), [&](const WcXmNode& child) {
+            succeeded = visit(child, *entry);
+            ++entry;
+            return succeeded && entry != list.end();
+        });
+    }
+    return succeeded;
+}
+
+/// Has each child written by its entry. False as soon as one of them fails.
 template <class List>
 bool WriteChildren(const WcXmNode& parent, List& list)
 {
-    if (list.empty())
-    {
-        return true;
-    }
-    auto entry = list.begin();
-    return ForEachChild(parent, entry->GetElementName(),
-                        [&](const WcXmNode& child) { return entry == list.end() || (entry++)->WriteElement(child); });
+    return ForEachPair(parent, list, [](const WcXmNode& child, auto& entry) { return entry.WriteElement(child); });
 }
 
 } // namespace jlandxml

@@ -5,11 +5,6 @@
 namespace jlandxml
 {
 
-namespace
-{
-constexpr const wchar_t* NAME = L"name";
-}
-
 void FViewProfSurf::Clear()
 {
     name.clear();
@@ -19,12 +14,8 @@ void FViewProfSurf::Clear()
 bool FViewProfSurf::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
-    WcXmNode list = node;
-    if (pntList2D.SelectElement(list))
-    {
-        pntList2D.ReadElement(list);
-    }
+    ReadTextAttribute(node, attribute_name::NAME, name);
+    ReadFirstChildInAnyCase(node, pntList2D);
     return true;
 }
 
@@ -39,7 +30,7 @@ bool FViewProfSurf::WriteElement(const WcXmNode& node)
     {
         return false;
     }
-    WriteTextAttribute(element, NAME, name);
+    WriteTextAttribute(element, attribute_name::NAME, name);
     return pntList2D.WriteElement(element);
 }
 

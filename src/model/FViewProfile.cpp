@@ -11,8 +11,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* STA_START = L"staStart";
 constexpr const wchar_t* PROF_ALIGN = L"ProfAlign";
 constexpr const wchar_t* PVI = L"PVI";
 
@@ -26,7 +24,7 @@ template <class Element>
 double FirstStation(const WcXmNode& node)
 {
     Element element;
-    VisitFirstChild(node, element.GetElementName(), [&](const WcXmNode& child) { element.ReadElement(child); });
+    ReadFirstChild(node, element);
     return element.station;
 }
 
@@ -67,7 +65,7 @@ void FViewProfAlign::Clear()
 bool FViewProfAlign::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     const double point = FirstStation<FViewPVI>(node);
     const double curve = FirstStation<FViewParaCurve>(node);
     if (point != UNSET_DOUBLE && curve != UNSET_DOUBLE)
@@ -91,10 +89,10 @@ void FViewProfile::Clear()
 bool FViewProfile::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadNumberAttribute(node, STA_START, staStart);
+    ReadNumberAttribute(node, attribute_name::STA_START, staStart);
     PiCmCopyList<FViewProfAlign> profAligns;
     ForEachChild(node, PROF_ALIGN, [&](const WcXmNode& child) {
-        const std::wstring_view name = child.FindAttribute(NAME).value_or(std::wstring_view());
+        const std::wstring_view name = child.FindAttribute(attribute_name::NAME).value_or(std::wstring_view());
         if (name.find(GROUND_LINE_MARK) == std::wstring_view::npos)
         {
             profAligns.emplace_back().ReadElement(child);
@@ -127,7 +125,7 @@ void FViewProfile::ChooseDesignProfile(const PiCmCopyList<FViewProfAlign>& profA
 
 bool FViewProfile::WriteElement(const WcXmNode& node)
 {
-    FormatDoubleAttribute(node, STA_START, staStart, STATION_DIGITS);
+    FormatDoubleAttribute(node, attribute_name::STA_START, staStart, STATION_DIGITS);
     return std::all_of(profSurfs.begin(), profSurfs.end(),
                        [&](FViewProfSurf& surface) { return surface.WriteElement(node); });
 }

@@ -5,12 +5,6 @@
 namespace jlandxml
 {
 
-namespace
-{
-constexpr const wchar_t* LABEL = L"label";
-constexpr const wchar_t* VALUE = L"value";
-} // namespace
-
 void FViewProperty::Clear()
 {
     label.clear();
@@ -21,19 +15,19 @@ void FViewProperty::Clear()
 bool FViewProperty::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, LABEL, label);
-    ReadTextAttribute(node, VALUE, value);
+    ReadTextAttribute(node, attribute_name::LABEL, label);
+    ReadTextAttribute(node, attribute_name::VALUE, value);
     return true;
 }
 
 bool FViewProperty::WriteElement(const WcXmNode& node)
 {
     const auto write = [this](const WcXmNode& element) {
-        WriteTextAttribute(element, LABEL, label);
-        WriteTextAttribute(element, VALUE, value);
+        WriteTextAttribute(element, attribute_name::LABEL, label);
+        WriteTextAttribute(element, attribute_name::VALUE, value);
     };
     const auto isOther = [&](const WcXmNode& element) {
-        if (element.FindAttribute(LABEL).value_or(std::wstring_view()) != label)
+        if (element.FindAttribute(attribute_name::LABEL).value_or(std::wstring_view()) != label)
         {
             return true;
         }

@@ -19,7 +19,7 @@ class FViewProperty final : public FViewLandXMLBase
     {}
 
     void Clear() override;
-    const wchar_t* GetElementName() const override { return L"Property"; }
+    const wchar_t* GetElementName() const override { return element_name::PROPERTY; }
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes under a `Feature`: updates the first `Property` of the same label, or appends a new one. An empty value

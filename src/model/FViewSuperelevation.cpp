@@ -10,9 +10,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* STA_START = L"staStart";
 constexpr const wchar_t* STA_END = L"staEnd";
-constexpr const wchar_t* STA = L"sta";
 constexpr const wchar_t* BEGIN_RUNOFF_STA = L"BeginRunoffSta";
 constexpr const wchar_t* REVERSE_CROWN = L"ReverseCrown";
 constexpr const wchar_t* FLAT_STA = L"FlatSta";
@@ -28,10 +26,8 @@ template <class Station>
 void ReadStation(const WcXmNode& node, double& station)
 {
     Station element;
-    WcXmNode child = node;
-    if (element.SelectElement(child))
+    if (ReadFirstChildInAnyCase(node, element))
     {
-        element.ReadElement(child);
         station = element.value;
     }
 }
@@ -63,7 +59,7 @@ void ReadStationFeature(const WcXmNode& node, std::wstring_view name, PiCmCopyLi
         stations.clear();
         for (FViewProperty& property : feature.properties)
         {
-            if (property.label == STA)
+            if (property.label == property_label::STA)
             {
                 stations.push_back(std::move(property.value));
             }
@@ -76,7 +72,7 @@ bool WriteStationFeature(const WcXmNode& node, const wchar_t* name, const PiCmCo
     FViewFeature feature(name);
     for (const WcStString& station : stations)
     {
-        feature.properties.emplace_back(STA, station, false);
+        feature.properties.emplace_back(property_label::STA, station, false);
     }
     return feature.WriteElement(node);
 }
@@ -106,10 +102,8 @@ bool FViewSuperelevation::ReadElement(const WcXmNode& node)
     ReadStation<FViewFullSuperSta>(node, fullSuperSta);
     ReadStation<FViewRunoffSta>(node, runoffSta);
     FViewAdverseSE adverseSE;
-    WcXmNode child = node;
-    if (adverseSE.SelectElement(child))
+    if (ReadFirstChildInAnyCase(node, adverseSE))
     {
-        adverseSE.ReadElement(child);
         adverse = adverseSE.adverse;
     }
     ReadStationFeature(node, REVERSE_CROWN, reverseCrownStations);
@@ -119,7 +113,7 @@ bool FViewSuperelevation::ReadElement(const WcXmNode& node)
 
 bool FViewSuperelevation::WriteElement(const WcXmNode& node)
 {
-    FormatDoubleAttribute(node, STA_START, fullSuperSta, STATION_DIGITS);
+    FormatDoubleAttribute(node, attribute_name::STA_START, fullSuperSta, STATION_DIGITS);
     FormatDoubleAttribute(node, STA_END, runoffSta, STATION_DIGITS);
     RemoveFirstChild(node, FViewAdverseSE().GetElementName());
     RemoveFirstFeature(node, REVERSE_CROWN);

@@ -105,13 +105,8 @@ void FViewSurfaces::StripAlignmentNote(const WcXmNode& node)
 
 void FViewSurfaces::WriteAlignmentRefs(const WcXmNode& node) const
 {
-    auto surface = surfaces.begin();
-    ForEachChild(node, FViewSurface().GetElementName(), [&](const WcXmNode& child) {
-        if (surface == surfaces.end())
-        {
-            return false;
-        }
-        (surface++)->WriteAlignmentRef(child);
+    ForEachPair(node, surfaces, [](const WcXmNode& child, const FViewSurface& surface) {
+        surface.WriteAlignmentRef(child);
         return true;
     });
 }
