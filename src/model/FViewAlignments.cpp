@@ -36,7 +36,7 @@ constexpr std::array<DesignChange, 2> DESIGN_CHANGES = {{
 void RemoveProperty(const WcXmNode& featureNode, std::wstring_view label)
 {
     ForEachChild(featureNode, FViewProperty().GetElementName(), [&](const WcXmNode& property) {
-        if (property.FindAttribute(attribute_name::LABEL).value_or(std::wstring_view()) != label)
+        if (PropertyLabel(property) != label)
         {
             return true;
         }

@@ -51,8 +51,7 @@ bool FViewFeature::HasContent() const
 bool FViewFeature::WriteInto(const WcXmNode& element)
 {
     WriteTextAttribute(element, attribute_name::NAME, name);
-    return std::all_of(properties.begin(), properties.end(),
-                       [&](FViewProperty& property) { return property.WriteElement(element); });
+    return WriteProperties(element, properties);
 }
 
 std::wstring_view FeatureName(const WcXmNode& feature)
