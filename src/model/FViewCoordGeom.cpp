@@ -23,6 +23,7 @@ constexpr const wchar_t* RADIUS_END = L"radiusEnd";
 constexpr const wchar_t* LENGTH = L"length";
 constexpr const wchar_t* CLOTHOID_PARAMETER = L"A";
 
+/// The beginning and the end of the route, by their names on Japanese drawings.
 constexpr const wchar_t* BEGIN_OF_PROJECT = L"BP";
 constexpr const wchar_t* END_OF_PROJECT = L"EP";
 constexpr const wchar_t* SPIRAL_PI = L"IP";
@@ -40,46 +41,39 @@ struct ElementType
 constexpr std::array<ElementType, 3> ELEMENT_TYPES = {{{L"Line", L'L'}, {L"Curve", L'C'}, {L"Spiral", L'S'}}};
 constexpr wchar_t OTHER_LETTER = L'-';
 
+/// A curve around an intersection point by the elements it is made of, and the names of its points: the start of the
+/// first element, the points that two elements share, the end of the last. %d is the number of the intersection point.
 struct CurvePattern
 {
     std::wstring_view letters;
     std::int32_t kind;
+    std::array<const wchar_t*, 6> names;
 };
 
-/// Tried in this order on what follows a line; the first pattern that fits wins.
-constexpr std::array<CurvePattern, 6> AFTER_A_LINE = {{
-    {L"SCSCS", 5},
-    {L"SS", 4},
-    {L"SCS", 2},
-    {L"SC", 3},
-    {L"CC", 6},
-    {L"C", 1},
-}};
-
-/// A group that begins without a line in front of it.
-constexpr std::span<const CurvePattern> AT_A_SPIRAL(AFTER_A_LINE.data(), 4);
-constexpr std::span<const CurvePattern> AT_A_CURVE(AFTER_A_LINE.data() + 4, 2);
-
-constexpr std::int32_t BEND = 0;
 constexpr std::int32_t NOT_RECOGNISED = -1;
-constexpr std::size_t MOST_POINTS = 6;
+constexpr std::int32_t BEND = 0;
 
-/// The names of a group's points by its kind: the start of the first element, the points that two elements share, the
-/// end of the last.
-constexpr std::array<std::array<const wchar_t*, MOST_POINTS>, 7> POINT_NAMES = {{
-    {nullptr, L"IP.%d"},
-    {L"BC.%d", L"EC.%d"},
-    {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2", L"KA.%d-2"},
-    {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2"},
-    {L"KA.%d-1", L"KEA.%d", L"KA.%d-2"},
-    {L"KA.%d-1", L"KE.%d-1", L"KAE.%d-1", L"KEE.%d-1", L"KE.%d-2", L"KA.%d-2"},
-    {L"BC.%d", L"PCC.%d", L"EC.%d"},
+/// Tried in this order; the first pattern that fits wins. BC, EC: beginning and end of a circular curve; KA, KE:
+/// beginning and end of a clothoid, seen from its straight; KEA, KAE, KEE: where clothoids or their curves meet; PCC:
+/// where the radius of a compound curve changes.
+constexpr std::array<CurvePattern, 7> CURVE_PATTERNS = {{
+    {L"SCSCS", 5, {L"KA.%d-1", L"KE.%d-1", L"KAE.%d-1", L"KEE.%d-1", L"KE.%d-2", L"KA.%d-2"}},
+    {L"SS", 4, {L"KA.%d-1", L"KEA.%d", L"KA.%d-2"}},
+    {L"SCS", 2, {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2", L"KA.%d-2"}},
+    {L"SC", 3, {L"KA.%d-1", L"KE.%d-1", L"KE.%d-2"}},
+    {L"CC", 6, {L"BC.%d", L"PCC.%d", L"EC.%d"}},
+    {L"C", 1, {L"BC.%d", L"EC.%d"}},
+    {L"L", BEND, {nullptr, L"IP.%d"}},
 }};
+
+bool IsKnownType(const FViewCoordGeomElement& element)
+{
+    return element.type >= 0 && static_cast<std::size_t>(element.type) < ELEMENT_TYPES.size();
+}
 
 wchar_t LetterOf(const FViewCoordGeomElement& element)
 {
-    return element.type == FViewCoordGeomElement::OTHER ? OTHER_LETTER
-                                                        : ELEMENT_TYPES[static_cast<std::size_t>(element.type)].letter;
+    return IsKnownType(element) ? ELEMENT_TYPES[static_cast<std::size_t>(element.type)].letter : OTHER_LETTER;
 }
 
 bool Fits(std::span<const FViewCoordGeomElement> elements, std::wstring_view letters)
@@ -89,11 +83,19 @@ bool Fits(std::span<const FViewCoordGeomElement> elements, std::wstring_view let
                       [](wchar_t letter, const FViewCoordGeomElement& element) { return letter == LetterOf(element); });
 }
 
-const CurvePattern* FindPattern(std::span<const FViewCoordGeomElement> elements, std::span<const CurvePattern> patterns)
+/// The first pattern that the elements begin with; null if none does.
+const CurvePattern* PatternAt(std::span<const FViewCoordGeomElement> elements)
 {
-    const auto hit = std::find_if(patterns.begin(), patterns.end(),
-                                  [&](const CurvePattern& pattern) { return Fits(elements, pattern.letters); });
-    return hit == patterns.end() ? nullptr : &*hit;
+    const auto* const hit = std::find_if(CURVE_PATTERNS.begin(), CURVE_PATTERNS.end(),
+                                         [&](const CurvePattern& pattern) { return Fits(elements, pattern.letters); });
+    return hit == CURVE_PATTERNS.end() ? nullptr : hit;
+}
+
+/// True if a line is followed by a curve: then the line only leads to the curve.
+bool LeadsToCurve(std::span<const FViewCoordGeomElement> elements)
+{
+    const CurvePattern* const behind = LetterOf(elements.front()) == L'L' ? PatternAt(elements.subspan(1)) : nullptr;
+    return behind != nullptr && behind->kind != BEND;
 }
 
 std::int32_t TypeOf(std::wstring_view name)
@@ -119,7 +121,9 @@ void FormatRadius(const WcXmNode& node, const wchar_t* name)
     }
 }
 
-/// The square of the clothoid parameter; nothing where both ends are straight.
+/// The square of the clothoid parameter, from A² = L·R; nothing where both ends are straight. The radius of a straight
+/// end is given as INF or 0. An egg clothoid has no straight end: it is the piece of a whole clothoid between two
+/// curvatures, so that L / A² = |1/R2 - 1/R1|.
 std::optional<double> SquareOfParameter(double length, double radiusStart, double radiusEnd)
 {
     const bool fromStraight = std::fabs(radiusStart) < GEOMETRY_TOLERANCE;
@@ -158,30 +162,14 @@ void FViewIPElements::Clear()
 void FViewIPElements::CollectElements(std::span<FViewCoordGeomElement>& rest)
 {
     Clear();
-    std::span<FViewCoordGeomElement> group = rest;
-    const CurvePattern* pattern = nullptr;
-    switch (rest.front().type)
+    if (rest.empty())
     {
-    case FViewCoordGeomElement::LINE:
-        kind = BEND;
-        pattern = FindPattern(rest.subspan(1), AFTER_A_LINE);
-        group = pattern != nullptr ? rest.subspan(1) : rest;
-        break;
-    case FViewCoordGeomElement::SPIRAL:
-        pattern = FindPattern(rest, AT_A_SPIRAL);
-        break;
-    case FViewCoordGeomElement::CURVE:
-        pattern = FindPattern(rest, AT_A_CURVE);
-        break;
-    default:
-        break;
+        return;
     }
-    std::size_t count = 1;
-    if (pattern != nullptr)
-    {
-        kind = pattern->kind;
-        count = pattern->letters.size();
-    }
+    const std::span<FViewCoordGeomElement> group = rest.subspan(LeadsToCurve(rest) ? 1 : 0);
+    const CurvePattern* const pattern = PatternAt(group);
+    kind = pattern != nullptr ? pattern->kind : NOT_RECOGNISED;
+    const std::size_t count = pattern != nullptr ? pattern->letters.size() : 1;
     for (FViewCoordGeomElement& element : group.first(count))
     {
         elements.push_back(&element);
@@ -191,18 +179,20 @@ void FViewIPElements::CollectElements(std::span<FViewCoordGeomElement>& rest)
 
 void FViewIPElements::AssignPointNames(int number) const
 {
-    if (kind == NOT_RECOGNISED)
+    const auto* const pattern = std::find_if(CURVE_PATTERNS.begin(), CURVE_PATTERNS.end(),
+                                             [this](const CurvePattern& row) { return row.kind == kind; });
+    if (pattern == CURVE_PATTERNS.end())
     {
         return;
     }
-    const auto& names = POINT_NAMES[static_cast<std::size_t>(kind)];
-    for (std::size_t point = 0; point <= elements.size(); ++point)
+    const std::size_t points = std::min(elements.size() + 1, pattern->names.size());
+    for (std::size_t point = 0; point < points; ++point)
     {
-        if (names[point] == nullptr)
+        if (pattern->names[point] == nullptr)
         {
             continue;
         }
-        const std::wstring name = ReplaceAll(names[point], L"%d", std::to_wstring(number));
+        const std::wstring name = ReplaceAll(pattern->names[point], L"%d", std::to_wstring(number));
         if (point > 0)
         {
             elements[point - 1]->endName = name;
@@ -310,7 +300,7 @@ bool FViewCoordGeom::WriteElement(const WcXmNode& node)
     for (auto element = elements.begin(); more && element != elements.end();
          ++element, more = child.MoveToNextSibling())
     {
-        if (element->type == FViewCoordGeomElement::OTHER)
+        if (!IsKnownType(*element))
         {
             continue;
         }

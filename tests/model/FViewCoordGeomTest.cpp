@@ -1,8 +1,12 @@
 #include "model/FViewCoordGeom.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
+#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace jlandxml
 {
@@ -34,6 +38,8 @@ std::wstring Names(const std::wstring& letters)
     return names;
 }
 
+constexpr auto BY_LETTERS = [](const auto& row) { return TextName(row.param.letters); };
+
 struct NamingCase
 {
     const wchar_t* letters;
@@ -64,7 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
         NamingCase{L"LCXL", L"BP/BC.1 BC.1/ / /EP"}, NamingCase{L"LCSL", L"BP/BC.1 BC.1/ / /EP"},
         NamingCase{L"CCC", L"BP/PCC.1 PCC.1/BC.2 BC.2/EP"}, NamingCase{L"X", L"BP/EP"},
         NamingCase{L"XLX", L"BP/ /IP.2 /EP"},
-        NamingCase{L"LSCSLCL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/BC.2 BC.2/EC.2 EC.2/EP"}));
+        NamingCase{L"LSCSLCL", L"BP/KA.1-1 KA.1-1/KE.1-1 KE.1-1/KE.1-2 KE.1-2/KA.1-2 KA.1-2/BC.2 BC.2/EC.2 EC.2/EP"}),
+    BY_LETTERS);
 
 struct GroupCase
 {
@@ -106,7 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
                     GroupCase{L"L", 0, 0, 1}, GroupCase{L"SCSCSS", 5, 0, 5}, GroupCase{L"SSS", 4, 0, 2},
                     GroupCase{L"SCSCC", 2, 0, 3}, GroupCase{L"SCC", 3, 0, 2}, GroupCase{L"SL", -1, 0, 1},
                     GroupCase{L"S", -1, 0, 1}, GroupCase{L"CCS", 6, 0, 2}, GroupCase{L"CSCS", 1, 0, 1},
-                    GroupCase{L"C", 1, 0, 1}, GroupCase{L"XSS", -1, 0, 1}, GroupCase{L"X", -1, 0, 1}));
+                    GroupCase{L"C", 1, 0, 1}, GroupCase{L"XSS", -1, 0, 1}, GroupCase{L"X", -1, 0, 1}),
+    BY_LETTERS);
 
 TEST(FViewCoordGeom, EverySpiralHasTheSamePi)
 {
@@ -294,6 +302,111 @@ TEST(FViewCoordGeom, ElementsAndChildrenArePairedByTheirOrderAlone)
               L"<CoordGeom><Chain><End name=\"BC.1\"/></Chain></CoordGeom>");
 }
 
+TEST(FViewCoordGeom, PointNamesAreReadInAnyCase)
+{
+    const auto geometry =
+        Read<FViewCoordGeom>(L"<CoordGeom><Line><start name='a'/><END name='b'/></Line>"
+                             L"<Spiral><START name='c'/><pi name='d'/><end name='e'/></Spiral></CoordGeom>");
+    ASSERT_EQ(geometry.elements.size(), 2U);
+    EXPECT_EQ(geometry.elements[0].startName, L"a");
+    EXPECT_EQ(geometry.elements[0].endName, L"b");
+    EXPECT_EQ(geometry.elements[1].startName, L"c");
+    EXPECT_EQ(geometry.elements[1].piName, L"d");
+    EXPECT_EQ(geometry.elements[1].endName, L"e");
+}
+
+TEST(FViewCoordGeom, OnlySpiralsHaveTheirPiNamed)
+{
+    EXPECT_EQ(Written<FViewCoordGeom>(
+                  L"<CoordGeom><Line><PI/><Start/><End/></Line><Curve><Start/><Center/><PI/><End/></Curve>"
+                  L"<Spiral><Start/><pi/><End/></Spiral><Line/></CoordGeom>"),
+              L"<CoordGeom><Line><PI/><Start name=\"BP\"/><End name=\"BC.1\"/></Line><Curve><Start name=\"BC.1\"/>"
+              L"<Center/><PI/><End/></Curve><Spiral><Start/><pi name=\"IP\"/><End/></Spiral><Line/></CoordGeom>");
+}
+
+TEST(FViewCoordGeom, TheParameterIsThatOfTheRadiiAsTheyAreWritten)
+{
+    // The radius at the start becomes that of a straight by its eight decimals.
+    EXPECT_EQ(Written<FViewCoordGeom>(
+                  L"<CoordGeom><Spiral radiusStart='0.000000024' radiusEnd='200' length='50'/></CoordGeom>"),
+              L"<CoordGeom><Spiral radiusStart=\"0.00000002\" radiusEnd=\"200.00000000\" length=\"50\">"
+              L"<Feature><Property label=\"A\" value=\"100.000000\"/></Feature></Spiral></CoordGeom>");
+}
+
+TEST(FViewIPElements, OfNothingNothingIsTaken)
+{
+    std::span<FViewCoordGeomElement> rest;
+    FViewCoordGeomElement former;
+    FViewIPElements group;
+    group.kind = 1;
+    group.elements.push_back(&former);
+    group.CollectElements(rest);
+    EXPECT_EQ(group.kind, -1);
+    EXPECT_TRUE(group.elements.empty());
+    EXPECT_TRUE(rest.empty());
+    group.AssignPointNames(1);
+}
+
+TEST(FViewIPElements, AnUnknownKindNamesNoPoint)
+{
+    for (const std::int32_t kind : {-2, -1, 7, 8, 1000000, -2147483647})
+    {
+        FViewCoordGeomElement element;
+        FViewIPElements group;
+        group.kind = kind;
+        group.elements.push_back(&element);
+        group.AssignPointNames(1);
+        EXPECT_EQ(element.startName + element.endName, L"") << kind;
+    }
+}
+
+TEST(FViewIPElements, AGroupWithMoreElementsThanItsKindHasPointsNamesTheFirst)
+{
+    std::array<FViewCoordGeomElement, 9> elements;
+    for (const auto& [kind, named] : {std::pair(1, 2), std::pair(5, 6)})
+    {
+        FViewIPElements group;
+        group.kind = kind;
+        for (FViewCoordGeomElement& element : elements)
+        {
+            element.Clear();
+            group.elements.push_back(&element);
+        }
+        group.AssignPointNames(3);
+        const auto starts = std::count_if(elements.begin(), elements.end(), [](const FViewCoordGeomElement& element) {
+            return !element.startName.empty();
+        });
+        EXPECT_EQ(starts, named) << kind;
+    }
+    FViewIPElements fewer;
+    fewer.kind = 5;
+    fewer.AssignPointNames(1);
+}
+
+TEST(FViewCoordGeom, AnUnknownTypeCountsAsNoneOfTheThree)
+{
+    for (const std::int32_t type : {3, 100, -2, -2147483647})
+    {
+        FViewCoordGeom geometry;
+        geometry.elements.resize(3);
+        geometry.elements[0].type = FViewCoordGeomElement::LINE;
+        geometry.elements[1].type = type;
+        geometry.elements[2].type = FViewCoordGeomElement::LINE;
+        geometry.NamePoints();
+        EXPECT_EQ(geometry.elements[0].endName, L"IP.1") << type;
+        EXPECT_EQ(geometry.elements[1].startName + geometry.elements[1].endName, L"") << type;
+        geometry.elements[1].startName = L"x";
+        EXPECT_EQ(
+            WrittenInto(geometry, L"<CoordGeom><Line><Start/></Line><Chain radius='1'><Start/></Chain></CoordGeom>"),
+            L"<CoordGeom><Line><Start name=\"BP\"/></Line><Chain radius=\"1\"><Start/></Chain></CoordGeom>")
+            << type;
+    }
+}
+
+constexpr auto BY_SHORT_TEXT = [](const auto& row) {
+    return row.param.text.size() < 20 ? TextName(row.param.text) : "TheNumberThatMeansNotGiven";
+};
+
 struct RadiusCase
 {
     std::wstring text;
@@ -318,7 +431,8 @@ INSTANTIATE_TEST_SUITE_P(FViewCoordGeom, Radius,
                                          RadiusCase{L"2e2", L"2e2"}, RadiusCase{L"", L"0.00000000"},
                                          RadiusCase{L"0.123456789", L"0.12345679"}, RadiusCase{L" 200", L" 200"},
                                          // the number that means "not given" leaves the point alone
-                                         RadiusCase{L"0." + std::wstring(307, L'0') + L"22250738585072014", L"."}));
+                                         RadiusCase{L"0." + std::wstring(307, L'0') + L"22250738585072014", L"."}),
+                         BY_SHORT_TEXT);
 
 TEST(FViewCoordGeom, AMissingRadiusStaysMissing)
 {
@@ -365,6 +479,17 @@ INSTANTIATE_TEST_SUITE_P(
                       L"0.001225"},
         ParameterCase{L"an end radius above the tolerance", L"radiusStart='0' radiusEnd='0.00000003' length='50'",
                       L"0.001225"},
+        ParameterCase{L"an end radius below the tolerance", L"radiusStart='0' radiusEnd='0.00000002' length='50'", L""},
+        ParameterCase{L"an end radius just below the tolerance",
+                      L"radiusStart='0' radiusEnd='0.00000002220446049' length='50'", L""},
+        ParameterCase{L"an end radius of just the tolerance is none of a straight",
+                      L"radiusStart='0' radiusEnd='0.00000002220446049250313' length='50'", L"0.001054"},
+        ParameterCase{L"an end radius below the tolerance behind a curve",
+                      L"radiusStart='200' radiusEnd='0.00000002' length='50'", L"100.000000"},
+        ParameterCase{L"an end radius of just the tolerance behind a curve",
+                      L"radiusStart='200' radiusEnd='0.00000002220446049250313' length='50'", L"0.001054"},
+        ParameterCase{L"a negative end radius below the tolerance",
+                      L"radiusStart='200' radiusEnd='-0.00000002' length='50'", L"100.000000"},
         ParameterCase{L"a negative radius below the tolerance",
                       L"radiusStart='-0.00000002' radiusEnd='200' length='50'", L"100.000000"},
         ParameterCase{L"negative radii below the tolerance",
@@ -378,7 +503,8 @@ INSTANTIATE_TEST_SUITE_P(
         ParameterCase{L"no start radius", L"radiusEnd='200' length='50'", L""},
         ParameterCase{L"no end radius", L"radiusStart='200' length='50'", L""},
         ParameterCase{L"a length that is no number", L"radiusStart='INF' radiusEnd='200' length='x'", L"0.000000"},
-        ParameterCase{L"equal radii and no length", L"radiusStart='200' radiusEnd='200' length='0'", L"nan."}));
+        ParameterCase{L"equal radii and no length", L"radiusStart='200' radiusEnd='200' length='0'", L"nan."}),
+    BY_RULE);
 
 TEST(FViewCoordGeom, ASpiralFromAStraightKeepsInfAndGetsItsParameter)
 {
@@ -446,7 +572,8 @@ INSTANTIATE_TEST_SUITE_P(
         GivenParameterCase{L"a label in another case is another label",
                            L"<Feature><Property label=\"a\" value=\"7\"/></Feature>",
                            L"<Feature><Property label=\"a\" value=\"7\"/><Property label=\"A\" "
-                           L"value=\"100.000000\"/></Feature>"}));
+                           L"value=\"100.000000\"/></Feature>"}),
+    BY_RULE);
 
 TEST(FViewCoordGeom, AFinishedElementReadAgainIsUnchanged)
 {
