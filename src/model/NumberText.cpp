@@ -3,6 +3,8 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace jlandxml
@@ -10,6 +12,11 @@ namespace jlandxml
 
 namespace
 {
+
+int PossibleDigits(int digits)
+{
+    return std::clamp(digits, 0, MOST_DIGITS);
+}
 
 void ClosePoint(std::wstring& text)
 {
@@ -73,13 +80,15 @@ double ReadNumber(std::wstring_view text)
 double WithoutNegativeZero(double value, int digits)
 {
     // Written out, since the last bit of a power depends on the platform's library.
-    static constexpr double UNITS[] = {1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
-    return std::fabs(value) < 0.5 * UNITS[digits] ? 0.0 : value;
+    static constexpr std::array<double, MOST_DIGITS + 1> UNITS = {1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,
+                                                                  1e-7,  1e-8,  1e-9,  1e-10, 1e-11, 1e-12, 1e-13,
+                                                                  1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20};
+    return std::fabs(value) < 0.5 * UNITS[static_cast<std::size_t>(PossibleDigits(digits))] ? 0.0 : value;
 }
 
 std::wstring FixedText(double value, int digits)
 {
-    return FormatFixed(WithoutNegativeZero(value, digits), digits);
+    return FormatFixed(WithoutNegativeZero(value, digits), PossibleDigits(digits));
 }
 
 std::wstring ClosedFixedText(double value, int digits)
@@ -95,7 +104,7 @@ void AppendNumberText(std::wstring& target, double value, int digits)
     std::string_view text;
     if (value != UNSET_DOUBLE)
     {
-        text = FormatFixed(WithoutNegativeZero(value, digits), digits, buffer);
+        text = FormatFixed(WithoutNegativeZero(value, digits), PossibleDigits(digits), buffer);
     }
     const bool hasPoint = text.find('.') != std::string_view::npos;
     if (hasPoint)

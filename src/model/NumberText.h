@@ -9,32 +9,37 @@
 namespace jlandxml
 {
 
-/// True for a sign, then digits with at most one point, any of them absent. So an empty text is numeric and an exponent
-/// isn't.
+/// True for a sign, then digits with at most one point, any of them absent. So an empty text is numeric, and an
+/// exponent, a blank and "INF" aren't.
 bool IsNumericText(std::wstring_view text);
 
-/// Cuts the zeros at the end of a numeric text's decimals, and the point if it is then the last character.
+/// Cuts the zeros at the end of a numeric text's decimals, and the point if it is then the last character. Any other
+/// text stays.
 void TrimNumberText(std::wstring& text);
 
-/// The number of a text of the format: what the C library reads at its front if the text is numeric, else 0.
+/// The number of a text of the format: its decimal value if the text is numeric, else 0.
 double ReadNumber(std::wstring_view text);
 
-/// The value, or 0 where it is smaller than half a unit of the last of `digits` decimals (at most 12), so that no
+/// How many decimals a text may have; a number of decimals outside 0 to this counts as the nearest of the two.
+inline constexpr int MOST_DIGITS = 20;
+
+/// The value, or 0 where its magnitude is strictly below half a unit of the last of `digits` decimals, so that no
 /// "-0.000" is printed.
 double WithoutNegativeZero(double value, int digits);
 
 /// The value with all of its `digits` decimals ("200.00000000").
 std::wstring FixedText(double value, int digits);
 
-/// The same, with a closing point where a number that isn't finite has none.
+/// The same, with a closing point where there is none: behind a number that isn't finite ("inf.", "nan.") and behind a
+/// whole one of no decimals.
 std::wstring ClosedFixedText(double value, int digits);
 
 /// The number text of the format: at most `digits` decimals, no zeros at their end, and a closing point on whole
 /// numbers
-/// ("12.", "12.5"). An unset value gives the point alone.
+/// ("12.", "12.5"). An unset value gives the point alone. Numbers that aren't finite give "inf.", "-inf." and "nan.".
 std::wstring NumberText(double value, int digits);
 
-/// Appends the number text to a longer one, such as a list of points.
+/// Appends that text to a longer one, such as a list of points.
 void AppendNumberText(std::wstring& target, double value, int digits);
 
 /// Stores the number text in an attribute. An unset value leaves the attribute as it stands.
@@ -49,8 +54,9 @@ bool ReadTextAttribute(const WcXmNode& node, std::wstring_view name, std::wstrin
 /// Stores a text in an attribute unless it is empty. False if the node can't have attributes.
 bool WriteTextAttribute(const WcXmNode& node, const wchar_t* name, std::wstring_view text);
 
-/// Reads two numbers with one blank between them. False, with both left as they are, if the text has no blank or its
-/// second part holds one.
+/// Reads two numbers that the first blank (U+0020) of a text separates; white space around either is dropped, and a
+/// part that isn't numeric is 0. False, with both left as they are, if the text has no blank or if, white space at its
+/// ends apart, its second part holds one.
 bool SplitNumberPair(std::wstring_view text, double& first, double& second);
 
 } // namespace jlandxml

@@ -1,5 +1,7 @@
 #include "model/NumberText.h"
 
+#include "base/Numbers.h"
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <cmath>
@@ -37,7 +39,8 @@ INSTANTIATE_TEST_SUITE_P(NumberText, NumericText,
                                          NumericCase{L"--1", false, 0.0}, NumericCase{L"-12.50", true, -12.5},
                                          NumericCase{L"..", false, 0.0}, NumericCase{L"INF", false, 0.0},
                                          NumericCase{L"0x1", false, 0.0}, NumericCase{L"１", false, 0.0},
-                                         NumericCase{L"007", true, 7.0}));
+                                         NumericCase{L"007", true, 7.0}),
+                         BY_TEXT);
 
 class SignOfZero : public testing::TestWithParam<std::pair<const wchar_t*, bool>>
 {};
@@ -49,7 +52,8 @@ TEST_P(SignOfZero, IsReadWhereADigitIs)
 
 INSTANTIATE_TEST_SUITE_P(NumberText, SignOfZero,
                          testing::Values(std::pair(L"-", false), std::pair(L"-.", false), std::pair(L"", false),
-                                         std::pair(L"-x", false), std::pair(L"-0", true), std::pair(L"-.0", true)));
+                                         std::pair(L"-x", false), std::pair(L"-0", true), std::pair(L"-.0", true)),
+                         [](const auto& row) { return TextName(row.param.first); });
 
 struct TrimCase
 {
@@ -72,7 +76,8 @@ INSTANTIATE_TEST_SUITE_P(NumberText, TrimmedNumberText,
                                          TrimCase{L"100", L"100"}, TrimCase{L"0.0", L"0"}, TrimCase{L"-.0", L"-"},
                                          TrimCase{L".", L""}, TrimCase{L"", L""},
                                          TrimCase{L"12+34.500000", L"12+34.500000"}, TrimCase{L"1.0e5", L"1.0e5"},
-                                         TrimCase{L"1.2.0", L"1.2.0"}));
+                                         TrimCase{L"1.2.0", L"1.2.0"}),
+                         BY_TEXT);
 
 struct NumberCase
 {
@@ -99,7 +104,59 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{-std::numeric_limits<double>::infinity(), 6, L"-inf."},
                     NumberCase{std::numeric_limits<double>::quiet_NaN(), 6, L"nan."},
                     NumberCase{1.0 / 3.0, 12, L"0.333333333333"}, NumberCase{0.6e-12, 12, L"0.000000000001"},
-                    NumberCase{0.4e-12, 12, L"0."}));
+                    NumberCase{0.4e-12, 12, L"0."}),
+    [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });
+
+class SmallestNumber : public testing::TestWithParam<int>
+{};
+
+TEST_P(SmallestNumber, IsHalfAUnitOfTheLastDecimal)
+{
+    const int digits = GetParam();
+    const double half = ParseDouble(L"5e-" + std::to_wstring(digits + 1)).value;
+    EXPECT_EQ(WithoutNegativeZero(half, digits), half);
+    EXPECT_EQ(WithoutNegativeZero(-half, digits), -half);
+    const double less = std::nextafter(half, 0.0);
+    EXPECT_EQ(WithoutNegativeZero(less, digits), 0.0);
+    EXPECT_EQ(WithoutNegativeZero(-less, digits), 0.0);
+    EXPECT_FALSE(std::signbit(WithoutNegativeZero(-less, digits)));
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, SmallestNumber, testing::Range(0, MOST_DIGITS + 1),
+                         [](const auto& row) { return "Of" + std::to_string(row.param) + "Decimals"; });
+
+TEST(NumberText, MoreThanTwelveDecimalsAreWrittenUpToTwenty)
+{
+    EXPECT_EQ(FixedText(0.5, 13), L"0.5000000000000");
+    EXPECT_EQ(FixedText(0.1, 15), L"0.100000000000000");
+    EXPECT_EQ(NumberText(0.125, 15), L"0.125");
+    EXPECT_EQ(NumberText(-0.4e-15, 15), L"0.");
+    EXPECT_EQ(FixedText(0.5, 20), L"0.50000000000000000000");
+    EXPECT_EQ(NumberText(-0.4e-20, 20), L"0.");
+}
+
+TEST(NumberText, ANumberOfDecimalsOutsideTheRangeIsTheNearestWithin)
+{
+    constexpr int LEAST = std::numeric_limits<int>::min();
+    constexpr int MOST = std::numeric_limits<int>::max();
+    EXPECT_EQ(FixedText(0.5, 21), L"0.50000000000000000000");
+    EXPECT_EQ(FixedText(0.5, MOST), L"0.50000000000000000000");
+    EXPECT_EQ(NumberText(1.75, MOST), L"1.75");
+    EXPECT_EQ(NumberText(1.75, -1), L"2.");
+    EXPECT_EQ(ClosedFixedText(1.75, LEAST), L"2.");
+    EXPECT_EQ(NumberText(-0.25, LEAST), L"0.");
+    EXPECT_EQ(WithoutNegativeZero(1.75, LEAST), 1.75);
+    XmlText xml(L"<a/>");
+    FormatDoubleAttribute(xml.Root(), L"x", -1.75, MOST);
+    EXPECT_EQ(xml.Text(), L"<a x=\"-1.75\"/>");
+}
+
+TEST(NumberText, TheLargestNumberHasRoomForAllDecimals)
+{
+    const std::wstring text = FixedText(-std::numeric_limits<double>::max(), MOST_DIGITS);
+    EXPECT_EQ(text.size(), 1U + 309 + 1 + 20);
+    EXPECT_TRUE(text.ends_with(L".00000000000000000000"));
+}
 
 TEST(NumberText, FixedTextKeepsItsZerosAndNeverShowsANegativeZero)
 {
@@ -174,7 +231,8 @@ INSTANTIATE_TEST_SUITE_P(NumberText, NumberPair,
                                          PairCase{L"1 2 3", false, -1.0, -2.0}, PairCase{L" 1 2", false, -1.0, -2.0},
                                          PairCase{L"1\x3000"
                                                   L"2",
-                                                  false, -1.0, -2.0}));
+                                                  false, -1.0, -2.0}),
+                         BY_TEXT);
 
 } // namespace
 } // namespace jlandxml
