@@ -1,6 +1,7 @@
 #include "model/DescText.h"
 
 #include "base/Text.h"
+#include "support/RowName.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ DescMap Parsed(std::wstring_view text)
 
 struct DescCase
 {
+    const wchar_t* rule;
     const wchar_t* text;
     DescMap values;
 };
@@ -35,17 +37,28 @@ TEST_P(Desc, IsKeysWithTheirValues)
 INSTANTIATE_TEST_SUITE_P(
     DescText, Desc,
     testing::Values(
-        DescCase{L"", {}}, DescCase{L"free text = without a key", {}},
-        DescCase{L"主測点間隔 = 20 副測点間隔=10", {{L"主測点間隔", L"20"}, {L"副測点間隔", L"10"}}},
-        DescCase{L"主測点間隔 =20", {{L"主測点間隔", L"20"}}}, DescCase{L"主測点間隔= 20", {{L"主測点間隔", L"20"}}},
-        DescCase{L"主測点間隔  = 20", {}}, DescCase{L"主測点間隔 =  20", {{L"主測点間隔", L" 20"}}},
-        DescCase{L"主測点間隔\x3000= 20", {}}, DescCase{L"主測点間隔=20\x3000\t\n", {{L"主測点間隔", L"20"}}},
-        DescCase{L"道路 主測点間隔=1 主測点間隔=2", {{L"主測点間隔", L"1"}}},
-        DescCase{L"プロジェクト名 = a = b=c 事業段階 = 詳細",
+        DescCase{L"nothing", L"", {}}, DescCase{L"a sign without a key", L"free text = without a key", {}},
+        DescCase{L"two keys", L"主測点間隔 = 20 副測点間隔=10", {{L"主測点間隔", L"20"}, {L"副測点間隔", L"10"}}},
+        DescCase{L"a blank in front of the sign", L"主測点間隔 =20", {{L"主測点間隔", L"20"}}},
+        DescCase{L"a blank behind the sign", L"主測点間隔= 20", {{L"主測点間隔", L"20"}}},
+        DescCase{L"two blanks in front of the sign", L"主測点間隔  = 20", {}},
+        DescCase{
+            L"a second blank behind the sign belongs to the value", L"主測点間隔 =  20", {{L"主測点間隔", L" 20"}}},
+        DescCase{L"an ideographic blank in front of the sign", L"主測点間隔\x3000= 20", {}},
+        DescCase{L"white space at the end of a value", L"主測点間隔=20\x3000\t\n", {{L"主測点間隔", L"20"}}},
+        DescCase{
+            L"of a key that stands twice the first counts", L"道路 主測点間隔=1 主測点間隔=2", {{L"主測点間隔", L"1"}}},
+        DescCase{L"a value with signs in it",
+                 L"プロジェクト名 = a = b=c 事業段階 = 詳細",
                  {{L"プロジェクト名", L"a = b=c"}, {L"事業段階", L"詳細"}}},
-        DescCase{L"左右岸区分=主測点間隔=5", {{L"主測点間隔", L"5"}, {L"左右岸区分", L""}}},
-        DescCase{L"主測点間隔==", {{L"主測点間隔", L"="}}}, DescCase{L"主測点間隔=", {{L"主測点間隔", L""}}},
-        DescCase{L"主測点間隔 = ", {{L"主測点間隔", L""}}}, DescCase{L"=主測点間隔", {}}, DescCase{L"=", {}}));
+        DescCase{L"a key as the value of another",
+                 L"左右岸区分=主測点間隔=5",
+                 {{L"主測点間隔", L"5"}, {L"左右岸区分", L""}}},
+        DescCase{L"a sign as a value", L"主測点間隔==", {{L"主測点間隔", L"="}}},
+        DescCase{L"no value", L"主測点間隔=", {{L"主測点間隔", L""}}},
+        DescCase{L"a blank as a value", L"主測点間隔 = ", {{L"主測点間隔", L""}}},
+        DescCase{L"a key behind its sign", L"=主測点間隔", {}}, DescCase{L"a sign alone", L"=", {}}),
+    BY_RULE);
 
 TEST(DescText, AMatchNeedsTheKeyAtTheFrontAndItsSign)
 {

@@ -1,8 +1,11 @@
 #include "model/FViewAlignments.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
+#include <type_traits>
 
 namespace jlandxml
 {
@@ -39,6 +42,10 @@ TEST(FViewAlignment, WithoutDescAndFeaturesItHasItsDefaults)
 TEST(FViewAlignment, TakesNameAndStart)
 {
     EXPECT_EQ(Read<FViewAlignment>(L"<Alignment name='線形1' staStart='12.5'/>").name, L"線形1");
+    XmlText given(L"<Alignment staStart='-12.5'/>");
+    FViewAlignment started;
+    started.ReadElement(given.Root());
+    EXPECT_EQ(started.staStart.value, -12.5);
     XmlText xml(L"<Alignment staStart='x'/>");
     FViewAlignment alignment;
     alignment.ReadElement(xml.Root());
@@ -252,7 +259,8 @@ INSTANTIATE_TEST_SUITE_P(
                     L"2</PntList2D></ProfSurf></Profile><CoordGeom><Line><Start/><End/></Line></CoordGeom>",
                     L"><Profile><ProfSurf name=\"g\"><PntList2D>1. 2.</PntList2D></ProfSurf></Profile>"
                     L"<CoordGeom><Line><Start name=\"BP\"/><End name=\"EP\"/></Line></CoordGeom>" +
-                        DEFAULT_FEATURES}));
+                        DEFAULT_FEATURES}),
+    BY_RULE);
 
 TEST(FViewAlignment, CrossSectionsReferToTheDesignProfile)
 {
@@ -269,6 +277,81 @@ TEST(FViewAlignment, WithoutADesignProfileCrossSectionsReferToNothing)
 {
     EXPECT_EQ(Written<FViewAlignment>(L"<Alignment><CrossSects><CrossSect sta='1'/></CrossSects></Alignment>"),
               L"<Alignment><CrossSects><CrossSect sta=\"1\"/></CrossSects>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, AReferenceThatStandsIsUpdatedInTheFirstFeatureWithoutAName)
+{
+    EXPECT_EQ(
+        Written<FViewAlignment>(
+            L"<Alignment><CrossSects><Feature name='f'><Property label='profAlignRefs' value='x'/></Feature>"
+            L"<Feature><Property label='a' value='1'/><Property label='profAlignRefs' value='旧'/></Feature>"
+            L"<CrossSect/><Feature><Property label='profAlignRefs' value='y'/></Feature></CrossSects>"
+            L"<Profile><ProfAlign name='計画'/></Profile></Alignment>"),
+        L"<Alignment><CrossSects><Feature name=\"f\"><Property label=\"profAlignRefs\" value=\"x\"/></Feature>"
+        L"<Feature><Property label=\"a\" value=\"1\"/><Property label=\"profAlignRefs\" value=\"計画\"/></Feature>"
+        L"<CrossSect/><Feature><Property label=\"profAlignRefs\" value=\"y\"/></Feature></CrossSects>"
+        L"<Profile><ProfAlign name=\"計画\"/></Profile>" +
+            DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, ASecondExportWritesTheReferenceOnce)
+{
+    XmlText xml(
+        L"<Alignment><CrossSects><CrossSect/></CrossSects><Profile><ProfAlign name='計画'/></Profile></Alignment>");
+    FViewAlignment alignment;
+    alignment.ReadElement(xml.Root());
+    alignment.WriteElement(xml.Root());
+    const std::wstring first = xml.Text();
+    alignment.WriteElement(xml.Root());
+    EXPECT_EQ(xml.Text(), first);
+}
+
+TEST(FViewAlignment, AGeometryInAnotherCaseInFrontKeepsTheGeometryFromBeingWritten)
+{
+    const std::wstring geometry = L"<coordGeom><Line><Start/><End/></Line></coordGeom>"
+                                  L"<CoordGeom><Line><Start/><End/></Line></CoordGeom>";
+    EXPECT_EQ(Read<FViewAlignment>(L"<Alignment>" + geometry + L"</Alignment>").coordGeom.elements.at(0).startName,
+              L"BP");
+    EXPECT_EQ(Written<FViewAlignment>(L"<Alignment>" + geometry + L"</Alignment>"),
+              L"<Alignment>" + geometry + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, AProfileInAnotherCaseInFrontKeepsTheProfileFromBeingWritten)
+{
+    const std::wstring profiles = L"<PROFILE/><Profile><ProfAlign name=\"a\"><PVI>5 1</PVI></ProfAlign></Profile>";
+    EXPECT_EQ(Read<FViewAlignment>(L"<Alignment>" + profiles + L"</Alignment>").profile.staStart, 5.0);
+    EXPECT_EQ(Written<FViewAlignment>(L"<Alignment>" + profiles + L"</Alignment>"),
+              L"<Alignment>" + profiles + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, OldDesignFeaturesGoOnceEachAndByTheirNames)
+{
+    const std::wstring features = L"<Feature name=\"Horizontal\"/><Feature name=\"Interval\"/>"
+                                  L"<Feature name=\"SuperelevationConfig\"/><Feature name=\"SlopeList\"/>"
+                                  L"<Feature name=\"WideningList\"/>";
+    const auto after = [&](void (*remove)(const WcXmNode&)) {
+        XmlText xml(L"<Alignment>" + features + features + L"</Alignment>");
+        remove(xml.Root());
+        const std::wstring text = xml.Text();
+        EXPECT_TRUE(text.ends_with(features + L"</Alignment>"));
+        return text.substr(11, text.size() - 11 - features.size() - 12);
+    };
+    EXPECT_EQ(after(RemoveOldDesignFeatures), L"<Feature name=\"Horizontal\"/><Feature name=\"SlopeList\"/>"
+                                              L"<Feature name=\"WideningList\"/>");
+    EXPECT_EQ(after(RemoveSlopeListFeature), L"<Feature name=\"Horizontal\"/><Feature name=\"Interval\"/>"
+                                             L"<Feature name=\"SuperelevationConfig\"/>"
+                                             L"<Feature name=\"WideningList\"/>");
+    EXPECT_EQ(after(RemoveWideningListFeature), L"<Feature name=\"Horizontal\"/><Feature name=\"Interval\"/>"
+                                                L"<Feature name=\"SuperelevationConfig\"/>"
+                                                L"<Feature name=\"SlopeList\"/>");
+}
+
+TEST(FViewAlignment, RemovingEmptyCrossSectionsTellsWhetherOneWasThere)
+{
+    XmlText xml(L"<Alignment><CrossSects/><crosssects/><CrossSects><x/></CrossSects><CrossSects/></Alignment>");
+    EXPECT_TRUE(RemoveEmptyCrossSects(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects></Alignment>");
+    EXPECT_FALSE(RemoveEmptyCrossSects(xml.Root()));
 }
 
 TEST(FViewAlignment, CrossSectionsWithoutAChildAreDropped)
@@ -289,10 +372,28 @@ TEST(FViewAlignment, AFailingCrossSectionFailsTheAlignment)
 
 TEST(FViewAlignment, TheOutputVersionReachesTheCrossSections)
 {
-    auto alignment = Read<FViewAlignment>(L"<Alignment><CrossSects/></Alignment>");
+    auto alignment = Read<FViewAlignment>(
+        L"<Alignment><CoordGeom/><StaEquation/><CrossSects><CrossSect/></CrossSects><CrossSects/>"
+        L"<Profile><ProfSurf><PntList2D>1 2</PntList2D></ProfSurf></Profile><Superelevation/>"
+        L"<Feature name='SlopeList'><Property label='slopeValue' value='1 2'/></Feature><Feature name='WideningList'>"
+        L"<Property label='widthLeftValue' value='1 2'/><Property label='widthRightValue' value='1 2'/></Feature>"
+        L"</Alignment>");
     alignment.SetOutputVersion(3);
+    EXPECT_EQ(alignment.version, 3);
+    ASSERT_EQ(alignment.crossSects.size(), 2U);
     EXPECT_EQ(alignment.crossSects[0].version, 3);
+    EXPECT_EQ(alignment.crossSects[0].crossSects.at(0).version, 3);
+    EXPECT_EQ(alignment.crossSects[1].version, 3);
+    // Nothing else depends on it.
     EXPECT_EQ(alignment.coordGeom.version, 0);
+    EXPECT_EQ(alignment.staEquations.at(0).version, 0);
+    EXPECT_EQ(alignment.profile.version, 0);
+    EXPECT_EQ(alignment.profile.profSurfs.at(0).version, 0);
+    EXPECT_EQ(alignment.profile.profSurfs.at(0).pntList2D.version, 0);
+    EXPECT_EQ(alignment.superelevations.at(0).version, 0);
+    EXPECT_EQ(alignment.slopeList.at(0).version, 0);
+    EXPECT_EQ(alignment.widthLeftValue.at(0).version, 0);
+    EXPECT_EQ(alignment.widthRightValue.at(0).version, 0);
 }
 
 TEST(FViewAlignment, WideningIsWrittenFromVersion15On)
@@ -441,6 +542,48 @@ void ExpectEmpty(const FViewAlignment& alignment)
     EXPECT_TRUE(alignment.staEquations.empty());
     EXPECT_TRUE(alignment.widthLeftValue.empty());
     EXPECT_TRUE(alignment.widthRightValue.empty());
+}
+
+template <class... Classes>
+constexpr bool ALL_MOVE = (... && (std::is_nothrow_move_constructible_v<Classes> &&
+                                   std::is_nothrow_move_assignable_v<Classes>));
+
+static_assert(ALL_MOVE<FViewAlignment, FViewCoordGeom, FViewCoordGeomElement, FViewCrossSects, FViewProfile,
+                       FViewProfSurf, FViewPntList2D, FViewSuperelevation, FViewStaEquation, FViewStaEquationArray,
+                       FViewSlopeValue, FViewWidening, FViewFeature, FViewProperty>,
+              "a list that grows moves its entries only if moving can't fail");
+
+/// The places where an alignment keeps what it holds.
+auto Places(const FViewAlignment& alignment)
+{
+    return std::tuple(alignment.superelevations.data(), alignment.slopeList.data(), alignment.coordGeom.elements.data(),
+                      alignment.crossSects.data(), alignment.profile.profSurfs.data(), alignment.staEquations.data(),
+                      alignment.widthLeftValue.data(), alignment.widthRightValue.data());
+}
+
+TEST(FViewAlignment, MovesWithoutCopyingWhatItHoldsAndLeavesItsStart)
+{
+    FViewAlignment alignment = Full();
+    alignment.staStart.value = 7.0;
+    const auto places = Places(alignment);
+    FViewAlignment moved(std::move(alignment));
+    EXPECT_EQ(Places(moved), places);
+    EXPECT_EQ(moved.name, L"a");
+    EXPECT_EQ(moved.staStart.value, UNSET_DOUBLE);
+    FViewAlignment assigned;
+    assigned.staStart.value = 8.0;
+    assigned = std::move(moved);
+    EXPECT_EQ(Places(assigned), places);
+    EXPECT_EQ(assigned.staStart.value, 8.0);
+}
+
+TEST(FViewAlignment, AListThatGrowsMovesItsAlignments)
+{
+    PiCmCopyList<FViewAlignment> list;
+    list.push_back(Full());
+    const auto places = Places(list[0]);
+    list.reserve(list.capacity() + 1);
+    EXPECT_EQ(Places(list[0]), places);
 }
 
 TEST(FViewAlignment, ClearEmptiesEveryFieldButTheStart)

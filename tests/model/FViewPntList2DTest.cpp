@@ -1,7 +1,9 @@
 #include "model/FViewPntList2D.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace jlandxml
@@ -36,7 +38,8 @@ INSTANTIATE_TEST_SUITE_P(FViewPntList2D, PointList,
                                          PointListCase{L"1 2 3 4", {{1, 2}, {3, 4}}},
                                          PointListCase{L" 1  2   3 4 ", {{1, 2}, {3, 4}}}, PointListCase{L"   ", {}},
                                          PointListCase{L"1.5 abc", {{1.5, 0}}}, PointListCase{L"1 2 ", {{1, 2}}},
-                                         PointListCase{L"1\n2 3", {{0, 3}}}, PointListCase{L"-1 +2", {{-1, 2}}}));
+                                         PointListCase{L"1\n2 3", {{0, 3}}}, PointListCase{L"-1 +2", {{-1, 2}}}),
+                         BY_TEXT);
 
 struct WrittenPointsCase
 {
@@ -62,12 +65,20 @@ INSTANTIATE_TEST_SUITE_P(
                     WrittenPointsCase{{{0, 1}, {5, 2}, {0, 1}}, L"0. 1. 5. 2. 0. 1."},
                     WrittenPointsCase{{{0, 1}, {1e-8, 1}, {0, 1.00000003}}, L"0. 1. 0. 1.00000003"},
                     WrittenPointsCase{{{0, 0}, {1.5e-8, 0}, {3e-8, 0}}, L"0. 0. 0.00000003 0."},
+                    // Just the tolerance is a point of its own, in either coordinate and direction.
+                    WrittenPointsCase{{{0, 1}, {GEOMETRY_TOLERANCE, 1}}, L"0. 1. 0.000000022204 1."},
+                    WrittenPointsCase{{{0, 1}, {-GEOMETRY_TOLERANCE, 1}}, L"0. 1. -0.000000022204 1."},
+                    WrittenPointsCase{{{1, 0}, {1, GEOMETRY_TOLERANCE}}, L"1. 0. 1. 0.000000022204"},
+                    WrittenPointsCase{{{1, 0}, {1, -GEOMETRY_TOLERANCE}}, L"1. 0. 1. -0.000000022204"},
+                    WrittenPointsCase{{{0, 2}, {std::nextafter(GEOMETRY_TOLERANCE, 0.0), 2}}, L"0. 2."},
+                    WrittenPointsCase{{{2, 0}, {2, -std::nextafter(GEOMETRY_TOLERANCE, 0.0)}}, L"2. 0."},
                     WrittenPointsCase{{{UNSET_DOUBLE, UNSET_DOUBLE}, {UNSET_DOUBLE, UNSET_DOUBLE}}, L". . . ."},
                     WrittenPointsCase{{{UNSET_DOUBLE, 5}, {0, 5}}, L". 5. 0. 5."},
                     WrittenPointsCase{{{5, UNSET_DOUBLE}, {5, 0}}, L"5. . 5. 0."},
                     // Behind an unset point nothing is left out, but an unset point itself repeats (0, 0).
                     WrittenPointsCase{{{0, 0}, {UNSET_DOUBLE, UNSET_DOUBLE}, {1, 2}}, L"0. 0. 1. 2."},
-                    WrittenPointsCase{{{1.0 / 3, -1e-13}}, L"0.333333333333 0."}));
+                    WrittenPointsCase{{{1.0 / 3, -1e-13}}, L"0.333333333333 0."}),
+    BY_TEXT);
 
 TEST(FViewPntList2D, AMillionPointsAreReadAndWritten)
 {

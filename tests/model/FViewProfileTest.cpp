@@ -1,5 +1,6 @@
 #include "model/FViewProfile.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -75,6 +76,12 @@ INSTANTIATE_TEST_SUITE_P(
         ChoiceCase{L"one without a start counts as a tiny positive number",
                    L"<Profile><ProfAlign name='a'><PVI>50 1</PVI></ProfAlign><ProfAlign name='b'/></Profile>", L"b",
                    UNSET_DOUBLE},
+        ChoiceCase{L"the attribute bars what starts just at it",
+                   L"<Profile staStart='50'><ProfAlign name='a'><PVI>50 1</PVI></ProfAlign></Profile>", L"", 50},
+        ChoiceCase{L"of three the first of the two that start first",
+                   L"<Profile><ProfAlign name='a'><PVI>100 1</PVI></ProfAlign><ProfAlign name='b'><PVI>50 1</PVI>"
+                   L"</ProfAlign><ProfAlign name='c'><PVI>50 1</PVI></ProfAlign></Profile>",
+                   L"b", 50},
         ChoiceCase{L"the attribute bars what starts at or behind it",
                    L"<Profile staStart='0'><ProfAlign name='a'><PVI>0 1</PVI></ProfAlign></Profile>", L"", 0},
         ChoiceCase{L"before the attribute's station it is chosen",
@@ -101,7 +108,8 @@ INSTANTIATE_TEST_SUITE_P(
         ChoiceCase{L"a vertical curve in another case gives no start",
                    L"<Profile><ProfAlign name='a'><paracurve>1 2</paracurve></ProfAlign></Profile>", L"a",
                    UNSET_DOUBLE},
-        ChoiceCase{L"no design", L"<Profile/>", L"", UNSET_DOUBLE}));
+        ChoiceCase{L"no design", L"<Profile/>", L"", UNSET_DOUBLE}),
+    BY_RULE);
 
 TEST(FViewProfile, RealGroundLinesFollowTheConvertedOnes)
 {
@@ -174,7 +182,8 @@ INSTANTIATE_TEST_SUITE_P(FViewProfile, StationAndElevation,
                          testing::Values(StationCase{L"1.5 -2", 1.5, -2}, StationCase{L"x 2", 0, 2},
                                          StationCase{L"1 2e1", 1, 0}, StationCase{L"1", UNSET_DOUBLE, UNSET_DOUBLE},
                                          StationCase{L"", UNSET_DOUBLE, UNSET_DOUBLE},
-                                         StationCase{L"1 2 3", UNSET_DOUBLE, UNSET_DOUBLE}));
+                                         StationCase{L"1 2 3", UNSET_DOUBLE, UNSET_DOUBLE}),
+                         BY_TEXT);
 
 TEST(FViewProfile, ReadingBeginsAfresh)
 {

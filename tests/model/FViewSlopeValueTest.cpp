@@ -1,5 +1,6 @@
 #include "model/FViewSlopeValue.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +43,8 @@ INSTANTIATE_TEST_SUITE_P(
                     SlopeTextCase{L" 1 2", true, L"0+0.000000", L"", L"1", L"2"},
                     SlopeTextCase{L"100 ", true, L"1+0.000000", L"100", L"", L""},
                     SlopeTextCase{L"100 1 ", true, L"1+0.000000", L"100", L"1", L""},
-                    SlopeTextCase{L"100", false, L"", L"", L"", L""}, SlopeTextCase{L"", false, L"", L"", L"", L""}));
+                    SlopeTextCase{L"100", false, L"", L"", L"", L""}, SlopeTextCase{L"", false, L"", L"", L"", L""}),
+    BY_TEXT);
 
 struct SlopeFormatCase
 {
@@ -65,21 +67,31 @@ TEST_P(SlopeFormat, HasOneSlopeOnASingleLane)
     EXPECT_EQ(FormatSlopeValueText(value, GetParam().singleLane), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(FViewSlopeValue, SlopeFormat,
-                         testing::Values(SlopeFormatCase{L"100", L"2.0", L"-2.0", 0, L"100 2.0 -2.0"},
-                                         SlopeFormatCase{L"100", L"2.0", L"", 0, L"100 2.0 "},
-                                         SlopeFormatCase{L"", L"", L"", 0, L"  "},
-                                         SlopeFormatCase{L"", L"", L"", 1, L" "},
-                                         SlopeFormatCase{L"100", L"", L"", 1, L"100 "},
-                                         SlopeFormatCase{L"100", L"0.0", L"-2.0", 1, L"100 -2.0"},
-                                         SlopeFormatCase{L"100", L"0", L"2.5", 1, L"100 2.5"},
-                                         SlopeFormatCase{L"100", L"1.5", L"2.5", 1, L"100 1.5"},
-                                         SlopeFormatCase{L"100", L"x", L"2.5", 1, L"100 2.5"},
-                                         SlopeFormatCase{L"100", L"", L"2.5", 1, L"100 2.5"},
-                                         SlopeFormatCase{L"100", L"1.5", L"2.5", -1, L"100 1.5 2.5"},
-                                         SlopeFormatCase{L"100", L"1.5", L"2.5", 2, L"100 1.5 2.5"},
-                                         SlopeFormatCase{L"100", L"0.00000002", L"2", 1, L"100 2"},
-                                         SlopeFormatCase{L"100", L"0.00000003", L"2", 1, L"100 0.00000003"}));
+INSTANTIATE_TEST_SUITE_P(
+    FViewSlopeValue, SlopeFormat,
+    testing::Values(SlopeFormatCase{L"100", L"2.0", L"-2.0", 0, L"100 2.0 -2.0"},
+                    SlopeFormatCase{L"100", L"2.0", L"", 0, L"100 2.0 "}, SlopeFormatCase{L"", L"", L"", 0, L"  "},
+                    SlopeFormatCase{L"", L"", L"", 1, L" "}, SlopeFormatCase{L"100", L"", L"", 1, L"100 "},
+                    SlopeFormatCase{L"100", L"0.0", L"-2.0", 1, L"100 -2.0"},
+                    SlopeFormatCase{L"100", L"0", L"2.5", 1, L"100 2.5"},
+                    SlopeFormatCase{L"100", L"1.5", L"2.5", 1, L"100 1.5"},
+                    SlopeFormatCase{L"100", L"x", L"2.5", 1, L"100 2.5"},
+                    SlopeFormatCase{L"100", L"", L"2.5", 1, L"100 2.5"},
+                    SlopeFormatCase{L"100", L"1.5", L"2.5", -1, L"100 1.5 2.5"},
+                    SlopeFormatCase{L"100", L"1.5", L"2.5", 2, L"100 1.5 2.5"},
+                    SlopeFormatCase{L"100", L"0.00000002", L"2", 1, L"100 2"},
+                    SlopeFormatCase{L"100", L"0.00000003", L"2", 1, L"100 0.00000003"},
+                    SlopeFormatCase{L"100", L"0.00000002220446049250313", L"2", 1, L"100 0.00000002220446049250313"},
+                    SlopeFormatCase{L"100", L"0.00000002220446049", L"2", 1, L"100 2"},
+                    SlopeFormatCase{L"100", L"-0.00000002220446049250313", L"2", 1, L"100 -0.00000002220446049250313"},
+                    SlopeFormatCase{L"100", L"-0.00000002", L"2", 1, L"100 2"},
+                    SlopeFormatCase{L"100", L"-1.5", L"2.5", 1, L"100 -1.5"},
+                    SlopeFormatCase{L"100", L"-2.0", L"", 1, L"100 -2.0"}),
+    [](const auto& row) {
+        const SlopeFormatCase& slope = row.param;
+        return "Lanes" + TextName(std::to_wstring(slope.singleLane)) + "_At" + TextName(slope.station) + "_Left" +
+               TextName(slope.left) + "_Right" + TextName(slope.right);
+    });
 
 TEST(FViewSlopeValue, NeitherReadsNorWritesAnElement)
 {

@@ -1,5 +1,6 @@
 #include "model/FViewSuperelevation.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -101,6 +102,19 @@ INSTANTIATE_TEST_SUITE_P(
                            L"<StartofRunoutSta>20</StartofRunoutSta>",
                            L"><BeginRunoffSta>11</BeginRunoffSta><StartofRunoutSta>10.</StartofRunoutSta>"
                            L"<EndofRunoutSta>20.</EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"of what the repair adds the end of run-out stands in front of its start",
+                           L"><BeginRunoffSta>10</BeginRunoffSta><startofrunoutsta>20</startofrunoutsta>",
+                           L"><startofrunoutsta>20</startofrunoutsta><EndofRunoutSta>20.</EndofRunoutSta>"
+                           L"<StartofRunoutSta>10.</StartofRunoutSta><AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"the repair takes a begin of run-off in any case away",
+                           L"><beginrunoffsta>10</beginrunoffsta><StartofRunoutSta>20</StartofRunoutSta>",
+                           L"><StartofRunoutSta>10.</StartofRunoutSta><EndofRunoutSta>20.</EndofRunoutSta>"
+                           L"<AdverseSE>adverse</AdverseSE>"},
+        SuperelevationCase{L"the repair takes the first begin of run-off away whatever its case",
+                           L"><beginrunoffsta>10</beginrunoffsta><BeginRunoffSta>11</BeginRunoffSta>"
+                           L"<StartofRunoutSta>20</StartofRunoutSta>",
+                           L"><BeginRunoffSta>11</BeginRunoffSta><StartofRunoutSta>10.</StartofRunoutSta>"
+                           L"<EndofRunoutSta>20.</EndofRunoutSta><AdverseSE>adverse</AdverseSE>"},
         SuperelevationCase{L"the repair keeps the word of the input",
                            L"><AdverseSE>non-adverse</AdverseSE><BeginRunoffSta>10</BeginRunoffSta>"
                            L"<StartofRunoutSta>20.123456789</StartofRunoutSta>",
@@ -141,7 +155,8 @@ INSTANTIATE_TEST_SUITE_P(
         SuperelevationCase{L"an empty feature goes", L"><Feature name='FlatSta'/><x/>", L"><x/>"},
         SuperelevationCase{L"other features stay",
                            L"><Feature name='Other'><Property label='sta' value='1'/></Feature>",
-                           L"><Feature name=\"Other\"><Property label=\"sta\" value=\"1\"/></Feature>"}));
+                           L"><Feature name=\"Other\"><Property label=\"sta\" value=\"1\"/></Feature>"}),
+    BY_RULE);
 
 void ExpectEmpty(const FViewSuperelevation& superelevation)
 {

@@ -1,6 +1,7 @@
 #include "model/FViewWidening.h"
 
 #include "model/UnsetDouble.h"
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(FViewWidening, WideningText,
                                          WideningCase{L"\t100\t 3.5\n -1", 100, 3.5, L"-1", L"100. 3.5 0"},
                                          WideningCase{L"100 3.5 x", 100, 3.5, L"x", L"100. 3.5 x"},
                                          WideningCase{L"100 3.5 4", 100, 3.5, L"4", L"100. 3.5 4"},
-                                         WideningCase{L"100 3.5 5", 100, 3.5, L"5", L"100. 3.5 0"}));
+                                         WideningCase{L"100 3.5 5", 100, 3.5, L"5", L"100. 3.5 0"}),
+                         BY_TEXT);
 
 TEST(FViewWidening, ATextWithoutABlankChangesNothing)
 {

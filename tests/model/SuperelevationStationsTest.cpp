@@ -1,5 +1,6 @@
 #include "model/SuperelevationStations.h"
 
+#include "support/RowName.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +69,8 @@ INSTANTIATE_TEST_SUITE_P(SuperelevationStations, StationText,
                          testing::Values(StationTextCase{150.123456789, L"150.12345679"},
                                          StationTextCase{0.000000004, L"0."}, StationTextCase{-0.000000004, L"0."},
                                          StationTextCase{0.000000006, L"0.00000001"},
-                                         StationTextCase{-12.123456789, L"-12.12345679"}));
+                                         StationTextCase{-12.123456789, L"-12.12345679"}),
+                         [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });
 
 TEST(SuperelevationStations, WritingFailsWhereNoChildCanStand)
 {
