@@ -6,6 +6,7 @@ namespace jlandxml
 {
 
 /// "道路" or "河川": the type of the `Alignments` being written, which decides how its cross sections are classified.
+/// One for the whole process, so documents are written one at a time.
 std::wstring& GetCurrentDesignType();
 
 /// The two types of a design.

@@ -5,7 +5,8 @@
 namespace jlandxml
 {
 
-/// `Alignments`: one route, a road or a river, with its alignments.
+/// `Alignments`: one route, a road or a river, with its alignments. J-LandXML keeps the route's design values in a
+/// `Feature` without a name.
 class FViewAlignments final : public FViewLandXMLBase
 {
   public:
@@ -16,12 +17,13 @@ class FViewAlignments final : public FViewLandXMLBase
     /// first alignment. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
-    /// Edits the element that was read. False if an alignment fails.
+    /// Edits the element that was read; of a road that has become a river, or a river a road, the values that mean
+    /// nothing any more go. False if an alignment fails; those after it aren't written then.
     bool WriteElement(const WcXmNode& node) override;
 
     void SetOutputVersion(std::int32_t newVersion) override;
 
-    std::wstring name;
+    std::wstring name;                ///< a route without one is written as "サイト"
     std::wstring designGmType;        ///< "道路" (road) or "河川" (river)
     std::wstring roadClassification;  ///< class of a road, such as 第3種第2級
     std::wstring riverClassification; ///< class of a river, such as 1級

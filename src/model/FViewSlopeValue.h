@@ -7,7 +7,8 @@
 namespace jlandxml
 {
 
-/// One entry of an alignment's free list of cross slopes (percent), each a text as it came.
+/// One entry of an alignment's free list of cross slopes (任意横断勾配, percent), each a text as it came. It is a
+/// `Property` "slopeValue" of the `Feature` "SlopeList".
 class FViewSlopeValue final : public FViewLandXMLBase
 {
   public:
@@ -24,15 +25,17 @@ class FViewSlopeValue final : public FViewLandXMLBase
     std::wstring rightSlope; ///< percent; may be empty
 };
 
-/// A station text of whole intervals and the rest, both in metres: "12+34.500000" for 1234.5 and an interval of 100.
+/// A station text of the number of whole intervals and the rest in metres: "12+34.500000" for 1234.5 and an interval of
+/// 100 (metres both).
 std::wstring FormatIntervalStation(double station, double interval);
 
 /// Reads the value of a "slopeValue" `Property`: station, left slope and, where given, right slope, separated by
-/// blanks. False if the text has no blank.
+/// blanks. False, with nothing changed, if the text has no blank.
 bool ParseSlopeValueText(std::wstring_view text, FViewSlopeValue& slopeValue);
 
-/// The value of a "slopeValue" `Property`: station and both slopes, or, on a single-lane road, station and the one
-/// slope that isn't zero, the left one first.
+/// The value of a "slopeValue" `Property`: station and both slopes, or, on a single-lane road (1), station and the one
+/// slope that isn't zero, the left one first. A left slope below GEOMETRY_TOLERANCE in magnitude, or one that isn't
+/// numeric, counts as zero.
 std::wstring FormatSlopeValueText(const FViewSlopeValue& slopeValue, std::int32_t singleLaneRoad);
 
 } // namespace jlandxml

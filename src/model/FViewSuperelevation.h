@@ -7,7 +7,11 @@
 namespace jlandxml
 {
 
-/// `Superelevation`: one region of superelevation of an alignment, by its stations in metres.
+/// `Superelevation`: one region of superelevation (片勾配) of an alignment, by its stations in metres along it. In the
+/// order of driving: the normal crown begins to turn (BeginRunoutSta), the outer lane is level and turns over
+/// (BeginRunoffSta), the full superelevation begins (FullSuperSta) and ends (RunoffSta), the outer lane is level again
+/// (StartofRunoutSta), the normal crown is back (EndofRunoutSta). J-LandXML adds the stations of the reversed crown
+/// ("ReverseCrown") and of the level lane ("FlatSta") as `Feature` elements.
 class FViewSuperelevation final : public FViewLandXMLBase
 {
   public:
@@ -18,8 +22,9 @@ class FViewSuperelevation final : public FViewLandXMLBase
     /// elements; the attributes aren't read. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
-    /// Edits the element that was read: start and end of the full superelevation become attributes, a run-out that the
-    /// host gives on one side only is moved to where the standard expects it. False if a child can't be added.
+    /// Edits the element that was read: start and end of the full superelevation become attributes as well, and where
+    /// the host gives begin of run-off and start of run-out alone, they become start and end of run-out, as the
+    /// standard expects them. False if a child can't be added; what was changed until then stays.
     bool WriteElement(const WcXmNode& node) override;
 
     double beginRunoutSta = UNSET_DOUBLE;
@@ -28,7 +33,7 @@ class FViewSuperelevation final : public FViewLandXMLBase
     double runoffSta = UNSET_DOUBLE;    ///< the attribute `staEnd` of the finished file
     double beginRunoffSta = UNSET_DOUBLE;
     double startofRunoutSta = UNSET_DOUBLE;
-    bool adverse = true;
+    bool adverse = true; ///< whether the outer lane goes through the adverse crown (`AdverseSE`)
     PiCmCopyList<WcStString> reverseCrownStations; ///< as the host wrote them, character for character
     PiCmCopyList<WcStString> flatStations;         ///< as the host wrote them, character for character
 

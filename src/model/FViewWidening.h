@@ -8,7 +8,8 @@
 namespace jlandxml
 {
 
-/// One point of the widening of a lane.
+/// One point of the widening (拡幅) of a lane: at its station the lane is wider by its width. It is a `Property`
+/// "widthLeftValue" or "widthRightValue" of the `Feature` "WideningList".
 class FViewWidening final : public FViewLandXMLBase
 {
   public:
@@ -21,14 +22,15 @@ class FViewWidening final : public FViewLandXMLBase
 
     double station = 0.0; ///< metres; UNSET_DOUBLE where the side file left it empty
     double width = 0.0;   ///< metres; UNSET_DOUBLE where the side file left it empty
-    std::wstring code;    ///< way of the transition, "0" to "4"; may be empty
+    std::wstring code;    ///< kind of the transition to the next point, "0" to "4"; may be empty
 };
 
 /// Reads the value of a "widthLeftValue" or "widthRightValue" `Property`: station, width and, where given, code,
 /// separated by blanks. False, with nothing changed, if the text has no blank.
 bool ParseWideningText(std::wstring_view text, double& station, double& width, std::wstring& code);
 
-/// The value of such a `Property`. A code outside 0 to 4 becomes 0.
+/// The value of such a `Property`: the station with at most six decimals, the width with at most four, and the code
+/// where there is one. A code whose number lies outside 0 to 4 becomes 0.
 std::wstring FormatWideningText(const FViewWidening& widening);
 
 } // namespace jlandxml

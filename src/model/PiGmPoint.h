@@ -9,7 +9,7 @@ namespace jlandxml
 class PiGmObject
 {};
 
-/// A point of two coordinates, such as station and elevation of a profile, both in metres. A point that holds nothing
+/// A point of two coordinates in metres; in a profile x is the station and y the elevation. A point that holds nothing
 /// has UNSET_DOUBLE in both.
 class PiGmPoint : public PiGmObject
 {

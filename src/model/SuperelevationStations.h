@@ -6,13 +6,13 @@
 namespace jlandxml
 {
 
-/// One station (metres) of the run-off of a superelevation: a child of `Superelevation` whose text is the station.
+/// One station (metres) of a superelevation: a child of `Superelevation` whose text is the station.
 class SuperelevationStation : public FViewLandXMLBase
 {
   public:
     void Clear() override { value = UNSET_DOUBLE; }
 
-    /// Reads the element's text; what isn't numeric counts as 0. Always true.
+    /// Reads the element's text; what isn't numeric, and an empty text, is 0. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
     /// The stations that the host gives stay as they are. Always true.
