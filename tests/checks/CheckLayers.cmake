@@ -23,9 +23,10 @@ jlandxml_layer(run model windows)
 jlandxml_layer(sidefiles run)
 jlandxml_layer(dialog run)
 jlandxml_layer(run/module dialog sidefiles)
-jlandxml_layer(cli run/module)
+jlandxml_layer(inspect xml)
+jlandxml_layer(cli run/module inspect)
 # The logic of the format knows no window, though what is beside it may.
-set(windowless base xml model sidefiles)
+set(windowless base xml model sidefiles inspect)
 
 function(layer_of path result)
     get_filename_component(layer "${path}" DIRECTORY)

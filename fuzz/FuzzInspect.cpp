@@ -1,0 +1,34 @@
+// Reading and judging any file.
+
+#include "base/Exceptions.h"
+#include "inspect/Checks.h"
+#include "inspect/Printing.h"
+#include "inspect/ReadLandXml.h"
+#include "inspect/Summary.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace jlandxml;
+    using namespace jlandxml::inspect;
+    std::vector<const Check*> checks;
+    for (const Check& check : AllChecks())
+    {
+        checks.push_back(&check);
+    }
+    try
+    {
+        const LandXmlFile file = ReadLandXmlBytes({reinterpret_cast<const char*>(data), size}, L"fuzz.xml");
+        const std::vector<Finding> findings = Inspect(file, checks);
+        SummaryText(file);
+        FindingsText(findings);
+        JsonLine(file, findings);
+    }
+    catch (const CException&)
+    {
+        // No LandXML.
+    }
+    return 0;
+}

@@ -1,0 +1,252 @@
+#include "cli/InspectCommandLine.h"
+
+#include "base/Exceptions.h"
+#include "base/Streams.h"
+#include "base/Text.h"
+#include "inspect/Checks.h"
+#include "inspect/Printing.h"
+#include "inspect/ReadLandXml.h"
+#include "inspect/Summary.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iterator>
+#include <new>
+#include <optional>
+#include <sstream>
+#include <utility>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+using inspect::AllChecks;
+using inspect::Check;
+using inspect::FindCheck;
+using inspect::Finding;
+using inspect::LandXmlFile;
+using inspect::Severity;
+
+struct Options
+{
+    std::vector<std::wstring> files;
+    std::vector<const Check*> checks;
+    Severity failOn = Severity::Error;
+    bool json = false;
+    bool listChecks = false;
+};
+
+/// The arguments as options, or the status with which the program ends at once.
+struct Parsed
+{
+    Options options;
+    std::optional<InspectStatus> ends;
+};
+
+CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
+{
+    return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
+}
+
+/// The usage is in the user's language, headings and all.
+void Translate(CLI::App& app)
+{
+    constexpr std::pair<const char*, const char*> LABELS[] = {
+        {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
+    for (const auto& [label, translation] : LABELS)
+    {
+        app.get_formatter()->label(label, translation);
+    }
+    app.option_defaults()->group("オプション");
+}
+
+/// The checks that a list of codes names; a letter alone names all of its group.
+std::vector<const Check*> NamedChecks(const char* option, const std::vector<std::string>& codes)
+{
+    std::vector<const Check*> named;
+    for (const std::string& code : codes)
+    {
+        const std::wstring wide = WideFromUtf8(code);
+        const std::size_t before = named.size();
+        for (const Check& check : AllChecks())
+        {
+            if (wide == check.code || (wide.size() == 1 && wide.front() == check.code[0]))
+            {
+                named.push_back(&check);
+            }
+        }
+        if (named.size() == before)
+        {
+            throw WrongArgument(option, "「" + code + "」という検査はありません（--list-checksで一覧を表示します）");
+        }
+    }
+    return named;
+}
+
+/// The checks to run, in the order of the table.
+std::vector<const Check*> ChosenChecks(const std::vector<std::string>& only, const std::vector<std::string>& without)
+{
+    const std::vector<const Check*> wanted = NamedChecks("--checks", only);
+    const std::vector<const Check*> ignored = NamedChecks("--ignore", without);
+    const auto holds = [](const std::vector<const Check*>& checks, const Check& check) {
+        return std::find(checks.begin(), checks.end(), &check) != checks.end();
+    };
+    std::vector<const Check*> chosen;
+    for (const Check& check : AllChecks())
+    {
+        if ((only.empty() || holds(wanted, check)) && !holds(ignored, check))
+        {
+            chosen.push_back(&check);
+        }
+    }
+    return chosen;
+}
+
+Severity ReadSeverity(const std::string& text)
+{
+    const auto* const found =
+        std::find(inspect::SEVERITY_NAMES.begin(), inspect::SEVERITY_NAMES.end(), WideFromUtf8(text));
+    if (found == inspect::SEVERITY_NAMES.end())
+    {
+        throw WrongArgument("--fail-on", "誤り、警告、情報のいずれかを指定してください");
+    }
+    return static_cast<Severity>(found - inspect::SEVERITY_NAMES.begin());
+}
+
+/// One line about the argument that is wrong.
+std::string Problem(const CLI::ParseError& error)
+{
+    const std::string text = error.what();
+    return static_cast<CLI::ExitCodes>(error.get_exit_code()) == CLI::ExitCodes::ArgumentMismatch
+               ? text.substr(0, text.find(':')) + ": 値を指定してください"
+               : text;
+}
+
+Parsed Parse(const std::vector<std::wstring>& arguments)
+{
+    std::vector<std::string> files;
+    std::vector<std::string> only;
+    std::vector<std::string> without;
+    std::string failOn = "誤り";
+    Parsed parsed;
+
+    CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
+    Translate(app);
+    // A path may begin with a slash on Windows too.
+    app.allow_windows_style_options(false);
+    app.set_version_flag("-V,--version", "jlandxml-inspect " JLANDXML_VERSION, "バージョンを表示します");
+    app.set_help_flag("-h,--help", "この説明を表示します");
+    app.add_option("FILE", files, "検査するファイル")->type_name("");
+    app.add_flag("--json", parsed.options.json, "ファイルごとに1行のJSONで表示します");
+    app.add_option("--checks", only, "行う検査の符号（コンマ区切り、Hのように組でも指定できます）")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("CODES");
+    app.add_option("--ignore", without, "行わない検査の符号")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("CODES");
+    app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+        ->type_name("SEVERITY");
+    app.add_flag("--list-checks", parsed.options.listChecks, "検査の一覧を表示します");
+    app.allow_extras();
+    app.final_callback([&] {
+        if (!app.remaining().empty())
+        {
+            throw WrongArgument(app.remaining().front(), "余分な引数です。取り除いてください");
+        }
+        if (files.empty() && !parsed.options.listChecks)
+        {
+            throw WrongArgument("FILE", "検査するファイルを指定してください");
+        }
+        parsed.options.checks = ChosenChecks(only, without);
+        parsed.options.failOn = ReadSeverity(failOn);
+    });
+
+    std::vector<std::string> narrow;
+    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(narrow),
+                   [](const std::wstring& argument) { return Utf8FromWide(argument); });
+    try
+    {
+        app.parse(narrow);
+    }
+    catch (const CLI::Success& asked)
+    {
+        std::ostringstream out;
+        app.exit(asked, out);
+        WriteStandardOutput(WideFromUtf8(out.str()));
+        parsed.ends = InspectStatus::NothingFound;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
+        parsed.ends = InspectStatus::WrongUsage;
+    }
+    std::transform(files.begin(), files.end(), std::back_inserter(parsed.options.files), WideFromUtf8);
+    return parsed;
+}
+
+InspectStatus TellUnreadable(const Options& options, const std::wstring& path, const std::wstring& reason)
+{
+    WriteStandardError(path + L": " + reason + L"\n");
+    if (options.json)
+    {
+        WriteStandardOutput(inspect::JsonErrorLine(path, reason));
+    }
+    return InspectStatus::NotRead;
+}
+
+InspectStatus InspectFile(const Options& options, const std::wstring& path)
+{
+    const LandXmlFile file = inspect::ReadLandXmlFile(path);
+    const std::vector<Finding> findings = Inspect(file, options.checks);
+    WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
+                                     : inspect::SummaryText(file) + inspect::FindingsText(findings));
+    const bool fails = std::any_of(findings.begin(), findings.end(),
+                                   [&](const Finding& finding) { return finding.severity >= options.failOn; });
+    return fails ? InspectStatus::Findings : InspectStatus::NothingFound;
+}
+
+InspectStatus InspectFileSafely(const Options& options, const std::wstring& path)
+{
+    try
+    {
+        return InspectFile(options, path);
+    }
+    catch (const CException& exception)
+    {
+        return TellUnreadable(options, path, ErrorText(exception));
+    }
+    catch (const std::bad_alloc&)
+    {
+        return TellUnreadable(options, path, L"メモリーが足りません");
+    }
+}
+
+} // namespace
+
+InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
+{
+    const Parsed parsed = Parse(arguments);
+    if (parsed.ends)
+    {
+        return *parsed.ends;
+    }
+    const Options& options = parsed.options;
+    if (options.listChecks)
+    {
+        WriteStandardOutput(options.json ? inspect::ChecksJsonLines() : inspect::ChecksText());
+        return InspectStatus::NothingFound;
+    }
+    InspectStatus status = InspectStatus::NothingFound;
+    for (const std::wstring& path : options.files)
+    {
+        status = std::max(status, InspectFileSafely(options, path));
+    }
+    return status;
+}
+
+} // namespace jlandxml

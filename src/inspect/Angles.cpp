@@ -1,0 +1,88 @@
+#include "inspect/Angles.h"
+
+#include "base/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+constexpr std::wstring_view DIGITS = L"0123456789";
+
+constexpr std::wstring_view DMS_UNIT = L"decimal dd.mm.ss";
+
+struct AngleUnit
+{
+    std::wstring_view name;
+    double radians;
+};
+constexpr AngleUnit ANGLE_UNITS[] = {
+    {L"radians", 1},
+    {L"grads", std::numbers::pi / 200},
+    {L"decimal degrees", RADIANS_OF_A_DEGREE},
+};
+
+} // namespace
+
+double DegreesMinutesSeconds::Radians() const
+{
+    const double angle = (degrees + minutes / 60 + seconds / 3600) * RADIANS_OF_A_DEGREE;
+    return isNegative ? -angle : angle;
+}
+
+bool IsDegreesMinutesSeconds(std::wstring_view unit)
+{
+    return unit == DMS_UNIT;
+}
+
+std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view text)
+{
+    const bool isNegative = text.starts_with(L'-');
+    text.remove_prefix(isNegative || text.starts_with(L'+') ? 1 : 0);
+    const std::size_t point = std::min(text.find(L'.'), text.size());
+    const std::wstring_view whole = text.substr(0, point);
+    std::wstring fraction(text.substr(std::min(point + 1, text.size())));
+    if ((whole.empty() && fraction.empty()) || whole.find_first_not_of(DIGITS) != std::wstring_view::npos ||
+        fraction.find_first_not_of(DIGITS) != std::wstring::npos)
+    {
+        return {};
+    }
+    fraction.resize(std::max<std::size_t>(fraction.size(), 4), L'0');
+    const std::wstring seconds = fraction.substr(2, 2) + L'.' + fraction.substr(4);
+    return DegreesMinutesSeconds{isNegative, ParseDecimal(whole), ParseDecimal(fraction.substr(0, 2)),
+                                 ParseDecimal(seconds)};
+}
+
+std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit)
+{
+    if (!figure.IsFinite())
+    {
+        return {};
+    }
+    if (IsDegreesMinutesSeconds(unit))
+    {
+        const std::optional<DegreesMinutesSeconds> angle = ReadDegreesMinutesSeconds(figure.text);
+        return angle ? std::optional(angle->Radians()) : std::nullopt;
+    }
+    const auto* const found = std::find_if(std::begin(ANGLE_UNITS), std::end(ANGLE_UNITS),
+                                           [&](const AngleUnit& one) { return one.name == unit; });
+    return found != std::end(ANGLE_UNITS) ? std::optional(figure.value * found->radians) : std::nullopt;
+}
+
+double PositiveAngle(double radians)
+{
+    const double rest = std::fmod(radians, FULL_TURN);
+    return rest < 0 ? rest + FULL_TURN : rest;
+}
+
+double SignedAngle(double radians)
+{
+    return std::remainder(radians, FULL_TURN);
+}
+
+} // namespace jlandxml::inspect

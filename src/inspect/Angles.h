@@ -1,0 +1,42 @@
+#pragma once
+
+#include "inspect/Figure.h"
+
+#include <numbers>
+#include <optional>
+#include <string_view>
+
+namespace jlandxml::inspect
+{
+
+inline constexpr double FULL_TURN = 2 * std::numbers::pi;
+inline constexpr double RADIANS_OF_A_DEGREE = std::numbers::pi / 180;
+inline constexpr double RADIANS_OF_A_SECOND = RADIANS_OF_A_DEGREE / 3600;
+
+/// An angle in degrees, minutes and seconds.
+struct DegreesMinutesSeconds
+{
+    bool isNegative = false;
+    double degrees = 0;
+    double minutes = 0;
+    double seconds = 0;
+
+    double Radians() const;
+};
+
+/// Reads the digits of an angle in "decimal dd.mm.ss" (LandXML 1.2, angularType): 45.3025 is 45 degrees 30 minutes 25
+/// seconds, further digits are decimals of the second. Minutes and seconds are given as they stand, also beyond 59.
+/// Nothing if the text is no plain decimal number.
+std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view text);
+
+/// True for the unit of angles in which degrees, minutes and seconds stand in one number.
+bool IsDegreesMinutesSeconds(std::wstring_view unit);
+
+/// An angle of a file in radians; nothing if the figure is none or the unit isn't one of LandXML's.
+std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit);
+
+/// The same angle from 0 up to a full turn; the same between minus and plus half a turn.
+double PositiveAngle(double radians);
+double SignedAngle(double radians);
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,321 @@
+#include "inspect/CheckHorizontal.h"
+
+#include "base/Numbers.h"
+#include "inspect/Angles.h"
+#include "inspect/Course.h"
+#include "inspect/Names.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+/// Visits every element with its alignment.
+template <class Visit>
+void ForEachElement(const LandXmlFile& file, Visit&& visit)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const PlanElement& element : alignment.elements)
+        {
+            visit(alignment, element);
+        }
+    });
+}
+
+/// Visits every pair of elements that follow one another.
+template <class Visit>
+void ForEachJoint(const LandXmlFile& file, Visit&& visit)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (std::size_t index = 1; index < alignment.elements.size(); ++index)
+        {
+            visit(alignment, alignment.elements[index - 1], alignment.elements[index]);
+        }
+    });
+}
+
+bool IsClothoid(const PlanElement& element)
+{
+    return element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";
+}
+
+bool IsPlacedCurve(const PlanElement& element)
+{
+    return element.kind == ElementKind::Curve && element.start.IsPlaced() && element.end.IsPlaced() &&
+           element.center.IsPlaced();
+}
+
+std::wstring_view Opposite(std::wstring_view rot)
+{
+    return rot == L"cw" ? L"ccw" : L"cw";
+}
+
+double RadiusOf(const PlanElement& curve)
+{
+    return curve.radius.IsFinite() ? std::abs(curve.radius.value) : Distance(curve.center, curve.start);
+}
+
+/// True if the curve's length fits its sweep in the other direction better than in its own.
+bool IsCurveTurnedRound(const PlanElement& curve)
+{
+    if (!IsPlacedCurve(curve) || !curve.length.IsFinite() || Turn(curve.rot) == 0)
+    {
+        return false;
+    }
+    const auto miss = [&](std::wstring_view rot) {
+        return std::abs(curve.length.value - RadiusOf(curve) * Sweep(curve, rot));
+    };
+    return miss(Opposite(curve.rot)) < miss(curve.rot);
+}
+
+/// True if the spiral bends to the other side than its `rot` says.
+bool IsSpiralTurnedRound(const PlanElement& spiral)
+{
+    if (spiral.kind != ElementKind::Spiral || !spiral.start.IsPlaced() || !spiral.pi.IsPlaced() ||
+        !spiral.end.IsPlaced())
+    {
+        return false;
+    }
+    return SignedAngle(Azimuth(spiral.pi, spiral.end) - Azimuth(spiral.start, spiral.pi)) * Turn(spiral.rot) < 0;
+}
+
+/// An element whose `rot` is wrong is named once, not by everything that follows from it.
+bool IsTurnedRound(const PlanElement& element)
+{
+    return element.kind == ElementKind::Curve ? IsCurveTurnedRound(element) : IsSpiralTurnedRound(element);
+}
+
+/// A point of an element with the word for it.
+struct NamedPoint
+{
+    const PlanPoint* point;
+    const wchar_t* word;
+};
+
+/// The main points of an alignment in their order: the start of the first element and the end of each.
+std::vector<NamedPoint> MainPoints(const Alignment& alignment)
+{
+    std::vector<NamedPoint> points;
+    for (const PlanElement& element : alignment.elements)
+    {
+        if (points.empty())
+        {
+            points.push_back({&element.start, L"始点"});
+        }
+        points.push_back({&element.end, L"終点"});
+    }
+    return points;
+}
+
+/// The number of the intersection point to which a main point belongs, such as 1 in KA.1-2; 0 without one.
+std::int32_t IntersectionNumber(std::wstring_view name)
+{
+    const std::size_t point = name.find(L'.');
+    return point == std::wstring_view::npos ? 0 : ParseInt(name.substr(point + 1)).value;
+}
+
+} // namespace
+
+void CheckCoordinates(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        if (element.kind == ElementKind::IrregularLine)
+        {
+            return;
+        }
+        const NamedPoint points[] = {{&element.start, L"Start"}, {&element.end, L"End"}, {&element.center, L"Center"}};
+        for (const NamedPoint& one : points)
+        {
+            const bool isNeeded = one.point != &element.center || element.kind == ElementKind::Curve;
+            if (isNeeded && !one.point->IsPlaced())
+            {
+                findings.Report(NameOf(alignment, element), std::max(element.line, one.point->line), one.word);
+            }
+        }
+    });
+}
+
+void CheckJoints(const LandXmlFile& file, Findings& findings)
+{
+    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
+        if (before.end.IsPlaced() && behind.start.IsPlaced())
+        {
+            findings.MeasureGap(NameOf(alignment, before), before.end.line, Distance(before.end, behind.start));
+        }
+    });
+}
+
+void CheckElementLengths(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        // A spiral has no length but the one it is given; whether that is right shows at its end.
+        if (element.kind == ElementKind::Spiral || !element.length.IsFinite() || IsTurnedRound(element))
+        {
+            return;
+        }
+        const ElementCourse course = CourseOf(element);
+        if (course.IsKnown())
+        {
+            findings.Measure(NameOf(alignment, element), element.line, element.length.value, course.computedLength);
+        }
+    });
+}
+
+void CheckRadii(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        if (IsPlacedCurve(element))
+        {
+            const double radius = RadiusOf(element);
+            findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.start, element.center),
+                             L"始点まで");
+            findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.end, element.center),
+                             L"終点まで");
+        }
+    });
+}
+
+void CheckDirections(const LandXmlFile& file, Findings& findings)
+{
+    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
+        if (IsTurnedRound(before) || IsTurnedRound(behind))
+        {
+            return;
+        }
+        const ElementCourse from = CourseOf(before);
+        const ElementCourse to = CourseOf(behind);
+        if (from.IsKnown() && to.IsKnown())
+        {
+            findings.MeasureGap(NameOf(alignment, before), before.end.line,
+                                std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())),
+                                L"次は" + std::wstring(KindOf(behind)),
+                                alignment.isRiver ? Severity::Information : Severity::Error);
+        }
+    });
+}
+
+void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        const double change = std::abs(CurvatureOf(element.radiusStart) - CurvatureOf(element.radiusEnd));
+        if (IsClothoid(element) && element.parameter.IsFinite() && element.length.IsFinite() && change > 0)
+        {
+            findings.MeasureRatio(NameOf(alignment, element), element.line, element.parameter.value,
+                                  std::sqrt(element.length.value / change));
+        }
+    });
+}
+
+void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        if (!IsClothoid(element) || !element.end.IsPlaced() || IsTurnedRound(element))
+        {
+            return;
+        }
+        const ElementCourse course = CourseOf(element);
+        if (course.IsKnown())
+        {
+            const Position end = course.stretches.front().End();
+            findings.MeasureGap(NameOf(alignment, element), element.end.line,
+                                Distance(end.north, end.east, element.end.north.value, element.end.east.value),
+                                L"計算 " + ShortNumber(end.north) + L" " + ShortNumber(end.east));
+        }
+    });
+}
+
+void CheckRotations(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        const bool isBent = element.kind == ElementKind::Curve || element.kind == ElementKind::Spiral;
+        if (isBent && (Turn(element.rot) == 0 || IsTurnedRound(element)))
+        {
+            findings.Report(NameOf(alignment, element), element.line, L"rot=" + std::wstring(element.rot));
+        }
+    });
+    // A curve without a length shows by its neighbour which way it turns.
+    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
+        if (!IsPlacedCurve(behind) || behind.length.IsFinite() || Turn(behind.rot) == 0)
+        {
+            return;
+        }
+        const ElementCourse from = CourseOf(before);
+        const ElementCourse to = CourseOf(behind);
+        if (from.IsKnown() && to.IsKnown() &&
+            std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())) > std::numbers::pi / 2)
+        {
+            findings.Report(NameOf(alignment, behind), behind.line, L"rot=" + std::wstring(behind.rot));
+        }
+    });
+}
+
+void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        if (alignment.length.IsFinite() && !alignment.elements.empty())
+        {
+            const Course course(alignment);
+            findings.Measure(NameOf(alignment), alignment.line, alignment.length.value,
+                             course.StaEnd() - course.StaStart());
+        }
+    });
+}
+
+void CheckPointNamesThere(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        const NamedPoint points[] = {{&element.start, L"Start"}, {&element.end, L"End"}};
+        for (const NamedPoint& one : points)
+        {
+            if (one.point->IsWritten() && one.point->name.empty())
+            {
+                findings.Report(NameOf(alignment, element), one.point->line, one.word);
+            }
+        }
+    });
+}
+
+void CheckPointNamesUnique(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        std::unordered_set<std::wstring_view> names;
+        for (const NamedPoint& one : MainPoints(alignment))
+        {
+            if (!one.point->name.empty() && !names.insert(one.point->name).second)
+            {
+                findings.Report(Path(NameOf(alignment), one.point->name), one.point->line);
+            }
+        }
+    });
+}
+
+void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
+{
+    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
+        if (before.end.name != behind.start.name)
+        {
+            findings.Report(NameOf(alignment, before), before.end.line,
+                            std::wstring(before.end.name) + L"の次が" + std::wstring(behind.start.name));
+        }
+    });
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        std::int32_t highest = 0;
+        for (const NamedPoint& one : MainPoints(alignment))
+        {
+            const std::int32_t number = IntersectionNumber(one.point->name);
+            if (number > 0 && number < highest)
+            {
+                findings.Report(Path(NameOf(alignment), one.point->name), one.point->line,
+                                L"番号が" + std::to_wstring(highest) + L"の後");
+            }
+            highest = std::max(highest, number);
+        }
+    });
+}
+
+} // namespace jlandxml::inspect

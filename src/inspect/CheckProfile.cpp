@@ -1,0 +1,161 @@
+#include "inspect/CheckProfile.h"
+
+#include "inspect/Names.h"
+#include "inspect/ProfileLine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+std::wstring NameOf(const Alignment& alignment, const ProfAlign& design)
+{
+    return Path(NameOf(alignment), L"縦断線形 " + NameOr(design.name, L"（名称なし）"));
+}
+
+std::wstring PointName(const Alignment& alignment, const ProfAlign& design, const ProfilePoint& point)
+{
+    return Path(NameOf(alignment, design),
+                std::wstring(point.element->kind) + L" " + std::wstring(point.element->station.text));
+}
+
+template <class Visit>
+void ForEachDesign(const LandXmlFile& file, Visit&& visit)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const Profile& profile : alignment.profiles)
+        {
+            for (const ProfAlign& design : profile.designs)
+            {
+                visit(alignment, design);
+            }
+        }
+    });
+}
+
+/// Reports the stations that don't lie behind those before them.
+class RisingStations
+{
+  public:
+    RisingStations(Findings& findings, std::wstring name) : findings_(findings), name_(std::move(name)) {}
+
+    void Take(const Figure& station, std::size_t line)
+    {
+        if (station.value <= last_)
+        {
+            findings_.Report(name_, line, L"測点 " + std::wstring(station.text));
+        }
+        last_ = station.IsFinite() ? station.value : last_;
+    }
+
+  private:
+    Findings& findings_;
+    std::wstring name_;
+    double last_ = -std::numeric_limits<double>::infinity();
+};
+
+} // namespace
+
+void CheckProfileStations(const LandXmlFile& file, Findings& findings)
+{
+    ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
+        RisingStations stations(findings, NameOf(alignment, design));
+        for (const ProfileElement& element : design.elements)
+        {
+            stations.Take(element.station, element.line);
+        }
+    });
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const Profile& profile : alignment.profiles)
+        {
+            for (const ProfSurf& ground : profile.grounds)
+            {
+                RisingStations stations(findings, Path(NameOf(alignment), L"縦断地盤線 " + std::wstring(ground.name)));
+                for (const PairList& list : ground.lists)
+                {
+                    for (const FigurePair& pair : list.pairs)
+                    {
+                        stations.Take(pair.first, list.line);
+                    }
+                }
+            }
+        }
+    });
+}
+
+void CheckVerticalCurvesApart(const LandXmlFile& file, Findings& findings)
+{
+    ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
+        const ProfileLine line(design);
+        for (std::size_t index = 1; index < line.Points().size(); ++index)
+        {
+            const ProfilePoint& before = line.Points()[index - 1];
+            const ProfilePoint& behind = line.Points()[index];
+            // Where the stations don't rise, that is what is wrong.
+            if (behind.station > before.station)
+            {
+                findings.MeasureGap(PointName(alignment, design, behind), behind.element->line,
+                                    before.CurveEnd() - behind.CurveStart(),
+                                    L"前の縦断曲線は" + ShortNumber(before.CurveEnd()) + L"まで、この縦断曲線は" +
+                                        ShortNumber(behind.CurveStart()) + L"から");
+            }
+        }
+    });
+}
+
+void CheckVerticalCurveEnds(const LandXmlFile& file, Findings& findings)
+{
+    ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
+        const ProfileLine line(design);
+        for (const ProfilePoint& point : line.Points())
+        {
+            const bool isEnd = &point == &line.Points().front() || &point == &line.Points().back();
+            if (isEnd && point.HasCurve())
+            {
+                findings.Report(PointName(alignment, design, point), point.element->line);
+            }
+        }
+    });
+}
+
+void CheckVerticalRadii(const LandXmlFile& file, Findings& findings)
+{
+    ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
+        const ProfileLine line(design);
+        for (const ProfilePoint& point : line.Points())
+        {
+            const double change = std::abs(point.gradientOut - point.gradientIn);
+            if (point.element->radius.IsFinite() && point.HasCurve() && change > 0)
+            {
+                findings.MeasureRatio(PointName(alignment, design, point), point.element->line,
+                                      std::abs(point.element->radius.value),
+                                      (point.lengthIn + point.lengthOut) / change);
+            }
+        }
+    });
+}
+
+void CheckProfileReferences(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const CrossSects& sects : alignment.crossSects)
+        {
+            const Property* const reference = FindProperty(sects.features, L"", L"profAlignRefs");
+            const auto isThere = [&](const Profile& profile) {
+                return std::any_of(profile.designs.begin(), profile.designs.end(),
+                                   [&](const ProfAlign& design) { return design.name == reference->value; });
+            };
+            if (reference != nullptr && std::none_of(alignment.profiles.begin(), alignment.profiles.end(), isThere))
+            {
+                findings.Report(NameOf(alignment), reference->line, reference->value);
+            }
+        }
+    });
+}
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,414 @@
+#include "inspect/CheckReferences.h"
+
+#include "base/Text.h"
+#include "inspect/Angles.h"
+#include "inspect/Names.h"
+#include "inspect/PlaneRectangular.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <unordered_set>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+using NameSet = std::unordered_set<std::wstring_view>;
+
+NameSet AlignmentNames(const LandXmlFile& file)
+{
+    NameSet names;
+    ForEachAlignment(file, [&](const Alignment& alignment) { names.insert(alignment.name); });
+    return names;
+}
+
+/// A list of alignments by their names: one name, which may hold blanks, or several with white space between them.
+bool LeadsSomewhere(const NameSet& names, std::wstring_view references)
+{
+    const std::vector<std::wstring_view> words = Words(references);
+    return names.count(Trim(references)) > 0 ||
+           (!words.empty() &&
+            std::all_of(words.begin(), words.end(), [&](std::wstring_view word) { return names.count(word) > 0; }));
+}
+
+/// Reports every name that stands twice among those of one kind.
+class UniqueNames
+{
+  public:
+    UniqueNames(Findings& findings, std::wstring kind) : findings_(findings), kind_(std::move(kind)) {}
+
+    void Take(std::wstring_view name, std::size_t line)
+    {
+        if (!name.empty() && !names_.insert(name).second)
+        {
+            findings_.Report(kind_ + L" " + std::wstring(name), line);
+        }
+    }
+
+  private:
+    Findings& findings_;
+    std::wstring kind_;
+    NameSet names_;
+};
+
+/// A horizontal datum in the standard's words: 世界測地系 of each year, and 日本測地系.
+constexpr std::wstring_view HORIZONTAL_DATUMS[] = {L"JGD2024", L"JGD2011", L"JGD2000", L"TD"};
+
+/// How far a vertical datum lies above the mean sea level of Tokyo Bay (T.P.), in metres.
+struct VerticalDatum
+{
+    std::wstring_view name;
+    double differTp;
+};
+constexpr VerticalDatum VERTICAL_DATUMS[] = {
+    {L"T.P", 0},       {L"K.P", -0.8745}, {L"S.P", -0.0873}, {L"Y.P", -0.8402},  {L"A.P", -1.1344},
+    {L"A.P", -0.8333}, {L"O.P", -1.3},    {L"T.P.W", 0.113}, {L"B.S.L", 84.371},
+};
+
+std::optional<int> ZoneOf(const LandXmlFile& file)
+{
+    return file.coordinateSystem ? ReadZone(file.coordinateSystem->zoneName) : std::nullopt;
+}
+
+/// A place in the plane with the element that it belongs to.
+struct NamedPlace
+{
+    std::wstring name;
+    std::size_t line;
+    double north;
+    double east;
+};
+
+/// Where a surface lies: its points farthest south-west and north-east.
+void AddSurface(const Surface& surface, std::vector<NamedPlace>& places)
+{
+    const SurfacePoint* lowest = nullptr;
+    const SurfacePoint* highest = nullptr;
+    for (const SurfacePoint& point : surface.points)
+    {
+        if (std::isfinite(point.north) && std::isfinite(point.east))
+        {
+            lowest = lowest == nullptr || point.north + point.east < lowest->north + lowest->east ? &point : lowest;
+            highest =
+                highest == nullptr || point.north + point.east > highest->north + highest->east ? &point : highest;
+        }
+    }
+    for (const SurfacePoint* const point : {lowest, highest})
+    {
+        if (point != nullptr)
+        {
+            places.push_back(
+                {Path(NameOf(surface), L"点 " + std::to_wstring(point->id)), point->line, point->north, point->east});
+        }
+    }
+}
+
+/// The places of the alignments' main points, of the points and of the surfaces.
+std::vector<NamedPlace> PlacesOf(const LandXmlFile& file)
+{
+    std::vector<NamedPlace> places;
+    const auto add = [&](std::wstring name, const PlanPoint& point) {
+        if (point.IsPlaced())
+        {
+            places.push_back({std::move(name), point.line, point.north.value, point.east.value});
+        }
+    };
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const PlanElement& element : alignment.elements)
+        {
+            add(NameOf(alignment, element), element.start);
+            add(NameOf(alignment, element), element.end);
+        }
+    });
+    for (const PointGroup& group : file.pointGroups)
+    {
+        for (const CgPoint& point : group.points)
+        {
+            add(Path(NameOf(group), NameOf(point)), point.point);
+        }
+    }
+    for (const Surface& surface : file.surfaces)
+    {
+        AddSurface(surface, places);
+    }
+    return places;
+}
+
+/// Areas of use are boxes round coasts and islands; a place this many degrees outside, some ten kilometres, is not yet
+/// a mistake.
+constexpr double ZONE_MARGIN = 0.1;
+
+/// Reports the places outside the file's zone that are inside it when swapped, or those that aren't.
+void ReportOutside(const LandXmlFile& file, Findings& findings, bool isInsideWhenSwapped)
+{
+    const std::optional<int> zone = ZoneOf(file);
+    if (!zone)
+    {
+        return;
+    }
+    for (const NamedPlace& place : PlacesOf(file))
+    {
+        if (!IsInZone(*zone, place.north, place.east, ZONE_MARGIN) &&
+            IsInZone(*zone, place.east, place.north, ZONE_MARGIN) == isInsideWhenSwapped)
+        {
+            findings.Report(place.name, place.line,
+                            L"X " + ShortNumber(place.north, 3) + L"、Y " + ShortNumber(place.east, 3) + L"、第" +
+                                std::to_wstring(*zone) + L"系");
+        }
+    }
+}
+
+/// Says of an angle in degrees, minutes and seconds that it is none.
+void CheckAngle(Findings& findings, const std::wstring& object, std::size_t line, const Figure& angle)
+{
+    const std::optional<DegreesMinutesSeconds> parts = ReadDegreesMinutesSeconds(angle.text);
+    if (parts && (parts->minutes >= 60 || parts->seconds >= 60))
+    {
+        findings.Report(object, line,
+                        std::wstring(angle.text) + L" → " + ShortNumber(parts->minutes) + L"分" +
+                            ShortNumber(parts->seconds) + L"秒");
+    }
+}
+
+} // namespace
+
+void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
+{
+    const NameSet names = AlignmentNames(file);
+    const auto check = [&](const std::wstring& object, std::size_t line, std::wstring_view references) {
+        if (!LeadsSomewhere(names, references))
+        {
+            findings.Report(object, line, references);
+        }
+    };
+    const auto checkFeature = [&](const std::wstring& object, const std::vector<Feature>& features,
+                                  std::wstring_view name) {
+        if (const Property* const property = FindProperty(features, name, L"alignmentRefs"))
+        {
+            check(object, property->line, property->value);
+        }
+    };
+    for (const PointGroup& group : file.pointGroups)
+    {
+        checkFeature(NameOf(group), group.features, group.Kind());
+    }
+    for (const Roadway& roadway : file.roadways)
+    {
+        check(L"Roadway " + std::wstring(roadway.name), roadway.line, roadway.alignmentRefs);
+    }
+    for (const Surface& surface : file.surfaces)
+    {
+        checkFeature(NameOf(surface), surface.features, L"");
+    }
+}
+
+void CheckFeatureReferences(const LandXmlFile& file, Findings& findings)
+{
+    for (const PointGroup& group : file.pointGroups)
+    {
+        for (const CgPoint& point : group.points)
+        {
+            if (!point.featureRef.empty() && !point.hasFeature)
+            {
+                findings.Report(Path(NameOf(group), NameOf(point)), point.point.line, point.featureRef);
+            }
+        }
+    }
+}
+
+void CheckPointReferences(const LandXmlFile& file, Findings& findings)
+{
+    NameSet names;
+    for (const PointGroup& group : file.pointGroups)
+    {
+        for (const CgPoint& point : group.points)
+        {
+            names.insert(point.point.name);
+        }
+    }
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const PlanElement& element : alignment.elements)
+        {
+            for (const PlanPoint* const point : {&element.start, &element.center, &element.pi, &element.end})
+            {
+                if (!point->pntRef.empty() && names.count(point->pntRef) == 0)
+                {
+                    findings.Report(NameOf(alignment, element), point->line, point->pntRef);
+                }
+            }
+        }
+    });
+}
+
+void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
+{
+    UniqueNames groups(findings, L"CgPoints");
+    for (const PointGroup& group : file.pointGroups)
+    {
+        groups.Take(group.name, group.line);
+        UniqueNames points(findings, Path(NameOf(group), L"CgPoint"));
+        for (const CgPoint& point : group.points)
+        {
+            points.Take(point.point.name, point.point.line);
+        }
+    }
+    // Unique within a route by the schema; references don't name the route, so within the file.
+    UniqueNames alignments(findings, L"Alignment");
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        alignments.Take(alignment.name, alignment.line);
+        for (const CrossSects& sects : alignment.crossSects)
+        {
+            UniqueNames stations(findings, Path(NameOf(alignment), L"CrossSect@sta"));
+            for (const CrossSect& section : sects.sections)
+            {
+                stations.Take(section.station.text, section.line);
+            }
+        }
+    });
+    UniqueNames roadways(findings, L"Roadway");
+    for (const Roadway& roadway : file.roadways)
+    {
+        roadways.Take(roadway.name, roadway.line);
+    }
+    UniqueNames surfaces(findings, L"Surface");
+    for (const Surface& surface : file.surfaces)
+    {
+        surfaces.Take(surface.name, surface.line);
+    }
+}
+
+void CheckHorizontalDatum(const LandXmlFile& file, Findings& findings)
+{
+    const std::wstring_view datum =
+        file.coordinateSystem ? file.coordinateSystem->horizontalDatum : std::wstring_view();
+    if (std::find(std::begin(HORIZONTAL_DATUMS), std::end(HORIZONTAL_DATUMS), datum) == std::end(HORIZONTAL_DATUMS))
+    {
+        findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
+                        datum.empty() ? L"指定なし" : datum);
+    }
+}
+
+void CheckZone(const LandXmlFile& file, Findings& findings)
+{
+    if (!ZoneOf(file))
+    {
+        const std::wstring_view name = file.coordinateSystem ? file.coordinateSystem->zoneName : std::wstring_view();
+        findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
+                        name.empty() ? L"指定なし" : name);
+    }
+}
+
+void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
+{
+    const std::optional<int> zone = ZoneOf(file);
+    const std::optional<int> described =
+        file.coordinateSystem ? ZoneInDescription(file.coordinateSystem->desc) : std::nullopt;
+    if (zone && described && *zone != *described)
+    {
+        findings.Report(L"座標参照系", file.coordinateSystem->line,
+                        L"第" + std::to_wstring(*zone) + L"系、説明は第" + std::to_wstring(*described) + L"系");
+    }
+}
+
+void CheckCoordinatesInZone(const LandXmlFile& file, Findings& findings)
+{
+    ReportOutside(file, findings, false);
+}
+
+void CheckAxesInOrder(const LandXmlFile& file, Findings& findings)
+{
+    ReportOutside(file, findings, true);
+}
+
+void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)
+{
+    if (!file.units)
+    {
+        return;
+    }
+    if (IsDegreesMinutesSeconds(file.units->direction))
+    {
+        for (const PointGroup& group : file.pointGroups)
+        {
+            for (const CgPoint& point : group.points)
+            {
+                CheckAngle(findings, Path(NameOf(group), NameOf(point)), point.point.line, point.direction);
+            }
+        }
+    }
+    if (IsDegreesMinutesSeconds(file.units->angular))
+    {
+        ForEachAlignment(file, [&](const Alignment& alignment) {
+            for (const CrossSects& sects : alignment.crossSects)
+            {
+                for (const CrossSect& section : sects.sections)
+                {
+                    CheckAngle(findings, Path(NameOf(alignment), NameOf(section)), section.line, section.angleSkew);
+                }
+            }
+        });
+    }
+}
+
+void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
+{
+    if (!file.coordinateSystem)
+    {
+        return;
+    }
+    const CoordinateSystem& system = *file.coordinateSystem;
+    const Figure differTp = ReadFigure(PropertyValue(system.features, L"", L"differTP"));
+    const VerticalDatum* nearest = nullptr;
+    for (const VerticalDatum& datum : VERTICAL_DATUMS)
+    {
+        const auto miss = [&](const VerticalDatum& one) { return std::abs(one.differTp - differTp.value); };
+        if (datum.name == system.verticalDatum && (nearest == nullptr || miss(datum) < miss(*nearest)))
+        {
+            nearest = &datum;
+        }
+    }
+    if (nearest != nullptr)
+    {
+        findings.Measure(L"座標参照系", system.line, differTp.value, nearest->differTp, system.verticalDatum);
+    }
+}
+
+void CheckMetric(const LandXmlFile& file, Findings& findings)
+{
+    if (!file.units || file.units->system != L"Metric" || file.units->linear != L"meter")
+    {
+        findings.Report(L"単位系", file.units ? file.units->line : 0,
+                        file.units ? std::wstring(file.units->system) + L" " + std::wstring(file.units->linear)
+                                   : std::wstring(L"指定なし"));
+    }
+}
+
+void CheckSkipped(const LandXmlFile& file, Findings& findings)
+{
+    for (const SkippedElements& skipped : file.skipped)
+    {
+        findings.Report(skipped.path, skipped.line, std::to_wstring(skipped.count) + L"件");
+    }
+}
+
+void CheckFigures(const LandXmlFile& file, Findings& findings)
+{
+    for (const UnreadableFigure& figure : file.unreadable)
+    {
+        findings.Report(figure.what, figure.line, figure.text);
+    }
+}
+
+void CheckEncoding(const LandXmlFile& file, Findings& findings)
+{
+    if (file.hasMalformedText)
+    {
+        findings.Report(L"ファイル", 1);
+    }
+}
+
+} // namespace jlandxml::inspect

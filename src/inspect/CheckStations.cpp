@@ -1,0 +1,281 @@
+#include "inspect/CheckStations.h"
+
+#include "inspect/Angles.h"
+#include "inspect/Course.h"
+#include "inspect/Names.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+constexpr double SAME_STATION = 0.001;
+
+/// The equations whose figures are all there, along the alignment.
+std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)
+{
+    std::vector<const StaEquation*> equations;
+    for (const StaEquation& equation : alignment.equations)
+    {
+        if (equation.internal.IsFinite() && equation.ahead.IsFinite())
+        {
+            equations.push_back(&equation);
+        }
+    }
+    std::stable_sort(equations.begin(), equations.end(), [](const StaEquation* first, const StaEquation* second) {
+        return first->internal.value < second->internal.value;
+    });
+    return equations;
+}
+
+std::wstring EquationName(const Alignment& alignment, const StaEquation& equation)
+{
+    return Path(NameOf(alignment), L"測点定義 " + std::wstring(equation.internal.text));
+}
+
+/// A station with what lies there.
+struct PlacedThing
+{
+    std::wstring name;
+    Figure station;
+    std::size_t line;
+};
+
+void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& things)
+{
+    for (const Superelevation& one : alignment.superelevations)
+    {
+        things.push_back({L"片勾配すりつけ staStart", one.staStart, one.line});
+        things.push_back({L"片勾配すりつけ staEnd", one.staEnd, one.line});
+        for (const TransitionStation& station : one.stations)
+        {
+            things.push_back({L"片勾配すりつけ " + std::wstring(station.kind), station.station, station.line});
+        }
+        for (const Feature& feature : one.features)
+        {
+            for (const Property& property : feature.properties)
+            {
+                if (property.label == L"sta")
+                {
+                    things.push_back(
+                        {L"片勾配すりつけ " + std::wstring(feature.name), ReadFigure(property.value), property.line});
+                }
+            }
+        }
+    }
+}
+
+/// All that lies at a station of the alignment itself.
+std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
+{
+    std::vector<PlacedThing> things;
+    for (const StaEquation& equation : alignment.equations)
+    {
+        things.push_back({L"測点定義", equation.internal, equation.line});
+    }
+    for (const CrossSects& sects : alignment.crossSects)
+    {
+        for (const CrossSect& section : sects.sections)
+        {
+            things.push_back({NameOf(section), section.station, section.line});
+        }
+    }
+    AddSuperelevations(alignment, things);
+    const std::pair<const wchar_t*, const std::vector<StationEntry>*> lists[] = {
+        {L"左拡幅", &alignment.wideningLeft}, {L"右拡幅", &alignment.wideningRight}, {L"横断勾配", &alignment.slopes}};
+    for (const auto& [name, list] : lists)
+    {
+        for (const StationEntry& entry : *list)
+        {
+            things.push_back({name, entry.Station(), entry.line});
+        }
+    }
+    return things;
+}
+
+/// Visits every intermediate point whose alignment is there, with the course of that.
+template <class Visit>
+void ForEachIntermediatePoint(const LandXmlFile& file, Visit&& visit)
+{
+    const auto alignments = AlignmentsByName(file);
+    std::unordered_map<const Alignment*, Course> courses;
+    for (const PointGroup& group : file.pointGroups)
+    {
+        const auto alignment = group.IsIntermediate() ? alignments.find(group.AlignmentRefs()) : alignments.end();
+        if (alignment == alignments.end())
+        {
+            continue;
+        }
+        const Course& course = courses.try_emplace(alignment->second, *alignment->second).first->second;
+        for (const CgPoint& point : group.points)
+        {
+            visit(*alignment->second, course, group, point);
+        }
+    }
+}
+
+double EndStation(const Alignment& alignment, const Course& course)
+{
+    return alignment.length.IsFinite() ? course.StaStart() + std::max(alignment.length.value, 0.0) : course.StaEnd();
+}
+
+void CheckWithin(const Alignment& alignment, const Course& course, const PlacedThing& thing, Findings& findings)
+{
+    const double end = EndStation(alignment, course);
+    if (thing.station.IsFinite() &&
+        (thing.station.value < course.StaStart() - SAME_STATION || thing.station.value > end + SAME_STATION))
+    {
+        findings.Report(Path(NameOf(alignment), thing.name), thing.line,
+                        L"測点 " + std::wstring(thing.station.text) + L"、範囲 " + ShortNumber(course.StaStart()) +
+                            L"～" + ShortNumber(end));
+    }
+}
+
+} // namespace
+
+void CheckStartStations(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        if (!alignment.staStart.IsFinite())
+        {
+            findings.Report(NameOf(alignment), alignment.line, L"Alignment@staStartがない");
+            return;
+        }
+        for (const Profile& profile : alignment.profiles)
+        {
+            if (profile.staStart.IsFinite() &&
+                std::abs(profile.staStart.value - alignment.staStart.value) > SAME_STATION)
+            {
+                findings.Report(NameOf(alignment), profile.line,
+                                L"縦断は" + std::wstring(profile.staStart.text) + L"、平面は" +
+                                    std::wstring(alignment.staStart.text));
+            }
+        }
+    });
+}
+
+void CheckStationEquations(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        double label = alignment.staStart.value;
+        double internal = alignment.staStart.value;
+        for (const StaEquation* const equation : SortedEquations(alignment))
+        {
+            findings.Measure(EquationName(alignment, *equation), equation->line, equation->back.value,
+                             label + equation->internal.value - internal, L"staBack");
+            label = equation->ahead.value;
+            internal = equation->internal.value;
+        }
+    });
+}
+
+void CheckEquationsRise(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        double last = -std::numeric_limits<double>::infinity();
+        for (const StaEquation& equation : alignment.equations)
+        {
+            if (equation.internal.value <= last)
+            {
+                findings.Report(EquationName(alignment, equation), equation.line);
+            }
+            last = equation.internal.IsFinite() ? equation.internal.value : last;
+        }
+    });
+}
+
+void CheckLabelsOnce(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const StaEquation& equation : alignment.equations)
+        {
+            if (equation.ahead.value < equation.back.value - SAME_STATION)
+            {
+                findings.Report(EquationName(alignment, equation), equation.line,
+                                std::wstring(equation.ahead.text) + L"～" + std::wstring(equation.back.text));
+            }
+        }
+    });
+}
+
+void CheckSectionNamesOnce(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        std::unordered_set<std::wstring_view> names;
+        for (const CrossSects& sects : alignment.crossSects)
+        {
+            for (const CrossSect& section : sects.sections)
+            {
+                if (!section.name.empty() && !names.insert(section.name).second)
+                {
+                    findings.Report(Path(NameOf(alignment), NameOf(section)), section.line);
+                }
+            }
+        }
+    });
+}
+
+void CheckStationsWithin(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        if (alignment.elements.empty() && !alignment.length.IsFinite())
+        {
+            return;
+        }
+        const Course course(alignment);
+        for (const PlacedThing& thing : ThingsOf(alignment))
+        {
+            CheckWithin(alignment, course, thing, findings);
+        }
+    });
+    ForEachIntermediatePoint(
+        file, [&](const Alignment& alignment, const Course& course, const PointGroup&, const CgPoint& point) {
+            CheckWithin(alignment, course, {L"中間点 " + NameOf(point), point.station, point.point.line}, findings);
+        });
+}
+
+void CheckPointsOnLine(const LandXmlFile& file, Findings& findings)
+{
+    ForEachIntermediatePoint(
+        file, [&](const Alignment&, const Course& course, const PointGroup& group, const CgPoint& point) {
+            const std::vector<Position> positions =
+                point.station.IsFinite() ? course.At(point.station.value) : std::vector<Position>();
+            if (!positions.empty() && point.point.IsPlaced())
+            {
+                const Position& place = positions.front();
+                findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point.line,
+                                    Distance(place.north, place.east, point.point.north.value, point.point.east.value),
+                                    L"計算 " + ShortNumber(place.north, 4) + L" " + ShortNumber(place.east, 4));
+            }
+        });
+}
+
+void CheckPointDirections(const LandXmlFile& file, Findings& findings)
+{
+    const std::wstring_view unit = file.units ? file.units->direction : std::wstring_view();
+    ForEachIntermediatePoint(
+        file, [&](const Alignment&, const Course& course, const PointGroup& group, const CgPoint& point) {
+            const std::optional<double> direction = ReadAngle(point.direction, unit);
+            if (!direction || !point.station.IsFinite())
+            {
+                return;
+            }
+            // At a bend either direction will do.
+            double smallest = std::numeric_limits<double>::infinity();
+            for (const Position& place : course.At(point.station.value))
+            {
+                smallest = std::min(smallest, std::abs(SignedAngle(place.azimuth - *direction)));
+            }
+            findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point.line, smallest / RADIANS_OF_A_SECOND,
+                                L"方向角 " + std::wstring(point.direction.text));
+        });
+}
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,135 @@
+#include "inspect/ElementReader.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace jlandxml::inspect
+{
+
+std::wstring_view LocalName(pugi::xml_node element)
+{
+    const std::wstring_view name = element.name();
+    return name.substr(name.find(L':') + 1);
+}
+
+std::wstring_view AttributeText(pugi::xml_node element, const wchar_t* name)
+{
+    return element.attribute(name).value();
+}
+
+void ElementReader::ForEachChild(pugi::xml_node element, Children children)
+{
+    for (const pugi::xml_node child : element.children())
+    {
+        if (child.type() != pugi::node_element)
+        {
+            continue;
+        }
+        const std::wstring_view name = LocalName(child);
+        const auto* const known =
+            std::find_if(children.begin(), children.end(), [&](const auto& entry) { return entry.first == name; });
+        if (known != children.end())
+        {
+            known->second(child);
+        }
+        else
+        {
+            Skip(child);
+        }
+    }
+}
+
+void ElementReader::Skip(pugi::xml_node element)
+{
+    std::wstring path(LocalName(element.parent()));
+    path += L'/';
+    path += LocalName(element);
+    const auto [place, isNew] = skipped_.try_emplace(path, file_.skipped.size());
+    if (isNew)
+    {
+        file_.skipped.push_back({path, 0, Line(element)});
+    }
+    ++file_.skipped[place->second].count;
+}
+
+Figure ElementReader::Noted(Figure figure, std::wstring_view what, std::size_t line)
+{
+    if (figure.IsWritten() && !figure.IsNumber())
+    {
+        file_.unreadable.push_back({std::wstring(what), figure.text, line});
+    }
+    return figure;
+}
+
+Figure ElementReader::Number(pugi::xml_node element, const wchar_t* attribute)
+{
+    const Figure figure = ReadFigure(AttributeText(element, attribute));
+    if (!figure.IsWritten() || figure.IsNumber())
+    {
+        return figure;
+    }
+    return Noted(figure, std::wstring(LocalName(element)) + L'@' + attribute, Line(element));
+}
+
+Figure ElementReader::NumberOf(pugi::xml_node element)
+{
+    return Noted(ReadFigure(element.child_value()), LocalName(element), Line(element));
+}
+
+std::vector<Figure> ElementReader::Numbers(std::wstring_view text, std::wstring_view what, std::size_t line)
+{
+    std::vector<Figure> figures = ReadFigures(text);
+    for (const Figure& figure : figures)
+    {
+        Noted(figure, what, line);
+    }
+    return figures;
+}
+
+PairList ElementReader::Pairs(pugi::xml_node element)
+{
+    PairList list;
+    list.line = Line(element);
+    const std::vector<Figure> figures = Numbers(element.child_value(), LocalName(element), list.line);
+    for (std::size_t index = 0; index + 1 < figures.size(); index += 2)
+    {
+        list.pairs.push_back({figures[index], figures[index + 1]});
+    }
+    return list;
+}
+
+PlanPoint ElementReader::Point(pugi::xml_node element)
+{
+    PlanPoint point;
+    point.name = AttributeText(element, L"name");
+    point.pntRef = AttributeText(element, L"pntRef");
+    point.line = Line(element);
+    const std::vector<Figure> figures = Numbers(element.child_value(), LocalName(element), point.line);
+    Figure* const coordinates[] = {&point.north, &point.east, &point.height};
+    for (std::size_t index = 0; index < std::min(figures.size(), std::size(coordinates)); ++index)
+    {
+        *coordinates[index] = figures[index];
+    }
+    return point;
+}
+
+Feature ElementReader::ReadFeature(pugi::xml_node element)
+{
+    Feature feature{AttributeText(element, L"name"), {}, Line(element)};
+    for (const pugi::xml_node child : element.children())
+    {
+        if (LocalName(child) == L"Property")
+        {
+            feature.properties.push_back({AttributeText(child, L"label"), AttributeText(child, L"value"), Line(child)});
+        }
+    }
+    return feature;
+}
+
+Figure ElementReader::NumberIn(const Property* property)
+{
+    return property == nullptr ? Figure() : Noted(ReadFigure(property->value), property->label, property->line);
+}
+
+} // namespace jlandxml::inspect

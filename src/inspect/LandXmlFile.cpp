@@ -1,0 +1,84 @@
+#include "inspect/LandXmlFile.h"
+
+#include <algorithm>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+/// What says of a group of points what they are.
+constexpr std::wstring_view POINT_KINDS[] = {L"IntermediatePnts", L"WidthStakePnts"};
+
+} // namespace
+
+const Property* FindProperty(const Feature& feature, std::wstring_view label)
+{
+    const auto found = std::find_if(feature.properties.begin(), feature.properties.end(),
+                                    [&](const Property& property) { return property.label == label; });
+    return found != feature.properties.end() ? &*found : nullptr;
+}
+
+const Property* FindProperty(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label)
+{
+    for (const Feature& feature : features)
+    {
+        const Property* const property = feature.name == name ? FindProperty(feature, label) : nullptr;
+        if (property != nullptr)
+        {
+            return property;
+        }
+    }
+    return nullptr;
+}
+
+std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label)
+{
+    const Property* const property = FindProperty(features, name, label);
+    return property != nullptr ? property->value : std::wstring_view();
+}
+
+std::wstring_view PointGroup::Kind() const
+{
+    for (const Feature& feature : features)
+    {
+        for (const std::wstring_view kind : POINT_KINDS)
+        {
+            if (feature.name == kind)
+            {
+                return kind;
+            }
+        }
+    }
+    return {};
+}
+
+std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file)
+{
+    std::unordered_map<std::wstring_view, const Alignment*> byName;
+    ForEachAlignment(file, [&](const Alignment& alignment) { byName.emplace(alignment.name, &alignment); });
+    return byName;
+}
+
+const ProfAlign* DesignProfile(const Alignment& alignment)
+{
+    const std::wstring_view wanted = alignment.crossSects.empty()
+                                         ? std::wstring_view()
+                                         : PropertyValue(alignment.crossSects.front().features, L"", L"profAlignRefs");
+    const ProfAlign* first = nullptr;
+    for (const Profile& profile : alignment.profiles)
+    {
+        for (const ProfAlign& design : profile.designs)
+        {
+            if (design.name == wanted)
+            {
+                return &design;
+            }
+            first = first != nullptr ? first : &design;
+        }
+    }
+    return first;
+}
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,393 @@
+#pragma once
+
+#include "inspect/Figure.h"
+#include "inspect/SourceText.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace jlandxml::inspect
+{
+
+// A LandXML 1.2 or J-LandXML file as plain geometry. Coordinates are metres, "north" is X and "east" is Y of the plane
+// rectangular system; stations are metres of the alignment's own count, without station equations. Texts are views into
+// the file and live as long as its LandXmlFile. Every struct knows the line of the file where its element begins.
+
+/// A label and its value in a Feature.
+struct Property
+{
+    std::wstring_view label;
+    std::wstring_view value;
+    std::size_t line = 0;
+};
+
+/// What an application says of an element beyond the standard's attributes.
+struct Feature
+{
+    std::wstring_view name;
+    std::vector<Property> properties;
+    std::size_t line = 0;
+};
+
+/// The first property of that label; null if there is none.
+const Property* FindProperty(const Feature& feature, std::wstring_view label);
+
+/// The same in all features of a name.
+const Property* FindProperty(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
+
+/// The value of such a property; empty if there is none.
+std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
+
+/// A point in the plane, with a height if the file gives one: Start, End, Center, PI, CgPoint. One that refers to
+/// another by `pntRef` and has no coordinates of its own gets the other's.
+struct PlanPoint
+{
+    std::wstring_view name;
+    std::wstring_view pntRef;
+    Figure north;
+    Figure east;
+    Figure height;
+    std::size_t line = 0; ///< 0: the file has no such point
+
+    bool IsWritten() const { return line != 0; }
+    bool IsPlaced() const { return north.IsFinite() && east.IsFinite(); }
+};
+
+/// A pair of figures: station and height, offset and height, north and east.
+struct FigurePair
+{
+    Figure first;
+    Figure second;
+};
+
+/// A list of pairs, such as a ground line. A gap in the line parts it into several lists.
+struct PairList
+{
+    std::vector<FigurePair> pairs;
+    std::size_t line = 0;
+};
+
+enum class ElementKind
+{
+    Line,
+    Curve,
+    Spiral,
+    IrregularLine,
+};
+
+/// One element of a horizontal alignment.
+struct PlanElement
+{
+    ElementKind kind{};
+    std::wstring_view name;
+    PlanPoint start;
+    PlanPoint end;
+    PlanPoint center; ///< of a Curve
+    PlanPoint pi;     ///< of a Spiral: where the tangents of its ends meet
+    Figure length;
+    Figure radius;      ///< of a Curve
+    Figure radiusStart; ///< of a Spiral, "INF" at a line
+    Figure radiusEnd;
+    Figure parameter;      ///< of a clothoid: A
+    std::wstring_view rot; ///< "cw" to the right, "ccw" to the left
+    std::wstring_view spiralType;
+    std::vector<PairList> path; ///< of an IrregularLine: north and east of its points
+    std::size_t line = 0;
+};
+
+/// A change of the station count: at `internal` of the alignment's own count the label `back` becomes `ahead`.
+struct StaEquation
+{
+    Figure back;
+    Figure ahead;
+    Figure internal;
+    std::size_t line = 0;
+};
+
+/// A point of a profile: a bare change of gradient, or one with a vertical curve.
+struct ProfileElement
+{
+    std::wstring_view kind; ///< PVI, ParaCurve, UnsymParaCurve, CircCurve
+    Figure station;
+    Figure height;
+    Figure length; ///< of the vertical curve
+    Figure radius;
+    Figure lengthIn; ///< of an UnsymParaCurve
+    Figure lengthOut;
+    std::size_t line = 0;
+};
+
+/// A design profile.
+struct ProfAlign
+{
+    std::wstring_view name;
+    std::vector<ProfileElement> elements;
+    std::size_t line = 0;
+};
+
+/// A ground line along the alignment, of one surface.
+struct ProfSurf
+{
+    std::wstring_view name;
+    std::vector<PairList> lists; ///< station and height
+    std::size_t line = 0;
+};
+
+struct Profile
+{
+    std::wstring_view name;
+    Figure staStart;
+    std::vector<ProfAlign> designs;
+    std::vector<ProfSurf> grounds;
+    std::size_t line = 0;
+};
+
+/// A station of a superelevation transition, under the name of its element.
+struct TransitionStation
+{
+    std::wstring_view kind; ///< BeginRunoutSta ... EndofRunoutSta
+    Figure station;
+    std::size_t line = 0;
+};
+
+struct Superelevation
+{
+    Figure staStart;
+    Figure staEnd;
+    std::vector<TransitionStation> stations; ///< in the file's order
+    Figure fullSuperelev;                    ///< percent
+    std::wstring_view adverse;
+    std::vector<Feature> features; ///< ReverseCrown, FlatSta
+    std::size_t line = 0;
+};
+
+/// An entry of a widening list or of a slope list: its figures, the station first.
+struct StationEntry
+{
+    std::vector<Figure> figures;
+    std::size_t line = 0;
+
+    /// A figure that the entry doesn't have is an empty one.
+    Figure At(std::size_t index) const { return index < figures.size() ? figures[index] : Figure{}; }
+    Figure Station() const { return At(0); }
+};
+
+/// A ground line of a cross section.
+struct CrossSectSurf
+{
+    std::wstring_view name;
+    std::vector<PairList> lists; ///< offset from the centre line, to the right positive, and height
+    std::size_t line = 0;
+};
+
+/// A point of a design surface.
+struct CrossSectPnt
+{
+    std::wstring_view code;
+    std::wstring_view dataFormat; ///< empty: offset and height
+    Figure offset;
+    Figure height;
+    std::size_t line = 0;
+};
+
+struct DesignCrossSectSurf
+{
+    std::wstring_view name;
+    std::wstring_view side;
+    std::wstring_view desc;
+    std::wstring_view material;
+    std::wstring_view closedArea;
+    Figure typicalThickness;
+    std::vector<CrossSectPnt> points;
+    std::vector<Feature> features; ///< heightType, pavementClass
+    std::size_t line = 0;
+
+    bool IsClosed() const { return closedArea == L"true" || closedArea == L"1"; }
+    /// True if its heights are offsets from the design profile's height instead of elevations.
+    bool IsRelativeToProfile() const { return PropertyValue(features, L"", L"heightType") == L"fhOffset"; }
+};
+
+struct CrossSect
+{
+    std::wstring_view name;
+    Figure station;
+    Figure angleSkew;
+    std::vector<CrossSectSurf> grounds;
+    std::vector<DesignCrossSectSurf> designs;
+    std::vector<Feature> features; ///< Formation
+    std::size_t line = 0;
+};
+
+struct CrossSects
+{
+    std::wstring_view name;
+    std::vector<CrossSect> sections;
+    std::vector<Feature> features; ///< profAlignRefs
+    std::size_t line = 0;
+};
+
+struct Alignment
+{
+    std::wstring_view name;
+    std::wstring_view desc;
+    Figure length;
+    Figure staStart;
+    std::vector<PlanElement> elements;
+    std::vector<PlanPoint> intersections; ///< the PI points of AlignPIs
+    std::vector<StaEquation> equations;
+    std::vector<Profile> profiles;
+    std::vector<CrossSects> crossSects;
+    std::vector<Superelevation> superelevations;
+    std::vector<StationEntry> wideningLeft; ///< station, width
+    std::vector<StationEntry> wideningRight;
+    std::vector<StationEntry> slopes; ///< station, left slope, right slope (percent)
+    std::vector<Feature> features;    ///< Horizontal, Interval, SuperelevationConfig
+    bool isRiver = false;
+    std::size_t line = 0;
+};
+
+/// A route: its alignments and what is said of it.
+struct AlignmentGroup
+{
+    std::wstring_view name;
+    std::wstring_view desc;
+    std::vector<Alignment> alignments;
+    std::vector<Feature> features; ///< designGmType, classification
+    std::size_t line = 0;
+};
+
+/// A point of a group, with what the Feature says that its `featureRef` names.
+struct CgPoint
+{
+    PlanPoint point;
+    std::wstring_view desc;
+    std::wstring_view featureRef;
+    Figure station;
+    Figure direction; ///< from north, clockwise, in the file's directionUnit
+    bool hasFeature = false;
+};
+
+/// A group of points: intermediate points or width stakes of an alignment, or any others.
+struct PointGroup
+{
+    std::wstring_view name;
+    std::wstring_view desc;
+    std::vector<CgPoint> points;
+    std::vector<Feature> features;
+    std::size_t line = 0;
+
+    bool IsIntermediate() const { return Kind() == L"IntermediatePnts"; }
+    bool IsWidthStakes() const { return Kind() == L"WidthStakePnts"; }
+    /// The name of the feature that says what the points are; empty for a group without a meaning of that kind.
+    std::wstring_view Kind() const;
+    std::wstring_view AlignmentRefs() const { return PropertyValue(features, Kind(), L"alignmentRefs"); }
+};
+
+struct Roadway
+{
+    std::wstring_view name;
+    std::wstring_view alignmentRefs;
+    std::vector<std::wstring_view> designSpeeds;
+    std::size_t line = 0;
+};
+
+struct Surface
+{
+    std::wstring_view name;
+    std::wstring_view desc;
+    std::wstring_view type; ///< TIN or grid
+    std::vector<SurfacePoint> points;
+    std::vector<SurfaceFace> faces;
+    std::vector<Feature> features; ///< alignmentRefs
+    std::size_t line = 0;
+};
+
+struct CoordinateSystem
+{
+    std::wstring_view name;
+    std::wstring_view desc;
+    std::wstring_view horizontalDatum;
+    std::wstring_view verticalDatum;
+    std::wstring_view zoneName;    ///< horizontalCoordinateSystemName, such as 9(X,Y)
+    std::vector<Feature> features; ///< differTP
+    std::size_t line = 0;
+};
+
+struct Units
+{
+    std::wstring_view system; ///< Metric or Imperial
+    std::wstring_view linear;
+    std::wstring_view area;
+    std::wstring_view volume;
+    std::wstring_view angular;
+    std::wstring_view direction;
+    std::size_t line = 0;
+};
+
+/// Elements of one name that the reader doesn't know.
+struct SkippedElements
+{
+    std::wstring path; ///< the parent's name and the element's
+    std::size_t count = 0;
+    std::size_t line = 0; ///< of the first
+};
+
+/// A text where a figure belongs.
+struct UnreadableFigure
+{
+    std::wstring what; ///< the element and, of an attribute, its name
+    std::wstring_view text;
+    std::size_t line = 0;
+};
+
+/// A whole file.
+struct LandXmlFile
+{
+    std::wstring path;
+    std::wstring_view version;
+    std::wstring_view projectName;
+    std::wstring_view projectDesc;
+    std::vector<Feature> projectFeatures; ///< projectPhase, applicationCriterion
+    std::wstring_view application;
+    std::wstring_view applicationVersion;
+    std::optional<CoordinateSystem> coordinateSystem;
+    std::optional<Units> units;
+    std::vector<PointGroup> pointGroups;
+    std::vector<AlignmentGroup> routes;
+    std::vector<Roadway> roadways;
+    std::vector<Surface> surfaces;
+    std::vector<SkippedElements> skipped;
+    std::vector<UnreadableFigure> unreadable;
+    bool hasMalformedText = false; ///< bytes that aren't in the file's encoding
+
+    /// What the texts are views into.
+    std::unique_ptr<SourceText> source;
+    std::unique_ptr<pugi::xml_document> tree;
+};
+
+/// Visits every alignment of every route, in the file's order.
+template <class Visit>
+void ForEachAlignment(const LandXmlFile& file, Visit&& visit)
+{
+    for (const AlignmentGroup& route : file.routes)
+    {
+        for (const Alignment& alignment : route.alignments)
+        {
+            visit(alignment);
+        }
+    }
+}
+
+/// The alignments by their names; of several of one name the first.
+std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file);
+
+/// The design profile that the cross sections hang on, or the first one; null if there is none.
+const ProfAlign* DesignProfile(const Alignment& alignment);
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,84 @@
+#include "inspect/ProfileLine.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+/// Stations that differ by less are the same.
+constexpr double SAME_STATION = 0.0005;
+
+double LengthOf(const Figure& figure)
+{
+    return figure.IsFinite() ? std::max(figure.value, 0.0) : 0;
+}
+
+/// How far the curve of a point lies above the tangents at a distance from the point. The parabola, or the two of an
+/// unsymmetric curve, touch the tangents at both ends and each other below or above the point, where they lie
+/// (g2 - g1) l1 l2 / 2 (l1 + l2) off it.
+double CurveOffset(const ProfilePoint& point, double distance)
+{
+    const double length = distance < 0 ? point.lengthIn : point.lengthOut;
+    const double toEnd = length - std::abs(distance);
+    if (toEnd <= 0)
+    {
+        return 0;
+    }
+    const double atPoint = (point.gradientOut - point.gradientIn) * point.lengthIn * point.lengthOut /
+                           (2 * (point.lengthIn + point.lengthOut));
+    return atPoint * (toEnd / length) * (toEnd / length);
+}
+
+} // namespace
+
+ProfileLine::ProfileLine(const ProfAlign& profile)
+{
+    for (const ProfileElement& element : profile.elements)
+    {
+        if (element.station.IsFinite() && element.height.IsFinite())
+        {
+            const double half = LengthOf(element.length) / 2;
+            points_.push_back({element.station.value, element.height.value,
+                               element.lengthIn.IsFinite() ? LengthOf(element.lengthIn) : half,
+                               element.lengthOut.IsFinite() ? LengthOf(element.lengthOut) : half, 0, 0, &element});
+        }
+    }
+    for (std::size_t index = 1; index < points_.size(); ++index)
+    {
+        ProfilePoint& from = points_[index - 1];
+        ProfilePoint& to = points_[index];
+        isRising_ = isRising_ && to.station > from.station;
+        to.gradientIn = (to.height - from.height) / (to.station - from.station);
+        to.gradientOut = to.gradientIn;
+        from.gradientOut = to.gradientIn;
+    }
+    if (points_.size() > 1)
+    {
+        points_.front().gradientIn = points_.front().gradientOut;
+    }
+}
+
+std::optional<double> ProfileLine::HeightAt(double station) const
+{
+    if (!isRising_ || points_.empty() || !(station >= points_.front().station - SAME_STATION) ||
+        !(station <= points_.back().station + SAME_STATION))
+    {
+        return {};
+    }
+    const auto behind = std::upper_bound(points_.begin(), points_.end(), station,
+                                         [](double value, const ProfilePoint& point) { return value < point.station; });
+    const auto at = behind == points_.begin() ? behind : behind - 1;
+    const double distance = station - at->station;
+    double height = at->height + distance * at->gradientOut + CurveOffset(*at, distance);
+    if (behind != points_.end() && behind != at)
+    {
+        height += CurveOffset(*behind, station - behind->station);
+    }
+    return height;
+}
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "inspect/LandXmlFile.h"
+
+#include <optional>
+#include <vector>
+
+namespace jlandxml::inspect
+{
+
+/// A point of a design profile with what follows from its neighbours. Stations and heights in metres, gradients as a
+/// ratio, positive uphill.
+struct ProfilePoint
+{
+    double station;
+    double height;
+    double lengthIn;    ///< of the vertical curve in front of the point; 0 without a curve
+    double lengthOut;   ///< and behind it
+    double gradientIn;  ///< of the tangent in front; at the first point that behind
+    double gradientOut; ///< of the tangent behind; at the last point that in front
+    const ProfileElement* element;
+
+    bool HasCurve() const { return lengthIn > 0 || lengthOut > 0; }
+    double CurveStart() const { return station - lengthIn; }
+    double CurveEnd() const { return station + lengthOut; }
+};
+
+/// A design profile: tangents between its points, parabolas where these have a length.
+class ProfileLine
+{
+  public:
+    /// Points whose station or height is no figure are left out.
+    explicit ProfileLine(const ProfAlign& profile);
+
+    const std::vector<ProfilePoint>& Points() const { return points_; }
+
+    /// The height at a station; nothing outside the profile or if its stations don't rise.
+    std::optional<double> HeightAt(double station) const;
+
+  private:
+    std::vector<ProfilePoint> points_;
+    bool isRising_ = true;
+};
+
+} // namespace jlandxml::inspect

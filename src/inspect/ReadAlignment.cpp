@@ -1,0 +1,284 @@
+#include "inspect/ElementReader.h"
+
+#include <algorithm>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+using Node = pugi::xml_node;
+
+/// Attributes of the horizontal elements; each element has those of its kind.
+struct ElementName
+{
+    std::wstring_view tag;
+    ElementKind kind;
+};
+constexpr ElementName ELEMENT_NAMES[] = {
+    {L"Line", ElementKind::Line},
+    {L"Curve", ElementKind::Curve},
+    {L"Spiral", ElementKind::Spiral},
+    {L"IrregularLine", ElementKind::IrregularLine},
+};
+
+class AlignmentReader
+{
+  public:
+    AlignmentReader(ElementReader& reader, Alignment& alignment) : reader_(reader), alignment_(alignment) {}
+
+    void Read(Node element)
+    {
+        alignment_.name = AttributeText(element, L"name");
+        alignment_.desc = AttributeText(element, L"desc");
+        alignment_.length = reader_.Number(element, L"length");
+        alignment_.staStart = reader_.Number(element, L"staStart");
+        alignment_.line = reader_.Line(element);
+        reader_.ForEachChild(element, {
+                                          {L"CoordGeom", [this](Node child) { ReadCoordGeom(child); }},
+                                          {L"AlignPIs", [this](Node child) { ReadAlignPis(child); }},
+                                          {L"StaEquation", [this](Node child) { ReadStaEquation(child); }},
+                                          {L"Profile", [this](Node child) { ReadProfile(child); }},
+                                          {L"CrossSects", [this](Node child) { ReadCrossSects(child); }},
+                                          {L"Superelevation", [this](Node child) { ReadSuperelevation(child); }},
+                                          {L"Feature", [this](Node child) { ReadDesignFeature(child); }},
+                                      });
+    }
+
+  private:
+    /// A reader of a child that fills the field with the child's point.
+    ElementReader::ReadChild PointInto(PlanPoint& point)
+    {
+        return [this, &point](Node child) { point = reader_.Point(child); };
+    }
+
+    ElementReader::ReadChild FeatureInto(std::vector<Feature>& features)
+    {
+        return [this, &features](Node child) { features.push_back(reader_.ReadFeature(child)); };
+    }
+
+    ElementReader::ReadChild PairsInto(std::vector<PairList>& lists)
+    {
+        return [this, &lists](Node child) { lists.push_back(reader_.Pairs(child)); };
+    }
+
+    void ReadCoordGeom(Node element)
+    {
+        const ElementReader::ReadChild read = [this](Node child) { ReadPlanElement(child); };
+        reader_.ForEachChild(element, {{L"Line", read},
+                                       {L"Curve", read},
+                                       {L"Spiral", read},
+                                       {L"IrregularLine", read},
+                                       {L"Feature", ElementReader::Ignore}});
+    }
+
+    void ReadPlanElement(Node node)
+    {
+        PlanElement element;
+        const std::wstring_view tag = LocalName(node);
+        element.kind = std::find_if(std::begin(ELEMENT_NAMES), std::end(ELEMENT_NAMES), [&](const ElementName& name) {
+                           return name.tag == tag;
+                       })->kind;
+        element.name = AttributeText(node, L"name");
+        element.line = reader_.Line(node);
+        element.length = reader_.Number(node, L"length");
+        element.radius = reader_.Number(node, L"radius");
+        element.radiusStart = reader_.Number(node, L"radiusStart");
+        element.radiusEnd = reader_.Number(node, L"radiusEnd");
+        element.rot = AttributeText(node, L"rot");
+        element.spiralType = AttributeText(node, L"spiType");
+        std::vector<Feature> features;
+        reader_.ForEachChild(node, {{L"Start", PointInto(element.start)},
+                                    {L"End", PointInto(element.end)},
+                                    {L"Center", PointInto(element.center)},
+                                    {L"PI", PointInto(element.pi)},
+                                    {L"PntList2D", PairsInto(element.path)},
+                                    {L"Feature", FeatureInto(features)}});
+        element.parameter = reader_.NumberIn(FindProperty(features, L"", L"A"));
+        alignment_.elements.push_back(std::move(element));
+    }
+
+    void ReadAlignPis(Node element)
+    {
+        const ElementReader::ReadChild readPoint = [this](Node point) {
+            alignment_.intersections.push_back(reader_.Point(point));
+        };
+        reader_.ForEachChild(element, {{L"AlignPI", [&](Node child) {
+                                            reader_.ForEachChild(child, {{L"PI", readPoint}});
+                                        }}});
+    }
+
+    void ReadStaEquation(Node element)
+    {
+        alignment_.equations.push_back({reader_.Number(element, L"staBack"), reader_.Number(element, L"staAhead"),
+                                        reader_.Number(element, L"staInternal"), reader_.Line(element)});
+    }
+
+    void ReadProfile(Node element)
+    {
+        Profile profile;
+        profile.name = AttributeText(element, L"name");
+        profile.staStart = reader_.Number(element, L"staStart");
+        profile.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"ProfAlign", [&](Node child) { ReadProfAlign(profile, child); }},
+                                       {L"ProfSurf", [&](Node child) { ReadProfSurf(profile, child); }},
+                                       {L"Feature", ElementReader::Ignore}});
+        alignment_.profiles.push_back(std::move(profile));
+    }
+
+    void ReadProfAlign(Profile& profile, Node element)
+    {
+        ProfAlign design;
+        design.name = AttributeText(element, L"name");
+        design.line = reader_.Line(element);
+        const ElementReader::ReadChild read = [&](Node child) { design.elements.push_back(ReadProfileElement(child)); };
+        reader_.ForEachChild(element, {{L"PVI", read},
+                                       {L"ParaCurve", read},
+                                       {L"UnsymParaCurve", read},
+                                       {L"CircCurve", read},
+                                       {L"Feature", ElementReader::Ignore}});
+        profile.designs.push_back(std::move(design));
+    }
+
+    ProfileElement ReadProfileElement(Node node)
+    {
+        ProfileElement element;
+        element.kind = LocalName(node);
+        element.line = reader_.Line(node);
+        element.length = reader_.Number(node, L"length");
+        element.radius = reader_.Number(node, L"radius");
+        element.lengthIn = reader_.Number(node, L"lengthIn");
+        element.lengthOut = reader_.Number(node, L"lengthOut");
+        const std::vector<Figure> figures = reader_.Numbers(node.child_value(), element.kind, element.line);
+        element.station = figures.empty() ? Figure() : figures[0];
+        element.height = figures.size() < 2 ? Figure() : figures[1];
+        return element;
+    }
+
+    void ReadProfSurf(Profile& profile, Node element)
+    {
+        ProfSurf ground;
+        ground.name = AttributeText(element, L"name");
+        ground.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"PntList2D", PairsInto(ground.lists)}, {L"Feature", ElementReader::Ignore}});
+        profile.grounds.push_back(std::move(ground));
+    }
+
+    void ReadSuperelevation(Node element)
+    {
+        Superelevation superelevation;
+        superelevation.staStart = reader_.Number(element, L"staStart");
+        superelevation.staEnd = reader_.Number(element, L"staEnd");
+        superelevation.line = reader_.Line(element);
+        const ElementReader::ReadChild station = [&](Node child) {
+            superelevation.stations.push_back({LocalName(child), reader_.NumberOf(child), reader_.Line(child)});
+        };
+        reader_.ForEachChild(
+            element, {{L"BeginRunoutSta", station},
+                      {L"BeginRunoffSta", station},
+                      {L"FullSuperSta", station},
+                      {L"FullSuperelev", [&](Node child) { superelevation.fullSuperelev = reader_.NumberOf(child); }},
+                      {L"RunoffSta", station},
+                      {L"StartofRunoutSta", station},
+                      {L"EndofRunoutSta", station},
+                      {L"AdverseSE", [&](Node child) { superelevation.adverse = child.child_value(); }},
+                      {L"Feature", FeatureInto(superelevation.features)}});
+        alignment_.superelevations.push_back(std::move(superelevation));
+    }
+
+    void ReadCrossSects(Node element)
+    {
+        CrossSects sections;
+        sections.name = AttributeText(element, L"name");
+        sections.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"CrossSect", [&](Node child) { ReadCrossSect(sections, child); }},
+                                       {L"Feature", FeatureInto(sections.features)}});
+        alignment_.crossSects.push_back(std::move(sections));
+    }
+
+    void ReadCrossSect(CrossSects& sections, Node element)
+    {
+        CrossSect section;
+        section.name = AttributeText(element, L"name");
+        section.station = reader_.Number(element, L"sta");
+        section.angleSkew = reader_.Number(element, L"angleSkew");
+        section.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"CrossSectSurf", [&](Node child) { ReadGround(section, child); }},
+                                       {L"DesignCrossSectSurf", [&](Node child) { ReadDesignSurface(section, child); }},
+                                       {L"Feature", FeatureInto(section.features)}});
+        sections.sections.push_back(std::move(section));
+    }
+
+    void ReadGround(CrossSect& section, Node element)
+    {
+        CrossSectSurf ground;
+        ground.name = AttributeText(element, L"name");
+        ground.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"PntList2D", PairsInto(ground.lists)}, {L"Feature", ElementReader::Ignore}});
+        section.grounds.push_back(std::move(ground));
+    }
+
+    void ReadDesignSurface(CrossSect& section, Node element)
+    {
+        DesignCrossSectSurf surface;
+        surface.name = AttributeText(element, L"name");
+        surface.side = AttributeText(element, L"side");
+        surface.desc = AttributeText(element, L"desc");
+        surface.material = AttributeText(element, L"material");
+        surface.closedArea = AttributeText(element, L"closedArea");
+        surface.typicalThickness = reader_.Number(element, L"typicalThickness");
+        surface.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"CrossSectPnt", [&](Node child) { ReadSectionPoint(surface, child); }},
+                                       {L"Feature", FeatureInto(surface.features)}});
+        section.designs.push_back(std::move(surface));
+    }
+
+    void ReadSectionPoint(DesignCrossSectSurf& surface, Node element)
+    {
+        CrossSectPnt point;
+        point.code = AttributeText(element, L"code");
+        point.dataFormat = AttributeText(element, L"dataFormat");
+        point.line = reader_.Line(element);
+        const std::vector<Figure> figures = reader_.Numbers(element.child_value(), L"CrossSectPnt", point.line);
+        point.offset = figures.empty() ? Figure() : figures[0];
+        point.height = figures.size() < 2 ? Figure() : figures[1];
+        surface.points.push_back(point);
+    }
+
+    /// A Feature of the alignment. Lists in it become entries of their own.
+    void ReadDesignFeature(Node element)
+    {
+        const std::pair<std::wstring_view, std::vector<StationEntry>*> lists[] = {
+            {L"widthLeftValue", &alignment_.wideningLeft},
+            {L"widthRightValue", &alignment_.wideningRight},
+            {L"slopeValue", &alignment_.slopes},
+        };
+        Feature feature = reader_.ReadFeature(element);
+        for (const Property& property : feature.properties)
+        {
+            for (const auto& [label, list] : lists)
+            {
+                if (property.label == label)
+                {
+                    list->push_back({reader_.Numbers(property.value, label, property.line), property.line});
+                }
+            }
+        }
+        alignment_.features.push_back(std::move(feature));
+    }
+
+    ElementReader& reader_;
+    Alignment& alignment_;
+};
+
+} // namespace
+
+Alignment ReadAlignment(ElementReader& reader, pugi::xml_node element)
+{
+    Alignment alignment;
+    AlignmentReader(reader, alignment).Read(element);
+    return alignment;
+}
+
+} // namespace jlandxml::inspect

@@ -1,0 +1,300 @@
+#include "inspect/ReadLandXml.h"
+
+#include "base/Exceptions.h"
+#include "base/Files.h"
+#include "base/Text.h"
+#include "inspect/ElementReader.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <unordered_map>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+using Node = pugi::xml_node;
+
+constexpr std::wstring_view RIVER = L"河川";
+
+class FileReader
+{
+  public:
+    explicit FileReader(LandXmlFile& file) : file_(file), reader_(file) {}
+
+    void Read(Node root)
+    {
+        file_.version = AttributeText(root, L"version");
+        reader_.ForEachChild(root, {{L"Project", [this](Node child) { ReadProject(child); }},
+                                    {L"Units", [this](Node child) { ReadUnits(child); }},
+                                    {L"Application", [this](Node child) { ReadApplication(child); }},
+                                    {L"CoordinateSystem", [this](Node child) { ReadCoordinateSystem(child); }},
+                                    {L"CgPoints", [this](Node child) { ReadPointGroup(child); }},
+                                    {L"Alignments", [this](Node child) { ReadAlignments(child); }},
+                                    {L"Roadways", [this](Node child) { ReadRoadways(child); }},
+                                    {L"Surfaces", [this](Node child) { ReadSurfaces(child); }},
+                                    {L"Feature", ElementReader::Ignore}});
+        FollowPointReferences();
+    }
+
+  private:
+    ElementReader::ReadChild FeatureInto(std::vector<Feature>& features)
+    {
+        return [this, &features](Node child) { features.push_back(reader_.ReadFeature(child)); };
+    }
+
+    void ReadProject(Node element)
+    {
+        file_.projectName = AttributeText(element, L"name");
+        file_.projectDesc = AttributeText(element, L"desc");
+        reader_.ForEachChild(element, {{L"Feature", FeatureInto(file_.projectFeatures)}});
+    }
+
+    void ReadUnits(Node element)
+    {
+        const ElementReader::ReadChild read = [this](Node system) {
+            file_.units = Units{LocalName(system),
+                                AttributeText(system, L"linearUnit"),
+                                AttributeText(system, L"areaUnit"),
+                                AttributeText(system, L"volumeUnit"),
+                                AttributeText(system, L"angularUnit"),
+                                AttributeText(system, L"directionUnit"),
+                                reader_.Line(system)};
+        };
+        reader_.ForEachChild(element, {{L"Metric", read}, {L"Imperial", read}});
+    }
+
+    void ReadApplication(Node element)
+    {
+        file_.application = AttributeText(element, L"name");
+        file_.applicationVersion = AttributeText(element, L"version");
+        reader_.ForEachChild(element, {{L"Author", ElementReader::Ignore}});
+    }
+
+    void ReadCoordinateSystem(Node element)
+    {
+        CoordinateSystem system;
+        system.name = AttributeText(element, L"name");
+        system.desc = AttributeText(element, L"desc");
+        system.horizontalDatum = AttributeText(element, L"horizontalDatum");
+        system.verticalDatum = AttributeText(element, L"verticalDatum");
+        system.zoneName = AttributeText(element, L"horizontalCoordinateSystemName");
+        system.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"Feature", FeatureInto(system.features)}});
+        file_.coordinateSystem = std::move(system);
+    }
+
+    void ReadPointGroup(Node element)
+    {
+        PointGroup group;
+        group.name = AttributeText(element, L"name");
+        group.desc = AttributeText(element, L"desc");
+        group.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"CgPoint", [&](Node child) { ReadCgPoint(group, child); }},
+                                       {L"Feature", FeatureInto(group.features)}});
+        FillFromFeatures(group);
+        file_.pointGroups.push_back(std::move(group));
+    }
+
+    void ReadCgPoint(PointGroup& group, Node element)
+    {
+        CgPoint point;
+        point.point = reader_.Point(element);
+        point.desc = AttributeText(element, L"desc");
+        point.featureRef = AttributeText(element, L"featureRef");
+        group.points.push_back(point);
+    }
+
+    /// Gives each point what the feature says that it refers to.
+    void FillFromFeatures(PointGroup& group)
+    {
+        std::unordered_map<std::wstring_view, const Feature*> byName;
+        for (const Feature& feature : group.features)
+        {
+            byName.emplace(feature.name, &feature);
+        }
+        for (CgPoint& point : group.points)
+        {
+            const auto found = point.featureRef.empty() ? byName.end() : byName.find(point.featureRef);
+            point.hasFeature = found != byName.end();
+            if (point.hasFeature)
+            {
+                point.station = reader_.NumberIn(FindProperty(*found->second, L"sta"));
+                point.direction = reader_.NumberIn(FindProperty(*found->second, L"tangentDirectionAngle"));
+            }
+        }
+    }
+
+    void ReadAlignments(Node element)
+    {
+        AlignmentGroup route;
+        route.name = AttributeText(element, L"name");
+        route.desc = AttributeText(element, L"desc");
+        route.line = reader_.Line(element);
+        reader_.ForEachChild(
+            element, {{L"Alignment", [&](Node child) { route.alignments.push_back(ReadAlignment(reader_, child)); }},
+                      {L"Feature", FeatureInto(route.features)}});
+        const bool isRiver = PropertyValue(route.features, L"", L"designGmType") == RIVER;
+        for (Alignment& alignment : route.alignments)
+        {
+            alignment.isRiver = isRiver;
+        }
+        file_.routes.push_back(std::move(route));
+    }
+
+    void ReadRoadways(Node element)
+    {
+        reader_.ForEachChild(element, {{L"Roadway", [this](Node child) { ReadRoadway(child); }}});
+    }
+
+    void ReadRoadway(Node element)
+    {
+        Roadway roadway;
+        roadway.name = AttributeText(element, L"name");
+        roadway.alignmentRefs = AttributeText(element, L"alignmentRefs");
+        roadway.line = reader_.Line(element);
+        const ElementReader::ReadChild readSpeed = [&](Node speed) {
+            roadway.designSpeeds.push_back(AttributeText(speed, L"speed"));
+        };
+        reader_.ForEachChild(element, {{L"Speeds", [&](Node child) {
+                                            reader_.ForEachChild(child, {{L"DesignSpeed", readSpeed}});
+                                        }}});
+        file_.roadways.push_back(std::move(roadway));
+    }
+
+    void ReadSurfaces(Node element)
+    {
+        reader_.ForEachChild(
+            element, {{L"Surface", [this](Node child) { ReadSurface(child); }}, {L"Feature", ElementReader::Ignore}});
+    }
+
+    void ReadSurface(Node element)
+    {
+        Surface surface;
+        surface.name = AttributeText(element, L"name");
+        surface.desc = AttributeText(element, L"desc");
+        surface.line = reader_.Line(element);
+        reader_.ForEachChild(element, {{L"Definition", [&](Node child) { ReadDefinition(surface, child); }},
+                                       {L"Feature", FeatureInto(surface.features)}});
+        file_.surfaces.push_back(std::move(surface));
+    }
+
+    void ReadDefinition(Surface& surface, Node element)
+    {
+        surface.type = AttributeText(element, L"surfType");
+        const ElementReader::ReadChild read = [&](Node child) { ReadPointsOrFaces(surface, child); };
+        reader_.ForEachChild(element, {{L"Pnts", read}, {L"Faces", read}, {L"Feature", ElementReader::Ignore}});
+    }
+
+    void ReadPointsOrFaces(Surface& surface, Node element)
+    {
+        if (SurfacePassage* const passage = file_.source->PassageAt(element.offset_debug()))
+        {
+            Take(surface.points, passage->points);
+            Take(surface.faces, passage->faces);
+        }
+        const auto narrow = [](std::wstring_view text) { return Utf8FromWide(text); };
+        reader_.ForEachChild(
+            element, {{L"P",
+                       [&](Node point) {
+                           surface.points.push_back(ReadSurfacePoint(narrow(AttributeText(point, L"id")),
+                                                                     narrow(point.child_value()), reader_.Line(point)));
+                       }},
+                      {L"F", [&](Node face) {
+                           surface.faces.push_back(ReadSurfaceFace(narrow(AttributeText(face, L"i")),
+                                                                   narrow(face.child_value()), reader_.Line(face)));
+                       }}});
+    }
+
+    /// Moves what was read beside the tree into a surface, as a rule into an empty one.
+    template <class Element>
+    static void Take(std::vector<Element>& target, std::vector<Element>& source)
+    {
+        if (target.empty())
+        {
+            target = std::move(source);
+            return;
+        }
+        target.insert(target.end(), source.begin(), source.end());
+    }
+
+    /// Gives points that refer to another the other's coordinates.
+    void FollowPointReferences()
+    {
+        std::unordered_map<std::wstring_view, const PlanPoint*> byName;
+        for (const PointGroup& group : file_.pointGroups)
+        {
+            for (const CgPoint& point : group.points)
+            {
+                byName.emplace(point.point.name, &point.point);
+            }
+        }
+        const auto follow = [&](PlanPoint& point) {
+            const auto found = byName.find(point.pntRef);
+            if (!point.pntRef.empty() && !point.north.IsWritten() && found != byName.end())
+            {
+                point.north = found->second->north;
+                point.east = found->second->east;
+                point.height = found->second->height;
+            }
+        };
+        for (AlignmentGroup& route : file_.routes)
+        {
+            for (Alignment& alignment : route.alignments)
+            {
+                for (PlanElement& element : alignment.elements)
+                {
+                    follow(element.start);
+                    follow(element.end);
+                    follow(element.center);
+                    follow(element.pi);
+                }
+            }
+        }
+    }
+
+    LandXmlFile& file_;
+    ElementReader reader_;
+};
+
+} // namespace
+
+LandXmlFile ReadLandXmlBytes(std::string bytes, const std::wstring& path)
+{
+    LandXmlFile file;
+    file.path = path;
+    file.source = std::make_unique<SourceText>(std::move(bytes));
+    file.tree = std::make_unique<pugi::xml_document>();
+    file.hasMalformedText = file.source->HasMalformedBytes();
+    std::wstring& text = file.source->Text();
+    const pugi::xml_parse_result parsed = file.tree->load_buffer_inplace(text.data(), text.size() * sizeof(wchar_t),
+                                                                         pugi::parse_default, pugi::encoding_wchar);
+    if (!parsed)
+    {
+        throw CFileException(L"XMLとして読み込めません（" + std::to_wstring(file.source->LineAt(parsed.offset)) +
+                             L"行目）");
+    }
+    const Node root = file.tree->document_element();
+    if (LocalName(root) != L"LandXML")
+    {
+        throw CFileException(L"LandXMLのファイルではありません（最上位の要素: " + std::wstring(LocalName(root)) +
+                             L"）");
+    }
+    FileReader(file).Read(root);
+    return file;
+}
+
+LandXmlFile ReadLandXmlFile(const std::wstring& path)
+{
+    std::optional<std::string> bytes = ReadWholeFile(path);
+    if (!bytes)
+    {
+        throw CFileException(L"ファイルを開けません");
+    }
+    return ReadLandXmlBytes(*std::move(bytes), path);
+}
+
+} // namespace jlandxml::inspect

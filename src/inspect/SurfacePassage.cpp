@@ -1,0 +1,242 @@
+#include "inspect/SurfacePassage.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+bool IsBlank(char character)
+{
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
+/// Takes words off the front of a text.
+class WordReader
+{
+  public:
+    explicit WordReader(std::string_view text) : rest_(text) {}
+
+    /// Empty at the end.
+    std::string_view Next()
+    {
+        const auto start = std::find_if_not(rest_.begin(), rest_.end(), IsBlank);
+        const auto end = std::find_if(start, rest_.end(), IsBlank);
+        const std::string_view word(start, end);
+        rest_ = std::string_view(end, rest_.end());
+        return word;
+    }
+
+  private:
+    std::string_view rest_;
+};
+
+double ReadCoordinate(std::string_view word)
+{
+    double value = NOT_A_NUMBER;
+    const char* const end = word.data() + word.size();
+    const char* const begin = word.data() + (word.starts_with('+') ? 1 : 0);
+    const std::from_chars_result read = std::from_chars(begin, end, value);
+    return read.ec == std::errc() && read.ptr == end ? value : NOT_A_NUMBER;
+}
+
+std::uint32_t ReadId(std::string_view word)
+{
+    std::uint32_t value = 0;
+    const char* const end = word.data() + word.size();
+    const std::from_chars_result read = std::from_chars(word.data(), end, value);
+    return read.ec == std::errc() && read.ptr == end ? value : 0;
+}
+
+/// A scan over bytes that stops at anything that isn't plain.
+class PassageScanner
+{
+  public:
+    PassageScanner(std::string_view bytes, std::size_t line) : bytes_(bytes), line_(line) {}
+
+    std::optional<SurfacePassage> Scan()
+    {
+        SurfacePassage passage;
+        const std::size_t firstLine = line_;
+        while (SkipBlanks() && bytes_[position_] == '<')
+        {
+            if (Has("</"))
+            {
+                passage.length = position_;
+                passage.lines = line_ - firstLine;
+                return passage;
+            }
+            if (!ScanElement(passage))
+            {
+                return {};
+            }
+        }
+        return {};
+    }
+
+  private:
+    bool AtEnd() const { return position_ >= bytes_.size(); }
+    bool Has(std::string_view text) const { return bytes_.substr(position_, text.size()) == text; }
+
+    /// False at the end of the bytes.
+    bool SkipBlanks()
+    {
+        for (; !AtEnd() && IsBlank(bytes_[position_]); ++position_)
+        {
+            line_ += bytes_[position_] == '\n' ? 1 : 0;
+        }
+        return !AtEnd();
+    }
+
+    bool Take(std::string_view text)
+    {
+        const bool isThere = Has(text);
+        position_ += isThere ? text.size() : 0;
+        return isThere;
+    }
+
+    bool ScanElement(SurfacePassage& passage)
+    {
+        const auto line = static_cast<std::uint32_t>(line_);
+        const bool isPoint = Take("<P");
+        if (!isPoint && !Take("<F"))
+        {
+            return false;
+        }
+        std::string_view key;
+        if (!ScanAttributes(isPoint ? "id" : "i", key))
+        {
+            return false;
+        }
+        const std::optional<std::string_view> text = ScanText();
+        if (!text || !Take(isPoint ? "</P>" : "</F>"))
+        {
+            return false;
+        }
+        if (isPoint)
+        {
+            passage.points.push_back(ReadSurfacePoint(key, *text, line));
+        }
+        else
+        {
+            passage.faces.push_back(ReadSurfaceFace(key, *text, line));
+        }
+        return true;
+    }
+
+    /// The attributes up to the tag's end; `value` gets that of the attribute wanted.
+    bool ScanAttributes(std::string_view wanted, std::string_view& value)
+    {
+        while (!AtEnd() && bytes_[position_] != '>')
+        {
+            const bool isApart = IsBlank(bytes_[position_]);
+            if (!isApart || !SkipBlanks())
+            {
+                return false;
+            }
+            if (bytes_[position_] == '>')
+            {
+                break;
+            }
+            const std::optional<Attribute> attribute = ScanAttribute();
+            if (!attribute)
+            {
+                return false;
+            }
+            value = attribute->name == wanted ? attribute->value : value;
+        }
+        return Take(">");
+    }
+
+    struct Attribute
+    {
+        std::string_view name;
+        std::string_view value;
+    };
+
+    std::optional<Attribute> ScanAttribute()
+    {
+        const std::size_t name = position_;
+        position_ = std::min(bytes_.find_first_of("= \t\r\n<>&/\"'", position_), bytes_.size());
+        const std::string_view nameText = bytes_.substr(name, position_ - name);
+        if (nameText.empty() || !Take("="))
+        {
+            return {};
+        }
+        const char quote = AtEnd() ? '\0' : bytes_[position_];
+        if (quote != '"' && quote != '\'')
+        {
+            return {};
+        }
+        const std::size_t end = bytes_.find(quote, ++position_);
+        if (end == std::string_view::npos)
+        {
+            return {};
+        }
+        const std::string_view value = bytes_.substr(position_, end - position_);
+        position_ = end + 1;
+        if (value.find_first_of("<&\n") != std::string_view::npos)
+        {
+            return {};
+        }
+        return Attribute{nameText, value};
+    }
+
+    /// The text up to the next tag; nothing if it holds an entity or the bytes end.
+    std::optional<std::string_view> ScanText()
+    {
+        const std::size_t begin = position_;
+        for (; !AtEnd() && bytes_[position_] != '<'; ++position_)
+        {
+            if (bytes_[position_] == '&')
+            {
+                return {};
+            }
+            line_ += bytes_[position_] == '\n' ? 1 : 0;
+        }
+        return AtEnd() ? std::nullopt : std::optional(bytes_.substr(begin, position_ - begin));
+    }
+
+    std::string_view bytes_;
+    std::size_t position_ = 0;
+    std::size_t line_;
+};
+
+} // namespace
+
+SurfacePoint ReadSurfacePoint(std::string_view id, std::string_view text, std::size_t line)
+{
+    WordReader words(text);
+    const double north = ReadCoordinate(words.Next());
+    const double east = ReadCoordinate(words.Next());
+    const double height = ReadCoordinate(words.Next());
+    return {north, east, height, ReadId(WordReader(id).Next()), static_cast<std::uint32_t>(line)};
+}
+
+SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std::size_t line)
+{
+    SurfaceFace face{{}, static_cast<std::uint32_t>(line), 0, WordReader(hidden).Next() == "1"};
+    WordReader words(text);
+    for (std::string_view word = words.Next(); !word.empty(); word = words.Next())
+    {
+        if (face.cornerCount < face.corners.size())
+        {
+            face.corners[face.cornerCount] = ReadId(word);
+        }
+        face.cornerCount = static_cast<std::uint8_t>(std::min(face.cornerCount + 1, 255));
+    }
+    return face;
+}
+
+std::optional<SurfacePassage> ReadSurfacePassage(std::string_view bytes, std::size_t line)
+{
+    return PassageScanner(bytes, line).Scan();
+}
+
+} // namespace jlandxml::inspect

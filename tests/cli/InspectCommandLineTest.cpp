@@ -1,0 +1,244 @@
+#include "cli/InspectCommandLine.h"
+
+#include "base/Text.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace jlandxml
+{
+namespace
+{
+
+using Json = nlohmann::ordered_json;
+
+/// Files from sound to unreadable; what the checks say of them is tested with the checks.
+constexpr const char* HEAD = "<LandXML version=\"1.2\"><Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
+                             "horizontalDatum=\"JGD2011\" horizontalCoordinateSystemName=\"9(X,Y)\"/>";
+const std::string SOUND = std::string(HEAD) + "</LandXML>";
+const std::string WITH_ERROR =
+    "<LandXML version=\"1.2\"><Project name=\"名\"/><CoordinateSystem horizontalDatum=\"JGD2011\" "
+    "horizontalCoordinateSystemName=\"9(X,Y)\"/></LandXML>";
+const std::string WITH_WARNING =
+    std::string(HEAD) +
+    "<Alignments name=\"路線\"><Alignment name=\"A\" length=\"1\" staStart=\"0\"><CoordGeom><Line>\n"
+    "<Start>0 0</Start><End name=\"EP\">1 0</End></Line></CoordGeom></Alignment></Alignments></LandXML>";
+const std::string WITH_INFORMATION = std::string(HEAD) + "<Monuments/></LandXML>";
+
+struct Outcome
+{
+    InspectStatus status;
+    std::string out;
+    std::string err;
+};
+
+class InspectCommandLineTest : public testing::Test
+{
+  protected:
+    static Outcome Run(const std::vector<std::wstring>& arguments)
+    {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const InspectStatus status = RunInspectCommandLine(arguments);
+        std::string out = testing::internal::GetCapturedStdout();
+        return {status, std::move(out), testing::internal::GetCapturedStderr()};
+    }
+
+    std::wstring File(const std::string& bytes, const std::wstring& name = L"完成.xml") const
+    {
+        return folder_.Write(name, bytes);
+    }
+
+    TestFolder folder_;
+};
+
+TEST_F(InspectCommandLineTest, ASummaryAndTheFindingsStandOnStandardOutput)
+{
+    const std::wstring file = File(WITH_WARNING);
+    const Outcome outcome = Run({file});
+    EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.out, "ファイル: " + Utf8FromWide(file) +
+                               "\n"
+                               "  形式: LandXML 1.2\n"
+                               "  プロジェクト: （指定なし）\n"
+                               "  座標参照系: JGD2011、9(X,Y)\n"
+                               "  単位: Metric、meter\n"
+                               "  範囲: X 0～1、Y 0～0、高さ なし\n"
+                               "  路線: 路線、線形 1\n"
+                               "    A: 長さ 1 m、測点 0～1、要素 1（直線 1）\n"
+                               "  検査結果: 誤り 0、警告 1、情報 0\n"
+                               "    警告 H10 2行目 A／直線 ～EP: 主要点の名称がありません（Start）\n");
+}
+
+TEST_F(InspectCommandLineTest, JsonIsOneLineForEachFile)
+{
+    const Outcome outcome = Run({L"--json", File(SOUND, L"a.xml"), File(WITH_ERROR, L"b.xml"), folder_.Name(L"c.xml")});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    std::istringstream lines(outcome.out);
+    std::vector<Json> files;
+    for (std::string line; std::getline(lines, line);)
+    {
+        files.push_back(Json::parse(line));
+    }
+    ASSERT_EQ(files.size(), 3U);
+    EXPECT_EQ(files[0]["findings"], Json::array());
+    EXPECT_EQ(files[1]["file"], Utf8FromWide(folder_.Name(L"b.xml")));
+    EXPECT_EQ(files[1]["summary"]["project"], "名");
+    EXPECT_EQ(
+        files[1]["findings"][0].dump(),
+        R"({"code":"R12","severity":"誤り","text":"単位がメートルではありません（指定なし）","object":"単位系","line":0})");
+    EXPECT_EQ(files[2]["error"], "ファイルを開けません");
+}
+
+TEST_F(InspectCommandLineTest, JsonHasTheNumbersOfAFinding)
+{
+    std::string text = WITH_WARNING;
+    text.replace(text.find("length=\"1\""), 10, "length=\"3\"");
+    const Json file = Json::parse(Run({L"--json", L"--checks", L"H09", File(text)}).out);
+    const Json& finding = file["findings"][0];
+    EXPECT_EQ(finding["value"], 3.0);
+    EXPECT_EQ(finding["expected"], 1.0);
+    EXPECT_EQ(finding["tolerance"], 0.1);
+    EXPECT_EQ(finding["line"], 1);
+    EXPECT_EQ(file["summary"]["alignments"][0]["length"], 3.0);
+}
+
+// Statuses
+
+struct StatusCase
+{
+    const char* name;
+    const std::string* file;
+    const wchar_t* failOn; ///< null: not given
+    InspectStatus status;
+};
+const StatusCase STATUS_CASES[] = {
+    {"SoundByDefault", &SOUND, nullptr, InspectStatus::NothingFound},
+    {"ErrorByDefault", &WITH_ERROR, nullptr, InspectStatus::Findings},
+    {"WarningByDefault", &WITH_WARNING, nullptr, InspectStatus::NothingFound},
+    {"WarningAtError", &WITH_WARNING, L"誤り", InspectStatus::NothingFound},
+    {"WarningAtWarning", &WITH_WARNING, L"警告", InspectStatus::Findings},
+    {"ErrorAtWarning", &WITH_ERROR, L"警告", InspectStatus::Findings},
+    {"InformationAtWarning", &WITH_INFORMATION, L"警告", InspectStatus::NothingFound},
+    {"InformationAtInformation", &WITH_INFORMATION, L"情報", InspectStatus::Findings},
+    {"SoundAtInformation", &SOUND, L"情報", InspectStatus::NothingFound},
+};
+
+class InspectStatuses : public InspectCommandLineTest, public testing::WithParamInterface<StatusCase>
+{};
+
+TEST_P(InspectStatuses, FollowTheSeverityAskedFor)
+{
+    std::vector<std::wstring> arguments{File(*GetParam().file)};
+    if (GetParam().failOn != nullptr)
+    {
+        arguments.insert(arguments.end(), {L"--fail-on", GetParam().failOn});
+    }
+    EXPECT_EQ(Run(arguments).status, GetParam().status);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, InspectStatuses, testing::ValuesIn(STATUS_CASES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_F(InspectCommandLineTest, AFileThatCannotBeReadDoesNotStopTheOthers)
+{
+    const std::wstring broken = File("<LandXML>\n<x>", L"broken.xml");
+    const Outcome outcome = Run({broken, File(SOUND)});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    EXPECT_EQ(outcome.err, Utf8FromWide(broken) + ": XMLとして読み込めません（2行目）\n");
+    EXPECT_TRUE(outcome.out.ends_with("誤り 0、警告 0、情報 0\n"));
+}
+
+TEST_F(InspectCommandLineTest, AFolderIsNoFile)
+{
+    const Outcome outcome = Run({folder_.Name()});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    EXPECT_EQ(outcome.err, Utf8FromWide(folder_.Name()) + ": ファイルを開けません\n");
+}
+
+// Choosing checks
+
+TEST_F(InspectCommandLineTest, ChecksAreChosenByCodeOrByGroup)
+{
+    const std::wstring file = File("<LandXML/>");
+    const auto codes = [&](std::vector<std::wstring> arguments) {
+        arguments.insert(arguments.end(), {L"--json", file});
+        std::string text;
+        const Json json = Json::parse(Run(arguments).out);
+        for (const Json& finding : json["findings"])
+        {
+            text += finding["code"].get<std::string>() + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(codes({}), "R05 R06 R12 ");
+    EXPECT_EQ(codes({L"--checks", L"R12,R05"}), "R05 R12 ");
+    EXPECT_EQ(codes({L"--checks", L"R12", L"--checks", L"R05"}), "R05 R12 ");
+    EXPECT_EQ(codes({L"--checks", L"H"}), "");
+    EXPECT_EQ(codes({L"--checks", L"R", L"--ignore", L"R06"}), "R05 R12 ");
+    EXPECT_EQ(codes({L"--ignore", L"R"}), "");
+}
+
+TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
+{
+    const std::string text = Run({L"--list-checks"}).out;
+    EXPECT_NE(text.find("\nH02\t誤り\t0.001／0.1m\t要素の終点と次の要素の始点が離れています\t"), std::string::npos);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n') * 5, std::count(text.begin(), text.end(), '\t'));
+    std::istringstream lines(Run({L"--list-checks", L"--json"}).out);
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_EQ(Json::parse(line)["code"], "X01");
+}
+
+// The arguments
+
+struct WrongArguments
+{
+    const char* name;
+    std::vector<std::wstring> arguments;
+    const char* error;
+};
+
+const WrongArguments WRONG_ARGUMENTS[] = {
+    {"Nothing", {}, "FILE: 検査するファイルを指定してください\n"},
+    {"AnUnknownOption", {L"x", L"--verbose"}, "--verbose: 余分な引数です。取り除いてください\n"},
+    {"AnUnknownSeverity", {L"x", L"--fail-on", L"fatal"}, "--fail-on: 誤り、警告、情報のいずれかを指定してください\n"},
+    {"AnUnknownCheck",
+     {L"x", L"--checks", L"H02,H99"},
+     "--checks: 「H99」という検査はありません（--list-checksで一覧を表示します）\n"},
+    {"AnUnknownGroup",
+     {L"x", L"--ignore", L"Z"},
+     "--ignore: 「Z」という検査はありません（--list-checksで一覧を表示します）\n"},
+    {"NoValueOfAnOption", {L"x", L"--fail-on"}, "--fail-on: 値を指定してください\n"},
+};
+
+class InspectArguments : public InspectCommandLineTest, public testing::WithParamInterface<WrongArguments>
+{};
+
+TEST_P(InspectArguments, ThatAreWrongAreStatusTwoWithOneLine)
+{
+    const Outcome outcome = Run(GetParam().arguments);
+    EXPECT_EQ(outcome.status, InspectStatus::WrongUsage);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, InspectArguments, testing::ValuesIn(WRONG_ARGUMENTS),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
+{
+    const Outcome outcome = Run({L"--help"});
+    EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
+    for (const char* const option : {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY",
+                                     "--list-checks", "-h,--help", "-V,--version"})
+    {
+        EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
+    }
+    EXPECT_TRUE(Run({L"-V"}).out.starts_with("jlandxml-inspect "));
+}
+
+} // namespace
+} // namespace jlandxml

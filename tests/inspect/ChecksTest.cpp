@@ -1,0 +1,430 @@
+#include "inspect/Checks.h"
+
+#include "SoundFile.h"
+
+#include <algorithm>
+#include <set>
+
+namespace jlandxml::inspect
+{
+namespace
+{
+
+std::vector<const Check*> EveryCheck()
+{
+    std::vector<const Check*> checks;
+    for (const Check& check : AllChecks())
+    {
+        checks.push_back(&check);
+    }
+    return checks;
+}
+
+/// What a check says of a file: severity, element and line of each finding.
+std::vector<std::string> Said(const LandXmlFile& file, const std::wstring& code)
+{
+    std::vector<std::string> said;
+    for (const Finding& finding : Inspect(file, {FindCheck(code)}))
+    {
+        said.push_back(Utf8FromWide(std::wstring(SeverityName(finding.severity)) + L" " + finding.object));
+    }
+    return said;
+}
+
+// The table
+
+TEST(Checks, HaveACodeOfTheirOwnAndEveryText)
+{
+    std::set<std::wstring> codes;
+    for (const Check& check : AllChecks())
+    {
+        EXPECT_TRUE(codes.insert(check.code).second) << Utf8FromWide(check.code);
+        EXPECT_EQ(FindCheck(check.code), &check);
+        for (const wchar_t* const text : {check.text, check.remedy, check.source})
+        {
+            EXPECT_NE(std::wstring(text), L"") << Utf8FromWide(check.code);
+        }
+    }
+    EXPECT_EQ(FindCheck(L"Z99"), nullptr);
+}
+
+TEST(Checks, FindNothingInASoundFile)
+{
+    for (const Finding& finding : Inspect(SoundFile(), EveryCheck()))
+    {
+        ADD_FAILURE() << Utf8FromWide(finding.object + L": " + finding.text);
+    }
+}
+
+// One change each, and what is said of it
+
+struct Case
+{
+    const char* name;
+    const wchar_t* code;
+    std::vector<Change> changes;
+    std::vector<std::string> said; ///< empty: within the tolerance, or lawful
+};
+
+constexpr const char* LINE_END = "<End name=\"KA.1-1\">12500.79234746";
+constexpr const char* POINT = "featureRef=\"2\">12473.0874";
+constexpr const char* CLOSING_POINT = "<CrossSectPnt code=\"PV1\">0.000 0.000</CrossSectPnt>\n\t\t\t\t\t\t<Feature>";
+constexpr const char* CENTRE = "<CrossSectPnt code=\"CL\">0.000 0.000";
+constexpr const char* SPIRAL_PI = "<PI name=\"IP\">12516.19658408 18357.16245488";
+constexpr const char* LAST_FACE = "<F>3 6 5</F>";
+constexpr const char* STAKE = "<CgPoint name=\"L-1\">12461.0876 18224.2281";
+constexpr const char* BP = "<Start name=\"BP\">12450.00000000 18230.00000000</Start>";
+
+const std::string LINE = "線形1／直線 BP～KA.1-1";
+const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
+const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
+const std::string PROFILE = "線形1／縦断線形 計画";
+const std::string PAVEMENT = "線形1／横断面 No.3／Pavement left ";
+
+const Case CASES[] = {
+    // Reading
+    {"AnElementThatNobodyKnows", L"X01", {{"<Pnts>", "<Watersheds/><Pnts>"}}, {"情報 Definition/Watersheds"}},
+    {"ElementsOfOneNameAreCounted", L"X01", {{"<Pnts>", "<W/><W/><Pnts>"}}, {"情報 Definition/W"}},
+    {"ATextForAFigure", L"X02", {{"value=\"62.3\"", "value=\".\""}}, {"誤り tangentDirectionAngle"}},
+    {"ATextForAnAttribute", L"X02", {{"length=\"110.000000\"", "length=\"110m\""}}, {"誤り Line@length"}},
+    {"ARadiusWithoutAnEnd", L"X02", {{"radiusStart=\"INF\"", "radiusStart=\"-INF\""}}, {}},
+    {"BytesThatAreNoUtf8", L"X03", {{"国道999号", "\xFF"}}, {"誤り ファイル"}},
+
+    // Horizontal alignments
+    {"APointWithoutCoordinates", L"H01", {{BP, "<Start name=\"BP\"/>"}}, {"誤り " + LINE}},
+    {"ACurveWithoutACentre", L"H01", {{"<Center>12334.46615932 18442.32500043</Center>", ""}}, {"誤り " + CURVE}},
+    {"AnEndMovedByTwoMillimetres", L"H02", {{LINE_END, "<End name=\"KA.1-1\">12500.79434746"}}, {"警告 " + LINE}},
+    {"AnEndMovedByTwentyCentimetres", L"H02", {{LINE_END, "<End name=\"KA.1-1\">12500.99234746"}}, {"誤り " + LINE}},
+    {"AnEndMovedByLessThanAMillimetre", L"H02", {{LINE_END, "<End name=\"KA.1-1\">12500.79324746"}}, {}},
+    {"ALineTwoMillimetresTooLong", L"H03", {{"110.000000", "110.002000"}}, {"警告 " + LINE}},
+    {"ACurveTwentyCentimetresTooLong", L"H03", {{"length=\"96.000000\"", "length=\"96.2\""}}, {"誤り " + CURVE}},
+    {"ALineLessThanAMillimetreTooLong", L"H03", {{"110.000000", "110.0009"}}, {}},
+    {"ACentreMovedByTwoMillimetres",
+     L"H04",
+     {{"<Center>12334.46615932", "<Center>12334.46815932"}},
+     {"警告 " + CURVE, "警告 " + CURVE}},
+    {"ARadiusOffByTwentyCentimetres",
+     L"H04",
+     {{"rot=\"cw\" radius=\"200.00000000\"", "rot=\"cw\" radius=\"200.2\""}},
+     {"誤り " + CURVE, "誤り " + CURVE}},
+    {"ACentreMovedByLessThanAMillimetre", L"H04", {{"<Center>12334.46615932", "<Center>12334.46705932"}}, {}},
+    {"ATangentThatBends",
+     L"H05",
+     {{SPIRAL_PI, "<PI name=\"IP\">12516.29658408 18357.16245488"}},
+     {"警告 " + LINE, "警告 " + SPIRAL}},
+    {"ATangentThatBendsSharply",
+     L"H05",
+     {{SPIRAL_PI, "<PI name=\"IP\">12522.19658408 18357.16245488"}},
+     {"誤り " + LINE, "誤り " + SPIRAL}},
+    {"ABendOfARiver",
+     L"H05",
+     {{SPIRAL_PI, "<PI name=\"IP\">12522.19658408 18357.16245488"}, {"value=\"道路\"", "value=\"河川\""}},
+     {"情報 " + LINE, "情報 " + SPIRAL}},
+    {"ATangentThatBendsLessThanAMilliradian", L"H05", {{SPIRAL_PI, "<PI name=\"IP\">12516.20 18357.16245488"}}, {}},
+    {"AParameterOnePercentTooLarge", L"H06", {{"value=\"100.000000\"", "value=\"101\""}}, {"誤り " + SPIRAL}},
+    {"AParameterATenThousandthTooLarge", L"H06", {{"value=\"100.000000\"", "value=\"100.01\""}}, {"警告 " + SPIRAL}},
+    {"AParameterRoundedInTheSixthDigit", L"H06", {{"value=\"100.000000\"", "value=\"100.0009\""}}, {}},
+    {"ASpiralsEndMovedByTwoMillimetres",
+     L"H07",
+     {{"<End name=\"KE.1-1\">12521.99785226", "<End name=\"KE.1-1\">12521.99985226"}},
+     {"警告 " + SPIRAL}},
+    {"ASpiralsEndMovedByTwentyCentimetres",
+     L"H07",
+     {{"<End name=\"KE.1-1\">12521.99785226", "<End name=\"KE.1-1\">12522.19785226"}},
+     {"誤り " + SPIRAL}},
+    {"ASpiralsEndMovedByLessThanAMillimetre",
+     L"H07",
+     {{"<End name=\"KE.1-1\">12521.99785226", "<End name=\"KE.1-1\">12521.99875226"}},
+     {}},
+    {"ACurveTurnedRound", L"H08", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {"誤り " + CURVE}},
+    {"ACurveTurnedRoundIsNotAlsoTooLong", L"H03", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {}},
+    {"ACurveTurnedRoundDoesNotAlsoBend", L"H05", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {}},
+    {"ACurveTurnedRoundWithoutALength",
+     L"H08",
+     {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}, {" length=\"96.000000\"", ""}},
+     {"誤り " + CURVE}},
+    {"ACurveWithoutALength", L"H08", {{" length=\"96.000000\"", ""}}, {}},
+    {"ASpiralTurnedRound", L"H08", {{"clothoid\" rot=\"cw\"", "clothoid\" rot=\"ccw\""}}, {"誤り " + SPIRAL}},
+    {"ARotationThatIsNone", L"H08", {{"<Curve rot=\"cw\"", "<Curve rot=\"right\""}}, {"誤り " + CURVE}},
+    {"ASumTwoMillimetresOff", L"H09", {{"length=\"400.000000\"", "length=\"400.002\""}}, {"警告 線形1"}},
+    {"ASumTwentyCentimetresOff", L"H09", {{"length=\"400.000000\"", "length=\"400.2\""}}, {"誤り 線形1"}},
+    {"ASumLessThanAMillimetreOff", L"H09", {{"length=\"400.000000\"", "length=\"400.0009\""}}, {}},
+    {"AMainPointWithoutAName", L"H10", {{"<End name=\"EP\">", "<End>"}}, {"警告 線形1／直線 KA.1-2～"}},
+    {"AMainPointNamedLikeAnother", L"H11", {{"<End name=\"EP\">", "<End name=\"BP\">"}}, {"警告 線形1／BP"}},
+    {"AJointWithTwoNames", L"H12", {{"<Start name=\"KE.1-1\">", "<Start name=\"KE.1-2\">"}}, {"警告 " + SPIRAL}},
+    {"AMainPointNumberedBackwards",
+     L"H12",
+     {{"<End name=\"KA.1-1\">", "<End name=\"KA.2-1\">"}, {"<Start name=\"KA.1-1\">", "<Start name=\"KA.2-1\">"}},
+     {"警告 線形1／KE.1-1", "警告 線形1／KE.1-2", "警告 線形1／KA.1-2"}},
+
+    // Stations
+    {"NoStartStation", L"T01", {{" staStart=\"0.000000\"", ""}}, {"誤り 線形1"}},
+    {"AnotherStartStationOfTheProfile", L"T01", {{"staStart=\"0.\"", "staStart=\"5.\""}}, {"誤り 線形1"}},
+    {"AnEquationThatDoesNotFollow",
+     L"T02",
+     {{"staBack=\"260.000\"", "staBack=\"260.002\""}},
+     {"誤り 線形1／測点定義 250.000"}},
+    {"AnEquationThatFollowsToTheMillimetre", L"T02", {{"staBack=\"260.000\"", "staBack=\"260.0009\""}}, {}},
+    {"AnEquationOutOfOrder",
+     L"T03",
+     {{"staInternal=\"150.000\"", "staInternal=\"350.000\""}},
+     {"警告 線形1／測点定義 250.000"}},
+    {"ALabelThatOccursTwice",
+     L"T04",
+     {{"staAhead=\"160.000\"", "staAhead=\"140.000\""}},
+     {"情報 線形1／測点定義 150.000"}},
+    {"ASectionNamedLikeAnother", L"T05", {{"name=\"No.10\" sta", "name=\"No.3\" sta"}}, {"警告 線形1／横断面 No.3"}},
+    {"AWideningBehindTheEnd", L"T06", {{"306. 0. 4", "406. 0. 4"}}, {"警告 線形1／左拡幅"}},
+    {"ASectionBehindTheEnd", L"T06", {{"sta=\"200.000\"", "sta=\"400.002\""}}, {"警告 線形1／横断面 No.10"}},
+    {"ASectionAtTheEnd", L"T06", {{"sta=\"200.000\"", "sta=\"400.0009\""}}, {}},
+    {"ATransitionInFrontOfTheStart",
+     L"T06",
+     {{"<BeginRunoutSta>90.000", "<BeginRunoutSta>-90.000"}},
+     {"警告 線形1／片勾配すりつけ BeginRunoutSta"}},
+    {"AnIntermediatePointBehindTheEnd", L"T06", {{"value=\"400.\"", "value=\"500.\""}}, {"警告 線形1／中間点 No.20"}},
+    {"APointTwoMillimetresOffTheLine",
+     L"T07",
+     {{POINT, "featureRef=\"2\">12473.0894"}},
+     {"警告 IntermediatePnts-1／No.2+10.000"}},
+    {"APointTwentyCentimetresOffTheLine",
+     L"T07",
+     {{POINT, "featureRef=\"2\">12473.2874"}},
+     {"誤り IntermediatePnts-1／No.2+10.000"}},
+    {"APointLessThanAMillimetreOffTheLine", L"T07", {{POINT, "featureRef=\"2\">12473.0882"}}, {}},
+    {"ADirectionTwoSecondsOff", L"T08", {{"value=\"62.3\"", "value=\"62.3002\""}}, {"警告 IntermediatePnts-1／No.0"}},
+    {"ADirectionInDegrees", L"T08", {{"value=\"62.3\"", "value=\"65.5\""}}, {"誤り IntermediatePnts-1／No.0"}},
+    {"ADirectionLessThanASecondOff", L"T08", {{"value=\"62.3\"", "value=\"62.30009\""}}, {}},
+
+    // Profiles
+    {"AProfileThatGoesBack", L"V01", {{"<PVI>400.000", "<PVI>290.000"}}, {"誤り " + PROFILE}},
+    {"AGroundLineThatGoesBack", L"V01", {{"80. 108.071", "30. 108.071"}}, {"誤り 線形1／縦断地盤線 現況地形"}},
+    {"VerticalCurvesThatOverlap",
+     L"V02",
+     {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"130.000\""}},
+     {"誤り " + PROFILE + "／CircCurve 300.000"}},
+    {"VerticalCurvesThatOverlapByAHair",
+     L"V02",
+     {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.0005\""}},
+     {"警告 " + PROFILE + "／CircCurve 300.000"}},
+    {"VerticalCurvesThatTouch", L"V02", {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.000\""}}, {}},
+    {"AVerticalCurveAtTheEnd",
+     L"V03",
+     {{"<PVI>400.000 113.000</PVI>", "<ParaCurve length=\"10.\">400.000 113.000</ParaCurve>"}},
+     {"警告 " + PROFILE + "／ParaCurve 400.000"}},
+    {"AVerticalRadiusOff",
+     L"V04",
+     {{"radius=\"800.000\"", "radius=\"801.000\""}},
+     {"警告 " + PROFILE + "／CircCurve 300.000"}},
+    {"AVerticalRadiusFarOff",
+     L"V04",
+     {{"radius=\"800.000\"", "radius=\"900.000\""}},
+     {"誤り " + PROFILE + "／CircCurve 300.000"}},
+    {"AVerticalRadiusRounded", L"V04", {{"radius=\"800.000\"", "radius=\"800.5\""}}, {}},
+    {"AProfileThatIsNotThere",
+     L"V05",
+     {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"現況\""}},
+     {"誤り 線形1"}},
+
+    // Superelevation and cross sections
+    {"ATransitionOutOfOrder",
+     L"C01",
+     {{"<FullSuperSta>160.000", "<FullSuperSta>260.000"}},
+     {"誤り 線形1／片勾配すりつけ 160."}},
+    {"ATransitionWithoutRunout", L"C01", {{"<BeginRunoutSta>90.000</BeginRunoutSta>", ""}}, {}},
+    {"SectionsOutOfOrder", L"C02", {{"sta=\"200.000\"", "sta=\"50.000\""}}, {"警告 線形1／横断面 No.10"}},
+    {"AnOutlineTwoMillimetresOpen",
+     L"C03",
+     {{CLOSING_POINT, "<CrossSectPnt code=\"PV1\">0.000 0.002</CrossSectPnt><Feature>"}},
+     {"警告 " + PAVEMENT + "表層"}},
+    {"AnOutlineThatIsOpen",
+     L"C03",
+     {{CLOSING_POINT, "<CrossSectPnt code=\"PV1\">0.000 -0.200</CrossSectPnt><Feature>"}},
+     {"誤り " + PAVEMENT + "表層"}},
+    {"AnOutlineClosedToTheMillimetre",
+     L"C03",
+     {{CLOSING_POINT, "<CrossSectPnt code=\"PV1\">0.000 0.0009</CrossSectPnt><Feature>"}},
+     {}},
+    {"AGroundLineFromTheRight",
+     L"C04",
+     {{"-7.500 107.870", "-17.500 107.870"}},
+     {"警告 線形1／横断面 No.3／ExistingGround"}},
+    {"ASurfaceOnTheOtherSide",
+     L"C05",
+     {{"<CrossSectPnt code=\"CW\">-3.250", "<CrossSectPnt code=\"CW\">3.250"}},
+     {"警告 線形1／横断面 No.3／Carriageway left"}},
+    {"AnElevationForAnOffset",
+     L"C06",
+     {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 106.800"}},
+     {"誤り 線形1／横断面 No.3／Carriageway left"}},
+    {"ACentreTwoCentimetresOff",
+     L"C06",
+     {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 -0.020"}},
+     {"警告 線形1／横断面 No.3／Carriageway left"}},
+    {"ACentreLessThanACentimetreOff", L"C06", {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 0.009"}}, {}},
+    {"AnElevationThatIsOne",
+     L"C06",
+     {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 106.800"}, {"value=\"fhOffset\"", "value=\"elevation\""}},
+     {}},
+    {"AnElevationOffTheProfile",
+     L"C06",
+     {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 107.800"}, {"value=\"fhOffset\"", "value=\"elevation\""}},
+     {"誤り 線形1／横断面 No.3／Carriageway left"}},
+    {"LayersThatOverlap",
+     L"C07",
+     {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.105"}},
+     {"警告 " + PAVEMENT + "基層"}},
+    {"LayersThatOverlapByAHair",
+     L"C07",
+     {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.114"}},
+     {}},
+    {"AGroundLineOfNoSurface",
+     L"C08",
+     {{"CrossSectSurf name=\"ExistingGround\"", "CrossSectSurf name=\"Bedrock\""}},
+     {"情報 線形1／横断面 No.3"}},
+    {"AGroundLineOfASurfacesName",
+     L"C08",
+     {{"CrossSectSurf name=\"ExistingGround\"", "CrossSectSurf name=\"現況地形\""}},
+     {}},
+
+    // Surfaces
+    {"ASurfacePointWithoutAHeight", L"F01", {{"18236.926 103.550", "18236.926"}}, {"誤り 現況地形／点 3"}},
+    {"ASurfacePointWithoutANumber", L"F01", {{"<P id=\"3\">", "<P id=\"x\">"}}, {"誤り 現況地形／点 0"}},
+    {"TwoSurfacePointsOfOneNumber", L"F02", {{"<P id=\"3\">", "<P id=\"2\">"}}, {"誤り 現況地形／点 2"}},
+    {"NumbersWithGaps", L"F02", {{"<P id=\"3\">", "<P id=\"4000000000\">"}}, {}},
+    {"AFaceOfATinWithFourPoints", L"F03", {{LAST_FACE, "<F>3 6 5 4</F>"}}, {"誤り 現況地形／面 3 6 5 4"}},
+    {"AFaceOfAGridWithThreePoints",
+     L"F03",
+     {{"surfType=\"TIN\"", "surfType=\"grid\""}, {"<F>1 2 4</F>", ""}, {"<F>2 5 4</F>", ""}, {"<F>2 3 5</F>", ""}},
+     {"誤り 現況地形／面 3 6 5"}},
+    {"AFaceToAMissingPoint", L"F04", {{LAST_FACE, "<F>3 6 7</F>"}}, {"誤り 現況地形／面 3 6 7"}},
+    {"AFaceWithoutArea", L"F05", {{LAST_FACE, "<F>3 6 6</F>"}}, {"警告 現況地形／面 3 6 6"}},
+    {"AnEdgeOfThreeFaces", L"F06", {{LAST_FACE, "<F>3 6 5</F><F>2 5 6</F>"}}, {"警告 現況地形／辺 2 5"}},
+    {"AHiddenFace", L"F06", {{LAST_FACE, "<F>3 6 5</F><F i=\"1\">2 5 6</F>"}}, {}},
+    {"APointThatNobodyUses", L"F07", {{LAST_FACE, ""}}, {"情報 現況地形／点 6"}},
+
+    // References and units
+    {"PointsOfAMissingAlignment", L"R01", {{"value=\"線形1\"", "value=\"線形9\""}}, {"誤り IntermediatePnts-1"}},
+    {"ARoadwayOfAMissingAlignment",
+     L"R01",
+     {{"alignmentRefs=\"線形1\"", "alignmentRefs=\"線形1 線形9\""}},
+     {"誤り Roadway 国道999号"}},
+    {"ARoadwayOfAnAlignmentWithABlank",
+     L"R01",
+     {{"Alignment name=\"線形1\"", "Alignment name=\"線形 1\""},
+      {"alignmentRefs=\"線形1\"", "alignmentRefs=\"線形 1\""},
+      {"value=\"線形1\"", "value=\"線形 1\""},
+      {"value=\"線形1\"", "value=\"線形 1\""},
+      {"value=\"線形1\"", "value=\"線形 1\""}},
+     {}},
+    {"AMissingFeature", L"R02", {{"featureRef=\"3\"", "featureRef=\"33\""}}, {"誤り IntermediatePnts-1／No.6+10.000"}},
+    {"AMissingPoint", L"R03", {{BP, "<Start name=\"BP\" pntRef=\"Q1\"/>"}}, {"誤り " + LINE}},
+    {"APointThatIsReferredTo", L"H01", {{BP, "<Start name=\"BP\" pntRef=\"No.0\"/>"}}, {}},
+    {"APointThatIsThere", L"R03", {{BP, "<Start name=\"BP\" pntRef=\"No.0\"/>"}}, {}},
+    {"TwoPointsOfOneName", L"R04", {{"name=\"L-2\"", "name=\"L-1\""}}, {"誤り 左幅杭／CgPoint L-1"}},
+    {"TwoGroupsOfOneName",
+     L"R04",
+     {{"CgPoints name=\"左幅杭\"", "CgPoints name=\"IntermediatePnts-1\""}},
+     {"誤り CgPoints IntermediatePnts-1"}},
+    {"TwoSectionsAtOneStation", L"R04", {{"sta=\"200.000\"", "sta=\"60.000\""}}, {"誤り 線形1／CrossSect@sta 60.000"}},
+    {"AnUnknownDatum", L"R05", {{"horizontalDatum=\"JGD2011\"", "horizontalDatum=\"WGS84\""}}, {"誤り 座標参照系"}},
+    {"TheFormerDatum", L"R05", {{"horizontalDatum=\"JGD2011\"", "horizontalDatum=\"TD\""}}, {}},
+    {"AZoneThatIsNone", L"R06", {{"=\"9(X,Y)\"", "=\"20(X,Y)\""}}, {"誤り 座標参照系"}},
+    {"AxesInTheOtherOrder", L"R06", {{"=\"9(X,Y)\"", "=\"9(Y,X)\""}}, {"誤り 座標参照系"}},
+    {"TheZoneBesideTheDescribedOne", L"R07", {{"=\"9(X,Y)\"", "=\"8(X,Y)\""}}, {"警告 座標参照系"}},
+    {"APointOutsideTheZone", L"R08", {{STAKE, "<CgPoint name=\"L-1\">912461.0876 18224.2281"}}, {"警告 左幅杭／L-1"}},
+    {"APointWithSwappedAxes", L"R09", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {"誤り 左幅杭／L-1"}},
+    {"APointWithSwappedAxesIsNotAlsoOutside", L"R08", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {}},
+    {"SeventyFiveMinutes", L"R10", {{"value=\"62.3\"", "value=\"30.75\""}}, {"誤り IntermediatePnts-1／No.0"}},
+    {"SixtySeconds", L"R10", {{"value=\"62.3\"", "value=\"62.2960\""}}, {"誤り IntermediatePnts-1／No.0"}},
+    {"DecimalDegrees",
+     L"R10",
+     {{"value=\"62.3\"", "value=\"62.75\""},
+      {"directionUnit=\"decimal dd.mm.ss\"", "directionUnit=\"decimal degrees\""}},
+     {}},
+    {"AnotherDatumsDifference", L"R11", {{"value=\"0.0000\"", "value=\"-1.1344\""}}, {"警告 座標参照系"}},
+    {"TheSecondRiverOfADatum",
+     L"R11",
+     {{"value=\"0.0000\"", "value=\"-0.8333\""}, {"verticalDatum=\"T.P\"", "verticalDatum=\"A.P\""}},
+     {}},
+    {"Millimetres", L"R12", {{"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}}, {"誤り 単位系"}},
+};
+
+class CheckCases : public testing::TestWithParam<Case>
+{};
+
+TEST_P(CheckCases, SaysOfTheChangedElementAlone)
+{
+    const Case& one = GetParam();
+    EXPECT_EQ(Said(SoundFile(one.changes), one.code), one.said);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, CheckCases, testing::ValuesIn(CASES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST(Checks, EachSpeaksInSomeCase)
+{
+    std::set<std::wstring> silent;
+    for (const Check& check : AllChecks())
+    {
+        silent.insert(check.code);
+    }
+    for (const Case& one : CASES)
+    {
+        if (!one.said.empty())
+        {
+            silent.erase(one.code);
+        }
+    }
+    EXPECT_EQ(silent, std::set<std::wstring>());
+}
+
+TEST(Checks, WithToleranceKeepSilentInSomeCaseWithinIt)
+{
+    std::set<std::wstring> untested;
+    for (const Check& check : AllChecks())
+    {
+        if (check.tolerance)
+        {
+            untested.insert(check.code);
+        }
+    }
+    for (const Case& one : CASES)
+    {
+        if (one.said.empty())
+        {
+            untested.erase(one.code);
+        }
+    }
+    EXPECT_EQ(untested, std::set<std::wstring>());
+}
+
+// Findings
+
+TEST(Findings, NameTheLineAndTheNumbers)
+{
+    const std::vector<Finding> findings =
+        Inspect(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}), {FindCheck(L"H03")});
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].line, 69U);
+    EXPECT_EQ(Utf8FromWide(findings[0].text),
+              "要素の長さが座標からの計算と合いません（値 110.002 m、計算 110 m、差 0.002 m、許容 0.001 m）");
+    EXPECT_DOUBLE_EQ(findings[0].value.value(), 110.002);
+    EXPECT_NEAR(findings[0].expected.value(), 110, 1e-6);
+    EXPECT_EQ(findings[0].tolerance, 0.001);
+}
+
+TEST(Findings, BeyondALargeCountAreOnlyCounted)
+{
+    std::string faces;
+    for (int face = 0; face < 250; ++face)
+    {
+        faces += "<F>1 1 2</F>";
+    }
+    const std::vector<Finding> findings = Inspect(SoundFile({{LAST_FACE, faces}}), {FindCheck(L"F05")});
+    ASSERT_EQ(findings.size(), Findings::LARGEST_COUNT + 1);
+    EXPECT_EQ(Utf8FromWide(findings.back().text), "面積のない面があります（ほか50件）");
+    EXPECT_EQ(findings.back().severity, Severity::Warning);
+}
+
+} // namespace
+} // namespace jlandxml::inspect

@@ -1,0 +1,49 @@
+#include "inspect/ProfileLine.h"
+
+#include "SoundFile.h"
+
+namespace jlandxml::inspect
+{
+namespace
+{
+
+const ProfAlign& Design(const LandXmlFile& file)
+{
+    return file.routes.front().alignments.front().profiles.front().designs.front();
+}
+
+TEST(ProfileLine, FollowsItsTangentsAndParabolas)
+{
+    const LandXmlFile file = SoundFile();
+    const ProfileLine line(Design(file));
+    EXPECT_DOUBLE_EQ(line.HeightAt(0).value(), 105);
+    EXPECT_DOUBLE_EQ(line.HeightAt(100).value(), 108);
+    // On a crest the curve lies (g2 - g1) L / 8 under its point: 0.05 * 100 / 8.
+    EXPECT_NEAR(line.HeightAt(220).value(), 111.6 - 0.625, 1e-9);
+    EXPECT_NEAR(line.HeightAt(195).value(), 111.6 - 0.75 - 0.625 / 4, 1e-9);
+    EXPECT_NEAR(line.HeightAt(245).value(), 111.6 - 0.5 - 0.625 / 4, 1e-9);
+    EXPECT_DOUBLE_EQ(line.HeightAt(400).value(), 113);
+    EXPECT_FALSE(line.HeightAt(401).has_value());
+    EXPECT_FALSE(line.HeightAt(-1).has_value());
+}
+
+TEST(ProfileLine, HasUnsymmetricCurves)
+{
+    const LandXmlFile file =
+        SoundFile({{"ParaCurve length=\"100.000\"", "UnsymParaCurve lengthIn=\"60\" lengthOut=\"40\""},
+                   {"</ParaCurve>", "</UnsymParaCurve>"}});
+    const ProfileLine line(Design(file));
+    // (g2 - g1) l1 l2 / 2 (l1 + l2)
+    EXPECT_NEAR(line.HeightAt(220).value(), 111.6 - 0.05 * 60 * 40 / 200, 1e-9);
+    EXPECT_NEAR(line.HeightAt(160).value(), 109.8, 1e-9);
+    EXPECT_NEAR(line.HeightAt(260).value(), 110.8, 1e-9);
+}
+
+TEST(ProfileLine, WhoseStationsDoNotRiseHasNoHeights)
+{
+    const LandXmlFile file = SoundFile({{"<PVI>400.000", "<PVI>300.000"}});
+    EXPECT_FALSE(ProfileLine(Design(file)).HeightAt(100).has_value());
+}
+
+} // namespace
+} // namespace jlandxml::inspect

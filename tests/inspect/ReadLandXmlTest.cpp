@@ -1,0 +1,172 @@
+#include "inspect/ReadLandXml.h"
+
+#include "SoundFile.h"
+#include "base/Exceptions.h"
+
+namespace jlandxml::inspect
+{
+namespace
+{
+
+LandXmlFile Read(std::string bytes)
+{
+    return ReadLandXmlBytes(std::move(bytes), L"file.xml");
+}
+
+std::string Error(std::string bytes)
+{
+    try
+    {
+        Read(std::move(bytes));
+        return "";
+    }
+    catch (const CFileException& exception)
+    {
+        return exception.what();
+    }
+}
+
+/// The text in another encoding's bytes, with two bytes a unit.
+std::string Utf16(const std::string& utf8, bool isBigEndian)
+{
+    std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (const wchar_t character : WideFromUtf8(utf8))
+    {
+        const char low = static_cast<char>(character & 0xFF);
+        const char high = static_cast<char>((character >> 8) & 0xFF);
+        bytes += isBigEndian ? std::string{high, low} : std::string{low, high};
+    }
+    return bytes;
+}
+
+constexpr const char* PROJECT = "<LandXML version=\"1.2\"><Project name=\"架空バイパス\"/></LandXML>";
+
+TEST(ReadLandXml, TellsEncodingsApart)
+{
+    const std::string cp932 = Cp932FromWide(WideFromUtf8(PROJECT));
+    for (const std::string& bytes : {std::string(PROJECT), "\xEF\xBB\xBF" + std::string(PROJECT), Utf16(PROJECT, false),
+                                     Utf16(PROJECT, true), "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>" + cp932,
+                                     "<?xml version='1.0' encoding='windows-31j'?>" + cp932})
+    {
+        const LandXmlFile file = Read(bytes);
+        EXPECT_EQ(file.projectName, L"架空バイパス");
+        EXPECT_FALSE(file.hasMalformedText);
+    }
+}
+
+TEST(ReadLandXml, ReadsEveryKindOfElement)
+{
+    const LandXmlFile file = SoundFile();
+    EXPECT_EQ(file.version, L"1.2");
+    EXPECT_EQ(file.coordinateSystem->zoneName, L"9(X,Y)");
+    EXPECT_EQ(file.units->direction, L"decimal dd.mm.ss");
+    EXPECT_EQ(file.pointGroups.size(), 2U);
+    EXPECT_TRUE(file.pointGroups[0].IsIntermediate());
+    EXPECT_TRUE(file.pointGroups[1].IsWidthStakes());
+    EXPECT_EQ(file.pointGroups[1].AlignmentRefs(), L"線形1");
+    EXPECT_EQ(file.pointGroups[0].points[2].direction.text, L"63.38452961");
+    const Alignment& alignment = file.routes.front().alignments.front();
+    EXPECT_EQ(alignment.elements.size(), 5U);
+    EXPECT_EQ(alignment.elements[1].parameter.text, L"100.000000");
+    EXPECT_EQ(alignment.elements[1].pi.name, L"IP");
+    EXPECT_EQ(alignment.intersections.size(), 3U);
+    EXPECT_EQ(alignment.equations[1].ahead.text, L"265.000");
+    EXPECT_EQ(alignment.profiles.front().designs.front().elements.size(), 4U);
+    EXPECT_EQ(alignment.profiles.front().grounds.front().lists.front().pairs.size(), 4U);
+    EXPECT_EQ(alignment.superelevations.front().stations.size(), 6U);
+    EXPECT_EQ(alignment.superelevations.front().fullSuperelev.text, L"5.0");
+    EXPECT_EQ(alignment.wideningLeft.size(), 4U);
+    EXPECT_EQ(alignment.wideningRight[1].At(1).text, L"0.25");
+    EXPECT_FALSE(alignment.wideningRight[1].At(9).IsWritten());
+    const CrossSect& section = alignment.crossSects.front().sections.front();
+    EXPECT_EQ(section.designs.size(), 3U);
+    EXPECT_TRUE(section.designs[1].IsClosed());
+    EXPECT_EQ(section.designs[1].points.size(), 5U);
+    EXPECT_EQ(file.roadways.front().designSpeeds.front(), L"60");
+    EXPECT_EQ(file.surfaces.front().points.size(), 6U);
+    EXPECT_EQ(file.surfaces.front().faces.size(), 4U);
+    EXPECT_TRUE(file.skipped.empty());
+    EXPECT_TRUE(file.unreadable.empty());
+}
+
+TEST(ReadLandXml, KnowsTheLineOfEveryElementAlsoBehindPointsAndFaces)
+{
+    const LandXmlFile file =
+        SoundFile({{"</LandXML>", "<Roadways>\n<Roadway name='last' alignmentRefs='x'/></Roadways>\n</LandXML>"}});
+    const std::string text = SoundText();
+    const auto lineOf = [&](const char* part) {
+        return static_cast<std::size_t>(
+                   std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(text.find(part)), '\n')) +
+               1;
+    };
+    EXPECT_EQ(file.surfaces.front().line, lineOf("<Surface name"));
+    EXPECT_EQ(file.surfaces.front().points[2].line, lineOf("<P id=\"3\""));
+    EXPECT_EQ(file.surfaces.front().faces[3].line, lineOf("<F>3 6 5"));
+    EXPECT_EQ(file.surfaces.front().features.front().line, lineOf("</Definition>") + 1);
+    EXPECT_EQ(file.roadways.back().line, lineOf("</LandXML>") + 1);
+}
+
+struct Surfaces
+{
+    const char* name;
+    const char* points;
+    const char* faces;
+};
+
+const Surfaces SAME_SURFACES[] = {
+    {"Plain", "<P id=\"1\">1 2 3</P>\n<P id=\"2\">4 5 6</P>", "<F>1 2 1</F>"},
+    {"WithBlanks", " <P  id='1'>\t1 2\n3 </P >", "<F>1 2 1</F>"},
+    {"WithAComment", "<P id=\"1\">1 2 3</P><!-- <P id='9'>0 0 0</P> --><P id=\"2\">4 5 6</P>", "<F>1 2 1</F>"},
+    {"WithAnEntity", "<P id=\"&#49;\">1 2 3</P>", "<F>1 2&#32;1</F>"},
+    {"WithOtherAttributes", "<P id=\"1\" name=\"a>b\" code='x'>1 2 3</P>", "<F n=\"0 1 2\">1 2 1</F>"},
+    {"WithCharacterData", "<P id=\"1\"><![CDATA[1 2 3]]></P>", "<F>1 2 1</F>"},
+    {"WithSigns", "<P id=\"1\">+1 2e0 3.</P>", "<F>1 2 1</F>"},
+};
+
+class SameSurfaces : public testing::TestWithParam<Surfaces>
+{};
+
+TEST_P(SameSurfaces, AreReadTheSameBesideTheTreeAndInIt)
+{
+    const LandXmlFile file = Read("<LandXML><Surfaces><Surface name=\"s\"><Definition surfType=\"TIN\"><Pnts>" +
+                                  std::string(GetParam().points) + "</Pnts><Faces>" + GetParam().faces +
+                                  "</Faces></Definition></Surface></Surfaces></LandXML>");
+    const Surface& surface = file.surfaces.front();
+    ASSERT_GE(surface.points.size(), 1U);
+    EXPECT_EQ(surface.points.front().id, 1U);
+    EXPECT_EQ(surface.points.front().north, 1);
+    EXPECT_EQ(surface.points.front().east, 2);
+    EXPECT_EQ(surface.points.front().height, 3);
+    ASSERT_EQ(surface.faces.size(), 1U);
+    EXPECT_EQ(surface.faces.front().cornerCount, 3);
+    EXPECT_EQ(surface.faces.front().corners, (std::array<std::uint32_t, 4>{1, 2, 1, 0}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, SameSurfaces, testing::ValuesIn(SAME_SURFACES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST(ReadLandXml, PointsInACommentBelongToNoSurface)
+{
+    const LandXmlFile file = Read("<LandXML><!--<Pnts><P id=\"1\">1 2 3</P></Pnts>--><Surfaces><Surface name=\"s\"/>"
+                                  "</Surfaces></LandXML>");
+    EXPECT_TRUE(file.surfaces.front().points.empty());
+}
+
+TEST(ReadLandXml, NamespacePrefixesDoNotMatter)
+{
+    const LandXmlFile file =
+        Read("<x:LandXML xmlns:x='http://www.landxml.org/schema/LandXML-1.2'><x:Project name='p'/></x:LandXML>");
+    EXPECT_EQ(file.projectName, L"p");
+}
+
+TEST(ReadLandXml, SaysWhyAFileCannotBeRead)
+{
+    EXPECT_EQ(Error("<LandXML>\n<Project>\n</LandXML>"), "XMLとして読み込めません（3行目）");
+    EXPECT_EQ(Error("<gpx/>"), "LandXMLのファイルではありません（最上位の要素: gpx）");
+    EXPECT_EQ(Error(""), "XMLとして読み込めません（1行目）");
+    EXPECT_EQ(Error("\xFF\xFE"), "XMLとして読み込めません（1行目）");
+    EXPECT_THROW(ReadLandXmlFile(L"無い.xml"), CFileException);
+}
+
+} // namespace
+} // namespace jlandxml::inspect
