@@ -4,6 +4,7 @@
 #include "base/Guard.h"
 #include "sidefiles/CsvRows.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -33,18 +34,25 @@ class CSVLoaderBase
             return false;
         }
         RunStage<Exception>(RUN_STAGE_TEXTS, [&] {
-            rows.Read(path);
-            walk();
+            ReadRows(path);
+            WalkRows(path, walk);
             // The bytes of one file are gone when the next one is read.
             const CsvRows done = std::move(rows);
         });
         return true;
     }
 
+    /// Reads a file's rows; there are none if it can't be opened. Throws CFileException if it opens but can't be read.
+    void ReadRows(const std::wstring& path) { rows.Read(path); }
+
     /// The rows of title in front of the data.
     static constexpr int TITLE_ROWS = 2;
 
     CsvRows rows;
+
+  private:
+    /// Runs the walk. An index past the end of a row leaves it with the file's name and the row's line.
+    void WalkRows(const std::wstring& path, const std::function<void()>& walk) const;
 };
 
 } // namespace jlandxml

@@ -52,7 +52,7 @@ void CgPointIntermediateCSVLoader::ReadPoints()
         GetCurrentRouteName() = name;
         rows.Skip(1);
     }
-    group.points.reserve(rows.CountAtMost(POINT_COLUMNS));
+    group.points.reserve(rows.CountRows(POINT_COLUMNS));
     while (rows.Next(row))
     {
         if (row.Size() >= POINT_COLUMNS)

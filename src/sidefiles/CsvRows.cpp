@@ -48,6 +48,7 @@ void CsvRows::Read(const std::wstring& path)
 {
     bytes_ = ReadWholeFile(path).value_or(std::string());
     position_ = bytes_.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0;
+    line_ = 0;
 }
 
 bool CsvRows::TakeLine(std::size_t& position, std::string_view& line) const
@@ -67,6 +68,7 @@ bool CsvRows::Next(CsvRow& row)
     std::string_view line;
     while (TakeLine(position_, line))
     {
+        ++line_;
         if (row.Cut(line))
         {
             return true;
@@ -90,17 +92,19 @@ void CsvRows::ForEachLine(std::size_t fields, Visitor visit) const
     std::string_view line;
     for (std::size_t position = position_; TakeLine(position, line);)
     {
-        if (line.size() + 1 >= fields)
+        // A comma always separates, in decoded text as in bytes.
+        if (static_cast<std::size_t>(std::count(line.begin(), line.end(), ',')) + 1 >= fields)
         {
             visit(line);
         }
     }
 }
 
-std::size_t CsvRows::CountAtMost(std::size_t fields) const
+std::size_t CsvRows::CountRows(std::size_t fields, std::string_view without) const
 {
     std::size_t count = 0;
-    ForEachLine(fields, [&](std::string_view) { ++count; });
+    ForEachLine(fields,
+                [&](std::string_view line) { count += line.find(without) == std::string_view::npos ? 1U : 0U; });
     return count;
 }
 

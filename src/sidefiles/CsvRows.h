@@ -44,9 +44,12 @@ class CsvRows
     /// Passes over rows whatever they hold.
     void Skip(int count);
 
-    /// How many rows of so many fields can still come, for a list that makes room for them at once: the lines that are
-    /// long enough for the commas.
-    std::size_t CountAtMost(std::size_t fields) const;
+    /// The number of the line (from 1) that the last row stood in; 0 before the first one.
+    std::size_t Line() const { return line_; }
+
+    /// How many rows of at least so many fields, two or more, are still to come, for a list that makes room for them at
+    /// once. Rows that hold a given text (UTF-8) don't count.
+    std::size_t CountRows(std::size_t fields, std::string_view without = "\n") const;
 
     /// The same for each text that stands in the first field, byte for byte in UTF-8.
     std::unordered_map<std::string_view, std::size_t> CountByFirstField(std::size_t fields) const;
@@ -55,12 +58,13 @@ class CsvRows
     /// Takes the line at a position and passes over its end. False at the end of the file.
     bool TakeLine(std::size_t& position, std::string_view& line) const;
 
-    /// Visits each line to come that has room for so many fields.
+    /// Visits each line to come that is cut into at least so many fields.
     template <class Visitor>
     void ForEachLine(std::size_t fields, Visitor visit) const;
 
     std::string bytes_;
     std::size_t position_ = 0;
+    std::size_t line_ = 0;
 };
 
 /// The number of a field: UNSET_DOUBLE if it is empty, else what the C library reads at its front, or 0.

@@ -8,6 +8,11 @@
 #include "sidefiles/SuperElevationCSVLoader.h"
 #include "sidefiles/WideningCSVLoader.h"
 
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <string_view>
+
 namespace jlandxml
 {
 
@@ -23,6 +28,37 @@ class RouteNameScope
     RouteNameScope& operator=(const RouteNameScope&) = delete;
     ~RouteNameScope() { GetCurrentRouteName().clear(); }
 };
+
+/// So many routes are asked for one by one; of more, the folder says which have a file.
+constexpr std::int32_t MANY_ROUTES = 1000;
+
+/// The numbers from 1 that stand in front of an extension in the names of a folder's files. The name itself is left to
+/// the system, which may know the file in another case. Nothing if the folder is there but doesn't tell its names.
+std::optional<std::set<std::int32_t>> NumbersInNames(const std::wstring& folder)
+{
+    const std::vector<std::wstring> names = FileNames(folder + L"/");
+    if (names.empty() && PathExists(folder + L"/"))
+    {
+        return std::nullopt;
+    }
+    std::set<std::int32_t> numbers;
+    for (const std::wstring& name : names)
+    {
+        const std::wstring_view stem = std::wstring_view(name).substr(0, name.rfind(L'.'));
+        const std::int32_t number = ParseInt(stem.substr(stem.find_last_not_of(L"0123456789") + 1)).value;
+        if (number > 0)
+        {
+            numbers.insert(number);
+        }
+    }
+    return numbers;
+}
+
+bool HasSideFile(const std::wstring& folder, std::int32_t route)
+{
+    return std::any_of(SIDE_FILES.begin(), SIDE_FILES.end(),
+                       [&](const wchar_t* sideFile) { return PathExists(SideFilePath(folder, sideFile, route)); });
+}
 
 void LoadRoute(const std::wstring& folder, std::int32_t route)
 {
@@ -46,25 +82,20 @@ std::wstring SideFilePath(const std::wstring& folder, const wchar_t* sideFile, s
 
 std::int32_t CountRoutes(const std::wstring& folder)
 {
-    std::int32_t count = 0;
-    for (const std::wstring& name : FileNames(folder))
-    {
-        for (const wchar_t* const sideFile : SIDE_FILES)
-        {
-            // Between the beginning and ".csv" stands the number as it would be printed.
-            const std::wstring_view beginning = std::wstring_view(sideFile).substr(1);
-            const std::int32_t route = name.starts_with(beginning) ? ParseInt(name.substr(beginning.size())).value : 0;
-            if (route > count && L"/" + name == SideFilePath(L"", sideFile, route))
-            {
-                count = route;
-            }
-        }
-    }
-    return count;
+    const std::set<std::int32_t> numbers = NumbersInNames(folder).value_or(std::set<std::int32_t>());
+    const auto largest = std::find_if(numbers.rbegin(), numbers.rend(),
+                                      [&](std::int32_t number) { return HasSideFile(folder, number); });
+    return largest != numbers.rend() ? *largest : 0;
 }
 
 void LoadSideFiles(const std::wstring& folder, std::int32_t routeCount)
 {
+    if (const auto numbers = routeCount > MANY_ROUTES ? NumbersInNames(folder) : std::nullopt)
+    {
+        std::for_each(numbers->begin(), numbers->upper_bound(routeCount),
+                      [&](std::int32_t number) { LoadRoute(folder, number); });
+        return;
+    }
     for (std::int64_t route = 1; route <= routeCount; ++route)
     {
         LoadRoute(folder, static_cast<std::int32_t>(route));

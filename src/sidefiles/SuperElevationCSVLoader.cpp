@@ -28,6 +28,7 @@ enum SlopeColumn : std::size_t
 constexpr std::size_t LEAST_COLUMNS = 4;
 constexpr std::wstring_view TITLE = L"Description";
 constexpr std::array<std::wstring_view, 2> ENDS = {L"Begin Alignment", L"End Alignment"};
+constexpr std::string_view IN_BOTH_ENDS = " Alignment";
 constexpr std::wstring_view REVERSE_CROWN = L"ReverseCrown";
 
 constexpr std::int32_t NO_REGION = std::numeric_limits<std::int32_t>::min();
@@ -90,7 +91,7 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
 void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
 {
     CsvRow row;
-    alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountAtMost(LEAST_COLUMNS));
+    alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountRows(LEAST_COLUMNS, IN_BOTH_ENDS));
     while (rows.Next(row))
     {
         if (row.Size() >= LEAST_COLUMNS && !IsEnd(row[DESCRIPTION]))

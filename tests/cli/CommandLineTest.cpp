@@ -27,7 +27,8 @@ constexpr const char* COMPLETING_SETTINGS = R"({"routes": [{"roadClassification"
 
 /// A first row with one column, at which the loader gives up.
 constexpr const char* MALFORMED_SIDE_FILE = "one column\n";
-constexpr const char* MALFORMED_SIDE_FILE_MESSAGE = "General exception occurred: %s, 引数が正しくありません: 2列目\n";
+constexpr const char* MALFORMED_SIDE_FILE_MESSAGE =
+    "General exception occurred: %s, 引数が正しくありません: 2列目（intermediatePts_temp_1.csv 1行目）\n";
 
 /// What a run of the program gave.
 struct Outcome

@@ -49,6 +49,14 @@ INSTANTIATE_TEST_SUITE_P(FViewWidening, WideningText,
                                          WideningCase{L"100 3.5 5", 100, 3.5, L"5", L"100. 3.5 0"}),
                          BY_TEXT);
 
+TEST(FViewWidening, TheStationHasSixDecimalsAndTheWidthFour)
+{
+    FViewWidening widening;
+    widening.station = 12.34567891;
+    widening.width = 1.23456789;
+    EXPECT_EQ(FormatWideningText(widening), L"12.345679 1.2346");
+}
+
 TEST(FViewWidening, ATextWithoutABlankChangesNothing)
 {
     double station = 1.0;

@@ -80,6 +80,7 @@ TEST_F(CSVLoaderBaseTest, EachLoaderFailsByItsOwnExceptionWhereAFileOpensButCanN
 
 struct FailureCase
 {
+    const char* name;
     void (*fails)(CsvRows&);
     const wchar_t* message;
 };
@@ -101,12 +102,14 @@ TEST_P(LoaderFailure, LeavesWithTheLoadersWords)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    CSVLoaderBase, LoaderFailure,
-    testing::Values(FailureCase{[](CsvRows&) { throw CFileException(L"x"); }, L"File operation failed: %s, x"},
-                    FailureCase{[](CsvRows&) { throw CException(L"x"); }, L"General exception occurred: %s, x"},
-                    FailureCase{[](CsvRows&) { throw std::bad_alloc(); },
-                                L"Unknown exception occurred while loading the CSV file."}));
+INSTANTIATE_TEST_SUITE_P(CSVLoaderBase, LoaderFailure,
+                         testing::Values(FailureCase{"FileFailure", [](CsvRows&) { throw CFileException(L"x"); },
+                                                     L"File operation failed: %s, x"},
+                                         FailureCase{"OtherFailure", [](CsvRows&) { throw CException(L"x"); },
+                                                     L"General exception occurred: %s, x"},
+                                         FailureCase{"NoMemory", [](CsvRows&) { throw std::bad_alloc(); },
+                                                     L"Unknown exception occurred while loading the CSV file."}),
+                         [](const auto& test) { return test.param.name; });
 
 } // namespace
 } // namespace jlandxml

@@ -51,6 +51,22 @@ TEST_F(IntermediateTest, PointsBeginInTheThirdRow)
     EXPECT_EQ(group.points[2].name, L"D");
 }
 
+TEST_F(IntermediateTest, TheSecondRowIsATitleWhateverItHolds)
+{
+    EXPECT_TRUE(LoadPoints("n,R1\nA,1,2,3,4,5\nB,1,2,3,4,5\nC,1,2,3,4,5\n"));
+    ASSERT_EQ(Model().intermediatePoints.at(0).points.size(), 2U);
+    EXPECT_EQ(Model().intermediatePoints[0].points[0].name, L"B");
+}
+
+TEST_F(IntermediateTest, RoomIsMadeForTheRowsThatBecomePointsAlone)
+{
+    EXPECT_TRUE(LoadPoints("n,R1\nt\n,,,,long enough for a point\nlong enough for a point\n"));
+    EXPECT_EQ(Model().intermediatePoints.at(0).points.capacity(), 0U);
+    EXPECT_TRUE(LoadPoints("n,R1\nt\nA,1,2,3,4,5\nlong enough for a point\nB,1,2,3,4,5,\nC,1,2,3,4,5\n"));
+    EXPECT_EQ(Model().intermediatePoints.at(1).points.size(), 3U);
+    EXPECT_EQ(Model().intermediatePoints.at(1).points.capacity(), 3U);
+}
+
 TEST_F(IntermediateTest, AFileWithoutPointsStillGivesAGroup)
 {
     EXPECT_TRUE(LoadPoints("n,R1\ntitle\n"));
@@ -105,7 +121,7 @@ TEST_F(IntermediateTest, AMissingFileLeavesTheRouteNameEmpty)
 TEST_F(IntermediateTest, AFirstRowOfOneColumnIsAFailure)
 {
     EXPECT_EQ((Failure<CgPointIntermediateCSVLoader, IntermediateCSVLoadException>("only\nx\n")),
-              COLUMN_FAILURE + L"2列目");
+              COLUMN_FAILURE + L"2列目（side.csv 1行目）");
     EXPECT_TRUE(Model().intermediatePoints.empty());
 }
 

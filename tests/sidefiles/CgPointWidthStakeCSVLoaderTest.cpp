@@ -39,6 +39,25 @@ TEST_F(WidthStakeTest, StakesAreGatheredByTheirGroup)
     EXPECT_EQ(Model().widthStakePoints[1].points[0].stakeValue, UNSET_DOUBLE);
 }
 
+TEST_F(WidthStakeTest, RoomIsMadeForTheRowsThatBecomeStakesAlone)
+{
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>(
+        "t\nt\nA,long enough for a stake\nA,1,2,3,4,5,6,7,8,9\nA,,,,,,,,long enough\nA,1,2,3,4,5,6,7,8,9\n"
+        "B,1,2,3,4,5,6,7,8,9\nA,1,2,3,4,5,6,7,8,9\n"));
+    ASSERT_EQ(Model().widthStakePoints.size(), 2U);
+    EXPECT_EQ(Model().widthStakePoints[0].points.size(), 3U);
+    EXPECT_EQ(Model().widthStakePoints[0].points.capacity(), 3U);
+    EXPECT_EQ(Model().widthStakePoints[1].points.capacity(), 1U);
+}
+
+TEST_F(WidthStakeTest, TheThirdRowIsTheFirstStake)
+{
+    const std::string row = ",1,2,3,4,5,6,7,8,9\n";
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("A" + row + "B" + row + "C" + row));
+    ASSERT_EQ(Model().widthStakePoints.size(), 1U);
+    EXPECT_EQ(Model().widthStakePoints[0].name, L"C");
+}
+
 TEST_F(WidthStakeTest, AFileOfTitlesGivesNoGroup)
 {
     EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("A,1,2,3,4,5,6,7,8,9\nA,1,2,3,4,5,6,7,8,9\n"));

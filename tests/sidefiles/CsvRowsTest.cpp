@@ -38,6 +38,7 @@ std::vector<Fields> Rows(const std::string& content)
 
 struct RowsCase
 {
+    const char* name;
     std::string content;
     std::vector<Fields> rows;
 };
@@ -50,22 +51,27 @@ TEST_P(Csv, IsCutIntoRowsAndFields)
     EXPECT_EQ(Rows(GetParam().content), GetParam().rows);
 }
 
-INSTANTIATE_TEST_SUITE_P(CsvRows, Csv,
-                         testing::Values(RowsCase{"", {}}, RowsCase{"\xEF\xBB\xBF", {}},
-                                         RowsCase{"a, b ,,", {{L"a", L"b", L"", L""}}}, RowsCase{"a", {{L"a"}}},
-                                         RowsCase{"1,2 %,3", {{L"1", L"2%", L"3"}}}, RowsCase{"2  %", {{L"2 %"}}},
-                                         RowsCase{" %", {{L"%"}}}, RowsCase{"a\r\nb\r\n", {{L"a"}, {L"b"}}},
-                                         RowsCase{"\n\na\n \t\r\n　\n\nb", {{L"a"}, {L"b"}}},
-                                         RowsCase{"\"a,b\"", {{L"\"a", L"b\""}}}, RowsCase{",", {{L"", L""}}},
-                                         RowsCase{"\xEF\xBB\xBF線形,　名　", {{L"線形", L"名"}}},
-                                         RowsCase{"\xEF\xBB", {{L"\xFFFD"}}},
-                                         RowsCase{std::string("a\0b,c", 5), {{std::wstring(L"a\0b", 3), L"c"}}},
-                                         RowsCase{"a\rb", {{L"a\rb"}}},
-                                         RowsCase{"\xE7\xB7,\xFF"
-                                                  "b",
-                                                  {{L"\xFFFD", L"\xFFFD"
-                                                               L"b"}}},
-                                         RowsCase{"a;b\n", {{L"a;b"}}}));
+INSTANTIATE_TEST_SUITE_P(
+    CsvRows, Csv,
+    testing::Values(RowsCase{"Empty", "", {}}, RowsCase{"MarkAlone", "\xEF\xBB\xBF", {}},
+                    RowsCase{"TrailingCommas", "a, b ,,", {{L"a", L"b", L"", L""}}},
+                    RowsCase{"OneField", "a", {{L"a"}}},
+                    RowsCase{"BlankBeforePercent", "1,2 %,3", {{L"1", L"2%", L"3"}}},
+                    RowsCase{"TwoBlanksBeforePercent", "2  %", {{L"2 %"}}}, RowsCase{"PercentAlone", " %", {{L"%"}}},
+                    RowsCase{"CarriageReturns", "a\r\nb\r\n", {{L"a"}, {L"b"}}},
+                    RowsCase{"BlankLines", "\n\na\n \t\r\n　\n\nb", {{L"a"}, {L"b"}}},
+                    RowsCase{"Quotes", "\"a,b\"", {{L"\"a", L"b\""}}}, RowsCase{"CommaAlone", ",", {{L"", L""}}},
+                    RowsCase{"MarkAndFullWidthBlanks", "\xEF\xBB\xBF線形,　名　", {{L"線形", L"名"}}},
+                    RowsCase{"BrokenMark", "\xEF\xBB", {{L"\xFFFD"}}},
+                    RowsCase{"Null", std::string("a\0b,c", 5), {{std::wstring(L"a\0b", 3), L"c"}}},
+                    RowsCase{"CarriageReturnWithin", "a\rb", {{L"a\rb"}}},
+                    RowsCase{"Malformed",
+                             "\xE7\xB7,\xFF"
+                             "b",
+                             {{L"\xFFFD", L"\xFFFD"
+                                          L"b"}}},
+                    RowsCase{"Semicolon", "a;b\n", {{L"a;b"}}}),
+    [](const auto& test) { return test.param.name; });
 
 TEST(CsvRows, AMissingFileHasNoRows)
 {
@@ -96,18 +102,36 @@ TEST(CsvRows, SkippingCountsRowsThatHoldSomething)
     EXPECT_FALSE(rows.Next(row));
 }
 
-TEST(CsvRows, TheRowsToComeAreCountedByTheLinesWithRoomForTheirFields)
+TEST(CsvRows, TheRowsToComeAreCountedByTheirFields)
 {
     const TestFolder folder;
     CsvRows rows;
-    rows.Read(folder.Write(L"side.csv", "\xEF\xBB\xBFt\n左,1,2\n\n,,\n,\n右,3\n左,,"));
+    rows.Read(folder.Write(L"side.csv", "\xEF\xBB\xBFt\n左,1,2\n\nlong,enough\n,,\n,\n,\n右,3\n左,,終点"));
     rows.Skip(1);
     using Counts = std::unordered_map<std::string_view, std::size_t>;
-    EXPECT_EQ(rows.CountAtMost(3), 4U);
-    EXPECT_EQ(rows.CountByFirstField(3), (Counts{{"左", 2}, {"", 1}, {"右", 1}}));
+    EXPECT_EQ(rows.CountRows(3), 3U);
+    EXPECT_EQ(rows.CountRows(3, "終点"), 2U);
+    EXPECT_EQ(rows.CountRows(4), 0U);
+    EXPECT_EQ(rows.CountByFirstField(3), (Counts{{"左", 2}, {"", 1}}));
     rows.Skip(9);
-    EXPECT_EQ(rows.CountAtMost(3), 0U);
+    EXPECT_EQ(rows.CountRows(3), 0U);
     EXPECT_EQ(rows.CountByFirstField(3), Counts());
+}
+
+TEST(CsvRows, ARowKnowsTheLineThatItStoodIn)
+{
+    const TestFolder folder;
+    CsvRows rows;
+    CsvRow row;
+    rows.Read(folder.Write(L"side.csv", "\n1\n\n \n2\n3"));
+    EXPECT_EQ(rows.Line(), 0U);
+    for (const std::size_t line : {2U, 5U, 6U})
+    {
+        EXPECT_TRUE(rows.Next(row));
+        EXPECT_EQ(rows.Line(), line);
+    }
+    rows.Read(folder.Name(L"side.csv"));
+    EXPECT_EQ(rows.Line(), 0U);
 }
 
 TEST(CsvRows, OneLineOfTenMegabytesIsOneRow)

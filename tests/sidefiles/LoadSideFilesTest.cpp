@@ -1,5 +1,6 @@
 #include "sidefiles/LoadSideFiles.h"
 
+#include "base/Files.h"
 #include "run/module/ExecuteQuorvane.h"
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
@@ -8,6 +9,7 @@
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
+#include <limits>
 #include <typeindex>
 
 namespace jlandxml
@@ -75,7 +77,8 @@ TEST_F(LoadSideFilesTest, ABrokenFileEndsTheRunWithOneMessage)
     Run(2);
     EXPECT_EQ(windows.Messages(),
               (std::vector<ShownMessage>{
-                  {L"General exception occurred: %s, 引数が正しくありません: 4列目", MessageIcon::None}}));
+                  {L"General exception occurred: %s, 引数が正しくありません: 4列目（widening_temp_1.csv 3行目）",
+                   MessageIcon::None}}));
     EXPECT_EQ(GetCurrentRouteName(), L"");
     EXPECT_EQ(Context().model.intermediatePoints.size(), 1U);
 }
@@ -87,7 +90,8 @@ TEST_F(LoadSideFilesTest, OfTwoBrokenFilesTheEarlierOneIsTold)
     Run(1);
     EXPECT_EQ(windows.Messages(),
               (std::vector<ShownMessage>{
-                  {L"General exception occurred: %s, 引数が正しくありません: 2列目", MessageIcon::None}}));
+                  {L"General exception occurred: %s, 引数が正しくありません: 2列目（intermediatePts_temp_1.csv 1行目）",
+                   MessageIcon::None}}));
 }
 
 TEST_F(LoadSideFilesTest, TheFilesOfARouteAreReadInOneOrder)
@@ -151,6 +155,53 @@ TEST_F(LoadSideFilesTest, RoutesAreCountedByTheLargestNumber)
     }
     EXPECT_EQ(CountRoutes(folder.Name()), 10);
     EXPECT_EQ(CountRoutes(folder.Name(L"missing")), 0);
+}
+
+TEST_F(LoadSideFilesTest, ANameInAnotherCaseCountsWhereTheSystemFindsIt)
+{
+    folder.Write(L"widening_temp_2.csv", "");
+    folder.Write(L"SUPERelevation_Temp_12.CSV", "");
+    const bool found = PathExists(SideFilePath(folder.Name(), SIDE_FILES[2], 12));
+    EXPECT_EQ(CountRoutes(folder.Name()), found ? 12 : 2);
+#ifdef _WIN32
+    EXPECT_TRUE(found);
+#endif
+}
+
+TEST_F(LoadSideFilesTest, OfManyRoutesOnlyThoseWithAFileCostAnything)
+{
+    constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2,3\n");
+    folder.Write(L"intermediatePts_temp_70000.csv", "n,R2\n");
+    folder.Write(L"widening_temp_2147483647.csv", "t\nt\nLeft,1,2,3\n");
+    folder.Write(L"widening_temp_00003.csv", "t\nt\nLeft,1\n");
+    EXPECT_EQ(CountRoutes(folder.Name()), MOST);
+    Run(MOST);
+    EXPECT_EQ(windows.Messages().size(), 0U);
+    ASSERT_EQ(Context().model.intermediatePoints.size(), 2U);
+    EXPECT_EQ(Context().model.intermediatePoints[0].alignmentRefs, L"R1");
+    EXPECT_EQ(Context().model.intermediatePoints[1].alignmentRefs, L"R2");
+    EXPECT_EQ(Context().model.alignments.at(0).alignments.at(0).widthLeftValue.size(), 1U);
+    EXPECT_EQ(Context().model.alignments.at(0).alignments.at(1).widthLeftValue.size(), 0U);
+    EXPECT_EQ(GetCurrentRouteName(), L"");
+}
+
+TEST_F(LoadSideFilesTest, OfAMissingFolderNoRouteCostsAnything)
+{
+    LoadSideFiles(folder.Name(L"missing"), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(CountRoutes(folder.Name(L"missing")), 0);
+}
+
+TEST_F(LoadSideFilesTest, RoutesBehindTheCountAreNotReadHoweverManyThereAre)
+{
+    folder.Write(L"intermediatePts_temp_5000.csv", "n,R1\n");
+    folder.Write(L"intermediatePts_temp_5001.csv", "n,R2\n");
+    Run(4999);
+    EXPECT_TRUE(Context().model.intermediatePoints.empty());
+    Run(5000);
+    ASSERT_EQ(Context().model.intermediatePoints.size(), 1U);
+    EXPECT_EQ(Context().model.intermediatePoints[0].alignmentRefs, L"R1");
 }
 
 } // namespace

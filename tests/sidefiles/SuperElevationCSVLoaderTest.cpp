@@ -36,6 +36,7 @@ std::wstring Joined(const FViewSlopeValue& value)
 
 struct StationCase
 {
+    const char* name;
     const wchar_t* text;
     double kilometres;
     double metres;
@@ -53,17 +54,18 @@ TEST_P(StationText, IsKilometresAndMetres)
     EXPECT_EQ(parts.minus, GetParam().minus);
 }
 
-INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, StationText,
-                         testing::Values(StationCase{L"12+34.5m", 12, 34.5, false},
-                                         StationCase{L"12-34.5", 12, 34.5, true},
-                                         StationCase{L"mm12m+m34m", 12, 34, false}, StationCase{L"12", 0, 0, true},
-                                         StationCase{L"", 0, 0, true}, StationCase{L"+5", 0, 0, false},
-                                         StationCase{L"-5", 0, 0, true}, StationCase{L"5+", 5, 0, false},
-                                         StationCase{L"-1+5", -1, 5, false}, StationCase{L"1+-5", 1, -5, false},
-                                         StationCase{L"x+5", 0, 5, false}, StationCase{L"5+x", 5, 0, false},
-                                         StationCase{L"1+2+3", 1, 0, false}, StationCase{L".+5", 0, 0, false},
-                                         StationCase{L"1e3+5", 0, 5, false},
-                                         StationCase{L"1.50+2.50", 1.5, 2.5, false}));
+INSTANTIATE_TEST_SUITE_P(
+    SuperElevationCSVLoader, StationText,
+    testing::Values(
+        StationCase{"Plus", L"12+34.5m", 12, 34.5, false}, StationCase{"Minus", L"12-34.5", 12, 34.5, true},
+        StationCase{"UnitAnywhere", L"mm12m+m34m", 12, 34, false}, StationCase{"NoSign", L"12", 0, 0, true},
+        StationCase{"Empty", L"", 0, 0, true}, StationCase{"NoKilometres", L"+5", 0, 0, false},
+        StationCase{"NoKilometresMinus", L"-5", 0, 0, true}, StationCase{"NoMetres", L"5+", 5, 0, false},
+        StationCase{"MinusInFront", L"-1+5", -1, 5, false}, StationCase{"MinusBehindPlus", L"1+-5", 1, -5, false},
+        StationCase{"KilometresNoNumber", L"x+5", 0, 5, false}, StationCase{"MetresNoNumber", L"5+x", 5, 0, false},
+        StationCase{"TwoPluses", L"1+2+3", 1, 0, false}, StationCase{"KilometresOfAPoint", L".+5", 0, 0, false},
+        StationCase{"Exponent", L"1e3+5", 0, 5, false}, StationCase{"TrailingZeros", L"1.50+2.50", 1.5, 2.5, false}),
+    [](const auto& test) { return test.param.name; });
 
 FViewAlignment WithEquations(const std::vector<std::pair<double, double>>& equations)
 {
@@ -92,6 +94,7 @@ TEST(SuperElevationStations, TheLastEquationInFrontOfAStationCounts)
 
 struct SlopeStationCase
 {
+    const char* name;
     const wchar_t* total;
     double interval;
     const wchar_t* staText;
@@ -111,13 +114,15 @@ TEST_P(SlopeStation, HasAShownAndAWrittenText)
     EXPECT_EQ(value.staValue, GetParam().staValue);
 }
 
-INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, SlopeStation,
-                         testing::Values(SlopeStationCase{L"12034.5", 20, L"601+14.500000", L"12034.500000"},
-                                         SlopeStationCase{L"0", 20, L"0+0.000000", L"0.000000"},
-                                         SlopeStationCase{L"inf", 20, L"0+0.000000", L"0.000000"},
-                                         SlopeStationCase{L"-0.0000004", 20, L"0+-0.000000", L"0.000000"},
-                                         SlopeStationCase{L"12", 0, L"nan+nan.", L"12.000000"},
-                                         SlopeStationCase{L"30", 12.5, L"2+5.000000", L"30.000000"}));
+INSTANTIATE_TEST_SUITE_P(
+    SuperElevationCSVLoader, SlopeStation,
+    testing::Values(SlopeStationCase{"KilometresOfIntervals", L"12034.5", 20, L"601+14.500000", L"12034.500000"},
+                    SlopeStationCase{"Zero", L"0", 20, L"0+0.000000", L"0.000000"},
+                    SlopeStationCase{"Infinity", L"inf", 20, L"0+0.000000", L"0.000000"},
+                    SlopeStationCase{"BelowTheDecimals", L"-0.0000004", 20, L"0+-0.000000", L"0.000000"},
+                    SlopeStationCase{"NoInterval", L"12", 0, L"nan+nan.", L"12.000000"},
+                    SlopeStationCase{"BrokenInterval", L"30", 12.5, L"2+5.000000", L"30.000000"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST(SuperElevationStations, AreSortedWithSixDecimals)
 {
@@ -130,6 +135,7 @@ TEST(SuperElevationStations, AreSortedWithSixDecimals)
 
 struct RowCase
 {
+    const char* name;
     const char* line;
     bool taken;
     const wchar_t* station;
@@ -156,19 +162,40 @@ TEST_P(SlopeRowText, GivesStationAndSlopes)
 
 INSTANTIATE_TEST_SUITE_P(
     SuperElevationCSVLoader, SlopeRowText,
-    testing::Values(RowCase{"1,0+80m,x,,,-2.000 %,,,,2.000 %,", true, L"0+80", L"-2.000", L"-2.000"},
-                    RowCase{"1,0+80m,x,,,2%%,,,,-2.000%,z", true, L"0+80", L"2", L"2.000"},
-                    RowCase{"1,0+80,x,,,2,,,,5", true, L"0+80", L"2", L"-"},
-                    RowCase{"1,0+80,x,,,2,,,,,", true, L"0+80", L"2", L"-"},
-                    RowCase{"1,0+80,x,,,2,,,,-,", false, L"", L"", L""}, RowCase{"1,0+80,x,,,2", false, L"", L"", L""},
-                    RowCase{"1,0+80,x,,,2,", true, L"0+80", L"2", L"-"},
-                    RowCase{"1,m,x,,,2,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,x,,,%,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,Description,,,2,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,End Alignment,,,2,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,Begin Alignment,,,2,,,,5,", false, L"", L"", L""},
-                    RowCase{"1,0+80,Begin alignment,,,2,,,,5,", true, L"0+80", L"2", L"-5"},
-                    RowCase{"1,0+80,description,,,2,,,,5,", true, L"0+80", L"2", L"-5"}));
+    testing::Values(RowCase{"HostsForm", "1,0+80m,x,,,-2.000 %,,,,2.000 %,", true, L"0+80", L"-2.000", L"-2.000"},
+                    RowCase{"TwoPercentSigns", "1,0+80m,x,,,2%%,,,,-2.000%,z", true, L"0+80", L"2", L"2.000"},
+                    RowCase{"LastFieldUnclosed", "1,0+80,x,,,2,,,,5", true, L"0+80", L"2", L"-"},
+                    RowCase{"RightEmpty", "1,0+80,x,,,2,,,,,", true, L"0+80", L"2", L"-"},
+                    RowCase{"RightOfASignAlone", "1,0+80,x,,,2,,,,-,", false, L"", L"", L""},
+                    RowCase{"CutBehindLeft", "1,0+80,x,,,2", false, L"", L"", L""},
+                    RowCase{"EndsBehindLeft", "1,0+80,x,,,2,", true, L"0+80", L"2", L"-"},
+                    RowCase{"StationOfAUnitAlone", "1,m,x,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"LeftOfAPercentAlone", "1,0+80,x,,,%,,,,5,", false, L"", L"", L""},
+                    RowCase{"Title", "1,0+80,Description,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"EndOfAlignment", "1,0+80,End Alignment,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"BeginningOfAlignment", "1,0+80,Begin Alignment,,,2,,,,5,", false, L"", L"", L""},
+                    RowCase{"BeginningInAnotherCase", "1,0+80,Begin alignment,,,2,,,,5,", true, L"0+80", L"2", L"-5"},
+                    RowCase{"TitleInAnotherCase", "1,0+80,description,,,2,,,,5,", true, L"0+80", L"2", L"-5"}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(SuperElevationTest, TheFirstTwoRowsAreTitlesWhateverTheyHold)
+{
+    const FViewAlignment& alignment = AddAlignment(L"R1");
+    EXPECT_TRUE(Load<SuperElevationCSVLoader>(Slope("1", "0+1", "x") + Slope("1", "0+2", "x") + Slope("1", "0+3", "x") +
+                                              Slope("1", "0+4", "x")));
+    ASSERT_EQ(alignment.slopeList.size(), 2U);
+    EXPECT_EQ(alignment.slopeList[0].staValue, L"3.000000");
+}
+
+TEST_F(SuperElevationTest, RoomIsMadeForTheRowsThatBecomeSlopesAlone)
+{
+    const FViewAlignment& alignment = AddAlignment(L"R1");
+    LoadSlopes(Slope("1", "0+1", "Begin Alignment") + Slope("1", "0+1", "x") +
+               "long enough for a slope\n1,2,long enough\n" + Slope("1", "0+2", "x") + "1,2,3,4\n" +
+               Slope("1", "0+3", "End Alignment"));
+    EXPECT_EQ(alignment.slopeList.size(), 3U);
+    EXPECT_EQ(alignment.slopeList.capacity(), 3U);
+}
 
 TEST_F(SuperElevationTest, SlopesAreAppendedToTheList)
 {
@@ -185,6 +212,7 @@ TEST_F(SuperElevationTest, SlopesAreAppendedToTheList)
 
 struct SlopeValueCase
 {
+    const char* name;
     const char* row;
     const wchar_t* value; ///< of the slope, its texts joined; null: the row gives none
 };
@@ -206,14 +234,17 @@ TEST_P(SlopeValue, IsMadeOfARow)
     EXPECT_EQ(alignment.superelevations[0].reverseCrownStations, Stations{L"old"});
 }
 
-INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, SlopeValue,
-                         testing::Values(SlopeValueCase{"1,12-34.5,x,,,2,,,,2,", L"598+5.500000|11965.500000|2|-2"},
-                                         SlopeValueCase{"1,0+19.9999999,x,,,2,,,,2,", L"1+0.000000|20.000000|2|-2"},
-                                         SlopeValueCase{"1,0+5,reversecrown,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
-                                         SlopeValueCase{"1,0+5,Begin alignment,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
-                                         SlopeValueCase{"1,0+50,ReverseCrown,,,,,,,-2.0,", L"|||"},
-                                         SlopeValueCase{"1,0+80m,x,y", L"|||"}, SlopeValueCase{"1,0+80m,x", nullptr},
-                                         SlopeValueCase{"1,0+5,Begin Alignment,,,2,,,,2,", nullptr}));
+INSTANTIATE_TEST_SUITE_P(
+    SuperElevationCSVLoader, SlopeValue,
+    testing::Values(
+        SlopeValueCase{"MinusStation", "1,12-34.5,x,,,2,,,,2,", L"598+5.500000|11965.500000|2|-2"},
+        SlopeValueCase{"RoundedToTheNextInterval", "1,0+19.9999999,x,,,2,,,,2,", L"1+0.000000|20.000000|2|-2"},
+        SlopeValueCase{"ReverseCrownInAnotherCase", "1,0+5,reversecrown,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
+        SlopeValueCase{"BeginningInAnotherCase", "1,0+5,Begin alignment,,,2,,,,2,", L"0+5.000000|5.000000|2|-2"},
+        SlopeValueCase{"LeftEmpty", "1,0+50,ReverseCrown,,,,,,,-2.0,", L"|||"},
+        SlopeValueCase{"FourColumns", "1,0+80m,x,y", L"|||"}, SlopeValueCase{"ThreeColumns", "1,0+80m,x", nullptr},
+        SlopeValueCase{"BeginningOfAlignment", "1,0+5,Begin Alignment,,,2,,,,2,", nullptr}),
+    [](const auto& test) { return test.param.name; });
 
 TEST_F(SuperElevationTest, RegionsGoToTheSuperelevationsInAscendingOrder)
 {
@@ -263,6 +294,7 @@ TEST_F(SuperElevationTest, ARowWithoutARegionIsARegionOfItsOwnInFrontOfAll)
 
 struct NamesakesCase
 {
+    const char* name;
     std::int32_t useSlopeList[2];
     const wchar_t* reverseCrown[2];
 };
@@ -289,10 +321,11 @@ TEST_P(Namesakes, ShareTheRegionsWhileTheFirstTakesEverySlope)
 }
 
 INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, Namesakes,
-                         testing::Values(NamesakesCase{{0, 0}, {L"50.000000", L"50.000000"}},
-                                         NamesakesCase{{0, 1}, {L"50.000000", L"old"}},
-                                         NamesakesCase{{1, 0}, {L"old", L"old"}},
-                                         NamesakesCase{{1, 1}, {L"old", L"old"}}));
+                         testing::Values(NamesakesCase{"NoSlopeList", {0, 0}, {L"50.000000", L"50.000000"}},
+                                         NamesakesCase{"SlopeListOfTheSecond", {0, 1}, {L"50.000000", L"old"}},
+                                         NamesakesCase{"SlopeListOfTheFirst", {1, 0}, {L"old", L"old"}},
+                                         NamesakesCase{"TwoSlopeLists", {1, 1}, {L"old", L"old"}}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST_F(SuperElevationTest, NamesakesOfAnotherRouteTakeTheRegionsToo)
 {

@@ -28,7 +28,7 @@ TEST_F(WideningTest, OnlyTheExactWordIsTheRightSide)
 TEST_F(WideningTest, TheFirstTwoRowsAreTitlesAndAFifthColumnSaysNothing)
 {
     const FViewAlignment& alignment = AddAlignment(L"R1");
-    EXPECT_TRUE(Load<WideningCSVLoader>("Right,1,2,3\nRight,1\nRight,4,5,6,7\n"));
+    EXPECT_TRUE(Load<WideningCSVLoader>("Right,1,2,3\nRight,2,3,4\nRight,4,5,6,7\n"));
     EXPECT_TRUE(alignment.widthLeftValue.empty());
     ASSERT_EQ(alignment.widthRightValue.size(), 1U);
     EXPECT_EQ(alignment.widthRightValue[0].station, 4.0);
@@ -59,8 +59,9 @@ TEST_F(WideningTest, ARowOfThreeColumnsIsAFailureAndChangesNothing)
     FViewAlignment& alignment = AddAlignment(L"R1");
     alignment.widthLeftValue.emplace_back().station = 7.0;
     alignment.widthRightValue.emplace_back().station = 8.0;
-    EXPECT_EQ((Failure<WideningCSVLoader, WideningCSVLoadException>("t\nt\nLeft,1,2,3\nRight,1,2,3\nLeft,1,2\n")),
-              COLUMN_FAILURE + L"4列目");
+    EXPECT_EQ((Failure<WideningCSVLoader, WideningCSVLoadException>(
+                  "t\n\nt\n \nLeft,1,2,3\r\nRight,1,2,3\nLeft,1,2\nLeft,1\n")),
+              COLUMN_FAILURE + L"4列目（side.csv 7行目）");
     ASSERT_EQ(alignment.widthLeftValue.size(), 1U);
     EXPECT_EQ(alignment.widthLeftValue[0].station, 7.0);
     ASSERT_EQ(alignment.widthRightValue.size(), 1U);

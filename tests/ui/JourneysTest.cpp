@@ -374,7 +374,8 @@ TEST(Journey, AMalformedSideFileIsToldInAMessage)
     Call(SOURCE + L"/tests/e2e/malformed-side-file/work", [] {
         EXPECT_EQ(WaitForWindow(), Seen::Message);
         Picture(L"message");
-        EXPECT_EQ(Utf8FromWide(AnswerMessage()), "General exception occurred: %s, 引数が正しくありません: 2列目");
+        EXPECT_EQ(Utf8FromWide(AnswerMessage()),
+                  "General exception occurred: %s, 引数が正しくありません: 2列目（intermediatePts_temp_3.csv 1行目）");
     });
 }
 
