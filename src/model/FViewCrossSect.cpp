@@ -60,7 +60,7 @@ void FViewCrossSect::Clear()
     clOffset = UNSET_DOUBLE;
     fhOffset = UNSET_DOUBLE;
     designSurfaces.clear();
-    surfaces = std::make_shared<const FViewCrossSectSurfList>();
+    surfaces.clear();
 }
 
 bool FViewCrossSect::ReadElement(const WcXmNode& node)
@@ -82,9 +82,7 @@ bool FViewCrossSect::ReadElement(const WcXmNode& node)
     {
         ReadFormationFromSurfaces(node);
     }
-    FViewCrossSectSurfList list;
-    ReadChildren<FViewCrossSectSurf>(node, list);
-    surfaces = std::make_shared<const FViewCrossSectSurfList>(std::move(list));
+    ReadChildren<FViewCrossSectSurf>(node, surfaces);
     return true;
 }
 

@@ -6,13 +6,13 @@
 #include "model/PiCollections.h"
 #include "model/UnsetDouble.h"
 
-#include <memory>
 #include <string>
 
 namespace jlandxml
 {
 
-/// `CrossSectSurf`: a ground line or a layer's line in a cross section, known by its name.
+/// `CrossSectSurf`: a ground line or a layer's line in a cross section. The host names it after its surface and more,
+/// such as "EG_1" or "表層_ABC13".
 class FViewCrossSectSurf final : public FViewLandXMLBase
 {
   public:
@@ -30,7 +30,7 @@ class FViewCrossSectSurfList : public PiCmCopyList<FViewCrossSectSurf>
 {};
 
 /// `CrossSect`: one cross section. Its design surfaces are classified, only the existing ground of its other lines
-/// stays.
+/// stays. Each `CrossSectPnt` is the distance from the centre line, to the right positive, and the height, in metres.
 class FViewCrossSect final : public FViewLandXMLBase
 {
   public:
@@ -46,14 +46,12 @@ class FViewCrossSect final : public FViewLandXMLBase
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;
-    std::wstring sta;                                      ///< station, metres, as it came
-    double clOffset = UNSET_DOUBLE;                        ///< offset of the centre line, metres
-    double fhOffset = UNSET_DOUBLE;                        ///< offset of the formation height, metres
+    std::wstring sta;                                      ///< station, metres, character for character
+    double clOffset = UNSET_DOUBLE;                        ///< formation point from the centre line, metres
+    double fhOffset = UNSET_DOUBLE;                        ///< formation point from the formation height, metres
     PiCmCopyList<FViewDesignCrossSectSurf> designSurfaces; ///< stays empty
-    /// Never null. Once read they don't change, so copies of the section share them; a long road has hundreds of
-    /// thousands.
-    std::shared_ptr<const FViewCrossSectSurfList> surfaces = std::make_shared<const FViewCrossSectSurfList>();
-    FViewSurfacesList* surfacesList = nullptr; ///< of the document; set when writing begins
+    FViewCrossSectSurfList surfaces;                       ///< as they were read; nothing asks for them afterwards
+    FViewSurfacesList* surfacesList = nullptr;             ///< of the document; set when writing begins
 
   private:
     bool WriteFormation(const WcXmNode& node) const;

@@ -4,7 +4,7 @@
 #include "model/OutputVersion.h"
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 namespace jlandxml
 {
@@ -23,13 +23,28 @@ constexpr const wchar_t* AFTER_COORDINATE_SYSTEM[] = {CG_POINTS, L"Alignments", 
 /// What groups of points are put in front of; the first one that stands there serves.
 constexpr const wchar_t* AFTER_POINT_GROUPS[] = {L"Alignments", L"Surfaces"};
 
+/// The children that groups of points can be put in front of.
+std::vector<WcXmNode> PointGroupReferences(const WcXmNode& node)
+{
+    std::vector<WcXmNode> references;
+    for (const wchar_t* const name : AFTER_POINT_GROUPS)
+    {
+        WcXmNode child = node;
+        if (child.SelectFirstChild(name))
+        {
+            references.push_back(child);
+        }
+    }
+    return references;
+}
+
 /// Writes a group into a new element in front of the first reference that takes it.
 template <class Group>
-bool PlaceBefore(const WcXmNode& node, Group& group)
+bool PlaceBefore(const WcXmNode& node, const std::vector<WcXmNode>& references, Group& group)
 {
-    return std::any_of(std::begin(AFTER_POINT_GROUPS), std::end(AFTER_POINT_GROUPS), [&](const wchar_t* reference) {
+    return std::any_of(references.begin(), references.end(), [&](const WcXmNode& reference) {
         WcXmNode element = node;
-        return node.InsertElementBefore(reference, CG_POINTS, &element) && group.WriteElement(element);
+        return node.InsertElementBefore(reference.appNode, CG_POINTS, &element) && group.WriteElement(element);
     });
 }
 
@@ -38,6 +53,7 @@ bool PlaceBefore(const WcXmNode& node, Group& group)
 template <class Groups>
 bool PlaceGroups(const WcXmNode& node, Groups& groups)
 {
+    const std::vector<WcXmNode> references = PointGroupReferences(node);
     bool placedBefore = false;
     for (auto& group : groups)
     {
@@ -45,7 +61,7 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
         {
             continue;
         }
-        if (PlaceBefore(node, group))
+        if (PlaceBefore(node, references, group))
         {
             placedBefore = true;
             continue;
@@ -143,7 +159,7 @@ bool FViewLandXML::WriteElement(const WcXmNode& node)
 
 void FViewLandXML::LinkCrossSections()
 {
-    surfaces.IndexNames();
+    surfaces.ForgetNames();
     for (FViewAlignments& route : alignments)
     {
         for (FViewAlignment& alignment : route.alignments)
@@ -172,13 +188,7 @@ bool FViewLandXML::WriteIntermediatePoints(const WcXmNode& node)
 
 bool FViewLandXML::WriteWidthStakes(const WcXmNode& node)
 {
-    if (project.version < FIRST_WITH_WIDTH_STAKES)
-    {
-        return true;
-    }
-    FViewCgPointsWidthStakeList numbered = widthStakePoints;
-    numbered.Number();
-    return PlaceGroups(node, numbered);
+    return project.version < FIRST_WITH_WIDTH_STAKES || PlaceGroups(node, widthStakePoints);
 }
 
 void FViewLandXML::WriteSurfaces(const WcXmNode& node) const

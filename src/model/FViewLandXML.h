@@ -22,9 +22,13 @@ class FViewLandXML final : public FViewLandXMLBase
     /// its own. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
-    /// Edits the tree that was read. False at the first failure, with what was changed until then left in the tree.
+    /// Edits the tree that was read, from `Project` to `Surfaces`. False at the first failure, with what was changed
+    /// until then left in the tree. It also is when groups of intermediate points stand in the tree already: a second
+    /// export over the same tree would place them twice.
     bool WriteElement(const WcXmNode& node) override;
 
+    /// Reaches the project and the alignments. References of surfaces go by the root's own version, width stakes by
+    /// that of the project.
     void SetOutputVersion(std::int32_t newVersion) override;
 
     FViewProject project;

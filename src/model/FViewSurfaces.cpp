@@ -124,78 +124,65 @@ void FViewSurfacesList::FillOutPutCSS()
     }
 }
 
-void FViewSurfacesList::IndexNames()
+/// The names, prepared for texts of at least so many characters.
+SurfaceNames& FViewSurfacesList::Names(std::size_t longest)
 {
-    placesByFirstCharacter_.clear();
+    if (names_ && names_->Longest() >= longest)
+    {
+        return *names_;
+    }
+    places_.clear();
+    std::vector<std::wstring_view> names;
     for (std::size_t set = 0; set < size(); ++set)
     {
         for (std::size_t surface = 0; surface < (*this)[set].surfaces.size(); ++surface)
         {
-            const std::wstring& name = At({set, surface}).name;
-            placesByFirstCharacter_[name.empty() ? L'\0' : name.front()].emplace_back(set, surface);
+            places_.emplace_back(set, surface);
+            names.push_back(At(places_.back()).name);
         }
     }
-    rowsByName_.clear();
-    for (std::size_t row = 0; row < outPutCSS.size(); ++row)
+    // Twice as long, lest texts that grow by a character each have them prepared over and over.
+    names_.emplace(names, 2 * longest);
+    for (std::size_t place = 0; place < places_.size(); ++place)
     {
-        rowsByName_.emplace(outPutCSS[row].name, row);
+        if (At(places_[place]).used)
+        {
+            names_->Take(place);
+        }
     }
+    return *names_;
 }
 
 FViewSurface* FViewSurfacesList::Claim(std::wstring_view text)
 {
-    constexpr Place NONE(std::wstring_view::npos, 0);
-    Place first = NONE;
-    const auto look = [&](wchar_t character) {
-        const auto places = placesByFirstCharacter_.find(character);
-        if (places == placesByFirstCharacter_.end())
-        {
-            return;
-        }
-        for (const Place& place : places->second)
-        {
-            if (place >= first)
-            {
-                return;
-            }
-            const FViewSurface& surface = At(place);
-            if (!surface.used && surface.name != text && text.find(surface.name) != std::wstring_view::npos)
-            {
-                first = place;
-                return;
-            }
-        }
-    };
-    look(L'\0');
-    for (std::size_t index = 0; index < text.size(); ++index)
-    {
-        if (text.find(text[index]) == index)
-        {
-            look(text[index]);
-        }
-    }
-    if (first == NONE)
+    SurfaceNames& names = Names(text.size());
+    const std::size_t place = names.FirstWithin(text);
+    if (place == SurfaceNames::NONE)
     {
         return nullptr;
     }
-    FViewSurface& surface = At(first);
+    names.Take(place);
+    FViewSurface& surface = At(places_[place]);
     surface.used = true;
     return &surface;
 }
 
 void FViewSurfacesList::ReleaseAll()
 {
-    for (FViewSurfaces& set : *this)
+    SurfaceNames& names = Names(0);
+    for (const std::size_t place : names.Taken())
     {
-        for (FViewSurface& surface : set.surfaces)
-        {
-            surface.used = false;
-        }
+        At(places_[place]).used = false;
     }
+    names.GiveBackAll();
 }
 
-const OutPutCSS* FViewSurfacesList::FindRow(std::wstring_view name) const
+const OutPutCSS* FViewSurfacesList::FindRow(std::wstring_view name)
 {
+    for (; indexedRows_ < outPutCSS.size(); ++indexedRows_)
+    {
+        rowsByName_.emplace(outPutCSS[indexedRows_].name, indexedRows_);
+    }
     const auto row = rowsByName_.find(std::wstring(name));
     return row == rowsByName_.end() ? nullptr : &outPutCSS[row->second];
 }

@@ -2,7 +2,9 @@
 
 #include "model/FViewLandXMLBase.h"
 #include "model/PiCollections.h"
+#include "model/SurfaceNames.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -48,7 +50,10 @@ class FViewSurfaces final : public FViewLandXMLBase
 
     void Clear() override;
     const wchar_t* GetElementName() const override { return L"Surfaces"; }
+    /// Takes every surface. Always true.
     bool ReadElement(const WcXmNode& node) override;
+    /// Has each surface set its name and description, by position. The document's root doesn't call this either. Always
+    /// true.
     bool WriteElement(const WcXmNode& node) override;
 
     /// Cuts the host's note of the alignment ("線形名=") and all behind it out of the description of each `Surface`
@@ -80,28 +85,30 @@ class FViewSurfacesList : public PiCmCopyList<FViewSurfaces>
     /// Appends a row for each surface: both flags are set where its description holds "ExistingGround".
     void FillOutPutCSS();
 
-    /// Prepares the look-ups below. To be called when the names are final, before cross sections are written.
-    void IndexNames();
-
     /// Claims the first surface in list order that isn't used, whose name stands within `text` and isn't all of it.
-    /// Null if there is none.
+    /// Null if there is none. The names are prepared at the first claim and after ForgetNames.
     FViewSurface* Claim(std::wstring_view text);
 
     /// Gives all claimed surfaces back.
     void ReleaseAll();
 
+    /// To be called when surfaces were added, removed or renamed since the last claim.
+    void ForgetNames() { names_.reset(); }
+
     /// The first row of that name; null if there is none.
-    const OutPutCSS* FindRow(std::wstring_view name) const;
+    const OutPutCSS* FindRow(std::wstring_view name);
 
   private:
     /// The place of a surface: its set, and its place in it.
     using Place = std::pair<std::size_t, std::size_t>;
 
     FViewSurface& At(Place place) { return (*this)[place.first].surfaces[place.second]; }
+    SurfaceNames& Names(std::size_t longest);
 
-    std::unordered_map<wchar_t, std::vector<Place>>
-        placesByFirstCharacter_; ///< in list order; 0 for names that are empty
+    std::optional<SurfaceNames> names_;
+    std::vector<Place> places_; ///< of the surfaces whose names are prepared
     std::unordered_map<std::wstring, std::size_t> rowsByName_;
+    std::size_t indexedRows_ = 0;
 };
 
 } // namespace jlandxml

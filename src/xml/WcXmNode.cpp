@@ -192,9 +192,15 @@ bool WcXmNode::AppendChildElement(const wchar_t* name, WcXmNode* out) const
 
 bool WcXmNode::InsertElementBefore(std::wstring_view reference, const wchar_t* name, WcXmNode* out) const
 {
+    WcXmAppNode child = appNode;
+    child.node = FindChildIgnoreCase(appNode.node, reference);
+    return InsertElementBefore(child, name, out);
+}
+
+bool WcXmNode::InsertElementBefore(const WcXmAppNode& child, const wchar_t* name, WcXmNode* out) const
+{
     pugi::xml_node parent = appNode.node;
-    const pugi::xml_node child = FindChildIgnoreCase(parent, reference);
-    const pugi::xml_node inserted = child ? parent.insert_child_before(name, child) : pugi::xml_node();
+    const pugi::xml_node inserted = parent.insert_child_before(name, child.node);
     Attach(out, *this, inserted ? inserted : parent);
     return static_cast<bool>(inserted);
 }

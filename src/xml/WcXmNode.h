@@ -73,6 +73,9 @@ class WcXmNode
     /// False if there is no such child; `out` then stands on the parent.
     bool InsertElementBefore(std::wstring_view reference, const wchar_t* name, WcXmNode* out = nullptr) const;
 
+    /// The same in front of a child that is known. False if it isn't a child of this node.
+    bool InsertElementBefore(const WcXmAppNode& child, const wchar_t* name, WcXmNode* out = nullptr) const;
+
     /// Removes a child and all below it. No cursor may stand there any more. A node that isn't a child of this one
     /// stays. False only if this cursor stands on nothing.
     bool RemoveChild(const WcXmAppNode& child) const;

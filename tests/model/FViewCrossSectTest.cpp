@@ -17,7 +17,6 @@ FViewSurfacesList Surfaces(const std::wstring& surfaces)
     FViewSurfacesList list;
     list.push_back(Read<FViewSurfaces>(L"<Surfaces>" + surfaces + L"</Surfaces>"));
     list.FillOutPutCSS();
-    list.IndexNames();
     return list;
 }
 
@@ -59,6 +58,17 @@ TEST(FViewCrossSect, ALaterFormationOverwritesAndTextIsZero)
     EXPECT_EQ(section.fhOffset, 2.0);
 }
 
+TEST(FViewCrossSect, AFormationPropertyWithoutAValueIsZero)
+{
+    const auto section = Read<FViewCrossSect>(
+        L"<CrossSect><Feature name='Formation'><Property label='fhOffset'/></Feature></CrossSect>");
+    EXPECT_EQ(section.clOffset, UNSET_DOUBLE);
+    EXPECT_EQ(section.fhOffset, 0.0);
+    EXPECT_EQ(WrittenSection(L"<Feature name='Formation'><Property label='clOffset'/><Property/></Feature>"),
+              L"<CrossSect><Feature name=\"Formation\"><Property label=\"clOffset\" value=\"0.\"/><Property/></Feature>"
+              L"</CrossSect>");
+}
+
 TEST(FViewCrossSect, SurfacesNamedFormationBecomeValues)
 {
     EXPECT_EQ(
@@ -83,7 +93,7 @@ TEST(FViewCrossSect, AFormationSurfaceWithoutAPointGoesAllTheSame)
 /// What a cross section with these children says of its formation, and what it leaves of them.
 struct FormationCase
 {
-    const wchar_t* rule;
+    const char* rule;
     const wchar_t* children;
     double clOffset;
     double fhOffset;
@@ -98,53 +108,54 @@ TEST_P(Formation, IsKnownByItsExactNames)
     XmlText xml(std::wstring(L"<CrossSect>") + GetParam().children + L"<x/></CrossSect>");
     FViewCrossSect section;
     EXPECT_TRUE(section.ReadElement(xml.Root()));
-    EXPECT_EQ(section.clOffset, GetParam().clOffset) << testing::PrintToString(GetParam().rule);
-    EXPECT_EQ(section.fhOffset, GetParam().fhOffset) << testing::PrintToString(GetParam().rule);
+    EXPECT_EQ(section.clOffset, GetParam().clOffset);
+    EXPECT_EQ(section.fhOffset, GetParam().fhOffset);
     EXPECT_EQ(xml.Text(), std::wstring(L"<CrossSect>") + GetParam().left + L"<x/></CrossSect>");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     FViewCrossSect, Formation,
     testing::Values(
-        FormationCase{L"a feature in another case is none",
+        FormationCase{"AFeatureInAnotherCaseIsNone",
                       L"<Feature name=\"formation\"><Property label=\"clOffset\" value=\"1\"/></Feature>", UNSET_DOUBLE,
                       UNSET_DOUBLE,
                       L"<Feature name=\"formation\"><Property label=\"clOffset\" value=\"1\"/></Feature>"},
-        FormationCase{L"another feature's offset is another one",
+        FormationCase{"AnotherFeaturesOffsetIsAnotherOne",
                       L"<Feature name=\"x\"><Property label=\"clOffset\" value=\"1\"/></Feature>", UNSET_DOUBLE,
                       UNSET_DOUBLE, L"<Feature name=\"x\"><Property label=\"clOffset\" value=\"1\"/></Feature>"},
-        FormationCase{L"a surface in another case stays",
+        FormationCase{"ASurfaceInAnotherCaseStays",
                       L"<DesignCrossSectSurf name=\"formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
                       L"</DesignCrossSectSurf>",
                       UNSET_DOUBLE, UNSET_DOUBLE,
                       L"<DesignCrossSectSurf name=\"formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
                       L"</DesignCrossSectSurf>"},
-        FormationCase{L"a code in another case is another one",
+        FormationCase{"ACodeInAnotherCaseIsAnotherOne",
                       L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='formation'>1 2</CrossSectPnt>"
                       L"</DesignCrossSectSurf>",
                       UNSET_DOUBLE, UNSET_DOUBLE, L""},
-        FormationCase{L"other elements are no points",
+        FormationCase{"OtherElementsAreNoPoints",
                       L"<DesignCrossSectSurf name='Formation'><CrossSectPnt code='Formation'>1 2</CrossSectPnt>"
                       L"<crosssectpnt code='Formation'>3 4</crosssectpnt><Other code='Formation'>5 6</Other>"
                       L"</DesignCrossSectSurf>",
                       1.0, 2.0, L""},
-        FormationCase{L"one offset of the feature is enough",
+        FormationCase{"OneOffsetOfTheFeatureIsEnough",
                       L"<DesignCrossSectSurf name=\"Formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
                       L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"fhOffset\" value=\"9\"/>"
                       L"</Feature>",
                       UNSET_DOUBLE, 9.0,
                       L"<DesignCrossSectSurf name=\"Formation\"><CrossSectPnt code=\"Formation\">1 2</CrossSectPnt>"
                       L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"fhOffset\" value=\"9\"/>"
-                      L"</Feature>"}));
+                      L"</Feature>"}),
+    [](const auto& one) { return one.param.rule; });
 
 TEST(FViewCrossSect, NamesOfGroundLinesAreRead)
 {
     const auto section = Read<FViewCrossSect>(L"<CrossSect><CrossSectSurf name='a'/><CrossSectSurf/></CrossSect>");
-    ASSERT_EQ(section.surfaces->size(), 2U);
-    EXPECT_EQ(section.surfaces->at(0).name, L"a");
-    EXPECT_EQ(section.surfaces->at(1).name, L"");
+    ASSERT_EQ(section.surfaces.size(), 2U);
+    EXPECT_EQ(section.surfaces.at(0).name, L"a");
+    EXPECT_EQ(section.surfaces.at(1).name, L"");
     EXPECT_TRUE(section.designSurfaces.empty());
-    EXPECT_FALSE(WrittenOntoText(section.surfaces->at(0)));
+    EXPECT_FALSE(WrittenOntoText(section.surfaces.at(0)));
 }
 
 TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
@@ -159,7 +170,7 @@ TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
     EXPECT_EQ(section.name + section.sta, L"");
     EXPECT_EQ(section.clOffset, UNSET_DOUBLE);
     EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
-    EXPECT_TRUE(section.surfaces->empty());
+    EXPECT_TRUE(section.surfaces.empty());
 }
 
 TEST(FViewCrossSect, ItsSurfacesAreThoseOfTheDocumentOnceTheyAreSet)
@@ -200,7 +211,6 @@ TEST(FViewCrossSect, TheSecondFlagKeepsAGroundLine)
 {
     FViewSurfacesList surfaces;
     surfaces.outPutCSS = {{L"first", true, false}, {L"second", false, true}};
-    surfaces.IndexNames();
     EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='first'/><CrossSectSurf name='second' a='b'/>", surfaces),
               L"<CrossSect><CrossSectSurf name=\"ExistingGround\" a=\"b\"/></CrossSect>");
 }
@@ -255,6 +265,7 @@ TEST(FViewCrossSect, ClaimsBeginAfreshInEachSection)
 
 struct MaterialCase
 {
+    const char* name;
     const wchar_t* names;
     MaterialMap materials;
 };
@@ -272,18 +283,25 @@ TEST_P(Materials, StandBehindTheirLayerInCompositeNames)
 
 INSTANTIATE_TEST_SUITE_P(
     FViewCrossSect, Materials,
-    testing::Values(MaterialCase{L"<CrossSectSurf name='表層_ABC13'/>", {{L"表層", L"ABC"}}},
-                    MaterialCase{L"<CrossSectSurf name='基層_ABC30-40'/>", {{L"基層", L"ABC"}}},
-                    MaterialCase{L"<CrossSectSurf name='x表層_A1B+2.5'/>", {{L"表層", L"A1B"}}},
-                    MaterialCase{L"<CrossSectSurf name='表層_13'/>", {{L"表層", L""}}},
-                    MaterialCase{L"<CrossSectSurf name='表層_A'/><CrossSectSurf name='表層_B'/>", {{L"表層", L"B"}}},
-                    MaterialCase{L"<CrossSectSurf name='表層_A基層_B1'/>", {{L"表層", L"A基層_B"}, {L"基層", L"B"}}},
-                    MaterialCase{L"<CrossSectSurf name='表層_A表層_B1'/>", {{L"表層", L"A表層_B"}}},
-                    MaterialCase{L"<CrossSectSurf name='中間層_M20'/>", {{L"中間層", L"M"}}},
-                    MaterialCase{L"<CrossSectSurf name='上層路盤_U1'/><CrossSectSurf name='下層路盤_L2'/>",
-                                 {{L"上層路盤", L"U"}, {L"下層路盤", L"L"}}},
-                    MaterialCase{L"<CrossSectSurf name='表層A'/><CrossSectSurf/><crosssectsurf name='表層_A'/>", {}},
-                    MaterialCase{L"<CrossSectSurf name='表層_Ａ１'/>", {{L"表層", L"Ａ１"}}}));
+    testing::Values(
+        MaterialCase{"WithoutTheNumberAtItsEnd", L"<CrossSectSurf name='表層_ABC13'/>", {{L"表層", L"ABC"}}},
+        MaterialCase{"NumbersWithSignsGo", L"<CrossSectSurf name='基層_ABC30-40'/>", {{L"基層", L"ABC"}}},
+        MaterialCase{"OnlyTheEndGoes", L"<CrossSectSurf name='x表層_A1B+2.5'/>", {{L"表層", L"A1B"}}},
+        MaterialCase{"NothingButANumber", L"<CrossSectSurf name='表層_13'/>", {{L"表層", L""}}},
+        MaterialCase{
+            "ALaterLineWins", L"<CrossSectSurf name='表層_A'/><CrossSectSurf name='表層_B'/>", {{L"表層", L"B"}}},
+        MaterialCase{
+            "TwoLayersInOneName", L"<CrossSectSurf name='表層_A基層_B1'/>", {{L"表層", L"A基層_B"}, {L"基層", L"B"}}},
+        MaterialCase{"TheFirstMarkCounts", L"<CrossSectSurf name='表層_A表層_B1'/>", {{L"表層", L"A表層_B"}}},
+        MaterialCase{"MiddleLayer", L"<CrossSectSurf name='中間層_M20'/>", {{L"中間層", L"M"}}},
+        MaterialCase{"BasesOfTwoKinds",
+                     L"<CrossSectSurf name='上層路盤_U1'/><CrossSectSurf name='下層路盤_L2'/>",
+                     {{L"上層路盤", L"U"}, {L"下層路盤", L"L"}}},
+        MaterialCase{"NoMarkNoNameNoElement",
+                     L"<CrossSectSurf name='表層A'/><CrossSectSurf/><crosssectsurf name='表層_A'/>",
+                     {}},
+        MaterialCase{"WideDigitsStay", L"<CrossSectSurf name='表層_Ａ１'/>", {{L"表層", L"Ａ１"}}}),
+    [](const auto& one) { return one.param.name; });
 
 TEST(FViewCrossSect, MaterialsAreTakenBeforeTheirLinesGo)
 {
@@ -293,6 +311,27 @@ TEST(FViewCrossSect, MaterialsAreTakenBeforeTheirLinesGo)
               L"<Property label=\"heightType\" value=\"fhOffset\"/><Property label=\"pavementClass\" "
               L"value=\"表層\"/></Feature></DesignCrossSectSurf>"
               L"</CrossSect>");
+}
+
+TEST(FViewCrossSect, MaterialsAreTakenBeforeTheirLinesAreRenamed)
+{
+    EXPECT_EQ(WrittenSection(L"<CrossSectSurf name='表層_ABC13'/><DesignCrossSectSurf name='表層' closedArea='true'/>",
+                             Surfaces(L"<Surface name='表層' desc='ExistingGround'/>")),
+              L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/><DesignCrossSectSurf name=\"Pavement\" "
+              L"closedArea=\"true\" side=\"left\" material=\"ABC\"><Feature><Property label=\"heightType\" "
+              L"value=\"fhOffset\"/><Property label=\"pavementClass\" value=\"表層\"/></Feature></DesignCrossSectSurf>"
+              L"</CrossSect>");
+}
+
+TEST(FViewCrossSect, WhatWasDoneBeforeALineWithoutANameStays)
+{
+    EXPECT_EQ(
+        WrittenSection(L"<CrossSectSurf name='EG_1'/><CrossSectSurf/><CrossSectSurf name='FG_1'/><DesignCrossSectSurf "
+                       L"name='表層'/><Feature name='Formation'><Property label='clOffset' value='1'/></Feature>",
+                       Surfaces(L"<Surface name='EG' desc='ExistingGround'/><Surface name='FG'/>"), false),
+        L"<CrossSect><CrossSectSurf name=\"EG\"/><CrossSectSurf/><CrossSectSurf name=\"FG_1\"/><DesignCrossSectSurf "
+        L"name=\"表層\"/><Feature name=\"Formation\"><Property label=\"clOffset\" "
+        L"value=\"1.\"/></Feature></CrossSect>");
 }
 
 TEST(FViewCrossSect, AnOpenPavementIsRemovedInTheEnd)

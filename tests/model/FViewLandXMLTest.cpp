@@ -277,6 +277,48 @@ TEST(FViewLandXML, WidthStakesAreKnownFromVersion16On)
     EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), 3), L"CoordinateSystem Stakes Alignments");
 }
 
+TEST(FViewLandXML, StakesGoByTheProjectsVersionAndReferencesByTheRoots)
+{
+    const auto written = [](std::int32_t rootVersion, std::int32_t projectVersion) {
+        XmlText xml(L"<LandXML><CoordinateSystem name='c'/><Surfaces><Surface><Feature><Property label='alignmentRefs' "
+                    L"value='R1'/></Feature></Surface></Surfaces></LandXML>");
+        FViewLandXML root;
+        root.ReadElement(xml.Root());
+        root.surfaces[0].surfaces[0].alignmentRefs = L"R2";
+        root.widthStakePoints.emplace_back().points.resize(1);
+        root.SetOutputVersion(rootVersion);
+        root.project.SetOutputVersion(projectVersion);
+        EXPECT_TRUE(root.WriteElement(xml.Root()));
+        const std::wstring text = xml.Text();
+        return std::pair(text.find(L"<CgPoints>") != std::wstring::npos, text.find(L"R2") != std::wstring::npos);
+    };
+    EXPECT_EQ(written(0, 4), std::pair(true, false));
+    EXPECT_EQ(written(4, 0), std::pair(false, true));
+}
+
+TEST(FViewLandXML, TheOutputVersionReachesProjectAndAlignmentsAlone)
+{
+    XmlText xml(L"<LandXML><CoordinateSystem/><Alignments><Alignment><CrossSects/></Alignment></Alignments>"
+                L"<Alignments/><Surfaces><Surface/></Surfaces></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    root.intermediatePoints.resize(1);
+    root.widthStakePoints.resize(1);
+    root.SetOutputVersion(3);
+    EXPECT_EQ(root.version, 3);
+    EXPECT_EQ(root.project.version, 3);
+    ASSERT_EQ(root.alignments.size(), 2U);
+    EXPECT_EQ(root.alignments[0].version, 3);
+    EXPECT_EQ(root.alignments[0].alignments[0].version, 3);
+    EXPECT_EQ(root.alignments[0].alignments[0].crossSects[0].version, 3);
+    EXPECT_EQ(root.alignments[1].version, 3);
+    EXPECT_EQ(root.coordinateSystem.version, 0);
+    EXPECT_EQ(root.intermediatePoints[0].version, 0);
+    EXPECT_EQ(root.widthStakePoints[0].version, 0);
+    EXPECT_EQ(root.surfaces[0].version, 0);
+    EXPECT_EQ(root.surfaces[0].surfaces[0].version, 0);
+}
+
 TEST(FViewLandXML, GroupNumbersMayHaveGaps)
 {
     XmlText xml(L"<LandXML><CoordinateSystem name='c'/><Alignments name='a'/></LandXML>");
@@ -384,6 +426,26 @@ TEST(FViewLandXML, ACrossSectionKeepsTheGroundOfTheDocumentsSurfaces)
     EXPECT_NE(xml.Text().find(L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"), std::wstring::npos);
 }
 
+TEST(FViewLandXML, GroundLinesTakeTheNamesThatTheDocumentsSurfacesHaveAtEachExport)
+{
+    const auto document = [](const std::wstring& name) {
+        return L"<LandXML><CoordinateSystem name='c'/><Alignments name='a'><Alignment><CrossSects><CrossSect>"
+               L"<CrossSectSurf name='" +
+               name + L"_1'/></CrossSect></CrossSects></Alignment></Alignments><Surfaces><Surface name='" + name +
+               L"' desc='ExistingGround'/></Surfaces></LandXML>";
+    };
+    FViewLandXML root;
+    for (const wchar_t* const name : {L"EG", L"地形"})
+    {
+        XmlText xml(document(name));
+        root.ReadElement(xml.Root());
+        root.surfaces.FillOutPutCSS();
+        EXPECT_TRUE(root.WriteElement(xml.Root()));
+        EXPECT_NE(xml.Text().find(L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"),
+                  std::wstring::npos);
+    }
+}
+
 TEST(FViewLandXML, WritingThatFailsLeavesNothingButTheDocumentElement)
 {
     XmlText xml(L"<LandXML><Alignments><Alignment><CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects>"
@@ -392,6 +454,41 @@ TEST(FViewLandXML, WritingThatFailsLeavesNothingButTheDocumentElement)
     root.ReadElement(xml.Root());
     EXPECT_FALSE(root.WriteElement(xml.Root()));
     EXPECT_FALSE(xml.Root().MoveToNextSibling());
+}
+
+TEST(FViewLandXML, ARouteThatFailsLeavesWhatStandsBehindItInTheOrderOfWriting)
+{
+    XmlText xml(L"<LandXML><Project/><Units><Metric/></Units><Alignments name='a'/><Alignments name='b'><Alignment>"
+                L"<CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects></Alignment></Alignments>"
+                L"<Alignments/><Surfaces><Surface desc='x 線形名=y'/></Surfaces></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    root.project.name = L"n";
+    root.intermediatePoints.emplace_back().points.resize(1);
+    root.widthStakePoints.emplace_back().points.resize(1);
+    root.SetOutputVersion(4);
+    EXPECT_FALSE(root.WriteElement(xml.Root()));
+    const std::wstring text = xml.Text();
+    EXPECT_TRUE(text.starts_with(std::wstring(L"<LandXML><Project name=\"n\">") + PROJECT_FEATURE +
+                                 L"</Project><Units><Metric pressureUnit=\"HPA\"/></Units><Alignments name=\"a\"/>"));
+    EXPECT_TRUE(
+        text.ends_with(L"</Alignments><Alignments/><Surfaces><Surface desc=\"x 線形名=y\"/></Surfaces></LandXML>"))
+        << testing::PrintToString(text);
+    EXPECT_EQ(text.find(L"CgPoints"), std::wstring::npos);
+    EXPECT_EQ(text.find(L"CoordinateSystem"), std::wstring::npos);
+}
+
+TEST(FViewLandXML, OnlyChildrenOfExactNameAreRead)
+{
+    const auto root = Read<FViewLandXML>(
+        L"<LandXML><project><Feature><Property label='projectPhase' "
+        L"value='概略'/></Feature></project><Project><Feature>"
+        L"<Property label='projectPhase' value='詳細'/></Feature></Project><coordinateSystem name='a'/>"
+        L"<CoordinateSystem name='b'/><alignments/><Alignments name='r'/><surfaces/><Surfaces/></LandXML>");
+    EXPECT_EQ(root.project.projectPhase, L"詳細");
+    EXPECT_EQ(root.coordinateSystem.name, L"b");
+    EXPECT_EQ(root.alignments.size(), 1U);
+    EXPECT_EQ(root.surfaces.size(), 1U);
 }
 
 TEST(FViewLandXML, ClearLeavesTheOutputTable)

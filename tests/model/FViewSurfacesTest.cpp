@@ -41,6 +41,7 @@ TEST(FViewSurfaces, ReadingAndClearingLeaveNothingOfTheFormerElement)
 
 struct ReferenceCase
 {
+    const char* name;
     const wchar_t* children;
     const wchar_t* alignmentRefs;
 };
@@ -56,14 +57,17 @@ TEST_P(SurfaceReference, IsTheFirstPropertyOfTheFirstFeature)
 
 INSTANTIATE_TEST_SUITE_P(
     FViewSurfaces, SurfaceReference,
-    testing::Values(ReferenceCase{L"<Feature name='f'><Property label='x' value='A'/></Feature>", L"A"},
-                    ReferenceCase{L"<feature><property VALUE='A'/></feature>", L"A"},
-                    ReferenceCase{L"<Feature/><Feature><Property value='A'/></Feature>", L""},
-                    ReferenceCase{L"<Feature><Property label='x'/><Property value='A'/></Feature>", L""},
-                    ReferenceCase{L"<Definition/>", L""}));
+    testing::Values(
+        ReferenceCase{"WhateverTheirNames", L"<Feature name='f'><Property label='x' value='A'/></Feature>", L"A"},
+        ReferenceCase{"InAnyCase", L"<feature><property VALUE='A'/></feature>", L"A"},
+        ReferenceCase{"OfTheFirstFeatureAlone", L"<Feature/><Feature><Property value='A'/></Feature>", L""},
+        ReferenceCase{"OfTheFirstPropertyAlone", L"<Feature><Property label='x'/><Property value='A'/></Feature>", L""},
+        ReferenceCase{"NoFeature", L"<Definition/>", L""}),
+    [](const auto& one) { return one.param.name; });
 
 struct NoteCase
 {
+    const char* name;
     const wchar_t* desc;
     const wchar_t* stripped;
 };
@@ -78,14 +82,19 @@ TEST_P(AlignmentNote, IsCutWithAllBehindIt)
     EXPECT_EQ(xml.Child(L"Surface").FindAttribute(L"desc"), std::wstring_view(GetParam().stripped));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    FViewSurfaces, AlignmentNote,
-    testing::Values(NoteCase{L"ABC 線形名=R1", L"ABC"}, NoteCase{L"ABC&#13;&#10;線形名=R1", L"ABC"},
-                    NoteCase{L"ABC&#13;&#10; 線形名=R1&#10;x", L"ABC"}, NoteCase{L"線形名=R1", L""},
-                    NoteCase{L"ABC  線形名=R1", L"ABC "}, NoteCase{L"ABC &#13;&#10;線形名=", L"ABC "},
-                    NoteCase{L"ABC&#10;&#13;&#10;線形名=R1", L"ABC"}, NoteCase{L"a線形名=b 線形名=c", L"a"},
-                    NoteCase{L"ABC 線形名 R1", L"ABC 線形名 R1"}, NoteCase{L"", L""},
-                    NoteCase{L"ABC&#13;&#10;", L"ABC\r\n"}));
+INSTANTIATE_TEST_SUITE_P(FViewSurfaces, AlignmentNote,
+                         testing::Values(NoteCase{"BehindABlank", L"ABC 線形名=R1", L"ABC"},
+                                         NoteCase{"BehindALineEnd", L"ABC&#13;&#10;線形名=R1", L"ABC"},
+                                         NoteCase{"BehindALineEndAndABlank", L"ABC&#13;&#10; 線形名=R1&#10;x", L"ABC"},
+                                         NoteCase{"Alone", L"線形名=R1", L""},
+                                         NoteCase{"OneOfTwoBlanksStays", L"ABC  線形名=R1", L"ABC "},
+                                         NoteCase{"ABlankBeforeTheLineEndStays", L"ABC &#13;&#10;線形名=", L"ABC "},
+                                         NoteCase{"SeveralLineEnds", L"ABC&#10;&#13;&#10;線形名=R1", L"ABC"},
+                                         NoteCase{"TheFirstOfTwo", L"a線形名=b 線形名=c", L"a"},
+                                         NoteCase{"WithoutItsSignItIsNone", L"ABC 線形名 R1", L"ABC 線形名 R1"},
+                                         NoteCase{"NoText", L"", L""},
+                                         NoteCase{"LineEndsWithoutANoteStay", L"ABC&#13;&#10;", L"ABC\r\n"}),
+                         [](const auto& one) { return one.param.name; });
 
 TEST(FViewSurfaces, ASurfaceWithoutADescriptionGetsNone)
 {
@@ -173,7 +182,6 @@ TEST(FViewSurfaces, SurfacesAreClaimedInListOrder)
     FViewSurfacesList list;
     list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='EG'/><Surface name='G'/></Surfaces>"));
     list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='E'/><Surface name='EG_1'/><Surface/></Surfaces>"));
-    list.IndexNames();
     EXPECT_EQ(list.Claim(L"EG_1"), &list[0].surfaces[0]);
     EXPECT_EQ(list.Claim(L"EG_1"), &list[0].surfaces[1]);
     EXPECT_EQ(list.Claim(L"EG_1"), &list[1].surfaces[0]);
@@ -182,6 +190,50 @@ TEST(FViewSurfaces, SurfacesAreClaimedInListOrder)
     list.ReleaseAll();
     EXPECT_EQ(list.Claim(L"xG"), &list[0].surfaces[1]);
     EXPECT_EQ(list.Claim(L""), nullptr);
+}
+
+TEST(FViewSurfaces, TextsOfAnyLengthAreClaimedFor)
+{
+    FViewSurfacesList list;
+    list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='A'/><Surface name='AAAA'/></Surfaces>"));
+    EXPECT_EQ(list.Claim(L"AB"), &list[0].surfaces[0]);
+    EXPECT_EQ(list.Claim(L"AAAAAAAAAA"), &list[0].surfaces[1]);
+    // Surfaces stay claimed while names are prepared for longer texts.
+    EXPECT_EQ(list.Claim(std::wstring(1000, L'A')), nullptr);
+    list.ReleaseAll();
+    EXPECT_EQ(list.Claim(std::wstring(1000, L'A')), &list[0].surfaces[0]);
+}
+
+TEST(FViewSurfaces, ASurfaceThatWasUsedBeforeTheFirstClaimIsReleasedToo)
+{
+    FViewSurfacesList list;
+    list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='EG'/></Surfaces>"));
+    list[0].surfaces[0].used = true;
+    EXPECT_EQ(list.Claim(L"EG_1"), nullptr);
+    list.ReleaseAll();
+    EXPECT_FALSE(list[0].surfaces[0].used);
+    EXPECT_EQ(list.Claim(L"EG_1"), &list[0].surfaces[0]);
+}
+
+TEST(FViewSurfaces, ForgottenNamesAreTakenAnew)
+{
+    FViewSurfacesList list;
+    list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='EG'/></Surfaces>"));
+    EXPECT_EQ(list.Claim(L"FG_1"), nullptr);
+    list[0].surfaces.emplace_back().name = L"FG";
+    list.ForgetNames();
+    EXPECT_EQ(list.Claim(L"FG_1"), &list[0].surfaces[1]);
+}
+
+TEST(FViewSurfaces, ACopyClaimsItsOwnSurfaces)
+{
+    FViewSurfacesList list;
+    list.push_back(Read<FViewSurfaces>(L"<Surfaces><Surface name='EG'/></Surfaces>"));
+    EXPECT_EQ(list.Claim(L"EG_1"), &list[0].surfaces[0]);
+    list.ReleaseAll();
+    FViewSurfacesList copy = list;
+    list.clear();
+    EXPECT_EQ(copy.Claim(L"EG_1"), &copy[0].surfaces[0]);
 }
 
 /// The first unused surface whose name is part of a text, looked for as plainly as it can be put.
@@ -222,7 +274,6 @@ TEST(FViewSurfaces, RandomNamesAreClaimedAsByAPlainSearch)
             list[random(2)].surfaces.emplace_back().name = word(3);
         }
         FViewSurfacesList plain = list;
-        list.IndexNames();
         for (int claim = 0; claim < 8; ++claim)
         {
             const std::wstring text = word(5);
@@ -240,11 +291,19 @@ TEST(FViewSurfaces, RandomNamesAreClaimedAsByAPlainSearch)
     }
 }
 
+TEST(FViewSurfaces, RowsThatAreAppendedLaterAreFoundToo)
+{
+    FViewSurfacesList list;
+    list.outPutCSS = {{L"a", true, true}};
+    EXPECT_EQ(list.FindRow(L"b"), nullptr);
+    list.outPutCSS.push_back({L"b", true, true});
+    EXPECT_EQ(list.FindRow(L"b"), &list.outPutCSS[1]);
+}
+
 TEST(FViewSurfaces, OfRowsWithOneNameTheFirstCounts)
 {
     FViewSurfacesList list;
     list.outPutCSS = {{L"a", true, true}, {L"a", false, false}, {L"b", false, false}};
-    list.IndexNames();
     EXPECT_EQ(list.FindRow(L"a"), &list.outPutCSS[0]);
     EXPECT_EQ(list.FindRow(L"b"), &list.outPutCSS[2]);
     EXPECT_EQ(list.FindRow(L"A"), nullptr);

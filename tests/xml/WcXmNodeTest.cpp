@@ -230,6 +230,21 @@ TEST(WcXmNode, InsertElementBeforePlacesDirectlyInFrontOfTheFirstHit)
     EXPECT_EQ(xml.Text(), L"<a><x/>text<CgPoints/><alignments/><Alignments/></a>");
 }
 
+TEST(WcXmNode, InsertElementBeforeTakesAChildThatIsKnown)
+{
+    XmlText xml(L"<r><a/><b><c/></b></r>");
+    WcXmNode out = xml.Root();
+    EXPECT_TRUE(xml.Root().InsertElementBefore(xml.Child(L"b").appNode, L"n", &out));
+    EXPECT_EQ(out.NodeName(), L"n");
+    EXPECT_EQ(xml.Text(), L"<r><a/><n/><b><c/></b></r>");
+    WcXmNode grandchild = xml.Child(L"b");
+    grandchild.MoveToFirstChild();
+    EXPECT_FALSE(xml.Root().InsertElementBefore(grandchild.appNode, L"n", &out));
+    EXPECT_EQ(out.NodeName(), L"r");
+    EXPECT_FALSE(xml.Root().InsertElementBefore(WcXmAppNode(), L"n"));
+    EXPECT_EQ(xml.Text(), L"<r><a/><n/><b><c/></b></r>");
+}
+
 TEST(WcXmNode, InsertElementBeforeWithoutTheReferenceChangesNothing)
 {
     XmlText xml(L"<a><b/></a>");
