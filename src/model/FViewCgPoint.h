@@ -9,8 +9,9 @@
 namespace jlandxml
 {
 
-/// `CgPoint`: a named point. Points come from side files, never from the LandXML input. Coordinates, elevation and
-/// station are in metres and stand in the order of the side file.
+/// `CgPoint`: a named point. Points come from side files, never from the LandXML input. The coordinates are written in
+/// the order of the side file; where that is northing, easting and elevation, the element's text is as LandXML 1.2 has
+/// it. All are in metres, as the station is.
 class FViewCgPoint : public FViewLandXMLBase
 {
   public:
@@ -18,7 +19,8 @@ class FViewCgPoint : public FViewLandXMLBase
     const wchar_t* GetElementName() const override { return L"CgPoint"; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
-    /// Appends a new element under the `CgPoints`. False if it can't be added.
+    /// Appends a new element under the `CgPoints`. Without both of the first two coordinates it has no text. False if
+    /// it can't be added.
     bool WriteElement(const WcXmNode& node) override;
 
     /// Sets the attributes of the point's own element.
@@ -32,11 +34,11 @@ class FViewCgPoint : public FViewLandXMLBase
     bool WriteFeature(const WcXmNode& node, bool replaceExisting = true) const;
 
     std::wstring name;
-    double firstCoordinate = UNSET_DOUBLE;
-    double secondCoordinate = UNSET_DOUBLE;
-    double thirdCoordinate = UNSET_DOUBLE;
-    double sta = UNSET_DOUBLE;
-    double tangentDirectionAngle = UNSET_DOUBLE; ///< degrees
+    double firstCoordinate = UNSET_DOUBLE;       ///< northing (X)
+    double secondCoordinate = UNSET_DOUBLE;      ///< easting (Y)
+    double thirdCoordinate = UNSET_DOUBLE;       ///< elevation; may be left out
+    double sta = UNSET_DOUBLE;                   ///< station on the route's alignment
+    double tangentDirectionAngle = UNSET_DOUBLE; ///< in the document's `directionUnit`, as the side file gives it
 
   protected:
     FViewCgPoint() = default;

@@ -31,7 +31,8 @@ struct DatumWords
     const wchar_t* horizontalDatum;
 };
 
-/// How the host's descriptions name the geodetic datums of Japan; the first that occurs counts.
+/// How the host's descriptions name the geodetic datums of Japan, tried in this order: of two in one description the
+/// upper one counts, wherever it stands.
 constexpr std::array<DatumWords, 4> DATUMS = {{
     {L"Japan GSI Plane", L"TD"},
     {L"Japan Geodetic Datum 2000", L"JGD2000"},
@@ -39,10 +40,11 @@ constexpr std::array<DatumWords, 4> DATUMS = {{
     {L"Japan Geodetic Datum 2024", L"JGD2024"},
 }};
 
-/// The host's word for JGD2011 with the parameters of seven-parameter transformation.
+/// The host names a datum after JGD2000 and a transformation of seven parameters; the finished file calls it JGD2011.
 constexpr std::wstring_view DATUM_BY_SEVEN_PARAMETERS = L"JGD2000-7P";
 constexpr const wchar_t* DATUM_2011 = L"JGD2011";
 
+/// What stands before the number of the zone in a description; the first one counts.
 constexpr std::wstring_view ZONE_MARK = L"No. ";
 constexpr std::size_t ZONE_WIDTH = 2;
 constexpr int ZONE_COUNT = 19;

@@ -5,12 +5,13 @@
 namespace jlandxml
 {
 
-/// `CrossSects`: the cross sections along an alignment.
+/// `CrossSects`: the cross sections (横断面) along an alignment.
 class FViewCrossSects final : public FViewLandXMLBase
 {
   public:
     void Clear() override;
     const wchar_t* GetElementName() const override { return L"CrossSects"; }
+    /// Takes the name and every section. Always true.
     bool ReadElement(const WcXmNode& node) override;
     /// Edits the element that was read. False if a cross section fails.
     bool WriteElement(const WcXmNode& node) override;

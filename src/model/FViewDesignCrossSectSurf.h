@@ -22,8 +22,8 @@ inline constexpr std::array<std::wstring_view, 5> PAVEMENT_LAYERS = {L"表層", 
 /// The name of every pavement layer in the finished file.
 inline constexpr const wchar_t* PAVEMENT = L"Pavement";
 
-/// `DesignCrossSectSurf`: a design surface in a cross section. Nothing of it is read; writing classifies the element
-/// where it stands.
+/// `DesignCrossSectSurf`: a design surface in a cross section, a line or, closed, an area such as a pavement layer.
+/// Nothing of it is read; writing classifies the element where it stands.
 class FViewDesignCrossSectSurf final : public FViewLandXMLBase
 {
   public:
@@ -49,17 +49,18 @@ std::wstring ClassifyPavement(const WcXmNode& node);
 /// design.
 void ClassifySurface(const WcXmNode& node);
 
-/// Sets the thickness (metres) of a closed pavement: the height between its last two points.
+/// Sets the thickness (metres) of a closed pavement: the difference in height of its last two points, which are those
+/// of one edge. With fewer points there is none.
 void WriteThickness(const WcXmNode& node);
 
 /// Sets the material of a pavement layer, if the cross section names one.
 void WriteMaterial(const WcXmNode& node, const MaterialMap& materials, std::wstring_view pavementClass);
 
-/// Sets the side on which a surface lies: that of its first point beside the centre line, else that of the surface
-/// before, which `side` holds.
+/// Sets the side on which a surface lies, "left" or "right" when looking along the alignment: that of its first point
+/// beside the centre line, else that of the surface before, which `side` holds.
 void AssignSide(const WcXmNode& node, std::wstring& side);
 
-/// True for a surface whose outline is closed.
+/// True for a surface whose outline is closed: `closedArea` is "true" in this exact spelling.
 bool IsClosed(const WcXmNode& node);
 
 /// True for a surface of that name.

@@ -15,6 +15,7 @@ class FViewFeature final : public FViewLandXMLBase
 
     void Clear() override;
     const wchar_t* GetElementName() const override { return element_name::FEATURE; }
+    /// Takes the name and every property. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes under the element that bears the data: merges into the first `Feature` of the same name, or appends a new

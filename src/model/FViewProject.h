@@ -7,7 +7,8 @@
 namespace jlandxml
 {
 
-/// `Project`: name and phase of the works, and the version of the exchange standard that the file follows.
+/// `Project`: name and phase (事業段階) of the works, and the version of the exchange standard that the file follows
+/// (適用基準).
 class FViewProject final : public FViewLandXMLBase
 {
   public:
@@ -22,7 +23,7 @@ class FViewProject final : public FViewLandXMLBase
     /// False if an element can't be added, or if there is no version of that number.
     bool WriteElement(const WcXmNode& node) override;
 
-    std::wstring applicationCriterion; ///< version text of the standard, as the user has chosen it
+    std::wstring applicationCriterion; ///< the version's text as the user has chosen it, such as "MlitLandXmlVer.1.6"
     std::wstring projectPhase;         ///< phase of the works, such as 詳細
     std::wstring name;                 ///< name of the works
 };
