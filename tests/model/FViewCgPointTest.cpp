@@ -20,6 +20,7 @@ FViewCgPointIntermediate Point(double first, double second, double third)
 
 struct PointCase
 {
+    const char* name;
     double first;
     double second;
     double third;
@@ -37,11 +38,13 @@ TEST_P(CgPointText, IsItsCoordinatesInTheirOrder)
 
 INSTANTIATE_TEST_SUITE_P(
     FViewCgPoint, CgPointText,
-    testing::Values(PointCase{1, 2, UNSET_DOUBLE, L"<CgPoint>1. 2.</CgPoint>"},
-                    PointCase{-36000.123456789, 2, 3.5, L"<CgPoint>-36000.12345679 2. 3.5</CgPoint>"},
-                    PointCase{1.123456789, 2.123456789, 3.123456789,
+    testing::Values(PointCase{"WithoutAnElevation", 1, 2, UNSET_DOUBLE, L"<CgPoint>1. 2.</CgPoint>"},
+                    PointCase{"OfEachSize", -36000.123456789, 2, 3.5, L"<CgPoint>-36000.12345679 2. 3.5</CgPoint>"},
+                    PointCase{"EightDecimals", 1.123456789, 2.123456789, 3.123456789,
                               L"<CgPoint>1.12345679 2.12345679 3.12345679</CgPoint>"},
-                    PointCase{1, UNSET_DOUBLE, 3, L"<CgPoint/>"}, PointCase{UNSET_DOUBLE, 2, 3, L"<CgPoint/>"}));
+                    PointCase{"WithoutTheSecond", 1, UNSET_DOUBLE, 3, L"<CgPoint/>"},
+                    PointCase{"WithoutTheFirst", UNSET_DOUBLE, 2, 3, L"<CgPoint/>"}),
+    [](const auto& one) { return one.param.name; });
 
 TEST(FViewCgPoint, AnIntermediatePointHasNameAndNumber)
 {

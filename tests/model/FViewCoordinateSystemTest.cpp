@@ -11,7 +11,7 @@ namespace
 
 struct DescriptionCase
 {
-    const wchar_t* rule;
+    const char* rule;
     const wchar_t* attributes;
     const wchar_t* datum;
     const wchar_t* zone;
@@ -24,51 +24,51 @@ TEST_P(CoordinateSystemDescription, GivesDatumAndZone)
 {
     const auto system =
         Read<FViewCoordinateSystem>(std::wstring(L"<CoordinateSystem ") + GetParam().attributes + L"/>");
-    EXPECT_EQ(system.horizontalDatum, GetParam().datum) << GetParam().rule;
-    EXPECT_EQ(system.horizontalCoordinateSystemName, GetParam().zone) << GetParam().rule;
+    EXPECT_EQ(system.horizontalDatum, GetParam().datum);
+    EXPECT_EQ(system.horizontalCoordinateSystemName, GetParam().zone);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     FViewCoordinateSystem, CoordinateSystemDescription,
     testing::Values(
         DescriptionCase{
-            L"complete attributes win over the description",
+            "CompleteAttributesWinOverTheDescription",
             L"horizontalDatum='JGD2011' horizontalCoordinateSystemName='9(X,Y)' desc='Japan GSI Plane No. 12'",
             L"JGD2011", L"9(X,Y)"},
-        DescriptionCase{L"seven parameters mean JGD2011", L"horizontalDatum='JGD2000-7P' desc='zone No. 9 east'",
+        DescriptionCase{"SevenParametersMeanJGD2011", L"horizontalDatum='JGD2000-7P' desc='zone No. 9 east'",
                         L"JGD2011", L"9(X,Y)"},
-        DescriptionCase{L"seven parameters without a zone mark",
+        DescriptionCase{"SevenParametersWithoutAZoneMark",
                         L"horizontalDatum='JGD2000-7P' horizontalCoordinateSystemName='9(X,Y)' desc='zone 9'",
                         L"JGD2011", L""},
-        DescriptionCase{L"datum and two digits", L"desc='Japan Geodetic Datum 2011 Plane Zone No. 12'", L"JGD2011",
+        DescriptionCase{"DatumAndTwoDigits", L"desc='Japan Geodetic Datum 2011 Plane Zone No. 12'", L"JGD2011",
                         L"12(X,Y)"},
-        DescriptionCase{L"one digit and a bracket is no number", L"desc='Japan Geodetic Datum 2011 (No. 9)'",
-                        L"JGD2011", L""},
-        DescriptionCase{L"zone 20", L"desc='Japan Geodetic Datum 2000 No. 20'", L"JGD2000", L""},
-        DescriptionCase{L"zone 0", L"desc='Japan Geodetic Datum 2000 No. 0'", L"JGD2000", L""},
-        DescriptionCase{L"zone 19", L"desc='Japan Geodetic Datum 2024 No. 19'", L"JGD2024", L"19(X,Y)"},
-        DescriptionCase{L"zone 1 at the end", L"desc='Japan GSI Plane No. 1'", L"TD", L"1(X,Y)"},
-        DescriptionCase{L"a signed zone", L"desc='Japan GSI Plane No. +7'", L"TD", L"7(X,Y)"},
-        DescriptionCase{L"a leading zero", L"desc='Japan GSI Plane No. 09'", L"TD", L"9(X,Y)"},
-        DescriptionCase{L"two blanks before the digit", L"desc='Japan GSI Plane No.  9'", L"TD", L"9(X,Y)"},
-        DescriptionCase{L"nothing behind the mark", L"desc='Japan GSI Plane No. '", L"TD", L""},
-        DescriptionCase{L"the first mark counts", L"desc='No. x Japan GSI Plane No. 9'", L"TD", L""},
-        DescriptionCase{L"the table's order decides",
+        DescriptionCase{"OneDigitAndABracketIsNoNumber", L"desc='Japan Geodetic Datum 2011 (No. 9)'", L"JGD2011", L""},
+        DescriptionCase{"Zone20", L"desc='Japan Geodetic Datum 2000 No. 20'", L"JGD2000", L""},
+        DescriptionCase{"Zone0", L"desc='Japan Geodetic Datum 2000 No. 0'", L"JGD2000", L""},
+        DescriptionCase{"Zone19", L"desc='Japan Geodetic Datum 2024 No. 19'", L"JGD2024", L"19(X,Y)"},
+        DescriptionCase{"Zone1AtTheEnd", L"desc='Japan GSI Plane No. 1'", L"TD", L"1(X,Y)"},
+        DescriptionCase{"ASignedZone", L"desc='Japan GSI Plane No. +7'", L"TD", L"7(X,Y)"},
+        DescriptionCase{"ALeadingZero", L"desc='Japan GSI Plane No. 09'", L"TD", L"9(X,Y)"},
+        DescriptionCase{"TwoBlanksBeforeTheDigit", L"desc='Japan GSI Plane No.  9'", L"TD", L"9(X,Y)"},
+        DescriptionCase{"NothingBehindTheMark", L"desc='Japan GSI Plane No. '", L"TD", L""},
+        DescriptionCase{"TheFirstMarkCounts", L"desc='No. x Japan GSI Plane No. 9'", L"TD", L""},
+        DescriptionCase{"TheTablesOrderDecides",
                         L"desc='Japan Geodetic Datum 2011 and Japan Geodetic Datum 2000 No. 9'", L"JGD2000", L"9(X,Y)"},
-        DescriptionCase{L"the case counts", L"desc='japan geodetic datum 2011 No. 9'", L"", L""},
-        DescriptionCase{L"no datum named and none given", L"horizontalCoordinateSystemName='9(X,Y)' desc='No. 3'", L"",
+        DescriptionCase{"TheCaseCounts", L"desc='japan geodetic datum 2011 No. 9'", L"", L""},
+        DescriptionCase{"NoDatumNamedAndNoneGiven", L"horizontalCoordinateSystemName='9(X,Y)' desc='No. 3'", L"",
                         L"9(X,Y)"},
-        DescriptionCase{L"an unknown datum is emptied",
+        DescriptionCase{"AnUnknownDatumIsEmptied",
                         L"horizontalDatum='WGS84' horizontalCoordinateSystemName='9(X,Y)' desc='x'", L"", L"9(X,Y)"},
-        DescriptionCase{L"a datum without a valid zone is emptied",
+        DescriptionCase{"ADatumWithoutAValidZoneIsEmptied",
                         L"horizontalDatum='JGD2011' horizontalCoordinateSystemName='20(X,Y)' desc='x'", L"",
                         L"20(X,Y)"},
-        DescriptionCase{L"an empty description counts", L"horizontalDatum='JGD2011' desc=''", L"", L""},
-        DescriptionCase{L"without a description the attributes stay",
+        DescriptionCase{"AnEmptyDescriptionCounts", L"horizontalDatum='JGD2011' desc=''", L"", L""},
+        DescriptionCase{"WithoutADescriptionTheAttributesStay",
                         L"horizontalDatum='WGS84' horizontalCoordinateSystemName='x'", L"WGS84", L"x"},
-        DescriptionCase{L"a named datum takes the place of an unknown one",
+        DescriptionCase{"ANamedDatumTakesThePlaceOfAnUnknownOne",
                         L"horizontalDatum='WGS84' horizontalCoordinateSystemName='x' desc='Japan Geodetic Datum 2011'",
-                        L"JGD2011", L""}));
+                        L"JGD2011", L""}),
+    [](const auto& one) { return one.param.rule; });
 
 TEST(FViewCoordinateSystem, EveryZoneOfTheAttributesIsComplete)
 {

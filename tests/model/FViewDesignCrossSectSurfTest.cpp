@@ -36,6 +36,17 @@ struct ClassCase
     const wchar_t* river;
 };
 
+/// The letters of a name, as a test can bear them.
+std::string Narrow(std::wstring_view text)
+{
+    std::string letters;
+    for (const wchar_t letter : text)
+    {
+        letters += static_cast<char>(letter);
+    }
+    return letters;
+}
+
 class SurfaceDescription : public testing::TestWithParam<ClassCase>
 {};
 
@@ -68,7 +79,8 @@ INSTANTIATE_TEST_SUITE_P(
                     ClassCase{L"Crown", L"host", L"計画堤防面"},
                     ClassCase{L"EarthWorkBaseLineFill", L"host", L"余盛堤防面"},
                     ClassCase{L"Pavement", L"host", L"host"}, ClassCase{L"Formation", L"host", L"host"},
-                    ClassCase{L"carriageway", L"host", L"host"}));
+                    ClassCase{L"carriageway", L"host", L"host"}),
+    [](const auto& one) { return Narrow(one.param.name); });
 
 TEST(FViewDesignCrossSectSurf, ACarriagewayHasItsDescriptionOnARoadOnly)
 {
@@ -78,12 +90,14 @@ TEST(FViewDesignCrossSectSurf, ACarriagewayHasItsDescriptionOnARoadOnly)
     EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"), L"<D name=\"Carriageway\">" + HEIGHT + L"</D>");
 }
 
-class PavementLayer : public testing::TestWithParam<const wchar_t*>
+using LayerCase = std::pair<const char*, const wchar_t*>;
+
+class PavementLayer : public testing::TestWithParam<LayerCase>
 {};
 
 TEST_P(PavementLayer, BecomesAPavementWithItsClassAndMaterial)
 {
-    const std::wstring layer = GetParam();
+    const std::wstring layer = GetParam().second;
     EXPECT_EQ(WrittenSurface(L"<D name='" + layer + L"' closedArea='true'/>", {{layer, L"M"}, {L"x", L"y"}}),
               L"<D name=\"Pavement\" closedArea=\"true\" material=\"M\"><Feature><Property label=\"heightType\" "
               L"value=\"fhOffset\"/>"
@@ -92,7 +106,10 @@ TEST_P(PavementLayer, BecomesAPavementWithItsClassAndMaterial)
 }
 
 INSTANTIATE_TEST_SUITE_P(FViewDesignCrossSectSurf, PavementLayer,
-                         testing::Values(L"表層", L"中間層", L"基層", L"上層路盤", L"下層路盤"));
+                         testing::Values(LayerCase{"SurfaceCourse", L"表層"}, LayerCase{"BinderCourse", L"中間層"},
+                                         LayerCase{"BaseCourse", L"基層"}, LayerCase{"UpperSubbase", L"上層路盤"},
+                                         LayerCase{"LowerSubbase", L"下層路盤"}),
+                         [](const auto& one) { return one.param.first; });
 
 TEST(FViewDesignCrossSectSurf, ANameThatOnlyHoldsALayerIsNone)
 {
@@ -165,6 +182,7 @@ TEST(FViewDesignCrossSectSurf, GivenFeaturesTakeThePlaceOfTheHeight)
 
 struct ThicknessCase
 {
+    const char* name;
     const wchar_t* xml;
     const wchar_t* thickness;
 };
@@ -183,41 +201,53 @@ INSTANTIATE_TEST_SUITE_P(
     FViewDesignCrossSectSurf, Thickness,
     testing::Values(
         ThicknessCase{
+            "OfFourPoints",
             L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 10</CrossSectPnt><CrossSectPnt>5 10</CrossSectPnt>"
             L"<CrossSectPnt>5 9.8</CrossSectPnt><CrossSectPnt>0 9.75</CrossSectPnt></D>",
             L"0.05"},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 10</CrossSectPnt></D>", L"-"},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'/>", L"-"},
-        ThicknessCase{L"<D name='Pavement' closedArea='false'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
+        ThicknessCase{"OnePoint", L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 10</CrossSectPnt></D>", L"-"},
+        ThicknessCase{"NoPoint", L"<D name='Pavement' closedArea='true'/>", L"-"},
+        ThicknessCase{"Open",
+                      L"<D name='Pavement' closedArea='false'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
                       L"2</CrossSectPnt></D>",
                       L"-"},
         ThicknessCase{
+            "NoPavement",
             L"<D name='表層' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 2</CrossSectPnt></D>",
             L"-"},
-        ThicknessCase{L"<D name='Pavement' closedArea='true' TypicalThickness='9'><CrossSectPnt>0 "
+        ThicknessCase{"AnOldOneIsReplaced",
+                      L"<D name='Pavement' closedArea='true' TypicalThickness='9'><CrossSectPnt>0 "
                       L"1</CrossSectPnt><CrossSectPnt>0 3</CrossSectPnt></D>",
                       L"2."},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 3 "
+        ThicknessCase{"AThirdFieldAndOtherElementsDontCount",
+                      L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 3 "
                       L"5</CrossSectPnt><crosssectpnt>0 9</crosssectpnt></D>",
                       L"2."},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 0</CrossSectPnt><CrossSectPnt>0 "
+        ThicknessCase{"EightDecimals",
+                      L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 0</CrossSectPnt><CrossSectPnt>0 "
                       L"0.123456789</CrossSectPnt></D>",
                       L"0.12345679"},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 3</CrossSectPnt><CrossSectPnt>0 "
+        ThicknessCase{"AnExponentIsNoNumber",
+                      L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 3</CrossSectPnt><CrossSectPnt>0 "
                       L"1e1</CrossSectPnt></D>",
                       L"3."},
-        ThicknessCase{L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt> 5 "
+        ThicknessCase{"ABlankInFrontIsAnEmptyField",
+                      L"<D name='Pavement' closedArea='true'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt> 5 "
                       L"3</CrossSectPnt></D>",
                       L"4."},
-        ThicknessCase{L"<D name='Pavement' closedArea='TRUE'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
+        ThicknessCase{"ClosedInAnotherCase",
+                      L"<D name='Pavement' closedArea='TRUE'><CrossSectPnt>0 1</CrossSectPnt><CrossSectPnt>0 "
                       L"2</CrossSectPnt></D>",
                       L"-"},
         ThicknessCase{
+            "AMissingFieldIsZero",
             L"<D name='Pavement' closedArea='true'><CrossSectPnt>7</CrossSectPnt><CrossSectPnt>0  3</CrossSectPnt></D>",
-            L"0."}));
+            L"0."}),
+    [](const auto& one) { return one.param.name; });
 
 struct SideCase
 {
+    const char* name;
     const wchar_t* points;
     const wchar_t* before;
     const wchar_t* side;
@@ -237,18 +267,23 @@ TEST_P(SurfaceSide, IsThatOfTheFirstPointBesideTheCentreLine)
 
 INSTANTIATE_TEST_SUITE_P(
     FViewDesignCrossSectSurf, SurfaceSide,
-    testing::Values(SideCase{L"<CrossSectPnt code='a'>-1 2</CrossSectPnt>", L"right", L"left"},
-                    SideCase{L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>1 2</CrossSectPnt>",
-                             L"left", L"right"},
-                    SideCase{L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>0 3</CrossSectPnt>",
-                             L"right", L"right"},
-                    SideCase{L"<CrossSectPnt>-1 2</CrossSectPnt><CrossSectPnt code=''>1 2</CrossSectPnt>", L"left",
-                             L"right"},
-                    SideCase{L"<CrossSectPnt code='a'>-1 2 3</CrossSectPnt><CrossSectPnt code='a'>-1</CrossSectPnt>",
-                             L"right", L"right"},
-                    SideCase{L"<crosssectpnt/><Other code='a'>5 5</Other>", L"left", L"right"},
-                    SideCase{L"", L"right", L"right"}, SideCase{L"<Other code='a'>5 5</Other>", L"left", L"left"},
-                    SideCase{L"<CrossSectPnt code='a'>x 5</CrossSectPnt>", L"right", L"right"}));
+    testing::Values(
+        SideCase{"Left", L"<CrossSectPnt code='a'>-1 2</CrossSectPnt>", L"right", L"left"},
+        SideCase{"TheFirstBesideTheLine",
+                 L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>1 2</CrossSectPnt>", L"left",
+                 L"right"},
+        SideCase{"AllOnTheLine", L"<CrossSectPnt code='a'>0 2</CrossSectPnt><CrossSectPnt code='a'>0 3</CrossSectPnt>",
+                 L"right", L"right"},
+        SideCase{"WithoutACodeItDoesntDecide",
+                 L"<CrossSectPnt>-1 2</CrossSectPnt><CrossSectPnt code=''>1 2</CrossSectPnt>", L"left", L"right"},
+        SideCase{"TwoNumbersDecide",
+                 L"<CrossSectPnt code='a'>-1 2 3</CrossSectPnt><CrossSectPnt code='a'>-1</CrossSectPnt>", L"right",
+                 L"right"},
+        SideCase{"AnyElementBehindTheFirstPoint", L"<crosssectpnt/><Other code='a'>5 5</Other>", L"left", L"right"},
+        SideCase{"NoPoint", L"", L"right", L"right"},
+        SideCase{"NoPointButAnotherElement", L"<Other code='a'>5 5</Other>", L"left", L"left"},
+        SideCase{"NoNumberIsZero", L"<CrossSectPnt code='a'>x 5</CrossSectPnt>", L"right", L"right"}),
+    [](const auto& one) { return one.param.name; });
 
 } // namespace
 } // namespace jlandxml

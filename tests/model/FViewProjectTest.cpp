@@ -23,6 +23,18 @@ TEST(FViewProject, ReadsPhaseAndVersionFromTheNamelessFeature)
     EXPECT_EQ(project.name, L"");
 }
 
+TEST(FViewProject, LabelsInAnotherCaseAreOtherProperties)
+{
+    const std::wstring others = L"<Property label=\"ApplicationCriterion\" value=\"MlitLandXmlVer.1.5\"/>"
+                                L"<Property label=\"projectphase\" value=\"詳細\"/>";
+    const auto project = Read<FViewProject>(L"<Project><Feature>" + others + L"</Feature></Project>");
+    EXPECT_EQ(project.applicationCriterion, L"");
+    EXPECT_EQ(project.projectPhase, L"");
+    EXPECT_EQ(Written<FViewProject>(L"<Project><Feature>" + others + L"</Feature></Project>", 3),
+              L"<Project><Feature>" + others +
+                  L"<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.6\"/></Feature></Project>");
+}
+
 TEST(FViewProject, AnEmptyNameAttributeCountsAsNameless)
 {
     EXPECT_EQ(Read<FViewProject>(
