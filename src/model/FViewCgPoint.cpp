@@ -8,8 +8,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* STA = L"sta";
 constexpr const wchar_t* TANGENT_DIRECTION_ANGLE = L"tangentDirectionAngle";
 constexpr const wchar_t* FEATURE_REF = L"featureRef";
 constexpr int POINT_DIGITS = 8;
@@ -55,12 +53,12 @@ bool FViewCgPoint::WriteElement(const WcXmNode& node)
 
 void FViewCgPoint::WritePointAttributes(const WcXmNode& node) const
 {
-    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, attribute_name::NAME, name);
 }
 
 void FViewCgPoint::FillFeature(FViewFeature& feature) const
 {
-    feature.properties.emplace_back(STA, NumberText(sta, POINT_DIGITS));
+    feature.properties.emplace_back(property_label::STA, NumberText(sta, POINT_DIGITS));
     feature.properties.emplace_back(TANGENT_DIRECTION_ANGLE, NumberText(tangentDirectionAngle, POINT_DIGITS));
 }
 

@@ -11,9 +11,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* DESC = L"desc";
-constexpr const wchar_t* ALIGNMENT_REFS = L"alignmentRefs";
 constexpr const wchar_t* TYPE = L"type";
 constexpr const wchar_t* INTERMEDIATE_POINTS = L"IntermediatePnts";
 constexpr const wchar_t* WIDTH_STAKE_POINTS = L"WidthStakePnts";
@@ -54,9 +51,9 @@ bool FViewCgPointsIntermediate::ReadElement(const WcXmNode& /*node*/)
 
 bool FViewCgPointsIntermediate::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
+    WriteTextAttribute(node, attribute_name::NAME, name);
     FViewFeature feature(INTERMEDIATE_POINTS);
-    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    feature.properties.emplace_back(property_label::ALIGNMENT_REFS, alignmentRefs);
     return WritePoints(node, points) && feature.WriteElement(node) && WritePointFeatures(node, points);
 }
 
@@ -77,10 +74,10 @@ bool FViewCgPointsWidthStake::ReadElement(const WcXmNode& /*node*/)
 
 bool FViewCgPointsWidthStake::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
-    WriteTextAttribute(node, DESC, desc);
+    WriteTextAttribute(node, attribute_name::NAME, name);
+    WriteTextAttribute(node, attribute_name::DESC, desc);
     FViewFeature feature(WIDTH_STAKE_POINTS);
-    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    feature.properties.emplace_back(property_label::ALIGNMENT_REFS, alignmentRefs);
     feature.properties.emplace_back(TYPE, type);
     return WritePoints(node, points) && feature.WriteElement(node);
 }

@@ -13,7 +13,7 @@ class FViewCgPointsIntermediate final : public FViewLandXMLBase
 {
   public:
     void Clear() override;
-    const wchar_t* GetElementName() const override { return L"CgPoints"; }
+    const wchar_t* GetElementName() const override { return element_name::CG_POINTS; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
     /// Fills a new, empty element: the points, the group's `Feature`, and one for each point. False if an element can't
@@ -31,7 +31,7 @@ class FViewCgPointsWidthStake final : public FViewLandXMLBase
 {
   public:
     void Clear() override;
-    const wchar_t* GetElementName() const override { return L"CgPoints"; }
+    const wchar_t* GetElementName() const override { return element_name::CG_POINTS; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
     /// Fills a new, empty element: the points and the group's `Feature`. False if an element can't be added.

@@ -14,16 +14,11 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
 constexpr const wchar_t* HORIZONTAL_DATUM = L"horizontalDatum";
 constexpr const wchar_t* VERTICAL_DATUM = L"verticalDatum";
 constexpr const wchar_t* HORIZONTAL_COORDINATE_SYSTEM_NAME = L"horizontalCoordinateSystemName";
-constexpr const wchar_t* DESC = L"desc";
 constexpr const wchar_t* DIFFER_TP = L"differTP";
 constexpr const wchar_t* DEFAULT_NAME = L"CRS1";
-
-/// The `Feature` of a coordinate system bears no name.
-constexpr const wchar_t* FEATURE_NAME = L"";
 
 struct DatumWords
 {
@@ -86,15 +81,15 @@ void FViewCoordinateSystem::Clear()
 bool FViewCoordinateSystem::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     ReadTextAttribute(node, HORIZONTAL_DATUM, horizontalDatum);
     ReadTextAttribute(node, VERTICAL_DATUM, verticalDatum);
     ReadTextAttribute(node, HORIZONTAL_COORDINATE_SYSTEM_NAME, horizontalCoordinateSystemName);
-    if (const auto desc = node.FindAttribute(DESC))
+    if (const auto desc = node.FindAttribute(attribute_name::DESC))
     {
         ReadDescription(*desc);
     }
-    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+    ForEachFeatureProperty(node, format_word::NAMELESS, [this](const FViewProperty& property) {
         if (property.label == DIFFER_TP)
         {
             differTP = property.value;
@@ -144,11 +139,11 @@ void FViewCoordinateSystem::ReadZone(std::wstring_view desc)
 
 bool FViewCoordinateSystem::WriteElement(const WcXmNode& node)
 {
-    node.SetAttribute(NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
+    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
     WriteTextAttribute(node, HORIZONTAL_DATUM, horizontalDatum);
     WriteTextAttribute(node, VERTICAL_DATUM, verticalDatum);
     WriteTextAttribute(node, HORIZONTAL_COORDINATE_SYSTEM_NAME, horizontalCoordinateSystemName);
-    FViewFeature feature(FEATURE_NAME);
+    FViewFeature feature(format_word::NAMELESS);
     feature.properties.emplace_back(DIFFER_TP, differTP);
     return feature.WriteElement(node);
 }

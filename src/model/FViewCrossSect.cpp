@@ -8,17 +8,11 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* STA = L"sta";
-constexpr const wchar_t* CODE = L"code";
-constexpr const wchar_t* CROSS_SECT_PNT = L"CrossSectPnt";
 constexpr const wchar_t* CROSS_SECT_SURF = L"CrossSectSurf";
 constexpr const wchar_t* DESIGN_CROSS_SECT_SURF = L"DesignCrossSectSurf";
 constexpr const wchar_t* FORMATION = L"Formation";
 constexpr const wchar_t* CL_OFFSET = L"clOffset";
-constexpr const wchar_t* FH_OFFSET = L"fhOffset";
 constexpr const wchar_t* EXISTING_GROUND = L"ExistingGround";
-constexpr const wchar_t* LEFT = L"left";
 constexpr int FORMATION_DIGITS = 4;
 
 /// The text without the digits, points and signs at its end.
@@ -35,8 +29,8 @@ std::wstring_view WithoutNumberAtEnd(std::wstring_view text)
 bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOffset)
 {
     bool found = false;
-    ForEachChild(surface, CROSS_SECT_PNT, [&](const WcXmNode& point) {
-        if (point.FindAttribute(CODE) == std::wstring_view(FORMATION))
+    ForEachChild(surface, element_name::CROSS_SECT_PNT, [&](const WcXmNode& point) {
+        if (point.FindAttribute(attribute_name::CODE) == std::wstring_view(FORMATION))
         {
             found = SplitNumberPair(point.GetTextContent(), clOffset, fhOffset) || found;
         }
@@ -49,7 +43,7 @@ bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOf
 bool FViewCrossSectSurf::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
+    ReadTextAttribute(node, attribute_name::NAME, name);
     return true;
 }
 
@@ -66,14 +60,14 @@ void FViewCrossSect::Clear()
 bool FViewCrossSect::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
-    ReadTextAttribute(node, STA, sta);
+    ReadTextAttribute(node, attribute_name::NAME, name);
+    ReadTextAttribute(node, attribute_name::STA, sta);
     ForEachFeatureProperty(node, FORMATION, [this](const FViewProperty& property) {
         if (property.label == CL_OFFSET)
         {
             clOffset = ReadNumber(property.value);
         }
-        else if (property.label == FH_OFFSET)
+        else if (property.label == property_label::FH_OFFSET)
         {
             fhOffset = ReadNumber(property.value);
         }
@@ -100,8 +94,8 @@ void FViewCrossSect::ReadFormationFromSurfaces(const WcXmNode& node)
 
 bool FViewCrossSect::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
-    WriteTextAttribute(node, STA, sta);
+    WriteTextAttribute(node, attribute_name::NAME, name);
+    WriteTextAttribute(node, attribute_name::STA, sta);
     if (!WriteFormation(node))
     {
         return false;
@@ -130,7 +124,7 @@ bool FViewCrossSect::WriteFormation(const WcXmNode& node) const
     }
     if (fhOffset != UNSET_DOUBLE)
     {
-        feature.properties.emplace_back(FH_OFFSET, NumberText(fhOffset, FORMATION_DIGITS));
+        feature.properties.emplace_back(property_label::FH_OFFSET, NumberText(fhOffset, FORMATION_DIGITS));
     }
     return feature.WriteElement(node);
 }
@@ -147,12 +141,10 @@ bool FViewCrossSect::RenameSurfaces(const WcXmNode& node) const
 void FViewCrossSect::KeepExistingGround(const WcXmNode& node) const
 {
     ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) {
-        const OutPutCSS* const row =
-            surfacesList != nullptr ? surfacesList->FindRow(surface.FindAttribute(NAME).value_or(std::wstring_view()))
-                                    : nullptr;
+        const OutPutCSS* const row = surfacesList != nullptr ? surfacesList->FindRow(NameOf(surface)) : nullptr;
         if (row != nullptr && row->flagSecond)
         {
-            surface.SetAttribute(NAME, EXISTING_GROUND);
+            surface.SetAttribute(attribute_name::NAME, EXISTING_GROUND);
         }
         else
         {
@@ -163,7 +155,7 @@ void FViewCrossSect::KeepExistingGround(const WcXmNode& node) const
 
 bool FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials)
 {
-    std::wstring side = LEFT;
+    std::wstring side = format_word::LEFT;
     return ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& child) {
         AssignSide(child, side);
         FViewDesignCrossSectSurf surface;
@@ -175,7 +167,7 @@ bool FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap
 void CollectMaterials(const WcXmNode& node, MaterialMap& materials)
 {
     ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) {
-        const std::wstring_view composite = surface.FindAttribute(NAME).value_or(std::wstring_view());
+        const std::wstring_view composite = NameOf(surface);
         for (const std::wstring_view layer : PAVEMENT_LAYERS)
         {
             const std::size_t hit = composite.find(std::wstring(layer) + L"_");
@@ -190,23 +182,19 @@ void CollectMaterials(const WcXmNode& node, MaterialMap& materials)
 
 bool RenameToSurface(const WcXmNode& node, FViewSurfacesList& surfacesList)
 {
-    const auto composite = node.FindAttribute(NAME);
+    const auto composite = node.FindAttribute(attribute_name::NAME);
     if (!composite)
     {
         return false;
     }
     const FViewSurface* const surface = surfacesList.Claim(*composite);
-    return surface == nullptr || node.SetAttribute(NAME, surface->name);
+    return surface == nullptr || node.SetAttribute(attribute_name::NAME, surface->name);
 }
 
 void RemoveOpenPavements(const WcXmNode& node)
 {
-    ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& surface) {
-        if (HasName(surface, PAVEMENT) && !IsClosed(surface))
-        {
-            node.RemoveChild(surface.appNode);
-        }
-    });
+    RemoveChildrenIf(node, DESIGN_CROSS_SECT_SURF,
+                     [](const WcXmNode& surface) { return HasName(surface, PAVEMENT) && !IsClosed(surface); });
 }
 
 } // namespace jlandxml

@@ -13,20 +13,12 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* DESC = L"desc";
 constexpr const wchar_t* SIDE = L"side";
-constexpr const wchar_t* CODE = L"code";
 constexpr const wchar_t* MATERIAL = L"material";
 constexpr const wchar_t* CLOSED_AREA = L"closedArea";
 constexpr const wchar_t* TYPICAL_THICKNESS = L"typicalThickness";
-constexpr const wchar_t* CROSS_SECT_PNT = L"CrossSectPnt";
 constexpr const wchar_t* HEIGHT_TYPE = L"heightType";
-constexpr const wchar_t* FH_OFFSET = L"fhOffset";
 constexpr const wchar_t* PAVEMENT_CLASS = L"pavementClass";
-constexpr const wchar_t* TRUE_TEXT = L"true";
-constexpr const wchar_t* LEFT = L"left";
-constexpr const wchar_t* RIGHT = L"right";
 constexpr int THICKNESS_DIGITS = 8;
 
 struct SurfaceClass
@@ -61,11 +53,6 @@ std::span<const SurfaceClass> SurfaceClasses()
                                                   : std::span<const SurfaceClass>(ROAD_SURFACES);
 }
 
-std::wstring_view NameOf(const WcXmNode& node)
-{
-    return node.FindAttribute(NAME).value_or(std::wstring_view());
-}
-
 /// The second of the fields that blanks separate in a point's text.
 double HeightOf(std::wstring_view point)
 {
@@ -83,11 +70,12 @@ const wchar_t* SideOf(const WcXmNode& point)
 {
     double offset = 0.0;
     double height = 0.0;
-    if (!point.FindAttribute(CODE) || !SplitNumberPair(point.GetTextContent(), offset, height) || offset == 0.0)
+    if (!point.FindAttribute(attribute_name::CODE) || !SplitNumberPair(point.GetTextContent(), offset, height) ||
+        offset == 0.0)
     {
         return nullptr;
     }
-    return offset < 0.0 ? LEFT : RIGHT;
+    return offset < 0.0 ? format_word::LEFT : format_word::RIGHT;
 }
 
 } // namespace
@@ -133,7 +121,7 @@ bool FViewDesignCrossSectSurf::WriteElement(const WcXmNode& node)
 void FViewDesignCrossSectSurf::MakeHeightFeature(FViewFeature& feature, const std::wstring& pavementClass) const
 {
     feature.Clear();
-    feature.properties.emplace_back(HEIGHT_TYPE, FH_OFFSET);
+    feature.properties.emplace_back(HEIGHT_TYPE, property_label::FH_OFFSET);
     if (!pavementClass.empty())
     {
         feature.properties.emplace_back(PAVEMENT_CLASS, pavementClass);
@@ -147,7 +135,7 @@ std::wstring ClassifyPavement(const WcXmNode& node)
     {
         return {};
     }
-    node.SetAttribute(NAME, PAVEMENT);
+    node.SetAttribute(attribute_name::NAME, PAVEMENT);
     return name;
 }
 
@@ -158,7 +146,7 @@ void ClassifySurface(const WcXmNode& node)
         std::find_if(classes.begin(), classes.end(), [&](const SurfaceClass& row) { return HasName(node, row.name); });
     if (hit != classes.end())
     {
-        node.SetAttribute(DESC, hit->desc);
+        node.SetAttribute(attribute_name::DESC, hit->desc);
     }
 }
 
@@ -171,7 +159,7 @@ void WriteThickness(const WcXmNode& node)
     std::size_t count = 0;
     double last = 0.0;
     double beforeLast = 0.0;
-    ForEachChild(node, CROSS_SECT_PNT, [&](const WcXmNode& point) {
+    ForEachChild(node, element_name::CROSS_SECT_PNT, [&](const WcXmNode& point) {
         beforeLast = last;
         last = HeightOf(point.GetTextContent());
         ++count;
@@ -194,7 +182,7 @@ void WriteMaterial(const WcXmNode& node, const MaterialMap& materials, std::wstr
 void AssignSide(const WcXmNode& node, std::wstring& side)
 {
     WcXmNode point = node;
-    for (bool more = point.SelectFirstChild(CROSS_SECT_PNT); more; more = point.MoveToNextSibling())
+    for (bool more = point.SelectFirstChild(element_name::CROSS_SECT_PNT); more; more = point.MoveToNextSibling())
     {
         if (const wchar_t* const decided = SideOf(point))
         {
@@ -207,12 +195,17 @@ void AssignSide(const WcXmNode& node, std::wstring& side)
 
 bool IsClosed(const WcXmNode& node)
 {
-    return node.FindAttribute(CLOSED_AREA) == std::wstring_view(TRUE_TEXT);
+    return node.FindAttribute(CLOSED_AREA) == std::wstring_view(format_word::TRUE_TEXT);
+}
+
+std::wstring_view NameOf(const WcXmNode& node)
+{
+    return node.FindAttribute(attribute_name::NAME).value_or(std::wstring_view());
 }
 
 bool HasName(const WcXmNode& node, std::wstring_view name)
 {
-    return node.FindAttribute(NAME) == name;
+    return node.FindAttribute(attribute_name::NAME) == name;
 }
 
 } // namespace jlandxml

@@ -63,6 +63,9 @@ void AssignSide(const WcXmNode& node, std::wstring& side);
 /// True for a surface whose outline is closed: `closedArea` is "true" in this exact spelling.
 bool IsClosed(const WcXmNode& node);
 
+/// The name of a surface, empty if it has none.
+std::wstring_view NameOf(const WcXmNode& node);
+
 /// True for a surface of that name.
 bool HasName(const WcXmNode& node, std::wstring_view name);
 

@@ -12,13 +12,11 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* CG_POINTS = L"CgPoints";
-
 constexpr OutputVersion FIRST_WITH_ALIGNMENT_REFS = VersionNumber(L"1.4");
 constexpr OutputVersion FIRST_WITH_WIDTH_STAKES = VersionNumber(L"1.6");
 
 /// What a coordinate system that the input lacks is put in front of; the first one that stands there serves.
-constexpr const wchar_t* AFTER_COORDINATE_SYSTEM[] = {CG_POINTS, L"Alignments", L"Surfaces"};
+constexpr const wchar_t* AFTER_COORDINATE_SYSTEM[] = {element_name::CG_POINTS, L"Alignments", L"Surfaces"};
 
 /// What groups of points are put in front of; the first one that stands there serves.
 constexpr const wchar_t* AFTER_POINT_GROUPS[] = {L"Alignments", L"Surfaces"};
@@ -44,7 +42,8 @@ bool PlaceBefore(const WcXmNode& node, const std::vector<WcXmNode>& references, 
 {
     return std::any_of(references.begin(), references.end(), [&](const WcXmNode& reference) {
         WcXmNode element = node;
-        return node.InsertElementBefore(reference.appNode, CG_POINTS, &element) && group.WriteElement(element);
+        return node.InsertElementBefore(reference.appNode, element_name::CG_POINTS, &element) &&
+               group.WriteElement(element);
     });
 }
 
@@ -67,7 +66,8 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
             continue;
         }
         WcXmNode element = node;
-        if (!placedBefore && !(node.AppendChildElement(CG_POINTS, &element) && group.WriteElement(element)))
+        if (!placedBefore &&
+            !(node.AppendChildElement(element_name::CG_POINTS, &element) && group.WriteElement(element)))
         {
             return false;
         }
@@ -112,7 +112,7 @@ bool FViewLandXML::ReadElement(const WcXmNode& node)
     Clear();
     ReadFirstChild(node, project);
     ReadFirstChild(node, coordinateSystem);
-    RemoveChildren(node, CG_POINTS);
+    RemoveChildren(node, element_name::CG_POINTS);
     ReadChildren<FViewAlignments>(node, alignments);
     TakeProjectDataOfFirstAlignment();
     ReadChildren<FViewSurfaces>(node, surfaces);
@@ -179,7 +179,7 @@ bool FViewLandXML::WriteIntermediatePoints(const WcXmNode& node)
 {
     // A second export over the same tree would place the points again.
     WcXmNode standing = node;
-    if (!intermediatePoints.empty() && standing.SelectFirstChild(CG_POINTS))
+    if (!intermediatePoints.empty() && standing.SelectFirstChild(element_name::CG_POINTS))
     {
         return false;
     }
@@ -214,7 +214,7 @@ bool FViewLandXML::WriteCoordinateSystem(const WcXmNode& node)
     WcXmNode element = node;
     if (coordinateSystem.SelectElement(element))
     {
-        return !coordinateSystem.IsElementName(element.NodeName()) || coordinateSystem.WriteElement(element);
+        return WriteFirstChild(node, coordinateSystem);
     }
     for (const wchar_t* const reference : AFTER_COORDINATE_SYSTEM)
     {

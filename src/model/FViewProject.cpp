@@ -10,12 +10,8 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
 constexpr const wchar_t* PROJECT_PHASE = L"projectPhase";
 constexpr const wchar_t* APPLICATION_CRITERION = L"applicationCriterion";
-
-/// The `Feature` of a project bears no name.
-constexpr const wchar_t* FEATURE_NAME = L"";
 
 } // namespace
 
@@ -29,7 +25,7 @@ void FViewProject::Clear()
 bool FViewProject::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ForEachFeatureProperty(node, FEATURE_NAME, [this](const FViewProperty& property) {
+    ForEachFeatureProperty(node, format_word::NAMELESS, [this](const FViewProperty& property) {
         if (property.label == PROJECT_PHASE)
         {
             projectPhase = property.value;
@@ -49,8 +45,8 @@ bool FViewProject::WriteElement(const WcXmNode& node)
     {
         return false;
     }
-    WriteTextAttribute(node, NAME, name);
-    FViewFeature feature(FEATURE_NAME);
+    WriteTextAttribute(node, attribute_name::NAME, name);
+    FViewFeature feature(format_word::NAMELESS);
     if (!projectPhase.empty())
     {
         feature.properties.emplace_back(PROJECT_PHASE, projectPhase);

@@ -10,10 +10,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* NAME = L"name";
-constexpr const wchar_t* DESC = L"desc";
-constexpr const wchar_t* VALUE = L"value";
-constexpr const wchar_t* ALIGNMENT_REFS = L"alignmentRefs";
 constexpr std::wstring_view ALIGNMENT_NOTE = L"線形名=";
 constexpr std::wstring_view EXISTING_GROUND = L"ExistingGround";
 
@@ -42,28 +38,28 @@ void FViewSurface::Clear()
 bool FViewSurface::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, NAME, name);
-    ReadTextAttribute(node, DESC, desc);
+    ReadTextAttribute(node, attribute_name::NAME, name);
+    ReadTextAttribute(node, attribute_name::DESC, desc);
     WcXmNode property = node;
     if (property.SelectFirstChild(FViewFeature().GetElementName()) &&
         property.SelectFirstChild(FViewProperty().GetElementName()))
     {
-        alignmentRefs = property.FindAttributeIgnoreCase(VALUE).value_or(std::wstring_view());
+        alignmentRefs = property.FindAttributeIgnoreCase(attribute_name::VALUE).value_or(std::wstring_view());
     }
     return true;
 }
 
 bool FViewSurface::WriteElement(const WcXmNode& node)
 {
-    WriteTextAttribute(node, NAME, name);
-    WriteTextAttribute(node, DESC, desc);
+    WriteTextAttribute(node, attribute_name::NAME, name);
+    WriteTextAttribute(node, attribute_name::DESC, desc);
     return true;
 }
 
 void FViewSurface::WriteAlignmentRef(const WcXmNode& node) const
 {
     FViewFeature feature;
-    feature.properties.emplace_back(ALIGNMENT_REFS, alignmentRefs);
+    feature.properties.emplace_back(property_label::ALIGNMENT_REFS, alignmentRefs);
     feature.WriteElement(node);
 }
 
@@ -94,11 +90,11 @@ bool FViewSurfaces::WriteElement(const WcXmNode& node)
 void FViewSurfaces::StripAlignmentNote(const WcXmNode& node)
 {
     ForEachChild(node, FViewSurface().GetElementName(), [](const WcXmNode& surface) {
-        const std::wstring desc(surface.FindAttribute(DESC).value_or(std::wstring_view()));
+        const std::wstring desc(surface.FindAttribute(attribute_name::DESC).value_or(std::wstring_view()));
         const std::size_t note = desc.find(ALIGNMENT_NOTE);
         if (note != std::wstring::npos)
         {
-            surface.SetAttribute(DESC, WithoutAlignmentNote(desc, note));
+            surface.SetAttribute(attribute_name::DESC, WithoutAlignmentNote(desc, note));
         }
     });
 }

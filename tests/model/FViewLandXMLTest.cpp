@@ -275,6 +275,10 @@ TEST(FViewLandXML, WidthStakesAreKnownFromVersion16On)
 {
     EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), 2), L"CoordinateSystem Alignments");
     EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), 3), L"CoordinateSystem Stakes Alignments");
+    for (const std::int32_t older : {-1, std::numeric_limits<std::int32_t>::min()})
+    {
+        EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({}, {1}), older), L"CoordinateSystem Alignments") << older;
+    }
 }
 
 TEST(FViewLandXML, StakesGoByTheProjectsVersionAndReferencesByTheRoots)
