@@ -8,7 +8,11 @@
 namespace jlandxml
 {
 
-/// The base of what an item of the dialog's tree can stand for. Items are told apart by their run-time type.
+// DlgData is the dialog's own data, as plain texts and flags; each class holds what the user sees of one model class
+// (DlgDataAlignment of FViewAlignment, and so on).
+
+/// The base of all that the dialog's controls and tree items stand for. A tree holds its objects as pointers to this
+/// class; they are told apart by their run-time type.
 class DlgDataItem
 {
   public:

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "dialog/DisplayXmlTables.h"
+#include "dialog/FieldControls.h"
 #include "dialog/JLandXmlConvertDlgData.h"
 #include "dialog/NumberInput.h"
+#include "dialog/ObjectTree.h"
 #include "windows/Dialog.h"
 
 #include <map>
@@ -40,17 +41,6 @@ class EditValidationException : public CException
     using CException::CException;
 };
 
-/// What a tree item stands for.
-enum class NodeType
-{
-    Route = 0,
-    Alignment = 1,
-    Surface = 2,
-    IntermediatePoints = 3,
-    WidthStakes = 4,
-    None = 5 ///< a surface set, or the item above the point groups
-};
-
 /// The one window of a run, in which the user completes what the standard asks for and gives the output command.
 /// What is edited stays in the dialog's data until the checks have passed.
 class JLandXmlConvertDlg : public Dialog
@@ -59,7 +49,7 @@ class JLandXmlConvertDlg : public Dialog
     /// Takes the data from the context's model. Throws DlgDataSetException.
     JLandXmlConvertDlg();
 
-    const JLandXmlConvertDlgData& Data() const { return data; }
+    const JLandXmlConvertDlgData& Data() const { return data_; }
 
     void OnInitDialog() override;
     void OnClick(int control) override;
@@ -79,14 +69,6 @@ class JLandXmlConvertDlg : public Dialog
     virtual NodeType FindNodeType(const DlgDataItem* object) const;
 
   private:
-    void FillLists();
-    void ShowProject();
-    void ShowCoordinateSystem();
-    void BuildTree();
-    void BuildRoutes();
-    void BuildSurfaceSets();
-    void BuildPointGroups();
-
     void OnRoadSelected();
     void OnRiverSelected();
     void OnOutput();
@@ -94,43 +76,31 @@ class JLandXmlConvertDlg : public Dialog
 
     void HandleSelection(TreeItem item);
     void ShowSelection(TreeItem item);
-    void ShowRoute(const DlgDataAlignments& route);
-    void ShowAlignment(const DlgDataAlignment& alignment);
-    void ShowSurface(const DlgDataSurface& surface);
-    void ShowWidthStake(const DlgDataCgPointsWidthStake& group);
-    void ShowReferenceList(int list, const std::wstring& text, bool locked);
-    void ApplyRouteKind();
+    void ShowSelectedAlignment(TreeItem item);
+    void OpenPanel(std::span<const int> panel);
 
     void UpdateSelectedData();
     void TakeSelectedData();
-    void UpdateRoute(DlgDataAlignments& route) const;
-    void UpdateAlignment(DlgDataAlignment& alignment) const;
-    void UpdateSurface(DlgDataSurface& surface) const;
-    void UpdateWidthStake(DlgDataCgPointsWidthStake& group) const;
     void UpdateProject();
     void UpdateCoordinateSystem();
+
     void ShowErrors();
     void Export(const std::wstring& path);
 
     void EnableSet(std::span<const int> controls, bool enabled);
     void ShowSet(std::span<const int> controls, bool shown);
-    void SelectByValue(int list, VocabularyIndex vocabulary, std::wstring_view value,
-                       std::wstring_view defaultDisplay = {});
-    void SelectOrFirst(int list, std::wstring_view text);
-    void SelectOrAdd(int list, const std::wstring& text);
-    void ReadList(int list, std::wstring& field) const;
-    void ReadFlag(int list, std::int32_t& field) const;
-    void ReadReference(int list, std::wstring& field) const;
+    FieldControls Fields() const { return {Window(), data_.alignmentsList}; }
 
     template <class Body>
     void Handle(const wchar_t* label, Body body);
     void ShowFailure(const wchar_t* label, const std::wstring& text);
 
-    JLandXmlConvertDlgData data;
-    DlgDataItem* selectedData = nullptr;
-    NodeType selectedNodeType = NodeType::None;
-    DlgDataAlignments* selectedRoute = nullptr;
-    std::map<int, std::wstring> lastValidText;
+    JLandXmlConvertDlgData data_;
+    DlgDataItem* selectedData_ = nullptr;
+    NodeType selectedNodeType_ = NodeType::None;
+    /// The route of the selected alignment; null if no alignment is selected, or it couldn't be shown.
+    DlgDataAlignments* selectedRoute_ = nullptr;
+    std::map<int, std::wstring> lastValidText_; ///< by the number of an edit
 };
 
 } // namespace jlandxml

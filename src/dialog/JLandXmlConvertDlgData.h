@@ -25,14 +25,11 @@ class DlgDataApplyException : public CException
 };
 
 /// The dialog's own copy of all that the user can see or change. Nothing of it reaches the model before it is applied.
-class JLandXmlConvertDlgData
+class JLandXmlConvertDlgData : public DlgDataItem
 {
   public:
     /// Takes everything from the context's model. Throws DlgDataSetException.
     JLandXmlConvertDlgData();
-    JLandXmlConvertDlgData(const JLandXmlConvertDlgData&) = delete;
-    JLandXmlConvertDlgData& operator=(const JLandXmlConvertDlgData&) = delete;
-    virtual ~JLandXmlConvertDlgData() = default;
 
     /// Takes everything from the context's model. Throws DlgDataSetException.
     void SetFromModel();

@@ -24,6 +24,7 @@ struct WindowFailure
     void (*fail)() = nullptr;
     std::optional<std::size_t> allocationsBeforeExport = {};   ///< how many succeed while the user has to wait
     std::optional<std::size_t> allocationsBehindControls = {}; ///< how many succeed after all controls are read
+    bool noParents = false;                                    ///< no item of the tree tells what it stands under
 };
 
 void ThrowFramework()
@@ -102,6 +103,11 @@ class FailingDialog final : public ScriptedDialog
     {
         FailAt(tree);
         return ScriptedDialog::TreeItemData(tree, item);
+    }
+
+    TreeItem TreeParent(int tree, TreeItem item) const override
+    {
+        return failure_.noParents ? nullptr : ScriptedDialog::TreeParent(tree, item);
     }
 
     void ShowWaitCursor(bool shown) override
@@ -461,6 +467,39 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheTreeAndTheDialogGoesOn)
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgHandlers,
                          testing::Values(HandlerCase{ThrowFramework, CAUSE}, HandlerCase{ThrowStandard, CAUSE},
                                          HandlerCase{ThrowNumber, L"不明な例外が発生しました。"}));
+
+class ConvertDlgStrayAlignments : public ConvertDlgTest
+{
+  protected:
+    ConvertDlgStrayAlignments()
+    {
+        LoadSample();
+        SetWindowSystem(&failing);
+    }
+
+    FailingWindows failing;
+};
+
+TEST_F(ConvertDlgStrayAlignments, AreShownAndReadBackWithoutARoute)
+{
+    JLandXmlConvertDlg opened;
+    failing.failure.noParents = true;
+    failing.SetUser([&](ScriptedDialog& window) {
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {0, 1}));
+        EXPECT_EQ(window.TreeNotificationResult(), 0);
+        EXPECT_EQ(window.Text(METHOD_LIST), L"要素法");
+        EXPECT_FALSE(window.IsChecked(ROAD_RADIO) || window.IsChecked(RIVER_RADIO));
+        window.Type(NORMAL_CROWN_EDIT, L"1.5");
+        window.Click(RIVER_RADIO);
+        window.ChooseTreeItem(OBJECT_TREE, At(window, {3}));
+        EXPECT_EQ(window.TreeNotificationResult(), 0);
+        EXPECT_EQ(opened.Data().alignmentsList[0]->alignments[1]->normalCrown, L"1.5");
+        EXPECT_EQ(opened.Data().alignmentsList[0]->designGmType, L"道路");
+        EXPECT_FALSE(window.HasEnded());
+    });
+    opened.DoModal();
+    EXPECT_EQ(failing.Messages(), std::vector<ShownMessage>{});
+}
 
 class ConvertDlgOutputFailures : public ConvertDlgTest
 {
