@@ -4,10 +4,9 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "dialog/DlgData.h"
-#include "dialog/JLandXmlConvertDlgControls.h"
-#include "dialog/NumberInput.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace jlandxml
@@ -16,50 +15,17 @@ namespace jlandxml
 namespace
 {
 
-using namespace convert_dlg;
+template <std::size_t First, std::size_t Second>
+constexpr std::array<DialogField, First + Second> Joined(const DialogField (&first)[First],
+                                                         const DialogField (&second)[Second])
+{
+    std::array<DialogField, First + Second> joined{};
+    std::copy(std::begin(second), std::end(second), std::copy(std::begin(first), std::end(first), joined.begin()));
+    return joined;
+}
 
-constexpr const char* ROAD_ONLY = "河川の路線では入力できません";
-constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
-constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
-
-constexpr SettingKey PROJECT_KEYS[] = {
-    {"projectName", SettingKind::Text, PROJECT_NAME_EDIT},
-    {"projectPhase", SettingKind::Entry, PROJECT_PHASE_LIST},
-    {"applicationCriterion", SettingKind::Entry, APPLICATION_CRITERION_LIST},
-    {"verticalDatum", SettingKind::Entry, VERTICAL_DATUM_LIST},
-};
-
-constexpr SettingKey ROUTE_KEYS[] = {
-    {"designGmType", SettingKind::RouteKind, ROAD_RADIO},
-    {"roadClassification", SettingKind::Entry, ROAD_CLASSIFICATION_LIST, nullptr, ROAD_ONLY},
-    {"trafficVolume", SettingKind::Text, TRAFFIC_VOLUME_EDIT, &TRAFFIC_VOLUME_RULE, ROAD_ONLY},
-    {"riverClassification", SettingKind::Entry, RIVER_CLASSIFICATION_LIST, nullptr, RIVER_ONLY},
-    {"side", SettingKind::Entry, RIVER_SIDE_LIST, nullptr, RIVER_ONLY},
-};
-
-constexpr SettingKey ALIGNMENT_KEYS[] = {
-    {"mainInterval", SettingKind::Text, MAIN_INTERVAL_EDIT, &MAIN_INTERVAL_RULE, LOCKED},
-    {"subInterval", SettingKind::Text, SUB_INTERVAL_EDIT, &SUB_INTERVAL_RULE, LOCKED},
-    {"method", SettingKind::Entry, METHOD_LIST, nullptr, LOCKED},
-    {"normalCrown", SettingKind::Text, NORMAL_CROWN_EDIT, &NORMAL_CROWN_RULE},
-    {"singleLaneRoad", SettingKind::Flag, LANES_LIST},
-    {"useSlopeList", SettingKind::Flag, SUPERELEVATION_DEFINITION_LIST},
-};
-
-constexpr SettingKey SURFACE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, SURFACE_REFERENCE_LIST, nullptr, LOCKED},
-    {"kind", SettingKind::Entry, SURFACE_KIND_LIST},
-};
-
-constexpr SettingKey INTERMEDIATE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, INTERMEDIATE_REFERENCE_LIST, nullptr, LOCKED},
-};
-
-constexpr SettingKey WIDTH_STAKE_KEYS[] = {
-    {"alignmentRefs", SettingKind::Reference, WIDTH_STAKE_REFERENCE_LIST, nullptr, LOCKED},
-    {"type", SettingKind::Entry, CLOSURE_TYPE_LIST},
-    {"desc", SettingKind::Text, WIDTH_STAKE_DESC_EDIT},
-};
+/// The keys at the top, of what has no item in the tree.
+constexpr auto TOP_FIELDS = Joined(PROJECT_FIELDS, COORDINATE_SYSTEM_FIELDS);
 
 template <class Object>
 bool Is(const DlgDataItem& item)
@@ -67,21 +33,22 @@ bool Is(const DlgDataItem& item)
     return dynamic_cast<const Object*>(&item) != nullptr;
 }
 
-constexpr SettingObject ALIGNMENT{"線形", Is<DlgDataAlignment>, true, ALIGNMENT_KEYS, {}};
+constexpr SettingObject ALIGNMENT{"線形", Is<DlgDataAlignment>, true, ALIGNMENT_FIELDS, {}};
 constexpr SettingArray ROUTE_ARRAYS[] = {{"alignments", &ALIGNMENT}};
-constexpr SettingObject ROUTE{"路線", Is<DlgDataAlignments>, true, ROUTE_KEYS, ROUTE_ARRAYS};
-constexpr SettingObject SURFACE{"サーフェス", Is<DlgDataSurface>, true, SURFACE_KEYS, {}};
+constexpr SettingObject ROUTE{"路線", Is<DlgDataAlignments>, true, ROUTE_FIELDS, ROUTE_ARRAYS};
+constexpr SettingObject SURFACE{"サーフェス", Is<DlgDataSurface>, true, SURFACE_FIELDS, {}};
 constexpr SettingArray SURFACE_SET_ARRAYS[] = {{"surfaces", &SURFACE}};
 constexpr SettingObject SURFACE_SET{"サーフェスセット", Is<DlgDataSurfaces>, false, {}, SURFACE_SET_ARRAYS};
-constexpr SettingObject INTERMEDIATE{"中間点のグループ", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_KEYS, {}};
-constexpr SettingObject WIDTH_STAKE{"幅杭のグループ", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_KEYS, {}};
+constexpr SettingObject INTERMEDIATE{
+    "中間点のグループ", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_FIELDS, {}};
+constexpr SettingObject WIDTH_STAKE{"幅杭のグループ", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_FIELDS, {}};
 constexpr SettingArray PROJECT_ARRAYS[] = {
     {"routes", &ROUTE},
     {"surfaceSets", &SURFACE_SET},
     {"intermediatePoints", &INTERMEDIATE},
     {"widthStakes", &WIDTH_STAKE},
 };
-constexpr SettingObject PROJECT{"プロジェクト", nullptr, false, PROJECT_KEYS, PROJECT_ARRAYS};
+constexpr SettingObject PROJECT{"プロジェクト", nullptr, false, TOP_FIELDS, PROJECT_ARRAYS};
 
 constexpr char COMMENT_MARK = '_';
 constexpr std::string_view TRACE_LINE = "Row Value: ";
@@ -99,9 +66,18 @@ SettingsError WrongType(const std::string& path, const Json& value, const std::s
 SettingsError UnknownKey(const std::string& path, const SettingObject& object)
 {
     std::string known;
-    const auto add = [&](const auto& key) { known += (known.empty() ? "" : "、") + std::string(key.name); };
-    std::for_each(object.keys.begin(), object.keys.end(), add);
-    std::for_each(object.arrays.begin(), object.arrays.end(), add);
+    const auto add = [&](const char* key) { known += (known.empty() ? "" : "、") + std::string(key); };
+    for (const DialogField& field : object.fields)
+    {
+        if (IsSetting(field))
+        {
+            add(field.key);
+        }
+    }
+    for (const SettingArray& array : object.arrays)
+    {
+        add(array.name);
+    }
     return {path, "未知のキーです（使えるキー: " + known + "）"};
 }
 
@@ -165,9 +141,9 @@ void CheckText(const Json& value, const std::string& path)
     }
 }
 
-void CheckValue(const SettingKey& key, const Json& value, const std::string& path)
+void CheckValue(const DialogField& field, const Json& value, const std::string& path)
 {
-    if (key.kind != SettingKind::Flag)
+    if (field.kind != FieldKind::Flag)
     {
         CheckText(value, path);
     }
@@ -177,11 +153,20 @@ void CheckValue(const SettingKey& key, const Json& value, const std::string& pat
     }
 }
 
-template <class Key>
-const Key* FindNamed(std::span<const Key> keys, const std::string& name)
+/// The field of a key; null if the object has none.
+const DialogField* FindSetting(const SettingObject& object, const std::string& key)
 {
-    const auto key = std::find_if(keys.begin(), keys.end(), [&](const Key& one) { return name == one.name; });
-    return key == keys.end() ? nullptr : &*key;
+    const auto field = std::find_if(object.fields.begin(), object.fields.end(),
+                                    [&](const DialogField& one) { return IsSetting(one) && key == one.key; });
+    return field == object.fields.end() ? nullptr : &*field;
+}
+
+/// The array of a key; null if the object has none.
+const SettingArray* FindArray(const SettingObject& object, const std::string& key)
+{
+    const auto array = std::find_if(object.arrays.begin(), object.arrays.end(),
+                                    [&](const SettingArray& one) { return key == one.name; });
+    return array == object.arrays.end() ? nullptr : &*array;
 }
 
 void CheckArray(const SettingObject& object, const Json& array, const std::string& path);
@@ -195,11 +180,11 @@ void CheckObject(const SettingObject& object, const Json& json, const std::strin
         {
             continue;
         }
-        if (const SettingKey* const key = FindNamed(object.keys, name))
+        if (const DialogField* const field = FindSetting(object, name))
         {
-            CheckValue(*key, value, keyPath);
+            CheckValue(*field, value, keyPath);
         }
-        else if (const SettingArray* const array = FindNamed(object.arrays, name))
+        else if (const SettingArray* const array = FindArray(object, name))
         {
             CheckArray(*array->object, value, keyPath);
         }

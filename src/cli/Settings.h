@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialog/DialogFields.h"
+
 #include <nlohmann/json.hpp>
 #include <span>
 #include <stdexcept>
@@ -7,9 +9,6 @@
 
 namespace jlandxml
 {
-
-class DlgDataItem;
-struct NumberRule;
 
 /// Settings as they are read: a key is found at once among however many.
 using Json = nlohmann::json;
@@ -24,28 +23,6 @@ class SettingsError : public std::runtime_error
     SettingsError(const std::string& path, const std::string& text);
 };
 
-/// How a key's value is put into its control.
-enum class SettingKind
-{
-    Text,      ///< a string that is set in an edit
-    Entry,     ///< a string that names an entry of a list by its shown text or its stored value
-    Reference, ///< a string that names an entry by its shown text alone
-    Flag,      ///< true or false: the stored value of an entry of a list
-    RouteKind  ///< a string that names one of two radios
-};
-
-/// One key of a settings file and the control that it stands for.
-struct SettingKey
-{
-    const char* name;
-    SettingKind kind;
-    int control;
-    /// What may be typed, in a filtered edit.
-    const NumberRule* input = nullptr;
-    /// Why the control may be disabled.
-    const char* disabled = "いまは変更できません";
-};
-
 struct SettingObject;
 
 /// A key whose array holds one object for each of the dialog's objects of a kind, by position.
@@ -55,16 +32,22 @@ struct SettingArray
     const SettingObject* object;
 };
 
-/// What an object of a settings file stands for in the dialog's tree: its keys, and the arrays of the objects below it.
-/// They are acted out in this order.
+/// What an object of a settings file stands for in the dialog's tree: its fields, of which those that aren't read-only
+/// are its keys, and the arrays of the objects below it. They are acted out in this order.
 struct SettingObject
 {
     const char* noun; ///< in messages
     bool (*standsFor)(const DlgDataItem& item);
     bool selects; ///< whether its own item is selected
-    std::span<const SettingKey> keys;
+    FieldTable fields;
     std::span<const SettingArray> arrays;
 };
+
+/// True for a field that a settings file may hold.
+constexpr bool IsSetting(const DialogField& field)
+{
+    return !IsReadOnlyField(field.kind);
+}
 
 /// A settings file as a whole: the project with the coordinate system, which have no item in the tree.
 const SettingObject& ProjectSettings();

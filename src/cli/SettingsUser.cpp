@@ -22,28 +22,20 @@ constexpr const char* LOCKED_KEY = "_locked";
 constexpr const char* CHOICES_KEY = "_choices";
 constexpr const char* NAME_KEY = "_name";
 
-/// What is shown for information in controls that can't be edited.
-struct ReadOnlyValue
+constexpr const char* ROAD_ONLY = "河川の路線では入力できません";
+constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
+constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
+constexpr const char* OUT_OF_REACH = "いまは変更できません";
+
+/// Why a field's control may be out of reach.
+const char* DisabledReason(const DialogField& field)
 {
-    const char* name;
-    int control;
-};
-
-constexpr ReadOnlyValue READ_ONLY_VALUES[] = {
-    {"softwareName", SOFTWARE_NAME_EDIT},
-    {"softwareVersion", SOFTWARE_VERSION_EDIT},
-    {"horizontalDatum", HORIZONTAL_DATUM_EDIT},
-    {"horizontalCoordinateSystemName", HORIZONTAL_COORDINATE_SYSTEM_EDIT},
-};
-
-/// The radios that tell a route's kind, with their captions.
-struct RouteKindRadio
-{
-    const wchar_t* name;
-    int control;
-};
-
-constexpr RouteKindRadio ROUTE_KINDS[] = {{ROAD_DESIGN, ROAD_RADIO}, {RIVER_DESIGN, RIVER_RADIO}};
+    if (!field.routeKind.empty())
+    {
+        return field.routeKind == ROAD_DESIGN ? ROAD_ONLY : RIVER_ONLY;
+    }
+    return field.locked != nullptr ? LOCKED : OUT_OF_REACH;
+}
 
 std::string NumberText(double number)
 {
@@ -119,11 +111,11 @@ void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const J
     {
         dialog_.ChooseTreeItem(OBJECT_TREE, item);
     }
-    for (const SettingKey& key : object.keys)
+    for (const DialogField& field : object.fields)
     {
-        if (const auto value = settings.find(key.name); value != settings.end())
+        if (const auto value = settings.find(field.key); IsSetting(field) && value != settings.end())
         {
-            ActKey(key, *value, KeyPath(path, key.name));
+            ActField(field, *value, KeyPath(path, field.key));
         }
     }
     for (const SettingArray& array : object.arrays)
@@ -135,55 +127,56 @@ void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const J
     }
 }
 
-void SettingsUser::ActKey(const SettingKey& key, const Json& value, const std::string& path)
+void SettingsUser::ActField(const DialogField& field, const Json& value, const std::string& path)
 {
-    if (!dialog_.CanReach(key.control))
+    if (!dialog_.CanReach(field.control))
     {
-        throw SettingsError(path, key.disabled);
+        throw SettingsError(path, DisabledReason(field));
     }
-    if (key.kind == SettingKind::Flag)
+    if (field.kind == FieldKind::Flag)
     {
-        ActEntry(key, value.get<bool>() ? L"true" : L"false", path);
+        ActEntry(field, value.get<bool>() ? L"true" : L"false", path);
         return;
     }
     const std::wstring text = WideFromUtf8(value.get_ref<const std::string&>());
-    switch (key.kind)
+    if (IsEditField(field.kind))
     {
-    case SettingKind::Text:
-        ActText(key, text, path);
-        break;
-    case SettingKind::RouteKind:
+        ActText(field, text, path);
+    }
+    else if (field.kind == FieldKind::RouteKind)
+    {
         ActRouteKind(text, path);
-        break;
-    default:
-        ActEntry(key, text, path);
     }
-}
-
-void SettingsUser::ActText(const SettingKey& key, const std::wstring& text, const std::string& path)
-{
-    dialog_.Type(key.control, text);
-    if (dialog_.Text(key.control) != text)
+    else
     {
-        throw Refused(path, text, key.input);
+        ActEntry(field, text, path);
     }
 }
 
-void SettingsUser::ActEntry(const SettingKey& key, const std::wstring& name, const std::string& path)
+void SettingsUser::ActText(const DialogField& field, const std::wstring& text, const std::string& path)
 {
-    const int entry = FindEntryNamed(key, name);
+    dialog_.Type(field.control, text);
+    if (dialog_.Text(field.control) != text)
+    {
+        throw Refused(path, text, field.number);
+    }
+}
+
+void SettingsUser::ActEntry(const DialogField& field, const std::wstring& name, const std::string& path)
+{
+    const int entry = FindEntryNamed(field, name);
     if (entry == DialogWindow::NO_ENTRY)
     {
-        throw NoSuchChoice(path, name, dialog_.Entries(key.control));
+        throw NoSuchChoice(path, name, dialog_.Entries(field.control));
     }
-    dialog_.ChooseEntry(key.control, entry);
+    dialog_.ChooseEntry(field.control, entry);
 }
 
 void SettingsUser::ActRouteKind(const std::wstring& name, const std::string& path)
 {
-    const auto* const kind = std::find_if(std::begin(ROUTE_KINDS), std::end(ROUTE_KINDS),
-                                          [&](const RouteKindRadio& one) { return name == one.name; });
-    if (kind == std::end(ROUTE_KINDS))
+    const auto* const kind = std::find_if(std::begin(ROUTE_KIND_RADIOS), std::end(ROUTE_KIND_RADIOS),
+                                          [&](const RouteKindRadio& one) { return name == one.designGmType; });
+    if (kind == std::end(ROUTE_KIND_RADIOS))
     {
         throw NoSuchChoice(path, name, {ROAD_DESIGN, RIVER_DESIGN});
     }
@@ -207,16 +200,6 @@ PrintedJson SettingsUser::PrintArray(const SettingObject& object, const Items& i
     return array;
 }
 
-PrintedJson SettingsUser::PrintReadOnlyValues() const
-{
-    PrintedJson values;
-    for (const ReadOnlyValue& value : READ_ONLY_VALUES)
-    {
-        values[value.name] = Utf8FromWide(dialog_.Text(value.control));
-    }
-    return values;
-}
-
 PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item)
 {
     if (object.selects)
@@ -225,12 +208,13 @@ PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item
     }
     PrintedJson json = item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(OBJECT_TREE, item))}}
                                        : PrintedJson::object();
-    PrintedJson locked = item != nullptr ? PrintedJson() : PrintReadOnlyValues();
+    PrintedJson locked;
     PrintedJson choices;
-    for (const SettingKey& key : object.keys)
+    for (const DialogField& field : object.fields)
     {
-        AddUnlessNull(dialog_.CanReach(key.control) ? json : locked, key.name, PrintValue(key));
-        AddUnlessNull(choices, key.name, PrintChoices(key));
+        const bool canBeSet = IsSetting(field) && dialog_.CanReach(field.control);
+        AddUnlessNull(canBeSet ? json : locked, field.key, PrintValue(field));
+        AddUnlessNull(choices, field.key, PrintChoices(field));
     }
     for (const SettingArray& array : object.arrays)
     {
@@ -242,58 +226,65 @@ PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item
 }
 
 /// Null where nothing is selected.
-PrintedJson SettingsUser::PrintValue(const SettingKey& key) const
+PrintedJson SettingsUser::PrintValue(const DialogField& field) const
 {
-    if (key.kind == SettingKind::Text)
+    if (IsEditField(field.kind))
     {
-        return Utf8FromWide(dialog_.Text(key.control));
+        return Utf8FromWide(dialog_.Text(field.control));
     }
-    if (key.kind == SettingKind::RouteKind)
+    if (field.kind == FieldKind::RouteKind)
     {
         const auto* const kind =
-            std::find_if(std::begin(ROUTE_KINDS), std::end(ROUTE_KINDS),
+            std::find_if(std::begin(ROUTE_KIND_RADIOS), std::end(ROUTE_KIND_RADIOS),
                          [&](const RouteKindRadio& one) { return dialog_.IsChecked(one.control); });
-        return kind == std::end(ROUTE_KINDS) ? PrintedJson() : PrintedJson(Utf8FromWide(kind->name));
+        return kind == std::end(ROUTE_KIND_RADIOS) ? PrintedJson() : PrintedJson(Utf8FromWide(kind->designGmType));
     }
-    const int entry = dialog_.SelectedEntry(key.control);
+    const int entry = dialog_.SelectedEntry(field.control);
     if (entry == DialogWindow::NO_ENTRY)
     {
         return {};
     }
-    if (key.kind == SettingKind::Flag)
+    if (field.kind == FieldKind::Flag)
     {
-        return dialog_.EntryData(key.control, entry) == std::wstring_view(L"true");
+        return dialog_.EntryData(field.control, entry) == std::wstring_view(L"true");
     }
-    return Utf8FromWide(dialog_.EntryText(key.control, entry));
+    return Utf8FromWide(dialog_.EntryText(field.control, entry));
 }
 
 /// Null where nothing is chosen from a list.
-PrintedJson SettingsUser::PrintChoices(const SettingKey& key) const
+PrintedJson SettingsUser::PrintChoices(const DialogField& field) const
 {
-    switch (key.kind)
+    if (IsEditField(field.kind))
     {
-    case SettingKind::Text:
         return {};
-    case SettingKind::RouteKind:
+    }
+    if (field.kind == FieldKind::RouteKind)
+    {
         return PrintedJson::array({Utf8FromWide(ROAD_DESIGN), Utf8FromWide(RIVER_DESIGN)});
-    case SettingKind::Flag: {
-        PrintedJson meanings = PrintedJson::object();
-        for (int entry = 0; entry < dialog_.EntryCount(key.control); ++entry)
-        {
-            meanings[Utf8FromWide(dialog_.EntryData(key.control, entry))] =
-                Utf8FromWide(dialog_.EntryText(key.control, entry));
-        }
-        return meanings;
     }
-    default: {
-        PrintedJson texts = PrintedJson::array();
-        for (const std::wstring& text : dialog_.Entries(key.control))
-        {
-            texts.push_back(Utf8FromWide(text));
-        }
-        return texts;
+    return field.kind == FieldKind::Flag ? PrintMeanings(field) : PrintEntries(field);
+}
+
+/// What the values of a flag are called.
+PrintedJson SettingsUser::PrintMeanings(const DialogField& field) const
+{
+    PrintedJson meanings = PrintedJson::object();
+    for (int entry = 0; entry < dialog_.EntryCount(field.control); ++entry)
+    {
+        meanings[Utf8FromWide(dialog_.EntryData(field.control, entry))] =
+            Utf8FromWide(dialog_.EntryText(field.control, entry));
     }
+    return meanings;
+}
+
+PrintedJson SettingsUser::PrintEntries(const DialogField& field) const
+{
+    PrintedJson texts = PrintedJson::array();
+    for (const std::wstring& text : dialog_.Entries(field.control))
+    {
+        texts.push_back(Utf8FromWide(text));
     }
+    return texts;
 }
 
 // The dialog's tree and lists
@@ -324,19 +315,19 @@ SettingsUser::Items SettingsUser::ItemsBelow(TreeItem parent, const SettingObjec
 }
 
 /// The entry with this shown text, else the first one with this stored value. References are named by their text alone.
-int SettingsUser::FindEntryNamed(const SettingKey& key, const std::wstring& name) const
+int SettingsUser::FindEntryNamed(const DialogField& field, const std::wstring& name) const
 {
-    const int count = dialog_.EntryCount(key.control);
-    for (int entry = 0; entry < count && key.kind != SettingKind::Flag; ++entry)
+    const int count = dialog_.EntryCount(field.control);
+    for (int entry = 0; entry < count && field.kind != FieldKind::Flag; ++entry)
     {
-        if (dialog_.EntryText(key.control, entry) == name)
+        if (dialog_.EntryText(field.control, entry) == name)
         {
             return entry;
         }
     }
-    for (int entry = 0; entry < count && key.kind != SettingKind::Reference; ++entry)
+    for (int entry = 0; entry < count && field.kind != FieldKind::Reference; ++entry)
     {
-        const wchar_t* const value = dialog_.EntryData(key.control, entry);
+        const wchar_t* const value = dialog_.EntryData(field.control, entry);
         if (value != nullptr && name == value)
         {
             return entry;

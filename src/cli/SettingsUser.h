@@ -29,20 +29,21 @@ class SettingsUser
 
     void ActArray(const SettingObject& object, const Items& items, const Json& array, const std::string& path);
     void ActObject(const SettingObject& object, TreeItem item, const Json& settings, const std::string& path);
-    void ActKey(const SettingKey& key, const Json& value, const std::string& path);
-    void ActText(const SettingKey& key, const std::wstring& text, const std::string& path);
-    void ActEntry(const SettingKey& key, const std::wstring& name, const std::string& path);
+    void ActField(const DialogField& field, const Json& value, const std::string& path);
+    void ActText(const DialogField& field, const std::wstring& text, const std::string& path);
+    void ActEntry(const DialogField& field, const std::wstring& name, const std::string& path);
     void ActRouteKind(const std::wstring& name, const std::string& path);
 
     PrintedJson PrintArray(const SettingObject& object, const Items& items);
     PrintedJson PrintObject(const SettingObject& object, TreeItem item);
-    PrintedJson PrintReadOnlyValues() const;
-    PrintedJson PrintValue(const SettingKey& key) const;
-    PrintedJson PrintChoices(const SettingKey& key) const;
+    PrintedJson PrintValue(const DialogField& field) const;
+    PrintedJson PrintChoices(const DialogField& field) const;
+    PrintedJson PrintMeanings(const DialogField& field) const;
+    PrintedJson PrintEntries(const DialogField& field) const;
 
     const DlgDataItem& DataOf(TreeItem item) const;
     Items ItemsBelow(TreeItem parent, const SettingObject& object) const;
-    int FindEntryNamed(const SettingKey& key, const std::wstring& name) const;
+    int FindEntryNamed(const DialogField& field, const std::wstring& name) const;
 
     DialogHands& dialog_;
 };
