@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/NativeFile.h"
+
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,11 +19,19 @@ bool PathExists(const std::wstring& path);
 /// The names of what a folder holds, in no order; none if it can't be read.
 std::vector<std::wstring> FileNames(const std::wstring& folder);
 
-/// The whole content of a file; nothing if it can't be opened or has no length, as a folder hasn't. Throws
-/// CFileException if the system then refuses its content.
+/// The whole content of a file; nothing if it can't be opened. Throws CFileException if the system then refuses its
+/// content.
 std::optional<std::string> ReadWholeFile(const std::wstring& path);
 
-/// Opens a file for reading bytes; null if it can't be opened.
+/// Gives room for that many bytes.
+using MakeRoom = std::function<char*(std::size_t size)>;
+
+/// Reads a whole file into memory of the caller's, who is asked for it once the size is known. The number of bytes that
+/// were read; nothing if the file can't be opened. Throws CFileException if the system then refuses its content.
+std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoom& makeRoom);
+
+/// Opens a file for reading bytes; null if it can't be opened. Opening never waits: what is no plain file, such as a
+/// folder, a pipe or a device, counts as one that can't be opened.
 struct FileCloser
 {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -28,29 +39,54 @@ struct FileCloser
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 FileHandle OpenForReading(const std::wstring& path);
 
-/// The length of an open file in bytes, its position back at the start; nothing for what has no length, such as a pipe.
+/// The length of an open file in bytes; nothing if the system doesn't say.
 std::optional<std::size_t> FileLength(std::FILE* file);
 
 /// The user's temporary folder with a separator at its end. Nothing if there is none or its name, with the separator
 /// and a terminator, exceeds 260 characters.
 std::optional<std::wstring> TemporaryFolder();
 
-/// Creates an empty file with a new name that begins with `prefix` in `folder`; only the user can read it. Nothing on
-/// failure.
-std::optional<std::wstring> CreateUniqueFile(const std::wstring& folder, const std::wstring& prefix);
-
-/// The part behind the last separator.
-std::wstring_view FileNameOf(std::wstring_view path);
-
 /// The part up to and with the last separator; empty if there is none.
 std::wstring_view FolderOf(std::wstring_view path);
 
-/// True if both names lead to the same file, also through links, another spelling or another case where the system
-/// folds it.
-bool IsSameFile(const std::wstring& first, const std::wstring& second);
-
 /// Removes a file. False if it could not be removed.
 bool RemoveFile(const std::wstring& path) noexcept;
+
+/// A file of the converter's own: new, empty and private to the user, with a name that begins with "tsx". It is open
+/// for writing, and it goes with its scope unless it is kept.
+class WorkFile
+{
+  public:
+    /// Whom the file serves once it is complete.
+    enum class Purpose
+    {
+        Own,      ///< the converter alone
+        NewTarget ///< takes the name of a target that doesn't exist yet, with the permissions of any new file
+    };
+
+    /// Makes a file in a folder, whose name ends with a separator. Nothing if the folder takes none; then nothing is
+    /// left there.
+    static std::optional<WorkFile> Make(const std::wstring& folder, Purpose purpose = Purpose::Own);
+
+    WorkFile(WorkFile&& other) noexcept;
+    WorkFile& operator=(WorkFile&& other) noexcept;
+    ~WorkFile();
+
+    const std::wstring& Path() const { return path_; }
+    NativeFile& File() { return file_; }
+    /// The permissions of any new file of the folder; 0 if the file is the converter's own.
+    unsigned Permissions() const { return permissions_; }
+
+    /// Leaves the file behind.
+    void Keep() { path_.clear(); }
+
+  private:
+    WorkFile(std::wstring path, NativeFile file, unsigned permissions);
+
+    std::wstring path_;
+    NativeFile file_;
+    unsigned permissions_;
+};
 
 /// A file that is written from its start; one that doesn't exist yet is made, and only the user can read it. Every
 /// operation throws CFileException if the system refuses it.
@@ -65,7 +101,7 @@ class OutputFile
 
   private:
     std::wstring path_;
-    FileHandle file_;
+    NativeFile file_;
 };
 
 /// Where the new content of a target is gathered.
@@ -75,33 +111,32 @@ enum class GatherPlace
     TemporaryFolder,
 };
 
-/// The new content of a target. What stood there is whole at any moment, the old file or the new one: the content is
-/// gathered in a file beside the target, which then takes its name. A target that doesn't take another file's place
-/// without losing something, such as a device, a file of other names too or somebody else's, gets a copy of content
-/// that is gathered in the temporary folder; so does one whose folder takes no new file. Uncommitted content leaves
-/// nothing behind.
+/// The new content of a target, which keeps its owner, group, permissions and links. The content is gathered in a file
+/// beside the target, which then takes its name: at any moment the old file or the new one stands there whole.
+/// Where that can't be (the target is a device, has other names too, is somebody else's or in use, the folder takes no
+/// new file or its volume has no room for a second one), the target is written over from a complete work file. Even
+/// then it isn't touched before its old content is safe in the temporary folder, or the room for the new one is set
+/// aside for certain, and the old content is put back if the new one fails; only the end of the process in that moment
+/// leaves a mixture of both. Uncommitted content leaves nothing behind.
 class ReplacementFile
 {
   public:
     /// Throws CFileException if there is no place to gather the content in.
     explicit ReplacementFile(const std::wstring& target, GatherPlace place = GatherPlace::BesideTarget);
-    ReplacementFile(const ReplacementFile&) = delete;
-    ReplacementFile& operator=(const ReplacementFile&) = delete;
-    ~ReplacementFile();
 
     /// Throws CFileException if the system refuses it.
     void Write(std::string_view bytes);
 
-    /// Puts the content in the target's place, by a copy if it can't take the name. False if the target takes neither;
-    /// then it is as it was, unless the system fails in the middle of the copy. Throws CFileException if the content
-    /// isn't complete.
+    /// Puts the content in the target's place. False if the target doesn't take it; then it is as it was. Throws
+    /// CFileException if the content isn't complete.
     bool Commit();
 
   private:
     std::wstring target_;
-    std::wstring work_;
-    std::optional<OutputFile> file_;
+    WorkFile::Purpose purpose_;
+    bool canBeRenamedOver_;
     bool beside_ = false;
+    std::optional<WorkFile> work_;
 };
 
 } // namespace jlandxml

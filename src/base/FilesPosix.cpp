@@ -2,14 +2,20 @@
 
 #include "base/FilesSystem.h"
 #include "base/Text.h"
+#include "base/WriteSignals.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 #include <new>
+#include <sys/random.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace jlandxml
@@ -23,36 +29,150 @@ constexpr std::size_t TEMPORARY_FOLDER_LIMIT = 260;
 constexpr mode_t PERMISSION_BITS = 07777;
 constexpr mode_t NEW_FILE_MODE = 0666;
 constexpr mode_t PRIVATE_FILE_MODE = 0600;
-constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
 
-/// An open descriptor that is closed with its scope.
-class Descriptor
+constexpr std::size_t RANDOM_LETTERS = 6;
+constexpr std::string_view LETTERS = "0123456789ABCDEFGHJKMNPQRSTVWXYZ";
+constexpr int NAMES_TRIED = 100;
+
+/// As many links as the system follows.
+constexpr int LINKS_FOLLOWED = 40;
+
+constexpr const char* ACCESS_CONTROL_LIST = "system.posix_acl_access";
+
+/// File systems that write over what a file holds where it stands. Others may need room for it anew, with or without
+/// room set aside.
+constexpr std::array<decltype(statfs::f_type), 2> WRITING_IN_PLACE = {0xEF53 /* ext2 to ext4 */,
+                                                                      0x01021994 /* tmpfs */};
+
+struct stat StatusOf(const NativeFile& file)
 {
-  public:
-    explicit Descriptor(int value) : value_(value) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { Close(); }
+    struct stat status
+    {};
+    ::fstat(file.Get(), &status);
+    return status;
+}
 
-    explicit operator bool() const { return value_ >= 0; }
-    int Get() const { return value_; }
-
-    bool Close()
+/// Opens what stands under a name without waiting for the other end where it is a pipe.
+NativeFile OpenWithoutWaiting(const std::string& path, int flags)
+{
+    NativeFile file(::open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (file)
     {
-        const int closing = value_;
-        value_ = -1;
-        return closing < 0 || ::close(closing) == 0;
+        ::fcntl(file.Get(), F_SETFL, ::fcntl(file.Get(), F_GETFL) & ~O_NONBLOCK);
     }
+    return file;
+}
 
-  private:
-    int value_;
-};
-
-bool WriteAll(int target, const char* bytes, std::size_t size)
+/// True if a name, not a link of that name, stands for an open file.
+bool IsNameOf(int folder, const std::string& name, const struct stat& file)
 {
-    while (size > 0)
+    struct stat named
+    {};
+    return ::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 && named.st_dev == file.st_dev &&
+           named.st_ino == file.st_ino;
+}
+
+bool SetMode(const NativeFile& file, mode_t mode)
+{
+    // Asked first: a volume without permissions gives all of its files the same ones and refuses to set any.
+    return (StatusOf(file).st_mode & PERMISSION_BITS) == mode || ::fchmod(file.Get(), mode) == 0;
+}
+
+/// The access control list of an open file as the system keeps it; empty if it has none.
+std::string AccessControlList(const NativeFile& file)
+{
+    const ssize_t size = ::fgetxattr(file.Get(), ACCESS_CONTROL_LIST, nullptr, 0);
+    std::string list(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
+    const ssize_t taken = list.empty() ? 0 : ::fgetxattr(file.Get(), ACCESS_CONTROL_LIST, list.data(), list.size());
+    list.resize(taken > 0 ? static_cast<std::size_t>(taken) : 0);
+    return list;
+}
+
+bool SetAccessControlList(const NativeFile& file, const std::string& list)
+{
+    if (AccessControlList(file) == list)
     {
-        const ssize_t written = ::write(target, bytes, size);
+        return true;
+    }
+    return (list.empty() ? ::fremovexattr(file.Get(), ACCESS_CONTROL_LIST)
+                         : ::fsetxattr(file.Get(), ACCESS_CONTROL_LIST, list.data(), list.size(), 0)) == 0;
+}
+
+/// Gives a file the owner, group and permissions of another one.
+bool TakeOverPermissions(const NativeFile& file, const NativeFile& from)
+{
+    const struct stat own = StatusOf(file);
+    const struct stat wanted = StatusOf(from);
+    const bool sameOwners = own.st_uid == wanted.st_uid && own.st_gid == wanted.st_gid;
+    return (sameOwners || ::fchown(file.Get(), wanted.st_uid, wanted.st_gid) == 0) &&
+           SetAccessControlList(file, AccessControlList(from)) && SetMode(file, wanted.st_mode & PERMISSION_BITS);
+}
+
+bool IsMissing(const std::string& path)
+{
+    struct stat status
+    {};
+    return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+}
+
+/// Gives a finished file the permissions that it has in the target's place.
+bool SetFinalPermissions(WorkFile& work, const std::string& target)
+{
+    if (IsMissing(target))
+    {
+        return work.Permissions() == 0 || SetMode(work.File(), work.Permissions());
+    }
+    const NativeFile standing = OpenWithoutWaiting(target, O_WRONLY | O_NOFOLLOW);
+    return standing && TakeOverPermissions(work.File(), standing);
+}
+
+std::string FolderOfPath(const std::string& path)
+{
+    const std::size_t separator = path.rfind('/');
+    return separator == std::string::npos ? "./" : path.substr(0, separator + 1);
+}
+
+std::string NameOfPath(const std::string& path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+std::string RandomName()
+{
+    std::array<unsigned char, RANDOM_LETTERS> random{};
+    if (::getrandom(random.data(), random.size(), 0) != static_cast<ssize_t>(random.size()))
+    {
+        return {};
+    }
+    std::string name = Utf8FromWide(WORK_FILE_PREFIX);
+    for (const unsigned char byte : random)
+    {
+        name += LETTERS[byte % LETTERS.size()];
+    }
+    return name + ".tmp";
+}
+
+/// Where a link that stands under a name leads; the name itself if none does.
+std::string FollowLink(const std::string& path)
+{
+    std::array<char, PATH_MAX> to{};
+    const ssize_t size = ::readlink(path.c_str(), to.data(), to.size());
+    if (size <= 0)
+    {
+        return path;
+    }
+    const std::string name(to.data(), static_cast<std::size_t>(size));
+    return name.front() == '/' ? name : FolderOfPath(path) + name;
+}
+
+} // namespace
+
+bool NativeFile::WriteTo(Handle handle, std::string_view bytes) noexcept
+{
+    const WriteSignals signals;
+    while (!bytes.empty())
+    {
+        const ssize_t written = ::write(handle, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR)
         {
             continue;
@@ -61,73 +181,58 @@ bool WriteAll(int target, const char* bytes, std::size_t size)
         {
             return false;
         }
-        bytes += written;
-        size -= static_cast<std::size_t>(written);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
 }
 
-bool CopyContent(int source, int target)
+std::optional<std::size_t> NativeFile::Read(char* bytes, std::size_t size)
 {
-    std::string block(COPY_BLOCK_SIZE, '\0');
     for (;;)
     {
-        const ssize_t taken = ::read(source, block.data(), block.size());
-        if (taken < 0 && errno == EINTR)
+        const ssize_t taken = ::read(handle_, bytes, size);
+        if (taken >= 0)
         {
-            continue;
+            return static_cast<std::size_t>(taken);
         }
-        if (taken <= 0)
+        if (errno != EINTR)
         {
-            return taken == 0;
-        }
-        if (!WriteAll(target, block.data(), static_cast<std::size_t>(taken)))
-        {
-            return false;
+            return std::nullopt;
         }
     }
 }
 
-/// Sets room aside for a whole file where the file system can, so that a full disk is found before anything is lost.
-bool ReserveRoom(int target, const struct stat& standing, off_t size)
+bool NativeFile::Rewind()
 {
-    if (size == 0 || ::fallocate(target, FALLOC_FL_KEEP_SIZE, 0, size) == 0 ||
-        (errno != ENOSPC && errno != EDQUOT && errno != EFBIG))
-    {
-        return true;
-    }
-    // Gives back what was found before the room ran out.
-    (void)!::ftruncate(target, standing.st_size);
-    return false;
+    return ::lseek(handle_, 0, SEEK_SET) == 0;
 }
 
-/// Writes one open file over another.
-bool CopyOver(int source, int target)
+std::uint64_t NativeFile::Length() const
 {
-    struct stat from
-    {};
-    struct stat to
-    {};
-    if (::fstat(source, &from) != 0 || ::fstat(target, &to) != 0)
-    {
-        return false;
-    }
-    if (!S_ISREG(to.st_mode))
-    {
-        return CopyContent(source, target);
-    }
-    return ReserveRoom(target, to, from.st_size) && CopyContent(source, target) &&
-           ::ftruncate(target, from.st_size) == 0;
+    return static_cast<std::uint64_t>(StatusOf(*this).st_size);
 }
 
-mode_t ModeOfNewFile()
+bool NativeFile::Shorten(std::uint64_t length)
 {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return NEW_FILE_MODE & ~mask;
+    return ::ftruncate(handle_, static_cast<off_t>(length)) == 0;
 }
 
-} // namespace
+bool NativeFile::Sync()
+{
+    return ::fsync(handle_) == 0;
+}
+
+bool NativeFile::Deliver()
+{
+    // What is told at closing is told for each of a file's descriptors.
+    return NativeFile(::dup(handle_)).Close();
+}
+
+bool NativeFile::Close()
+{
+    const int closing = std::exchange(handle_, NONE);
+    return closing < 0 || ::close(closing) == 0;
+}
 
 bool PathExists(const std::wstring& path)
 {
@@ -136,27 +241,26 @@ bool PathExists(const std::wstring& path)
     return ::stat(Utf8FromWide(path).c_str(), &status) == 0;
 }
 
-std::vector<std::wstring> FileNames(const std::wstring& folder)
-{
-    std::vector<std::wstring> names;
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(Utf8FromWide(folder).c_str()), ::closedir);
-    while (const dirent* const entry = stream ? ::readdir(stream.get()) : nullptr)
-    {
-        names.push_back(WideFromUtf8(entry->d_name));
-    }
-    return names;
-}
-
 FileHandle OpenForReading(const std::wstring& path)
 {
-    return FileHandle(std::fopen(Utf8FromWide(path).c_str(), "rbe"));
+    NativeFile file = OpenStandingToRead(path);
+    if (!file)
+    {
+        return nullptr;
+    }
+    FileHandle stream(::fdopen(file.Get(), "rb"));
+    if (stream != nullptr)
+    {
+        file.Release();
+    }
+    return stream;
 }
 
 std::optional<std::size_t> FileLength(std::FILE* file)
 {
     struct stat status
     {};
-    if (::fstat(::fileno(file), &status) != 0 || !S_ISREG(status.st_mode))
+    if (::fstat(::fileno(file), &status) != 0)
     {
         return std::nullopt;
     }
@@ -178,25 +282,30 @@ std::optional<std::wstring> TemporaryFolder()
     return folder;
 }
 
-std::optional<std::wstring> CreateUniqueFile(const std::wstring& folder, const std::wstring& prefix)
+NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose purpose)
 {
-    std::string path = Utf8FromWide(folder + prefix + L"XXXXXX.tmp");
-    Descriptor file(::mkostemps(path.data(), 4, O_CLOEXEC));
-    if (!file)
+    const bool isTarget = purpose == WorkFile::Purpose::NewTarget;
+    const std::string start = Utf8FromWide(folder);
+    NewFile made{};
+    for (int tried = 0; tried < NAMES_TRIED && !made.file; ++tried)
     {
-        return std::nullopt;
+        const std::string path = start + RandomName();
+        made.file = NativeFile(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                      isTarget ? NEW_FILE_MODE : PRIVATE_FILE_MODE));
+        if (!made.file && errno != EEXIST)
+        {
+            break;
+        }
+        made.path = WideFromUtf8(path);
     }
-    return WideFromUtf8(path);
-}
-
-bool IsSameFile(const std::wstring& first, const std::wstring& second)
-{
-    struct stat one
-    {};
-    struct stat other
-    {};
-    return ::stat(Utf8FromWide(first).c_str(), &one) == 0 && ::stat(Utf8FromWide(second).c_str(), &other) == 0 &&
-           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+    if (made.file && isTarget)
+    {
+        // What the system leaves of the permissions, by the user's mask or by the folder's own list, is the target's
+        // in the end. Nobody who couldn't read the target then can read the empty file now.
+        made.permissions = StatusOf(made.file).st_mode & PERMISSION_BITS;
+        SetMode(made.file, PRIVATE_FILE_MODE);
+    }
+    return made;
 }
 
 bool RemoveFile(const std::wstring& path) noexcept
@@ -211,11 +320,10 @@ bool RemoveFile(const std::wstring& path) noexcept
     }
 }
 
-FileHandle OpenForWriting(const std::wstring& path)
+NativeFile OpenForWriting(const std::wstring& path)
 {
-    const int file =
-        ::open(Utf8FromWide(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, PRIVATE_FILE_MODE);
-    return FileHandle(file >= 0 ? ::fdopen(file, "wb") : nullptr);
+    return NativeFile(
+        ::open(Utf8FromWide(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, PRIVATE_FILE_MODE));
 }
 
 std::wstring FollowLinks(const std::wstring& path)
@@ -224,8 +332,21 @@ std::wstring FollowLinks(const std::wstring& path)
     {
         void operator()(char* memory) const { std::free(memory); }
     };
-    const std::unique_ptr<char, Free> resolved(::realpath(Utf8FromWide(path).c_str(), nullptr));
-    return resolved != nullptr ? WideFromUtf8(resolved.get()) : path;
+    std::string name = Utf8FromWide(path);
+    const std::unique_ptr<char, Free> resolved(::realpath(name.c_str(), nullptr));
+    if (resolved != nullptr)
+    {
+        return WideFromUtf8(resolved.get());
+    }
+    if (PathExists(path))
+    {
+        return path; // a link that the system alone can follow, such as that to an open pipe
+    }
+    for (int followed = 0; followed < LINKS_FOLLOWED; ++followed)
+    {
+        name = FollowLink(name);
+    }
+    return WideFromUtf8(name);
 }
 
 bool CanBeRenamedOver(const std::wstring& target)
@@ -234,37 +355,71 @@ bool CanBeRenamedOver(const std::wstring& target)
     struct stat status
     {};
     return ::stat(path.c_str(), &status) != 0 || (S_ISREG(status.st_mode) && status.st_nlink == 1 &&
-                                                  status.st_uid == ::geteuid() && ::access(path.c_str(), W_OK) == 0);
+                                                  ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
 }
 
-bool RenameOver(const std::wstring& work, const std::wstring& target)
+bool RenameOver(WorkFile& work, const std::wstring& target)
 {
-    const std::string from = Utf8FromWide(work);
     const std::string to = Utf8FromWide(target);
-    struct stat standing
-    {};
-    const mode_t mode = ::stat(to.c_str(), &standing) == 0 ? standing.st_mode & PERMISSION_BITS : ModeOfNewFile();
-    return ::chmod(from.c_str(), mode) == 0 && ::rename(from.c_str(), to.c_str()) == 0;
+    const std::string from = Utf8FromWide(work.Path());
+    // Both stand in one folder, which stays the same one whatever becomes of its name.
+    const NativeFile folder(::open(FolderOfPath(to).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const std::string name = NameOfPath(from);
+    if (!folder || !SetFinalPermissions(work, to) || !IsNameOf(folder.Get(), name, StatusOf(work.File())) ||
+        ::renameat(folder.Get(), name.c_str(), folder.Get(), NameOfPath(to).c_str()) != 0)
+    {
+        return false;
+    }
+    work.Keep();
+    return true;
 }
 
-bool CopyOver(const std::wstring& work, const std::wstring& target)
+Room ReserveRoom(NativeFile& file, std::uint64_t length)
 {
-    const Descriptor source(::open(Utf8FromWide(work).c_str(), O_RDONLY | O_CLOEXEC));
-    const std::string path = Utf8FromWide(target);
-    // Creating is asked for only where nothing stands: the system may refuse it in a shared folder for a file that may
-    // be written.
-    const bool isNew = ::access(path.c_str(), F_OK) != 0;
-    Descriptor out(::open(path.c_str(), O_WRONLY | O_CLOEXEC | (isNew ? O_CREAT | O_EXCL : 0), NEW_FILE_MODE));
-    const bool opened = static_cast<bool>(out);
-    if (source && opened && CopyOver(source.Get(), out.Get()) && out.Close())
+    if (length == 0)
     {
-        return true;
+        return Room::Certain;
     }
-    if (isNew && opened)
+    const std::uint64_t standing = file.Length();
+    if (::fallocate(file.Get(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(length)) == 0)
     {
-        ::unlink(path.c_str());
+        struct statfs volume
+        {};
+        const bool inPlace =
+            ::fstatfs(file.Get(), &volume) == 0 &&
+            std::find(WRITING_IN_PLACE.begin(), WRITING_IN_PLACE.end(), volume.f_type) != WRITING_IN_PLACE.end();
+        return inPlace ? Room::Certain : Room::Unknown;
     }
-    return false;
+    if (errno != ENOSPC && errno != EDQUOT && errno != EFBIG)
+    {
+        return Room::Unknown;
+    }
+    file.Shorten(standing);
+    return Room::None;
+}
+
+NativeFile OpenStanding(const std::wstring& path)
+{
+    const std::string name = Utf8FromWide(path);
+    NativeFile file = OpenWithoutWaiting(name, O_WRONLY);
+    // A device may be had through a link of the system's, such as that to the standard output.
+    return file && IsPlain(file) && !IsNameOf(AT_FDCWD, name, StatusOf(file)) ? NativeFile() : std::move(file);
+}
+
+NativeFile OpenStandingToRead(const std::wstring& path)
+{
+    NativeFile file = OpenWithoutWaiting(Utf8FromWide(path), O_RDONLY);
+    return file && IsPlain(file) ? std::move(file) : NativeFile();
+}
+
+bool IsPlain(const NativeFile& file)
+{
+    return S_ISREG(StatusOf(file).st_mode);
+}
+
+NativeFile OpenNew(const std::wstring& path)
+{
+    return NativeFile(::open(Utf8FromWide(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, NEW_FILE_MODE));
 }
 
 } // namespace jlandxml

@@ -2,6 +2,7 @@
 
 #include "base/FilesSystem.h"
 
+#include <algorithm>
 #include <array>
 
 #include <windows.h>
@@ -14,64 +15,129 @@ namespace jlandxml
 namespace
 {
 
+/// More than that the system isn't asked to read or write at once.
+constexpr std::size_t CALL_LIMIT = std::size_t{1} << 30;
+
+/// Whom a file belongs to and who may do what with it.
+constexpr SECURITY_INFORMATION SECURITY =
+    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+
+/// What of a file's attributes a file in its place keeps.
+constexpr DWORD KEPT_ATTRIBUTES = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
 /// The identity of an open file on its volume.
 std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::wstring& path)
 {
-    const HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-    {
-        return std::nullopt;
-    }
+    const NativeFile file(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     BY_HANDLE_FILE_INFORMATION information{};
-    const bool known = GetFileInformationByHandle(file, &information) != 0;
-    CloseHandle(file);
+    const bool known = file && GetFileInformationByHandle(file.Get(), &information) != 0;
     return known ? std::optional(information) : std::nullopt;
 }
 
-/// The length of a file in bytes; 0 if there is none.
-ULONGLONG LengthOf(const std::wstring& path)
+/// The security descriptor of a file as the system hands it out; empty if it tells none.
+std::string SecurityOf(const std::wstring& path)
 {
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
-    return ULONGLONG{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), SECURITY, nullptr, 0, &size);
+    std::string descriptor(size, '\0');
+    if (GetFileSecurityW(path.c_str(), SECURITY, descriptor.data(), size, &size) == 0)
+    {
+        return {};
+    }
+    return descriptor;
 }
 
-/// False if the target's volume is known to have no room for the work file, also with what stands there given up.
-bool HasRoom(const std::wstring& work, const std::wstring& target)
+/// Gives a file the owner, group and permissions of another one. A volume without any tells none of both.
+bool TakeOverSecurity(const std::wstring& path, const std::wstring& from)
 {
-    const std::wstring folder(FolderOf(target));
-    ULARGE_INTEGER available{};
-    return GetDiskFreeSpaceExW(folder.empty() ? nullptr : folder.c_str(), &available, nullptr, nullptr) == 0 ||
-           LengthOf(work) <= available.QuadPart + LengthOf(target);
+    std::string wanted = SecurityOf(from);
+    if (SecurityOf(path) != wanted && !wanted.empty())
+    {
+        SetFileSecurityW(path.c_str(), SECURITY, wanted.data());
+    }
+    return SecurityOf(path) == wanted;
+}
+
+bool TakeOverAttributes(const std::wstring& path, const std::wstring& from)
+{
+    const DWORD own = GetFileAttributesW(path.c_str());
+    const DWORD kept = GetFileAttributesW(from.c_str()) & KEPT_ATTRIBUTES;
+    return (own & KEPT_ATTRIBUTES) == kept || SetFileAttributesW(path.c_str(), (own & ~KEPT_ATTRIBUTES) | kept) != 0;
 }
 
 } // namespace
+
+bool NativeFile::WriteTo(Handle handle, std::string_view bytes) noexcept
+{
+    while (!bytes.empty())
+    {
+        const auto size = static_cast<DWORD>(std::min(bytes.size(), CALL_LIMIT));
+        DWORD written = 0;
+        if (WriteFile(handle, bytes.data(), size, &written, nullptr) == 0 || written == 0)
+        {
+            return false;
+        }
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+std::optional<std::size_t> NativeFile::Read(char* bytes, std::size_t size)
+{
+    DWORD taken = 0;
+    if (ReadFile(handle_, bytes, static_cast<DWORD>(std::min(size, CALL_LIMIT)), &taken, nullptr) == 0)
+    {
+        return std::nullopt;
+    }
+    return taken;
+}
+
+bool NativeFile::Rewind()
+{
+    return SetFilePointerEx(handle_, {}, nullptr, FILE_BEGIN) != 0;
+}
+
+std::uint64_t NativeFile::Length() const
+{
+    LARGE_INTEGER length{};
+    return GetFileSizeEx(handle_, &length) != 0 ? static_cast<std::uint64_t>(length.QuadPart) : 0;
+}
+
+bool NativeFile::Shorten(std::uint64_t length)
+{
+    LARGE_INTEGER end{};
+    end.QuadPart = static_cast<LONGLONG>(length);
+    return SetFilePointerEx(handle_, end, nullptr, FILE_BEGIN) != 0 && SetEndOfFile(handle_) != 0;
+}
+
+bool NativeFile::Sync()
+{
+    return FlushFileBuffers(handle_) != 0;
+}
+
+bool NativeFile::Deliver()
+{
+    return true; // the system tells of a failed write at once
+}
+
+bool NativeFile::Close()
+{
+    const HANDLE closing = std::exchange(handle_, NONE);
+    return closing == NONE || CloseHandle(closing) != 0;
+}
 
 bool PathExists(const std::wstring& path)
 {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-std::vector<std::wstring> FileNames(const std::wstring& folder)
-{
-    std::vector<std::wstring> names;
-    WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
-    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found) != 0)
-    {
-        names.emplace_back(found.cFileName);
-    }
-    if (search != INVALID_HANDLE_VALUE)
-    {
-        FindClose(search);
-    }
-    return names;
-}
-
 FileHandle OpenForReading(const std::wstring& path)
 {
-    return FileHandle(_wfopen(path.c_str(), L"rbN"));
+    FileHandle file(_wfopen(path.c_str(), L"rbN"));
+    const bool isPlain =
+        file && GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file.get())))) == FILE_TYPE_DISK;
+    return isPlain ? std::move(file) : nullptr;
 }
 
 std::optional<std::size_t> FileLength(std::FILE* file)
@@ -95,22 +161,23 @@ std::optional<std::wstring> TemporaryFolder()
     return std::wstring(buffer.data(), length);
 }
 
-std::optional<std::wstring> CreateUniqueFile(const std::wstring& folder, const std::wstring& prefix)
+NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose /*purpose*/)
 {
     std::array<wchar_t, MAX_PATH> buffer{};
-    if (GetTempFileNameW(folder.c_str(), prefix.c_str(), 0, buffer.data()) == 0)
+    if (GetTempFileNameW(folder.c_str(), WORK_FILE_PREFIX, 0, buffer.data()) == 0)
     {
-        return std::nullopt;
+        return {};
     }
-    return std::wstring(buffer.data());
-}
-
-bool IsSameFile(const std::wstring& first, const std::wstring& second)
-{
-    const auto one = IdentityOf(first);
-    const auto other = IdentityOf(second);
-    return one && other && one->dwVolumeSerialNumber == other->dwVolumeSerialNumber &&
-           one->nFileIndexHigh == other->nFileIndexHigh && one->nFileIndexLow == other->nFileIndexLow;
+    NewFile made{buffer.data(),
+                 NativeFile(CreateFileW(buffer.data(), GENERIC_READ | GENERIC_WRITE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),
+                 0};
+    if (!made.file)
+    {
+        RemoveFile(made.path);
+    }
+    return made;
 }
 
 bool RemoveFile(const std::wstring& path) noexcept
@@ -118,9 +185,10 @@ bool RemoveFile(const std::wstring& path) noexcept
     return DeleteFileW(path.c_str()) != 0;
 }
 
-FileHandle OpenForWriting(const std::wstring& path)
+NativeFile OpenForWriting(const std::wstring& path)
 {
-    return FileHandle(_wfopen(path.c_str(), L"wbN"));
+    return NativeFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 std::wstring FollowLinks(const std::wstring& path)
@@ -140,23 +208,53 @@ bool CanBeRenamedOver(const std::wstring& target)
            (!identity || identity->nNumberOfLinks == 1);
 }
 
-bool RenameOver(const std::wstring& work, const std::wstring& target)
+bool RenameOver(WorkFile& work, const std::wstring& target)
 {
-    return MoveFileExW(work.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+    // Content stays at hand for a target that takes no other name.
+    const bool keeps =
+        !PathExists(target) || (TakeOverSecurity(work.Path(), target) && TakeOverAttributes(work.Path(), target));
+    if (!keeps || MoveFileExW(work.Path().c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
+    {
+        return false;
+    }
+    work.File().Close();
+    work.Keep();
+    return true;
 }
 
-bool CopyOver(const std::wstring& work, const std::wstring& target)
+Room ReserveRoom(NativeFile& file, std::uint64_t length)
 {
-    const bool isNew = !PathExists(target);
-    if (HasRoom(work, target) && CopyFileW(work.c_str(), target.c_str(), FALSE) != 0)
-    {
-        return true;
-    }
-    if (isNew)
-    {
-        RemoveFile(target);
-    }
-    return false;
+    FILE_ALLOCATION_INFO room{};
+    // Less than the file's own length would cut it off.
+    room.AllocationSize.QuadPart = static_cast<LONGLONG>(std::max(length, file.Length()));
+    const bool isFull = SetFileInformationByHandle(file.Get(), FileAllocationInfo, &room, sizeof(room)) == 0 &&
+                        GetLastError() == ERROR_DISK_FULL;
+    // Volumes that compress or copy on write may need more than what was set aside.
+    return isFull ? Room::None : Room::Unknown;
+}
+
+NativeFile OpenStanding(const std::wstring& path)
+{
+    return NativeFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+NativeFile OpenStandingToRead(const std::wstring& path)
+{
+    NativeFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file && IsPlain(file) ? std::move(file) : NativeFile();
+}
+
+bool IsPlain(const NativeFile& file)
+{
+    return GetFileType(file.Get()) == FILE_TYPE_DISK;
+}
+
+NativeFile OpenNew(const std::wstring& path)
+{
+    return NativeFile(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 } // namespace jlandxml

@@ -8,14 +8,14 @@
 namespace jlandxml
 {
 
-/// What a stage says about a failure below it. A null text means that the stage doesn't take that kind of failure.
+/// What a stage says about a failure below it.
 struct StageTexts
 {
-    /// Label in front of the text of a CFileException; null: `failure` serves for it too.
+    /// Label in front of the text of a CFileException. Null: `failure` serves for it too.
     const wchar_t* fileFailure;
     /// Label in front of the text of any other CException.
     const wchar_t* failure;
-    /// The whole message for anything that is no CException; null: it passes through.
+    /// The whole message for anything that is no CException. Null: such a thing passes through as it is.
     const wchar_t* unknown;
 };
 
@@ -23,7 +23,9 @@ struct StageTexts
 inline constexpr StageTexts RUN_STAGE_TEXTS{L"File operation failed: %s", L"General exception occurred: %s",
                                             L"Unknown exception occurred while loading the CSV file."};
 
-/// Runs one stage: whatever `body` throws leaves as a `Stage` exception with the stage's own words in front.
+/// Runs one stage and gives the result of `body`. What it throws leaves as a `Stage` exception: a CException's text, as
+/// far as 1024 characters hold it, with the stage's label in front; anything else as the stage's text for the unknown,
+/// or as it is if there is none.
 template <class Stage, class Body>
 decltype(auto) RunStage(const StageTexts& texts, Body&& body)
 {

@@ -1,10 +1,13 @@
 #include "base/Streams.h"
 
+#include "base/NativeFile.h"
 #include "base/Text.h"
 
 #ifdef _WIN32
 #include <windows.h>
 #else
+#include "base/WriteSignals.h"
+
 #include <cstdio>
 #endif
 
@@ -26,8 +29,7 @@ void WriteTo(DWORD standardHandle, std::wstring_view text)
         WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
         return;
     }
-    const std::string bytes = Utf8FromWide(text);
-    WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    NativeFile::WriteTo(handle, Utf8FromWide(text));
 }
 
 } // namespace
@@ -47,11 +49,13 @@ void WriteStandardError(std::wstring_view text)
 namespace
 {
 
+/// What the host has in the stream's buffer goes first. The text itself doesn't go through the buffer: what can't be
+/// written there would be tried again, and raise its signal, when the host ends.
 void WriteTo(std::FILE* stream, std::wstring_view text)
 {
-    const std::string bytes = Utf8FromWide(text);
-    std::fwrite(bytes.data(), 1, bytes.size(), stream);
+    const WriteSignals signals;
     std::fflush(stream);
+    NativeFile::WriteTo(::fileno(stream), Utf8FromWide(text));
 }
 
 } // namespace

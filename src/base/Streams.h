@@ -6,7 +6,7 @@ namespace jlandxml
 {
 
 /// Writes text to standard output: UTF-8 with line feeds as they stand, or readable characters where a Windows console
-/// shows it. Nothing happens in a host that has no standard output.
+/// shows it. Nothing happens in a host that has no standard output, or one that nobody reads any more.
 void WriteStandardOutput(std::wstring_view text);
 
 /// The same for standard error.

@@ -8,14 +8,16 @@
 namespace jlandxml
 {
 
-/// What a conversion works on. One for the process, kept between calls of the module; a new call replaces its content.
+/// What a conversion works on. One for the process, made at first use and kept between calls of the module. A new call
+/// replaces the document and reads the model anew; of the call before only the rows of the surface output table stay,
+/// and the new ones follow them (see FViewSurfacesList).
 struct ConversionContext
 {
     WcXmDocument document;    ///< the parsed work file; edited in place, it becomes the finished file
     FViewLandXML model;       ///< what the dialog edits and the export writes
-    FViewLandXML loadedModel; ///< the model as it was loaded
-    bool fileWritten =
-        false; ///< whether the last run has put a finished file in its place; a batch user's exit status rests on it
+    FViewLandXML loadedModel; ///< the model as it was loaded, for who wants to compare; no step of a run reads it
+    /// Whether the last run has put a finished file in its place. A batch user's exit status rests on it.
+    bool fileWritten = false;
 };
 
 /// The one context, made at first use.

@@ -2,6 +2,7 @@
 
 #include "base/Exceptions.h"
 #include "base/Files.h"
+#include "base/WriteSignals.h"
 #include "run/ConversionContext.h"
 #include "run/FinishedText.h"
 #include "windows/Window.h"
@@ -14,36 +15,26 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* WORK_FILE_PREFIX = L"tsx";
 constexpr const wchar_t* NO_WORK_FILE = L"作業用ファイルへのアクセスに失敗しました。";
 constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20;
 
-/// A file in the temporary folder that goes with its scope, unless it is to stay behind.
-class WorkFile
-{
-  public:
-    explicit WorkFile(std::wstring path) : path_(std::move(path)) {}
-    WorkFile(const WorkFile&) = delete;
-    WorkFile& operator=(const WorkFile&) = delete;
-    ~WorkFile()
-    {
-        if (!path_.empty())
-        {
-            RemoveFile(path_);
-        }
-    }
-
-    const std::wstring& Path() const { return path_; }
-    void Keep() { path_.clear(); }
-
-  private:
-    std::wstring path_;
-};
-
-std::optional<std::wstring> CreateWorkFile()
+/// A file in the temporary folder that the tree is saved to by its name; nothing if there is no place for it.
+std::optional<WorkFile> MakeWorkFile()
 {
     const std::optional<std::wstring> folder = TemporaryFolder();
-    return folder ? CreateUniqueFile(*folder, WORK_FILE_PREFIX) : std::nullopt;
+    std::optional<WorkFile> work = folder ? WorkFile::Make(*folder) : std::nullopt;
+    if (work)
+    {
+        work->File().Close();
+    }
+    return work;
+}
+
+/// The parser may open and write the file by itself, and its writes raise no signal either.
+bool SaveTree(WcXmAppDocument* document, const std::wstring& path)
+{
+    const WriteSignals signals;
+    return document != nullptr && document->EnsureDeclaration() && document->SaveDocument(path);
 }
 
 bool Rewrite(const std::wstring& work, const std::wstring& target, GatherPlace place)
@@ -85,20 +76,18 @@ bool RewriteWhereThereIsRoom(const std::wstring& work, const std::wstring& targe
 
 bool FinishOutputFile(const std::wstring& targetPath, ConversionContext& context)
 {
-    std::optional<std::wstring> created = CreateWorkFile();
-    if (!created)
+    std::optional<WorkFile> work = MakeWorkFile();
+    if (!work)
     {
         GetWindowSystem().ShowMessage(NO_WORK_FILE, MessageIcon::Exclamation);
         return false;
     }
-    WorkFile work(*std::move(created));
-    WcXmAppDocument* const document = context.document.appDocument.get();
-    if (document == nullptr || !document->EnsureDeclaration() || !document->SaveDocument(work.Path()))
+    if (!SaveTree(context.document.appDocument.get(), work->Path()))
     {
-        work.Keep();
+        work->Keep();
         return false;
     }
-    return RewriteWhereThereIsRoom(work.Path(), targetPath);
+    return RewriteWhereThereIsRoom(work->Path(), targetPath);
 }
 
 } // namespace jlandxml

@@ -1,16 +1,25 @@
 #include "base/Files.h"
 
 #include "base/Exceptions.h"
+#include "support/FailingCalls.h"
+#include "support/FileSizeLimit.h"
 #include "support/MountedFolder.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
+#include <array>
 #include <gtest/gtest.h>
+#include <optional>
 
 #ifdef _WIN32
 #include <windows.h>
 #else
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #endif
 
@@ -39,15 +48,44 @@ TEST(Files, AFileThatOpensButCanNotBeReadIsAFailure)
     EXPECT_THROW(ReadWholeFile(*file), CFileException);
 }
 
-TEST(Files, PathsAreSplitAtTheLastSeparator)
+TEST(Files, AFileIsReadIntoMemoryOfTheCallers)
 {
-    EXPECT_EQ(FileNameOf(L"a/b/路線.xml"), L"路線.xml");
-    EXPECT_EQ(FolderOf(L"a/b/路線.xml"), L"a/b/");
-    EXPECT_EQ(FileNameOf(L"路線.xml"), L"路線.xml");
-    EXPECT_EQ(FolderOf(L"路線.xml"), L"");
-    EXPECT_EQ(FileNameOf(L"a/"), L"");
+    const TestFolder folder;
+    std::array<char, 8> memory{};
+    const auto taken = ReadWholeFile(folder.Write(L"a", "a\r\nb"), [&](std::size_t size) {
+        EXPECT_EQ(size, 4U);
+        return memory.data();
+    });
+    EXPECT_EQ(taken, 4U);
+    EXPECT_STREQ(memory.data(), "a\r\nb");
+    EXPECT_EQ(ReadWholeFile(folder.Name(L"missing"), [](std::size_t) -> char* { throw 1; }), std::nullopt);
+}
+
+TEST(Files, TheNamesOfAFolderAreToldWithoutItsOwn)
+{
+    const TestFolder folder;
+    folder.Write(L"路線.csv", "");
+    EXPECT_EQ(FileNames(folder.Name()), std::vector<std::wstring>{L"路線.csv"});
+    EXPECT_TRUE(FileNames(folder.Name(L"missing")).empty());
+    EXPECT_TRUE(FileNames(folder.Name(L"路線.csv")).empty());
+}
+
+TEST(Files, ADeviceCanNotBeOpened)
+{
 #ifdef _WIN32
-    EXPECT_EQ(FileNameOf(L"C:\\a\\路線.xml"), L"路線.xml");
+    EXPECT_EQ(ReadWholeFile(L"NUL"), std::nullopt);
+#else
+    EXPECT_EQ(ReadWholeFile(L"/dev/zero"), std::nullopt);
+#endif
+}
+
+TEST(Files, AFoldersNameEndsWithTheLastSeparator)
+{
+    EXPECT_EQ(FolderOf(L"a/b/路線.xml"), L"a/b/");
+    EXPECT_EQ(FolderOf(L"路線.xml"), L"");
+    EXPECT_EQ(FolderOf(L"a/"), L"a/");
+#ifdef _WIN32
+    EXPECT_EQ(FolderOf(L"C:\\a\\路線.xml"), L"C:\\a\\");
     EXPECT_EQ(FolderOf(L"C:路線.xml"), L"C:");
 #endif
 }
@@ -60,27 +98,34 @@ TEST(Files, FilesAndFoldersExist)
     EXPECT_FALSE(PathExists(folder.Name(L"b")));
 }
 
-TEST(Files, AUniqueFileIsNewEmptyAndPrefixed)
+TEST(Files, AWorkFileIsNewEmptyAndPrefixed)
 {
     const TestFolder folder;
     const std::wstring inside = folder.Name() + L"/";
-    const auto first = CreateUniqueFile(inside, L"tsx");
-    const auto second = CreateUniqueFile(inside, L"tsx");
+    const auto first = WorkFile::Make(inside);
+    const auto second = WorkFile::Make(inside);
     ASSERT_TRUE(first && second);
-    EXPECT_NE(*first, *second);
-    EXPECT_EQ(FileNameOf(*first).substr(0, 3), L"tsx");
-    EXPECT_EQ(ReadWholeFile(*first), "");
-    EXPECT_EQ(CreateUniqueFile(folder.Name(L"missing") + L"/", L"tsx"), std::nullopt);
+    EXPECT_NE(first->Path(), second->Path());
+    ASSERT_EQ(folder.Files().size(), 2U);
+    for (const std::wstring& name : folder.Files())
+    {
+        EXPECT_EQ(name.substr(0, 3), L"tsx");
+        EXPECT_EQ(folder.Read(name), "");
+    }
+    EXPECT_FALSE(WorkFile::Make(folder.Name(L"missing") + L"/"));
 }
 
-TEST(Files, SameFilesAreKnownByTheirIdentity)
+TEST(Files, AWorkFileGoesWithItsScopeUnlessItIsKept)
 {
     const TestFolder folder;
-    const std::wstring file = folder.Write(L"a", "");
-    EXPECT_TRUE(IsSameFile(file, folder.Name() + L"/./a"));
-    EXPECT_TRUE(IsSameFile(folder.Name(), folder.Name() + L"/"));
-    EXPECT_FALSE(IsSameFile(file, folder.Write(L"b", "")));
-    EXPECT_FALSE(IsSameFile(file, folder.Name(L"missing")));
+    const std::wstring inside = folder.Name() + L"/";
+    EXPECT_TRUE(WorkFile::Make(inside));
+    EXPECT_TRUE(folder.Files().empty());
+    {
+        std::optional<WorkFile> kept = WorkFile::Make(inside);
+        kept->Keep();
+    }
+    EXPECT_EQ(folder.Files().size(), 1U);
 }
 
 /// Replaces a target by some content.
@@ -191,6 +236,57 @@ TEST(Files, ATargetOfOtherNamesKeepsThem)
 
 #ifdef _WIN32
 
+/// Whom a file belongs to and who may do what with it.
+std::string SecurityOf(const std::wstring& path)
+{
+    constexpr SECURITY_INFORMATION ALL =
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), ALL, nullptr, 0, &size);
+    std::string descriptor(size, '\0');
+    EXPECT_NE(GetFileSecurityW(path.c_str(), ALL, descriptor.data(), size, &size), 0);
+    return descriptor;
+}
+
+TEST(Files, AReplacedFileKeepsItsPermissionsAndAttributes)
+{
+    const TestFolder folder;
+    const std::wstring target = folder.Write(L"target", "old");
+    const std::string usual = SecurityOf(target);
+    // Nobody but the owner of the process has the file.
+    std::string wanted = usual;
+    SECURITY_DESCRIPTOR nobody{};
+    ACL empty{};
+    InitializeAcl(&empty, sizeof(empty), ACL_REVISION);
+    InitializeSecurityDescriptor(&nobody, SECURITY_DESCRIPTOR_REVISION);
+    PSID owner = nullptr;
+    BOOL defaulted = FALSE;
+    ASSERT_NE(GetSecurityDescriptorOwner(wanted.data(), &owner, &defaulted), 0);
+    std::array<char, 256> memory{};
+    ACL* const list = reinterpret_cast<ACL*>(memory.data());
+    ASSERT_NE(InitializeAcl(list, static_cast<DWORD>(memory.size()), ACL_REVISION), 0);
+    ASSERT_NE(AddAccessAllowedAce(list, ACL_REVISION, FILE_ALL_ACCESS, owner), 0);
+    ASSERT_NE(SetSecurityDescriptorDacl(&nobody, TRUE, list, FALSE), 0);
+    ASSERT_NE(SetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, &nobody), 0);
+    ASSERT_NE(SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_HIDDEN), 0);
+    wanted = SecurityOf(target);
+    EXPECT_NE(wanted, usual);
+    EXPECT_TRUE(Replace(target, "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(SecurityOf(target), wanted);
+    EXPECT_NE(GetFileAttributesW(target.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, APipeCanNotBeOpened)
+{
+    constexpr const wchar_t* NAME = L"\\\\.\\pipe\\jlandxml-test";
+    const HANDLE pipe = CreateNamedPipeW(NAME, PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 0, 0, 0, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(ReadWholeFile(NAME), std::nullopt);
+    CloseHandle(pipe);
+}
+
 TEST(Files, ATargetThatIsOpenForReadingAndWritingIsCopiedOver)
 {
     const TestFolder folder;
@@ -216,8 +312,8 @@ mode_t ModeOf(const std::filesystem::path& path)
 TEST(Files, WorkFilesArePrivateToTheUser)
 {
     const TestFolder folder;
-    const auto unique = CreateUniqueFile(folder.Name() + L"/", L"tsx");
-    EXPECT_EQ(ModeOf(*unique), 0600U);
+    const auto unique = WorkFile::Make(folder.Name() + L"/");
+    EXPECT_EQ(ModeOf(NativePath(unique->Path())), 0600U);
     const OutputFile made(folder.Name(L"made"));
     EXPECT_EQ(ModeOf(folder.Path() / "made"), 0600U);
 }
@@ -258,6 +354,352 @@ TEST(Files, ANewFileHasTheModeThatTheUsersMaskLeaves)
     EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
     ::umask(former);
     EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
+}
+
+TEST(Files, TheUsersMaskIsNeverTouched)
+{
+    const TestFolder folder;
+    const int before = UserMaskCalls();
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "newer"));
+    EXPECT_EQ(UserMaskCalls(), before);
+}
+
+TEST(Files, OpeningAPipeNeverWaits)
+{
+    const TestFolder folder;
+    const std::wstring pipe = folder.Name(L"pipe");
+    ASSERT_EQ(::mkfifo(NativePath(pipe).c_str(), 0600), 0);
+    EXPECT_EQ(OpenForReading(pipe), nullptr);
+    EXPECT_EQ(ReadWholeFile(pipe), std::nullopt);
+    // Nobody reads it, so it takes nothing.
+    EXPECT_FALSE(Replace(pipe, "new"));
+    EXPECT_TRUE(std::filesystem::is_fifo(NativePath(pipe)));
+}
+
+TEST(Files, APipeThatSomebodyReadsIsWrittenTo)
+{
+    const TestFolder folder;
+    const std::wstring pipe = folder.Name(L"pipe");
+    ASSERT_EQ(::mkfifo(NativePath(pipe).c_str(), 0600), 0);
+    const NativeFile reader(::open(NativePath(pipe).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    EXPECT_TRUE(Replace(pipe, "new"));
+    std::array<char, 8> taken{};
+    EXPECT_EQ(::read(reader.Get(), taken.data(), taken.size()), 3);
+    EXPECT_STREQ(taken.data(), "new");
+}
+
+constexpr const char* ACCESS_LIST = "system.posix_acl_access";
+constexpr const char* DEFAULT_LIST = "system.posix_acl_default";
+constexpr unsigned short READ = 4;
+constexpr unsigned short READ_AND_WRITE = 6;
+
+/// An access control list as the system takes it: the owner, one more user, the group, the mask and the others.
+std::string AccessListWithAnotherUser()
+{
+    constexpr unsigned int NOBODY = 0xFFFFFFFF;
+    constexpr unsigned int OTHER_USER = 12345;
+    std::string list;
+    const auto add = [&](auto number) { list.append(reinterpret_cast<const char*>(&number), sizeof(number)); };
+    const auto addEntry = [&](unsigned short tag, unsigned short permissions, unsigned int who) {
+        add(tag);
+        add(permissions);
+        add(who);
+    };
+    add(2U);
+    addEntry(0x01, READ_AND_WRITE, NOBODY);
+    addEntry(0x02, READ_AND_WRITE, OTHER_USER);
+    addEntry(0x04, READ, NOBODY);
+    addEntry(0x10, READ_AND_WRITE, NOBODY);
+    addEntry(0x20, 0, NOBODY);
+    return list;
+}
+
+std::string AccessListOf(const std::filesystem::path& path)
+{
+    std::array<char, 256> list{};
+    const ssize_t size = ::getxattr(path.c_str(), ACCESS_LIST, list.data(), list.size());
+    return {list.data(), size > 0 ? static_cast<std::size_t>(size) : 0};
+}
+
+bool SetList(const std::filesystem::path& path, const char* kind)
+{
+    const std::string list = AccessListWithAnotherUser();
+    return ::setxattr(path.c_str(), kind, list.data(), list.size(), 0) == 0;
+}
+
+TEST(Files, AReplacedFileKeepsItsAccessControlList)
+{
+    const TestFolder folder;
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    if (!SetList(target, ACCESS_LIST))
+    {
+        GTEST_SKIP() << "the volume keeps no access control lists";
+    }
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(AccessListOf(target), AccessListWithAnotherUser());
+    EXPECT_EQ(ModeOf(target), 0660U);
+}
+
+TEST(Files, AReplacedFileWithoutAnAccessControlListGetsNoneFromItsFolder)
+{
+    const TestFolder folder;
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    ::chmod(target.c_str(), 0640);
+    if (!SetList(folder.Path(), DEFAULT_LIST))
+    {
+        GTEST_SKIP() << "the volume keeps no access control lists";
+    }
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(AccessListOf(target), "");
+    EXPECT_EQ(ModeOf(target), 0640U);
+}
+
+TEST(Files, ANewFileHasTheAccessControlListOfItsFolder)
+{
+    const TestFolder folder;
+    if (!SetList(folder.Path(), DEFAULT_LIST))
+    {
+        GTEST_SKIP() << "the volume keeps no access control lists";
+    }
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    folder.Write(L"other", "made as any program makes one");
+    EXPECT_NE(AccessListOf(folder.Path() / "target"), "");
+    EXPECT_EQ(AccessListOf(folder.Path() / "target"), AccessListOf(folder.Path() / "other"));
+    EXPECT_EQ(ModeOf(folder.Path() / "target"), ModeOf(folder.Path() / "other"));
+}
+
+TEST(Files, ALinkWhoseTargetDoesNotExistYetStaysALink)
+{
+    const TestFolder folder;
+    std::filesystem::create_directory(folder.Path() / "deliveries");
+    std::filesystem::create_symlink("second", folder.Path() / "first");
+    std::filesystem::create_symlink(folder.Path() / "deliveries" / "target", folder.Path() / "second");
+    EXPECT_TRUE(Replace(folder.Name(L"first"), "new"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "first"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "second"));
+    EXPECT_EQ(folder.Read(L"deliveries/target"), "new");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path() / "deliveries"), {}), 1);
+}
+
+TEST(Files, ALinkThatLeadsNowhereStays)
+{
+    const TestFolder folder;
+    std::filesystem::create_symlink("ring", folder.Path() / "ring");
+    std::filesystem::create_symlink("missing/target", folder.Path() / "lost");
+    EXPECT_FALSE(Replace(folder.Name(L"ring"), "new"));
+    EXPECT_FALSE(Replace(folder.Name(L"lost"), "new"));
+    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"lost", L"ring"}));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "ring"));
+}
+
+ino_t IdentityOf(const std::filesystem::path& path)
+{
+    struct stat status
+    {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_ino;
+}
+
+TEST(Files, ContentGatheredInTheTemporaryFolderTakesTheTargetsNameAllTheSame)
+{
+    const TestFolder folder;
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    // What is open keeps its identity from being given anew.
+    const NativeFile open(::open(target.c_str(), O_RDONLY | O_CLOEXEC));
+    const ino_t former = IdentityOf(target);
+    ReplacementFile file(folder.Name(L"target"), GatherPlace::TemporaryFolder);
+    file.Write("new");
+    EXPECT_TRUE(file.Commit());
+    EXPECT_NE(IdentityOf(target), former);
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+/// A target that no other file can take the name of, since it has one more itself.
+class TargetOfTwoNames : public testing::Test
+{
+  protected:
+    TargetOfTwoNames() : inUse_(temporary.Path())
+    {
+        folder.Write(L"target", OLD);
+        std::filesystem::create_hard_link(folder.Path() / "target", folder.Path() / "other");
+        replacement_.emplace(folder.Name(L"target"));
+        replacement_->Write(std::string(3000000, 'n'));
+    }
+
+    bool Commit()
+    {
+        const bool taken = replacement_->Commit();
+        replacement_.reset();
+        return taken;
+    }
+
+    const std::string OLD = std::string(2000000, 'o');
+    TestFolder folder;
+    TestFolder temporary;
+
+  private:
+    TemporaryFolderOverride inUse_;
+    std::optional<ReplacementFile> replacement_;
+};
+
+TEST_F(TargetOfTwoNames, IsWrittenOver)
+{
+    EXPECT_TRUE(Commit());
+    EXPECT_TRUE(folder.Read(L"other") == std::string(3000000, 'n'));
+    EXPECT_TRUE(temporary.Files().empty());
+}
+
+struct FailureInPlace
+{
+    const char* name;
+    SystemCall call;
+    int error;
+    /// Calls before the one that fails; two and three megabytes are copied in blocks of one.
+    int allowed;
+};
+
+class TargetOfTwoNamesFailure : public TargetOfTwoNames, public testing::WithParamInterface<FailureInPlace>
+{};
+
+TEST_P(TargetOfTwoNamesFailure, PutsTheOldContentBack)
+{
+    bool taken = true;
+    {
+        FailingCalls failing(GetParam().call, GetParam().error, GetParam().allowed);
+        failing.Times(1);
+        taken = Commit();
+    }
+    EXPECT_FALSE(taken);
+    EXPECT_TRUE(folder.Read(L"target") == OLD);
+    EXPECT_TRUE(folder.Read(L"other") == OLD);
+    EXPECT_TRUE(temporary.Files().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, TargetOfTwoNamesFailure,
+                         testing::Values(FailureInPlace{"AtTheFirstBlock", SystemCall::Write, ENOSPC, 2},
+                                         FailureInPlace{"AtTheLastBlock", SystemCall::Write, ENOSPC, 4},
+                                         FailureInPlace{"AtTheLength", SystemCall::Shorten, EIO, 0},
+                                         FailureInPlace{"AtTheVolume", SystemCall::Sync, EIO, 0},
+                                         FailureInPlace{"WithoutRoom", SystemCall::Reserve, ENOSPC, 0}),
+                         [](const auto& failure) { return failure.param.name; });
+
+TEST_F(TargetOfTwoNames, ThatCanNotBePutBackLeavesItsOldContentInTheTemporaryFolder)
+{
+    bool taken = true;
+    {
+        const FailingCalls failing(SystemCall::Write, EIO, 3);
+        taken = Commit();
+    }
+    EXPECT_FALSE(taken);
+    ASSERT_EQ(temporary.Files().size(), 1U);
+    EXPECT_TRUE(temporary.Read(temporary.Files().front()) == OLD);
+}
+
+TEST_F(TargetOfTwoNames, IsNotTouchedWhereNeitherItsContentNorTheRoomIsSafe)
+{
+    const TemporaryFolderOverride none(temporary.Path() / "missing");
+    {
+        const FailingCalls failing(SystemCall::Reserve, EOPNOTSUPP);
+        EXPECT_FALSE(Commit());
+    }
+    EXPECT_TRUE(folder.Read(L"target") == OLD);
+}
+
+TEST_F(TargetOfTwoNames, IsWrittenOverWhereTheRoomIsCertain)
+{
+    const MountedFolder mounted(folder.Path(), "size=8m");
+    if (!mounted)
+    {
+        GTEST_SKIP() << "mounting is refused";
+    }
+    folder.Write(L"target", OLD);
+    std::filesystem::create_hard_link(folder.Path() / "target", folder.Path() / "other");
+    const TemporaryFolderOverride none(temporary.Path() / "missing");
+    EXPECT_TRUE(Commit());
+    EXPECT_TRUE(folder.Read(L"other") == std::string(3000000, 'n'));
+}
+
+TEST(Files, ATargetThatTakesNoOtherFilesOwnerIsWrittenOver)
+{
+    const TestFolder folder;
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    if (::chown(target.c_str(), 12345, 12345) != 0)
+    {
+        GTEST_SKIP() << "only an administrator can give a file away";
+    }
+    const ino_t former = IdentityOf(target);
+    const FailingCalls failing(SystemCall::ChangeOwner, EPERM);
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    EXPECT_EQ(IdentityOf(target), former);
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, AVolumeWithoutPermissionsTakesNewFilesByName)
+{
+    const TestFolder folder;
+    const std::filesystem::path target = NativePath(folder.Write(L"target", "old"));
+    ::chmod(target.c_str(), 0600);
+    const ino_t former = IdentityOf(target);
+    const NativeFile open(::open(target.c_str(), O_RDONLY | O_CLOEXEC));
+    const FailingCalls failing(SystemCall::ChangeMode, EPERM);
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_NE(IdentityOf(target), former);
+    EXPECT_TRUE(Replace(folder.Name(L"made"), "new"));
+    EXPECT_EQ(folder.Read(L"made"), "new");
+}
+
+TEST(Files, AFolderThatLetsNoFileBeRenamedTakesANewOneWholeOrNotAtAll)
+{
+    const TestFolder folder;
+    const FailingCalls failing(SystemCall::Rename, EPERM);
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Read(L"target"), "new");
+    const FailingCalls full(SystemCall::Sync, ENOSPC);
+    EXPECT_FALSE(Replace(folder.Name(L"other"), "new"));
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, ContentThatIsLostOnItsWayToTheVolumeIsAFailure)
+{
+    const TestFolder folder;
+    ReplacementFile file(folder.Write(L"target", "old"));
+    file.Write("new");
+    {
+        FailingCalls failing(SystemCall::Close, EIO);
+        failing.Times(1);
+        EXPECT_THROW(file.Commit(), CFileException);
+    }
+    OutputFile other(folder.Name(L"other"));
+    {
+        FailingCalls failing(SystemCall::Close, EIO);
+        failing.Times(1);
+        EXPECT_THROW(other.Close(), CFileException);
+    }
+    EXPECT_EQ(folder.Read(L"target"), "old");
+}
+
+TEST(Files, AFileThatOutgrowsItsLimitIsAFailureAndNoSignal)
+{
+    const TestFolder folder;
+    EXPECT_EXIT(
+        {
+            const FileSizeLimit limit(10);
+            OutputFile file(folder.Name(L"a"));
+            try
+            {
+                file.Write(std::string(11, 'x'));
+            }
+            catch (const CFileException&)
+            {
+                std::_Exit(0);
+            }
+            std::_Exit(1);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST(Files, WhatIsNoPlainFileIsWrittenTo)
@@ -357,8 +799,8 @@ TEST(Files, TheTemporaryFolderEndsWithASeparator)
     const TemporaryFolderOverride temporary(folder.Path());
     const auto name = TemporaryFolder();
     ASSERT_TRUE(name);
-    EXPECT_TRUE(FileNameOf(*name).empty());
-    EXPECT_TRUE(IsSameFile(*name, folder.Name()));
+    EXPECT_EQ(FolderOf(*name), *name);
+    EXPECT_TRUE(std::filesystem::equivalent(NativePath(*name).parent_path(), folder.Path()));
 }
 
 } // namespace

@@ -2,12 +2,8 @@
 
 #include "run/LoadRun.h"
 #include "support/FailingAllocation.h"
+#include "support/FileSizeLimit.h"
 #include "support/RunFixture.h"
-
-#ifndef _WIN32
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 namespace jlandxml
 {
@@ -143,29 +139,6 @@ INSTANTIATE_TEST_SUITE_P(ExportRun, ExportFailure,
                                                            L"Unknown exception occurred while loading the CSV file."}));
 
 #ifndef _WIN32
-
-/// Lets no file of the process grow beyond a size, as a full disk does.
-class FileSizeLimit
-{
-  public:
-    explicit FileSizeLimit(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit limit{size, former_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-  private:
-    rlimit former_{};
-    void (*handler_)(int);
-};
 
 TEST_F(ExportRunTest, AFullDiskIsReportedWithTheRunsWordsAndTheTargetStays)
 {

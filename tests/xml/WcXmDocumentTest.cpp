@@ -247,9 +247,9 @@ TEST_F(WcXmDocumentFiles, AFileThatDoesNotExistYetIsMade)
     {
         EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"" + std::string(encoding) + "\"?><a/>"));
         const std::string saved = Saved();
-        const std::wstring made = folder.Name(L"new " + WideFromUtf8(encoding));
-        EXPECT_TRUE(document.appDocument->SaveDocument(made));
-        EXPECT_EQ(folder.Read(std::wstring(FileNameOf(made))), saved);
+        const std::wstring made = L"new " + WideFromUtf8(encoding);
+        EXPECT_TRUE(document.appDocument->SaveDocument(folder.Name(made)));
+        EXPECT_EQ(folder.Read(made), saved);
     }
 }
 

@@ -1,0 +1,121 @@
+#include "base/Streams.h"
+
+#include "base/Text.h"
+
+#include <array>
+#include <gtest/gtest.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+#endif
+
+namespace jlandxml
+{
+namespace
+{
+
+#ifndef _WIN32
+
+/// Both ends of a pipe.
+struct Pipe
+{
+    Pipe() { EXPECT_EQ(::pipe(ends.data()), 0); }
+
+    std::array<int, 2> ends{};
+};
+
+/// What comes through a pipe of a host's own output and a trace line behind it.
+std::string OutputOfHost(const Pipe& pipe)
+{
+    ::dup2(pipe.ends[1], STDOUT_FILENO);
+    std::printf("host, ");
+    WriteStandardOutput(L"線形1\n");
+    std::string taken(64, '\0');
+    taken.resize(static_cast<std::size_t>(::read(pipe.ends[0], taken.data(), taken.size())));
+    return taken;
+}
+
+TEST(Streams, ATraceLineFollowsWhatTheHostHasWritten)
+{
+    const Pipe pipe;
+    EXPECT_EXIT(std::_Exit(OutputOfHost(pipe) == "host, 線形1\n" ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
+TEST(Streams, ATraceLineThatNobodyReadsRaisesNoSignalNeitherNowNorAtTheHostsEnd)
+{
+    const Pipe pipe;
+    EXPECT_EXIT(
+        {
+            std::signal(SIGPIPE, SIG_DFL);
+            ::close(pipe.ends[0]);
+            ::dup2(pipe.ends[1], STDOUT_FILENO);
+            WriteStandardOutput(L"線形1\n");
+            WriteStandardOutput(L"線形2\n");
+            sigset_t blocked;
+            ::pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+            std::exit(std::signal(SIGPIPE, SIG_DFL) == SIG_DFL && sigismember(&blocked, SIGPIPE) == 0 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST(Streams, ASignalThatWaitedAlreadyStillWaits)
+{
+    const Pipe pipe;
+    EXPECT_EXIT(
+        {
+            sigset_t waiting;
+            sigemptyset(&waiting);
+            sigaddset(&waiting, SIGPIPE);
+            ::pthread_sigmask(SIG_BLOCK, &waiting, nullptr);
+            std::raise(SIGPIPE);
+            ::close(pipe.ends[0]);
+            ::dup2(pipe.ends[1], STDOUT_FILENO);
+            WriteStandardOutput(L"線形1\n");
+            ::sigpending(&waiting);
+            std::_Exit(sigismember(&waiting, SIGPIPE) == 1 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST(Streams, AHostWithoutAStandardOutputGoesOn)
+{
+    EXPECT_EXIT(
+        {
+            ::close(STDOUT_FILENO);
+            WriteStandardOutput(L"線形1\n");
+            std::_Exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+#else
+
+TEST(Streams, ATraceLineIsUtf8WithItsLineFeed)
+{
+    HANDLE reader = nullptr;
+    HANDLE writer = nullptr;
+    ASSERT_NE(CreatePipe(&reader, &writer, nullptr, 0), 0);
+    const HANDLE former = GetStdHandle(STD_OUTPUT_HANDLE);
+    SetStdHandle(STD_OUTPUT_HANDLE, writer);
+    WriteStandardOutput(L"線形1\n");
+    std::array<char, 64> taken{};
+    DWORD size = 0;
+    EXPECT_NE(ReadFile(reader, taken.data(), static_cast<DWORD>(taken.size()), &size, nullptr), 0);
+    CloseHandle(reader);
+    WriteStandardOutput(L"nobody reads it\n");
+    SetStdHandle(STD_OUTPUT_HANDLE, nullptr);
+    WriteStandardOutput(L"there is none\n");
+    SetStdHandle(STD_OUTPUT_HANDLE, former);
+    CloseHandle(writer);
+    EXPECT_EQ(std::string_view(taken.data(), size), "線形1\n");
+}
+
+#endif
+
+} // namespace
+} // namespace jlandxml
