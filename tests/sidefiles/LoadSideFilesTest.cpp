@@ -12,6 +12,10 @@
 #include <limits>
 #include <typeindex>
 
+#ifdef __linux__
+#include <sys/fsuid.h>
+#endif
+
 namespace jlandxml
 {
 namespace
@@ -186,6 +190,50 @@ TEST_F(LoadSideFilesTest, OfManyRoutesOnlyThoseWithAFileCostAnything)
     EXPECT_EQ(Context().model.alignments.at(0).alignments.at(1).widthLeftValue.size(), 0U);
     EXPECT_EQ(GetCurrentRouteName(), L"");
 }
+
+TEST_F(LoadSideFilesTest, ThereIsNoRouteZero)
+{
+    folder.Write(L"intermediatePts_temp_0.csv", "n,R1\n");
+    EXPECT_EQ(CountRoutes(folder.Name()), 0);
+    for (const std::int32_t routes : {1, 2000})
+    {
+        Run(routes);
+        EXPECT_TRUE(Context().model.intermediatePoints.empty()) << routes;
+    }
+}
+
+#ifdef __linux__
+
+/// Does without an administrator's right to list every folder, in this thread alone.
+class OrdinaryUser
+{
+  public:
+    OrdinaryUser() : former_(::setfsuid(NOBODY)) {}
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    ~OrdinaryUser() { ::setfsuid(static_cast<uid_t>(former_)); }
+
+  private:
+    static constexpr uid_t NOBODY = 65534;
+    int former_;
+};
+
+TEST_F(LoadSideFilesTest, AFolderThatDoesNotTellItsNamesIsAskedForEachRoute)
+{
+    folder.Write(L"intermediatePts_temp_1.csv", "n,R1\n");
+    folder.Write(L"intermediatePts_temp_1500.csv", "n,R2\n");
+    Context().model.intermediatePoints.clear();
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0111));
+    {
+        const OrdinaryUser user;
+        EXPECT_TRUE(FileNames(folder.Name()).empty());
+        LoadSideFiles(folder.Name(), 1500);
+    }
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0700));
+    EXPECT_EQ(Context().model.intermediatePoints.size(), 2U);
+}
+
+#endif
 
 TEST_F(LoadSideFilesTest, OfAMissingFolderNoRouteCostsAnything)
 {

@@ -124,12 +124,20 @@ INSTANTIATE_TEST_SUITE_P(
                     SlopeStationCase{"BrokenInterval", L"30", 12.5, L"2+5.000000", L"30.000000"}),
     [](const auto& test) { return test.param.name; });
 
+TEST(SuperElevationStations, AnEquationAtTheToleranceBehindAStationIsNotInFrontOfIt)
+{
+    EXPECT_EQ(ToInternalStation(0.0, WithEquations({{GEOMETRY_TOLERANCE, 50.0}})), 0.0);
+    EXPECT_EQ(ToInternalStation(0.0, WithEquations({{GEOMETRY_TOLERANCE / 2, 50.0}})),
+              0.0 - (50.0 - GEOMETRY_TOLERANCE / 2));
+}
+
 TEST(SuperElevationStations, AreSortedWithSixDecimals)
 {
     EXPECT_EQ(SortStationTexts({L"300", L"100.0000004", L"x", L"", L"100.0000006", L"-5m", L"300"}),
               (Stations{L"-5.000000", L"100.000000", L"100.000001", L"300.000000", L"300.000000"}));
     EXPECT_EQ(SortStationTexts({L"nan", L"inf", L"1", L"nan", L"-inf"}),
               (Stations{L"-inf", L"1.000000", L"inf", L"nan", L"nan"}));
+    EXPECT_EQ(SortStationTexts({L"1", L"0", L"-0"}), (Stations{L"0.000000", L"-0.000000", L"1.000000"}));
     EXPECT_TRUE(SortStationTexts({}).empty());
 }
 
