@@ -39,6 +39,7 @@ TEST(Exceptions, TheErrorTextIsLimitedTo1024Characters)
 
 struct StageCase
 {
+    const char* name;
     void (*fails)();
     const wchar_t* message;
 };
@@ -61,12 +62,14 @@ TEST_P(RunStageFailure, LeavesWithTheWordsOfTheStage)
 
 INSTANTIATE_TEST_SUITE_P(
     Exceptions, RunStageFailure,
-    testing::Values(StageCase{[] { throw CFileException(L"x"); }, L"File operation failed: %s, x"},
-                    StageCase{[] { throw CInvalidArgException(L"x"); }, L"General exception occurred: %s, x"},
-                    StageCase{[] { throw CException(L"x"); }, L"General exception occurred: %s, x"},
-                    StageCase{[] { throw std::bad_alloc(); },
-                              L"Unknown exception occurred while loading the CSV file."},
-                    StageCase{[] { throw 1; }, L"Unknown exception occurred while loading the CSV file."}));
+    testing::Values(
+        StageCase{"AFile", [] { throw CFileException(L"x"); }, L"File operation failed: %s, x"},
+        StageCase{"AnArgument", [] { throw CInvalidArgException(L"x"); }, L"General exception occurred: %s, x"},
+        StageCase{"TheFramework", [] { throw CException(L"x"); }, L"General exception occurred: %s, x"},
+        StageCase{"TheMemory", [] { throw std::bad_alloc(); },
+                  L"Unknown exception occurred while loading the CSV file."},
+        StageCase{"SomethingElse", [] { throw 1; }, L"Unknown exception occurred while loading the CSV file."}),
+    [](const auto& row) { return row.param.name; });
 
 TEST(Exceptions, AStageWithoutWordsForTheUnknownLetsItPass)
 {

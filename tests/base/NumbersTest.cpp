@@ -1,5 +1,7 @@
 #include "base/Numbers.h"
 
+#include "support/RowName.h"
+
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -47,7 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
                     DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
                     DoubleCase{L"\x3000"
                                L"5",
-                               0.0, 0}));
+                               0.0, 0}),
+    [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });
 
 TEST(Numbers, NotANumberIsReadWithItsPayload)
 {
@@ -110,7 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
                     IntCase{L"", 0, 0}, IntCase{L"x", 0, 0}, IntCase{L"-", 0, 0},
                     IntCase{L"2147483647", 2147483647, 10}, IntCase{L"2147483648", 2147483647, 10},
                     IntCase{L"-2147483648", std::numeric_limits<std::int32_t>::min(), 11},
-                    IntCase{L"-99999999999999999999", std::numeric_limits<std::int32_t>::min(), 21}));
+                    IntCase{L"-99999999999999999999", std::numeric_limits<std::int32_t>::min(), 21}),
+    [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });
 
 struct FixedCase
 {
@@ -138,7 +142,8 @@ INSTANTIATE_TEST_SUITE_P(Numbers, FixedNumber,
                                          FixedCase{9.9999, 3, L"10.000"}, FixedCase{INFINITE, 3, L"inf"},
                                          FixedCase{-INFINITE, 3, L"-inf"},
                                          FixedCase{std::numeric_limits<double>::quiet_NaN(), 3, L"nan"},
-                                         FixedCase{-std::numeric_limits<double>::quiet_NaN(), 3, L"nan"}));
+                                         FixedCase{-std::numeric_limits<double>::quiet_NaN(), 3, L"nan"}),
+                         [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });
 
 TEST(Numbers, TheLargestDoublePrintsWhole)
 {

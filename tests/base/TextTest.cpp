@@ -51,6 +51,7 @@ TEST(Text, ReplaceAllDoesNotLookAtWhatItFormed)
 
 struct MalformedCase
 {
+    const char* name;
     const char* bytes;
     const wchar_t* text;
 };
@@ -65,14 +66,18 @@ TEST_P(MalformedUtf8, BecomesAReplacementCharacter)
     EXPECT_EQ(RepairUtf8(GetParam().bytes), Utf8FromWide(GetParam().text));
 }
 
-INSTANTIATE_TEST_SUITE_P(Text, MalformedUtf8,
-                         testing::Values(MalformedCase{"a\x80z", L"a\xFFFDz"},
-                                         MalformedCase{"\xC0\x80", L"\xFFFD\xFFFD"},
-                                         MalformedCase{"\xE3\x81", L"\xFFFD"}, MalformedCase{"\xE3\x81z", L"\xFFFDz"},
-                                         MalformedCase{"\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD"},
-                                         MalformedCase{"\xF4\x90\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD"},
-                                         MalformedCase{"\xF0\x9F\x98", L"\xFFFD"}, MalformedCase{"\xFF", L"\xFFFD"},
-                                         MalformedCase{"abcdefgh\xE0\x9F\x80", L"abcdefgh\xFFFD\xFFFD\xFFFD"}));
+INSTANTIATE_TEST_SUITE_P(
+    Text, MalformedUtf8,
+    testing::Values(MalformedCase{"AloneFollower", "a\x80z", L"a\xFFFDz"},
+                    MalformedCase{"Overlong", "\xC0\x80", L"\xFFFD\xFFFD"},
+                    MalformedCase{"CutOffAtTheEnd", "\xE3\x81", L"\xFFFD"},
+                    MalformedCase{"CutOffByAnother", "\xE3\x81z", L"\xFFFDz"},
+                    MalformedCase{"Surrogate", "\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD"},
+                    MalformedCase{"AboveTheLastCharacter", "\xF4\x90\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD"},
+                    MalformedCase{"CutOffOfFour", "\xF0\x9F\x98", L"\xFFFD"},
+                    MalformedCase{"NoBeginning", "\xFF", L"\xFFFD"},
+                    MalformedCase{"BehindPlainOnes", "abcdefgh\xE0\x9F\x80", L"abcdefgh\xFFFD\xFFFD\xFFFD"}),
+    [](const auto& row) { return row.param.name; });
 
 TEST(Text, Utf8RoundTripsEveryCharacter)
 {

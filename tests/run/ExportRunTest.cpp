@@ -79,6 +79,14 @@ TEST_F(ExportRunTest, AModelThatCanNotBeWrittenGivesNoFileAndNoMessage)
     EXPECT_TRUE(temporaryFolder.Files().empty());
 }
 
+TEST_F(ExportRunTest, ATargetThatTakesNoFileIsNoneWritten)
+{
+    LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>"));
+    ExportRun(folder.Name(L"missing") + L"/out.xml");
+    EXPECT_FALSE(Context().fileWritten);
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
 TEST_F(ExportRunTest, AnEmptyModelStillGivesAFile)
 {
     LoadRun(folder.Name(L"missing.xml"));
@@ -111,6 +119,7 @@ TEST_F(ExportRunTest, PointsAreNumberedAnewInTheModel)
 
 struct ExportFailureCase
 {
+    const char* name;
     void (*fail)();
     const wchar_t* message;
 };
@@ -133,10 +142,12 @@ TEST_P(ExportFailure, IsToldInTheWordsOfTheRun)
 }
 
 INSTANTIATE_TEST_SUITE_P(ExportRun, ExportFailure,
-                         testing::Values(ExportFailureCase{FailAsFile, L"File operation failed: %s, cause"},
-                                         ExportFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
-                                         ExportFailureCase{FailOtherwise,
-                                                           L"Unknown exception occurred while loading the CSV file."}));
+                         testing::Values(ExportFailureCase{"OfAFile", FailAsFile, L"File operation failed: %s, cause"},
+                                         ExportFailureCase{"OfTheFramework", FailAsFramework,
+                                                           L"General exception occurred: %s, cause"},
+                                         ExportFailureCase{"OfAnythingElse", FailOtherwise,
+                                                           L"Unknown exception occurred while loading the CSV file."}),
+                         [](const auto& row) { return row.param.name; });
 
 #ifndef _WIN32
 

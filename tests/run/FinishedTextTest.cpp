@@ -51,6 +51,13 @@ TEST(FinishedText, OnlyTheFirstLineLosesTheDeclarationsEnd)
     EXPECT_EQ(Finished("a" + end + "b" + end + "\nc" + end + "\n"), MARK + "a?>b?>\r\nc" + end + "\r\n");
 }
 
+TEST(FinishedText, ADeclarationThatComesLaterThanTheFirstLineStays)
+{
+    const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>";
+    EXPECT_EQ(Finished("\n" + declaration + "\n"), MARK + "\r\n" + declaration + "\r\n");
+    EXPECT_EQ(Finished("\n" + declaration + "\n", 1), MARK + "\r\n" + declaration + "\r\n");
+}
+
 TEST(FinishedText, EmptyNamespacesGoFromEveryLineTheFirstIncluded)
 {
     EXPECT_EQ(Finished("<a xmlns=\"\" b=\"\" xmlns=\"\"/>\n\t<c xmlns=\"\">\n"), MARK + "<a b=\"\"/>\r\n\t<c>\r\n");

@@ -3,6 +3,10 @@
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace jlandxml
 {
 namespace
@@ -52,8 +56,29 @@ TEST_F(LoadRunTest, ASecondLoadSeesOnlyItsOwnInput)
     EXPECT_EQ(Context().model.coordinateSystem.name, L"c");
 }
 
+TEST_F(LoadRunTest, WhatTheLastRunWroteIsForgotten)
+{
+    Context().fileWritten = true;
+    LoadRun(WorkFile("<LandXML/>"));
+    EXPECT_FALSE(Context().fileWritten);
+    Context().fileWritten = true;
+    LoadRun(folder.Name(L"missing.xml"));
+    EXPECT_FALSE(Context().fileWritten);
+}
+
+TEST_F(LoadRunTest, APipeInThePlaceOfTheWorkFileIsAMissingOne)
+{
+#ifndef _WIN32
+    ASSERT_EQ(::mkfifo((folder.Path() / "pipe").c_str(), 0600), 0);
+#endif
+    LoadRun(folder.Name(L"pipe"));
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"");
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
 struct LoadFailureCase
 {
+    const char* name;
     void (*fail)();
     const wchar_t* message;
 };
@@ -72,10 +97,12 @@ TEST_P(LoadFailure, IsToldInTheWordsOfTheRun)
 }
 
 INSTANTIATE_TEST_SUITE_P(LoadRun, LoadFailure,
-                         testing::Values(LoadFailureCase{FailAsFile, L"File operation failed: %s, cause"},
-                                         LoadFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
-                                         LoadFailureCase{FailOtherwise,
-                                                         L"Unknown exception occurred while loading the CSV file."}));
+                         testing::Values(LoadFailureCase{"OfAFile", FailAsFile, L"File operation failed: %s, cause"},
+                                         LoadFailureCase{"OfTheFramework", FailAsFramework,
+                                                         L"General exception occurred: %s, cause"},
+                                         LoadFailureCase{"OfAnythingElse", FailOtherwise,
+                                                         L"Unknown exception occurred while loading the CSV file."}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST_F(LoadRunTest, TheContextAndTheRouteNameAreOneForTheProcess)
 {

@@ -39,6 +39,16 @@ TEST_F(ExecuteQuorvaneTest, ARouteCountOfZeroOrLessReadsNoSideFile)
     EXPECT_EQ(std::count(windows.Records().begin(), windows.Records().end(), L"open J-LandXML出力設定"), 3);
 }
 
+TEST_F(ExecuteQuorvaneTest, AMalformedSideFileIsTheOneMessageAndNoDialogOpens)
+{
+    WorkFile("<LandXML/>");
+    folder.Write(L"intermediatePts_temp_1.csv", "one column only\n");
+    ExecuteQuorvane(folder.Name().c_str(), 1);
+    ASSERT_EQ(windows.Records().size(), 1U);
+    EXPECT_TRUE(windows.Records().front().starts_with(L"message General exception occurred: %s, "));
+    ASSERT_EQ(windows.Messages().size(), 1U);
+}
+
 TEST_F(ExecuteQuorvaneTest, NoFolderIsAnEmptyOne)
 {
     ExecuteQuorvane(nullptr, 0);
@@ -73,6 +83,7 @@ TEST_F(ExecuteQuorvaneTest, AMissingWorkFileIsNoFailure)
 
 struct RunFailureCase
 {
+    const char* name;
     void (*fail)();
     const wchar_t* message;
 };
@@ -103,10 +114,12 @@ TEST_P(RunFailure, OfTheLoadIsTheOneMessage)
 }
 
 INSTANTIATE_TEST_SUITE_P(ExecuteQuorvane, RunFailure,
-                         testing::Values(RunFailureCase{FailAsFile, L"File operation failed: %s, cause"},
-                                         RunFailureCase{FailAsFramework, L"General exception occurred: %s, cause"},
-                                         RunFailureCase{FailOtherwise,
-                                                        L"Unknown exception occurred while loading the CSV file."}));
+                         testing::Values(RunFailureCase{"OfAFile", FailAsFile, L"File operation failed: %s, cause"},
+                                         RunFailureCase{"OfTheFramework", FailAsFramework,
+                                                        L"General exception occurred: %s, cause"},
+                                         RunFailureCase{"OfAnythingElse", FailOtherwise,
+                                                        L"Unknown exception occurred while loading the CSV file."}),
+                         [](const auto& row) { return row.param.name; });
 
 class DialogDataFailure : public ExecuteQuorvaneTest, public testing::WithParamInterface<RunFailureCase>
 {
@@ -157,11 +170,13 @@ TEST_P(DialogDataFailure, IsTheOneMessageAndNoDialogOpens)
 constexpr const wchar_t* PROJECT_DATA_FAILED =
     L"LandXMLデータの設定に失敗しました。, プロジェクト情報のデータ設定でエラーが発生しました。, cause";
 
-INSTANTIATE_TEST_SUITE_P(
-    ExecuteQuorvane, DialogDataFailure,
-    testing::Values(RunFailureCase{FailAsFile, PROJECT_DATA_FAILED},
-                    RunFailureCase{FailAsFramework, PROJECT_DATA_FAILED},
-                    RunFailureCase{FailOtherwise, L"不明なエラーが発生しました。LandXMLデータの設定に失敗しました。"}));
+INSTANTIATE_TEST_SUITE_P(ExecuteQuorvane, DialogDataFailure,
+                         testing::Values(RunFailureCase{"OfAFile", FailAsFile, PROJECT_DATA_FAILED},
+                                         RunFailureCase{"OfTheFramework", FailAsFramework, PROJECT_DATA_FAILED},
+                                         RunFailureCase{
+                                             "OfAnythingElse", FailOtherwise,
+                                             L"不明なエラーが発生しました。LandXMLデータの設定に失敗しました。"}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST_F(ExecuteQuorvaneTest, ASecondCallSeesOnlyItsOwnInput)
 {
