@@ -1,5 +1,7 @@
 #include "dialog/DisplayXmlTables.h"
 
+#include "support/RowName.h"
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -113,7 +115,8 @@ INSTANTIATE_TEST_SUITE_P(
                         {L"地層境界面", L"SoilLayer"},
                         {L"その他", L"Other"}}},
         VocabularyCase{12, {{L"開放型", L"open"}, {L"閉合型", L"closed"}}}, VocabularyCase{13, {}},
-        VocabularyCase{-1, {}}));
+        VocabularyCase{-1, {}}),
+    [](const auto& row) { return TextName(L"At" + std::to_wstring(row.param.index)); });
 
 struct DatumCase
 {
@@ -145,7 +148,8 @@ INSTANTIATE_TEST_SUITE_P(DisplayXmlTables, VerticalDatum,
                                          DatumCase{5, L"O.P", L"-1.3000", L"O.P（淀川）"},
                                          DatumCase{6, L"A.P", L"-0.8333", L"A.P（吉野川）"},
                                          DatumCase{7, L"T.P.W", L"0.113", L"T.P.W（渡川）"},
-                                         DatumCase{8, L"B.S.L", L"84.371", L"B.S.L（琵琶湖）"}));
+                                         DatumCase{8, L"B.S.L", L"84.371", L"B.S.L（琵琶湖）"}),
+                         [](const auto& row) { return TextName(row.param.xml + std::wstring(row.param.differTP)); });
 
 TEST(DisplayXmlTables, OfTheTwoDatumsOfOneNameTheDifferenceDecides)
 {

@@ -89,7 +89,10 @@ TEST_P(DlgDataFailures, AStepOfApplyingIsNamed)
                         L"幅杭情報を更新中にエラーが発生しました。, cause"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheFramework, DlgDataFailures, testing::Values(FailAsFramework, FailAsFile));
+INSTANTIATE_TEST_SUITE_P(OfTheFramework, DlgDataFailures, testing::Values(FailAsFramework, FailAsFile),
+                         [](const auto& row) {
+                             return std::string(row.param == FailAsFile ? "AsFile" : "AsFramework");
+                         });
 
 class OtherDlgDataFailures : public RunTest
 {};

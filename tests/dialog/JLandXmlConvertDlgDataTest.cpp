@@ -1,6 +1,9 @@
 #include "dialog/JLandXmlConvertDlgData.h"
 
+#include "support/RowName.h"
 #include "support/RunFixture.h"
+
+#include <cmath>
 
 namespace jlandxml
 {
@@ -79,6 +82,22 @@ TEST_F(DlgDataTest, ZeroAndUnsetAreNoValues)
     EXPECT_FALSE(item.methodLocked);
 }
 
+TEST_F(DlgDataTest, AMagnitudeOfTheToleranceIsAValueAndTheNextSmallerOneIsNot)
+{
+    constexpr double TOLERANCE = 2.220446049250313e-08;
+    FViewAlignment& alignment = AddAlignment();
+    alignment.mainInterval = -TOLERANCE;
+    alignment.subInterval = TOLERANCE;
+    alignment.normalCrown = std::nextafter(TOLERANCE, 0.0);
+    const JLandXmlConvertDlgData data;
+    const DlgDataAlignment& item = *data.alignmentsList.at(0)->alignments.at(0);
+    EXPECT_EQ(item.mainInterval, L"-0.0000");
+    EXPECT_TRUE(item.mainIntervalLocked);
+    EXPECT_EQ(item.subInterval, L"0.0000");
+    EXPECT_TRUE(item.subIntervalLocked);
+    EXPECT_EQ(item.normalCrown, L"");
+}
+
 TEST_F(DlgDataTest, AClassificationOfTheInputDoesNotReachTheDialog)
 {
     FViewAlignments& route = Model().alignments.emplace_back();
@@ -125,7 +144,8 @@ INSTANTIATE_TEST_SUITE_P(DlgData, SurfaceKinds,
                                          KindCase{L"", L"ExistingGround", L""},
                                          KindCase{L"subbase", L"ExistingGround", L"subbase"},
                                          KindCase{L"a\nOther", L"Other", L"a\nOther"},
-                                         KindCase{L"a\r\nOther", L"Other", L"a"}));
+                                         KindCase{L"a\r\nOther", L"Other", L"a"}),
+                         [](const auto& row) { return TextName(row.param.loaded); });
 
 TEST_F(DlgDataTest, AKindThatStaysCostsTheModelTheSecondLine)
 {
@@ -272,7 +292,11 @@ TEST_P(AlignmentFlags, ThatNobodyTouchesAreAppliedAsTaken)
 }
 
 INSTANTIATE_TEST_SUITE_P(DlgData, AlignmentFlags,
-                         testing::Values(FlagCase{1, 0}, FlagCase{0, 1}, FlagCase{-1, 0}, FlagCase{0, -1}));
+                         testing::Values(FlagCase{1, 0}, FlagCase{0, 1}, FlagCase{-1, 0}, FlagCase{0, -1}),
+                         [](const auto& row) {
+                             return TextName(std::to_wstring(row.param.singleLaneRoad) + L" " +
+                                             std::to_wstring(row.param.useSlopeList));
+                         });
 
 TEST_F(DlgDataTest, NumbersThatNobodyTouchesAreAppliedAsShown)
 {
@@ -329,7 +353,8 @@ INSTANTIATE_TEST_SUITE_P(DlgData, Magnitudes,
                                          MagnitudeCase{L"2.220446049250313e-08", 2.220446049250313e-08, true},
                                          MagnitudeCase{L"-2.220446049250313e-08", -2.220446049250313e-08, true},
                                          MagnitudeCase{L"0.00000003", 0.00000003, true},
-                                         MagnitudeCase{L"-1.5", -1.5, true}));
+                                         MagnitudeCase{L"-1.5", -1.5, true}),
+                         BY_TEXT);
 
 TEST_F(DlgDataTest, EmptyTextsAreAppliedToo)
 {

@@ -47,6 +47,17 @@ void ThrowNumber()
     throw 5;
 }
 
+/// Names the row of a suite after what it throws.
+template <class Row>
+std::string ByThrower(const Row& row)
+{
+    constexpr std::pair<void (*)(), const char*> THROWERS[] = {
+        {ThrowFramework, "Framework"}, {ThrowFile, "File"}, {ThrowStandard, "Standard"}, {ThrowNumber, "Number"}};
+    const auto* const thrower = std::find_if(std::begin(THROWERS), std::end(THROWERS),
+                                             [&](const auto& one) { return one.first == row.param.fail; });
+    return thrower->second;
+}
+
 /// A failure that an allocation may throw, and that the stages take for one of the framework's.
 class AllocationFailure : public CException, public std::bad_alloc
 {
@@ -411,7 +422,8 @@ TEST_P(ConvertDlgFailures, OfTellingTheNodeTypeLeaveTheAreaEmpty)
 
 INSTANTIATE_TEST_SUITE_P(OfAnyKind, ConvertDlgFailures,
                          testing::Values(FailureCase{ThrowFramework, true}, FailureCase{ThrowFile, true},
-                                         FailureCase{ThrowStandard, false}, FailureCase{ThrowNumber, false}));
+                                         FailureCase{ThrowStandard, false}, FailureCase{ThrowNumber, false}),
+                         [](const auto& row) { return ByThrower(row); });
 
 /// What no stage below a handler takes is shown by the handler itself.
 struct HandlerCase
@@ -466,7 +478,8 @@ TEST_P(ConvertDlgHandlers, ShowAnyFailureOfTheTreeAndTheDialogGoesOn)
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgHandlers,
                          testing::Values(HandlerCase{ThrowFramework, CAUSE}, HandlerCase{ThrowStandard, CAUSE},
-                                         HandlerCase{ThrowNumber, L"不明な例外が発生しました。"}));
+                                         HandlerCase{ThrowNumber, L"不明な例外が発生しました。"}),
+                         [](const auto& row) { return ByThrower(row); });
 
 class ConvertDlgStrayAlignments : public ConvertDlgTest
 {

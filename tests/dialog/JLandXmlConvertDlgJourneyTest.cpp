@@ -316,7 +316,8 @@ TEST_P(ConvertDlgJourney, ShowsEverywhereWhatWasLeftThereAndCancelsWithoutATrace
     EXPECT_EQ(windows.Messages(), std::vector<ShownMessage>{});
 }
 
-INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgJourney, testing::Range(1U, 61U));
+INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgJourney, testing::Range(1U, 61U),
+                         [](const auto& row) { return "Seed" + std::to_string(row.param); });
 
 } // namespace
 } // namespace jlandxml

@@ -2,6 +2,7 @@
 
 #include "run/LoadRun.h"
 #include "support/ConvertDlgFixture.h"
+#include "support/RowName.h"
 
 #include <algorithm>
 #include <set>
@@ -140,7 +141,8 @@ INSTANTIATE_TEST_SUITE_P(
                     ListCase{1025, VocabularyIndex::RiverClassification}, ListCase{1030, VocabularyIndex::RiverSide},
                     ListCase{1040, VocabularyIndex::CalculationMethod}, ListCase{1045, VocabularyIndex::LaneKind},
                     ListCase{1047, VocabularyIndex::SuperelevationDefinition},
-                    ListCase{1053, VocabularyIndex::SurfaceKind}, ListCase{1060, VocabularyIndex::ClosureType}));
+                    ListCase{1053, VocabularyIndex::SurfaceKind}, ListCase{1060, VocabularyIndex::ClosureType}),
+    [](const auto& row) { return "Control" + std::to_string(row.param.list); });
 
 TEST_F(ConvertDlgOpening, SortedListsStandInJapaneseOrder)
 {
@@ -204,7 +206,8 @@ TEST_P(ConvertDlgPhases, AreShownOrTheDefault)
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgPhases,
                          testing::Values(ShownCase{L"概略", L"概略"}, ShownCase{L"施工", L"施工"},
-                                         ShownCase{L"", L"詳細"}, ShownCase{L"詳細設計", L"詳細"}));
+                                         ShownCase{L"", L"詳細"}, ShownCase{L"詳細設計", L"詳細"}),
+                         [](const auto& row) { return TextName(row.param.value); });
 
 class ConvertDlgCriteria : public ConvertDlgTest, public testing::WithParamInterface<ShownCase>
 {};
@@ -219,7 +222,8 @@ INSTANTIATE_TEST_SUITE_P(
     ConvertDlg, ConvertDlgCriteria,
     testing::Values(ShownCase{L"MlitLandXmlVer.1.5", L"1.5"}, ShownCase{L"MlitLandXmlVer.1.6", L"1.6"},
                     ShownCase{L"MlitLandXmlVer.1.7", L"1.7"}, ShownCase{L"MlitLandXmlVer.1.4", L"1.6"},
-                    ShownCase{L"MlitLandXmlVer.1.3", L"1.6"}, ShownCase{L"1.7", L"1.6"}, ShownCase{L"", L"1.6"}));
+                    ShownCase{L"MlitLandXmlVer.1.3", L"1.6"}, ShownCase{L"1.7", L"1.6"}, ShownCase{L"", L"1.6"}),
+    [](const auto& row) { return TextName(row.param.value); });
 
 TEST_F(ConvertDlgOpening, AStrangeDatumOrSystemIsShownEmptyAndKept)
 {
@@ -258,20 +262,21 @@ TEST_P(ConvertDlgDatums, AreShownAndTakenBackWithTheDifferenceOfTheirEntry)
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgDatums,
-                         testing::Values(DatumCase{L"", L"", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                                         DatumCase{L"X.P", L"5", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                                         DatumCase{L"K.P", L"9.9", L"K.P（北上川）", L"K.P", L"-0.8745"},
-                                         DatumCase{L"S.P", L"", L"S.P（鳴瀬川）", L"S.P", L"-0.0873"},
-                                         DatumCase{L"Y.P", L"", L"Y.P（利根川）", L"Y.P", L"-0.8402"},
-                                         DatumCase{L"A.P", L"", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
-                                         DatumCase{L"A.P", L"-1.1344", L"A.P（荒川・中川・多摩川）", L"A.P",
-                                                   L"-1.1344"},
-                                         DatumCase{L"A.P", L"-0.8333", L"A.P（吉野川）", L"A.P", L"-0.8333"},
-                                         DatumCase{L"A.P", L"-1.0000", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                                         DatumCase{L"O.P", L"", L"O.P（淀川）", L"O.P", L"-1.3000"},
-                                         DatumCase{L"T.P.W", L"", L"T.P.W（渡川）", L"T.P.W", L"0.113"},
-                                         DatumCase{L"B.S.L", L"", L"B.S.L（琵琶湖）", L"B.S.L", L"84.371"}));
+INSTANTIATE_TEST_SUITE_P(
+    ConvertDlg, ConvertDlgDatums,
+    testing::Values(DatumCase{L"", L"", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    DatumCase{L"X.P", L"5", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    DatumCase{L"K.P", L"9.9", L"K.P（北上川）", L"K.P", L"-0.8745"},
+                    DatumCase{L"S.P", L"", L"S.P（鳴瀬川）", L"S.P", L"-0.0873"},
+                    DatumCase{L"Y.P", L"", L"Y.P（利根川）", L"Y.P", L"-0.8402"},
+                    DatumCase{L"A.P", L"", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
+                    DatumCase{L"A.P", L"-1.1344", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
+                    DatumCase{L"A.P", L"-0.8333", L"A.P（吉野川）", L"A.P", L"-0.8333"},
+                    DatumCase{L"A.P", L"-1.0000", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    DatumCase{L"O.P", L"", L"O.P（淀川）", L"O.P", L"-1.3000"},
+                    DatumCase{L"T.P.W", L"", L"T.P.W（渡川）", L"T.P.W", L"0.113"},
+                    DatumCase{L"B.S.L", L"", L"B.S.L（琵琶湖）", L"B.S.L", L"84.371"}),
+    [](const auto& row) { return TextName(row.param.datum + (L" " + std::wstring(row.param.differTP))); });
 
 TEST_F(ConvertDlgOpening, TheTreeShowsRoutesSurfaceSetsAndPointGroupsExpanded)
 {
@@ -965,8 +970,8 @@ TEST_P(ConvertDlgTyping, WithoutAFormerTextLeavesWhatStands)
 }
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgTyping,
-                         testing::Values(MAIN_INTERVAL_EDIT, SUB_INTERVAL_EDIT, NORMAL_CROWN_EDIT,
-                                         TRAFFIC_VOLUME_EDIT));
+                         testing::Values(MAIN_INTERVAL_EDIT, SUB_INTERVAL_EDIT, NORMAL_CROWN_EDIT, TRAFFIC_VOLUME_EDIT),
+                         [](const auto& row) { return "Control" + std::to_string(row.param); });
 
 TEST_F(ConvertDlgSelection, OtherEditsTakeAnyText)
 {

@@ -1,5 +1,7 @@
 #include "dialog/NumberInput.h"
 
+#include "support/RowName.h"
+
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
@@ -156,7 +158,8 @@ INSTANTIATE_TEST_SUITE_P(NumberInput, Input,
                                          InputCase{L"1.0123456789", true, true},
                                          InputCase{L"1.01234567891", false, false}, InputCase{L"-1", false, false},
                                          InputCase{L"1e3", false, false}, InputCase{L"１", false, false},
-                                         InputCase{L"1\n", false, false}));
+                                         InputCase{L"1\n", false, false}),
+                         BY_TEXT);
 
 TEST(NumberInput, ALongTextIsRefusedWithoutADeepStack)
 {
@@ -192,7 +195,8 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{L"1e3", L""}, NumberCase{L"0x10", L""}, NumberCase{L"1.", L""},
                     NumberCase{L"1.0123456789", L""},
                     NumberCase{L"1.01234567890", L"主測点間隔は小数第10位までの値を入力してください。"},
-                    NumberCase{L"1.5e0000000000", L"主測点間隔は小数第10位までの値を入力してください。"}));
+                    NumberCase{L"1.5e0000000000", L"主測点間隔は小数第10位までの値を入力してください。"}),
+    BY_TEXT);
 
 TEST(NumberInput, DecimalsAreCountedUpToTen)
 {

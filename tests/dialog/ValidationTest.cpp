@@ -1,5 +1,6 @@
 #include "dialog/JLandXmlConvertDlgData.h"
 #include "dialog/NumberInput.h"
+#include "support/RowName.h"
 #include "support/RunFixture.h"
 
 namespace jlandxml
@@ -63,6 +64,7 @@ TEST_F(ValidationTest, CompleteDataHaveNoFinding)
 
 struct FindingCase
 {
+    const wchar_t* rule;
     void (*change)(JLandXmlConvertDlgData& data);
     Messages messages;
 };
@@ -80,73 +82,106 @@ TEST_P(Finding, IsMadeByItself)
 INSTANTIATE_TEST_SUITE_P(
     Validation, Finding,
     testing::Values(
-        FindingCase{[](auto& data) { data.projectName.clear(); }, {L"プロジェクト名称が入力されていません。"}},
-        FindingCase{[](auto& data) { data.horizontalDatum.clear(); }, {L"測地原子が入力されていません。"}},
-        FindingCase{[](auto& data) { data.horizontalCoordinateSystemName.clear(); },
+        FindingCase{L"no project name",
+                    [](auto& data) { data.projectName.clear(); },
+                    {L"プロジェクト名称が入力されていません。"}},
+        FindingCase{L"no horizontal datum",
+                    [](auto& data) { data.horizontalDatum.clear(); },
+                    {L"測地原子が入力されていません。"}},
+        FindingCase{L"no coordinate system",
+                    [](auto& data) { data.horizontalCoordinateSystemName.clear(); },
                     {L"水平座標系が入力されていません。"}},
-        FindingCase{[](auto& data) {
+        FindingCase{L"the newest datum in an older version",
+                    [](auto& data) {
                         data.horizontalDatum = L"JGD2024";
                         data.applicationCriterion = L"MlitLandXmlVer.1.6";
                     },
                     {L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"}},
-        FindingCase{[](auto& data) { data.horizontalDatum = L"JGD2024"; },
+        FindingCase{L"the newest datum without a version",
+                    [](auto& data) { data.horizontalDatum = L"JGD2024"; },
                     {L"座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"}},
-        FindingCase{[](auto& data) {
+        FindingCase{L"the newest datum in the newest version",
+                    [](auto& data) {
                         data.horizontalDatum = L"JGD2024";
                         data.applicationCriterion = L"MlitLandXmlVer.1.7";
                     },
                     {}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->roadClassification.clear(); },
+        FindingCase{L"no road classification",
+                    [](auto& data) { data.alignmentsList[0]->roadClassification.clear(); },
                     {L"道路の規格・等級が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->designGmType.clear(); },
+        FindingCase{L"no kind of route",
+                    [](auto& data) { data.alignmentsList[0]->designGmType.clear(); },
                     {L"道路の規格・等級が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->designGmType = L"他"; },
+        FindingCase{L"an unknown kind of route",
+                    [](auto& data) { data.alignmentsList[0]->designGmType = L"他"; },
                     {L"河川の規格・等級が入力されていません。", L"左右岸区分が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume.clear(); },
+        FindingCase{L"no traffic volume",
+                    [](auto& data) { data.alignmentsList[0]->trafficVolume.clear(); },
                     {L"設計交通量が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"100 "; },
+        FindingCase{L"a blank behind the traffic volume",
+                    [](auto& data) { data.alignmentsList[0]->trafficVolume = L"100 "; },
                     {L"設計交通量は数値を入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"1e3"; }, {}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"0"; }, {}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999"; }, {}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999.1"; },
+        FindingCase{L"a traffic volume with an exponent",
+                    [](auto& data) { data.alignmentsList[0]->trafficVolume = L"1e3"; },
+                    {}},
+        FindingCase{L"no traffic at all", [](auto& data) { data.alignmentsList[0]->trafficVolume = L"0"; }, {}},
+        FindingCase{
+            L"the largest traffic volume", [](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999"; }, {}},
+        FindingCase{L"too large a traffic volume",
+                    [](auto& data) { data.alignmentsList[0]->trafficVolume = L"999999.1"; },
                     {L"設計交通量は0.0000から999999.0000の範囲内で入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->trafficVolume = L"-1"; },
+        FindingCase{L"a negative traffic volume",
+                    [](auto& data) { data.alignmentsList[0]->trafficVolume = L"-1"; },
                     {L"設計交通量は0.0000から999999.0000の範囲内で入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[1]->riverClassification.clear(); },
+        FindingCase{L"no river classification",
+                    [](auto& data) { data.alignmentsList[1]->riverClassification.clear(); },
                     {L"河川の規格・等級が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[1]->side.clear(); }, {L"左右岸区分が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval.clear(); },
+        FindingCase{L"no river side",
+                    [](auto& data) { data.alignmentsList[1]->side.clear(); },
+                    {L"左右岸区分が入力されていません。"}},
+        FindingCase{L"no main interval",
+                    [](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval.clear(); },
                     {L"主測点間隔が入力されていません。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"0"; },
+        FindingCase{L"a main interval of zero",
+                    [](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"0"; },
                     {L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"1.00000000000"; },
+        FindingCase{L"eleven decimals",
+                    [](auto& data) { data.alignmentsList[0]->alignments[0]->mainInterval = L"1.00000000000"; },
                     {L"主測点間隔は小数第10位までの値を入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->subInterval = L"x"; },
+        FindingCase{L"a sub interval that is no number",
+                    [](auto& data) { data.alignmentsList[0]->alignments[0]->subInterval = L"x"; },
                     {L"副測点間隔は数値を入力してください。"}},
-        FindingCase{[](auto& data) { data.alignmentsList[0]->alignments[0]->normalCrown.clear(); },
+        FindingCase{L"no cross fall",
+                    [](auto& data) { data.alignmentsList[0]->alignments[0]->normalCrown.clear(); },
                     {L"直線部横断勾配が入力されていません。"}},
-        FindingCase{[](auto& data) {
+        FindingCase{L"no cross fall beside a slope list",
+                    [](auto& data) {
                         data.alignmentsList[1]->alignments[0]->normalCrown.clear();
                         data.alignmentsList[1]->alignments[0]->useSlopeList = 1;
                     },
                     {}},
-        FindingCase{[](auto& data) {
+        FindingCase{L"no cross fall beside a negative flag",
+                    [](auto& data) {
                         data.alignmentsList[1]->alignments[0]->normalCrown.clear();
                         data.alignmentsList[1]->alignments[0]->useSlopeList = -1;
                     },
                     {}},
-        FindingCase{[](auto& data) {
+        FindingCase{L"a wrong cross fall beside a slope list",
+                    [](auto& data) {
                         data.alignmentsList[1]->alignments[0]->normalCrown = L"10000";
                         data.alignmentsList[1]->alignments[0]->useSlopeList = 1;
                     },
                     {L"直線部横断勾配は0.0010から9999.9990の範囲内で入力してください。"}},
-        FindingCase{[](auto& data) { data.cgPointsList.intermediate[0]->alignmentRefs.clear(); },
+        FindingCase{L"no reference of intermediate points",
+                    [](auto& data) { data.cgPointsList.intermediate[0]->alignmentRefs.clear(); },
                     {L"中間点の参照線形が入力されていません。"}},
-        FindingCase{[](auto& data) { data.cgPointsList.widthStakes[0]->alignmentRefs.clear(); },
+        FindingCase{L"no reference of width stakes",
+                    [](auto& data) { data.cgPointsList.widthStakes[0]->alignmentRefs.clear(); },
                     {L"幅杭の参照線形が入力されていません。"}},
-        FindingCase{[](auto& data) { data.cgPointsList.widthStakes[0]->desc.clear(); },
-                    {L"注記が入力されていません。"}}));
+        FindingCase{L"no note of width stakes",
+                    [](auto& data) { data.cgPointsList.widthStakes[0]->desc.clear(); },
+                    {L"注記が入力されていません。"}}),
+    BY_RULE);
 
 TEST_F(ValidationTest, AllFindingsAreMadeTogetherInOrder)
 {
@@ -271,6 +306,12 @@ TEST_P(NumberFields, HaveUpToTenDecimals)
     }
 }
 
+std::string NumberFieldName(const testing::TestParamInfo<NumberField>& row)
+{
+    constexpr const char* NAMES[] = {"TrafficVolume", "MainInterval", "SubInterval", "NormalCrown"};
+    return NAMES[row.index];
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Validation, NumberFields,
     testing::Values(
@@ -285,7 +326,8 @@ INSTANTIATE_TEST_SUITE_P(
                     L"は0.0010から9999.9990の範囲内で入力してください。"},
         NumberField{[](auto& data) -> std::wstring& { return data.alignmentsList[1]->alignments[0]->normalCrown; },
                     L"直線部横断勾配", true, L"0.0009999999", L"0.001", L"9999.999", L"9999.9990001",
-                    L"は0.0010から9999.9990の範囲内で入力してください。"}));
+                    L"は0.0010から9999.9990の範囲内で入力してください。"}),
+    NumberFieldName);
 
 struct Fault
 {
