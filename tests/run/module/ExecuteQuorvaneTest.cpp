@@ -81,6 +81,16 @@ TEST_F(ExecuteQuorvaneTest, AMissingWorkFileIsNoFailure)
     EXPECT_TRUE(windows.Messages().empty());
 }
 
+TEST_F(ExecuteQuorvaneTest, ABadRowOfASideFileIsTheOneMessageAndNoDialogOpens)
+{
+    WorkFile("<LandXML/>");
+    folder.Write(L"intermediatePts_temp_1.csv", "one column only\n");
+    ExecuteQuorvane(folder.Name().c_str(), 1);
+    ASSERT_EQ(windows.Messages().size(), 1U);
+    EXPECT_TRUE(windows.Messages()[0].text.starts_with(L"General exception occurred: %s, "));
+    EXPECT_EQ(windows.Records(), std::vector<std::wstring>{L"message " + windows.Messages()[0].text});
+}
+
 struct RunFailureCase
 {
     const char* name;
