@@ -3,6 +3,7 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "support/FailingAllocation.h"
+#include "support/RowName.h"
 #include "support/RunFixture.h"
 
 #include <nlohmann/json.hpp>
@@ -405,7 +406,8 @@ TEST_P(CommandLineExamples, PrintedWithoutSettingsLackOnlyWhatTheChecksAskFor)
     EXPECT_NE(Converted(Settings(printed.dump())), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, CommandLineExamples, testing::Values(L"road", L"river", L"two-routes"));
+INSTANTIATE_TEST_SUITE_P(Cli, CommandLineExamples, testing::Values(L"road", L"river", L"two-routes"),
+                         [](const auto& row) { return TextName(row.param); });
 
 } // namespace
 } // namespace jlandxml

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "support/RowName.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -155,7 +156,8 @@ TEST_P(SettingsTypes, AnyOtherThanTheOneWantedIsAnError)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, SettingsTypes, testing::ValuesIn(TYPED_KEYS));
+INSTANTIATE_TEST_SUITE_P(Cli, SettingsTypes, testing::ValuesIn(TYPED_KEYS),
+                         [](const auto& row) { return RowName(WideFromUtf8(row.param.path)); });
 
 TEST_F(SettingsFile, IsAnObject)
 {
@@ -216,7 +218,9 @@ TEST_P(SettingsUnknownKeys, AreErrorsThatListTheKnownOnes)
               GetParam().path + std::string(": 未知のキーです（使えるキー: ") + GetParam().known + "）");
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, SettingsUnknownKeys, testing::ValuesIn(UNKNOWN_KEYS));
+INSTANTIATE_TEST_SUITE_P(Cli, SettingsUnknownKeys, testing::ValuesIn(UNKNOWN_KEYS), [](const auto& row) {
+    return std::to_string(row.index) + RowName(WideFromUtf8(row.param.path));
+});
 
 TEST_F(SettingsFile, MayHoldCommentsOfAnyTypeAtEveryLevel)
 {

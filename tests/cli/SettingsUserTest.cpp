@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "dialog/JLandXmlConvertDlg.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
+#include "support/RowName.h"
 #include "support/RunFixture.h"
 
 #include <algorithm>
@@ -164,7 +165,9 @@ TEST_P(SettingsUserKeys, ReachTheirControl)
     EXPECT_EQ(Act(key.settings, [&](ScriptedDialog& dialog) { EXPECT_EQ(dialog.Text(key.control), key.shown); }), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, SettingsUserKeys, testing::ValuesIn(KEYS));
+INSTANTIATE_TEST_SUITE_P(Cli, SettingsUserKeys, testing::ValuesIn(KEYS), [](const auto& row) {
+    return std::to_string(row.index) + RowName(WideFromUtf8(row.param.settings));
+});
 
 TEST_F(SettingsUserTest, TheKindOfARouteClicksItsRadioAndOpensItsKeys)
 {
@@ -379,7 +382,9 @@ TEST_P(SettingsUserErrors, NameThePathAndWhatWouldBeRight)
     EXPECT_EQ(Act(GetParam().settings), GetParam().error);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, SettingsUserErrors, testing::ValuesIn(ERRORS));
+INSTANTIATE_TEST_SUITE_P(Cli, SettingsUserErrors, testing::ValuesIn(ERRORS), [](const auto& row) {
+    return std::to_string(row.index) + RowName(WideFromUtf8(row.param.settings));
+});
 
 TEST_F(SettingsUserTest, AListWithoutEntriesOffersNone)
 {
