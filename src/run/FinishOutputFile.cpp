@@ -79,7 +79,7 @@ bool FinishOutputFile(const std::wstring& targetPath, ConversionContext& context
     std::optional<WorkFile> work = MakeWorkFile();
     if (!work)
     {
-        GetWindowSystem().ShowMessage(NO_WORK_FILE, MessageIcon::Exclamation);
+        GetWindowSystem().ShowMessage(NO_WORK_FILE);
         return false;
     }
     if (!SaveTree(context.document.appDocument.get(), work->Path()))

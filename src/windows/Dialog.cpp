@@ -4,6 +4,7 @@
 #include "windows/Window.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace jlandxml
 {
@@ -34,11 +35,41 @@ const ControlTemplate* FindFirstFocus(const DialogTemplate& dialog, const std::f
 
 int DialogWindow::AddEntry(int list, const std::wstring& text, const wchar_t* data)
 {
-    const ControlTemplate* const control = FindControl(template_, list);
-    const bool sorted = control != nullptr && IsSorted(control->kind);
-    const int place = sorted ? SortedPlace(list, text) : EntryCount(list);
+    const int place = IsSorted(LayoutOf(list).kind) ? SortedPlace(list, text) : EntryCount(list);
     InsertEntry(list, place, text, data);
     return place;
+}
+
+void DialogWindow::AddEntries(int list, std::span<const std::wstring> texts)
+{
+    if (IsSorted(LayoutOf(list).kind) && EntryCount(list) == 0)
+    {
+        FillEntries(list, texts, PlacesInJapaneseOrder(texts));
+        return;
+    }
+    for (const std::wstring& text : texts)
+    {
+        AddEntry(list, text);
+    }
+}
+
+void DialogWindow::FillEntries(int list, std::span<const std::wstring> texts, std::span<const std::size_t> order)
+{
+    int place = 0;
+    for (const std::size_t text : order)
+    {
+        InsertEntry(list, place++, texts[text], nullptr);
+    }
+}
+
+const ControlTemplate& DialogWindow::LayoutOf(int number) const
+{
+    const ControlTemplate* const control = FindControl(template_, number);
+    if (control == nullptr)
+    {
+        throw std::out_of_range("no such control: " + std::to_string(number));
+    }
+    return *control;
 }
 
 int DialogWindow::FindEntry(int list, const std::wstring& text) const

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace jlandxml
@@ -44,7 +45,8 @@ class DialogEvents
 };
 
 /// The window of one dialog: the operations that the dialogs' logic needs, with controls named by their numbers. Each
-/// window layer derives its own. Every event reaches the dialog before the operation that causes it returns.
+/// window layer derives its own. Every event reaches the dialog before the operation that causes it returns. A number
+/// that the dialog doesn't have is a fault of the logic: every operation throws std::out_of_range for it.
 class DialogWindow
 {
   public:
@@ -94,19 +96,27 @@ class DialogWindow
     virtual void ExpandTreeItem(int tree, TreeItem item) = 0;
     virtual void EnsureTreeItemVisible(int tree, TreeItem item) = 0;
 
-    /// A message box with only an OK button over this window.
+    /// A message box with an exclamation icon and only an OK button over this window.
     virtual void ShowMessage(const std::wstring& text) = 0;
-    /// The path that the user chose, asked before an existing file is replaced; nothing if the user cancelled.
+    /// The path that the user chose, asked before an existing file is replaced; nothing if the user cancelled. Throws
+    /// CException if there is nothing to choose in.
     virtual std::optional<std::wstring> ChooseSaveFile(const SaveFileRequest& request) = 0;
 
     /// Adds an entry: at its place in a sorted list, behind those of the same text; at the end of any other. Returns
     /// its place.
     int AddEntry(int list, const std::wstring& text, const wchar_t* data = nullptr);
+    /// Adds entries without values behind them. The list is the same as after adding one by one, but where a sorted one
+    /// is empty it costs no more than sorting them.
+    void AddEntries(int list, std::span<const std::wstring> texts);
     /// The first entry with exactly this text; NO_ENTRY if there is none.
     int FindEntry(int list, const std::wstring& text) const;
 
   protected:
     virtual void InsertEntry(int list, int place, const std::wstring& text, const wchar_t* data) = 0;
+    /// Inserts texts into an empty list, in an order that is told by their places.
+    virtual void FillEntries(int list, std::span<const std::wstring> texts, std::span<const std::size_t> order);
+    /// The control of this number. Throws std::out_of_range if there is none.
+    const ControlTemplate& LayoutOf(int number) const;
 
   private:
     int SortedPlace(int list, const std::wstring& text) const;

@@ -31,6 +31,8 @@ class DialogHands
     virtual bool ChooseEntry(int list, int entry) = 0;
     /// Selects an item of a tree. The dialog hears of it if it wasn't selected.
     virtual bool ChooseTreeItem(int tree, TreeItem item) = 0;
+    /// Clicks an item of a tree with the mouse, where it is seen.
+    virtual bool ClickTreeItem(int tree, TreeItem item) = 0;
     /// Presses Enter: the default button.
     virtual bool PressEnter() = 0;
     virtual bool PressEscape() = 0;

@@ -8,13 +8,6 @@
 namespace jlandxml
 {
 
-/// The icon of a message box.
-enum class MessageIcon
-{
-    None,
-    Exclamation
-};
-
 /// What the module asks of a window system. The logic knows no toolkit: each layer (native windows, or the scripted one
 /// of tests and the command line) derives from this class.
 class WindowSystem
@@ -22,13 +15,18 @@ class WindowSystem
   public:
     virtual ~WindowSystem() = default;
 
-    /// Shows a text with only an OK button and returns when the user has closed it. The title is the dialog's caption.
-    virtual void ShowMessage(const std::wstring& text, MessageIcon icon) = 0;
+    /// Shows a text with an exclamation icon and only an OK button, and returns when the user has closed it. The title
+    /// is the dialog's caption.
+    virtual void ShowMessage(const std::wstring& text) = 0;
 
-    /// Makes the window of a dialog from its template, not shown yet. Without an owner it belongs to the host's active
-    /// window. The events and the owner must outlive it.
+    /// Makes the window of a dialog from its template, not shown yet. Without an owner it belongs to the root owner of
+    /// the host's active window. The events and the owner must outlive it.
     virtual std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
                                                            DialogWindow* owner) = 0;
+
+    /// Brings the window of the module that waits for the user to the front: a dialog, or what stands over it. Nothing
+    /// happens if there is none. May be called on any thread.
+    virtual void RaiseOpenWindow() = 0;
 };
 
 /// The title of every message box.

@@ -64,7 +64,7 @@ TEST_F(FinishOutputFileTest, WithoutATemporaryFolderTheUserIsTold)
     folder.Write(L"out.xml", "old");
     EXPECT_FALSE(FinishOutputFile(folder.Name(L"out.xml"), Context()));
     EXPECT_EQ(windows.Messages(),
-              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。", MessageIcon::Exclamation}}));
+              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
     EXPECT_EQ(folder.Read(L"out.xml"), "old");
 }
 
@@ -73,7 +73,7 @@ TEST_F(FinishOutputFileTest, ATemporaryFolderOfATooLongNameIsToldTheUser)
     const TemporaryFolderOverride tooLong(temporaryFolder.Path() / std::string(300, 'x'));
     EXPECT_FALSE(FinishOutputFile(folder.Name(L"out.xml"), Context()));
     EXPECT_EQ(windows.Messages(),
-              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。", MessageIcon::Exclamation}}));
+              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
     EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"Landxml_temp.xml"});
 }
 

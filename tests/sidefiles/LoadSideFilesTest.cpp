@@ -81,8 +81,7 @@ TEST_F(LoadSideFilesTest, ABrokenFileEndsTheRunWithOneMessage)
     Run(2);
     EXPECT_EQ(windows.Messages(),
               (std::vector<ShownMessage>{
-                  {L"General exception occurred: %s, 引数が正しくありません: 4列目（widening_temp_1.csv 3行目）",
-                   MessageIcon::None}}));
+                  {L"General exception occurred: %s, 引数が正しくありません: 4列目（widening_temp_1.csv 3行目）"}}));
     EXPECT_EQ(GetCurrentRouteName(), L"");
     EXPECT_EQ(Context().model.intermediatePoints.size(), 1U);
 }
@@ -92,10 +91,10 @@ TEST_F(LoadSideFilesTest, OfTwoBrokenFilesTheEarlierOneIsTold)
     folder.Write(L"widening_temp_1.csv", "t\nt\nLeft,1,2\n");
     folder.Write(L"intermediatePts_temp_1.csv", "n\n");
     Run(1);
-    EXPECT_EQ(windows.Messages(),
-              (std::vector<ShownMessage>{
-                  {L"General exception occurred: %s, 引数が正しくありません: 2列目（intermediatePts_temp_1.csv 1行目）",
-                   MessageIcon::None}}));
+    EXPECT_EQ(
+        windows.Messages(),
+        (std::vector<ShownMessage>{
+            {L"General exception occurred: %s, 引数が正しくありません: 2列目（intermediatePts_temp_1.csv 1行目）"}}));
 }
 
 TEST_F(LoadSideFilesTest, TheFilesOfARouteAreReadInOneOrder)

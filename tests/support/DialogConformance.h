@@ -1,8 +1,7 @@
 #pragma once
 
 #include "base/Collation.h"
-#include "windows/DialogHands.h"
-#include "windows/Window.h"
+#include "support/DialogLayer.h"
 
 #include <algorithm>
 #include <functional>
@@ -19,115 +18,6 @@
 
 namespace jlandxml
 {
-
-/// A window layer with a person in front of it.
-class DialogLayer
-{
-  public:
-    /// Works a window after it has opened. A window that is still open when it returns is cancelled.
-    using User = std::function<void(DialogWindow&, DialogHands&)>;
-
-    DialogLayer() = default;
-    DialogLayer(const DialogLayer&) = delete;
-    DialogLayer& operator=(const DialogLayer&) = delete;
-    virtual ~DialogLayer() = default;
-
-    virtual WindowSystem& Windows() = 0;
-    virtual void SetUser(User user) = 0;
-};
-
-/// Writes down the events of one window and acts on them. The data behind a tree's items are texts.
-class RecordedEvents final : public DialogEvents
-{
-  public:
-    using Lines = std::vector<std::wstring>;
-
-    void OnInitDialog() override
-    {
-        lines.emplace_back(L"init");
-        onInit(*window);
-    }
-
-    void OnClick(int control) override
-    {
-        lines.push_back(L"click " + std::to_wstring(control));
-        onClick(*window, control);
-    }
-
-    void OnTextChanged(int control) override
-    {
-        lines.push_back(L"text " + std::to_wstring(control) + L" " + window->Text(control));
-        onText(*window, control);
-    }
-
-    long OnTreeSelectionChanged(int control, TreeItem item) override
-    {
-        const auto* const data =
-            item == nullptr ? nullptr : static_cast<const wchar_t*>(window->TreeItemData(control, item));
-        lines.push_back(L"tree " + std::to_wstring(control) + L" " + (data == nullptr ? L"none" : data));
-        return treeResult;
-    }
-
-    /// What has happened since the last look.
-    Lines Taken() { return std::exchange(lines, {}); }
-
-    DialogWindow* window = nullptr;
-    std::function<void(DialogWindow&)> onInit = [](DialogWindow&) {};
-    std::function<void(DialogWindow&, int)> onClick = [](DialogWindow&, int) {};
-    std::function<void(DialogWindow&, int)> onText = [](DialogWindow&, int) {};
-    long treeResult = 0;
-    Lines lines;
-};
-
-namespace conformance
-{
-
-inline constexpr int CLOSE = 3;
-inline constexpr int EDIT = 10;
-inline constexpr int OTHER_EDIT = 11;
-inline constexpr int READ_ONLY = 12;
-inline constexpr int LIST = 13;
-inline constexpr int SORTED = 14;
-inline constexpr int BOX = 15;
-inline constexpr int FIRST = 16;
-inline constexpr int SECOND = 17;
-inline constexpr int THIRD = 18;
-inline constexpr int FIRST_OF_OTHERS = 19;
-inline constexpr int SECOND_OF_OTHERS = 20;
-inline constexpr int TREE = 21;
-inline constexpr int LABEL = 22;
-inline constexpr int GROUP = 23;
-
-inline constexpr ControlTemplate CONTROLS[] = {
-    {EDIT, ControlKind::Edit, L"", 7, 7, 60, 14},
-    {OTHER_EDIT, ControlKind::Edit, L"", 7, 23, 60, 14},
-    {READ_ONLY, ControlKind::ReadOnlyEdit, L"", 7, 39, 60, 14},
-    {LIST, ControlKind::List, L"", 7, 55, 60, 14, 120},
-    {SORTED, ControlKind::SortedList, L"", 7, 71, 60, 14, 120},
-    {BOX, ControlKind::SortedListBox, L"", 80, 7, 60, 60},
-    {FIRST, ControlKind::FirstRadio, L"一", 7, 90, 40, 10},
-    {SECOND, ControlKind::Radio, L"二", 50, 90, 40, 10},
-    {THIRD, ControlKind::Radio, L"三", 95, 90, 40, 10},
-    {FIRST_OF_OTHERS, ControlKind::FirstRadio, L"甲", 7, 105, 40, 10},
-    {SECOND_OF_OTHERS, ControlKind::Radio, L"乙", 50, 105, 40, 10},
-    {TREE, ControlKind::Tree, L"", 150, 7, 80, 80},
-    {LABEL, ControlKind::Label, L"名称", 150, 90, 40, 8},
-    {GROUP, ControlKind::Group, L"枠", 145, 88, 90, 30},
-    {CLOSE, ControlKind::Button, L"閉じる", 7, 130, 50, 14},
-    {ACCEPT_COMMAND, ControlKind::DefaultButton, L"OK", 64, 130, 50, 14},
-    {CANCEL_COMMAND, ControlKind::Button, L"キャンセル", 121, 130, 50, 14},
-};
-
-inline constexpr DialogTemplate TEMPLATE{7, L"試験", 240, 150, CONTROLS};
-
-/// A window with nothing but its default button.
-inline constexpr ControlTemplate SMALL_CONTROLS[] = {
-    {ACCEPT_COMMAND, ControlKind::DefaultButton, L"OK", 7, 7, 50, 14},
-};
-
-inline constexpr DialogTemplate SMALL_TEMPLATE{8, L"小さい試験", 64, 28, SMALL_CONTROLS};
-
-} // namespace conformance
 
 class DialogConformance : public testing::TestWithParam<std::unique_ptr<DialogLayer> (*)()>
 {
@@ -303,6 +193,54 @@ TEST_P(DialogConformance, OnlyWhatCanBeClickedIsClicked)
         EXPECT_FALSE(hands.Click(GROUP));
         EXPECT_FALSE(hands.Click(999));
         EXPECT_EQ(events.Taken(), Lines{});
+    });
+}
+
+TEST_P(DialogConformance, AControlThatTheDialogLacksIsAFaultOfTheLogic)
+{
+    Run([&](DialogWindow& window, DialogHands& hands) {
+        using namespace conformance;
+        constexpr int NONE = 999;
+        const TreeItem item = window.AddTreeItem(TREE, nullptr, L"i", nullptr);
+        events.Taken();
+        const std::pair<const char*, std::function<void()>> operations[] = {
+            {"Enable", [&] { window.Enable(NONE, true); }},
+            {"Show", [&] { window.Show(NONE, true); }},
+            {"SetText", [&] { window.SetText(NONE, L"a"); }},
+            {"Text", [&] { window.Text(NONE); }},
+            {"EntryCount", [&] { window.EntryCount(NONE); }},
+            {"EntryText", [&] { window.EntryText(NONE, 0); }},
+            {"EntryData", [&] { window.EntryData(NONE, 0); }},
+            {"SelectedEntry", [&] { window.SelectedEntry(NONE); }},
+            {"SelectEntry", [&] { window.SelectEntry(NONE, DialogWindow::NO_ENTRY); }},
+            {"ClearEntries", [&] { window.ClearEntries(NONE); }},
+            {"AddEntry", [&] { window.AddEntry(NONE, L"a"); }},
+            {"AddEntries", [&] { window.AddEntries(NONE, {}); }},
+            {"FindEntry", [&] { window.FindEntry(NONE, L"a"); }},
+            {"IsChecked", [&] { window.IsChecked(NONE); }},
+            {"SetChecked", [&] { window.SetChecked(NONE, true); }},
+            {"AddTreeItem", [&] { window.AddTreeItem(NONE, nullptr, L"a", nullptr); }},
+            {"AddTreeItem below another", [&] { window.AddTreeItem(NONE, item, L"a", nullptr); }},
+            {"TreeItemData", [&] { window.TreeItemData(NONE, item); }},
+            {"TreeParent", [&] { window.TreeParent(NONE, item); }},
+            {"FirstTreeItem", [&] { window.FirstTreeItem(NONE); }},
+            {"ExpandTreeItem", [&] { window.ExpandTreeItem(NONE, item); }},
+            {"EnsureTreeItemVisible", [&] { window.EnsureTreeItemVisible(NONE, item); }},
+        };
+        for (const auto& [name, operation] : operations)
+        {
+            EXPECT_THROW(operation(), std::out_of_range) << name;
+        }
+        EXPECT_FALSE(hands.CanReach(NONE));
+        EXPECT_FALSE(hands.Click(NONE));
+        EXPECT_FALSE(hands.Type(NONE, L"a"));
+        EXPECT_FALSE(hands.TypeCharacter(NONE, L'a'));
+        EXPECT_FALSE(hands.ChooseEntry(NONE, 0));
+        EXPECT_FALSE(hands.ChooseTreeItem(NONE, item));
+        EXPECT_FALSE(hands.ClickTreeItem(NONE, item));
+        EXPECT_EQ(events.Taken(), Lines{});
+        EXPECT_EQ(hands.TreeChildren(TREE, nullptr), std::vector<TreeItem>{item});
+        EXPECT_EQ(hands.TreeChildren(TREE, item), std::vector<TreeItem>{});
     });
 }
 
@@ -521,6 +459,50 @@ TEST_P(DialogConformance, ASortedListIsAStableSortOfWhatWasAdded)
     });
 }
 
+TEST_P(DialogConformance, EntriesAddedTogetherStandAsIfAddedOneByOne)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        constexpr std::wstring_view LETTERS = L"aAbBあアいイか1右左・ー亜";
+        std::mt19937 random(9);
+        const auto texts = [&] {
+            Lines made(20);
+            for (std::wstring& text : made)
+            {
+                for (std::size_t length = random() % 4; length > 0; --length)
+                {
+                    text += LETTERS[random() % LETTERS.size()];
+                }
+            }
+            return made;
+        };
+        for (const int list : {LIST, SORTED, BOX})
+        {
+            for (int round = 0; round < 3; ++round)
+            {
+                const Lines batches[] = {texts(), texts()};
+                window.ClearEntries(list);
+                for (const Lines& batch : batches)
+                {
+                    for (const std::wstring& text : batch)
+                    {
+                        window.AddEntry(list, text);
+                    }
+                }
+                const Lines oneByOne = Entries(window, list);
+                window.ClearEntries(list);
+                for (const Lines& batch : batches)
+                {
+                    window.AddEntries(list, batch);
+                }
+                ASSERT_EQ(Entries(window, list), oneByOne) << list;
+                EXPECT_EQ(window.EntryData(list, 0), nullptr);
+                EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
+            }
+        }
+    });
+}
+
 // Radios
 
 TEST_P(DialogConformance, AClickedRadioExcludesTheOthersOfItsGroup)
@@ -672,6 +654,34 @@ TEST_P(DialogConformance, ASelectionIsReportedBeforeTheCallReturns)
         EXPECT_TRUE(hands.ChooseTreeItem(TREE, tree.child));
         EXPECT_EQ(events.Taken(), (Lines{L"tree 21 2", L"tree 21 1-1"}));
     });
+}
+
+TEST_P(DialogConformance, AFirstClickIntoATreeSelectsWhatIsClickedAlone)
+{
+    std::vector<std::wstring> names;
+    for (int name = 0; name < 60; ++name)
+    {
+        names.push_back(std::to_wstring(name));
+    }
+    for (const std::size_t clicked : {std::size_t{3}, std::size_t{45}})
+    {
+        Run([&](DialogWindow& window, DialogHands& hands) {
+            using conformance::TREE;
+            std::vector<TreeItem> items;
+            for (std::wstring& name : names)
+            {
+                items.push_back(window.AddTreeItem(TREE, nullptr, L"item " + name, name.data()));
+            }
+            window.EnsureTreeItemVisible(TREE, items.front());
+            events.Taken();
+            EXPECT_TRUE(hands.ClickTreeItem(TREE, items[clicked]));
+            EXPECT_EQ(events.Taken(), Lines{L"tree 21 " + names[clicked]});
+            EXPECT_TRUE(hands.ClickTreeItem(TREE, items[clicked]));
+            EXPECT_EQ(events.Taken(), Lines{});
+            EXPECT_TRUE(hands.ClickTreeItem(TREE, items[clicked + 1]));
+            EXPECT_EQ(events.Taken(), Lines{L"tree 21 " + names[clicked + 1]});
+        });
+    }
 }
 
 // A window over another

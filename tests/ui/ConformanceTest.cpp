@@ -2,65 +2,19 @@
 
 #include "support/DialogConformance.h"
 
-#include "ui/RealWindows.h"
+#include "ui/NativeLayer.h"
 
 #ifdef _WIN32
-#include "windows/win32/Win32WindowSystem.h"
-
 #include <windows.h>
 #else
-#include "windows/qt/QtWindowSystem.h"
-
 #include <QApplication>
+#include <QMainWindow>
 #endif
 
 namespace jlandxml
 {
 namespace
 {
-
-#ifdef _WIN32
-using NativeWindowSystem = Win32WindowSystem;
-#else
-using NativeWindowSystem = QtWindowSystem;
-#endif
-
-/// The native layer with a person who works each window as soon as it waits.
-class NativeLayer final : public DialogLayer, public NativeWindowSystem
-{
-  public:
-    WindowSystem& Windows() override { return *this; }
-    void SetUser(User user) override { user_ = std::move(user); }
-
-    std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
-                                                   DialogWindow* owner) override
-    {
-        std::unique_ptr<DialogWindow> window = NativeWindowSystem::MakeDialogWindow(dialog, events, owner);
-        if (owner == nullptr)
-        {
-            errands_.emplace();
-        }
-        errands_->RunWhenIdle([this, &made = *window] { Work(made); });
-        return window;
-    }
-
-  private:
-    void Work(DialogWindow& window)
-    {
-        const void* const front = FrontDialog();
-        const auto hands = HandsOfFrontDialog();
-        user_(window, *hands);
-        errands_->RunWhenIdle([&window, front] {
-            if (FrontDialog() == front)
-            {
-                window.End(DialogResult::Cancelled);
-            }
-        });
-    }
-
-    User user_;
-    std::optional<Errands> errands_; ///< of the windows of one opening
-};
 
 std::unique_ptr<DialogLayer> MakeNativeLayer()
 {
@@ -81,6 +35,14 @@ int main(int count, char** values)
     SetActiveWindow(host);
 #else
     const QApplication application(count, values);
+    QMainWindow host;
+    host.resize(1000, 700);
+    host.show();
+    host.activateWindow();
+    while (QApplication::activeWindow() != &host)
+    {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 #endif
     return RUN_ALL_TESTS();
 }

@@ -6,9 +6,11 @@
 //
 // MODE is "joined" (the host has an application object), "alone" (the module makes one, which serves all later calls)
 // or "dark" (there is no display to show a dialog on, in each way in which there can be none). With the first two the
-// calls end with cancel and with output in turn. Status 0: nothing is left behind; 1: something is; 9: a window didn't
-// come up.
+// calls end with cancel and with output in turn. With "crowded" the host has a palette, a second window and a timer
+// that calls again while the dialog is open. Status 0: nothing is left behind; 1: something is; 9: a window didn't come
+// up.
 
+#include "base/Files.h"
 #include "base/Text.h"
 #include "dialog/JLandXmlConvertDlgControls.h"
 #include "jlandxml/JLandXmlConvert.h"
@@ -17,6 +19,9 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QPixmapCache>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -26,7 +31,9 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
+#include <functional>
 #include <malloc.h>
+#include <optional>
 #include <sys/mman.h>
 #include <thread>
 #include <unistd.h>
@@ -185,13 +192,12 @@ struct Module
     std::filesystem::path out;
 };
 
-void CallAtDisplay(const Module& module, int call)
+/// Makes a call while the driver works in another thread.
+void CallAndWork(const Module& module, const std::function<void()>& work)
 {
-    const bool output = call % 2 != 0;
-    std::filesystem::remove(module.out);
     std::atomic<bool> done = false;
     std::thread driver([&] {
-        output ? Output(module.out.wstring()) : Cancel();
+        work();
         done = true;
     });
     module.function(module.folder.c_str(), 1);
@@ -202,6 +208,13 @@ void CallAtDisplay(const Module& module, int call)
     }
     driver.join();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void CallAtDisplay(const Module& module, int call)
+{
+    const bool output = call % 2 != 0;
+    std::filesystem::remove(module.out);
+    CallAndWork(module, [&] { output ? Output(module.out.wstring()) : Cancel(); });
     Check(std::filesystem::exists(module.out) == output, output ? "no file was written" : "a file was written", call);
 }
 
@@ -292,6 +305,94 @@ void RunAlone(const Module& module)
     Check(QApplication::topLevelWidgets().isEmpty(), "a window is left", CALLS);
 }
 
+/// A window of the host with a button that covers it, which counts its clicks.
+class ClickedWindow
+{
+  public:
+    ClickedWindow(QWidget* owner, Qt::WindowFlags flags) : window_(owner, flags), button_(&window_)
+    {
+        window_.resize(100, 50);
+        button_.resize(window_.size());
+        QObject::connect(&button_, &QPushButton::clicked, [this] { ++clicks_; });
+        window_.show();
+    }
+
+    QWidget& Window() { return window_; }
+
+    /// Presses the mouse over the button. True if the button was clicked.
+    bool Click()
+    {
+        const int before = clicks_;
+        QTest::mouseClick(window_.windowHandle(), Qt::LeftButton, {}, button_.rect().center());
+        return clicks_ > before;
+    }
+
+  private:
+    QWidget window_;
+    QPushButton button_;
+    int clicks_ = 0;
+};
+
+void WaitUntilActive(QWidget& window)
+{
+    window.activateWindow();
+    while (QApplication::activeWindow() != &window)
+    {
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+}
+
+/// The finished file of a call during which the host's windows are tried and another call is made.
+void RunCrowded(const Module& module)
+{
+    int argumentCount = 1;
+    char name[] = "host";
+    char* arguments[] = {name, nullptr};
+    const QApplication application(argumentCount, arguments);
+    ClickedWindow main(nullptr, Qt::Window);
+    ClickedWindow palette(&main.Window(), Qt::Tool);
+    ClickedWindow second(nullptr, Qt::Window);
+    ClickedWindow* const windows[] = {&main, &palette, &second};
+    const auto clicked = [&] {
+        return std::count_if(std::begin(windows), std::end(windows), [](ClickedWindow* one) { return one->Click(); });
+    };
+    WaitUntilActive(main.Window());
+    CallAtDisplay(module, 1);
+    const std::optional<std::string> alone = ReadWholeFile(module.out.wstring());
+    Check(clicked() == std::ssize(windows), "a window isn't clicked without the dialog", 1);
+
+    WaitUntilActive(palette.Window());
+    std::atomic<bool> calledAgain = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr)
+        {
+            return;
+        }
+        timer.stop();
+        Check(dialog->parentWidget() == &main.Window(), "the dialog belongs to another window", 2);
+        Check(clicked() == 0, "a window is clicked under the dialog", 2);
+        const qsizetype before = QApplication::topLevelWidgets().size();
+        dialog->lower();
+        module.function((module.folder + L"/../river").c_str(), 0);
+        Check(QApplication::activeModalWidget() == dialog, "another dialog is in front", 2);
+        Check(QApplication::topLevelWidgets().size() == before, "there is another window", 2);
+        calledAgain = true;
+    });
+    timer.start(10);
+    std::filesystem::remove(module.out);
+    CallAndWork(module, [&] {
+        while (!calledAgain)
+        {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        Output(module.out.wstring());
+    });
+    Check(ReadWholeFile(module.out.wstring()) == alone, "the calls are mixed", 2);
+    Check(clicked() == std::ssize(windows), "a window isn't clicked after the dialog", 2);
+}
+
 /// A display that comes to be there serves the next call.
 void RunDark(const Module& module)
 {
@@ -309,7 +410,7 @@ struct Mode
     void (*run)(const Module&);
 };
 
-constexpr Mode MODES[] = {{"joined", RunJoined}, {"alone", RunAlone}, {"dark", RunDark}};
+constexpr Mode MODES[] = {{"joined", RunJoined}, {"alone", RunAlone}, {"dark", RunDark}, {"crowded", RunCrowded}};
 
 } // namespace
 } // namespace jlandxml

@@ -10,8 +10,10 @@
 #include "support/TemporaryFolder.h"
 #include "ui/RealWindows.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace jlandxml
 {
@@ -239,6 +241,55 @@ TEST(Journey, TheArrowKeysMoveThroughTheTreeAndTheRadios)
     });
 }
 
+/// Waits until an edit holds a text; false if it doesn't come to it.
+bool WaitForText(const DialogHands& dialog, int control, const std::wstring& text)
+{
+    for (int pause = 0; pause < 500 && dialog.Text(control) != text; ++pause)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return dialog.Text(control) == text;
+}
+
+TEST(Journey, TheFirstKeyGoesInFrontOfTheProjectName)
+{
+    Call(Example(L"road"), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        ASSERT_TRUE(WaitForFocus(PROJECT_NAME_EDIT));
+        const std::wstring name = dialog->Text(PROJECT_NAME_EDIT);
+        EXPECT_FALSE(name.empty());
+        PressCharacter(L'x');
+        PressCharacter(L'y');
+        EXPECT_TRUE(WaitForText(*dialog, PROJECT_NAME_EDIT, L"xy" + name))
+            << Utf8FromWide(dialog->Text(PROJECT_NAME_EDIT));
+        dialog->PressEscape();
+    });
+}
+
+TEST(Journey, AClickFarDownInTheTreeShowsWhatIsClicked)
+{
+    std::string routes;
+    for (int route = 0; route < 60; ++route)
+    {
+        routes += "<Alignments name='route " + std::to_string(route) + "'/>";
+    }
+    const TestFolder folder;
+    folder.Write(L"Landxml_temp.xml",
+                 "<LandXML><CoordinateSystem desc='Japan Geodetic Datum 2011, Plane Rectangular Coordinate System "
+                 "No. 9'/>" +
+                     routes + "</LandXML>");
+    Call(folder.Name(), [] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        EXPECT_TRUE(dialog->ClickTreeItem(OBJECT_TREE, ItemAt(*dialog, {45})));
+        dialog->Type(TRAFFIC_VOLUME_EDIT, L"45");
+        EXPECT_TRUE(dialog->ClickTreeItem(OBJECT_TREE, ItemAt(*dialog, {0})));
+        EXPECT_EQ(dialog->Text(TRAFFIC_VOLUME_EDIT), L"");
+        dialog->ChooseTreeItem(OBJECT_TREE, ItemAt(*dialog, {45}));
+        EXPECT_EQ(dialog->Text(TRAFFIC_VOLUME_EDIT), L"45");
+        dialog->PressEscape();
+    });
+}
+
 TEST(Journey, SortedListsFollowJapaneseWhateverTheUsersLocale)
 {
     Call(Example(L"road"), [] {
@@ -282,6 +333,8 @@ TEST(Journey, AfterACancelledSaveDialogTheOutputIsGivenAgain)
         const auto dialog = WaitForDialog(KnownDialog::Main);
         Act(*dialog, L"road");
         dialog->Click(OUTPUT_BUTTON);
+        EXPECT_EQ(WaitForWindow(), Seen::SaveDialog);
+        Picture(L"save");
         AnswerSaveDialog(std::nullopt);
         const auto again = WaitForDialog(KnownDialog::Main);
         EXPECT_FALSE(PathExists(out));
@@ -318,6 +371,22 @@ TEST(Journey, ANameWithoutAnExtensionGetsTheDefaultOne)
         AnswerSaveDialog(Typed(folder.Name(L"out")));
     });
     EXPECT_EQ(ReadWholeFile(folder.Name(L"out.xml")), ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
+}
+
+TEST(Journey, ANameWithADotGetsTheDefaultExtensionWhereTheSystemGivesIt)
+{
+    const TestFolder folder;
+    Call(Example(L"road"), [&] {
+        const auto dialog = WaitForDialog(KnownDialog::Main);
+        Act(*dialog, L"road");
+        dialog->Click(OUTPUT_BUTTON);
+        AnswerSaveDialog(Typed(folder.Name(L"out.v2")));
+    });
+    // A Windows that knows no programs for ".v2" takes it for a part of the name.
+    const bool given = PathExists(folder.Name(L"out.v2.xml"));
+    EXPECT_NE(PathExists(folder.Name(L"out.v2")), given);
+    EXPECT_EQ(ReadWholeFile(folder.Name(given ? L"out.v2.xml" : L"out.v2")),
+              ReadWholeFile(SOURCE + L"/tests/e2e/road/expected.xml"));
 }
 
 TEST(Journey, EnterPressesTheButtonThatHasTheFocus)

@@ -77,6 +77,9 @@ enum class Key
 /// Presses a key where the focus is.
 void PressKey(Key key);
 
+/// Types a character where the focus is.
+void PressCharacter(wchar_t character);
+
 /// Waits until a control of the dialog in front has the focus; false if it doesn't come to it.
 bool WaitForFocus(int control);
 
@@ -85,9 +88,28 @@ void TakePicture(const std::wstring& path);
 
 // For a driver on the host's own thread.
 
+/// What a person sees of the window in front, be it a dialog, a message box or the save dialog.
+struct WindowLook
+{
+    const void* owner;
+    std::wstring caption;
+    std::vector<std::wstring> texts;   ///< that are no buttons
+    std::vector<std::wstring> buttons; ///< that can be pressed, with a caption
+    std::vector<std::wstring> filters; ///< of a save dialog
+    bool exclamation;                  ///< the icon of a message box
+};
+
+WindowLook LookAtFrontWindow();
+
+/// Closes the window in front by its cancel command, or a message box by its button.
+void CloseFrontWindow();
+
 /// The dialog in front, as a person sees it, and what tells it from others.
 std::unique_ptr<DialogHands> HandsOfFrontDialog();
 const void* FrontDialog();
+
+/// The host's window that is active when no window of the module is open.
+const void* ActiveHostWindow();
 
 /// Runs steps on this thread once a modal window waits for the user. Those that didn't come to run go with it.
 class Errands

@@ -8,13 +8,17 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QMetaObject>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <QThread>
 #include <QTimer>
 #include <QTreeWidget>
@@ -175,6 +179,22 @@ class QtHands final : public DialogHands
                 return false;
             }
             As<QTreeWidget>(tree)->setCurrentItem(reinterpret_cast<QTreeWidgetItem*>(item));
+            return true;
+        });
+    }
+
+    bool ClickTreeItem(int tree, TreeItem item) override
+    {
+        return OnWidgets([&] {
+            if (!Reachable(tree))
+            {
+                return false;
+            }
+            auto* const widget = As<QTreeWidget>(tree);
+            auto* const clicked = reinterpret_cast<QTreeWidgetItem*>(item);
+            widget->scrollToItem(clicked);
+            const QPoint place = widget->visualItemRect(clicked).center();
+            QTest::mouseClick(dialog_->windowHandle(), Qt::LeftButton, {}, widget->viewport()->mapTo(dialog_, place));
             return true;
         });
     }
@@ -440,6 +460,14 @@ void PressKey(Key key)
     });
 }
 
+void PressCharacter(wchar_t character)
+{
+    LeaveToWidgets([character] {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromWCharArray(&character, 1));
+        QApplication::sendEvent(QApplication::activeModalWidget()->focusWidget(), &press);
+    });
+}
+
 bool WaitForFocus(int control)
 {
     for (int pause = 0; pause < PAUSES; ++pause)
@@ -477,6 +505,98 @@ std::unique_ptr<DialogHands> HandsOfFrontDialog()
 const void* FrontDialog()
 {
     return QApplication::activeModalWidget();
+}
+
+const void* ActiveHostWindow()
+{
+    // Without a window manager nobody makes it the active one again when a dialog has gone.
+    while (QApplication::activeWindow() == nullptr)
+    {
+        QApplication::topLevelWidgets().first()->activateWindow();
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return QApplication::activeWindow();
+}
+
+WindowLook LookAtFrontWindow()
+{
+    QWidget* const window = QApplication::activeModalWidget();
+    WindowLook look{window->parentWidget(), window->windowTitle().toStdWString(), {}, {}, {}, false};
+    const auto see = [](std::vector<std::wstring>& texts, const QString& text) {
+        if (!text.isEmpty())
+        {
+            texts.push_back(text.toStdWString());
+        }
+    };
+    for (const QWidget* const widget : window->findChildren<QWidget*>())
+    {
+        if (!widget->isVisible())
+        {
+            continue;
+        }
+        see(look.texts, widget->toolTip());
+        if (const auto* const label = qobject_cast<const QLabel*>(widget))
+        {
+            see(look.texts, label->text());
+        }
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(widget))
+        {
+            see(qobject_cast<const QPushButton*>(button) != nullptr ? look.buttons : look.texts, button->text());
+        }
+        if (const auto* const files = qobject_cast<const QTreeView*>(widget);
+            files != nullptr && qobject_cast<const QFileDialog*>(window) != nullptr)
+        {
+            // The names of the files are nobody's words, their kinds and times are.
+            for (int row = 0; row < files->model()->rowCount(files->rootIndex()); ++row)
+            {
+                for (int column = 2; column < files->model()->columnCount(); ++column)
+                {
+                    see(look.texts, files->model()->index(row, column, files->rootIndex()).data().toString());
+                }
+            }
+        }
+        if (const auto* const header = qobject_cast<const QHeaderView*>(widget))
+        {
+            for (int section = 0; section < header->count(); ++section)
+            {
+                see(look.texts, header->model()->headerData(section, Qt::Horizontal).toString());
+            }
+        }
+        if (const auto* const places = qobject_cast<const QListView*>(widget);
+            places != nullptr && widget->objectName() == QStringLiteral("sidebar"))
+        {
+            for (int row = 0; row < places->model()->rowCount(); ++row)
+            {
+                see(look.texts, places->model()->index(row, 0).data().toString());
+            }
+        }
+        for (const QAction* const action : widget->actions())
+        {
+            see(look.texts, action->text());
+        }
+    }
+    if (const auto* const file = qobject_cast<const QFileDialog*>(window))
+    {
+        for (const QString& filter : file->nameFilters())
+        {
+            see(look.filters, filter);
+        }
+    }
+    if (const auto* const box = qobject_cast<const QMessageBox*>(window))
+    {
+        look.exclamation = box->icon() == QMessageBox::Warning && !box->iconPixmap().isNull();
+    }
+    return look;
+}
+
+void CloseFrontWindow()
+{
+    if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+    {
+        box->accept();
+        return;
+    }
+    qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
 }
 
 struct Errands::State

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <map>
 #include <thread>
 
@@ -238,6 +239,27 @@ class Win32Hands final : public DialogHands
         return true;
     }
 
+    bool ClickTreeItem(int tree, TreeItem item) override
+    {
+        if (!CanReach(tree))
+        {
+            return false;
+        }
+        Send(tree, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+        RECT place{};
+        std::memcpy(&place, &item, sizeof(item)); // the item is named in the rectangle's own bytes
+        Send(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
+        POINT point{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+        ClientToScreen(At(tree), &point);
+        PressMouseAt(point);
+        for (int pause = 0; pause < PAUSES && Next(tree, TVGN_CARET, nullptr) != item; ++pause)
+        {
+            HandleOwnMessages();
+            std::this_thread::sleep_for(PAUSE);
+        }
+        return Next(tree, TVGN_CARET, nullptr) == item;
+    }
+
     bool PressEnter() override { return PressKey(VK_RETURN); }
     bool PressEscape() override { return PressKey(VK_ESCAPE); }
 
@@ -328,6 +350,28 @@ class Win32Hands final : public DialogHands
     bool IsReadOnly(int control) const { return (GetWindowLongPtrW(At(control), GWL_STYLE) & ES_READONLY) != 0; }
 
     bool IsOnItsThread() const { return GetWindowThreadProcessId(dialog_, nullptr) == GetCurrentThreadId(); }
+
+    static void PressMouseAt(const POINT& point)
+    {
+        SetCursorPos(point.x, point.y);
+        INPUT inputs[2]{};
+        inputs[0].type = INPUT_MOUSE;
+        inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+        inputs[1].type = INPUT_MOUSE;
+        inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+        SendInput(2, inputs, sizeof(INPUT));
+    }
+
+    /// The click arrives with the messages of the window's own thread.
+    void HandleOwnMessages() const
+    {
+        MSG message;
+        while (IsOnItsThread() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
+        {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
 
     bool PressKey(WPARAM key) const
     {
@@ -548,6 +592,11 @@ void PressKey(Key key)
     PostMessageW(FocusOfFrontDialog(), WM_KEYDOWN, code, 0);
 }
 
+void PressCharacter(wchar_t character)
+{
+    PostMessageW(FocusOfFrontDialog(), WM_CHAR, character, 0);
+}
+
 bool WaitForFocus(int control)
 {
     for (int pause = 0; pause < PAUSES; ++pause)
@@ -577,6 +626,47 @@ std::unique_ptr<DialogHands> HandsOfFrontDialog()
 const void* FrontDialog()
 {
     return GetActiveWindow();
+}
+
+const void* ActiveHostWindow()
+{
+    return GetActiveWindow();
+}
+
+WindowLook LookAtFrontWindow()
+{
+    const HWND window = GetActiveWindow();
+    WindowLook look{GetWindow(window, GW_OWNER), WindowText(window), {}, {}, {}, false};
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        wchar_t name[16]{};
+        GetClassNameW(child, name, 16);
+        const std::wstring text = WindowText(child);
+        const auto icon = reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+        if (std::wstring_view(name) == L"Static" && icon != nullptr)
+        {
+            look.exclamation = icon == LoadIconW(nullptr, reinterpret_cast<const wchar_t*>(IDI_EXCLAMATION));
+        }
+        else if (IsWindowVisible(child) != FALSE && !text.empty())
+        {
+            (std::wstring_view(name) == L"Button" ? look.buttons : look.texts).push_back(text);
+        }
+    }
+    const HWND filters = GetDlgItem(window, cmb1);
+    const LRESULT count = filters != nullptr ? SendMessageW(filters, CB_GETCOUNT, 0, 0) : 0;
+    for (LRESULT filter = 0; filter < count; ++filter)
+    {
+        wchar_t text[256]{};
+        SendMessageW(filters, CB_GETLBTEXT, static_cast<WPARAM>(filter), reinterpret_cast<LPARAM>(text));
+        look.filters.emplace_back(text);
+    }
+    return look;
+}
+
+void CloseFrontWindow()
+{
+    const HWND window = GetActiveWindow();
+    PostMessageW(window, WM_COMMAND, GetDlgItem(window, IDCANCEL) != nullptr ? IDCANCEL : IDOK, 0);
 }
 
 struct Errands::State

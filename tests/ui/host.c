@@ -1,7 +1,8 @@
 // A host in plain C that calls the module a hundred times, with cancel and with output in turn, and then unloads it.
 // After each call its own state is as it was before. After every ten calls it counts what the process holds. The
 // system's libraries fill caches and empty them now and then, so a figure may jump between two counts; what the calls
-// leave behind makes it grow between most of them: the median of the growths counts.
+// leave behind makes it grow between most of them: the median of the growths counts. Before that, a call is made with a
+// palette active, a second window and a timer that calls again.
 //
 //   host MODULE WORK_FOLDER OUT
 //
@@ -245,6 +246,108 @@ static void OpenSaveDialog(void)
     const HANDLE driver = CreateThread(NULL, 0, Save, NULL, 0, NULL);
     GetSaveFileNameW(&save);
     WaitForDriver(driver);
+}
+
+// A call among other windows of the host, during which a timer calls again
+
+static ExecuteQuorvaneFunction calledAgain;
+static wchar_t otherFolder[MAX_PATH];
+static HWND palette;
+static HWND secondWindow;
+static HWND lockedWindow; // disabled by the host itself
+static volatile LONG callsAgain;
+
+static HWND MakeWindow(DWORD style, HWND owner)
+{
+    return CreateWindowExW(0, L"HostMainWindow", L"another", style | WS_VISIBLE, 1010, 10, 200, 150, owner, NULL,
+                           GetModuleHandleW(NULL), NULL);
+}
+
+static void CALLBACK CallAgain(HWND window, UINT message, UINT_PTR timer, DWORD time)
+{
+    const HWND dialog = idleDialog;
+    if (message != WM_TIMER || time == 0 || !IsWindow(dialog))
+    {
+        return;
+    }
+    KillTimer(window, timer);
+    Check(GetWindow(dialog, GW_OWNER) == mainWindow, "the dialog belongs to another window", 0);
+    Check(!IsWindowEnabled(mainWindow), "the main window can be worked", 0);
+    Check(!IsWindowEnabled(palette), "the palette can be worked", 0);
+    Check(!IsWindowEnabled(secondWindow), "the second window can be worked", 0);
+    const HWND news = MakeWindow(WS_OVERLAPPEDWINDOW, NULL);
+    SetActiveWindow(news);
+    Check(GetActiveWindow() == news, "the dialog is still active", 0);
+    calledAgain(otherFolder, 0);
+    Check(GetActiveWindow() == dialog, "the open dialog isn't in front", 0);
+    DestroyWindow(news);
+    InterlockedIncrement(&callsAgain);
+}
+
+static DWORD WINAPI OutputAfterAnotherCall(void* nothing)
+{
+    for (DWORD waited = 0; callsAgain == 0; waited += PAUSE)
+    {
+        if (waited > PATIENCE)
+        {
+            GiveUp("the timer didn't call");
+        }
+        Sleep(PAUSE);
+    }
+    return Output(nothing);
+}
+
+static BOOL SameBytes(const wchar_t* one, const wchar_t* other)
+{
+    FILE* const first = _wfopen(one, L"rb");
+    FILE* const second = _wfopen(other, L"rb");
+    BOOL same = first != NULL && second != NULL;
+    for (int byte = 0; same && byte != EOF;)
+    {
+        byte = fgetc(first);
+        same = byte == fgetc(second);
+    }
+    if (first != NULL)
+    {
+        fclose(first);
+    }
+    if (second != NULL)
+    {
+        fclose(second);
+    }
+    return same;
+}
+
+static void CallAmongOthers(ExecuteQuorvaneFunction function, const wchar_t* folder)
+{
+    wchar_t alone[MAX_PATH];
+    Call(function, folder, 1);
+    _snwprintf(alone, MAX_PATH, L"%ls.alone", outputFile);
+    MoveFileExW(outputFile, alone, MOVEFILE_REPLACE_EXISTING);
+
+    secondWindow = MakeWindow(WS_OVERLAPPEDWINDOW, NULL);
+    lockedWindow = MakeWindow(WS_OVERLAPPEDWINDOW | WS_DISABLED, NULL);
+    palette = MakeWindow(WS_POPUP | WS_CAPTION, mainWindow);
+    SetActiveWindow(palette);
+    Check(GetActiveWindow() == palette, "the palette isn't active", 0);
+    calledAgain = function;
+    _snwprintf(otherFolder, MAX_PATH, L"%ls/../river", folder);
+    idleDialog = NULL;
+    SetTimer(mainWindow, 1, 50, CallAgain);
+    const HANDLE driver = CreateThread(NULL, 0, OutputAfterAnotherCall, NULL, 0, NULL);
+    function(folder, 1);
+    WaitForDriver(driver);
+    Check(SameBytes(outputFile, alone), "the calls are mixed", 0);
+    Check(GetActiveWindow() == palette, "the palette isn't active again", 0);
+    Check(IsWindowEnabled(mainWindow), "the main window can't be worked again", 0);
+    Check(IsWindowEnabled(palette), "the palette can't be worked again", 0);
+    Check(IsWindowEnabled(secondWindow), "the second window can't be worked again", 0);
+    Check(!IsWindowEnabled(lockedWindow), "the locked window can be worked", 0);
+    DestroyWindow(palette);
+    DestroyWindow(lockedWindow);
+    DestroyWindow(secondWindow);
+    SetActiveWindow(mainWindow);
+    HandleMessages();
 }
 
 // What belongs to the host and is the same after a call
@@ -588,6 +691,7 @@ int wmain(int count, wchar_t** arguments)
         GiveUp("no module");
     }
     const ExecuteQuorvaneFunction function = (ExecuteQuorvaneFunction)(void*)GetProcAddress(module, "ExecuteQuorvane");
+    CallAmongOthers(function, arguments[2]);
     const intptr_t keptHandles = CountKeptHandles();
     struct Figures counts[COUNTS];
     for (int call = 1; call <= CALLS; ++call)

@@ -72,7 +72,7 @@ TEST_F(ScriptedDialogTest, RecordsWhatHappens)
     EXPECT_EQ(windows.Records(),
               (Lines{L"open 試験", L"raise 試験", L"visible 21 i", L"select 21 i", L"choose 13 e", L"text 10 whole",
                      L"click 3", L"wait", L"go on", L"save a.xml", L"message m", L"close 試験 accepted"}));
-    EXPECT_EQ(windows.Messages(), (std::vector<ShownMessage>{{L"m", MessageIcon::None}}));
+    EXPECT_EQ(windows.Messages(), (std::vector<ShownMessage>{{L"m"}}));
 }
 
 TEST_F(ScriptedDialogTest, TheSaveDialogIsCancelledWithoutAnAnswer)
@@ -116,6 +116,32 @@ TEST_F(ScriptedDialogTest, AListRemembersTheOrderOfAdding)
         dialog.ClearEntries(SORTED);
         EXPECT_EQ(dialog.AddedEntries(SORTED), Lines{});
     });
+}
+
+TEST_F(ScriptedDialogTest, AListRemembersTheOrderOfAddingTogether)
+{
+    Run([](ScriptedDialog& dialog) {
+        const Lines texts = {L"b", L"c", L"a"};
+        dialog.AddEntries(SORTED, texts);
+        EXPECT_EQ(dialog.AddedEntries(SORTED), texts);
+        EXPECT_EQ(dialog.Entries(SORTED), (Lines{L"a", L"b", L"c"}));
+        dialog.AddEntries(SORTED, texts);
+        EXPECT_EQ(dialog.AddedEntries(SORTED), (Lines{L"b", L"c", L"a", L"b", L"c", L"a"}));
+    });
+}
+
+TEST_F(ScriptedDialogTest, TheDialogInFrontIsRaised)
+{
+    windows.RaiseOpenWindow();
+    RecordedEvents eventsAbove;
+    Run([&](ScriptedDialog& dialog) {
+        windows.SetUser([&](ScriptedDialog&) { windows.RaiseOpenWindow(); });
+        windows.MakeDialogWindow(SMALL_TEMPLATE, eventsAbove, &dialog)->RunModal();
+        windows.RaiseOpenWindow();
+    });
+    windows.RaiseOpenWindow();
+    EXPECT_EQ(windows.Records(), (Lines{L"open 試験", L"open 小さい試験", L"raise 小さい試験",
+                                        L"close 小さい試験 cancelled", L"raise 試験", L"close 試験 cancelled"}));
 }
 
 TEST_F(ScriptedDialogTest, ATreeNotificationIsAnswered)

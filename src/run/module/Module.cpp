@@ -1,25 +1,13 @@
 // What only the loaded module has: the native windows of its platform, put in place when the module is loaded. No
 // window class and nothing else is registered with the system for it, so there is nothing to take back when it goes.
 
-#include "windows/Window.h"
-
-#ifdef _WIN32
-#include "windows/win32/Win32WindowSystem.h"
-#else
-#include "windows/qt/QtWindowSystem.h"
-#endif
+#include "windows/NativeWindowSystem.h"
 
 namespace jlandxml
 {
 
 namespace
 {
-
-#ifdef _WIN32
-using NativeWindowSystem = Win32WindowSystem;
-#else
-using NativeWindowSystem = QtWindowSystem;
-#endif
 
 /// Attaches the native windows for as long as the module is loaded.
 class NativeWindows

@@ -1,15 +1,18 @@
 #include "windows/qt/QtApplication.h"
 
+#include "windows/Window.h"
+#include "windows/qt/QtTexts.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QLibrary>
 #include <QMessageBox>
 #include <QPluginLoader>
 #include <QThread>
 #include <algorithm>
 #include <clocale>
-#include <dlfcn.h>
 #include <memory>
 #include <string>
 
@@ -23,18 +26,11 @@ namespace
 /// until Qt has its own: a server may start anew when its last client goes.
 using Connection = std::shared_ptr<void>;
 
-/// Connects through the library of a window protocol, which Qt loads too.
-Connection Connect(const char* libraryName, Connection (*connect)(void* library))
+Connection ConnectToX(QLibrary& plugin)
 {
-    void* const library = ::dlopen(libraryName, RTLD_NOW | RTLD_LOCAL);
-    return library != nullptr ? connect(library) : nullptr;
-}
-
-Connection ConnectToX(void* library)
-{
-    const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(::dlsym(library, "xcb_connect"));
-    const auto hasError = reinterpret_cast<int (*)(void*)>(::dlsym(library, "xcb_connection_has_error"));
-    const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "xcb_disconnect"));
+    const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(plugin.resolve("xcb_connect"));
+    const auto hasError = reinterpret_cast<int (*)(void*)>(plugin.resolve("xcb_connection_has_error"));
+    const auto disconnect = reinterpret_cast<void (*)(void*)>(plugin.resolve("xcb_disconnect"));
     if (connect == nullptr || hasError == nullptr || disconnect == nullptr)
     {
         return nullptr;
@@ -43,10 +39,10 @@ Connection ConnectToX(void* library)
     return hasError(connection.get()) == 0 ? connection : nullptr;
 }
 
-Connection ConnectToWayland(void* library)
+Connection ConnectToWayland(QLibrary& plugin)
 {
-    const auto connect = reinterpret_cast<void* (*)(const char*)>(::dlsym(library, "wl_display_connect"));
-    const auto disconnect = reinterpret_cast<void (*)(void*)>(::dlsym(library, "wl_display_disconnect"));
+    const auto connect = reinterpret_cast<void* (*)(const char*)>(plugin.resolve("wl_display_connect"));
+    const auto disconnect = reinterpret_cast<void (*)(void*)>(plugin.resolve("wl_display_disconnect"));
     if (connect == nullptr || disconnect == nullptr)
     {
         return nullptr;
@@ -78,28 +74,31 @@ QString PluginOf(const QString& platform)
     return {};
 }
 
-/// True if the platform's server answers, by a connection that is kept; a platform without a server needs none.
-bool ServerAnswers(const QString& platform, Connection& kept)
+/// True if the platform's server answers, by a connection that is kept; a platform without a server needs none. It is
+/// asked through the very library that Qt's file for the platform is linked with.
+bool ServerAnswers(const QString& platform, QLibrary& plugin, Connection& kept)
 {
     if (platform == QStringLiteral("xcb"))
     {
-        kept = qEnvironmentVariableIsSet("DISPLAY") ? Connect("libxcb.so.1", ConnectToX) : nullptr;
+        kept = qEnvironmentVariableIsSet("DISPLAY") ? ConnectToX(plugin) : nullptr;
         return kept != nullptr;
     }
     if (platform.startsWith(QStringLiteral("wayland")))
     {
-        kept = Connect("libwayland-client.so.0", ConnectToWayland);
+        kept = ConnectToWayland(plugin);
         return kept != nullptr;
     }
     return true;
 }
 
-/// True if Qt has this platform, with every library that it needs, and a server to show windows on.
+/// True if Qt has this platform, with every library that it needs, and a server to show windows on. Qt itself can be
+/// asked for its platforms only by its private interfaces, and by an attempt that ends the process.
 bool IsUsable(const QString& platform, Connection& kept)
 {
     const QString name = platform.section(QLatin1Char(':'), 0, 0);
-    const QString plugin = PluginOf(name);
-    return !plugin.isEmpty() && ServerAnswers(name, kept) && QPluginLoader(plugin).load();
+    const QString file = PluginOf(name);
+    QLibrary plugin(file);
+    return !file.isEmpty() && plugin.load() && ServerAnswers(name, plugin, kept);
 }
 
 /// The platforms that Qt tries, in its order.
@@ -139,6 +138,27 @@ class LocaleScope
     std::string locale_;
 };
 
+/// A pointer that doesn't tell to wait while the user has to answer.
+class ArrowPointer
+{
+  public:
+    ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ArrowPointer(const ArrowPointer&) = delete;
+    ArrowPointer& operator=(const ArrowPointer&) = delete;
+    ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
+};
+
+/// The last of a window's owners that is seen.
+QWidget* RootOwner(QWidget* window)
+{
+    QWidget* root = window;
+    while (root->parentWidget() != nullptr && root->parentWidget()->window()->isVisible())
+    {
+        root = root->parentWidget()->window();
+    }
+    return root;
+}
+
 void MakeApplication()
 {
     static int argumentCount = 1;
@@ -166,10 +186,30 @@ bool EnsureApplication()
            QThread::currentThread() == QCoreApplication::instance()->thread();
 }
 
-void ShowMessageBox(QWidget* parent, const std::wstring& text, MessageIcon icon)
+QWidget* OwnerOfNextWindow()
 {
-    QMessageBox box(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
-                    QString::fromWCharArray(MESSAGE_CAPTION), QString::fromStdWString(text), QMessageBox::Ok, parent);
+    if (QWidget* const modal = QApplication::activeModalWidget(); modal != nullptr)
+    {
+        return modal;
+    }
+    if (QWidget* const active = QApplication::activeWindow(); active != nullptr)
+    {
+        return RootOwner(active);
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto root = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        const bool ownWindow = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+        return ownWindow && window->isVisible() && window->parentWidget() == nullptr;
+    });
+    return root != windows.end() ? *root : nullptr;
+}
+
+void ShowMessageBox(QWidget* parent, const std::wstring& text)
+{
+    const JapaneseTexts texts;
+    const ArrowPointer arrow;
+    QMessageBox box(QMessageBox::Warning, QString::fromWCharArray(MESSAGE_CAPTION), QString::fromStdWString(text),
+                    QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
     box.setAttribute(Qt::WA_QuitOnClose, false);
     box.exec();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/Window.h"
+#include <string>
 
 class QWidget;
 
@@ -11,7 +11,13 @@ namespace jlandxml
 /// and on another thread than that of the application object, where Qt has no windows.
 bool EnsureApplication();
 
-/// Shows a text with only an OK button over a widget, or over none, and returns when the user has closed it.
-void ShowMessageBox(QWidget* parent, const std::wstring& text, MessageIcon icon);
+/// The window that a new one of the module stands over: the modal one in front if there is one. Otherwise it is the
+/// root owner of the host's active window, since the active one may be a palette; or, while another program is in
+/// front, the first window that has no owner. Null if there is none.
+QWidget* OwnerOfNextWindow();
+
+/// Shows a text with an exclamation icon and only an OK button over a widget, or over none, and returns when the user
+/// has closed it.
+void ShowMessageBox(QWidget* parent, const std::wstring& text);
 
 } // namespace jlandxml

@@ -7,7 +7,9 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QGroupBox>
+#include <QIdentityProxyModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -82,6 +84,77 @@ class DialogUnits
     double y_;
 };
 
+/// How bright a color is to the eye, from 0 to 1: the relative luminance of WCAG 2.
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// How well one color can be read on another, from 1 to 21: the contrast ratio of WCAG 2.
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto [dark, bright] = std::minmax({Luminance(one), Luminance(other)});
+    return (bright + 0.05) / (dark + 0.05);
+}
+
+QColor Mixed(const QColor& one, const QColor& other, float share)
+{
+    const auto mix = [&](float first, float second) { return first + (second - first) * share; };
+    return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()),
+                            mix(one.blueF(), other.blueF()));
+}
+
+/// Locked values are there to be read. They stay paler than what can be worked, but no paler than can be read well.
+void KeepReadable(QWidget& widget, QPalette::ColorRole textRole, QPalette::ColorRole groundRole)
+{
+    constexpr double ENOUGH = 5.0; // 4.5 by WCAG 2, and some for grounds that a style makes darker
+    constexpr float PALEST = 0.5F;
+    constexpr float STEP = 0.05F;
+    QPalette palette = widget.palette();
+    const QColor text = palette.color(QPalette::Active, textRole);
+    const QColor ground = palette.color(QPalette::Disabled, groundRole);
+    QColor pale = text;
+    for (float share = PALEST; share > 0 && (pale == text || Contrast(pale, ground) < ENOUGH); share -= STEP)
+    {
+        pale = Mixed(text, ground, share);
+    }
+    palette.setColor(QPalette::Disabled, textRole, pale);
+    widget.setPalette(palette);
+}
+
+/// The files of the save dialog with their kinds and times in Japanese; Qt takes both from the user's locale.
+class JapaneseFiles final : public QIdentityProxyModel
+{
+  public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* const files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        if (files != nullptr && role == Qt::DisplayRole && index.column() == KIND_COLUMN)
+        {
+            return Kind(files->fileInfo(mapToSource(index)));
+        }
+        if (files != nullptr && role == Qt::DisplayRole && index.column() == TIME_COLUMN)
+        {
+            return files->lastModified(mapToSource(index)).toString(QStringLiteral("yyyy/MM/dd HH:mm"));
+        }
+        return QIdentityProxyModel::data(index, role);
+    }
+
+  private:
+    static QString Kind(const QFileInfo& file)
+    {
+        return file.isDir() ? QStringLiteral("フォルダー") : file.suffix().toUpper() + QStringLiteral("ファイル");
+    }
+
+    static constexpr int KIND_COLUMN = 2;
+    static constexpr int TIME_COLUMN = 3;
+};
+
 /// "XML Files (*.xml)|*.xml|All Files (*.*)|*.*||" as Qt's "XML Files (*.xml);;All Files (*)".
 QString QtFilter(const wchar_t* filter)
 {
@@ -104,15 +177,26 @@ class QtDialog::Window final : public QDialog
 
     void reject() override
     {
-        dialog_.Tell([&] { dialog_.events_.OnClick(CANCEL_COMMAND); });
+        dialog_.Tell([](DialogEvents& events) { events.OnClick(CANCEL_COMMAND); });
     }
 
-    /// The keyboard as on Windows: a tree selects its first item when it gets the focus, and every arrow key goes on to
-    /// the next radio or back to the former one, and round.
+    /// Qt selects the whole text of the edit that a dialog opens on, so that the first key would wipe it out.
+    void setVisible(bool visible) override
+    {
+        QDialog::setVisible(visible);
+        if (auto* const edit = qobject_cast<QLineEdit*>(focusWidget()); visible && edit != nullptr)
+        {
+            edit->setCursorPosition(0);
+        }
+    }
+
+    /// The keyboard as on Windows: a tree selects its first item when it gets the focus, but not by a click, which
+    /// selects what is clicked; and every arrow key goes on to the next radio or back to the former one, and round.
     bool eventFilter(QObject* object, QEvent* event) override
     {
         auto* const tree = qobject_cast<QTreeWidget*>(object);
-        if (tree != nullptr && event->type() == QEvent::FocusIn && tree->selectedItems().isEmpty())
+        if (tree != nullptr && event->type() == QEvent::FocusIn && tree->selectedItems().isEmpty() &&
+            static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason)
         {
             tree->setCurrentItem(tree->topLevelItem(0));
         }
@@ -147,33 +231,15 @@ class QtDialog::Window final : public QDialog
     QtDialog& dialog_;
 };
 
-/// Passes an event on. No exception may pass through the toolkit: it ends the dialog and leaves where it was opened.
-template <class Body>
-void QtDialog::Tell(Body event)
-{
-    try
-    {
-        event();
-    }
-    catch (...)
-    {
-        failure_ = std::current_exception();
-        End(DialogResult::Cancelled);
-    }
-}
-
 template <class Widget>
 Widget* QtDialog::As(int control) const
 {
-    const auto found = widgets_.find(control);
-    return found == widgets_.end() ? nullptr : qobject_cast<Widget*>(found->second);
+    return qobject_cast<Widget*>(&At(control));
 }
 
-QtDialog::QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog* owner)
-    : DialogWindow(dialog),
-      events_(events)
+QtDialog::QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog* owner) : NativeDialog(dialog, events)
 {
-    QWidget* const parent = owner != nullptr ? owner->window_ : QApplication::activeWindow();
+    QWidget* const parent = owner != nullptr ? owner->window_ : OwnerOfNextWindow();
     window_ = new Window(*this, parent);
     window_->setAttribute(Qt::WA_QuitOnClose, false);
     window_->setWindowTitle(Q(dialog.caption));
@@ -233,7 +299,7 @@ QWidget* QtDialog::MakeButton(const ControlTemplate& control)
     auto* const button = new QPushButton(Q(control.caption), window_);
     button->setDefault(control.kind == ControlKind::DefaultButton);
     QObject::connect(button, &QPushButton::clicked, window_,
-                     [this, number = control.number] { Tell([&] { events_.OnClick(number); }); });
+                     [this, number = control.number] { Tell([&](DialogEvents& events) { events.OnClick(number); }); });
     return button;
 }
 
@@ -248,8 +314,10 @@ QWidget* QtDialog::MakeEdit(const ControlTemplate& control)
         palette.setColor(QPalette::Base, palette.color(QPalette::Window));
         edit->setPalette(palette);
     }
-    QObject::connect(edit, &QLineEdit::textChanged, window_,
-                     [this, number = control.number] { Tell([&] { events_.OnTextChanged(number); }); });
+    KeepReadable(*edit, QPalette::Text, QPalette::Base);
+    QObject::connect(edit, &QLineEdit::textChanged, window_, [this, number = control.number] {
+        Tell([&](DialogEvents& events) { events.OnTextChanged(number); });
+    });
     return edit;
 }
 
@@ -257,6 +325,7 @@ QWidget* QtDialog::MakeList(const ControlTemplate& control)
 {
     auto* const list = new QComboBox(window_);
     const int rowHeight = std::max(1, list->fontMetrics().height() + 2);
+    KeepReadable(*list, QPalette::ButtonText, QPalette::Button);
     list->setMaxVisibleItems(std::max(1, DialogUnits(*window_).Y(control.dropDownHeight) / rowHeight));
     return list;
 }
@@ -271,7 +340,7 @@ QWidget* QtDialog::MakeRadio(const ControlTemplate& control)
     radioGroups_.back()->addButton(radio);
     radio->installEventFilter(window_);
     QObject::connect(radio, &QRadioButton::clicked, window_,
-                     [this, number = control.number] { Tell([&] { events_.OnClick(number); }); });
+                     [this, number = control.number] { Tell([&](DialogEvents& events) { events.OnClick(number); }); });
     return radio;
 }
 
@@ -285,7 +354,7 @@ QWidget* QtDialog::MakeTree(const ControlTemplate& control)
     QObject::connect(tree, &QTreeWidget::itemSelectionChanged, window_, [this, tree, number = control.number] {
         const QList<QTreeWidgetItem*> selected = tree->selectedItems();
         QTreeWidgetItem* const item = selected.isEmpty() ? nullptr : selected.first();
-        Tell([&] { events_.OnTreeSelectionChanged(number, HandleOf(item)); });
+        Tell([&](DialogEvents& events) { events.OnTreeSelectionChanged(number, HandleOf(item)); });
     });
     return tree;
 }
@@ -308,6 +377,21 @@ void QtDialog::OrderTabs()
     }
 }
 
+/// Takes off a tree's height what the last row would be cut off by.
+void QtDialog::ShowWholeRows() const
+{
+    for (const auto& [control, widget] : widgets_)
+    {
+        auto* const tree = qobject_cast<QTreeWidget*>(widget);
+        const int rowHeight = tree != nullptr ? tree->sizeHintForRow(0) : 0;
+        if (rowHeight > 0)
+        {
+            const int rows = tree->height() - 2 * tree->frameWidth();
+            tree->resize(tree->width(), tree->height() - rows % rowHeight);
+        }
+    }
+}
+
 void QtDialog::FocusFirst()
 {
     const ControlTemplate* const first =
@@ -320,24 +404,21 @@ void QtDialog::FocusFirst()
 
 DialogResult QtDialog::RunModal()
 {
-    Tell([&] { events_.OnInitDialog(); });
+    Tell([](DialogEvents& events) { events.OnInitDialog(); });
     if (!ended_)
     {
+        ShowWholeRows();
         FocusFirst();
         window_->exec();
     }
-    if (failure_ != nullptr)
-    {
-        std::rethrow_exception(failure_);
-    }
-    return result_;
+    RethrowFailure();
+    return Result();
 }
 
-void QtDialog::End(DialogResult result)
+void QtDialog::Close()
 {
-    result_ = result;
     ended_ = true;
-    window_->done(result == DialogResult::Accepted ? QDialog::Accepted : QDialog::Rejected);
+    window_->done(Result() == DialogResult::Accepted ? QDialog::Accepted : QDialog::Rejected);
 }
 
 void QtDialog::Raise()
@@ -383,7 +464,7 @@ void QtDialog::SetText(int control, const std::wstring& text)
         const bool typing = edit->hasFocus() && behindCursor <= edit->text().size();
         edit->setCursorPosition(typing ? static_cast<int>(edit->text().size() - behindCursor) : 0);
     }
-    Tell([&] { events_.OnTextChanged(control); });
+    Tell([&](DialogEvents& events) { events.OnTextChanged(control); });
 }
 
 std::wstring QtDialog::Text(int control) const
@@ -476,20 +557,22 @@ void QtDialog::SetChecked(int radio, bool checked)
 
 TreeItem QtDialog::AddTreeItem(int tree, TreeItem parent, const std::wstring& text, void* data)
 {
-    auto* const item =
-        parent != nullptr ? new QTreeWidgetItem(ItemOf(parent)) : new QTreeWidgetItem(As<QTreeWidget>(tree));
+    auto* const widget = As<QTreeWidget>(tree);
+    auto* const item = parent != nullptr ? new QTreeWidgetItem(ItemOf(parent)) : new QTreeWidgetItem(widget);
     item->setText(0, Q(text));
     item->setData(0, Qt::UserRole, Behind(data));
     return HandleOf(item);
 }
 
-void* QtDialog::TreeItemData(int /*tree*/, TreeItem item) const
+void* QtDialog::TreeItemData(int tree, TreeItem item) const
 {
+    At(tree);
     return ItemOf(item)->data(0, Qt::UserRole).value<void*>();
 }
 
-TreeItem QtDialog::TreeParent(int /*tree*/, TreeItem item) const
+TreeItem QtDialog::TreeParent(int tree, TreeItem item) const
 {
+    At(tree);
     return HandleOf(ItemOf(item)->parent());
 }
 
@@ -498,8 +581,9 @@ TreeItem QtDialog::FirstTreeItem(int tree) const
     return HandleOf(As<QTreeWidget>(tree)->topLevelItem(0));
 }
 
-void QtDialog::ExpandTreeItem(int /*tree*/, TreeItem item)
+void QtDialog::ExpandTreeItem(int tree, TreeItem item)
 {
+    At(tree);
     ItemOf(item)->setExpanded(true);
 }
 
@@ -510,7 +594,7 @@ void QtDialog::EnsureTreeItemVisible(int tree, TreeItem item)
 
 void QtDialog::ShowMessage(const std::wstring& text)
 {
-    ShowMessageBox(window_, text, MessageIcon::None);
+    ShowMessageBox(window_, text);
 }
 
 std::optional<std::wstring> QtDialog::ChooseSaveFile(const SaveFileRequest& request)
@@ -518,6 +602,7 @@ std::optional<std::wstring> QtDialog::ChooseSaveFile(const SaveFileRequest& requ
     QFileDialog dialog(window_, QStringLiteral("名前を付けて保存"), QString(), QtFilter(request.filter));
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setProxyModel(new JapaneseFiles(&dialog));
     dialog.setDefaultSuffix(Q(request.defaultExtension));
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("場所:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("ファイル名:"));

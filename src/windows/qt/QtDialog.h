@@ -1,10 +1,10 @@
 #pragma once
 
-#include "windows/Dialog.h"
+#include "windows/NativeDialog.h"
+#include "windows/qt/QtTexts.h"
 
 #include <QDialog>
 #include <QPointer>
-#include <exception>
 #include <map>
 #include <vector>
 
@@ -19,14 +19,13 @@ namespace jlandxml
 {
 
 /// A dialog in Qt widgets. Each widget bears the number of its control as its object name.
-class QtDialog final : public DialogWindow
+class QtDialog final : public NativeDialog
 {
   public:
     QtDialog(const DialogTemplate& dialog, DialogEvents& events, QtDialog* owner);
     ~QtDialog() override;
 
     DialogResult RunModal() override;
-    void End(DialogResult result) override;
     void Raise() override;
     void ShowWaitCursor(bool shown) override;
     void Enable(int control, bool enabled) override;
@@ -52,6 +51,7 @@ class QtDialog final : public DialogWindow
 
   protected:
     void InsertEntry(int list, int place, const std::wstring& text, const wchar_t* data) override;
+    void Close() override;
 
   private:
     class Window;
@@ -64,20 +64,18 @@ class QtDialog final : public DialogWindow
     QWidget* MakeTree(const ControlTemplate& control);
     void OrderTabs();
     void FocusFirst();
-    template <class Body>
-    void Tell(Body event);
+    void ShowWholeRows() const;
 
-    QWidget& At(int control) const { return *widgets_.at(control); }
+    QWidget& At(int control) const { return *widgets_.at(LayoutOf(control).number); }
+    /// The control as a widget of this class; null if it is of another.
     template <class Widget>
     Widget* As(int control) const;
 
-    DialogEvents& events_;
+    JapaneseTexts texts_;
     QPointer<Window> window_;
     std::map<int, QWidget*> widgets_;
     std::vector<QButtonGroup*> radioGroups_;
     bool ended_ = false;
-    DialogResult result_ = DialogResult::Cancelled;
-    std::exception_ptr failure_;
 };
 
 } // namespace jlandxml

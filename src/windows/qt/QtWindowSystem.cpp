@@ -10,14 +10,14 @@
 namespace jlandxml
 {
 
-void QtWindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
+void QtWindowSystem::ShowMessage(const std::wstring& text)
 {
     if (!EnsureApplication())
     {
         WriteStandardError(text + L"\n");
         return;
     }
-    ShowMessageBox(QApplication::activeWindow(), text, icon);
+    ShowMessageBox(OwnerOfNextWindow(), text);
 }
 
 std::unique_ptr<DialogWindow> QtWindowSystem::MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
@@ -28,6 +28,21 @@ std::unique_ptr<DialogWindow> QtWindowSystem::MakeDialogWindow(const DialogTempl
         throw CException(L"画面に接続できないため、ダイアログを表示できません。");
     }
     return std::make_unique<QtDialog>(dialog, events, dynamic_cast<QtDialog*>(owner));
+}
+
+void QtWindowSystem::RaiseOpenWindow()
+{
+    if (QCoreApplication::instance() == nullptr)
+    {
+        return;
+    }
+    QMetaObject::invokeMethod(QCoreApplication::instance(), [] {
+        if (QWidget* const modal = QApplication::activeModalWidget(); modal != nullptr)
+        {
+            modal->raise();
+            modal->activateWindow();
+        }
+    });
 }
 
 } // namespace jlandxml

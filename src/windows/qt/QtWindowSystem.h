@@ -10,11 +10,12 @@ class QtWindowSystem : public WindowSystem
 {
   public:
     /// Without a display the text goes to standard error.
-    void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+    void ShowMessage(const std::wstring& text) override;
 
     /// Throws CException without a display.
     std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
                                                    DialogWindow* owner) override;
+    void RaiseOpenWindow() override;
 };
 
 } // namespace jlandxml

@@ -3,7 +3,6 @@
 #include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace jlandxml
 {
@@ -51,6 +50,27 @@ class BlockedScope
 
 } // namespace
 
+/// Counts a dialog among the open ones for as long as it is.
+class ScriptedDialog::OpenScope
+{
+  public:
+    explicit OpenScope(ScriptedDialog& dialog) : dialog_(dialog)
+    {
+        dialog_.windows_.OpenDialogs().push_back(&dialog_);
+        dialog_.open_ = true;
+    }
+    OpenScope(const OpenScope&) = delete;
+    OpenScope& operator=(const OpenScope&) = delete;
+    ~OpenScope()
+    {
+        dialog_.open_ = false;
+        dialog_.windows_.OpenDialogs().pop_back();
+    }
+
+  private:
+    ScriptedDialog& dialog_;
+};
+
 ScriptedDialog::ScriptedDialog(const DialogTemplate& dialog, DialogEvents& events, ScriptedWindowSystem& windows,
                                ScriptedDialog* owner)
     : DialogWindow(dialog),
@@ -71,12 +91,7 @@ ScriptedDialog::Control& ScriptedDialog::At(int control)
 
 const ScriptedDialog::Control& ScriptedDialog::At(int control) const
 {
-    const auto found = controls_.find(control);
-    if (found == controls_.end())
-    {
-        throw std::out_of_range("no such control: " + std::to_string(control));
-    }
-    return found->second;
+    return controls_.at(LayoutOf(control).number);
 }
 
 bool ScriptedDialog::IsKind(int control, bool (*wanted)(ControlKind)) const
@@ -189,6 +204,11 @@ std::vector<TreeItem> ScriptedDialog::TreeChildren(int tree, TreeItem parent) co
     return HandlesOf(parent != nullptr ? ItemOf(parent)->children : At(tree).roots);
 }
 
+bool ScriptedDialog::ClickTreeItem(int tree, TreeItem item)
+{
+    return item != nullptr && ChooseTreeItem(tree, item);
+}
+
 std::wstring ScriptedDialog::TreeText(int /*tree*/, TreeItem item) const
 {
     return ItemOf(item)->text;
@@ -208,13 +228,14 @@ DialogResult ScriptedDialog::RunModal()
 {
     const BlockedScope blocked(owner_ != nullptr ? &owner_->blocked_ : nullptr);
     windows_.Record(std::wstring(L"open ") + Template().caption);
-    open_ = true;
-    events_.OnInitDialog();
-    if (!ended_)
     {
-        windows_.LetUserWork(*this);
+        const OpenScope open(*this);
+        events_.OnInitDialog();
+        if (!ended_)
+        {
+            windows_.LetUserWork(*this);
+        }
     }
-    open_ = false;
     windows_.Record(std::wstring(L"close ") + Template().caption +
                     (result_ == DialogResult::Accepted ? L" accepted" : L" cancelled"));
     return result_;
@@ -289,20 +310,29 @@ void ScriptedDialog::InsertEntry(int list, int place, const std::wstring& text, 
     }
 }
 
+void ScriptedDialog::FillEntries(int list, std::span<const std::wstring> texts, std::span<const std::size_t> order)
+{
+    DialogWindow::FillEntries(list, texts, order);
+    At(list).added.assign(texts.begin(), texts.end());
+}
+
 TreeItem ScriptedDialog::AddTreeItem(int tree, TreeItem parent, const std::wstring& text, void* data)
 {
+    Control& control = At(tree);
     ScriptedTreeItem& item = items_.emplace_back(ScriptedTreeItem{ItemOf(parent), text, data, false, {}});
-    (parent != nullptr ? ItemOf(parent)->children : At(tree).roots).push_back(&item);
+    (parent != nullptr ? ItemOf(parent)->children : control.roots).push_back(&item);
     return HandleOf(&item);
 }
 
-void* ScriptedDialog::TreeItemData(int /*tree*/, TreeItem item) const
+void* ScriptedDialog::TreeItemData(int tree, TreeItem item) const
 {
+    LayoutOf(tree);
     return ItemOf(item)->data;
 }
 
-TreeItem ScriptedDialog::TreeParent(int /*tree*/, TreeItem item) const
+TreeItem ScriptedDialog::TreeParent(int tree, TreeItem item) const
 {
+    LayoutOf(tree);
     return HandleOf(ItemOf(item)->parent);
 }
 
@@ -312,19 +342,21 @@ TreeItem ScriptedDialog::FirstTreeItem(int tree) const
     return control.roots.empty() ? nullptr : HandleOf(control.roots.front());
 }
 
-void ScriptedDialog::ExpandTreeItem(int /*tree*/, TreeItem item)
+void ScriptedDialog::ExpandTreeItem(int tree, TreeItem item)
 {
+    LayoutOf(tree);
     ItemOf(item)->expanded = true;
 }
 
 void ScriptedDialog::EnsureTreeItemVisible(int tree, TreeItem item)
 {
+    LayoutOf(tree);
     windows_.Record(L"visible " + std::to_wstring(tree) + L" " + ItemOf(item)->text);
 }
 
 void ScriptedDialog::ShowMessage(const std::wstring& text)
 {
-    windows_.ShowMessage(text, MessageIcon::None);
+    windows_.ShowMessage(text);
 }
 
 std::optional<std::wstring> ScriptedDialog::ChooseSaveFile(const SaveFileRequest& request)

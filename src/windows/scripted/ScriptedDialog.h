@@ -36,6 +36,7 @@ class ScriptedDialog : public DialogWindow, public DialogHands
     bool TypeCharacter(int control, wchar_t character) override;
     bool ChooseEntry(int list, int entry) override;
     bool ChooseTreeItem(int tree, TreeItem item) override;
+    bool ClickTreeItem(int tree, TreeItem item) override;
     bool PressEnter() override;
     bool PressEscape() override;
     std::vector<TreeItem> TreeChildren(int tree, TreeItem parent) const override;
@@ -80,8 +81,11 @@ class ScriptedDialog : public DialogWindow, public DialogHands
 
   protected:
     void InsertEntry(int list, int place, const std::wstring& text, const wchar_t* data) override;
+    void FillEntries(int list, std::span<const std::wstring> texts, std::span<const std::size_t> order) override;
 
   private:
+    class OpenScope;
+
     struct Entry
     {
         std::wstring text;

@@ -3,9 +3,9 @@
 namespace jlandxml
 {
 
-void ScriptedWindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
+void ScriptedWindowSystem::ShowMessage(const std::wstring& text)
 {
-    messages_.push_back({text, icon});
+    messages_.push_back({text});
     Record(L"message " + text);
 }
 
@@ -13,6 +13,14 @@ std::unique_ptr<DialogWindow> ScriptedWindowSystem::MakeDialogWindow(const Dialo
                                                                      DialogWindow* owner)
 {
     return std::make_unique<ScriptedDialog>(dialog, events, *this, dynamic_cast<ScriptedDialog*>(owner));
+}
+
+void ScriptedWindowSystem::RaiseOpenWindow()
+{
+    if (!openDialogs_.empty())
+    {
+        openDialogs_.back()->Raise();
+    }
 }
 
 void ScriptedWindowSystem::LetUserWork(ScriptedDialog& dialog) const

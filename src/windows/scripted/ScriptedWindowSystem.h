@@ -14,7 +14,6 @@ namespace jlandxml
 struct ShownMessage
 {
     std::wstring text;
-    MessageIcon icon;
 
     bool operator==(const ShownMessage&) const = default;
 };
@@ -32,9 +31,10 @@ class ScriptedWindowSystem : public WindowSystem
     void SetUser(User user) { user_ = std::move(user); }
     void SetSaveFileAnswer(SaveFileAnswer answer) { saveFileAnswer_ = std::move(answer); }
 
-    void ShowMessage(const std::wstring& text, MessageIcon icon) override;
+    void ShowMessage(const std::wstring& text) override;
     std::unique_ptr<DialogWindow> MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
                                                    DialogWindow* owner) override;
+    void RaiseOpenWindow() override;
 
     /// The message boxes in the order in which they were shown.
     const std::vector<ShownMessage>& Messages() const { return messages_; }
@@ -45,6 +45,8 @@ class ScriptedWindowSystem : public WindowSystem
 
     void Record(std::wstring line) { records_.push_back(std::move(line)); }
     void LetUserWork(ScriptedDialog& dialog) const;
+    /// The dialogs that are open, the one in front last.
+    std::vector<ScriptedDialog*>& OpenDialogs() { return openDialogs_; }
     std::optional<std::wstring> AnswerSaveFile(const SaveFileRequest& request);
 
   private:
@@ -52,6 +54,7 @@ class ScriptedWindowSystem : public WindowSystem
     SaveFileAnswer saveFileAnswer_;
     std::vector<ShownMessage> messages_;
     std::vector<std::wstring> records_;
+    std::vector<ScriptedDialog*> openDialogs_;
 };
 
 } // namespace jlandxml

@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr const wchar_t* CAN_NOT_OPEN = L"ダイアログを表示できません。";
+constexpr const wchar_t* CAN_NOT_CHOOSE_FILE = L"保存先を選ぶダイアログを表示できません。";
 
 HTREEITEM ItemOf(TreeItem item)
 {
@@ -71,6 +72,36 @@ class CurrentFolderScope
     std::wstring folder_;
 };
 
+/// Puts a window over the middle of its owner. Where it would overhang the monitor's work area there, or has no owner
+/// that is seen, it comes to the middle of that area.
+void Center(HWND window, HWND owner)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(owner, owner != nullptr ? MONITOR_DEFAULTTONEAREST : MONITOR_DEFAULTTOPRIMARY),
+                    &monitor);
+    const RECT& area = monitor.rcWork;
+    RECT own{};
+    GetWindowRect(window, &own);
+    const int width = own.right - own.left;
+    const int height = own.bottom - own.top;
+    const auto within = [&](const RECT& place) {
+        const POINT corner{place.left + (place.right - place.left - width) / 2,
+                           place.top + (place.bottom - place.top - height) / 2};
+        return corner;
+    };
+    POINT corner = within(area);
+    RECT place{};
+    if (owner != nullptr && IsIconic(owner) == FALSE && GetWindowRect(owner, &place) != FALSE)
+    {
+        const POINT over = within(place);
+        const bool fits =
+            over.x >= area.left && over.y >= area.top && over.x + width <= area.right && over.y + height <= area.bottom;
+        corner = fits ? over : corner;
+    }
+    SetWindowPos(window, nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 /// A filter with "|" as the system has it, with terminators in their place.
 std::wstring SystemFilter(const wchar_t* filter)
 {
@@ -82,25 +113,9 @@ std::wstring SystemFilter(const wchar_t* filter)
 } // namespace
 
 Win32Dialog::Win32Dialog(const DialogTemplate& dialog, DialogEvents& events, Win32Dialog* owner)
-    : DialogWindow(dialog),
-      events_(events),
+    : NativeDialog(dialog, events),
       owner_(owner)
 {}
-
-/// Passes an event on. No exception may pass through the system: it ends the dialog and leaves where it was opened.
-template <class Body>
-void Win32Dialog::Tell(Body event)
-{
-    try
-    {
-        event();
-    }
-    catch (...)
-    {
-        failure_ = std::current_exception();
-        End(DialogResult::Cancelled);
-    }
-}
 
 DialogResult Win32Dialog::RunModal()
 {
@@ -108,18 +123,18 @@ DialogResult Win32Dialog::RunModal()
     const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_TREEVIEW_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     const std::vector<std::uint32_t> dialog = MakeWin32Template(Template());
-    const HWND owner = owner_ != nullptr ? owner_->window_ : HostWindow();
+    ownerWindow_ = owner_ != nullptr ? owner_->window_ : OwnerOfNextWindow();
+    ModalScope modal(ownerWindow_);
+    modal_ = &modal;
     const INT_PTR ended = DialogBoxIndirectParamW(ThisModule(), reinterpret_cast<const DLGTEMPLATE*>(dialog.data()),
-                                                  owner, Procedure, reinterpret_cast<LPARAM>(this));
-    if (failure_ != nullptr)
-    {
-        std::rethrow_exception(failure_);
-    }
+                                                  ownerWindow_, Procedure, reinterpret_cast<LPARAM>(this));
+    modal_ = nullptr;
+    RethrowFailure();
     if (ended <= 0)
     {
         throw CException(CAN_NOT_OPEN);
     }
-    return result_;
+    return Result();
 }
 
 INT_PTR CALLBACK Win32Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -153,6 +168,8 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
 INT_PTR Win32Dialog::OnOpen()
 {
     open_ = true;
+    ModalScope::SetDialog(window_);
+    Center(window_, ownerWindow_);
     for (const ControlTemplate& control : Template().controls)
     {
         if (IsEdit(control.kind))
@@ -160,7 +177,7 @@ INT_PTR Win32Dialog::OnOpen()
             Send(control.number, EM_SETLIMITTEXT); // none but the system's own
         }
     }
-    Tell([&] { events_.OnInitDialog(); });
+    Tell([&](DialogEvents& events) { events.OnInitDialog(); });
     return FocusFirst() ? FALSE : TRUE;
 }
 
@@ -193,7 +210,7 @@ bool Win32Dialog::OnCommand(int control, int notification)
     {
         if (notification == EN_CHANGE && !settingText_)
         {
-            Tell([&] { events_.OnTextChanged(control); });
+            Tell([&](DialogEvents& events) { events.OnTextChanged(control); });
         }
         return true;
     }
@@ -202,7 +219,7 @@ bool Win32Dialog::OnCommand(int control, int notification)
         control == CANCEL_COMMAND || (found != nullptr && (IsButton(found->kind) || IsRadio(found->kind)));
     if (clicked && notification == BN_CLICKED)
     {
-        Tell([&] { events_.OnClick(control); });
+        Tell([&](DialogEvents& events) { events.OnClick(control); });
         return true;
     }
     return false;
@@ -210,22 +227,45 @@ bool Win32Dialog::OnCommand(int control, int notification)
 
 bool Win32Dialog::OnNotify(const NMHDR& notification)
 {
-    if (notification.code != TVN_SELCHANGEDW)
+    switch (notification.code)
+    {
+    case TVN_SELCHANGINGW:
+        return OnTreeSelectionChanging(reinterpret_cast<const NMTREEVIEWW&>(notification));
+    case TVN_SELCHANGEDW:
+        return OnTreeSelectionChanged(reinterpret_cast<const NMTREEVIEWW&>(notification));
+    default:
+        return false;
+    }
+}
+
+/// A tree without a selection selects an item by itself when it gets the focus. Where it gets it by a click, what is
+/// clicked is selected, and nothing before it.
+bool Win32Dialog::OnTreeSelectionChanging(const NMTREEVIEWW& change)
+{
+    const bool pressed = GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0;
+    if (change.action != TVC_UNKNOWN || change.itemOld.hItem != nullptr || !pressed)
     {
         return false;
     }
-    const auto& change = reinterpret_cast<const NMTREEVIEWW&>(notification);
+    SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+    return true;
+}
+
+bool Win32Dialog::OnTreeSelectionChanged(const NMTREEVIEWW& change)
+{
     const auto item = HandleOf(reinterpret_cast<LRESULT>(change.itemNew.hItem));
     long result = 0;
-    Tell([&] { result = events_.OnTreeSelectionChanged(static_cast<int>(notification.idFrom), item); });
+    Tell([&](DialogEvents& events) {
+        result = events.OnTreeSelectionChanged(static_cast<int>(change.hdr.idFrom), item);
+    });
     SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
     return true;
 }
 
-void Win32Dialog::End(DialogResult result)
+void Win32Dialog::Close()
 {
-    result_ = result;
     open_ = false;
+    modal_->Release();
     EndDialog(window_, 1);
 }
 
@@ -272,17 +312,15 @@ void Win32Dialog::SetText(int control, const std::wstring& text)
         const auto place = static_cast<LPARAM>(text.size() - (length - caret));
         SendMessageW(edit, EM_SETSEL, static_cast<WPARAM>(place), place);
     }
-    const ControlTemplate* const found = FindControl(Template(), control);
-    if (found != nullptr && IsEdit(found->kind))
+    if (IsEdit(LayoutOf(control).kind))
     {
-        Tell([&] { events_.OnTextChanged(control); });
+        Tell([&](DialogEvents& events) { events.OnTextChanged(control); });
     }
 }
 
 std::wstring Win32Dialog::Text(int control) const
 {
-    const ControlTemplate* const found = FindControl(Template(), control);
-    if (found != nullptr && IsList(found->kind))
+    if (IsList(LayoutOf(control).kind))
     {
         const int entry = SelectedEntry(control);
         return entry == NO_ENTRY ? std::wstring() : EntryText(control, entry);
@@ -294,8 +332,7 @@ std::wstring Win32Dialog::Text(int control) const
 
 bool Win32Dialog::IsListBox(int list) const
 {
-    const ControlTemplate* const control = FindControl(Template(), list);
-    return control != nullptr && control->kind == ControlKind::SortedListBox;
+    return LayoutOf(list).kind == ControlKind::SortedListBox;
 }
 
 LRESULT Win32Dialog::Send(int control, UINT message, WPARAM wParam, LPARAM lParam) const
@@ -401,7 +438,7 @@ void Win32Dialog::EnsureTreeItemVisible(int tree, TreeItem item)
 
 void Win32Dialog::ShowMessage(const std::wstring& text)
 {
-    MessageBoxW(window_, text.c_str(), MESSAGE_CAPTION, MB_OK);
+    ShowMessageBox(window_, text);
 }
 
 std::optional<std::wstring> Win32Dialog::ChooseSaveFile(const SaveFileRequest& request)
@@ -419,11 +456,15 @@ std::optional<std::wstring> Win32Dialog::ChooseSaveFile(const SaveFileRequest& r
     save.nMaxFile = static_cast<DWORD>(path.size());
     save.lpstrDefExt = request.defaultExtension;
     save.Flags = OFN_EXPLORER | OFN_ENABLESIZING | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR;
-    if (GetSaveFileNameW(&save) == FALSE)
+    if (GetSaveFileNameW(&save) != FALSE)
     {
-        return std::nullopt;
+        return std::wstring(path.data());
     }
-    return std::wstring(path.data());
+    if (CommDlgExtendedError() != 0)
+    {
+        throw CException(CAN_NOT_CHOOSE_FILE);
+    }
+    return std::nullopt;
 }
 
 } // namespace jlandxml

@@ -1,22 +1,23 @@
 #pragma once
 
-#include "windows/Dialog.h"
-
-#include <exception>
+#include "windows/NativeDialog.h"
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 namespace jlandxml
 {
 
+class ModalScope;
+
 /// A modal dialog of the system, made from a template in memory.
-class Win32Dialog final : public DialogWindow
+class Win32Dialog final : public NativeDialog
 {
   public:
     Win32Dialog(const DialogTemplate& dialog, DialogEvents& events, Win32Dialog* owner);
 
     DialogResult RunModal() override;
-    void End(DialogResult result) override;
     void Raise() override;
     void ShowWaitCursor(bool shown) override;
     void Enable(int control, bool enabled) override;
@@ -42,6 +43,7 @@ class Win32Dialog final : public DialogWindow
 
   protected:
     void InsertEntry(int list, int place, const std::wstring& text, const wchar_t* data) override;
+    void Close() override;
 
   private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -50,23 +52,22 @@ class Win32Dialog final : public DialogWindow
     bool OnActivate(bool active);
     bool OnCommand(int control, int notification);
     bool OnNotify(const NMHDR& notification);
+    bool OnTreeSelectionChanging(const NMTREEVIEWW& change);
+    bool OnTreeSelectionChanged(const NMTREEVIEWW& change);
     bool FocusFirst();
-    template <class Body>
-    void Tell(Body event);
 
-    HWND At(int control) const { return GetDlgItem(window_, control); }
+    HWND At(int control) const { return GetDlgItem(window_, LayoutOf(control).number); }
     bool IsListBox(int list) const;
     LRESULT Send(int control, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
-    DialogEvents& events_;
     Win32Dialog* owner_;
+    HWND ownerWindow_ = nullptr;
+    ModalScope* modal_ = nullptr; ///< while the window is open
     HWND window_ = nullptr;
     HCURSOR cursor_ = nullptr;
     bool settingText_ = false; ///< the change is told by SetText itself
     bool open_ = false;
     bool activated_ = false;
-    DialogResult result_ = DialogResult::Cancelled;
-    std::exception_ptr failure_;
 };
 
 } // namespace jlandxml

@@ -113,7 +113,7 @@ void WriteHead(TemplateWriter& writer, const DialogTemplate& dialog)
     writer.Word(0xFFFF); // its signature
     writer.DoubleWord(0);
     writer.DoubleWord(0);
-    writer.DoubleWord(DS_SHELLFONT | DS_MODALFRAME | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU);
+    writer.DoubleWord(DS_SHELLFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU);
     writer.Number(static_cast<std::int32_t>(dialog.controls.size()));
     writer.Number(0);
     writer.Number(0);

@@ -6,17 +6,20 @@
 namespace jlandxml
 {
 
-void Win32WindowSystem::ShowMessage(const std::wstring& text, MessageIcon icon)
+void Win32WindowSystem::ShowMessage(const std::wstring& text)
 {
-    const VisualStyles styles;
-    const UINT style = MB_OK | (icon == MessageIcon::Exclamation ? MB_ICONEXCLAMATION : 0U);
-    MessageBoxW(HostWindow(), text.c_str(), MESSAGE_CAPTION, style);
+    ShowMessageBox(OwnerOfNextWindow(), text);
 }
 
 std::unique_ptr<DialogWindow> Win32WindowSystem::MakeDialogWindow(const DialogTemplate& dialog, DialogEvents& events,
                                                                   DialogWindow* owner)
 {
     return std::make_unique<Win32Dialog>(dialog, events, dynamic_cast<Win32Dialog*>(owner));
+}
+
+void Win32WindowSystem::RaiseOpenWindow()
+{
+    RaiseModalWindow();
 }
 
 } // namespace jlandxml

@@ -9,7 +9,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <new>
 #include <optional>
+#include <thread>
 
 namespace jlandxml
 {
@@ -91,6 +93,42 @@ TEST_F(ExecuteQuorvaneTest, ABadRowOfASideFileIsTheOneMessageAndNoDialogOpens)
     EXPECT_EQ(windows.Records(), std::vector<std::wstring>{L"message " + windows.Messages()[0].text});
 }
 
+TEST_F(ExecuteQuorvaneTest, ACallDuringAnotherBringsTheOpenDialogToTheFrontAndEnds)
+{
+    WorkFile("<LandXML><CoordinateSystem name=\"open\"/></LandXML>");
+    const TestFolder other;
+    other.Write(L"Landxml_temp.xml", "<LandXML><CoordinateSystem name=\"other\"/></LandXML>");
+    other.Write(L"intermediatePts_temp_1.csv", "one column only\n");
+    const auto happenedAtCall = [&] {
+        const std::size_t before = windows.Records().size();
+        ExecuteQuorvane(other.Name().c_str(), 1);
+        return std::vector<std::wstring>(windows.Records().begin() + static_cast<std::ptrdiff_t>(before),
+                                         windows.Records().end());
+    };
+    using Lines = std::vector<std::wstring>;
+    windows.SetUser([&](ScriptedDialog& dialog) {
+        EXPECT_EQ(happenedAtCall(), Lines{L"raise J-LandXML出力設定"});
+        std::thread([&] { EXPECT_EQ(happenedAtCall(), Lines{L"raise J-LandXML出力設定"}); }).join();
+        windows.SetUser([&](ScriptedDialog&) { EXPECT_EQ(happenedAtCall(), Lines{L"raise エラー一覧"}); });
+        dialog.Click(convert_dlg::OUTPUT_BUTTON);
+        EXPECT_EQ(Context().model.coordinateSystem.name, L"open");
+    });
+    ExecuteQuorvane(folder.Name().c_str(), 0);
+    EXPECT_EQ(windows.Records().back(), L"close J-LandXML出力設定 cancelled");
+    windows.SetUser(nullptr);
+    ExecuteQuorvane(other.Name().c_str(), 0);
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"other");
+}
+
+TEST_F(ExecuteQuorvaneTest, ACallThatWasLeftByAnExceptionIsOver)
+{
+    windows.SetUser([](ScriptedDialog&) { throw std::bad_alloc(); });
+    EXPECT_THROW(ExecuteQuorvane(folder.Name().c_str(), 0), std::bad_alloc);
+    windows.SetUser(nullptr);
+    ExecuteQuorvane(folder.Name().c_str(), 0);
+    EXPECT_EQ(windows.Records().back(), L"close J-LandXML出力設定 cancelled");
+}
+
 struct RunFailureCase
 {
     const char* name;
@@ -117,10 +155,10 @@ TEST_P(RunFailure, OfTheLoadIsTheOneMessage)
         {
             continue;
         }
-        inFrontOfTheLoad = windows.Messages() == std::vector<ShownMessage>(allowed + 1, {L"cause", MessageIcon::None});
+        inFrontOfTheLoad = windows.Messages() == std::vector<ShownMessage>(allowed + 1, {L"cause"});
     }
     ASSERT_FALSE(windows.Messages().empty());
-    EXPECT_EQ(windows.Messages().back(), (ShownMessage{GetParam().message, MessageIcon::None}));
+    EXPECT_EQ(windows.Messages().back(), (ShownMessage{GetParam().message}));
 }
 
 INSTANTIATE_TEST_SUITE_P(ExecuteQuorvane, RunFailure,

@@ -1,0 +1,383 @@
+// What a person sees of the native windows.
+
+#include "ui/NativeLayer.h"
+
+#include "base/Exceptions.h"
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+#include <string_view>
+
+#ifdef _WIN32
+#include <windows.h>
+
+#include <cderr.h>
+#include <commdlg.h>
+#else
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QTreeWidget>
+#include <cmath>
+#endif
+
+namespace jlandxml
+{
+namespace
+{
+
+using namespace conformance;
+using Texts = std::vector<std::wstring>;
+
+/// Looks at the window that comes up over what is in front now, and closes it.
+class Glance
+{
+  public:
+    Glance() : below_(FrontDialog()) { Wait(); }
+
+    const WindowLook& Look() const { return look_.value(); }
+
+  private:
+    void Wait()
+    {
+        errands_.RunWhenIdle([this] {
+            if (FrontDialog() == below_)
+            {
+                Wait();
+                return;
+            }
+            look_ = LookAtFrontWindow();
+            CloseFrontWindow();
+        });
+    }
+
+    const void* below_;
+    Errands errands_;
+    std::optional<WindowLook> look_;
+};
+
+constexpr SaveFileRequest SAVE_FILE{L"xml", L"", L"XML Files (*.xml)|*.xml|All Files (*.*)|*.*||"};
+
+class NativeLayerTest : public testing::Test
+{
+  protected:
+    /// Opens a window over the host's and lets the user work it.
+    void Run(DialogLayer::User user)
+    {
+        layer.SetUser(std::move(user));
+        const std::unique_ptr<DialogWindow> window = layer.Windows().MakeDialogWindow(TEMPLATE, events, nullptr);
+        events.window = window.get();
+        window->RunModal();
+    }
+
+    static void ExpectMessage(const WindowLook& look, const std::wstring& text, const void* owner)
+    {
+        EXPECT_EQ(Utf8FromWide(look.caption), "J-LandXML出力設定");
+        EXPECT_TRUE(look.exclamation);
+        EXPECT_EQ(look.owner, owner);
+        EXPECT_EQ(look.buttons, Texts{L"OK"});
+        EXPECT_EQ(std::count(look.texts.begin(), look.texts.end(), text), 1);
+    }
+
+    const void* const host = ActiveHostWindow();
+    NativeLayer layer;
+    RecordedEvents events;
+};
+
+TEST_F(NativeLayerTest, AMessageStandsOverTheHostWithAnExclamationMarkAndOneButton)
+{
+    const Glance glance;
+    layer.Windows().ShowMessage(L"作業用ファイル <b>&");
+    ExpectMessage(glance.Look(), L"作業用ファイル <b>&", host);
+}
+
+TEST_F(NativeLayerTest, AMessageStandsOverTheDialogThatIsOpen)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        const void* const dialog = FrontDialog();
+        {
+            const Glance glance;
+            window.ShowMessage(L"失敗");
+            ExpectMessage(glance.Look(), L"失敗", dialog);
+        }
+        const Glance glance;
+        layer.Windows().ShowMessage(L"失敗");
+        ExpectMessage(glance.Look(), L"失敗", dialog);
+    });
+}
+
+TEST_F(NativeLayerTest, ADialogStandsOverTheHost)
+{
+    Run([&](DialogWindow&, DialogHands&) {
+        const WindowLook look = LookAtFrontWindow();
+        EXPECT_EQ(look.owner, host);
+        EXPECT_EQ(Utf8FromWide(look.caption), "試験");
+    });
+}
+
+TEST_F(NativeLayerTest, TheSaveDialogStandsOverItsDialogAndOffersTheFilters)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        const void* const dialog = FrontDialog();
+        const Glance glance;
+        EXPECT_EQ(window.ChooseSaveFile(SAVE_FILE), std::nullopt);
+        EXPECT_EQ(glance.Look().owner, dialog);
+#ifdef _WIN32
+        EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*.*)"}));
+#else
+        EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*)"}));
+#endif
+    });
+}
+
+#ifdef _WIN32
+
+/// Whether the system's save dialog fails to open.
+bool saveDialogFails = false;
+
+/// What the system's save dialog was last asked for.
+DWORD flagsAsked = 0;
+std::wstring extensionAsked;
+
+template <class Function>
+Function OfTheSystem(const char* name)
+{
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(L"comdlg32.dll"), name)));
+}
+
+BOOL WINAPI ChooseSaveFileOrFail(OPENFILENAMEW* request)
+{
+    flagsAsked = request->Flags;
+    extensionAsked = request->lpstrDefExt;
+    return saveDialogFails ? FALSE : OfTheSystem<decltype(&GetSaveFileNameW)>("GetSaveFileNameW")(request);
+}
+
+DWORD WINAPI TellFailure()
+{
+    return saveDialogFails ? DWORD{CDERR_INITIALIZATION}
+                           : OfTheSystem<decltype(&CommDlgExtendedError)>("CommDlgExtendedError")();
+}
+
+TEST_F(NativeLayerTest, TheSaveDialogAsksBeforeReplacingAndLeavesTheCurrentFolder)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        const Glance glance;
+        window.ChooseSaveFile(SAVE_FILE);
+        constexpr DWORD NEEDED = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
+        EXPECT_EQ(flagsAsked & NEEDED, NEEDED);
+        EXPECT_EQ(extensionAsked, L"xml");
+    });
+}
+
+TEST_F(NativeLayerTest, ASaveDialogThatCannotOpenIsNoCancel)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        saveDialogFails = true;
+        try
+        {
+            window.ChooseSaveFile(SAVE_FILE);
+            ADD_FAILURE() << "taken for cancelled";
+        }
+        catch (const CException& exception)
+        {
+            EXPECT_EQ(Utf8FromWide(ErrorText(exception)), "保存先を選ぶダイアログを表示できません。");
+        }
+        saveDialogFails = false;
+    });
+}
+
+struct Place
+{
+    const char* name;
+    RECT host;
+    bool over; ///< the dialog has room in the work area over the middle of its owner
+};
+
+class DialogPlace : public NativeLayerTest, public testing::WithParamInterface<Place>
+{
+  protected:
+    void SetUp() override { GetWindowRect(HostWindow(), &former_); }
+    void TearDown() override { Move(former_); }
+
+    HWND HostWindow() const { return static_cast<HWND>(const_cast<void*>(host)); }
+
+    void Move(const RECT& place) const
+    {
+        SetWindowPos(HostWindow(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                     SWP_NOZORDER);
+    }
+
+  private:
+    RECT former_{};
+};
+
+TEST_P(DialogPlace, IsTheMiddleOfItsOwnerOrOfTheWorkArea)
+{
+    Move(GetParam().host);
+    Run([&](DialogWindow&, DialogHands&) {
+        RECT dialog{};
+        GetWindowRect(GetActiveWindow(), &dialog);
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof(monitor);
+        GetMonitorInfoW(MonitorFromWindow(HostWindow(), MONITOR_DEFAULTTONEAREST), &monitor);
+        RECT around = monitor.rcWork;
+        if (GetParam().over)
+        {
+            GetWindowRect(HostWindow(), &around);
+        }
+        EXPECT_NEAR(dialog.left + dialog.right, around.left + around.right, 2);
+        EXPECT_NEAR(dialog.top + dialog.bottom, around.top + around.bottom, 2);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Native, DialogPlace,
+                         testing::Values(Place{"OverItsOwner", {100, 60, 900, 700}, true},
+                                         Place{"OverASmallOwner", {600, 500, 700, 560}, true},
+                                         Place{"NotBeyondTheLeftEdge", {-700, 60, 100, 700}, false},
+                                         Place{"NotBeyondTheBottom", {100, 900, 900, 1300}, false}),
+                         [](const auto& place) { return std::string(place.param.name); });
+
+#else
+
+/// Two letters in a row, which aren't the ending of a file's name.
+bool IsEnglish(std::wstring_view text)
+{
+    const auto isLetter = [](wchar_t letter) {
+        return (letter >= L'A' && letter <= L'Z') || (letter >= L'a' && letter <= L'z');
+    };
+    return std::adjacent_find(text.begin(), text.end(), [&](wchar_t first, wchar_t second) {
+               return isLetter(first) && second >= L'a' && isLetter(second);
+           }) != text.end();
+}
+
+TEST_F(NativeLayerTest, TheSaveDialogSpeaksJapanese)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        const QString former = QDir::currentPath();
+        QDir::setCurrent(QString::fromWCharArray(JLANDXML_SOURCE_DIR L"/examples/road"));
+        const Glance glance;
+        window.ChooseSaveFile(SAVE_FILE);
+        QDir::setCurrent(former);
+        const WindowLook& look = glance.Look();
+        EXPECT_EQ(Utf8FromWide(look.caption), "名前を付けて保存");
+        EXPECT_EQ(look.buttons, (Texts{L"保存", L"キャンセル"}));
+        EXPECT_GT(look.texts.size(), 10U);
+        for (const std::wstring& text : look.texts)
+        {
+            const bool isName = text == QDir::home().dirName().toStdWString();
+            EXPECT_FALSE(IsEnglish(text) && !isName) << Utf8FromWide(text);
+        }
+    });
+}
+
+TEST_F(NativeLayerTest, TheHostsWordsStayAsTheyAre)
+{
+    const auto told = [] { return QCoreApplication::translate("QFileDialog", "Back"); };
+    const QString before = told();
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(told(), QStringLiteral("戻る")); });
+    EXPECT_EQ(told(), before);
+}
+
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double ContrastWhenDisabled(int control, QPalette::ColorRole textRole, QPalette::ColorRole groundRole)
+{
+    const auto* const widget = QApplication::activeModalWidget()->findChild<QWidget*>(QString::number(control));
+    const double text = Luminance(widget->palette().color(QPalette::Disabled, textRole));
+    const double ground = Luminance(widget->palette().color(QPalette::Disabled, groundRole));
+    return (std::max(text, ground) + 0.05) / (std::min(text, ground) + 0.05);
+}
+
+TEST_F(NativeLayerTest, ALockedValueCanBeReadWhateverTheHostsColors)
+{
+    const QPalette former = QApplication::palette();
+    QPalette dark = former;
+    dark.setColor(QPalette::All, QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::All, QPalette::Button, QColor(53, 53, 53));
+    dark.setColor(QPalette::All, QPalette::Text, Qt::white);
+    dark.setColor(QPalette::All, QPalette::ButtonText, Qt::white);
+    dark.setColor(QPalette::Disabled, QPalette::Text, QColor(60, 60, 60));
+    dark.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(70, 70, 70));
+    for (const QPalette& palette : {former, dark})
+    {
+        QApplication::setPalette(palette);
+        Run([](DialogWindow&, DialogHands&) {
+            EXPECT_GE(ContrastWhenDisabled(EDIT, QPalette::Text, QPalette::Base), 4.5);
+            EXPECT_GE(ContrastWhenDisabled(LIST, QPalette::ButtonText, QPalette::Button), 4.5);
+            EXPECT_LT(ContrastWhenDisabled(EDIT, QPalette::Text, QPalette::Base), 8);
+        });
+    }
+    QApplication::setPalette(former);
+}
+
+TEST_F(NativeLayerTest, ATreeShowsWholeRows)
+{
+    events.onInit = [](DialogWindow& window) {
+        for (int item = 0; item < 60; ++item)
+        {
+            window.AddTreeItem(TREE, nullptr, L"線形", nullptr);
+        }
+    };
+    Run([](DialogWindow&, DialogHands&) {
+        const auto* const tree = QApplication::activeModalWidget()->findChild<QTreeWidget*>(QString::number(TREE));
+        const int row = tree->visualItemRect(tree->topLevelItem(0)).height();
+        EXPECT_GT(tree->viewport()->height(), 3 * row);
+        EXPECT_EQ(tree->viewport()->height() % row, 0);
+    });
+}
+
+TEST_F(NativeLayerTest, APaletteThatIsActiveIsNotTheOwner)
+{
+    auto* const main = static_cast<QWidget*>(const_cast<void*>(host));
+    QWidget palette(main, Qt::Tool);
+    palette.show();
+    palette.activateWindow();
+    while (QApplication::activeWindow() != &palette)
+    {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(LookAtFrontWindow().owner, main); });
+}
+
+TEST_F(NativeLayerTest, AMessageIsNotUnderAPointerThatTellsToWait)
+{
+    Run([](DialogWindow& window, DialogHands&) {
+        window.ShowWaitCursor(true);
+        Errands errands;
+        Qt::CursorShape shape = Qt::WaitCursor;
+        errands.RunWhenIdle([&] {
+            shape = QApplication::overrideCursor()->shape();
+            CloseFrontWindow();
+        });
+        window.ShowMessage(L"失敗");
+        EXPECT_EQ(shape, Qt::ArrowCursor);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        window.ShowWaitCursor(false);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    });
+}
+
+#endif
+
+} // namespace
+} // namespace jlandxml
+
+#ifdef _WIN32
+// The imports through which the layer, compiled into this program, calls the system: in place of the library's.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+extern "C"
+{
+    decltype(&GetSaveFileNameW) __imp_GetSaveFileNameW = jlandxml::ChooseSaveFileOrFail;
+    decltype(&CommDlgExtendedError) __imp_CommDlgExtendedError = jlandxml::TellFailure;
+}
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+#endif
