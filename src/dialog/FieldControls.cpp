@@ -1,6 +1,7 @@
 #include "dialog/FieldControls.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace jlandxml
 {
@@ -183,14 +184,16 @@ void FieldControls::ShowContent(const DialogField& field, const DlgDataItem& obj
 /// Offers every alignment of every route. What the input refers to is shown even if no alignment has that name.
 void FieldControls::ShowReferenceList(int list, const std::wstring& text)
 {
-    window_.ClearEntries(list);
+    std::vector<std::wstring> names;
     for (const auto& route : routes_)
     {
         for (const auto& alignment : route->alignments)
         {
-            window_.AddEntry(list, alignment->name);
+            names.push_back(alignment->name);
         }
     }
+    window_.ClearEntries(list);
+    window_.AddEntries(list, names);
     if (!text.empty())
     {
         SelectOrAdd(list, text);

@@ -20,10 +20,7 @@ JLandXMLErrorDlg::JLandXMLErrorDlg(Dialog& owner) : Dialog(TEMPLATE, &owner) {}
 void JLandXMLErrorDlg::OnInitDialog()
 {
     Dialog::OnInitDialog();
-    for (const std::wstring& message : messages)
-    {
-        Window().AddEntry(MESSAGE_LIST, message);
-    }
+    Window().AddEntries(MESSAGE_LIST, messages);
     Window().Raise();
 }
 
