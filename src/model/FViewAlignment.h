@@ -46,8 +46,8 @@ class FViewAlignment final : public FViewLandXMLBase
 
     /// Edits the element that was read. The design values become `Feature` elements behind the other children;
     /// "Horizontal" keeps its place where it stands already. A free slope list takes all `Superelevation` children
-    /// away, cross sections refer to the design profile, and `CrossSects` without a child go. False if a child fails;
-    /// what was changed until then stays.
+    /// away, cross sections refer to the design profile, and `CrossSects` without a child go. False if a cross section
+    /// or a superelevation fails; what was changed until then stays.
     bool WriteElement(const WcXmNode& node) override;
 
     void SetOutputVersion(std::int32_t newVersion) override;

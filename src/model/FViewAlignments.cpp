@@ -35,7 +35,7 @@ constexpr std::array<DesignChange, 2> DESIGN_CHANGES = {{
 /// Removes the first `Property` of that label.
 void RemoveProperty(const WcXmNode& featureNode, std::wstring_view label)
 {
-    ForEachChild(featureNode, FViewProperty().GetElementName(), [&](const WcXmNode& property) {
+    ForEachChild(featureNode, element_name::PROPERTY, [&](const WcXmNode& property) {
         if (PropertyLabel(property) != label)
         {
             return true;

@@ -17,7 +17,7 @@ class FViewCrossSects final : public FViewLandXMLBase
     bool WriteElement(const WcXmNode& node) override;
 
     /// Writes the name of the design profile (縦断線形) that the sections refer to, as "profAlignRefs" of the `Feature`
-    /// without a name. Without cross sections, or with an empty name, nothing is written. False if it can't be added.
+    /// without a name. Without cross sections, or with an empty name, nothing is written. Always true.
     bool WriteProfAlignRefs(const WcXmNode& node, const std::wstring& profAlignName) const;
 
     void SetOutputVersion(std::int32_t newVersion) override;

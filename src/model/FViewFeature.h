@@ -6,7 +6,8 @@
 namespace jlandxml
 {
 
-/// `Feature`: a named list of properties under most elements. An empty name means a `Feature` without the attribute.
+/// `Feature`: a named list of properties under most elements, in which J-LandXML puts what LandXML 1.2 has no attribute
+/// for. An empty name means a `Feature` without the attribute, or with an empty one.
 class FViewFeature final : public FViewLandXMLBase
 {
   public:
@@ -15,12 +16,11 @@ class FViewFeature final : public FViewLandXMLBase
 
     void Clear() override;
     const wchar_t* GetElementName() const override { return element_name::FEATURE; }
-    /// Takes the name and every property. Always true.
+    /// Takes the name and the properties in document order. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes under the element that bears the data: merges into the first `Feature` of the same name, or appends a new
-    /// one. Without a single property that has both label and value nothing is written. False if an element can't be
-    /// added.
+    /// one. Without a single property that has both label and value nothing is written. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;

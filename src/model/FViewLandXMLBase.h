@@ -72,7 +72,9 @@ class FViewLandXMLBase
     /// written by the entry of the next. A class whose elements are written in pairs therefore never reads false.
     virtual bool ReadElement(const WcXmNode& node) = 0;
 
-    /// Edits the tree at the given node; each class says which node that is. False stops the export: no file is made.
+    /// Edits the tree at the given node; each class says which node that is. False stops the export: no file is made,
+    /// and what was changed until then stays changed. Adding an element never fails, short of memory, which is raised;
+    /// so most classes always give true.
     virtual bool WriteElement(const WcXmNode& node) = 0;
 
     /// Stores the OutputVersion; classes with children that depend on it pass it on.

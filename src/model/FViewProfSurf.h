@@ -18,8 +18,7 @@ class FViewProfSurf final : public FViewLandXMLBase
     /// Takes the attribute `name` and the first `PntList2D`, its name in any case. Always true.
     bool ReadElement(const WcXmNode& node) override;
 
-    /// Appends a new element under the `Profile`. Without points nothing is written, which is no failure. False only if
-    /// the `Profile` takes no child.
+    /// Appends a new element under the `Profile`. Without points nothing is written. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;

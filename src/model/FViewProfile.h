@@ -70,7 +70,7 @@ class FViewProfile final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
 
     /// Sets `staStart` and puts the ground lines back as `ProfSurf`, behind the other children; a second writing puts
-    /// them there once more. False only if the element takes no child; a ground line without points is no failure.
+    /// them there once more. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     double staStart = UNSET_DOUBLE;        ///< start of the design profile, metres

@@ -26,7 +26,7 @@ class FViewProperty final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes under a `Feature`: updates the first `Property` of the same label, or appends a new one. An empty value
-    /// never erases an old one. False if an element can't be added.
+    /// never erases an old one. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     /// Writes onto an element of its own: what isn't empty is set.
@@ -42,7 +42,7 @@ class FViewProperty final : public FViewLandXMLBase
 std::wstring_view PropertyLabel(const WcXmNode& property);
 
 /// Writes each property of a list under a `Feature`, one after the other; what one appends the next may update. The
-/// time is linear in the properties and the elements together. False as soon as an element can't be added.
+/// time is linear in the properties and the elements together. Always true.
 bool WriteProperties(const WcXmNode& feature, PiCmCopyList<FViewProperty>& properties);
 
 } // namespace jlandxml

@@ -11,10 +11,8 @@ namespace
 {
 
 constexpr const wchar_t* STA_END = L"staEnd";
-constexpr const wchar_t* BEGIN_RUNOFF_STA = L"BeginRunoffSta";
 constexpr const wchar_t* REVERSE_CROWN = L"ReverseCrown";
 constexpr const wchar_t* FLAT_STA = L"FlatSta";
-constexpr int STATION_DIGITS = 8;
 
 bool IsSet(double station)
 {
@@ -113,8 +111,8 @@ bool FViewSuperelevation::ReadElement(const WcXmNode& node)
 
 bool FViewSuperelevation::WriteElement(const WcXmNode& node)
 {
-    FormatDoubleAttribute(node, attribute_name::STA_START, fullSuperSta, STATION_DIGITS);
-    FormatDoubleAttribute(node, STA_END, runoffSta, STATION_DIGITS);
+    FormatDoubleAttribute(node, attribute_name::STA_START, fullSuperSta, SUPERELEVATION_DIGITS);
+    FormatDoubleAttribute(node, STA_END, runoffSta, SUPERELEVATION_DIGITS);
     RemoveFirstChild(node, FViewAdverseSE().GetElementName());
     RemoveFirstFeature(node, REVERSE_CROWN);
     RemoveFirstFeature(node, FLAT_STA);
@@ -135,7 +133,7 @@ bool FViewSuperelevation::WriteRunout(const WcXmNode& node) const
     {
         return true;
     }
-    RemoveFirstChild(node, BEGIN_RUNOFF_STA);
+    RemoveFirstChild(node, FViewBeginRunoffSta().GetElementName());
     return WriteStation<FViewEndOfRonoutSta>(node, startofRunoutSta) &&
            WriteStation<FViewStartofRunoutSta>(node, beginRunoffSta);
 }

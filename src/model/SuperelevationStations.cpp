@@ -8,7 +8,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr int STATION_DIGITS = 8;
 constexpr std::wstring_view ADVERSE = L"adverse";
 constexpr std::wstring_view NON_ADVERSE = L"non-adverse";
 
@@ -36,7 +35,7 @@ bool SuperelevationStation::ReadElement(const WcXmNode& node)
 
 bool SuperelevationStation::WriteStation(const WcXmNode& node) const
 {
-    return WriteText(*this, node, NumberText(value, STATION_DIGITS));
+    return WriteText(*this, node, NumberText(value, SUPERELEVATION_DIGITS));
 }
 
 bool FViewAdverseSE::ReadElement(const WcXmNode& node)

@@ -6,6 +6,9 @@
 namespace jlandxml
 {
 
+/// The decimals of a station of a superelevation.
+inline constexpr int SUPERELEVATION_DIGITS = 8;
+
 /// One station (metres) of a superelevation: a child of `Superelevation` whose text is the station.
 class SuperelevationStation : public FViewLandXMLBase
 {
