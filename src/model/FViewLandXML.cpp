@@ -1,7 +1,7 @@
 #include "model/FViewLandXML.h"
 
-#include "model/OftenWritten.h"
 #include "model/OutputVersion.h"
+#include "xml/WcXmSharedTexts.h"
 
 #include <algorithm>
 #include <vector>
@@ -141,7 +141,7 @@ void FViewLandXML::TakeProjectDataOfFirstAlignment()
 
 bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
-    const WcXmSharedTexts shared(*node.document, OFTEN_WRITTEN_ELEMENTS, OFTEN_WRITTEN_ATTRIBUTES);
+    const WcXmSharedTexts shared(*node.document);
     LinkCrossSections();
     if (!WriteFirstChild(node, project))
     {

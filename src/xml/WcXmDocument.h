@@ -33,7 +33,7 @@ class WcXmAppDocument
     bool SaveDocument(const std::wstring& path);
 
     std::unique_ptr<pugi::xml_document> xmlDocument;
-    const WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
+    WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
 };
 
 /// A LandXML document in memory. The tree that was read is the tree that is written.

@@ -34,7 +34,7 @@ pugi::xml_attribute FindAttributeNode(const pugi::xml_node& node, std::wstring_v
     return node.find_attribute([&](const pugi::xml_attribute& one) { return EqualsIgnoreCase(one.name(), name); });
 }
 
-const WcXmSharedTexts* SharedTextsOf(const WcXmNode& node)
+WcXmSharedTexts* SharedTextsOf(const WcXmNode& node)
 {
     return node.document->appDocument != nullptr ? node.document->appDocument->sharedTexts : nullptr;
 }
@@ -159,7 +159,7 @@ bool WcXmNode::SetAttribute(const wchar_t* name, std::wstring_view value) const
     pugi::xml_attribute attribute = FindAttributeNode(node, name);
     if (!attribute)
     {
-        if (const WcXmSharedTexts* const shared = SharedTextsOf(*this))
+        if (WcXmSharedTexts* const shared = SharedTextsOf(*this))
         {
             return shared->AppendAttribute(node, name, value);
         }
@@ -185,7 +185,7 @@ bool WcXmNode::AppendChildElement(const wchar_t* name, WcXmNode* out) const
     {
         parent = *appNode.xmlDocument;
     }
-    const WcXmSharedTexts* const shared = SharedTextsOf(*this);
+    WcXmSharedTexts* const shared = SharedTextsOf(*this);
     Attach(out, *this, shared != nullptr ? shared->AppendElement(parent, name) : parent.append_child(name));
     return true;
 }

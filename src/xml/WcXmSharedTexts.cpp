@@ -1,9 +1,6 @@
 #include "xml/WcXmSharedTexts.h"
 
-#include "xml/WcXmDocument.h"
-
-#include <algorithm>
-#include <string>
+#include <functional>
 
 namespace jlandxml
 {
@@ -12,79 +9,133 @@ namespace
 {
 
 constexpr const wchar_t* PATTERNS = L"patterns";
+constexpr const wchar_t* BEARER = L"attribute";
 
-/// An element for each of the elements, and one more that bears all attributes.
-std::wstring PatternXml(std::span<const wchar_t* const> elements,
-                        std::span<const WcXmSharedTexts::Attribute> attributes)
+/// Long texts hardly come again, and looking at them costs time.
+constexpr std::size_t LONGEST_VALUE = 32;
+/// Far more than the words of the format. Numbers take some of the places, too, where they come again.
+constexpr std::size_t PLACE_COUNT = 1024;
+
+/// Of all names the writers use, far fewer.
+constexpr std::size_t MOST_NAMES = 256;
+
+std::size_t Hash(std::wstring_view name, std::wstring_view value)
 {
-    std::wstring xml;
-    for (const wchar_t* const element : elements)
-    {
-        xml.append(L"<").append(element).append(L"/>");
-    }
-    xml.append(L"<attributes");
-    for (const WcXmSharedTexts::Attribute& attribute : attributes)
-    {
-        xml.append(L" ").append(attribute.name).append(L"=\"").append(attribute.value).append(L"\"");
-    }
-    return xml.append(L"/>");
+    constexpr std::hash<std::wstring_view> HASH;
+    return HASH(name) * 31 + HASH(value);
 }
 
 } // namespace
 
-WcXmSharedTexts::WcXmSharedTexts(WcXmDocument& document, std::span<const wchar_t* const> elements,
-                                 std::span<const Attribute> attributes)
-    : document_(document)
+WcXmSharedTexts::WcXmSharedTexts(WcXmDocument& document) noexcept
 {
-    if (document.appDocument == nullptr || document.appDocument->xmlDocument == nullptr ||
-        !document.appDocument->xmlDocument->document_element())
+    if (document.appDocument != nullptr && document.appDocument->xmlDocument != nullptr &&
+        document.appDocument->xmlDocument->document_element())
     {
-        return;
+        document_ = document.appDocument.get();
+        document_->sharedTexts = this;
     }
-    const std::wstring xml = PatternXml(elements, attributes);
-    patterns_ = document.appDocument->xmlDocument->append_child(PATTERNS);
-    patterns_.append_buffer(xml.data(), xml.size() * sizeof(wchar_t), pugi::parse_minimal, pugi::encoding_wchar);
-    const pugi::xml_node bearer = patterns_.last_child();
-    for (pugi::xml_node element = patterns_.first_child(); element != bearer; element = element.next_sibling())
-    {
-        elements_.emplace(element.name(), element);
-    }
-    for (const pugi::xml_attribute& attribute : bearer.attributes())
-    {
-        attributes_[attribute.name()].push_back(attribute);
-    }
-    document.appDocument->sharedTexts = this;
 }
 
 WcXmSharedTexts::~WcXmSharedTexts()
 {
-    if (patterns_)
+    if (document_ != nullptr)
     {
-        document_.appDocument->sharedTexts = nullptr;
+        document_->sharedTexts = nullptr;
         patterns_.parent().remove_child(patterns_);
     }
 }
 
-pugi::xml_node WcXmSharedTexts::AppendElement(pugi::xml_node parent, const wchar_t* name) const
+pugi::xml_node WcXmSharedTexts::AppendElement(pugi::xml_node parent, const wchar_t* name)
 {
-    const auto pattern = elements_.find(name);
-    return pattern == elements_.end() ? parent.append_child(name) : parent.append_copy(pattern->second);
+    const pugi::xml_node pattern = ElementPattern(name);
+    return pattern ? parent.append_copy(pattern) : parent.append_child(name);
 }
 
-bool WcXmSharedTexts::AppendAttribute(pugi::xml_node node, const wchar_t* name, std::wstring_view value) const
+bool WcXmSharedTexts::AppendAttribute(pugi::xml_node node, const wchar_t* name, std::wstring_view value)
 {
-    const auto patterns = attributes_.find(name);
-    if (patterns == attributes_.end())
+    if (const pugi::xml_attribute pattern = ValuePattern(name, value))
     {
-        return node.append_attribute(name).set_value(value.data(), value.size());
+        return static_cast<bool>(node.append_copy(pattern));
     }
-    const auto same = std::find_if(patterns->second.begin(), patterns->second.end(),
-                                   [&](const pugi::xml_attribute& pattern) { return pattern.value() == value; });
-    if (same != patterns->second.end())
+    const pugi::xml_attribute pattern = NamePattern(name);
+    pugi::xml_attribute attribute = pattern ? node.append_copy(pattern) : node.append_attribute(name);
+    return attribute.set_value(value.data(), value.size());
+}
+
+/// The node of a piece of XML, read in among the patterns; null if it can't be read.
+pugi::xml_node WcXmSharedTexts::Learn(const std::wstring& xml)
+{
+    if (document_ == nullptr)
     {
-        return static_cast<bool>(node.append_copy(*same));
+        return {};
     }
-    return node.append_copy(patterns->second.front()).set_value(value.data(), value.size());
+    if (!patterns_)
+    {
+        patterns_ = document_->xmlDocument->append_child(PATTERNS);
+    }
+    const bool read =
+        patterns_.append_buffer(xml.data(), xml.size() * sizeof(wchar_t), pugi::parse_minimal, pugi::encoding_wchar);
+    return read ? patterns_.last_child() : pugi::xml_node();
+}
+
+pugi::xml_node WcXmSharedTexts::ElementPattern(std::wstring_view name)
+{
+    const auto known = elements_.find(name);
+    if (known != elements_.end() || elements_.size() == MOST_NAMES)
+    {
+        return known != elements_.end() ? known->second : pugi::xml_node();
+    }
+    const pugi::xml_node pattern = Learn(std::wstring(L"<").append(name).append(L"/>"));
+    if (pattern.name() != name || pattern.first_attribute())
+    {
+        return {};
+    }
+    elements_.emplace(pattern.name(), pattern);
+    return pattern;
+}
+
+pugi::xml_attribute WcXmSharedTexts::NamePattern(std::wstring_view name)
+{
+    const auto known = attributes_.find(name);
+    if (known != attributes_.end() || attributes_.size() == MOST_NAMES)
+    {
+        return known != attributes_.end() ? known->second : pugi::xml_attribute();
+    }
+    const pugi::xml_attribute pattern = LearnAttribute(name, L"");
+    if (pattern)
+    {
+        attributes_.emplace(pattern.name(), pattern);
+    }
+    return pattern;
+}
+
+/// Null if the texts hold what doesn't stand for itself in XML.
+pugi::xml_attribute WcXmSharedTexts::LearnAttribute(std::wstring_view name, std::wstring_view value)
+{
+    const pugi::xml_node bearer =
+        Learn(std::wstring(L"<").append(BEARER).append(L" ").append(name).append(L"=\"").append(value).append(L"\"/>"));
+    const pugi::xml_attribute pattern = bearer.first_attribute();
+    return pattern.name() == name && pattern.value() == value ? pattern : pugi::xml_attribute();
+}
+
+pugi::xml_attribute WcXmSharedTexts::ValuePattern(std::wstring_view name, std::wstring_view value)
+{
+    if (value.empty() || value.size() > LONGEST_VALUE)
+    {
+        return {};
+    }
+    places_.resize(PLACE_COUNT);
+    const std::size_t hash = Hash(name, value);
+    Place& place = places_[hash % PLACE_COUNT];
+    if (place.pattern)
+    {
+        const bool isSame = place.pattern.value() == value && place.pattern.name() == name;
+        return isSame ? place.pattern : pugi::xml_attribute();
+    }
+    const bool cameBefore = place.lastSeen == hash;
+    place.lastSeen = hash;
+    return cameBefore ? place.pattern = LearnAttribute(name, value) : pugi::xml_attribute();
 }
 
 } // namespace jlandxml

@@ -10,6 +10,9 @@ namespace
 std::size_t allocationsAllowed = 0;
 void (*failure)() = nullptr;
 
+std::size_t parserAllocationsAllowed = 0;
+bool parserIsToFail = false;
+
 } // namespace
 
 namespace jlandxml
@@ -31,6 +34,22 @@ bool FailingAllocation::HasFailed() const
     return failure == nullptr;
 }
 
+FailingParserAllocation::FailingParserAllocation(std::size_t allowed)
+{
+    parserAllocationsAllowed = allowed;
+    parserIsToFail = true;
+}
+
+FailingParserAllocation::~FailingParserAllocation()
+{
+    parserIsToFail = false;
+}
+
+bool FailingParserAllocation::HasFailed() const
+{
+    return !parserIsToFail;
+}
+
 } // namespace jlandxml
 
 void* operator new(std::size_t size)
@@ -47,9 +66,14 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-/// Who asks so is prepared for nothing, and gets what there is.
+/// The XML parser's memory is asked for in this way, and nearly nothing else.
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
 {
+    if (parserIsToFail && parserAllocationsAllowed-- == 0)
+    {
+        parserIsToFail = false;
+        return nullptr;
+    }
     return std::malloc(size == 0 ? 1 : size);
 }
 

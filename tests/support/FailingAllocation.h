@@ -50,6 +50,20 @@ class FailingAllocation
     bool HasFailed() const;
 };
 
+/// The same for the memory of the XML parser, which gets null. It takes its memory by the page, so that a small tree
+/// asks for little.
+class FailingParserAllocation
+{
+  public:
+    explicit FailingParserAllocation(std::size_t allowed);
+    FailingParserAllocation(const FailingParserAllocation&) = delete;
+    FailingParserAllocation& operator=(const FailingParserAllocation&) = delete;
+    ~FailingParserAllocation();
+
+    /// True once the allocation has failed.
+    bool HasFailed() const;
+};
+
 using Messages = std::vector<std::wstring>;
 
 /// Makes every allocation of `act` fail in turn, each after `prepare`, and gives the messages in the order in which
