@@ -9,7 +9,8 @@ namespace jlandxml
 {
 
 /// The order of two texts by Japanese collation, in which kanji stand as JIS has them: negative, 0 or positive. It
-/// doesn't depend on the locale of the user or the process.
+/// doesn't depend on the locale of the user or the process. Throws std::bad_alloc if the system can't tell, for which
+/// there is no reason but want of memory; another order would pick another entry of a sorted list.
 int CompareJapanese(const std::wstring& first, const std::wstring& second);
 
 /// A key by whose bytes, taken as unsigned ones, texts stand in the order of CompareJapanese. Throws CException if none

@@ -4,6 +4,7 @@
 #include "base/Exceptions.h"
 
 #include <memory>
+#include <new>
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
@@ -14,47 +15,58 @@ namespace jlandxml
 namespace
 {
 
+void ThrowUnlessMade(UErrorCode status)
+{
+    if (U_FAILURE(status))
+    {
+        throw std::bad_alloc();
+    }
+}
+
+/// The locale is the collator's own: ICU's shared one is a reference to nothing where there was no memory for it.
 std::unique_ptr<icu::Collator> MakeCollator()
 {
+    // Made among ICU's shared locales, the default one would wait for itself where memory ends.
+    icu::Locale::getDefault();
     UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale::getJapanese(), status));
-    return U_SUCCESS(status) ? std::move(collator) : nullptr;
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale("ja"), status));
+    ThrowUnlessMade(status);
+    return collator;
 }
 
 icu::UnicodeString Unicode(const std::wstring& text)
 {
     static_assert(sizeof(wchar_t) == sizeof(UChar32));
-    return icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
-                                         static_cast<std::int32_t>(text.size()));
+    icu::UnicodeString unicode = icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
+                                                               static_cast<std::int32_t>(text.size()));
+    ThrowUnlessMade(unicode.isBogus() ? U_MEMORY_ALLOCATION_ERROR : U_ZERO_ERROR);
+    return unicode;
 }
 
-const icu::Collator* JapaneseCollator()
+const icu::Collator& JapaneseCollator()
 {
     static const std::unique_ptr<icu::Collator> collator = MakeCollator();
-    return collator.get();
+    return *collator;
 }
 
 } // namespace
 
 int CompareJapanese(const std::wstring& first, const std::wstring& second)
 {
-    const icu::Collator* const collator = JapaneseCollator();
-    if (collator == nullptr)
-    {
-        return first.compare(second);
-    }
     UErrorCode status = U_ZERO_ERROR;
-    return static_cast<int>(collator->compare(Unicode(first), Unicode(second), status));
+    const UCollationResult result = JapaneseCollator().compare(Unicode(first), Unicode(second), status);
+    ThrowUnlessMade(status);
+    return static_cast<int>(result);
 }
 
 std::string JapaneseSortKey(const std::wstring& text)
 {
-    const icu::Collator* const collator = JapaneseCollator();
+    const icu::Collator& collator = JapaneseCollator();
     const icu::UnicodeString unicode = Unicode(text);
-    const std::int32_t size = collator != nullptr ? collator->getSortKey(unicode, nullptr, 0) : 0;
+    const std::int32_t size = collator.getSortKey(unicode, nullptr, 0);
     std::string key(static_cast<std::size_t>(size), '\0');
     // A key is never empty: it ends with a zero.
-    if (size <= 0 || collator->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()), size) != size)
+    if (size <= 0 || collator.getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()), size) != size)
     {
         throw CException(L"文字列の並び順を決められません。");
     }

@@ -3,6 +3,8 @@
 #include "base/Collation.h"
 #include "base/Exceptions.h"
 
+#include <new>
+
 #include <windows.h>
 
 namespace jlandxml
@@ -12,7 +14,11 @@ int CompareJapanese(const std::wstring& first, const std::wstring& second)
 {
     const int result = CompareStringEx(L"ja-JP", 0, first.data(), static_cast<int>(first.size()), second.data(),
                                        static_cast<int>(second.size()), nullptr, nullptr, 0);
-    return result == 0 ? first.compare(second) : result - CSTR_EQUAL;
+    if (result == 0)
+    {
+        throw std::bad_alloc();
+    }
+    return result - CSTR_EQUAL;
 }
 
 std::string JapaneseSortKey(const std::wstring& text)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 #include <unicode/ucnv.h>
 #include <unicode/utf16.h>
 
@@ -23,13 +24,22 @@ struct ConverterCloser
 };
 using Converter = std::unique_ptr<UConverter, ConverterCloser>;
 
+/// Null if ICU was built without the code page. Whatever else fails, fails for want of memory.
 Converter OpenConverter()
 {
     UErrorCode status = U_ZERO_ERROR;
     Converter converter(ucnv_open(CODE_PAGE, &status));
+    if (status == U_FILE_ACCESS_ERROR)
+    {
+        return nullptr;
+    }
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     ucnv_setSubstChars(converter.get(), "?", 1, &status);
-    return U_SUCCESS(status) ? std::move(converter) : nullptr;
+    if (U_FAILURE(status))
+    {
+        throw std::bad_alloc();
+    }
+    return converter;
 }
 
 /// ICU's table turns three control characters round, as IBM's hosts have them; files of the field mean ASCII.
@@ -55,15 +65,14 @@ UChar HostControl(UChar unit)
 
 } // namespace
 
-std::optional<std::wstring> WideFromCp932(std::string_view text)
+std::optional<std::size_t> DecodeCp932(std::string_view text, wchar_t* out)
 {
     const Converter converter = OpenConverter();
     if (!converter)
     {
         return std::nullopt;
     }
-    std::wstring result;
-    result.reserve(text.size());
+    std::size_t count = 0;
     std::array<UChar, 4096> block{};
     const char* source = text.data();
     const char* const end = source + text.size();
@@ -74,10 +83,15 @@ std::optional<std::wstring> WideFromCp932(std::string_view text)
         UChar* target = block.data();
         ucnv_toUnicode(converter.get(), &target, block.data() + block.size(), &source, end, nullptr, true, &status);
         // Every character of the code page lies in the basic plane: one unit each.
-        std::transform(block.data(), target, std::back_inserter(result),
+        std::transform(block.data(), target, out + count,
                        [](UChar unit) { return static_cast<wchar_t>(AsciiControl(unit)); });
+        count += static_cast<std::size_t>(target - block.data());
     }
-    return U_SUCCESS(status) ? std::optional(std::move(result)) : std::nullopt;
+    if (status == U_MEMORY_ALLOCATION_ERROR)
+    {
+        throw std::bad_alloc();
+    }
+    return U_SUCCESS(status) ? std::optional(count) : std::nullopt;
 }
 
 std::string Cp932FromWide(std::wstring_view text)
@@ -113,6 +127,10 @@ std::string Cp932FromWide(std::wstring_view text)
         char* target = block.data();
         ucnv_fromUnicode(converter.get(), &target, block.data() + block.size(), &source, end, nullptr, true, &status);
         result.append(block.data(), target);
+    }
+    if (status == U_MEMORY_ALLOCATION_ERROR)
+    {
+        throw std::bad_alloc();
     }
     return result;
 }

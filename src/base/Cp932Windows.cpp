@@ -53,28 +53,26 @@ std::size_t BlockLength(std::string_view text)
 
 } // namespace
 
-std::optional<std::wstring> WideFromCp932(std::string_view text)
+std::optional<std::size_t> DecodeCp932(std::string_view text, wchar_t* out)
 {
     if (HoldsUnassignedByte(text))
     {
         return std::nullopt;
     }
-    std::wstring result;
+    std::size_t count = 0;
     while (!text.empty())
     {
         const std::size_t length = BlockLength(text);
-        const std::size_t start = result.size();
-        result.resize(start + length);
         const int written = MultiByteToWideChar(CODE_PAGE, MB_ERR_INVALID_CHARS, text.data(), static_cast<int>(length),
-                                                result.data() + start, static_cast<int>(length));
+                                                out + count, static_cast<int>(length));
         if (written <= 0)
         {
             return std::nullopt;
         }
-        result.resize(start + static_cast<std::size_t>(written));
+        count += static_cast<std::size_t>(written);
         text.remove_prefix(length);
     }
-    return result;
+    return count;
 }
 
 std::string Cp932FromWide(std::wstring_view text)
@@ -83,7 +81,7 @@ std::string Cp932FromWide(std::wstring_view text)
     while (!text.empty())
     {
         std::size_t length = std::min(text.size(), BLOCK_SIZE);
-        if (length < text.size() && IS_HIGH_SURROGATE(text[length - 1]))
+        if (length < text.size() && IsHighSurrogate(text[length - 1]))
         {
             --length;
         }

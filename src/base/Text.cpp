@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace jlandxml
 {
@@ -10,23 +11,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr char32_t REPLACEMENT = 0xFFFD;
 constexpr std::string_view REPLACEMENT_UTF8 = "\xEF\xBF\xBD";
-
-constexpr wchar_t FoldAscii(wchar_t character)
-{
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-}
-
-constexpr bool IsHighSurrogate(char32_t unit)
-{
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-constexpr bool IsLowSurrogate(char32_t unit)
-{
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
 
 /// The bytes that one lead byte of UTF-8 announces, and the range of the byte behind it, which rules out overlong
 /// forms, surrogates and values above U+10FFFF.
@@ -60,7 +45,7 @@ Utf8Sequence NextSequence(std::string_view text)
                                     [&](const LeadByte& row) { return byte(0) >= row.first && byte(0) <= row.last; });
     if (lead == std::end(LEAD_BYTES))
     {
-        return {1, false, REPLACEMENT};
+        return {1, false, REPLACEMENT_CHARACTER};
     }
     if (lead->length == 1)
     {
@@ -73,7 +58,7 @@ Utf8Sequence NextSequence(std::string_view text)
         const unsigned char last = index == 1 ? lead->secondLast : 0xBF;
         if (index >= text.size() || byte(index) < first || byte(index) > last)
         {
-            return {index, false, REPLACEMENT};
+            return {index, false, REPLACEMENT_CHARACTER};
         }
         codePoint = (codePoint << 6) | (byte(index) & 0x3FU);
     }
@@ -190,6 +175,19 @@ bool EqualsIgnoreCase(std::wstring_view first, std::wstring_view second)
                       [](wchar_t a, wchar_t b) { return FoldAscii(a) == FoldAscii(b); });
 }
 
+bool EqualsIgnoreCase(const wchar_t* first, std::wstring_view second)
+{
+    for (const wchar_t wanted : second)
+    {
+        if (FoldAscii(*first) != FoldAscii(wanted) || *first == L'\0')
+        {
+            return false;
+        }
+        ++first;
+    }
+    return *first == L'\0';
+}
+
 std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wstring_view to)
 {
     std::wstring result;
@@ -253,7 +251,7 @@ void AppendUtf8(std::string& target, std::wstring_view text)
         }
         else if (IsHighSurrogate(codePoint) || IsLowSurrogate(codePoint) || codePoint > 0x10FFFF)
         {
-            codePoint = REPLACEMENT;
+            codePoint = REPLACEMENT_CHARACTER;
         }
         out = Encode(out, codePoint);
     }
@@ -302,6 +300,14 @@ std::string RepairUtf8(std::string_view text)
         }
     }
     return result;
+}
+
+std::optional<std::wstring> WideFromCp932(std::string_view text)
+{
+    std::wstring result(text.size(), L'\0');
+    const std::optional<std::size_t> length = DecodeCp932(text, result.data());
+    result.resize(length.value_or(0));
+    return length ? std::optional(std::move(result)) : std::nullopt;
 }
 
 } // namespace jlandxml

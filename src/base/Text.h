@@ -7,6 +7,26 @@
 namespace jlandxml
 {
 
+/// What stands in the place of bytes or units that are no character.
+inline constexpr char32_t REPLACEMENT_CHARACTER = 0xFFFD;
+
+/// The first and second half of a character beyond the basic plane in UTF-16.
+constexpr bool IsHighSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// An ASCII capital as its small letter, all else as it is. `Character` is any type of character.
+template <class Character>
+constexpr Character FoldAscii(Character character)
+{
+    return character >= 'A' && character <= 'Z' ? static_cast<Character>(character - 'A' + 'a') : character;
+}
+
 /// True for the white space that is cut off the ends of fields: the fixed set of Unicode's White_Space characters,
 /// whatever the process's locale says. The full-width blank U+3000 belongs to it.
 bool IsWhiteSpace(wchar_t character);
@@ -17,6 +37,9 @@ std::wstring_view Trim(std::wstring_view text);
 
 /// Compares names of elements, attributes and encodings: ASCII letters without regard to case, all else exactly.
 bool EqualsIgnoreCase(std::wstring_view first, std::wstring_view second);
+
+/// The same for a text that ends with a zero, as the parser holds names; its length isn't measured first.
+bool EqualsIgnoreCase(const wchar_t* first, std::wstring_view second);
 
 /// `text` with every occurrence of `from` replaced by `to`, from left to right; what a replacement forms isn't looked
 /// at again.
@@ -38,8 +61,11 @@ bool IsWellFormedUtf8(std::string_view text);
 std::string RepairUtf8(std::string_view text);
 
 /// Decodes code page 932 ("Shift_JIS" as it is used in Japan, with the characters of the extended rows).
-/// Nothing if a byte sequence isn't code page 932.
+/// Nothing if a byte sequence isn't code page 932. Throws std::bad_alloc if there is no memory for it.
 std::optional<std::wstring> WideFromCp932(std::string_view text);
+
+/// The same into memory that has room for as many units as the text has bytes. The number of units.
+std::optional<std::size_t> DecodeCp932(std::string_view text, wchar_t* out);
 
 /// Encodes as code page 932; what it doesn't hold becomes "?".
 std::string Cp932FromWide(std::wstring_view text);

@@ -3,6 +3,7 @@
 #include <clocale>
 #include <gtest/gtest.h>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace jlandxml
@@ -21,12 +22,18 @@ int Compare(const std::wstring& first, const std::wstring& second)
 }
 
 /// Texts in the order in which a sorted list shows them.
-class JapaneseOrder : public testing::TestWithParam<std::vector<std::wstring>>
+struct OrderCase
+{
+    const char* name;
+    std::vector<std::wstring> texts;
+};
+
+class JapaneseOrder : public testing::TestWithParam<OrderCase>
 {};
 
 TEST_P(JapaneseOrder, StandsBetweenAnyTwo)
 {
-    const std::vector<std::wstring>& texts = GetParam();
+    const std::vector<std::wstring>& texts = GetParam().texts;
     for (std::size_t first = 0; first < texts.size(); ++first)
     {
         for (std::size_t second = 0; second < texts.size(); ++second)
@@ -37,16 +44,16 @@ TEST_P(JapaneseOrder, StandsBetweenAnyTwo)
     }
 }
 
-using Texts = std::vector<std::wstring>;
-
-INSTANTIATE_TEST_SUITE_P(Collation, JapaneseOrder,
-                         testing::Values(Texts{L"開放型", L"閉合型"}, Texts{L"右岸", L"左岸"},
-                                         Texts{L"1級", L"2級", L"準用", L"普通"},
-                                         Texts{L"第1種第1級", L"第1種第2級", L"第1種第3級", L"第1種第4級",
-                                               L"第2種第1級", L"第2種第2級", L"第3種第1級", L"第3種第2級",
-                                               L"第3種第3級", L"第3種第4級", L"第3種第5級", L"第4種第1級",
-                                               L"第4種第2級", L"第4種第3級", L"第4種第4級"},
-                                         Texts{L"", L"1", L"10", L"2", L"a", L"B", L"あ", L"い", L"か", L"亜", L"中"}));
+INSTANTIATE_TEST_SUITE_P(
+    Collation, JapaneseOrder,
+    testing::Values(OrderCase{"Closure", {L"開放型", L"閉合型"}}, OrderCase{"Bank", {L"右岸", L"左岸"}},
+                    OrderCase{"RiverClass", {L"1級", L"2級", L"準用", L"普通"}},
+                    OrderCase{"RoadClass",
+                              {L"第1種第1級", L"第1種第2級", L"第1種第3級", L"第1種第4級", L"第2種第1級", L"第2種第2級",
+                               L"第3種第1級", L"第3種第2級", L"第3種第3級", L"第3種第4級", L"第3種第5級", L"第4種第1級",
+                               L"第4種第2級", L"第4種第3級", L"第4種第4級"}},
+                    OrderCase{"Scripts", {L"", L"1", L"10", L"2", L"a", L"B", L"あ", L"い", L"か", L"亜", L"中"}}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Collation, IsOneOrderOfAllTexts)
 {

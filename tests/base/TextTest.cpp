@@ -41,6 +41,42 @@ TEST(Text, OnlyAsciiLettersCompareWithoutCase)
     EXPECT_FALSE(EqualsIgnoreCase(L"[", L"{"));
 }
 
+TEST(Text, NamesCompareAlikeWhetherTheirLengthIsKnownOrNot)
+{
+    for (const wchar_t* const first : {L"", L"P", L"Project", L"PROJECTS", L"Ｐ"})
+    {
+        for (const std::wstring_view second : {L"", L"p", L"project", L"projects", L"ｐ"})
+        {
+            EXPECT_EQ(EqualsIgnoreCase(first, second), EqualsIgnoreCase(std::wstring_view(first), second));
+        }
+    }
+    EXPECT_FALSE(EqualsIgnoreCase(L"a", std::wstring_view(L"a\0", 2)));
+}
+
+TEST(Text, FoldingTakesAsciiCapitalsAloneInAnyTypeOfCharacter)
+{
+    EXPECT_EQ(FoldAscii('A'), 'a');
+    EXPECT_EQ(FoldAscii(L'Z'), L'z');
+    EXPECT_EQ(FoldAscii(U'M'), U'm');
+    for (const char character : {'@', '[', 'a', 'z', '0', '\xC4'})
+    {
+        EXPECT_EQ(FoldAscii(character), character);
+    }
+    EXPECT_EQ(FoldAscii(U'\u00C4'), U'\u00C4');
+}
+
+TEST(Text, TheHalvesOfACharacterAreToldFromItsNeighbours)
+{
+    EXPECT_FALSE(IsHighSurrogate(0xD7FF));
+    EXPECT_TRUE(IsHighSurrogate(0xD800));
+    EXPECT_TRUE(IsHighSurrogate(0xDBFF));
+    EXPECT_FALSE(IsHighSurrogate(0xDC00));
+    EXPECT_FALSE(IsLowSurrogate(0xDBFF));
+    EXPECT_TRUE(IsLowSurrogate(0xDC00));
+    EXPECT_TRUE(IsLowSurrogate(0xDFFF));
+    EXPECT_FALSE(IsLowSurrogate(0xE000));
+}
+
 TEST(Text, ReplaceAllDoesNotLookAtWhatItFormed)
 {
     EXPECT_EQ(ReplaceAll(L"a %, b  %", L" %", L"%"), L"a%, b %");
