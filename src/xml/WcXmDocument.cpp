@@ -3,9 +3,12 @@
 #include "base/Exceptions.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "xml/CodeUnits.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <optional>
 #include <utility>
@@ -20,7 +23,8 @@ constexpr unsigned int PARSE_OPTIONS = pugi::parse_default | pugi::parse_declara
 constexpr unsigned int FORMAT_FLAGS = pugi::format_indent | pugi::format_no_declaration;
 constexpr const wchar_t* INDENT = L"\t";
 
-constexpr std::string_view SHIFT_JIS_IN_FILE = "SHIFT_JIS";
+constexpr std::string_view SHIFT_JIS_IN_FILE = "shift_jis";
+constexpr std::string_view REFERENCE = "&#";
 constexpr std::wstring_view SHIFT_JIS = L"Shift_JIS";
 constexpr std::wstring_view UTF_16 = L"UTF-16";
 constexpr const wchar_t* DECLARATION_NAME = L"xml";
@@ -29,46 +33,23 @@ constexpr const wchar_t* ENCODING = L"encoding";
 /// As much of a file as its byte-order mark and its declaration need.
 constexpr std::size_t ENCODING_PROBE_SIZE = 1024;
 
-constexpr char UpperAscii(char character)
-{
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-}
-
 bool FirstLineNamesShiftJis(std::string_view bytes)
 {
     const std::string_view line = bytes.substr(0, bytes.find('\n'));
     return std::search(line.begin(), line.end(), SHIFT_JIS_IN_FILE.begin(), SHIFT_JIS_IN_FILE.end(),
-                       [](char inFile, char wanted) { return UpperAscii(inFile) == wanted; }) != line.end();
+                       [](char inFile, char wanted) { return FoldAscii(inFile) == wanted; }) != line.end();
 }
 
 pugi::xml_encoding DetectEncoding(std::string_view bytes)
 {
     pugi::xml_document probe;
-    return probe.load_buffer(bytes.data(), std::min(bytes.size(), ENCODING_PROBE_SIZE), pugi::parse_minimal).encoding;
-}
-
-/// Puts U+FFFD in the place of every surrogate without a partner. The parser would drop or keep them depending on the
-/// width of the platform's wide characters.
-void RepairUtf16(char* bytes, std::size_t size, bool bigEndian)
-{
-    const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
-    const auto unitAt = [&](std::size_t index) {
-        return bigEndian ? byteAt(index) << 8 | byteAt(index + 1) : byteAt(index + 1) << 8 | byteAt(index);
-    };
-    const auto isHigh = [](int unit) { return unit >= 0xD800 && unit <= 0xDBFF; };
-    const auto isLow = [](int unit) { return unit >= 0xDC00 && unit <= 0xDFFF; };
-    for (std::size_t index = 0; index + 1 < size; index += 2)
+    const pugi::xml_parse_result result =
+        probe.load_buffer(bytes.data(), std::min(bytes.size(), ENCODING_PROBE_SIZE), pugi::parse_minimal);
+    if (result.status == pugi::status_out_of_memory)
     {
-        if (isHigh(unitAt(index)) && index + 3 < size && isLow(unitAt(index + 2)))
-        {
-            index += 2;
-        }
-        else if (isHigh(unitAt(index)) || isLow(unitAt(index)))
-        {
-            bytes[index] = static_cast<char>(bigEndian ? 0xFF : 0xFD);
-            bytes[index + 1] = static_cast<char>(bigEndian ? 0xFD : 0xFF);
-        }
+        throw std::bad_alloc();
     }
+    return result.encoding;
 }
 
 /// Memory that the parser takes over with a document.
@@ -137,33 +118,92 @@ bool Succeeds(Step&& step)
     }
 }
 
+/// How the units of an encoding lie in a file.
+struct EncodingForm
+{
+    pugi::xml_encoding encoding;
+    std::size_t unitSize;
+    bool bigEndian;
+};
+constexpr EncodingForm ENCODING_FORMS[] = {
+    {pugi::encoding_utf8, 1, false},     {pugi::encoding_utf16_le, 2, false}, {pugi::encoding_utf16_be, 2, true},
+    {pugi::encoding_utf32_le, 4, false}, {pugi::encoding_utf32_be, 4, true},  {pugi::encoding_latin1, 1, false},
+};
+
+CodeUnits UnitsOf(ParserBuffer& content, pugi::xml_encoding encoding)
+{
+    const auto* const form = std::find_if(std::begin(ENCODING_FORMS), std::end(ENCODING_FORMS),
+                                          [&](const EncodingForm& one) { return one.encoding == encoding; });
+    return {content.Data(), content.Size(), form->unitSize, form->bigEndian};
+}
+
+ParserBuffer RepairedUtf8(std::string_view bytes)
+{
+    const std::string repaired = RepairUtf8(bytes);
+    ParserBuffer content(repaired.size());
+    std::memcpy(content.Data(), repaired.data(), repaired.size());
+    return content;
+}
+
+/// Mends what the parser would make different things of on different platforms.
+void Repair(ParserBuffer& content, pugi::xml_encoding encoding)
+{
+    if (encoding == pugi::encoding_utf8 && !IsWellFormedUtf8(content.View()))
+    {
+        content = RepairedUtf8(content.View());
+    }
+    const CodeUnits units = UnitsOf(content, encoding);
+    if (units.Count() < content.Size())
+    {
+        RepairUnits(units);
+        RepairReferences(units);
+    }
+    else if (content.View().find(REFERENCE) != std::string_view::npos)
+    {
+        RepairReferences(units);
+    }
+}
+
+/// The bytes of a file of code page 932 as wide characters; nothing if they aren't that.
+std::optional<ParserBuffer> WideContent(std::string_view bytes)
+{
+    ParserBuffer content(bytes.size() * sizeof(wchar_t));
+    const std::optional<std::size_t> length = DecodeCp932(bytes, reinterpret_cast<wchar_t*>(content.Data()));
+    content.Shorten(length.value_or(0) * sizeof(wchar_t));
+    return length ? std::optional(std::move(content)) : std::nullopt;
+}
+
+bool Parse(pugi::xml_document& document, ParserBuffer content, pugi::xml_encoding encoding)
+{
+    const std::size_t size = content.Size();
+    return document.load_buffer_inplace_own(content.Release(), size, PARSE_OPTIONS, encoding);
+}
+
 bool LoadShiftJis(pugi::xml_document& document, std::string_view bytes)
 {
-    return Succeeds([&] {
-        const std::optional<std::wstring> text = WideFromCp932(bytes);
-        return text &&
-               document.load_buffer(text->data(), text->size() * sizeof(wchar_t), PARSE_OPTIONS, pugi::encoding_wchar);
-    });
+    std::optional<ParserBuffer> content = WideContent(bytes);
+    if (!content)
+    {
+        return false;
+    }
+    if (bytes.find(REFERENCE) != std::string_view::npos)
+    {
+        RepairReferences({content->Data(), content->Size(), sizeof(wchar_t), std::endian::native == std::endian::big});
+    }
+    return Parse(document, *std::move(content), pugi::encoding_wchar);
 }
 
 bool LoadPlain(pugi::xml_document& document, ParserBuffer content)
 {
-    if (!IsWellFormedUtf8(content.View()))
-    {
-        const pugi::xml_encoding encoding = DetectEncoding(content.View());
-        if (encoding == pugi::encoding_utf8)
-        {
-            const std::string repaired = RepairUtf8(content.View());
-            content = ParserBuffer(repaired.size());
-            std::memcpy(content.Data(), repaired.data(), repaired.size());
-        }
-        else if (encoding == pugi::encoding_utf16_le || encoding == pugi::encoding_utf16_be)
-        {
-            RepairUtf16(content.Data(), content.Size(), encoding == pugi::encoding_utf16_be);
-        }
-    }
-    const std::size_t size = content.Size();
-    return document.load_buffer_inplace_own(content.Release(), size, PARSE_OPTIONS);
+    Repair(content, DetectEncoding(content.View()));
+    return Parse(document, std::move(content), pugi::encoding_auto);
+}
+
+bool LoadFile(pugi::xml_document& document, const std::wstring& path)
+{
+    std::optional<ParserBuffer> content = ReadFile(path);
+    return content && ((FirstLineNamesShiftJis(content->View()) && LoadShiftJis(document, content->View())) ||
+                       LoadPlain(document, *std::move(content)));
 }
 
 /// Turns the parser's wide output, which it never cuts within a surrogate pair, into UTF-8.
@@ -214,6 +254,30 @@ std::wstring_view DeclaredEncoding(const pugi::xml_document& document)
     return isDeclaration ? first.attribute(ENCODING).value() : L"";
 }
 
+pugi::xml_node FindDeclaration(const pugi::xml_document& document)
+{
+    return document.find_child([](const pugi::xml_node& node) { return node.type() == pugi::node_declaration; });
+}
+
+pugi::xml_node PrependDeclaration(pugi::xml_document& document)
+{
+    pugi::xml_node declaration = document.prepend_child(pugi::node_declaration);
+    declaration.set_name(DECLARATION_NAME);
+    declaration.append_attribute(L"version").set_value(L"1.0");
+    return declaration;
+}
+
+void SetEncoding(pugi::xml_node declaration)
+{
+    pugi::xml_attribute encoding = declaration.find_attribute(
+        [](const pugi::xml_attribute& attribute) { return EqualsIgnoreCase(attribute.name(), ENCODING); });
+    if (!encoding)
+    {
+        encoding = declaration.append_attribute(ENCODING);
+    }
+    encoding.set_value(L"UTF-8");
+}
+
 bool SaveUtf8(const pugi::xml_document& document, const std::wstring& path)
 {
     OutputFile file(path);
@@ -250,40 +314,22 @@ bool WcXmAppDocument::LoadDocument(const std::wstring& path)
         return false;
     }
     xmlDocument->reset();
-    return Succeeds([&] {
-        std::optional<ParserBuffer> content = ReadFile(path);
-        return content && ((FirstLineNamesShiftJis(content->View()) && LoadShiftJis(*xmlDocument, content->View())) ||
-                           LoadPlain(*xmlDocument, std::move(*content)));
-    });
+    isWhole_ = true;
+    return Succeeds([&] { return Change([&] { return LoadFile(*xmlDocument, path); }); });
 }
 
 bool WcXmAppDocument::EnsureDeclaration()
 {
-    if (xmlDocument == nullptr)
-    {
-        return false;
-    }
-    pugi::xml_node declaration =
-        xmlDocument->find_child([](const pugi::xml_node& node) { return node.type() == pugi::node_declaration; });
-    if (!declaration)
-    {
-        declaration = xmlDocument->prepend_child(pugi::node_declaration);
-        declaration.set_name(DECLARATION_NAME);
-        declaration.append_attribute(L"version").set_value(L"1.0");
-    }
-    pugi::xml_attribute encoding = declaration.find_attribute(
-        [](const pugi::xml_attribute& attribute) { return EqualsIgnoreCase(attribute.name(), ENCODING); });
-    if (!encoding)
-    {
-        encoding = declaration.append_attribute(ENCODING);
-    }
-    encoding.set_value(L"UTF-8");
-    return true;
+    return xmlDocument != nullptr && Change([&] {
+               pugi::xml_node declaration = FindDeclaration(*xmlDocument);
+               SetEncoding(declaration ? declaration : PrependDeclaration(*xmlDocument));
+               return true;
+           });
 }
 
 bool WcXmAppDocument::SaveDocument(const std::wstring& path)
 {
-    if (xmlDocument == nullptr)
+    if (xmlDocument == nullptr || !isWhole_)
     {
         return false;
     }

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "xml/ParserMemory.h"
+
 #include <memory>
+#include <new>
 #include <pugixml.hpp>
 #include <string>
+#include <utility>
 
 namespace jlandxml
 {
@@ -10,7 +14,8 @@ namespace jlandxml
 class WcXmSharedTexts;
 
 /// The parser's side of a document: brings files into the tree and out of it, in the encodings that LandXML files come
-/// in.
+/// in: UTF-8, UTF-16, UTF-32, Latin-1 and Shift_JIS, of which UTF-8, UTF-16 and Shift_JIS are written too. "WcXm" is
+/// the prefix of all classes that wrap the XML parser, and "App" that of the halves that hold the parser's own handles.
 class WcXmAppDocument
 {
   public:
@@ -18,22 +23,50 @@ class WcXmAppDocument
     virtual ~WcXmAppDocument() = default;
 
     /// Replaces the tree by the file's content. A file whose first line names Shift_JIS is read as code page 932; if
-    /// that fails, and for every other file, the parser tells UTF-8, UTF-16 and UTF-32 apart by itself. Comments,
-    /// processing instructions, the doctype and white space between elements aren't kept. False if the file can't be
-    /// opened, isn't well formed or doesn't fit into memory; then the tree is empty or holds what stood before the
-    /// fault.
+    /// that isn't what it holds, and for every other file, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart by
+    /// itself. What is malformed or no character of Unicode becomes U+FFFD. Comments, processing instructions, the
+    /// doctype and white space between elements aren't kept. False if the file can't be opened, isn't well formed or
+    /// doesn't fit into memory; then the tree is empty or holds what stood before the fault.
     bool LoadDocument(const std::wstring& path);
 
-    /// Sees to it that the document begins with a declaration whose encoding is UTF-8. False without a parser document.
+    /// Sees to it that the document has a declaration whose encoding is UTF-8; a new one comes first. False without a
+    /// parser document. Throws std::bad_alloc if there is no memory for it.
     bool EnsureDeclaration();
 
-    /// Writes the tree to a file in the encoding that its declaration names: Shift_JIS, UTF-16 in the machine's byte
-    /// order, or else UTF-8; without a byte-order mark, indented by tabs. False if the file could not be written, which
-    /// is told of UTF-8 and UTF-16 only.
+    /// Writes the tree to a file in the encoding that its declaration names, if the document begins with one:
+    /// Shift_JIS, UTF-16 in the machine's byte order, or else UTF-8; without a byte-order mark, indented by tabs. False
+    /// if the file could not be written, which is told of UTF-8 and UTF-16 only.
     bool SaveDocument(const std::wstring& path);
+
+    /// Runs a step that changes the tree and returns what it returns. A step that is broken off, be it by want of
+    /// memory that only the parser notices, leaves a tree of which nobody can say what it lacks or has too much: throws
+    /// std::bad_alloc then, or what the step threw, and std::bad_alloc at once for each step after that, until a file
+    /// is loaded anew. So no shortened tree ever becomes a file.
+    template <class Step>
+    decltype(auto) Change(Step&& step)
+    {
+        ThrowUnlessWhole();
+        isWhole_ = false;
+        const std::size_t refusals = ParserMemoryRefusals();
+        auto result = std::forward<Step>(step)();
+        isWhole_ = ParserMemoryRefusals() == refusals;
+        ThrowUnlessWhole();
+        return result;
+    }
 
     std::unique_ptr<pugi::xml_document> xmlDocument;
     WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
+
+  private:
+    void ThrowUnlessWhole() const
+    {
+        if (!isWhole_)
+        {
+            throw std::bad_alloc();
+        }
+    }
+
+    bool isWhole_ = true;
 };
 
 /// A LandXML document in memory. The tree that was read is the tree that is written.
@@ -50,6 +83,13 @@ class WcXmDocument
 
     /// Drops the tree. Every WcXmNode on it is void from then on.
     virtual void Close();
+
+    /// WcXmAppDocument::Change; without a tree the step has nothing to spoil and just runs.
+    template <class Step>
+    decltype(auto) Change(Step&& step)
+    {
+        return appDocument != nullptr ? appDocument->Change(std::forward<Step>(step)) : std::forward<Step>(step)();
+    }
 
     std::unique_ptr<WcXmAppDocument> appDocument;
 };

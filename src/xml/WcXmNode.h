@@ -26,7 +26,8 @@ class WcXmAppNode
 
 /// A movable cursor over the tree. A search moves it, so model code copies it first; a copy costs nothing but its few
 /// words. A cursor with no node under it answers every question with an empty result. Texts are views into the tree:
-/// good until that name or value changes or its node goes.
+/// good until that name or value changes or its node goes. No operation raises for want of the parser's memory: what
+/// can't be added is missing, as where the node can't have it, and WcXmAppDocument::Change raises in the end.
 class WcXmNode
 {
   public:
@@ -65,8 +66,8 @@ class WcXmNode
     /// Sets the text of a text node or of an element's first text child, which an element gets if it has none.
     void SetTextContent(std::wstring_view value) const;
 
-    /// Appends a new element as the last child; `out`, if given, is put on it, or on nothing if the node can't have
-    /// children. Always true.
+    /// Appends a new element as the last child, of the document where the cursor stands on nothing; `out`, if given, is
+    /// put on it, or on nothing if the node can't have children. Always true.
     bool AppendChildElement(const wchar_t* name, WcXmNode* out = nullptr) const;
 
     /// Puts a new element in front of the first child named `reference`, ignoring case, and `out`, if given, on it.

@@ -5,6 +5,8 @@
 #include "support/FileSizeLimit.h"
 #include "support/RunFixture.h"
 
+#include <memory>
+
 namespace jlandxml
 {
 namespace
@@ -148,6 +150,148 @@ INSTANTIATE_TEST_SUITE_P(ExportRun, ExportFailure,
                                          ExportFailureCase{"OfAnythingElse", FailOtherwise,
                                                            L"Unknown exception occurred while loading the CSV file."}),
                          [](const auto& row) { return row.param.name; });
+
+/// A work file in which every writer has something to add, with room in front that moves what is added within the
+/// parser's pages of memory.
+std::string WorkFileOfAllWriters(std::size_t room)
+{
+    std::string xml = "<?xml version=\"1.0\"?><LandXML>";
+    for (std::size_t index = 0; index < room; ++index)
+    {
+        xml += "<r/>";
+    }
+    return xml +
+           "<Units><Metric/></Units><Project name=\"n\"><Feature/></Project><Alignments name=\"r\"><Alignment "
+           "name=\"A\" length=\"100\" staStart=\"0\" desc=\"主測点間隔 = 20 副測点間隔 = 10 直線部横断勾配 = 2\">"
+           "<CoordGeom><Line><Start>0 0</Start><End>0 50</End></Line><Curve rot=\"cw\" radius=\"200\"><Start>0 "
+           "50</Start><Center>1 2</Center><End>5 100</End></Curve></CoordGeom><Superelevation staStart=\"0\"><"
+           "BeginRunoutSta>1</BeginRunoutSta><FullSuperSta>2</FullSuperSta><FullSuperelev>2</FullSuperelev></"
+           "Superelevation><Profile><ProfAlign name=\"計画\"><PVI>0 10</PVI><ParaCurve length=\"10\">50 11</"
+           "ParaCurve><PVI>100 10</PVI></ProfAlign><ProfAlign name=\"ProfSurf_現況\"><PVI>0 10</PVI><PVI>100 "
+           "11</PVI></ProfAlign></Profile><CrossSects><CrossSect name=\"No.0\" sta=\"0.000\"><CrossSectSurf "
+           "name=\"現況_0\"><PntList2D>-10 1 0 1 10 1</PntList2D></CrossSectSurf><DesignCrossSectSurf "
+           "name=\"Carriageway\" closedArea=\"true\"><CrossSectPnt code=\"A\">-5.5 1.25</CrossSectPnt><CrossSectPnt "
+           "code=\"B\">2.5 1.125</CrossSectPnt><CrossSectPnt code=\"C\">4.5 1.5</CrossSectPnt></DesignCrossSectSurf>"
+           "<DesignCrossSectSurf name=\"表層\" closedArea=\"true\"><CrossSectPnt code=\"A\">-5.5 "
+           "1.25</CrossSectPnt><CrossSectPnt code=\"B\">2.5 1.125</CrossSectPnt></DesignCrossSectSurf></CrossSect>"
+           "</CrossSects></Alignment></Alignments><Surfaces><Surface name=\"現況\" desc=\"ExistingGround\"/>"
+           "</Surfaces></LandXML>";
+}
+
+/// Runs over a work file of all writers while memory fails at one place after another.
+class ExportRunMemory : public ExportRunTest
+{
+  protected:
+    void Load(const std::wstring& work)
+    {
+        LoadRun(work);
+        FViewLandXML& model = Context().model;
+        model.widthStakePoints.resize(1);
+        model.widthStakePoints[0].name = L"左幅杭";
+        model.widthStakePoints[0].points.resize(2);
+    }
+
+    /// False if the export ended with the run's words for a want of memory.
+    bool Export()
+    {
+        try
+        {
+            ExportRun(out_);
+            return true;
+        }
+        catch (const JLandXMLExportException& exception)
+        {
+            EXPECT_EQ(ErrorText(exception), L"Unknown exception occurred while loading the CSV file.");
+            return false;
+        }
+    }
+
+    std::string File() { return folder.Read(L"out.xml"); }
+
+    /// Learns what exports of a work file give where nothing fails.
+    void LearnFrom(const std::wstring& work)
+    {
+        Load(work);
+        ASSERT_TRUE(Export());
+        once_ = File();
+        ASSERT_TRUE(Export());
+        twice_ = File();
+    }
+
+    /// Exports twice over one tree, first while memory fails. Whatever comes, a file is one that it would be otherwise.
+    /// False if the failure never came.
+    template <class MakeFailing>
+    bool ExportTwice(const std::wstring& work, MakeFailing makeFailing)
+    {
+        Load(work);
+        folder.Write(L"out.xml", OLD);
+        bool hasFailed = false;
+        bool isTold = false;
+        {
+            const auto failing = makeFailing();
+            isTold = !Export();
+            hasFailed = failing->HasFailed();
+        }
+        const std::string first = File();
+        EXPECT_EQ(first, Context().fileWritten ? once_ : OLD);
+        EXPECT_TRUE(hasFailed || Context().fileWritten);
+        EXPECT_FALSE(isTold && Context().fileWritten);
+        const bool isToldAgain = !Export();
+        EXPECT_EQ(File(), isToldAgain ? first : twice_);
+        told_ += isToldAgain ? 1 : 0;
+        return hasFailed;
+    }
+
+    static constexpr const char* OLD = "old";
+    const std::wstring out_ = folder.Name(L"out.xml");
+    std::string once_;  ///< the file of one export
+    std::string twice_; ///< the file of a second export over the same tree
+    int told_ = 0;      ///< exports that were told of the tree's being broken off
+};
+
+TEST_F(ExportRunMemory, AnyAllocationThatFailsLeavesAWholeFileOrIsTold)
+{
+    const std::wstring work = WorkFile(WorkFileOfAllWriters(0));
+    LearnFrom(work);
+    bool hasFailed = true;
+    for (std::size_t allowed = 0; hasFailed; ++allowed)
+    {
+        hasFailed = ExportTwice(work, [&] { return std::make_unique<FailingAllocation>(allowed, FailOtherwise); });
+    }
+    EXPECT_GT(told_, 100);
+}
+
+TEST_F(ExportRunMemory, AnyAllocationOfTheParserThatFailsLeavesAWholeFileOrIsTold)
+{
+    constexpr std::size_t NODES_OF_A_PAGE = 512;
+    for (std::size_t room = 0; room < NODES_OF_A_PAGE; room += 8)
+    {
+        const std::wstring work = WorkFile(WorkFileOfAllWriters(room));
+        LearnFrom(work);
+        bool hasFailed = true;
+        for (std::size_t allowed = 0; hasFailed; ++allowed)
+        {
+            hasFailed = ExportTwice(work, [&] { return std::make_unique<FailingParserAllocation>(allowed); });
+        }
+    }
+    EXPECT_GT(told_, 10);
+}
+
+TEST_F(ExportRunMemory, AWorkFileThatDidNotFitIntoMemoryIsNotWrittenAsAnEmptyOne)
+{
+    const std::wstring work = WorkFile(WorkFileOfAllWriters(0));
+    folder.Write(L"out.xml", OLD);
+    {
+        // The parser's document is there, and then there is nothing for its content.
+        const FailingParserAllocation failing(1);
+        LoadRun(work);
+    }
+    EXPECT_FALSE(Export());
+    EXPECT_EQ(File(), OLD);
+    Load(work);
+    EXPECT_TRUE(Export());
+    EXPECT_TRUE(Context().fileWritten);
+}
 
 #ifndef _WIN32
 

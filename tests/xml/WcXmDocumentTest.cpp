@@ -8,6 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace jlandxml
 {
 namespace
@@ -139,6 +143,98 @@ TEST_F(WcXmDocumentFiles, AReferenceToASurrogateLeavesWellFormedUtf8)
     EXPECT_EQ(Saved(), "<a name=\"\xEF\xBF\xBDx\" />\n");
 }
 
+TEST_F(WcXmDocumentFiles, ALoneSurrogateInUtf16WithoutAMarkIsReplaced)
+{
+    // In this order of bytes the surrogate and the letter behind it are well-formed UTF-8 by chance.
+    const std::wstring lone = {static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0x0080)};
+    EXPECT_TRUE(Load(Utf16(L"<?xml version=\"1.0\"?><a name=\"" + lone + L"\"/>", false)));
+    EXPECT_EQ(Utf8FromWide(Name()), "\xEF\xBF\xBD\xC2\x80");
+    EXPECT_TRUE(Load(Utf16(L"<a name=\"" + lone + L"\"/>", true)));
+    EXPECT_EQ(Utf8FromWide(Name()), "\xEF\xBF\xBD\xC2\x80");
+}
+
+std::string Utf32(const std::u32string& text, bool bigEndian)
+{
+    std::string bytes;
+    for (const char32_t unit : text)
+    {
+        for (const unsigned int shift : {0U, 8U, 16U, 24U})
+        {
+            bytes += static_cast<char>(unit >> (bigEndian ? 24U - shift : shift) & 0xFF);
+        }
+    }
+    return bytes;
+}
+
+TEST_F(WcXmDocumentFiles, Utf32IsReadInBothByteOrdersAndWhatUnicodeLacksIsReplaced)
+{
+    std::u32string name = U"路😀";
+    name += {0xD83D, 0x110000, 0xFFFFFFFF};
+    for (const bool bigEndian : {false, true})
+    {
+        EXPECT_TRUE(Load(Utf32(U"<a name=\"" + name + U"\"/>", bigEndian)));
+        EXPECT_EQ(Utf8FromWide(Name()), "路😀\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+    }
+}
+
+struct ReferenceCase
+{
+    const char* name;
+    const char* reference;
+    const char* text; ///< in UTF-8
+};
+
+/// A character reference in files of every encoding, and what is saved of it.
+class CharacterReference : public WcXmDocumentFiles, public testing::WithParamInterface<ReferenceCase>
+{
+  protected:
+    static std::string Xml(const std::string& start, const std::string& reference)
+    {
+        return start + "<a name=\"" + reference + "\">" + reference + "<![CDATA[" + reference + "]]></a>";
+    }
+
+    void ExpectSaved(const std::string& bytes)
+    {
+        EXPECT_TRUE(Load(bytes));
+        EXPECT_TRUE(document.appDocument->EnsureDeclaration());
+        const std::string text = GetParam().text;
+        EXPECT_EQ(Saved(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a name=\"" + text + "\">" + text +
+                               "<![CDATA[" + GetParam().reference + "]]></a>\n");
+    }
+};
+
+TEST_P(CharacterReference, GivesTheSameInEveryEncoding)
+{
+    const std::string reference = GetParam().reference;
+    ExpectSaved(Xml("", reference));
+    ExpectSaved(Xml("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>", reference));
+    ExpectSaved(Xml("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n", reference));
+    const std::string plain = Xml("<!-- <![CDATA[ -->", reference);
+    ExpectSaved(plain);
+    for (const bool bigEndian : {false, true})
+    {
+        ExpectSaved(Utf16(WideFromUtf8(plain), bigEndian));
+        ExpectSaved(Utf32(std::u32string(plain.begin(), plain.end()), bigEndian));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    WcXmDocument, CharacterReference,
+    testing::Values(ReferenceCase{"Ascii", "&#x41;&#65;", "AA"},
+                    ReferenceCase{"BasicPlane", "&#x8def;&#36335;", "路路"},
+                    ReferenceCase{"BeyondTheBasicPlane", "&#x1F600;&#128512;", "😀😀"},
+                    ReferenceCase{"HalvesOfACharacter", "&#xD83D;&#xDE00;", "😀"},
+                    ReferenceCase{"LoneHalf", "&#xD83D;x&#xDE00;", "\xEF\xBF\xBDx\xEF\xBF\xBD"},
+                    ReferenceCase{"LastCharacter", "&#x10FFFF;&#1114111;", "\xF4\x8F\xBF\xBF\xF4\x8F\xBF\xBF"},
+                    ReferenceCase{"AboveTheLast", "&#x110000;&#1114112;", "\xEF\xBF\xBD\xEF\xBF\xBD"},
+                    ReferenceCase{"FarAbove", "&#xFfFfFfFf;&#4294967295;&#x000000080000041;",
+                                  "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
+                    ReferenceCase{"BeyondThirtyTwoBits", "&#x100000041;&#4294967361;", "AA"},
+                    ReferenceCase{"WithoutAnEnd", "&#x110000", "&amp;#x110000"},
+                    ReferenceCase{"WithoutANumber", "&#;&#x;", "&amp;#;&amp;#x;"},
+                    ReferenceCase{"WithACapitalX", "&#X110000;", "&amp;#X110000;"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(WcXmDocumentFiles, WhatIsMissingOrBrokenIsRefused)
 {
     EXPECT_FALSE(document.appDocument->LoadDocument(folder.Name(L"missing.xml")));
@@ -152,6 +248,7 @@ TEST_F(WcXmDocumentFiles, WhatIsMissingOrBrokenIsRefused)
 
 struct DeclarationCase
 {
+    const char* title;
     const char* declaration;
     const char* name; ///< how 路 is saved
 };
@@ -166,14 +263,17 @@ TEST_P(Declaration, NamesTheEncodingOfTheSavedFile)
     EXPECT_EQ(Saved(), declaration + "\n<a name=\"" + GetParam().name + "\" />\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(WcXmDocument, Declaration,
-                         testing::Values(DeclarationCase{"<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
-                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"shift_jis\"?>", "\x98\x48"},
-                                         DeclarationCase{"<?XML version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
-                                         DeclarationCase{"<?xml version=\"1.0\" Encoding=\"Shift_JIS\"?>", "路"},
-                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"SJIS\"?>", "路"},
-                                         DeclarationCase{"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "路"},
-                                         DeclarationCase{"<?xml version=\"1.0\"?>", "路"}));
+INSTANTIATE_TEST_SUITE_P(
+    WcXmDocument, Declaration,
+    testing::Values(DeclarationCase{"ShiftJis", "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
+                    DeclarationCase{"ShiftJisInSmallLetters", "<?xml version=\"1.0\" encoding=\"shift_jis\"?>",
+                                    "\x98\x48"},
+                    DeclarationCase{"AnotherCaseOfXml", "<?XML version=\"1.0\" encoding=\"Shift_JIS\"?>", "\x98\x48"},
+                    DeclarationCase{"AnotherCaseOfEncoding", "<?xml version=\"1.0\" Encoding=\"Shift_JIS\"?>", "路"},
+                    DeclarationCase{"AnotherNameOfShiftJis", "<?xml version=\"1.0\" encoding=\"SJIS\"?>", "路"},
+                    DeclarationCase{"Utf8", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "路"},
+                    DeclarationCase{"None", "<?xml version=\"1.0\"?>", "路"}),
+    [](const auto& row) { return std::string(row.param.title); });
 
 TEST_F(WcXmDocumentFiles, AnEarlierTreeIsDroppedAlsoByAFileThatFails)
 {
@@ -192,6 +292,13 @@ TEST_F(WcXmDocumentFiles, AttributeWhiteSpaceAndLineEndsAreNormalised)
 {
     EXPECT_TRUE(Load("<a name=\"1\r\n2\t3\">x\r\ny\rz&amp;</a>"));
     EXPECT_EQ(Saved(), "<a name=\"1 2 3\">x\ny\nz&amp;</a>\n");
+}
+
+TEST_F(WcXmDocumentFiles, ADeclarationThatDoesNotComeFirstIsFoundToo)
+{
+    EXPECT_TRUE(Load("<a/><?xml version=\"1.0\" encoding=\"Shift_JIS\"?><?xml version=\"1.1\"?>"));
+    EXPECT_TRUE(document.appDocument->EnsureDeclaration());
+    EXPECT_EQ(Saved(), "<a />\n<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<?xml version=\"1.1\"?>\n");
 }
 
 TEST_F(WcXmDocumentFiles, ANewDeclarationHasVersionThenEncoding)
@@ -294,15 +401,36 @@ TEST_F(WcXmDocumentFiles, AFileThatDoesNotFitIntoMemoryIsRefused)
     EXPECT_FALSE(WcXmNode(document).HasNode());
 }
 
+/// Files that need every step of reading, each with what is saved of it.
+std::vector<std::pair<std::string, std::string>> FilesOfEachKind()
+{
+    std::string many;
+    for (int index = 0; index < 2000; ++index)
+    {
+        many += "<P id=\"" + std::to_string(index) + "\">路線</P>";
+    }
+    std::string saved;
+    for (int index = 0; index < 2000; ++index)
+    {
+        saved += "\t<P id=\"" + std::to_string(index) + "\">路線</P>\n";
+    }
+    const std::string shiftJis = "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n";
+    const std::string utf8 = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    return {
+        {shiftJis + "<a name=\"" + Cp932FromWide(L"路線") + "\"/>", utf8 + "<a name=\"路線\" />\n"},
+        {utf8 + "<a name=\"\xFF\"/>", utf8 + "<a name=\"\xEF\xBF\xBD\" />\n"},
+        {"<a>" + many + "</a>", utf8 + "<a>\n" + saved + "</a>\n"},
+        {Utf16(WideFromUtf8("<?xml version=\"1.0\"?><a>" + many + "</a>"), true), utf8 + "<a>\n" + saved + "</a>\n"},
+    };
+}
+
 TEST_F(WcXmDocumentFiles, NoStepOfReadingOrWritingRaises)
 {
-    constexpr std::size_t STEPS = 20;
-    std::size_t failed = 0;
+    constexpr std::size_t STEPS = 30;
     const std::wstring out = folder.Name(L"out.xml");
-    for (const std::string& bytes :
-         {"<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a name=\"" + Cp932FromWide(L"路線") + "\"/>",
-          std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a name=\"\xFF\"/>")})
+    for (const auto& [bytes, saved] : FilesOfEachKind())
     {
+        std::size_t failed = 0;
         const std::wstring in = folder.Write(L"in.xml", bytes);
         for (std::size_t allowed = 0; allowed < STEPS; ++allowed)
         {
@@ -316,8 +444,88 @@ TEST_F(WcXmDocumentFiles, NoStepOfReadingOrWritingRaises)
             });
         }
         EXPECT_TRUE(document.appDocument->LoadDocument(in));
+        EXPECT_GT(failed, 0U);
     }
-    EXPECT_GT(failed, 0U);
+}
+
+/// What becomes of a file while memory fails at one place after another; `Failing` is made of the allocations allowed.
+class WcXmDocumentMemory : public WcXmDocumentFiles
+{
+  protected:
+    template <class MakeFailing>
+    void ExpectWholeOrRefused(const std::string& bytes, const std::string& saved, MakeFailing makeFailing)
+    {
+        const std::wstring in = folder.Write(L"in.xml", bytes);
+        bool hasFailed = true;
+        std::size_t allowed = 0;
+        for (; hasFailed; ++allowed)
+        {
+            bool isLoaded = false;
+            {
+                const auto failing = makeFailing(allowed);
+                isLoaded = document.appDocument->LoadDocument(in);
+                hasFailed = failing->HasFailed();
+            }
+            if (isLoaded)
+            {
+                EXPECT_TRUE(document.appDocument->EnsureDeclaration());
+                EXPECT_EQ(Saved(), saved) << allowed;
+            }
+            else
+            {
+                // What was refused for want of memory isn't written either, in whatever state it is.
+                EXPECT_FALSE(document.appDocument->SaveDocument(folder.Name(L"out.xml"))) << allowed;
+                EXPECT_THROW(document.appDocument->EnsureDeclaration(), std::bad_alloc) << allowed;
+            }
+        }
+        EXPECT_GT(allowed, 1U);
+    }
+};
+
+TEST_F(WcXmDocumentMemory, AFileIsReadWholeOrRefused)
+{
+    for (const auto& [bytes, saved] : FilesOfEachKind())
+    {
+        ExpectWholeOrRefused(bytes, saved, [](std::size_t allowed) {
+            return std::make_unique<FailingAllocation>(allowed, FailOtherwise);
+        });
+        ExpectWholeOrRefused(bytes, saved,
+                             [](std::size_t allowed) { return std::make_unique<FailingParserAllocation>(allowed); });
+    }
+}
+
+TEST_F(WcXmDocumentFiles, WithoutParserMemoryADeclarationIsWholeOrItsWantIsRaised)
+{
+    // The parser asks for memory by the page: however full one is, something is the first to need another.
+    constexpr int ATTRIBUTES_OF_A_PAGE = 900;
+    int raised = 0;
+    for (int filled = 0; filled < ATTRIBUTES_OF_A_PAGE; ++filled)
+    {
+        WcXmDocument crowded;
+        crowded.Create();
+        pugi::xml_node element = crowded.appDocument->xmlDocument->append_child(L"a");
+        for (int index = 0; index < filled; ++index)
+        {
+            element.append_attribute(L"");
+        }
+        WcXmAppDocument& tree = *crowded.appDocument;
+        bool isRaised = false;
+        try
+        {
+            const FailingParserAllocation failing(0);
+            tree.EnsureDeclaration();
+        }
+        catch (const std::bad_alloc&)
+        {
+            isRaised = true;
+            ++raised;
+            EXPECT_THROW(tree.EnsureDeclaration(), std::bad_alloc);
+        }
+        EXPECT_EQ(tree.SaveDocument(folder.Write(L"out.xml", "")), !isRaised);
+        EXPECT_EQ(folder.Read(L"out.xml").substr(0, 41),
+                  isRaised ? "" : "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a");
+    }
+    EXPECT_GT(raised, 3);
 }
 
 TEST_F(WcXmDocumentFiles, TextBeyondTheBasicPlaneAndOfAnyLengthIsSaved)

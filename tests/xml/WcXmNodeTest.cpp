@@ -35,14 +35,58 @@ TEST(WcXmNode, ADocumentWithoutAnElementAnswersWithEmptyResults)
     EXPECT_EQ(xml.Text(), L"");
 }
 
-TEST(WcXmNode, ADocumentThatWasNeverCreatedHasNoNode)
+/// Documents without a tree, of all the kinds that there can be.
+struct NoTreeCase
+{
+    const char* name;
+    void (*prepare)(WcXmDocument& document);
+};
+
+class NoTree : public testing::TestWithParam<NoTreeCase>
+{};
+
+TEST_P(NoTree, GivesACursorThatToleratesEverything)
 {
     WcXmDocument document;
+    GetParam().prepare(document);
     WcXmNode node(document);
+    WcXmNode out = node;
+    std::map<std::wstring, std::wstring> attributes{{L"old", L"entry"}};
+    node.GetAttributes(attributes);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"", L""}}));
     EXPECT_FALSE(node.HasNode());
-    EXPECT_TRUE(node.AppendChildElement(L"a", &node));
-    EXPECT_FALSE(node.HasNode());
+    EXPECT_FALSE(node.HasChild());
+    EXPECT_EQ(node.NodeName(), L"");
+    EXPECT_EQ(node.GetTextContent(), L"");
+    EXPECT_EQ(node.FindAttribute(L""), std::nullopt);
+    EXPECT_EQ(node.FindAttributeIgnoreCase(L""), std::nullopt);
+    EXPECT_FALSE(node.MoveToNextSibling());
+    EXPECT_FALSE(node.MoveToFirstChild());
+    EXPECT_FALSE(node.SelectFirstChild(L""));
+    EXPECT_FALSE(node.SetAttribute(L"name", L"x"));
+    node.SetTextContent(L"x");
+    EXPECT_FALSE(node.InsertElementBefore(L"", L"a", &out));
+    EXPECT_FALSE(node.InsertElementBefore(L"", L"a"));
+    EXPECT_FALSE(node.RemoveChild(node.appNode));
+    EXPECT_TRUE(node.AppendChildElement(L"a"));
+    EXPECT_TRUE(node.AppendChildElement(L"a", &out));
+    EXPECT_FALSE(out.HasNode());
+    EXPECT_EQ(out.document, &document);
 }
+
+INSTANTIATE_TEST_SUITE_P(WcXmNode, NoTree,
+                         testing::Values(NoTreeCase{"NeverCreated", [](WcXmDocument& /*document*/) {}},
+                                         NoTreeCase{"Closed",
+                                                    [](WcXmDocument& document) {
+                                                        document.Create();
+                                                        document.Close();
+                                                    }},
+                                         NoTreeCase{"WithoutAParserDocument",
+                                                    [](WcXmDocument& document) {
+                                                        document.Create();
+                                                        document.appDocument->xmlDocument.reset();
+                                                    }}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(WcXmNode, SelectFirstChildFindsANameInAnyCase)
 {
