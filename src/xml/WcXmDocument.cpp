@@ -3,12 +3,9 @@
 #include "base/Exceptions.h"
 #include "base/Files.h"
 #include "base/Text.h"
-#include "xml/CodeUnits.h"
+#include "xml/LoadContent.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
-#include <iterator>
 #include <new>
 #include <optional>
 #include <utility>
@@ -19,90 +16,13 @@ namespace jlandxml
 namespace
 {
 
-constexpr unsigned int PARSE_OPTIONS = pugi::parse_default | pugi::parse_declaration;
 constexpr unsigned int FORMAT_FLAGS = pugi::format_indent | pugi::format_no_declaration;
 constexpr const wchar_t* INDENT = L"\t";
 
-constexpr std::string_view SHIFT_JIS_IN_FILE = "shift_jis";
-constexpr std::string_view REFERENCE = "&#";
 constexpr std::wstring_view SHIFT_JIS = L"Shift_JIS";
 constexpr std::wstring_view UTF_16 = L"UTF-16";
 constexpr const wchar_t* DECLARATION_NAME = L"xml";
 constexpr const wchar_t* ENCODING = L"encoding";
-
-/// As much of a file as its byte-order mark and its declaration need.
-constexpr std::size_t ENCODING_PROBE_SIZE = 1024;
-
-bool FirstLineNamesShiftJis(std::string_view bytes)
-{
-    const std::string_view line = bytes.substr(0, bytes.find('\n'));
-    return std::search(line.begin(), line.end(), SHIFT_JIS_IN_FILE.begin(), SHIFT_JIS_IN_FILE.end(),
-                       [](char inFile, char wanted) { return FoldAscii(inFile) == wanted; }) != line.end();
-}
-
-pugi::xml_encoding DetectEncoding(std::string_view bytes)
-{
-    pugi::xml_document probe;
-    const pugi::xml_parse_result result =
-        probe.load_buffer(bytes.data(), std::min(bytes.size(), ENCODING_PROBE_SIZE), pugi::parse_minimal);
-    if (result.status == pugi::status_out_of_memory)
-    {
-        throw std::bad_alloc();
-    }
-    return result.encoding;
-}
-
-/// Memory that the parser takes over with a document.
-class ParserBuffer
-{
-  public:
-    explicit ParserBuffer(std::size_t size)
-        : data_(pugi::get_memory_allocation_function()(std::max<std::size_t>(size, 1))),
-          size_(size)
-    {
-        if (data_ == nullptr)
-        {
-            throw std::bad_alloc();
-        }
-    }
-    ParserBuffer(ParserBuffer&& other) noexcept : data_(other.Release()), size_(other.size_) {}
-    ParserBuffer& operator=(ParserBuffer&& other) noexcept
-    {
-        std::swap(data_, other.data_);
-        std::swap(size_, other.size_);
-        return *this;
-    }
-    ~ParserBuffer()
-    {
-        if (data_ != nullptr)
-        {
-            pugi::get_memory_deallocation_function()(data_);
-        }
-    }
-
-    char* Data() { return static_cast<char*>(data_); }
-    std::size_t Size() const { return size_; }
-    void Shorten(std::size_t size) { size_ = size; }
-    std::string_view View() const { return {static_cast<const char*>(data_), size_}; }
-    void* Release() { return std::exchange(data_, nullptr); }
-
-  private:
-    void* data_;
-    std::size_t size_;
-};
-
-std::optional<ParserBuffer> ReadFile(const std::wstring& path)
-{
-    const FileHandle file = OpenForReading(path);
-    const std::optional<std::size_t> length = file ? FileLength(file.get()) : std::nullopt;
-    if (!length)
-    {
-        return std::nullopt;
-    }
-    ParserBuffer buffer(*length);
-    buffer.Shorten(std::fread(buffer.Data(), 1, *length, file.get()));
-    return std::ferror(file.get()) == 0 ? std::optional(std::move(buffer)) : std::nullopt;
-}
 
 /// A file of any size may come in, and a full disk be written to: what a step throws is its failure.
 template <class Step>
@@ -116,94 +36,6 @@ bool Succeeds(Step&& step)
     {
         return false;
     }
-}
-
-/// How the units of an encoding lie in a file.
-struct EncodingForm
-{
-    pugi::xml_encoding encoding;
-    std::size_t unitSize;
-    bool bigEndian;
-};
-constexpr EncodingForm ENCODING_FORMS[] = {
-    {pugi::encoding_utf8, 1, false},     {pugi::encoding_utf16_le, 2, false}, {pugi::encoding_utf16_be, 2, true},
-    {pugi::encoding_utf32_le, 4, false}, {pugi::encoding_utf32_be, 4, true},  {pugi::encoding_latin1, 1, false},
-};
-
-CodeUnits UnitsOf(ParserBuffer& content, pugi::xml_encoding encoding)
-{
-    const auto* const form = std::find_if(std::begin(ENCODING_FORMS), std::end(ENCODING_FORMS),
-                                          [&](const EncodingForm& one) { return one.encoding == encoding; });
-    return {content.Data(), content.Size(), form->unitSize, form->bigEndian};
-}
-
-ParserBuffer RepairedUtf8(std::string_view bytes)
-{
-    const std::string repaired = RepairUtf8(bytes);
-    ParserBuffer content(repaired.size());
-    std::memcpy(content.Data(), repaired.data(), repaired.size());
-    return content;
-}
-
-/// Mends what the parser would make different things of on different platforms.
-void Repair(ParserBuffer& content, pugi::xml_encoding encoding)
-{
-    if (encoding == pugi::encoding_utf8 && !IsWellFormedUtf8(content.View()))
-    {
-        content = RepairedUtf8(content.View());
-    }
-    const CodeUnits units = UnitsOf(content, encoding);
-    if (units.Count() < content.Size())
-    {
-        RepairUnits(units);
-        RepairReferences(units);
-    }
-    else if (content.View().find(REFERENCE) != std::string_view::npos)
-    {
-        RepairReferences(units);
-    }
-}
-
-/// The bytes of a file of code page 932 as wide characters; nothing if they aren't that.
-std::optional<ParserBuffer> WideContent(std::string_view bytes)
-{
-    ParserBuffer content(bytes.size() * sizeof(wchar_t));
-    const std::optional<std::size_t> length = DecodeCp932(bytes, reinterpret_cast<wchar_t*>(content.Data()));
-    content.Shorten(length.value_or(0) * sizeof(wchar_t));
-    return length ? std::optional(std::move(content)) : std::nullopt;
-}
-
-bool Parse(pugi::xml_document& document, ParserBuffer content, pugi::xml_encoding encoding)
-{
-    const std::size_t size = content.Size();
-    return document.load_buffer_inplace_own(content.Release(), size, PARSE_OPTIONS, encoding);
-}
-
-bool LoadShiftJis(pugi::xml_document& document, std::string_view bytes)
-{
-    std::optional<ParserBuffer> content = WideContent(bytes);
-    if (!content)
-    {
-        return false;
-    }
-    if (bytes.find(REFERENCE) != std::string_view::npos)
-    {
-        RepairReferences({content->Data(), content->Size(), sizeof(wchar_t), std::endian::native == std::endian::big});
-    }
-    return Parse(document, *std::move(content), pugi::encoding_wchar);
-}
-
-bool LoadPlain(pugi::xml_document& document, ParserBuffer content)
-{
-    Repair(content, DetectEncoding(content.View()));
-    return Parse(document, std::move(content), pugi::encoding_auto);
-}
-
-bool LoadFile(pugi::xml_document& document, const std::wstring& path)
-{
-    std::optional<ParserBuffer> content = ReadFile(path);
-    return content && ((FirstLineNamesShiftJis(content->View()) && LoadShiftJis(document, content->View())) ||
-                       LoadPlain(document, *std::move(content)));
 }
 
 /// Turns the parser's wide output, which it never cuts within a surrogate pair, into UTF-8.
@@ -307,15 +139,46 @@ bool SaveShiftJis(const pugi::xml_document& document, const std::wstring& path)
 
 WcXmAppDocument::WcXmAppDocument() : xmlDocument(new (std::nothrow) pugi::xml_document) {}
 
+bool WcXmAppDocument::Reset()
+{
+    passages.Clear();
+    source_ = ParserBuffer();
+    isWhole_ = true;
+    if (xmlDocument != nullptr)
+    {
+        xmlDocument->reset();
+    }
+    return xmlDocument != nullptr;
+}
+
+template <class Source>
+bool WcXmAppDocument::Load(Source&& source)
+{
+    const auto load = [&] {
+        std::optional<ParserBuffer> content = std::forward<Source>(source)();
+        source_ = content ? *std::move(content) : ParserBuffer();
+        return content && LoadContent(*xmlDocument, keepsPassages ? &passages : nullptr, source_);
+    };
+    return Reset() && Succeeds([&] { return Change(load); });
+}
+
 bool WcXmAppDocument::LoadDocument(const std::wstring& path)
 {
-    if (xmlDocument == nullptr)
-    {
-        return false;
-    }
-    xmlDocument->reset();
-    isWhole_ = true;
-    return Succeeds([&] { return Change([&] { return LoadFile(*xmlDocument, path); }); });
+    return Load([&] { return ReadContent(path); });
+}
+
+bool WcXmAppDocument::LoadBytes(ParserBuffer content)
+{
+    return Load([&] { return std::optional(std::move(content)); });
+}
+
+void WcXmAppDocument::ExpandPassages()
+{
+    Change([&] {
+        passages.Expand(*xmlDocument);
+        return true;
+    });
+    source_ = ParserBuffer();
 }
 
 bool WcXmAppDocument::EnsureDeclaration()
@@ -334,6 +197,7 @@ bool WcXmAppDocument::SaveDocument(const std::wstring& path)
         return false;
     }
     return Succeeds([&] {
+        ExpandPassages();
         const std::wstring_view encoding = DeclaredEncoding(*xmlDocument);
         if (EqualsIgnoreCase(encoding, SHIFT_JIS))
         {

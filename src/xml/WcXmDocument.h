@@ -1,6 +1,8 @@
 #pragma once
 
+#include "xml/ParserBuffer.h"
 #include "xml/ParserMemory.h"
+#include "xml/WcXmPassages.h"
 
 #include <memory>
 #include <new>
@@ -29,6 +31,9 @@ class WcXmAppDocument
     /// doesn't fit into memory; then the tree is empty or holds what stood before the fault.
     bool LoadDocument(const std::wstring& path);
 
+    /// The same for the content of a file.
+    bool LoadBytes(ParserBuffer content);
+
     /// Sees to it that the document has a declaration whose encoding is UTF-8; a new one comes first. False without a
     /// parser document. Throws std::bad_alloc if there is no memory for it.
     bool EnsureDeclaration();
@@ -54,10 +59,18 @@ class WcXmAppDocument
         return result;
     }
 
+    /// Makes the passages a part of the tree after all, for who reads or prints it through the parser.
+    void ExpandPassages();
+
     std::unique_ptr<pugi::xml_document> xmlDocument;
+    WcXmPassages passages;     ///< what of the document isn't in the tree
+    bool keepsPassages = true; ///< without, everything goes through the parser; the finished file is the same
     WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
 
   private:
+    bool Reset();
+    template <class Source>
+    bool Load(Source&& source);
     void ThrowUnlessWhole() const
     {
         if (!isWhole_)
@@ -66,6 +79,7 @@ class WcXmAppDocument
         }
     }
 
+    ParserBuffer source_; ///< the bytes of the passages
     bool isWhole_ = true;
 };
 

@@ -1,0 +1,180 @@
+#include "xml/LoadContent.h"
+
+#include "base/Files.h"
+#include "base/Text.h"
+#include "xml/CodeUnits.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <iterator>
+#include <string>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr unsigned int PARSE_OPTIONS = pugi::parse_default | pugi::parse_declaration;
+
+constexpr std::string_view SHIFT_JIS_IN_FILE = "shift_jis";
+constexpr std::string_view REFERENCE = "&#";
+
+/// As much of a file as its byte-order mark and its declaration need.
+constexpr std::size_t ENCODING_PROBE_SIZE = 1024;
+
+bool FirstLineNamesShiftJis(std::string_view bytes)
+{
+    const std::string_view line = bytes.substr(0, bytes.find('\n'));
+    return std::search(line.begin(), line.end(), SHIFT_JIS_IN_FILE.begin(), SHIFT_JIS_IN_FILE.end(),
+                       [](char inFile, char wanted) { return FoldAscii(inFile) == wanted; }) != line.end();
+}
+
+pugi::xml_encoding DetectEncoding(std::string_view bytes)
+{
+    pugi::xml_document probe;
+    const pugi::xml_parse_result result =
+        probe.load_buffer(bytes.data(), std::min(bytes.size(), ENCODING_PROBE_SIZE), pugi::parse_minimal);
+    if (result.status == pugi::status_out_of_memory)
+    {
+        throw std::bad_alloc();
+    }
+    return result.encoding;
+}
+
+/// How the units of an encoding lie in a file.
+struct EncodingForm
+{
+    pugi::xml_encoding encoding;
+    std::size_t unitSize;
+    bool bigEndian;
+};
+constexpr EncodingForm ENCODING_FORMS[] = {
+    {pugi::encoding_utf8, 1, false},     {pugi::encoding_utf16_le, 2, false}, {pugi::encoding_utf16_be, 2, true},
+    {pugi::encoding_utf32_le, 4, false}, {pugi::encoding_utf32_be, 4, true},  {pugi::encoding_latin1, 1, false},
+};
+
+CodeUnits UnitsOf(ParserBuffer& content, pugi::xml_encoding encoding)
+{
+    const auto* const form = std::find_if(std::begin(ENCODING_FORMS), std::end(ENCODING_FORMS),
+                                          [&](const EncodingForm& one) { return one.encoding == encoding; });
+    return {content.Data(), content.Size(), form->unitSize, form->bigEndian};
+}
+
+ParserBuffer RepairedUtf8(std::string_view bytes)
+{
+    const std::string repaired = RepairUtf8(bytes);
+    ParserBuffer content(repaired.size());
+    std::memcpy(content.Data(), repaired.data(), repaired.size());
+    return content;
+}
+
+/// Mends what the parser would make different things of on different platforms.
+void Repair(ParserBuffer& content, pugi::xml_encoding encoding)
+{
+    if (encoding == pugi::encoding_utf8 && !IsWellFormedUtf8(content.View()))
+    {
+        content = RepairedUtf8(content.View());
+    }
+    const CodeUnits units = UnitsOf(content, encoding);
+    if (units.Count() < content.Size())
+    {
+        RepairUnits(units);
+        RepairReferences(units);
+    }
+    else if (content.View().find(REFERENCE) != std::string_view::npos)
+    {
+        RepairReferences(units);
+    }
+}
+
+/// The bytes of a file of code page 932 as wide characters; nothing if they aren't that.
+std::optional<ParserBuffer> WideContent(std::string_view bytes)
+{
+    ParserBuffer content(bytes.size() * sizeof(wchar_t));
+    const std::optional<std::size_t> length = DecodeCp932(bytes, reinterpret_cast<wchar_t*>(content.Data()));
+    content.Shorten(length.value_or(0) * sizeof(wchar_t));
+    return length ? std::optional(std::move(content)) : std::nullopt;
+}
+
+bool Parse(pugi::xml_document& document, ParserBuffer content, pugi::xml_encoding encoding, unsigned int options)
+{
+    const std::size_t size = content.Size();
+    return document.load_buffer_inplace_own(content.Release(), size, options, encoding);
+}
+
+bool LoadShiftJis(pugi::xml_document& document, std::string_view bytes)
+{
+    std::optional<ParserBuffer> content = WideContent(bytes);
+    if (!content)
+    {
+        return false;
+    }
+    if (bytes.find(REFERENCE) != std::string_view::npos)
+    {
+        RepairReferences({content->Data(), content->Size(), sizeof(wchar_t), std::endian::native == std::endian::big});
+    }
+    return Parse(document, *std::move(content), pugi::encoding_wchar, PARSE_OPTIONS);
+}
+
+bool LoadPlain(pugi::xml_document& document, ParserBuffer content, unsigned int options = PARSE_OPTIONS)
+{
+    Repair(content, DetectEncoding(content.View()));
+    return Parse(document, std::move(content), pugi::encoding_auto, options);
+}
+
+/// What the parser gets of a document with passages: each of them as its placeholder.
+ParserBuffer WithPlaceholders(const WcXmPassages& passages)
+{
+    std::string text;
+    std::size_t passage = 0;
+    for (const WcXmPassages::Piece& piece : passages.Pieces())
+    {
+        text.append(piece.isPassage ? PassagePlaceholder(passage++) : piece.bytes);
+    }
+    ParserBuffer content(text.size());
+    std::memcpy(content.Data(), text.data(), text.size());
+    return content;
+}
+
+/// Of instructions there are none in the tree but the placeholders.
+bool LoadWithPassages(pugi::xml_document& document, WcXmPassages& passages, std::string_view content)
+{
+    const bool loaded = DetectEncoding(content) == pugi::encoding_utf8 && passages.Find(content) &&
+                        LoadPlain(document, WithPlaceholders(passages), PARSE_OPTIONS | pugi::parse_pi) &&
+                        passages.AreIn(document);
+    if (!loaded)
+    {
+        passages.Clear();
+        document.reset();
+    }
+    return loaded;
+}
+
+} // namespace
+
+std::optional<ParserBuffer> ReadContent(const std::wstring& path)
+{
+    const FileHandle file = OpenForReading(path);
+    const std::optional<std::size_t> length = file ? FileLength(file.get()) : std::nullopt;
+    if (!length)
+    {
+        return std::nullopt;
+    }
+    ParserBuffer buffer(*length);
+    buffer.Shorten(std::fread(buffer.Data(), 1, *length, file.get()));
+    return std::ferror(file.get()) == 0 ? std::optional(std::move(buffer)) : std::nullopt;
+}
+
+bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content)
+{
+    if (FirstLineNamesShiftJis(content.View()))
+    {
+        return LoadShiftJis(document, content.View()) || LoadPlain(document, std::move(content));
+    }
+    return (passages != nullptr && LoadWithPassages(document, *passages, content.View())) ||
+           LoadPlain(document, std::move(content));
+}
+
+} // namespace jlandxml

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "xml/ParserBuffer.h"
+#include "xml/WcXmPassages.h"
+
+#include <optional>
+#include <pugixml.hpp>
+#include <string>
+
+namespace jlandxml
+{
+
+/// The whole content of a file; nothing if it can't be opened or read. Throws std::bad_alloc if it doesn't fit into
+/// memory.
+std::optional<ParserBuffer> ReadContent(const std::wstring& path);
+
+/// Parses the content of a file into an empty document. Content whose first line names Shift_JIS is read as code page
+/// 932; if that isn't what it is, and for all other, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart. What is
+/// malformed or no character of Unicode becomes U+FFFD. With `passages` what can stay bytes does, and the content stays
+/// for them; the parser takes all other content over. False if it isn't well formed. Throws std::bad_alloc if there is
+/// no memory for it.
+bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content);
+
+} // namespace jlandxml
