@@ -5,6 +5,7 @@
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
 #include "inspect/Summary.h"
+#include "inspect/Tables.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,6 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         SummaryText(file);
         FindingsText(findings);
         JsonLine(file, findings);
+        for (const Table& table : AllTables(file))
+        {
+            CsvText(table);
+        }
     }
     catch (const CException&)
     {

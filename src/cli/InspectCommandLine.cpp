@@ -1,18 +1,22 @@
 #include "cli/InspectCommandLine.h"
 
 #include "base/Exceptions.h"
+#include "base/Files.h"
 #include "base/Streams.h"
 #include "base/Text.h"
 #include "inspect/Checks.h"
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
 #include "inspect/Summary.h"
+#include "inspect/Tables.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <new>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <utility>
 
@@ -34,6 +38,7 @@ struct Options
     std::vector<std::wstring> files;
     std::vector<const Check*> checks;
     Severity failOn = Severity::Error;
+    std::wstring csvFolder; ///< empty: none
     bool json = false;
     bool listChecks = false;
 };
@@ -115,6 +120,26 @@ Severity ReadSeverity(const std::string& text)
     return static_cast<Severity>(found - inspect::SEVERITY_NAMES.begin());
 }
 
+/// The name of a file without its folder and its extension.
+std::wstring_view BaseName(const std::wstring& path)
+{
+    const std::wstring_view name = std::wstring_view(path).substr(FolderOf(path).size());
+    return name.substr(0, name.rfind(L'.'));
+}
+
+/// Two files of one name would write over one another's tables.
+void RefuseSameNames(const std::vector<std::wstring>& files)
+{
+    std::set<std::wstring_view> names;
+    for (const std::wstring& file : files)
+    {
+        if (!names.insert(BaseName(file)).second)
+        {
+            throw WrongArgument("--csv", "同じ名前のファイルが二つあります: " + Utf8FromWide(file));
+        }
+    }
+}
+
 /// One line about the argument that is wrong.
 std::string Problem(const CLI::ParseError& error)
 {
@@ -130,6 +155,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     std::vector<std::string> only;
     std::vector<std::string> without;
     std::string failOn = "誤り";
+    std::string csvFolder;
     Parsed parsed;
 
     CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
@@ -151,6 +177,10 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
         ->type_name("SEVERITY");
+    const CLI::Option* const csvOption =
+        app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+            ->type_name("DIR");
     app.add_flag("--list-checks", parsed.options.listChecks, "検査の一覧を表示します");
     app.allow_extras();
     app.final_callback([&] {
@@ -161,6 +191,15 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         if (files.empty() && !parsed.options.listChecks)
         {
             throw WrongArgument("FILE", "検査するファイルを指定してください");
+        }
+        if (csvFolder.empty() && csvOption->count() > 0)
+        {
+            throw WrongArgument("--csv", "フォルダーを指定してください");
+        }
+        std::transform(files.begin(), files.end(), std::back_inserter(parsed.options.files), WideFromUtf8);
+        if (!csvFolder.empty())
+        {
+            RefuseSameNames(parsed.options.files);
         }
         parsed.options.checks = ChosenChecks(only, without);
         parsed.options.failOn = ReadSeverity(failOn);
@@ -185,8 +224,18 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
         parsed.ends = InspectStatus::WrongUsage;
     }
-    std::transform(files.begin(), files.end(), std::back_inserter(parsed.options.files), WideFromUtf8);
+    parsed.options.csvFolder = WideFromUtf8(csvFolder);
     return parsed;
+}
+
+/// Makes a folder with those above it. False if there is none afterwards.
+bool MakeFolder(const std::wstring& folder)
+{
+    const std::string name = Utf8FromWide(folder);
+    std::error_code failure;
+    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+    std::filesystem::create_directories(path, failure);
+    return std::filesystem::is_directory(path, failure);
 }
 
 InspectStatus TellUnreadable(const Options& options, const std::wstring& path, const std::wstring& reason)
@@ -199,12 +248,30 @@ InspectStatus TellUnreadable(const Options& options, const std::wstring& path, c
     return InspectStatus::NotRead;
 }
 
+void WriteTables(const LandXmlFile& file, const std::wstring& folder)
+{
+    for (const inspect::Table& table : inspect::AllTables(file))
+    {
+        const std::wstring path = folder + L"/" + std::wstring(BaseName(file.path)) + L"-" + table.title + L".csv";
+        ReplacementFile target(path);
+        target.Write(inspect::CsvText(table));
+        if (!target.Commit())
+        {
+            throw CFileException(L"書き込めません: " + path);
+        }
+    }
+}
+
 InspectStatus InspectFile(const Options& options, const std::wstring& path)
 {
     const LandXmlFile file = inspect::ReadLandXmlFile(path);
     const std::vector<Finding> findings = Inspect(file, options.checks);
     WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
                                      : inspect::SummaryText(file) + inspect::FindingsText(findings));
+    if (!options.csvFolder.empty())
+    {
+        WriteTables(file, options.csvFolder);
+    }
     const bool fails = std::any_of(findings.begin(), findings.end(),
                                    [&](const Finding& finding) { return finding.severity >= options.failOn; });
     return fails ? InspectStatus::Findings : InspectStatus::NothingFound;
@@ -240,6 +307,11 @@ InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
     {
         WriteStandardOutput(options.json ? inspect::ChecksJsonLines() : inspect::ChecksText());
         return InspectStatus::NothingFound;
+    }
+    if (!options.csvFolder.empty() && !MakeFolder(options.csvFolder))
+    {
+        WriteStandardError(options.csvFolder + L": フォルダーを作れません\n");
+        return InspectStatus::NotRead;
     }
     InspectStatus status = InspectStatus::NothingFound;
     for (const std::wstring& path : options.files)

@@ -74,6 +74,19 @@ std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit)
     return found != std::end(ANGLE_UNITS) ? std::optional(figure.value * found->radians) : std::nullopt;
 }
 
+std::wstring DegreesText(double radians)
+{
+    // Rounded as a whole, so that no part of it reaches 60.
+    constexpr double OF_A_SECOND = 100;
+    const double whole =
+        std::fmod(std::round(PositiveAngle(radians) / RADIANS_OF_A_SECOND * OF_A_SECOND), 360 * 3600 * OF_A_SECOND);
+    const double minutes = std::floor(whole / (60 * OF_A_SECOND));
+    const std::wstring seconds = FormatFixed((whole - minutes * 60 * OF_A_SECOND) / OF_A_SECOND, 2);
+    const std::wstring rest = FormatFixed(std::fmod(minutes, 60), 0);
+    return FormatFixed(std::floor(minutes / 60), 0) + (rest.size() < 2 ? L"-0" : L"-") + rest +
+           (seconds.size() < 5 ? L"-0" : L"-") + seconds;
+}
+
 double PositiveAngle(double radians)
 {
     const double rest = std::fmod(radians, FULL_TURN);

@@ -4,6 +4,7 @@
 
 #include <numbers>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace jlandxml::inspect
@@ -34,6 +35,9 @@ bool IsDegreesMinutesSeconds(std::wstring_view unit);
 
 /// An angle of a file in radians; nothing if the figure is none or the unit isn't one of LandXML's.
 std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit);
+
+/// An angle as calculation sheets show it, from 0 up to a full turn: 62-30-00.00, the seconds to the hundredth.
+std::wstring DegreesText(double radians);
 
 /// The same angle from 0 up to a full turn; the same between minus and plus half a turn.
 double PositiveAngle(double radians);

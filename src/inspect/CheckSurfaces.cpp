@@ -1,77 +1,16 @@
 #include "inspect/CheckSurfaces.h"
 
 #include "inspect/Names.h"
+#include "inspect/PointIndex.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <optional>
 
 namespace jlandxml::inspect
 {
 
 namespace
 {
-
-constexpr std::uint32_t NO_POINT = std::numeric_limits<std::uint32_t>::max();
-
-/// The places of a surface's points by their ids. Ids as a rule count up from 1, so that a table serves; where they
-/// are scattered they are sorted.
-class PointIndex
-{
-  public:
-    explicit PointIndex(const std::vector<SurfacePoint>& points)
-    {
-        std::uint32_t highest = 0;
-        for (const SurfacePoint& point : points)
-        {
-            highest = std::max(highest, point.id);
-        }
-        isTable_ = highest <= 4 * points.size() + 1000;
-        if (isTable_)
-        {
-            table_.assign(static_cast<std::size_t>(highest) + 1, NO_POINT);
-        }
-        for (std::uint32_t place = 0; place < points.size(); ++place)
-        {
-            Add(points[place].id, place);
-        }
-        std::stable_sort(sorted_.begin(), sorted_.end(),
-                         [](const auto& first, const auto& second) { return first.first < second.first; });
-    }
-
-    /// The first point of that id; NO_POINT if there is none.
-    std::uint32_t Find(std::uint32_t id) const
-    {
-        if (isTable_)
-        {
-            return id < table_.size() ? table_[id] : NO_POINT;
-        }
-        const auto found = std::lower_bound(sorted_.begin(), sorted_.end(), std::pair(id, std::uint32_t{0}));
-        return found != sorted_.end() && found->first == id ? found->second : NO_POINT;
-    }
-
-  private:
-    void Add(std::uint32_t id, std::uint32_t place)
-    {
-        if (id == 0)
-        {
-            return;
-        }
-        if (!isTable_)
-        {
-            sorted_.emplace_back(id, place);
-        }
-        else if (table_[id] == NO_POINT)
-        {
-            table_[id] = place;
-        }
-    }
-
-    bool isTable_ = true;
-    std::vector<std::uint32_t> table_;
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> sorted_;
-};
 
 std::wstring FaceName(const Surface& surface, const SurfaceFace& face)
 {
@@ -104,46 +43,6 @@ double Area(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
 std::size_t CornersOf(const Surface& surface)
 {
     return surface.type == L"grid" ? 4 : 3;
-}
-
-/// The places of a face's points; nothing if one of them isn't there or the face has too few or too many.
-std::optional<std::array<std::uint32_t, 4>> PlacesOf(const SurfaceFace& face, const PointIndex& index)
-{
-    std::array<std::uint32_t, 4> places{};
-    if (face.cornerCount < 3 || face.cornerCount > places.size())
-    {
-        return {};
-    }
-    for (std::size_t corner = 0; corner < face.cornerCount; ++corner)
-    {
-        places[corner] = index.Find(face.corners[corner]);
-        if (places[corner] == NO_POINT)
-        {
-            return {};
-        }
-    }
-    return places;
-}
-
-/// An edge between two points, told apart from all others.
-std::uint64_t Edge(std::uint32_t from, std::uint32_t to)
-{
-    return static_cast<std::uint64_t>(std::min(from, to)) << 32U | std::max(from, to);
-}
-
-std::vector<std::uint64_t> EdgesOf(const Surface& surface, const PointIndex& index)
-{
-    std::vector<std::uint64_t> edges;
-    edges.reserve(surface.faces.size() * 3);
-    for (const SurfaceFace& face : surface.faces)
-    {
-        const auto places = face.isHidden ? std::nullopt : PlacesOf(face, index);
-        for (std::size_t corner = 0; places && corner < face.cornerCount; ++corner)
-        {
-            edges.push_back(Edge((*places)[corner], (*places)[(corner + 1) % face.cornerCount]));
-        }
-    }
-    return edges;
 }
 
 } // namespace
@@ -218,7 +117,7 @@ void CheckFaceAreas(const LandXmlFile& file, Findings& findings)
         const PointIndex index(surface.points);
         for (const SurfaceFace& face : surface.faces)
         {
-            const auto places = face.isHidden ? std::nullopt : PlacesOf(face, index);
+            const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
             if (!places)
             {
                 continue;
@@ -241,15 +140,14 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        std::vector<std::uint64_t> edges = EdgesOf(surface, PointIndex(surface.points));
-        std::sort(edges.begin(), edges.end());
+        const std::vector<std::uint64_t> edges = SortedEdges(surface, PointIndex(surface.points));
         for (auto edge = edges.begin(); edge != edges.end();)
         {
             const auto next = std::find_if(edge, edges.end(), [&](std::uint64_t other) { return other != *edge; });
             if (next - edge > 2)
             {
-                const SurfacePoint& from = surface.points[*edge >> 32U];
-                const SurfacePoint& to = surface.points[*edge & NO_POINT];
+                const SurfacePoint& from = surface.points[FirstOf(*edge)];
+                const SurfacePoint& to = surface.points[SecondOf(*edge)];
                 findings.Report(
                     Path(NameOf(surface), L"辺 " + std::to_wstring(from.id) + L" " + std::to_wstring(to.id)),
                     surface.line, std::to_wstring(next - edge) + L"面");

@@ -81,4 +81,42 @@ std::optional<double> ProfileLine::HeightAt(double station) const
     return height;
 }
 
+GroundLine::GroundLine(const ProfSurf& ground)
+{
+    for (const PairList& list : ground.lists)
+    {
+        bool isConnected = false;
+        for (const FigurePair& pair : list.pairs)
+        {
+            const bool isBehind = points_.empty() || pair.first.value > points_.back().station;
+            if (pair.first.IsFinite() && pair.second.IsFinite() && isBehind)
+            {
+                points_.push_back({pair.first.value, pair.second.value, isConnected});
+                isConnected = true;
+            }
+        }
+    }
+}
+
+std::optional<double> GroundLine::HeightAt(double station) const
+{
+    const auto behind = std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
+                                         [](const Point& point, double value) { return point.station < value; });
+    if (behind == points_.end())
+    {
+        return {};
+    }
+    if (std::abs(behind->station - station) <= SAME_STATION)
+    {
+        return behind->height;
+    }
+    if (!behind->isConnected)
+    {
+        return {};
+    }
+    const Point& before = behind[-1];
+    const double part = (station - before.station) / (behind->station - before.station);
+    return before.height + part * (behind->height - before.height);
+}
+
 } // namespace jlandxml::inspect

@@ -42,4 +42,24 @@ class ProfileLine
     bool isRising_ = true;
 };
 
+/// A ground line: straight between its points, with gaps between its lists.
+class GroundLine
+{
+  public:
+    /// Points that don't lie behind those before them are left out.
+    explicit GroundLine(const ProfSurf& ground);
+
+    /// The height at a station; nothing outside the line and in its gaps.
+    std::optional<double> HeightAt(double station) const;
+
+  private:
+    struct Point
+    {
+        double station;
+        double height;
+        bool isConnected; ///< to the point before
+    };
+    std::vector<Point> points_;
+};
+
 } // namespace jlandxml::inspect

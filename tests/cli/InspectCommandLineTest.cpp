@@ -192,6 +192,31 @@ TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
     EXPECT_EQ(Json::parse(line)["code"], "X01");
 }
 
+// Calculation sheets
+
+TEST_F(InspectCommandLineTest, CalculationSheetsAreWrittenIntoAFolderThatIsMade)
+{
+    const std::wstring file = File(WITH_WARNING);
+    const Outcome outcome = Run({L"--csv", folder_.Name(L"計算書") + L"/a", file});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(folder_.Read(L"計算書/a/完成-縦断計算書.csv"),
+              "\xEF\xBB\xBF線形,縦断線形,測点,測点（m）,高さ,勾配（手前）％,勾配（先）％,縦断曲線長,縦断曲線半径,"
+              "曲線始点（m）,曲線終点（m）,計画高\r\n");
+    for (const wchar_t* const name : {L"線形計算書", L"測点座標一覧", L"片勾配・拡幅表", L"中間点・幅杭一覧"})
+    {
+        EXPECT_NE(folder_.Read(std::wstring(L"計算書/a/完成-") + name + L".csv"), "");
+    }
+}
+
+TEST_F(InspectCommandLineTest, AFolderThatCannotBeMadeIsStatusThree)
+{
+    const std::wstring file = File(SOUND);
+    const Outcome outcome = Run({L"--csv", file + L"/a", file});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    EXPECT_EQ(outcome.err, Utf8FromWide(file) + "/a: フォルダーを作れません\n");
+    EXPECT_EQ(outcome.out, "");
+}
+
 // The arguments
 
 struct WrongArguments
@@ -211,6 +236,10 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AnUnknownGroup",
      {L"x", L"--ignore", L"Z"},
      "--ignore: 「Z」という検査はありません（--list-checksで一覧を表示します）\n"},
+    {"NoFolder", {L"x", L"--csv", L""}, "--csv: フォルダーを指定してください\n"},
+    {"TwoFilesOfOneName",
+     {L"a/x.xml", L"b/x.xml", L"--csv", L"c"},
+     "--csv: 同じ名前のファイルが二つあります: b/x.xml\n"},
     {"NoValueOfAnOption", {L"x", L"--fail-on"}, "--fail-on: 値を指定してください\n"},
 };
 
@@ -233,7 +262,7 @@ TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
     const Outcome outcome = Run({L"--help"});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     for (const char* const option : {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY",
-                                     "--list-checks", "-h,--help", "-V,--version"})
+                                     "--csv DIR", "--list-checks", "-h,--help", "-V,--version"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
     }

@@ -21,9 +21,6 @@ struct Explained
     const char* why;
 };
 const Explained EXPLAINED[] = {
-    {"road", L"C06", "線形1／横断面", "the example's sections hold elevations where offsets are meant"},
-    {"river", L"C06", "堤防法線／横断面", "the same"},
-    {"two-routes", L"C06", "本線／横断面", "the same"},
     {"river", L"H05", "堤防法線／直線 EC.1～IP.2", "the river's line bends there"},
     {"river", L"T03", "堤防法線／測点定義", "the example's equations don't stand in the order of stations"},
     {"river", L"T04", "堤防法線／測点定義", "a lawful overlap of the count"},
