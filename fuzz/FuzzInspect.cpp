@@ -4,6 +4,7 @@
 #include "inspect/Checks.h"
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
+#include "inspect/Report.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
 
@@ -26,6 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         SummaryText(file);
         FindingsText(findings);
         JsonLine(file, findings);
+        ReportPage(file, findings);
         for (const Table& table : AllTables(file))
         {
             CsvText(table);

@@ -7,6 +7,7 @@
 #include "inspect/Checks.h"
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
+#include "inspect/Report.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
 
@@ -38,7 +39,8 @@ struct Options
     std::vector<std::wstring> files;
     std::vector<const Check*> checks;
     Severity failOn = Severity::Error;
-    std::wstring csvFolder; ///< empty: none
+    std::wstring csvFolder;  ///< empty: none
+    std::wstring reportFile; ///< empty: none
     bool json = false;
     bool listChecks = false;
 };
@@ -156,6 +158,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     std::vector<std::string> without;
     std::string failOn = "誤り";
     std::string csvFolder;
+    std::string reportFile;
     Parsed parsed;
 
     CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
@@ -181,6 +184,10 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
             ->type_name("DIR");
+    const CLI::Option* const reportOption =
+        app.add_option("--report", reportFile, "図面と計算書のHTMLファイル（検査するファイルは一つだけ）")
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+            ->type_name("FILE.html");
     app.add_flag("--list-checks", parsed.options.listChecks, "検査の一覧を表示します");
     app.allow_extras();
     app.final_callback([&] {
@@ -195,6 +202,14 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         if (csvFolder.empty() && csvOption->count() > 0)
         {
             throw WrongArgument("--csv", "フォルダーを指定してください");
+        }
+        if (reportFile.empty() && reportOption->count() > 0)
+        {
+            throw WrongArgument("--report", "ファイルを指定してください");
+        }
+        if (!reportFile.empty() && files.size() > 1)
+        {
+            throw WrongArgument("--report", "検査するファイルは一つだけ指定してください");
         }
         std::transform(files.begin(), files.end(), std::back_inserter(parsed.options.files), WideFromUtf8);
         if (!csvFolder.empty())
@@ -225,6 +240,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         parsed.ends = InspectStatus::WrongUsage;
     }
     parsed.options.csvFolder = WideFromUtf8(csvFolder);
+    parsed.options.reportFile = WideFromUtf8(reportFile);
     return parsed;
 }
 
@@ -248,17 +264,22 @@ InspectStatus TellUnreadable(const Options& options, const std::wstring& path, c
     return InspectStatus::NotRead;
 }
 
+void WriteFile(const std::wstring& path, const std::string& bytes)
+{
+    ReplacementFile target(path);
+    target.Write(bytes);
+    if (!target.Commit())
+    {
+        throw CFileException(L"書き込めません: " + path);
+    }
+}
+
 void WriteTables(const LandXmlFile& file, const std::wstring& folder)
 {
     for (const inspect::Table& table : inspect::AllTables(file))
     {
         const std::wstring path = folder + L"/" + std::wstring(BaseName(file.path)) + L"-" + table.title + L".csv";
-        ReplacementFile target(path);
-        target.Write(inspect::CsvText(table));
-        if (!target.Commit())
-        {
-            throw CFileException(L"書き込めません: " + path);
-        }
+        WriteFile(path, inspect::CsvText(table));
     }
 }
 
@@ -271,6 +292,10 @@ InspectStatus InspectFile(const Options& options, const std::wstring& path)
     if (!options.csvFolder.empty())
     {
         WriteTables(file, options.csvFolder);
+    }
+    if (!options.reportFile.empty())
+    {
+        WriteFile(options.reportFile, inspect::ReportPage(file, findings));
     }
     const bool fails = std::any_of(findings.begin(), findings.end(),
                                    [&](const Finding& finding) { return finding.severity >= options.failOn; });

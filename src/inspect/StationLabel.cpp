@@ -14,7 +14,7 @@ namespace
 constexpr double USUAL_INTERVAL = 20;
 constexpr double SHORTEST_INTERVAL = 0.01;
 /// An interval of millimetres, or a length that is none, gives no list for people.
-constexpr double MOST_STATIONS = 100000;
+constexpr double MOST_STATIONS = 20000;
 
 constexpr double LARGEST_COUNT = 1e9;
 
@@ -31,7 +31,8 @@ struct PartedCount
 
 PartedCount Part(double count, double unit)
 {
-    const double millimetres = std::round(count * MILLIMETRES);
+    // A negative zero would show its sign.
+    const double millimetres = std::round(count * MILLIMETRES) + 0.0;
     const double units = std::floor(millimetres / (unit * MILLIMETRES));
     return {units, (millimetres - units * unit * MILLIMETRES) / MILLIMETRES};
 }

@@ -217,6 +217,23 @@ TEST_F(InspectCommandLineTest, AFolderThatCannotBeMadeIsStatusThree)
     EXPECT_EQ(outcome.out, "");
 }
 
+TEST_F(InspectCommandLineTest, TheReportIsOnePage)
+{
+    const Outcome outcome = Run({File(WITH_WARNING), L"--report", folder_.Name(L"報告.html")});
+    EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
+    EXPECT_EQ(outcome.err, "");
+    const std::string page = folder_.Read(L"報告.html");
+    EXPECT_TRUE(page.starts_with("<!DOCTYPE html>\n"));
+    EXPECT_NE(page.find("主要点の名称がありません（Start）"), std::string::npos);
+}
+
+TEST_F(InspectCommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
+{
+    const Outcome outcome = Run({File(SOUND), L"--report", folder_.Name(L"無い") + L"/x.html"});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    EXPECT_NE(outcome.err, "");
+}
+
 // The arguments
 
 struct WrongArguments
@@ -237,6 +254,10 @@ const WrongArguments WRONG_ARGUMENTS[] = {
      {L"x", L"--ignore", L"Z"},
      "--ignore: 「Z」という検査はありません（--list-checksで一覧を表示します）\n"},
     {"NoFolder", {L"x", L"--csv", L""}, "--csv: フォルダーを指定してください\n"},
+    {"NoReportFile", {L"x", L"--report", L""}, "--report: ファイルを指定してください\n"},
+    {"TwoFilesToReport",
+     {L"x", L"y", L"--report", L"r.html"},
+     "--report: 検査するファイルは一つだけ指定してください\n"},
     {"TwoFilesOfOneName",
      {L"a/x.xml", L"b/x.xml", L"--csv", L"c"},
      "--csv: 同じ名前のファイルが二つあります: b/x.xml\n"},
@@ -262,7 +283,7 @@ TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
     const Outcome outcome = Run({L"--help"});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     for (const char* const option : {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY",
-                                     "--csv DIR", "--list-checks", "-h,--help", "-V,--version"})
+                                     "--csv DIR", "--report FILE.html", "--list-checks", "-h,--help", "-V,--version"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
     }

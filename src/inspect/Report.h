@@ -1,0 +1,45 @@
+#pragma once
+
+#include "inspect/Finding.h"
+#include "inspect/Html.h"
+#include "inspect/LandXmlFile.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace jlandxml::inspect
+{
+
+/// The report on a file: one HTML page that needs nothing else, with plans, profiles, cross sections, calculation
+/// sheets, findings and a check sheet. UTF-8.
+std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& findings);
+
+/// What the drawings of a page share.
+struct Drawing
+{
+    Html& page;
+    /// The lines of the file whose elements have an id in the page, so that findings lead there.
+    std::set<std::size_t>& drawnLines;
+};
+
+/// The id of what stands at a line of the file; nothing the second time.
+void DrawId(Drawing& drawing, std::size_t line);
+
+/// What all plans show in the same place: the surfaces' outlines and contours, hidden, to be used by each.
+void DrawSurfaces(Drawing& drawing, const LandXmlFile& file);
+
+/// The plan of an alignment: north is up, one unit is a metre.
+void DrawPlan(Drawing& drawing, const LandXmlFile& file, const Alignment& alignment);
+
+/// Its profile, with the bands below it.
+void DrawProfile(Drawing& drawing, const Alignment& alignment);
+
+/// A cross section, with its heights as elevations where the profile gives one to stand on.
+void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section);
+
+/// The style and the script of a page.
+extern const char* const REPORT_STYLE;
+extern const char* const REPORT_SCRIPT;
+
+} // namespace jlandxml::inspect

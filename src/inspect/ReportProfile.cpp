@@ -1,0 +1,482 @@
+// Profiles with the bands under them, as they are drawn in Japan: heights drawn out to the height of the graph, and
+// below, to the same stations, heights, stations, the curves of the plan, superelevation and widening.
+
+#include "inspect/Course.h"
+#include "inspect/Names.h"
+#include "inspect/ProfileLine.h"
+#include "inspect/Report.h"
+#include "inspect/StationLabel.h"
+#include "inspect/Summary.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+// Sizes on the sheet, in pixels.
+constexpr double LEFT = 110;
+constexpr double TOP = 20;
+constexpr double GRAPH = 300;
+constexpr double TEXT_BAND = 62;
+constexpr double DIAGRAM_BAND = 70;
+constexpr double STATION_GAP = 26; ///< between main stations, so that texts on end stand apart
+constexpr double NARROWEST = 900;
+constexpr double WIDEST = 20000;
+
+/// Above this, in metres, nothing stands on earth.
+constexpr double HIGHEST = 20000;
+
+/// Texts on end that stand nearer than this to one another can't be read.
+constexpr double TEXT_GAP = 13;
+
+class ProfileDrawer
+{
+  public:
+    ProfileDrawer(Drawing& drawing, const Alignment& alignment)
+        : drawing_(drawing),
+          page_(drawing.page),
+          alignment_(alignment),
+          course_(alignment),
+          labels_(alignment)
+    {}
+
+    void Draw()
+    {
+        stations_ = labels_.MainStations(course_.StaStart(), course_.StaEnd());
+        const double length = course_.StaEnd() - course_.StaStart();
+        if (!std::isfinite(length) || length <= 0)
+        {
+            return;
+        }
+        const double graph = std::clamp(static_cast<double>(stations_.size()) * STATION_GAP, NARROWEST, WIDEST);
+        scale_ = graph / length;
+        width_ = LEFT + graph + 30;
+        MeasureHeights();
+        page_.Raw("<svg class=\"profile\" width=\"").Number(width_, 0).Raw("\" height=\"").Number(Height(), 0);
+        page_.Raw("\" viewBox=\"0 0 ").Number(width_, 0).Raw(" ").Number(Height(), 0).Raw("\">");
+        DrawGrid();
+        DrawGrounds();
+        DrawDesigns();
+        DrawBands();
+        page_.Raw("</svg>");
+    }
+
+  private:
+    static double Height() { return TOP + GRAPH + 3 * TEXT_BAND + 3 * DIAGRAM_BAND + 20; }
+
+    double X(double station) const { return LEFT + (station - course_.StaStart()) * scale_; }
+
+    double Y(double height) const { return TOP + GRAPH - (height - lowest_) / (highest_ - lowest_) * GRAPH; }
+
+    void MeasureHeights()
+    {
+        Range heights;
+        const auto take = [&](double height) {
+            // One height that is none would leave nothing to see of the others.
+            heights.Take(std::abs(height) < HIGHEST ? height : NAN);
+        };
+        for (const Profile& profile : alignment_.profiles)
+        {
+            for (const ProfAlign& design : profile.designs)
+            {
+                for (const ProfileElement& element : design.elements)
+                {
+                    take(element.height.value);
+                }
+            }
+            for (const ProfSurf& ground : profile.grounds)
+            {
+                for (const PairList& list : ground.lists)
+                {
+                    for (const FigurePair& pair : list.pairs)
+                    {
+                        take(pair.second.value);
+                    }
+                }
+            }
+        }
+        const double middle = heights.IsEmpty() ? 0 : (heights.Smallest() + heights.Largest()) / 2;
+        const double half = heights.IsEmpty() ? 5 : std::max((heights.Largest() - heights.Smallest()) * 0.6, 1.0);
+        lowest_ = middle - half;
+        highest_ = middle + half;
+    }
+
+    void Line(const char* kind, double x1, double y1, double x2, double y2)
+    {
+        page_.Raw("<path class=\"").Raw(kind).Raw("\" d=\"M").Number(x1, 2).Raw(" ").Number(y1, 2).Raw("L");
+        page_.Number(x2, 2).Raw(" ").Number(y2, 2).Raw("\"/>");
+    }
+
+    void Label(const char* kind, double x, double y, std::wstring_view text)
+    {
+        page_.Raw("<text class=\"").Raw(kind).Raw("\" x=\"").Number(x, 1).Raw("\" y=\"").Number(y, 1).Raw("\">");
+        page_.Text(text).Raw("</text>");
+    }
+
+    /// A text on end, read from the right, its foot at a place.
+    void UprightLabel(double x, double y, std::wstring_view text)
+    {
+        page_.Raw("<text class=\"upright\" transform=\"translate(").Number(x + 4, 1).Raw(" ").Number(y, 1);
+        page_.Raw(") rotate(-90)\">").Text(text).Raw("</text>");
+    }
+
+    void DrawGrid()
+    {
+        const double power = std::pow(10, std::floor(std::log10((highest_ - lowest_) / 4)));
+        const double step = (highest_ - lowest_) / 4 >= 5 * power ? 5 * power : power;
+        for (double number = std::ceil(lowest_ / step); number * step <= highest_; ++number)
+        {
+            Line("grid", LEFT, Y(number * step), width_ - 30, Y(number * step));
+            Label("axis", LEFT - 50, Y(number * step) + 4, ShortNumber(number * step, 2));
+        }
+        for (const double station : stations_)
+        {
+            Line("grid", X(station), TOP, X(station), TOP + GRAPH);
+        }
+    }
+
+    void DrawGrounds()
+    {
+        for (const Profile& profile : alignment_.profiles)
+        {
+            for (const ProfSurf& ground : profile.grounds)
+            {
+                page_.Raw("<path class=\"ground\"");
+                DrawId(drawing_, ground.line);
+                page_.Raw(" d=\"");
+                for (const PairList& list : ground.lists)
+                {
+                    const char* step = "M";
+                    for (const FigurePair& pair : list.pairs)
+                    {
+                        page_.Raw(step).Number(X(pair.first.value), 2).Raw(" ").Number(Y(pair.second.value), 2);
+                        step = "L";
+                    }
+                }
+                page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
+            }
+        }
+    }
+
+    void DrawDesigns()
+    {
+        for (const Profile& profile : alignment_.profiles)
+        {
+            for (const ProfAlign& design : profile.designs)
+            {
+                DrawDesign(design, ProfileLine(design));
+            }
+        }
+    }
+
+    void DrawDesign(const ProfAlign& design, const ProfileLine& line)
+    {
+        constexpr int PARTS_OF_A_CURVE = 16;
+        page_.Raw("<path class=\"design\"");
+        DrawId(drawing_, design.line);
+        page_.Raw(" d=\"");
+        const char* step = "M";
+        const auto go = [&](double station, double height) {
+            page_.Raw(step).Number(X(station), 2).Raw(" ").Number(Y(height), 2);
+            step = "L";
+        };
+        for (const ProfilePoint& point : line.Points())
+        {
+            const double length = point.lengthIn + point.lengthOut;
+            for (int part = 0; point.HasCurve() && part <= PARTS_OF_A_CURVE; ++part)
+            {
+                const double station = point.CurveStart() + length * part / PARTS_OF_A_CURVE;
+                go(station, line.HeightAt(station).value_or(point.height));
+            }
+            if (!point.HasCurve())
+            {
+                go(point.station, point.height);
+            }
+        }
+        page_.Raw("\"><title>").Text(design.name).Raw("</title></path>");
+        LabelDesign(line);
+    }
+
+    void LabelDesign(const ProfileLine& line)
+    {
+        for (const ProfilePoint& point : line.Points())
+        {
+            page_.Raw("<path class=\"vertex\"");
+            DrawId(drawing_, point.element->line);
+            page_.Raw(" d=\"M").Number(X(point.station), 2).Raw(" ").Number(Y(point.height), 2).Raw("h0\"><title>");
+            page_.Text(labels_.At(point.station)).Text(L"\nH=").Text(point.element->height.text);
+            page_.Raw("</title></path>");
+            if (&point != &line.Points().back())
+            {
+                const ProfilePoint& next = *(&point + 1);
+                Label("gradient", X((point.station + next.station) / 2), Y((point.height + next.height) / 2) - 8,
+                      L"i=" + ShortNumber(point.gradientOut * 100, 3) + L"%");
+            }
+            if (point.HasCurve())
+            {
+                const double change = std::abs(point.gradientOut - point.gradientIn);
+                Label("curvature", X(point.station),
+                      Y(point.height) + (point.gradientOut < point.gradientIn ? -10 : 20),
+                      L"VCL=" + ShortNumber(point.lengthIn + point.lengthOut, 3) + L" VCR=" +
+                          ShortNumber((point.lengthIn + point.lengthOut) / change, 3));
+            }
+        }
+    }
+
+    // Bands
+
+    void DrawBands()
+    {
+        const ProfAlign* const design = DesignProfile(alignment_);
+        const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
+        std::optional<GroundLine> ground;
+        for (const Profile& profile : alignment_.profiles)
+        {
+            if (!ground && !profile.grounds.empty())
+            {
+                ground.emplace(profile.grounds.front());
+            }
+        }
+        double top = TOP + GRAPH;
+        TextBand(top, L"計画高", "Design",
+                 [&](double station) { return HeightText(line ? line->HeightAt(station) : std::nullopt); });
+        TextBand(top, L"地盤高", "Ground",
+                 [&](double station) { return HeightText(ground ? ground->HeightAt(station) : std::nullopt); });
+        TextBand(top, L"測点", "Station", [&](double station) { return labels_.At(station); });
+        CurveBand(top);
+        SuperelevationBand(top);
+        WideningBand(top);
+    }
+
+    static std::wstring HeightText(const std::optional<double>& height)
+    {
+        return height ? ShortNumber(*height, 3) : std::wstring();
+    }
+
+    void BandHead(double top, double height, const wchar_t* japanese, const char* english)
+    {
+        page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 34, 1);
+        page_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
+        page_.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(static_cast<int>(top + height / 2 + 4)) + "\"",
+                    japanese, english);
+    }
+
+    template <class TextAt>
+    void TextBand(double& top, const wchar_t* japanese, const char* english, TextAt&& textAt)
+    {
+        BandHead(top, TEXT_BAND, japanese, english);
+        double last = -TEXT_GAP;
+        for (const double station : stations_)
+        {
+            if (X(station) - last >= TEXT_GAP)
+            {
+                UprightLabel(X(station), top + TEXT_BAND - 3, textAt(station));
+                last = X(station);
+            }
+        }
+        top += TEXT_BAND;
+    }
+
+    /// A curve to the right stands above the band's middle line, one to the left below it; a clothoid leads there.
+    void CurveBand(double& top)
+    {
+        BandHead(top, DIAGRAM_BAND, L"平面曲線", "Curves");
+        const double middle = top + DIAGRAM_BAND / 2;
+        const double rise = DIAGRAM_BAND * 0.36;
+        double station = course_.StaStart();
+        for (std::size_t index = 0; index < alignment_.elements.size(); ++index)
+        {
+            const PlanElement& element = alignment_.elements[index];
+            const double end = station + course_.Elements()[index].stationLength;
+            const bool isSpiral = element.kind == ElementKind::Spiral;
+            const bool isCurve = element.kind == ElementKind::Curve;
+            const int turn = isSpiral || isCurve ? Turn(element.rot) : 0;
+            const double from = middle - turn * rise * (isSpiral && CurvatureOf(element.radiusStart) == 0 ? 0 : 1);
+            const double to = middle - turn * rise * (isSpiral && CurvatureOf(element.radiusEnd) == 0 ? 0 : 1);
+            Line("diagram", X(station), from, X(end), to);
+            if (isCurve)
+            {
+                Line("diagram", X(station), middle, X(station), from);
+                Line("diagram", X(end), to, X(end), middle);
+                Label("data", (X(station) + X(end)) / 2, from + (turn > 0 ? 14 : -6),
+                      L"R=" + ShortNumber(element.radius.value, 3));
+            }
+            if (isSpiral && element.parameter.IsWritten())
+            {
+                Label("data", (X(station) + X(end)) / 2, middle + (turn > 0 ? 14 : -6),
+                      L"A=" + ShortNumber(element.parameter.value, 3));
+            }
+            station = end;
+        }
+        top += DIAGRAM_BAND;
+    }
+
+    /// A place in a diagram: a station and the value there.
+    struct Step
+    {
+        double station;
+        double value; ///< upward
+        double shown; ///< what stands beside it
+    };
+
+    void DrawSteps(const char* kind, double middle, double unit, const std::vector<Step>& steps)
+    {
+        page_.Raw("<path class=\"").Raw(kind).Raw("\" d=\"");
+        const char* step = "M";
+        for (const Step& one : steps)
+        {
+            page_.Raw(step).Number(X(one.station), 2).Raw(" ").Number(middle - one.value * unit, 2);
+            step = "L";
+        }
+        page_.Raw("\"/>");
+    }
+
+    static std::vector<Step> StepsOf(const std::vector<StationEntry>& entries, std::size_t column)
+    {
+        std::vector<Step> steps;
+        for (const StationEntry& entry : entries)
+        {
+            if (entry.Station().IsFinite() && entry.At(column).IsFinite())
+            {
+                const double value = entry.At(column).value;
+                steps.push_back({entry.Station().value, value, value});
+            }
+        }
+        return steps;
+    }
+
+    static double Largest(const std::vector<std::vector<Step>>& lists)
+    {
+        double largest = 0;
+        for (const std::vector<Step>& steps : lists)
+        {
+            for (const Step& step : steps)
+            {
+                largest = std::max(largest, std::abs(step.value));
+            }
+        }
+        return largest;
+    }
+
+    static std::optional<double> StationOf(const Superelevation& one, std::wstring_view kind)
+    {
+        for (const TransitionStation& station : one.stations)
+        {
+            if (station.kind == kind && station.station.IsFinite())
+            {
+                return station.station.value;
+            }
+        }
+        return {};
+    }
+
+    static void Add(std::vector<Step>& steps, const std::optional<double>& station, double value)
+    {
+        if (station)
+        {
+            steps.push_back({*station, value, value});
+        }
+    }
+
+    /// The edges of the road through the transitions: the outer one from the crown's slope over level to the full
+    /// slope and back, the inner one from the crown's slope straight to it.
+    void AddTransition(const Superelevation& one, double crown, std::vector<Step>& outer,
+                       std::vector<Step>& inner) const
+    {
+        const double full = one.fullSuperelev.IsFinite() ? std::abs(one.fullSuperelev.value) : 0;
+        const std::optional<double> begin = StationOf(one, L"BeginRunoutSta");
+        const std::optional<double> end = StationOf(one, L"EndofRunoutSta");
+        const std::optional<double> fullBegin = StationOf(one, L"FullSuperSta");
+        const std::optional<double> fullEnd = StationOf(one, L"RunoffSta");
+        Add(outer, begin, -crown);
+        Add(outer, StationOf(one, L"BeginRunoffSta"), 0);
+        Add(outer, fullBegin, full);
+        Add(outer, fullEnd, full);
+        Add(outer, StationOf(one, L"StartofRunoutSta"), 0);
+        Add(outer, end, -crown);
+        const Property* const reverse = FindProperty(one.features, L"ReverseCrown", L"sta");
+        const Figure reverseBegin = reverse != nullptr ? ReadFigure(reverse->value) : Figure();
+        Add(inner, reverseBegin.IsFinite() ? std::optional(reverseBegin.value) : begin, -crown);
+        Add(inner, fullBegin, -full);
+        Add(inner, fullEnd, -full);
+        Add(inner, end, -crown);
+    }
+
+    void SuperelevationBand(double& top)
+    {
+        BandHead(top, DIAGRAM_BAND, L"片勾配（％）", "Cross slope (%)");
+        const Figure crownFigure =
+            ReadFigure(PropertyValue(alignment_.features, L"SuperelevationConfig", L"normalCrown"));
+        const double crown = crownFigure.IsFinite() ? crownFigure.value : 0;
+        std::vector<std::vector<Step>> lists{StepsOf(alignment_.slopes, 1), StepsOf(alignment_.slopes, 2)};
+        if (alignment_.slopes.empty())
+        {
+            for (const Superelevation& one : alignment_.superelevations)
+            {
+                AddTransition(one, crown, lists[0], lists[1]);
+            }
+        }
+        DrawDiagram(top, lists);
+    }
+
+    void WideningBand(double& top)
+    {
+        BandHead(top, DIAGRAM_BAND, L"拡幅（m）", "Widening (m)");
+        std::vector<std::vector<Step>> lists{StepsOf(alignment_.wideningLeft, 1), StepsOf(alignment_.wideningRight, 1)};
+        for (Step& step : lists[1])
+        {
+            step.value = -step.value;
+        }
+        DrawDiagram(top, lists);
+    }
+
+    /// Two lines about the middle of a band: left or outer above, right or inner below; with their values.
+    void DrawDiagram(double& top, const std::vector<std::vector<Step>>& lists)
+    {
+        const double middle = top + DIAGRAM_BAND / 2;
+        const double largest = Largest(lists);
+        const double unit = largest > 0 ? DIAGRAM_BAND * 0.3 / largest : 0;
+        Line("grid", LEFT, middle, width_ - 30, middle);
+        constexpr const char* KINDS[] = {"diagram", "diagram second"};
+        for (std::size_t side = 0; side < lists.size(); ++side)
+        {
+            DrawSteps(KINDS[side], middle, unit, lists[side]);
+            double last = -1000;
+            for (const Step& step : lists[side])
+            {
+                if (X(step.station) - last > 34)
+                {
+                    Label("data", X(step.station), middle - step.value * unit + (side == 0 ? -3 : 11),
+                          ShortNumber(step.shown, 3));
+                    last = X(step.station);
+                }
+            }
+        }
+        top += DIAGRAM_BAND;
+    }
+
+    Drawing& drawing_;
+    Html& page_;
+    const Alignment& alignment_;
+    Course course_;
+    StationLabels labels_;
+    std::vector<double> stations_;
+    double scale_ = 1;
+    double width_ = 0;
+    double lowest_ = 0;
+    double highest_ = 1;
+};
+
+} // namespace
+
+void DrawProfile(Drawing& drawing, const Alignment& alignment)
+{
+    ProfileDrawer(drawing, alignment).Draw();
+}
+
+} // namespace jlandxml::inspect

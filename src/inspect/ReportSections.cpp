@@ -1,0 +1,180 @@
+// Cross sections: offsets to the right, heights upward, both to the same scale; one unit is a metre.
+
+#include "inspect/Names.h"
+#include "inspect/ProfileLine.h"
+#include "inspect/Report.h"
+#include "inspect/Summary.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace jlandxml::inspect
+{
+
+namespace
+{
+
+/// Colours of pavement layers from the top; a layer has the same one wherever its class occurs.
+struct LayerColour
+{
+    std::wstring_view pavementClass;
+    const char* colour;
+};
+constexpr LayerColour LAYER_COLOURS[] = {
+    {L"表層", "#555"},        {L"基層", "#888"},          {L"上層路盤", "#c9a66b"},
+    {L"下層路盤", "#d9c48f"}, {L"凍上抑制層", "#9fb8c9"},
+};
+constexpr const char* OTHER_COLOUR = "#cbb";
+
+const char* ColourOf(const DesignCrossSectSurf& surface)
+{
+    const std::wstring_view layer = PropertyValue(surface.features, L"", L"pavementClass");
+    const auto* const found = std::find_if(std::begin(LAYER_COLOURS), std::end(LAYER_COLOURS),
+                                           [&](const LayerColour& one) { return one.pavementClass == layer; });
+    return found != std::end(LAYER_COLOURS) ? found->colour : OTHER_COLOUR;
+}
+
+class SectionDrawer
+{
+  public:
+    SectionDrawer(Drawing& drawing, const Alignment& alignment, const CrossSect& section)
+        : drawing_(drawing),
+          page_(drawing.page),
+          section_(section)
+    {
+        if (const ProfAlign* const design = DesignProfile(alignment))
+        {
+            height_ = ProfileLine(*design).HeightAt(section.station.value);
+        }
+    }
+
+    void Draw()
+    {
+        Measure();
+        if (x_.IsEmpty() || y_.IsEmpty())
+        {
+            return;
+        }
+        const double margin = std::max({x_.Largest() - x_.Smallest(), y_.Largest() - y_.Smallest(), 1.0}) * 0.06;
+        const double width = x_.Largest() - x_.Smallest() + 2 * margin;
+        page_.Raw("<svg class=\"section\" viewBox=\"").Number(x_.Smallest() - margin).Raw(" ");
+        page_.Number(-y_.Largest() - margin).Raw(" ").Number(width).Raw(" ");
+        page_.Number(y_.Largest() - y_.Smallest() + 2 * margin).Raw("\" style=\"--u:").Number(width / 700, 6);
+        page_.Raw("\"><path class=\"centre\" d=\"M0 ").Number(-y_.Largest() - margin).Raw("V");
+        page_.Number(-y_.Smallest() + margin).Raw("\"/>");
+        DrawGrounds();
+        for (const DesignCrossSectSurf& surface : section_.designs)
+        {
+            DrawDesign(surface);
+        }
+        page_.Raw("</svg>");
+    }
+
+  private:
+    /// The elevation of a point of a design surface, if the profile gives one.
+    double Elevation(const DesignCrossSectSurf& surface, const CrossSectPnt& point) const
+    {
+        return point.height.value + (surface.IsRelativeToProfile() ? height_.value_or(0) : 0);
+    }
+
+    void Measure()
+    {
+        for (const CrossSectSurf& ground : section_.grounds)
+        {
+            for (const PairList& list : ground.lists)
+            {
+                for (const FigurePair& pair : list.pairs)
+                {
+                    x_.Take(pair.first.value);
+                    y_.Take(pair.second.value);
+                }
+            }
+        }
+        for (const DesignCrossSectSurf& surface : section_.designs)
+        {
+            for (const CrossSectPnt& point : surface.points)
+            {
+                x_.Take(point.offset.value);
+                y_.Take(Elevation(surface, point));
+            }
+        }
+    }
+
+    void DrawGrounds()
+    {
+        for (const CrossSectSurf& ground : section_.grounds)
+        {
+            page_.Raw("<path class=\"ground\"");
+            DrawId(drawing_, ground.line);
+            page_.Raw(" d=\"");
+            for (const PairList& list : ground.lists)
+            {
+                const char* step = "M";
+                for (const FigurePair& pair : list.pairs)
+                {
+                    page_.Raw(step).Number(pair.first.value).Raw(" ").Number(-pair.second.value);
+                    step = "L";
+                }
+            }
+            page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
+        }
+    }
+
+    void DrawDesign(const DesignCrossSectSurf& surface)
+    {
+        if (surface.points.empty())
+        {
+            return;
+        }
+        page_.Raw("<path class=\"").Raw(surface.IsClosed() ? "layer" : "design").Raw("\"");
+        DrawId(drawing_, surface.line);
+        if (surface.IsClosed())
+        {
+            page_.Raw(" style=\"fill:").Raw(ColourOf(surface)).Raw("\"");
+        }
+        page_.Raw(" d=\"");
+        const char* step = "M";
+        for (const CrossSectPnt& point : surface.points)
+        {
+            page_.Raw(step).Number(point.offset.value).Raw(" ").Number(-Elevation(surface, point));
+            step = "L";
+        }
+        page_.Raw(surface.IsClosed() ? "Z" : "").Raw("\"><title>").Text(surface.name);
+        for (const std::wstring_view part :
+             {surface.side, PropertyValue(surface.features, L"", L"pavementClass"), surface.material})
+        {
+            page_.Text(part.empty() ? std::wstring() : L" " + std::wstring(part));
+        }
+        page_.Raw("</title></path>");
+        if (!surface.IsClosed())
+        {
+            LabelMiddle(surface);
+        }
+    }
+
+    void LabelMiddle(const DesignCrossSectSurf& surface)
+    {
+        const CrossSectPnt& first = surface.points.front();
+        const CrossSectPnt& last = surface.points.back();
+        page_.Raw("<text class=\"data\" x=\"").Number((first.offset.value + last.offset.value) / 2).Raw("\" y=\"");
+        page_.Number(-(Elevation(surface, first) + Elevation(surface, last)) / 2).Raw("\">").Text(surface.name);
+        page_.Raw("</text>");
+    }
+
+    Drawing& drawing_;
+    Html& page_;
+    const CrossSect& section_;
+    std::optional<double> height_; ///< of the design profile here
+    Range x_;
+    Range y_;
+};
+
+} // namespace
+
+void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section)
+{
+    SectionDrawer(drawing, alignment, section).Draw();
+}
+
+} // namespace jlandxml::inspect

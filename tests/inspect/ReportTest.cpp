@@ -1,0 +1,216 @@
+#include "inspect/Report.h"
+
+#include "SoundFile.h"
+#include "inspect/CheckSheet.h"
+#include "inspect/Checks.h"
+#include "inspect/SurfaceLines.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace jlandxml::inspect
+{
+namespace
+{
+
+std::string PageOf(const LandXmlFile& file)
+{
+    std::vector<const Check*> checks;
+    for (const Check& check : AllChecks())
+    {
+        checks.push_back(&check);
+    }
+    return ReportPage(file, Inspect(file, checks));
+}
+
+std::size_t CountOf(const std::string& page, const std::string& part)
+{
+    std::size_t count = 0;
+    for (std::size_t place = page.find(part); place != std::string::npos; place = page.find(part, place + 1))
+    {
+        ++count;
+    }
+    return count;
+}
+
+/// The first markup of a page that begins with `start`, up to the end of its tag.
+std::string Tag(const std::string& page, const std::string& start)
+{
+    const std::size_t place = page.find(start);
+    return place == std::string::npos ? "" : page.substr(place, page.find('>', place) + 1 - place);
+}
+
+TEST(ReportPage, NeedsNothingFromElsewhere)
+{
+    const std::string page = PageOf(SoundFile());
+    EXPECT_EQ(CountOf(page, "http"), 1U) << "but for http-equiv";
+    EXPECT_EQ(CountOf(page, "src="), 0U);
+    EXPECT_EQ(CountOf(page, "url("), 0U);
+    EXPECT_EQ(CountOf(page, "<script"), 1U);
+}
+
+TEST(ReportPage, LeavesNoMarkupOfAFileInItsTexts)
+{
+    const std::string evil = "&lt;/script&gt;&lt;script&gt;alert(1)&lt;/script&gt;&quot;&apos;&amp;";
+    std::vector<Change> changes;
+    for (const char* const text :
+         {"国道999号 架空バイパス", "=\"線形1\"", "IntermediatePnts-1", "No.6+10.000", "現況地形\"", "name=\"KA.1-1\"",
+          "計画\"", "Carriageway", "name=\"L-1\"", "用地境界（左）", "name=\"No.3\"", "表層", "道路設計システム",
+          "JGD2011", "62.3\"", "110.000000"})
+    {
+        const std::string from(text);
+        const std::size_t end = from.size() - (from.ends_with('"') ? 1 : 0);
+        changes.emplace_back(from, from.substr(0, end) + evil + from.substr(end));
+    }
+    const std::string page = PageOf(SoundFile(changes));
+    EXPECT_EQ(CountOf(page, "<script"), 1U);
+    EXPECT_EQ(CountOf(page, "</script"), 1U);
+    EXPECT_EQ(CountOf(page, "\"'&"), 0U);
+    EXPECT_GE(CountOf(page, "&lt;/script&gt;&lt;script&gt;alert(1)"), 20U);
+}
+
+TEST(ReportPage, HasWellFormedDrawings)
+{
+    const std::string page = PageOf(SoundFile());
+    std::size_t count = 0;
+    for (std::size_t place = page.find("<svg"); place != std::string::npos; place = page.find("<svg", place + 1))
+    {
+        const std::wstring text = WideFromUtf8(page.substr(place, page.find("</svg>", place) + 6 - place));
+        pugi::xml_document drawing;
+        EXPECT_TRUE(drawing.load_string(text.c_str())) << page.substr(place, 200);
+        ++count;
+    }
+    // The surfaces, a plan, a profile and two cross sections.
+    EXPECT_EQ(count, 5U);
+    EXPECT_EQ(CountOf(page, "nan"), 0U);
+    EXPECT_EQ(CountOf(page, "inf"), 0U);
+}
+
+TEST(ReportPage, DrawsPlacesFromTheNorthWestCorner)
+{
+    const std::string page = PageOf(SoundFile());
+    const std::string plan = Tag(page, "<svg class=\"plan\"");
+    EXPECT_NE(plan.find("data-north=\"12546\" data-east=\"18223\""), std::string::npos) << plan;
+    // BP at 12450 18230.
+    EXPECT_EQ(Tag(page, "<path class=\"main\""), "<path class=\"main\" id=\"l70\" d=\"M7 96h0\">");
+    EXPECT_EQ(Tag(page, "<path class=\"element line\""),
+              "<path class=\"element line\" id=\"l69\" d=\"M7 96L104.571 45.208\">");
+}
+
+TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
+{
+    const std::string page = PageOf(SoundFile());
+    EXPECT_NE(page.find("BP\nX=12450.00000000\nY=18230.00000000</title>"), std::string::npos);
+    EXPECT_NE(page.find("<td>12521.99785226</td>"), std::string::npos);
+}
+
+TEST(ReportPage, LeadsFromAFindingToTheDrawing)
+{
+    const std::string page = PageOf(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}));
+    EXPECT_NE(page.find("<td>69</td><td><a href=\"#l69\">線形1／直線 BP～KA.1-1</a></td>"), std::string::npos);
+    EXPECT_EQ(CountOf(page, "id=\"l69\""), 1U);
+}
+
+TEST(ReportPage, SaysThatNothingWasFound)
+{
+    EXPECT_NE(PageOf(SoundFile()).find("指摘はありません。"), std::string::npos);
+}
+
+TEST(ReportPage, OfAFileWithoutAnythingIsStillOne)
+{
+    const std::string page = PageOf(ReadLandXmlBytes("<LandXML/>", L"空.xml"));
+    EXPECT_NE(page.find("<title>空.xml</title>"), std::string::npos);
+    EXPECT_TRUE(page.ends_with("</html>\n"));
+}
+
+struct OddFile
+{
+    const char* name;
+    std::vector<Change> changes;
+};
+const OddFile ODD_FILES[] = {
+    {"AnEndlessLength", {{"<Line length=\"110.000000\"", "<Line length=\"1e300\""}}},
+    {"NoLengthAtAll", {{"<Line length=\"110.000000\"", "<Line length=\"-400\""}}},
+    {"HeightsOutOfThisWorld", {{"<PVI>400.000 113.000", "<PVI>400.000 1e300"}, {"104.300</P>", "1e300</P>"}}},
+    {"PlacesOutOfThisWorld",
+     {{"<P id=\"1\">12463.305", "<P id=\"1\">1e300"}, {"<Start name=\"BP\">12450.", "<Start name=\"BP\">1e300"}}},
+    {"ACurveWithoutARadius", {{"rot=\"cw\" radius=\"200.00000000\"", "rot=\"cw\" radius=\"0\""}}},
+    {"NoPoints", {{"<End name=\"KA.1-1\">12500.79234746 18327.57119165</End>", ""}}},
+    {"AnOffsetThatIsNone", {{"<CrossSectPnt code=\"CL\">0.000", "<CrossSectPnt code=\"CL\">x"}}},
+};
+
+class OddFiles : public testing::TestWithParam<OddFile>
+{};
+
+TEST_P(OddFiles, GiveAPageOfReasonableSize)
+{
+    const std::string page = PageOf(SoundFile(GetParam().changes));
+    EXPECT_TRUE(page.ends_with("</html>\n"));
+    EXPECT_LT(page.size(), 300000U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, OddFiles, testing::ValuesIn(ODD_FILES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+// Surfaces
+
+TEST(SurfaceLines, AnOutlineIsTheEdgesOfOneFaceAlone)
+{
+    const LandXmlFile file = SoundFile();
+    EXPECT_EQ(OutlineOf(file.surfaces.front()).size(), 6U);
+}
+
+TEST(SurfaceLines, ContoursRunThroughTheirHeight)
+{
+    const LandXmlFile file = ReadLandXmlBytes(
+        "<LandXML><Surfaces><Surface name=\"s\"><Definition surfType=\"TIN\"><Pnts><P id=\"1\">0 0 0</P>"
+        "<P id=\"2\">0 10 0</P><P id=\"3\">10 0 10</P></Pnts><Faces><F>1 2 3</F></Faces></Definition></Surface>"
+        "</Surfaces></LandXML>",
+        L"s.xml");
+    const std::vector<Contour> contours = ContoursOf(file.surfaces.front());
+    ASSERT_EQ(contours.size(), 11U);
+    EXPECT_EQ(contours[3].height, 3);
+    ASSERT_EQ(contours[3].segments.size(), 1U);
+    EXPECT_DOUBLE_EQ(contours[3].segments[0].northFrom, 3);
+    EXPECT_DOUBLE_EQ(contours[3].segments[0].northTo, 3);
+    EXPECT_DOUBLE_EQ(contours[3].segments[0].eastFrom + contours[3].segments[0].eastTo, 7);
+}
+
+TEST(SurfaceLines, AFlatSurfaceHasNoContours)
+{
+    const LandXmlFile file = ReadLandXmlBytes(
+        "<LandXML><Surfaces><Surface name=\"s\"><Definition surfType=\"TIN\"><Pnts><P id=\"1\">0 0 5</P>"
+        "<P id=\"2\">0 10 5</P><P id=\"3\">10 0 5</P></Pnts><Faces><F>1 2 3</F></Faces></Definition></Surface>"
+        "</Surfaces></LandXML>",
+        L"s.xml");
+    EXPECT_TRUE(ContoursOf(file.surfaces.front()).empty());
+}
+
+// The check sheet
+
+TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
+{
+    std::vector<std::string> rows;
+    for (const CheckSheetRow& row : CheckSheet(SoundFile()))
+    {
+        rows.push_back(Utf8FromWide(row.subject + L"|" + row.what + L"|" + row.value));
+    }
+    EXPECT_EQ(rows,
+              (std::vector<std::string>{
+                  "基準点|座標参照系|JGD2011 9(X,Y) T.P",
+                  "基準点|基準点及び工事基準点|なし",
+                  "平面線形／線形1|起終点の座標|BP（X 12450.00000000、Y 18230.00000000）～EP（X 12499.30947113、Y "
+                  "18607.22822412）",
+                  "平面線形／線形1|変化点（線形主要点）|KA.1-1、KE.1-1、KE.1-2、KA.1-2",
+                  "平面線形／線形1|曲線要素の種別・数値|A=100.000000、R=200.00000000、A=100.000000",
+                  "平面線形／線形1|開始測点と長さ|0.000000 m、長さ 400.000000 m",
+                  "平面線形／線形1|ブレーキ|150.000＝160.000、260.000＝265.000",
+                  "縦断線形／線形1|線形起終点の測点、標高|0.000 m 高さ 105.000 m～400.000 m 高さ 113.000 m",
+                  "縦断線形／線形1|縦断変化点と曲線要素|220.000 m VCL=100.000、300.000 m VCL=40.000",
+                  "横断形状／線形1|作成した測点|No.3、No.10",
+                  "横断形状／線形1|幅|左 3.25 m、右 0 m",
+              }));
+}
+
+} // namespace
+} // namespace jlandxml::inspect
