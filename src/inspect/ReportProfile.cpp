@@ -1,6 +1,7 @@
 // Profiles with the bands under them, as they are drawn in Japan: heights drawn out to the height of the graph, and
 // below, to the same stations, heights, stations, the curves of the plan, superelevation and widening.
 
+#include "base/Numbers.h"
 #include "inspect/Course.h"
 #include "inspect/Names.h"
 #include "inspect/ProfileLine.h"
@@ -255,12 +256,12 @@ class ProfileDrawer
 
     static std::wstring HeightText(const std::optional<double>& height)
     {
-        return height ? ShortNumber(*height, 3) : std::wstring();
+        return height ? FormatFixed(*height, 3) : std::wstring();
     }
 
     void BandHead(double top, double height, const wchar_t* japanese, const char* english)
     {
-        page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 34, 1);
+        page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 14, 1);
         page_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
         page_.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(static_cast<int>(top + height / 2 + 4)) + "\"",
                     japanese, english);
@@ -375,6 +376,24 @@ class ProfileDrawer
         return {};
     }
 
+    /// The stations at which the whole road slopes as its crown does.
+    static std::vector<double> ReverseCrowns(const Superelevation& one)
+    {
+        std::vector<double> stations;
+        for (const Feature& feature : one.features)
+        {
+            for (const Property& property : feature.properties)
+            {
+                const Figure station = ReadFigure(property.value);
+                if (feature.name == L"ReverseCrown" && property.label == L"sta" && station.IsFinite())
+                {
+                    stations.push_back(station.value);
+                }
+            }
+        }
+        return stations;
+    }
+
     static void Add(std::vector<Step>& steps, const std::optional<double>& station, double value)
     {
         if (station)
@@ -399,12 +418,11 @@ class ProfileDrawer
         Add(outer, fullEnd, full);
         Add(outer, StationOf(one, L"StartofRunoutSta"), 0);
         Add(outer, end, -crown);
-        const Property* const reverse = FindProperty(one.features, L"ReverseCrown", L"sta");
-        const Figure reverseBegin = reverse != nullptr ? ReadFigure(reverse->value) : Figure();
-        Add(inner, reverseBegin.IsFinite() ? std::optional(reverseBegin.value) : begin, -crown);
+        const std::vector<double> reverse = ReverseCrowns(one);
+        Add(inner, reverse.empty() ? begin : reverse.front(), -crown);
         Add(inner, fullBegin, -full);
         Add(inner, fullEnd, -full);
-        Add(inner, end, -crown);
+        Add(inner, reverse.size() < 2 ? end : reverse.back(), -crown);
     }
 
     void SuperelevationBand(double& top)

@@ -26,7 +26,8 @@ svg.shared { position: absolute; }
 svg.plan { display: block; width: 100%; height: 620px; cursor: grab; touch-action: none; }
 svg path { fill: none; vector-effect: non-scaling-stroke; }
 svg text { fill: #222; }
-.plan text, .section text { font-size: calc(var(--u) * 11px); }
+.plan text, .section text { font-size: calc(var(--u) * 11px); paint-order: stroke; stroke: #fff;
+  stroke-width: calc(var(--u) * 2.5px); }
 .plan text { transform: translate(calc(var(--u) * 6px), calc(var(--u) * -5px)); }
 .element { stroke-width: 2.5; } .line { stroke: #1b4f9c; } .curve { stroke: #c0392b; } .spiral { stroke: #1e8449; }
 .irregular { stroke: #7d3c98; }
