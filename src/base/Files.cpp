@@ -5,6 +5,7 @@
 #include "base/Text.h"
 
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -101,13 +102,19 @@ std::optional<WorkFile> Backup(const std::wstring& target)
 }
 
 /// Puts the old content back. Without the new one there is as much room as there was; what can't be put back all the
-/// same stays in the temporary folder.
+/// same, be it for want of memory, stays in the temporary folder.
 void PutBack(WorkFile& former, NativeFile& target)
 {
-    if (!CopyWhole(former.File(), target) && !(target.Shorten(0) && CopyWhole(former.File(), target)))
+    try
     {
-        former.Keep();
+        if (CopyWhole(former.File(), target) || (target.Shorten(0) && CopyWhole(former.File(), target)))
+        {
+            return;
+        }
     }
+    catch (const std::bad_alloc&)
+    {}
+    former.Keep();
 }
 
 /// Writes over a plain file, once its old content is safe or the room for the new one is certain.

@@ -290,13 +290,13 @@ NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose purpose)
     for (int tried = 0; tried < NAMES_TRIED && !made.file; ++tried)
     {
         const std::string path = start + RandomName();
+        made.path = WideFromUtf8(path); // before there is a file that only the name can remove
         made.file = NativeFile(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                       isTarget ? NEW_FILE_MODE : PRIVATE_FILE_MODE));
         if (!made.file && errno != EEXIST)
         {
             break;
         }
-        made.path = WideFromUtf8(path);
     }
     if (made.file && isTarget)
     {

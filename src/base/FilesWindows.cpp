@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include <utility>
 #include <windows.h>
 
 #include <io.h>
@@ -164,11 +165,14 @@ std::optional<std::wstring> TemporaryFolder()
 NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose /*purpose*/)
 {
     std::array<wchar_t, MAX_PATH> buffer{};
+    std::wstring path;
+    path.reserve(buffer.size()); // before there is a file that only the name can remove
     if (GetTempFileNameW(folder.c_str(), WORK_FILE_PREFIX, 0, buffer.data()) == 0)
     {
         return {};
     }
-    NewFile made{buffer.data(),
+    path = buffer.data();
+    NewFile made{std::move(path),
                  NativeFile(CreateFileW(buffer.data(), GENERIC_READ | GENERIC_WRITE,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                         TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),

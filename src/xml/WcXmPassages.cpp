@@ -256,9 +256,10 @@ class Dissection
     bool Run()
     {
         reader_.Skip("\xEF\xBB\xBF");
-        if (reader_.StartsWith("<?xml ") && !reader_.SkipBehind("?>"))
+        if (reader_.StartsWith("<?xml "))
         {
-            return false;
+            declaration_ = reader_.At() + 1;
+            reader_.SkipBehind("?>");
         }
         while (SkipToMarkup())
         {
@@ -268,10 +269,25 @@ class Dissection
             }
         }
         Keep(reader_.At());
-        return open_.empty() && !passages_.empty();
+        return open_.empty() && !passages_.empty() && HoldsNoInstruction();
     }
 
   private:
+    /// Whatever else the parser may take for a tag or a value than this walk does: without the beginning of an
+    /// instruction in what it gets, there is none in the tree but the placeholders.
+    bool HoldsNoInstruction() const
+    {
+        return std::none_of(pieces_.begin(), pieces_.end(), [this](const WcXmPassages::Piece& piece) {
+            std::size_t hit = piece.isPassage ? std::string_view::npos : piece.bytes.find('?');
+            while (hit != std::string_view::npos &&
+                   (hit == 0 || piece.bytes[hit - 1] != '<' || piece.bytes.data() + hit == declaration_))
+            {
+                hit = piece.bytes.find('?', hit + 1);
+            }
+            return hit != std::string_view::npos;
+        });
+    }
+
     bool SkipToMarkup()
     {
         const std::size_t hit = reader_.Rest().find('<');
@@ -408,7 +424,8 @@ class Dissection
     void Keep(const char* end) { pieces_.push_back({{kept_, static_cast<std::size_t>(end - kept_)}, false}); }
 
     Reader reader_;
-    const char* kept_; ///< up to where the pieces reach
+    const char* kept_;                  ///< up to where the pieces reach
+    const char* declaration_ = nullptr; ///< the question mark that begins the declaration
     std::vector<std::string_view> open_;
     std::vector<WcXmPassages::Piece>& pieces_;
     std::vector<WcXmPassage>& passages_;

@@ -121,7 +121,8 @@ pugi::xml_attribute WcXmSharedTexts::LearnAttribute(std::wstring_view name, std:
 
 pugi::xml_attribute WcXmSharedTexts::ValuePattern(std::wstring_view name, std::wstring_view value)
 {
-    if (value.empty() || value.size() > LONGEST_VALUE)
+    // What holds a quotation mark can't be put down as it stands.
+    if (value.empty() || value.size() > LONGEST_VALUE || value.find(L'"') != std::wstring_view::npos)
     {
         return {};
     }

@@ -143,6 +143,8 @@ INSTANTIATE_TEST_SUITE_P(
              "<?xml version=\"1.0\" standalone=\"no\" encoding=\"UTF-8\"?>\r\n<a />\r\n"},
         Form{"AnotherValueStays", "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?><a/>",
              "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n<a />\r\n"},
+        Form{"AnotherSpellingStays", "<?xml version=\"1.0\" Encoding=\"UTF-8\" standalone=\"no\"?><a/>",
+             "<?xml version=\"1.0\" Encoding=\"UTF-8\" standalone=\"no\"?>\r\n<a />\r\n"},
         Form{"OnlyTheFirstLineLosesTheDeclarationsEnd",
              "<a>&#13;<![CDATA[ encoding=\"UTF-8\" standalone=\"no\"?>\n encoding=\"UTF-8\" standalone=\"no\"?>]]></a>",
              "<a>\r<![CDATA[?>\r\n encoding=\"UTF-8\" standalone=\"no\"?>]]></a>\r\n"},
@@ -163,6 +165,8 @@ INSTANTIATE_TEST_SUITE_P(
              "<a>\r\n\t<b>12</b>\r\n\t<b><![CDATA[12]]></b>\r\n</a>\r\n"},
         Form{"AreNotLookedForInWhatARemovalForms", "<a><b> xm xmlns=\"\"lns=\"\" xmlns=\"\" xmlns=\"\"</b></a>",
              "<a>\r\n\t<b> xmlns=\"\"</b>\r\n</a>\r\n"},
+        Form{"OtherNamesStay", "<a><b xmlns:x=\"\" yxmlns=\"\" Xmlns=\"\"/></a>",
+             "<a>\r\n\t<b xmlns:x=\"\" yxmlns=\"\" Xmlns=\"\" />\r\n</a>\r\n"},
         Form{"NeedABlankInFront", "<a><b>xmlns=\"\"</b></a>", "<a>\r\n\t<b>xmlns=\"\"</b>\r\n</a>\r\n"},
         Form{"GoBehindACarriageReturnThatStays", "<a>\n1&#13; xmlns=\"\"\n2</a>", "<a>\r\n1\r\r\n2</a>\r\n"}),
     NameOf);
@@ -206,6 +210,30 @@ TEST(FinishedDocument, BlocksAreSmall)
     });
     EXPECT_LE(longest, std::size_t{1} << 18);
     EXPECT_EQ(size, 3000000 + std::string("MRK<a b=\"\" />\r\n").size());
+}
+
+TEST(FinishedDocument, ABlocksEndMayStandAnywhere)
+{
+    constexpr std::size_t BLOCK = std::size_t{1} << 18;
+    for (std::size_t size = BLOCK - 40; size < BLOCK + 4; ++size)
+    {
+        const std::string room(size, '1');
+        ASSERT_TRUE(Finished("<a>\n" + room + " xmlns=\"\"2</a>") == MARK + "<a>\r\n" + room + "2</a>\r\n") << size;
+        ASSERT_TRUE(Finished("<a>\n" + room + "&#13;\n2</a>") == MARK + "<a>\r\n" + room + "\r\n2</a>\r\n") << size;
+    }
+}
+
+TEST(FinishedDocument, AnInstructionThatADeclarationHidesIsNoPassage)
+{
+    const std::string terrain =
+        "<Surfaces><Surface><Definition><Pnts><P>1</P></Pnts></Definition></Surface></Surfaces></LandXML>";
+    for (const std::string instruction : {"<?foo?>", "<?foo 0?>", "<?passage 0?>"})
+    {
+        const std::string bytes = "<?xml v=\"?><LandXML a='\"/><LandXML>" + instruction + "' >" + terrain;
+        LoadedDocument plain(bytes, false);
+        ASSERT_TRUE(plain.Loaded());
+        EXPECT_EQ(Finished(bytes), FinishedByTheParser(plain.Document()));
+    }
 }
 
 /// Documents of surfaces with points, as they come and damaged in ways of every kind.

@@ -330,15 +330,16 @@ TEST_F(WcXmDocumentFiles, WithoutADeclarationTheFileHasNone)
 
 TEST_F(WcXmDocumentFiles, ATreeThatIsDeclaredShiftJisIsSavedInIt)
 {
-    EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?><a name=\"" + Cp932FromWide(L"路線～①") + "\"/>"));
-    EXPECT_EQ(Saved(),
-              "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a name=\"" + Cp932FromWide(L"路線～①") + "\" />\n");
+    EXPECT_TRUE(
+        Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?><a name=\"" + Cp932FromWide(L"路線～①") + "\"><b/></a>"));
+    EXPECT_EQ(Saved(), "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a name=\"" + Cp932FromWide(L"路線～①") +
+                           "\">\n\t<b />\n</a>\n");
 }
 
 TEST_F(WcXmDocumentFiles, ATreeThatIsDeclaredUtf16IsSavedInTheMachinesByteOrder)
 {
-    EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"utf-16\"?><a/>"));
-    EXPECT_EQ(Saved(), Utf16(L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n<a />\n", false));
+    EXPECT_TRUE(Load("<?xml version=\"1.0\" encoding=\"utf-16\"?><a><b/></a>"));
+    EXPECT_EQ(Saved(), Utf16(L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n<a>\n\t<b />\n</a>\n", false));
 }
 
 TEST_F(WcXmDocumentFiles, OnlyADeclarationThatComesFirstNamesTheEncoding)
@@ -420,8 +421,23 @@ std::vector<std::pair<std::string, std::string>> FilesOfEachKind()
         {shiftJis + "<a name=\"" + Cp932FromWide(L"路線") + "\"/>", utf8 + "<a name=\"路線\" />\n"},
         {utf8 + "<a name=\"\xFF\"/>", utf8 + "<a name=\"\xEF\xBF\xBD\" />\n"},
         {"<a>" + many + "</a>", utf8 + "<a>\n" + saved + "</a>\n"},
+        {"<L><Surfaces><Surface><Definition><Pnts><P id=\"1\">1 2 3</P></Pnts></Definition></Surface></Surfaces></L>",
+         utf8 +
+             "<L>\n\t<Surfaces>\n\t\t<Surface>\n\t\t\t<Definition>\n\t\t\t\t<Pnts>\n\t\t\t\t\t<P id=\"1\">1 2 3</P>\n"
+             "\t\t\t\t</Pnts>\n\t\t\t</Definition>\n\t\t</Surface>\n\t</Surfaces>\n</L>\n"},
         {Utf16(WideFromUtf8("<?xml version=\"1.0\"?><a>" + many + "</a>"), true), utf8 + "<a>\n" + saved + "</a>\n"},
     };
+}
+
+TEST(WcXmDocument, WithoutMemoryNoTreeIsCreated)
+{
+    WcXmDocument document;
+    {
+        const FailingParserAllocation failing(0);
+        EXPECT_FALSE(document.Create());
+    }
+    EXPECT_FALSE(WcXmNode(document).HasNode());
+    EXPECT_TRUE(document.Create());
 }
 
 TEST_F(WcXmDocumentFiles, NoStepOfReadingOrWritingRaises)

@@ -333,5 +333,15 @@ TEST(WcXmNode, ADeepChildIsRemovedWithoutDeepRecursion)
     EXPECT_EQ(xml.Text(), L"<a><c/></a>");
 }
 
+TEST(WcXmNode, ATextGivesItsValueUnderTheEmptyKey)
+{
+    XmlText xml(L"<a>text</a>");
+    WcXmNode node = xml.Root();
+    ASSERT_TRUE(node.MoveToFirstChild());
+    std::map<std::wstring, std::wstring> attributes;
+    node.GetAttributes(attributes);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"", L"text"}}));
+}
+
 } // namespace
 } // namespace jlandxml

@@ -207,5 +207,15 @@ TEST(WcXmSharedTexts, ADocumentThatWasNeverCreatedSharesNothing)
     EXPECT_NO_THROW(const WcXmSharedTexts shared(document));
 }
 
+TEST_F(WcXmSharedTextsTest, AValueWithQuotationMarksIsNotTriedAgainAndAgain)
+{
+    for (int round = 0; round < 100; ++round)
+    {
+        AppendWith(L"name", L"\"左\"");
+    }
+    const auto patterns = xml.document.appDocument->xmlDocument->last_child().children();
+    EXPECT_LE(std::distance(patterns.begin(), patterns.end()), 4);
+}
+
 } // namespace
 } // namespace jlandxml
