@@ -5,8 +5,8 @@
 namespace jlandxml
 {
 
-/// "道路" or "河川": the type of the `Alignments` being written, which decides how its cross sections are classified.
-/// One for the whole process, so documents are written one at a time.
+/// The type of the `Alignments` being written, which decides how its cross sections are classified: "河川" as a river;
+/// anything else, the empty text too, as a road. One for the whole process, so documents are written one at a time.
 std::wstring& GetCurrentDesignType();
 
 /// The two types of a design.

@@ -363,7 +363,8 @@ bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
     });
     if (written)
     {
-        RemoveEmptyCrossSects(node);
+        while (RemoveEmptyCrossSects(node))
+        {}
     }
     return written;
 }
@@ -396,8 +397,14 @@ void RemoveWideningListFeature(const WcXmNode& node)
 
 bool RemoveEmptyCrossSects(const WcXmNode& node)
 {
-    return RemoveChildrenIf(node, FViewCrossSects().GetElementName(),
-                            [](const WcXmNode& sections) { return !sections.HasChild(); });
+    return !ForEachChild(node, FViewCrossSects().GetElementName(), [&](const WcXmNode& sections) {
+        if (sections.HasChild())
+        {
+            return true;
+        }
+        node.RemoveChild(sections.appNode);
+        return false;
+    });
 }
 
 } // namespace jlandxml

@@ -17,20 +17,28 @@
 namespace jlandxml
 {
 
-/// A number that stays with its object: neither a copy nor a move carries it.
+/// A number that stays with its object: neither a copy nor a move of the object carries it. Else it is used as the
+/// double that it stands for.
 struct UncopiedDouble
 {
     UncopiedDouble() = default;
     UncopiedDouble(const UncopiedDouble& /*other*/) noexcept {}
     UncopiedDouble& operator=(const UncopiedDouble& /*other*/) noexcept { return *this; }
+    UncopiedDouble& operator=(double number) noexcept
+    {
+        value = number;
+        return *this;
+    }
+    operator double() const noexcept { return value; }
 
     double value = UNSET_DOUBLE;
 };
 
 /// `Alignment`: one alignment with its geometry, its profile, its cross sections and its design values. The host gives
-/// the design values as key = value in `desc`, or as `Feature` elements, which win. In the finished file they are
-/// `Feature` elements with the labels that J-LandXML (国土交通省 LandXML1.2に準じた3次元設計データ交換標準) fixes for
-/// the `Alignment` of the LandXML 1.2 schema: 測点間隔, 横断勾配, 片勾配, 拡幅.
+/// the design values as key = value in `desc`, or as `Feature` elements, which win. In the finished file they are the
+/// `Feature` elements "Horizontal", "Interval", "SuperelevationConfig", "SlopeList" and "WideningList", with the labels
+/// that J-LandXML (国土交通省 LandXML1.2に準じた3次元設計データ交換標準) fixes for the `Alignment` of the LandXML 1.2
+/// schema.
 ///
 /// An alignment moves without copying what it holds; only the start stays behind.
 class FViewAlignment final : public FViewLandXMLBase
@@ -60,10 +68,13 @@ class FViewAlignment final : public FViewLandXMLBase
     double mainInterval = UNSET_DOUBLE; ///< interval of the main stations, metres
     double subInterval = UNSET_DOUBLE;  ///< interval of the sub stations, metres
     double normalCrown = UNSET_DOUBLE;  ///< cross fall on straights, percent
-    std::int32_t singleLaneRoad = 0;    ///< not 0: single-lane road; 0: multi-lane; -1: no value
-    std::int32_t useSlopeList = 0; ///< not 0: the free slope list takes the place of the superelevation; -1: no value
-    std::wstring method;           ///< method of calculation, such as 要素法
-    std::wstring verticalOrigin;   ///< vertical datum, for the coordinate system
+    /// 1: single-lane road; 0: multi-lane; -1: no value, no `Property` is written.
+    std::int32_t singleLaneRoad = 0;
+    /// 1: the free slope list takes the place of the superelevation; 0: the superelevation counts; -1: no value, no
+    /// `Property` is written, and all else is written as with 1.
+    std::int32_t useSlopeList = 0;
+    std::wstring method;               ///< method of calculation, such as 要素法
+    std::wstring verticalOrigin;       ///< vertical datum, for the coordinate system
     std::wstring applicationCriterion; ///< version text of the standard, for the project
     std::wstring projectPhase;         ///< for the project
     std::wstring projectName;          ///< for the project
@@ -94,7 +105,9 @@ void RemoveSlopeListFeature(const WcXmNode& node);
 /// Removes the first "WideningList" under an `Alignment`.
 void RemoveWideningListFeature(const WcXmNode& node);
 
-/// Removes the `CrossSects` of an `Alignment` that have no child of any kind. True if one was removed.
+/// Removes the first `CrossSects` of an `Alignment` that has no child of any kind. True if one was removed; false says
+/// that none is left. Each call walks from the first `CrossSects` on, so only those that stay in front of empty ones
+/// are walked over more than once.
 bool RemoveEmptyCrossSects(const WcXmNode& node);
 
 } // namespace jlandxml

@@ -19,8 +19,8 @@ class FViewCgPoint : public FViewLandXMLBase
     const wchar_t* GetElementName() const override { return L"CgPoint"; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
-    /// Appends a new element under the `CgPoints`. Without both of the first two coordinates it has no text. False if
-    /// it can't be added.
+    /// Appends a new element under the `CgPoints`. Without both of the first two coordinates it has no text. False if a
+    /// point with coordinates finds no place.
     bool WriteElement(const WcXmNode& node) override;
 
     /// Sets the attributes of the point's own element.
@@ -29,8 +29,8 @@ class FViewCgPoint : public FViewLandXMLBase
     /// Fills the `Feature` that goes with the point: its station and the direction of its tangent.
     virtual void FillFeature(FViewFeature& feature) const;
 
-    /// Writes that `Feature` under the `CgPoints`; one whose name may stand there already is merged into it. False if
-    /// it can't be added.
+    /// Writes that `Feature` under the `CgPoints`; one whose name may stand there already is merged into it. Always
+    /// true.
     bool WriteFeature(const WcXmNode& node, bool replaceExisting = true) const;
 
     std::wstring name;
@@ -69,15 +69,16 @@ class FViewCgPointWidthStake final : public FViewCgPoint
     FViewCgPointWidthStake() = default;
     FViewCgPointWidthStake(const FViewCgPointWidthStake& other);
     FViewCgPointWidthStake(FViewCgPointWidthStake&&) = default;
-    /// Leaves the group as it is, for a temporary too.
+    /// Copies everything but `groupName`, also from a temporary; only move construction takes it along.
     FViewCgPointWidthStake& operator=(const FViewCgPointWidthStake& other);
 
-    /// Empties what the side file says of the stake; name, coordinates and group stay.
+    /// Empties number, text and value of the stake and the description and type of its group; name, coordinates,
+    /// station and `groupName` stay.
     void Clear() override;
     /// A stake has no `Feature`.
     void FillFeature(FViewFeature& /*feature*/) const override {}
 
-    std::wstring groupName;    ///< key of the group in the side file; a copy doesn't carry it
+    std::wstring groupName;    ///< key of the group in the side file
     std::wstring sequenceText; ///< the point's number within its group
     std::wstring stakeText;    ///< text on the stake
     double stakeValue = 0.0;   ///< value of the stake, metres

@@ -16,8 +16,8 @@ class FViewCgPointsIntermediate final : public FViewLandXMLBase
     const wchar_t* GetElementName() const override { return element_name::CG_POINTS; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
-    /// Fills a new, empty element: the points, the group's `Feature`, and one for each point. False if an element can't
-    /// be added.
+    /// Fills a new, empty element: the points, the group's `Feature`, and one for each point. False if a point with
+    /// coordinates finds no place.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;
@@ -34,7 +34,8 @@ class FViewCgPointsWidthStake final : public FViewLandXMLBase
     const wchar_t* GetElementName() const override { return element_name::CG_POINTS; }
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
-    /// Fills a new, empty element: the points and the group's `Feature`. False if an element can't be added.
+    /// Fills a new, empty element: the points and the group's `Feature`. False if a point with coordinates finds no
+    /// place.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;

@@ -21,7 +21,7 @@ class FViewCoordinateSystem final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes onto the existing or newly made element. The description stays as it is, and so does what the fields
-    /// leave empty, but for the name. False if an element can't be added.
+    /// leave empty, but for the name. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;

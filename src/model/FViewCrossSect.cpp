@@ -55,6 +55,7 @@ void FViewCrossSect::Clear()
     fhOffset = UNSET_DOUBLE;
     designSurfaces.clear();
     surfaces.clear();
+    surfacesList = nullptr;
 }
 
 bool FViewCrossSect::ReadElement(const WcXmNode& node)

@@ -42,7 +42,7 @@ class FViewCrossSect final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
 
     /// Edits the element that was read, once: afterwards the names in the tree are no longer the host's. False if a
-    /// child can't be added, or if a `CrossSectSurf` has no name.
+    /// `CrossSectSurf` has no name.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring name;
@@ -51,7 +51,7 @@ class FViewCrossSect final : public FViewLandXMLBase
     double fhOffset = UNSET_DOUBLE;                        ///< formation point from the formation height, metres
     PiCmCopyList<FViewDesignCrossSectSurf> designSurfaces; ///< stays empty
     FViewCrossSectSurfList surfaces;                       ///< as they were read; nothing asks for them afterwards
-    FViewSurfacesList* surfacesList = nullptr;             ///< of the document; set when writing begins
+    FViewSurfacesList* surfacesList = nullptr;             ///< of the document, not owned; set when writing begins
 
   private:
     bool WriteFormation(const WcXmNode& node) const;

@@ -32,7 +32,7 @@ class FViewDesignCrossSectSurf final : public FViewLandXMLBase
     /// Clears and reads nothing. Always true.
     bool ReadElement(const WcXmNode& node) override;
     /// Turns a pavement layer into a "Pavement" with its class, thickness and material, and gives the other surfaces
-    /// their description. False if a child can't be added.
+    /// their description. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
     /// Fills the `Feature` that says how heights are given, and of which pavement layer they are.
@@ -57,7 +57,7 @@ void WriteThickness(const WcXmNode& node);
 void WriteMaterial(const WcXmNode& node, const MaterialMap& materials, std::wstring_view pavementClass);
 
 /// Sets the side on which a surface lies, "left" or "right" when looking along the alignment: that of its first point
-/// beside the centre line, else that of the surface before, which `side` holds.
+/// with a `code` that lies off the centre line, else that of the surface before it, which `side` holds.
 void AssignSide(const WcXmNode& node, std::wstring& side);
 
 /// True for a surface whose outline is closed: `closedArea` is "true" in this exact spelling.

@@ -9,8 +9,8 @@
 namespace jlandxml
 {
 
-/// `LandXML`, the document element: drives reading and writing of all below it and fixes which elements stand at the
-/// top of the finished file and in what order.
+/// `LandXML`, the document element: drives reading and writing of all below it and fixes which elements the converter
+/// puts at the top of the finished file, and where; the others keep the input's order.
 class FViewLandXML final : public FViewLandXMLBase
 {
   public:

@@ -80,8 +80,8 @@ class FViewLandXMLBase
     /// Stores the OutputVersion; classes with children that depend on it pass it on.
     virtual void SetOutputVersion(std::int32_t newVersion) { version = newVersion; }
 
-    /// The OutputVersion, from 0 for "MlitLandXmlVer.1.3" to 4 for "MlitLandXmlVer.1.7". It means something only after
-    /// SetOutputVersion.
+    /// The OutputVersion: the number of a row of OUTPUT_VERSIONS, from 0 for "MlitLandXmlVer.1.3" to the last row's. It
+    /// means something only after SetOutputVersion.
     std::int32_t version = 0;
 
   protected:
@@ -131,12 +131,13 @@ bool VisitFirstChild(const WcXmNode& parent, std::wstring_view name, Visitor&& v
     });
 }
 
-/// Reads the first child of that element whose name is exact. False if there is none.
+/// Reads the first child of that element whose name is exact and whose reading succeeds; those behind it aren't read.
+/// False if there is none.
 template <class Element>
 bool ReadFirstChild(const WcXmNode& parent, Element& element)
 {
-    return VisitFirstChild(parent, element.GetElementName(),
-                           [&](const WcXmNode& child) { element.ReadElement(child); });
+    return !ForEachChild(parent, element.GetElementName(),
+                         [&](const WcXmNode& child) { return !element.ReadElement(child); });
 }
 
 /// Reads the first child of that element, its name in any case. False if there is none.

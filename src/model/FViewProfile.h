@@ -73,7 +73,8 @@ class FViewProfile final : public FViewLandXMLBase
     /// them there once more. Always true.
     bool WriteElement(const WcXmNode& node) override;
 
-    double staStart = UNSET_DOUBLE;        ///< start of the design profile, metres
+    /// Metres: start of the design profile, or the attribute as it was read if no design starts before it.
+    double staStart = UNSET_DOUBLE;
     std::wstring profAlignName;            ///< name of the design profile, to which cross sections refer; may be empty
     PiCmCopyList<FViewProfSurf> profSurfs; ///< first those that were marked, then the real ones
 

@@ -20,7 +20,7 @@ class FViewProject final : public FViewLandXMLBase
     bool ReadElement(const WcXmNode& node) override;
 
     /// Writes onto the existing `Project`. The version text is that of the OutputVersion, whatever the field holds.
-    /// False if an element can't be added, or if there is no version of that number.
+    /// False only if there is no version of that number.
     bool WriteElement(const WcXmNode& node) override;
 
     std::wstring applicationCriterion; ///< the version's text as the user has chosen it, such as "MlitLandXmlVer.1.6"

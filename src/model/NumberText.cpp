@@ -6,12 +6,20 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
+#include <tuple>
 
 namespace jlandxml
 {
 
 namespace
 {
+
+/// Most characters in front of the point: those of the largest double.
+constexpr std::size_t MOST_WHOLE_DIGITS = std::numeric_limits<double>::max_exponent10 + 1;
+
+static_assert(std::tuple_size_v<FixedBuffer> >= 1 + MOST_WHOLE_DIGITS + 1 + MOST_DIGITS,
+              "a sign, the longest whole number, a point and the decimals have room");
 
 int PossibleDigits(int digits)
 {

@@ -35,8 +35,8 @@ std::wstring FixedText(double value, int digits);
 std::wstring ClosedFixedText(double value, int digits);
 
 /// The number text of the format: at most `digits` decimals, no zeros at their end, and a closing point on whole
-/// numbers
-/// ("12.", "12.5"). An unset value gives the point alone. Numbers that aren't finite give "inf.", "-inf." and "nan.".
+/// numbers ("12.", "12.5"). An unset value gives the point alone. Numbers that aren't finite give "inf.", "-inf." and
+/// "nan.".
 std::wstring NumberText(double value, int digits);
 
 /// Appends that text to a longer one, such as a list of points.

@@ -22,8 +22,9 @@ struct VersionOfStandard
     bool offered;         ///< finished files can follow it
 };
 
-/// All versions, the oldest first. A new version is a row more; what it brings is guarded where that is written, by
-/// VersionNumber.
+/// All versions, the oldest first. A new version is one row more; with it, it also becomes what a file is written as
+/// whose text names no offered version. Which one the dialog selects by default stands in DialogFields.h. What a
+/// version brings is guarded where that is written, by VersionNumber.
 inline constexpr auto OUTPUT_VERSIONS = std::to_array<VersionOfStandard>({
     {0, L"MlitLandXmlVer.1.3", L"1.3", false},
     {1, L"MlitLandXmlVer.1.4", L"1.4", false},

@@ -57,6 +57,15 @@ TEST(FViewAlignment, TakesNameAndStart)
     EXPECT_EQ(copy.staStart.value, UNSET_DOUBLE);
 }
 
+TEST(FViewAlignment, TheStartIsUsedAsANumber)
+{
+    FViewAlignment alignment;
+    alignment.staStart = 7.5;
+    const double start = alignment.staStart;
+    EXPECT_EQ(start, 7.5);
+    EXPECT_EQ(alignment.staStart + 20.0, 27.5);
+}
+
 TEST(FViewAlignment, TakesEveryKeyOfDesc)
 {
     const auto alignment =
@@ -350,8 +359,11 @@ TEST(FViewAlignment, RemovingEmptyCrossSectionsTellsWhetherOneWasThere)
 {
     XmlText xml(L"<Alignment><CrossSects/><crosssects/><CrossSects><x/></CrossSects><CrossSects/></Alignment>");
     EXPECT_TRUE(RemoveEmptyCrossSects(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects><CrossSects/></Alignment>");
+    EXPECT_TRUE(RemoveEmptyCrossSects(xml.Root()));
     EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects></Alignment>");
     EXPECT_FALSE(RemoveEmptyCrossSects(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects></Alignment>");
 }
 
 TEST(FViewAlignment, CrossSectionsWithoutAChildAreDropped)
@@ -359,6 +371,25 @@ TEST(FViewAlignment, CrossSectionsWithoutAChildAreDropped)
     EXPECT_EQ(Written<FViewAlignment>(
                   L"<Alignment><crosssects/><CrossSects name='a'/><CrossSects>x</CrossSects><CrossSects/></Alignment>"),
               L"<Alignment><crosssects/><CrossSects>x</CrossSects>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, WithoutCrossSectionsOfItsOwnThoseOfTheDocumentStayEvenIfTheyAreEmpty)
+{
+    EXPECT_EQ(WrittenInto(FViewAlignment(), L"<Alignment><CrossSects/></Alignment>"),
+              L"<Alignment><CrossSects/>" + DEFAULT_FEATURES + L"</Alignment>");
+}
+
+TEST(FViewAlignment, AFailingCrossSectionLeavesWhatIsWrittenAfterIt)
+{
+    const std::wstring children = L"<CrossSects/><CrossSects><CrossSect><CrossSectSurf/></CrossSect></CrossSects>"
+                                  L"<Profile><ProfAlign name=\"a\"><PVI>5 1</PVI></ProfAlign></Profile>"
+                                  L"<Superelevation><FullSuperSta>1</FullSuperSta></Superelevation>";
+    XmlText xml(L"<Alignment>" + children + L"</Alignment>");
+    FViewAlignment alignment;
+    EXPECT_TRUE(alignment.ReadElement(xml.Root()));
+    EXPECT_EQ(alignment.profile.staStart, 5.0);
+    EXPECT_FALSE(alignment.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<Alignment>" + children + DEFAULT_FEATURES + L"</Alignment>");
 }
 
 TEST(FViewAlignment, AFailingCrossSectionFailsTheAlignment)

@@ -71,6 +71,36 @@ TEST(FViewAlignments, WhatIsMissingComesFromTheDescOfTheFirstAlignment)
     EXPECT_EQ(route.side, L"右岸");
 }
 
+TEST(FViewAlignments, WithoutATypeTheClassOfDescIsThatOfARoad)
+{
+    const auto route = Read<FViewAlignments>(L"<Alignments><Alignment desc='規格・等級 = 第3種第2級'/></Alignments>");
+    EXPECT_EQ(route.designGmType, L"");
+    EXPECT_EQ(route.roadClassification, L"第3種第2級");
+    EXPECT_EQ(route.riverClassification, L"");
+}
+
+TEST(FViewAlignments, WhatTheFeatureGivesDescDoesNotChange)
+{
+    const auto route =
+        Read<FViewAlignments>(L"<Alignments><Feature><Property label='designGmType' value='道路'/>"
+                              L"<Property label='classification' value='x'/><Property label='side' value='左岸'/>"
+                              L"</Feature><Alignment desc='構築物情報 = 河川 規格・等級 = y 左右岸区分 = 右岸'/>"
+                              L"</Alignments>");
+    EXPECT_EQ(route.designGmType, L"道路");
+    EXPECT_EQ(route.roadClassification, L"x");
+    EXPECT_EQ(route.riverClassification, L"");
+    EXPECT_EQ(route.trafficVolume, L"");
+    EXPECT_EQ(route.side, L"左岸");
+}
+
+TEST(FViewAlignments, AnEmptyValueOfALaterNamelessFeatureOverwrites)
+{
+    EXPECT_EQ(Read<FViewAlignments>(L"<Alignments><Feature><Property label='side' value='右岸'/></Feature>"
+                                    L"<Feature><Property label='side' value=''/></Feature></Alignments>")
+                  .side,
+              L"");
+}
+
 TEST(FViewAlignments, TheDescOfALaterAlignmentHasNoEffect)
 {
     const auto route =
@@ -161,6 +191,20 @@ TEST(FViewAlignments, ARouteThatKeepsItsTypeLosesNothing)
               L"<Alignments name=\"a\"><Feature><Property label=\"designGmType\" value=\"河川\"/><Property "
               L"label=\"classification\" value=\"x\"/>"
               L"</Feature></Alignments>");
+}
+
+TEST(FViewAlignments, ARiverIsWrittenWithItsTypeClassTrafficAndBankInThisOrder)
+{
+    FViewAlignments route;
+    route.designGmType = L"河川";
+    route.roadClassification = L"第3種第2級";
+    route.riverClassification = L"1級";
+    route.trafficVolume = L"5";
+    route.side = L"右岸";
+    EXPECT_EQ(WrittenInto(route, L"<Alignments/>"),
+              L"<Alignments name=\"サイト\"><Feature><Property label=\"designGmType\" value=\"河川\"/>"
+              L"<Property label=\"classification\" value=\"1級\"/><Property label=\"trafficVolume\" value=\"5\"/>"
+              L"<Property label=\"side\" value=\"右岸\"/></Feature></Alignments>");
 }
 
 TEST(FViewAlignments, TheBankOfARoadIsNotWritten)

@@ -54,6 +54,18 @@ INSTANTIATE_TEST_SUITE_P(
         DescriptionCase{"TheFirstMarkCounts", L"desc='No. x Japan GSI Plane No. 9'", L"TD", L""},
         DescriptionCase{"TheTablesOrderDecides",
                         L"desc='Japan Geodetic Datum 2011 and Japan Geodetic Datum 2000 No. 9'", L"JGD2000", L"9(X,Y)"},
+        DescriptionCase{"TheTokyoDatumIsTriedFirst", L"desc='Japan Geodetic Datum 2000, before Japan GSI Plane No. 9'",
+                        L"TD", L"9(X,Y)"},
+        DescriptionCase{"Datum2011IsTriedBeforeDatum2024",
+                        L"desc='Japan Geodetic Datum 2024, Japan Geodetic Datum 2011 No. 9'", L"JGD2011", L"9(X,Y)"},
+        DescriptionCase{
+            "JGD2000IsComplete",
+            L"horizontalDatum='JGD2000' horizontalCoordinateSystemName='1(X,Y)' desc='Japan GSI Plane No. 2'",
+            L"JGD2000", L"1(X,Y)"},
+        DescriptionCase{
+            "JGD2024IsComplete",
+            L"horizontalDatum='JGD2024' horizontalCoordinateSystemName='1(X,Y)' desc='Japan GSI Plane No. 2'",
+            L"JGD2024", L"1(X,Y)"},
         DescriptionCase{"TheCaseCounts", L"desc='japan geodetic datum 2011 No. 9'", L"", L""},
         DescriptionCase{"NoDatumNamedAndNoneGiven", L"horizontalCoordinateSystemName='9(X,Y)' desc='No. 3'", L"",
                         L"9(X,Y)"},
@@ -94,6 +106,17 @@ TEST(FViewCoordinateSystem, TheLastDifferenceOfTheNamelessFeaturesWins)
     EXPECT_EQ(system.name, L"CRS");
     EXPECT_EQ(system.verticalDatum, L"T.P");
     EXPECT_EQ(system.differTP, L"2");
+}
+
+TEST(FViewCoordinateSystem, ALaterNamelessFeatureOverwritesAnEarlierOneEvenWithAnEmptyValue)
+{
+    const auto differTP = [](const std::wstring& features) {
+        return Read<FViewCoordinateSystem>(L"<CoordinateSystem>" + features + L"</CoordinateSystem>").differTP;
+    };
+    const std::wstring two = L"<Feature><Property label='differTP' value='1'/></Feature>"
+                             L"<Feature><Property label='differTP' value='2'/></Feature>";
+    EXPECT_EQ(differTP(two), L"2");
+    EXPECT_EQ(differTP(two + L"<Feature><Property label='differTP' value=''/></Feature>"), L"");
 }
 
 TEST(FViewCoordinateSystem, AnEmptyNameAttributeCountsAsNameless)

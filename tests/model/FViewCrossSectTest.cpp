@@ -166,7 +166,10 @@ TEST(FViewCrossSect, ReadingLeavesNothingOfTheFormerElement)
     FViewCrossSect section;
     section.ReadElement(full.Root());
     EXPECT_EQ(section.fhOffset, 2.0);
+    FViewSurfacesList surfaces;
+    section.surfacesList = &surfaces;
     section.ReadElement(empty.Root());
+    EXPECT_EQ(section.surfacesList, nullptr);
     EXPECT_EQ(section.name + section.sta, L"");
     EXPECT_EQ(section.clOffset, UNSET_DOUBLE);
     EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
@@ -423,12 +426,13 @@ TEST(FViewCrossSects, SectionsAreWrittenByTheirPosition)
     EXPECT_EQ(sections.name, L"old");
     ASSERT_EQ(sections.crossSects.size(), 2U);
     sections.name = L"new";
+    sections.crossSects[0].name = L"first";
     sections.crossSects[1].sta = L"3";
     sections.SetOutputVersion(3);
     EXPECT_EQ(sections.crossSects[1].version, 3);
     EXPECT_TRUE(sections.WriteElement(xml.Root()));
-    EXPECT_EQ(xml.Text(),
-              L"<CrossSects name=\"new\"><CrossSect sta=\"1\"/><crosssect/><CrossSect sta=\"3\"/></CrossSects>");
+    EXPECT_EQ(xml.Text(), L"<CrossSects name=\"new\"><CrossSect sta=\"1\" name=\"first\"/><crosssect/>"
+                          L"<CrossSect sta=\"3\"/></CrossSects>");
 }
 
 } // namespace

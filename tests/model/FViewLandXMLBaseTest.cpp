@@ -43,6 +43,32 @@ TEST(FViewLandXMLBase, AFirstChildIsReadByItsExactNameOrInAnyCase)
     EXPECT_EQ(property.label, L"0");
 }
 
+/// Takes its number and reads false where that is 0.
+class NotZero final : public FViewLandXMLBase
+{
+  public:
+    void Clear() override {}
+    const wchar_t* GetElementName() const override { return L"Property"; }
+    bool ReadElement(const WcXmNode& node) override
+    {
+        number = node.FindAttribute(L"n").value_or(L"none");
+        return number != L"0";
+    }
+    bool WriteElement(const WcXmNode& /*node*/) override { return true; }
+
+    std::wstring number;
+};
+
+TEST(FViewLandXMLBase, OfAnElementThatCountsOnceTheFirstThatReadsIsTaken)
+{
+    XmlText second(L"<F><Property n='0'/><Property n='1'/><Property n='2'/></F>");
+    NotZero element;
+    EXPECT_TRUE(ReadFirstChild(second.Root(), element));
+    EXPECT_EQ(element.number, L"1");
+    XmlText none(L"<F><Property n='0'/></F>");
+    EXPECT_FALSE(ReadFirstChild(none.Root(), element));
+}
+
 /// Writes its number onto its element and fails where told to.
 class Entry final : public FViewLandXMLBase
 {

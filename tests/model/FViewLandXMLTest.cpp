@@ -266,6 +266,21 @@ TEST(FViewLandXML, PointGroupsAndCoordinateSystemArePlacedInEveryCombination)
     }
 }
 
+TEST(FViewLandXML, WhatTheyArePlacedBeforeIsFoundInAnyCase)
+{
+    const FViewLandXML both = WithGroups({1}, {1});
+    EXPECT_EQ(Placed(L"<alignments/><Surfaces/>", both, 4), L"CoordinateSystem CgPoints Stakes alignments Surfaces");
+    EXPECT_EQ(Placed(L"<x/><surfaces/>", both, 4), L"x CoordinateSystem CgPoints Stakes surfaces");
+    EXPECT_EQ(Placed(L"<cgpoints/><alignments/>", WithGroups({}, {1}), 4),
+              L"CoordinateSystem cgpoints Stakes alignments");
+}
+
+TEST(FViewLandXML, AlignmentsArePlacedBeforeEvenBehindSurfaces)
+{
+    EXPECT_EQ(Placed(L"<Surfaces/><Alignments/>", WithGroups({1}, {1}), 4),
+              L"Surfaces CoordinateSystem CgPoints Stakes Alignments");
+}
+
 TEST(FViewLandXML, AGroupWithoutPointsHasNoElement)
 {
     EXPECT_EQ(Placed(L"<Alignments/>", WithGroups({0}, {0}), 4), L"CoordinateSystem Alignments");
@@ -428,6 +443,30 @@ TEST(FViewLandXML, ACrossSectionKeepsTheGroundOfTheDocumentsSurfaces)
     root.surfaces.FillOutPutCSS();
     EXPECT_TRUE(root.WriteElement(xml.Root()));
     EXPECT_NE(xml.Text().find(L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>"), std::wstring::npos);
+}
+
+TEST(FViewLandXML, EveryCrossSectionOfEveryRouteKnowsTheDocumentsSurfaces)
+{
+    const auto two = [](const std::wstring& name, const std::wstring& children) {
+        const std::wstring element = L"<" + name + L">" + children + L"</" + name + L">";
+        return element + element;
+    };
+    XmlText xml(
+        L"<LandXML>" +
+        two(L"Alignments", two(L"Alignment", two(L"CrossSects", two(L"CrossSect", L"<CrossSectSurf name='EG_1'/>")))) +
+        L"<Surfaces><Surface name='EG' desc='ExistingGround'/></Surfaces></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    root.surfaces.FillOutPutCSS();
+    EXPECT_TRUE(root.WriteElement(xml.Root()));
+    const std::wstring text = xml.Text();
+    const std::wstring_view ground = L"<CrossSect><CrossSectSurf name=\"ExistingGround\"/></CrossSect>";
+    int count = 0;
+    for (std::size_t place = text.find(ground); place != std::wstring::npos; place = text.find(ground, place + 1))
+    {
+        ++count;
+    }
+    EXPECT_EQ(count, 16);
 }
 
 TEST(FViewLandXML, GroundLinesTakeTheNamesThatTheDocumentsSurfacesHaveAtEachExport)

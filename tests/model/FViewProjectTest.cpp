@@ -51,6 +51,14 @@ TEST(FViewProject, ALaterNamelessFeatureOverwritesAnEarlierOne)
     EXPECT_EQ(project.projectPhase, L"予備");
 }
 
+TEST(FViewProject, AnEmptyValueOfALaterNamelessFeatureOverwrites)
+{
+    EXPECT_EQ(Read<FViewProject>(L"<Project><Feature><Property label='projectPhase' value='概略'/></Feature>"
+                                 L"<Feature><Property label='projectPhase' value=''/></Feature></Project>")
+                  .projectPhase,
+              L"");
+}
+
 TEST(FViewProject, WithoutAFeatureItIsEmptyAndGetsANewOne)
 {
     const auto project = Read<FViewProject>(L"<Project name='n'/>");

@@ -238,6 +238,55 @@ TEST(FViewSuperelevation, ALaterFeatureReplacesAnEarlierOne)
     EXPECT_EQ(superelevation.flatStations, PiCmCopyList<WcStString>{L""});
 }
 
+TEST(FViewSuperelevation, ALaterFeatureWithoutAStationEmptiesTheList)
+{
+    const auto superelevation = Read<FViewSuperelevation>(
+        L"<Superelevation><Feature name='FlatSta'><Property label='sta' value='1'/></Feature>"
+        L"<Feature name='ReverseCrown'><Property label='sta' value='2'/></Feature>"
+        L"<Feature name='FlatSta'><Property label='x' value='3'/></Feature><Feature name='ReverseCrown'/>"
+        L"</Superelevation>");
+    EXPECT_TRUE(superelevation.flatStations.empty());
+    EXPECT_TRUE(superelevation.reverseCrownStations.empty());
+}
+
+TEST(FViewSuperelevation, StationsKeepTheirOrder)
+{
+    const std::wstring xml = L"<Superelevation><Feature name=\"FlatSta\"><Property label=\"sta\" value=\"9\"/>"
+                             L"<Property label=\"sta\" value=\"10.0\"/><Property label=\"sta\" value=\"1\"/>"
+                             L"</Feature></Superelevation>";
+    EXPECT_EQ(Read<FViewSuperelevation>(xml).flatStations, (PiCmCopyList<WcStString>{L"9", L"10.0", L"1"}));
+    EXPECT_EQ(Written<FViewSuperelevation>(xml), xml);
+}
+
+TEST(FViewSuperelevation, AssignmentTakesEveryFieldAndReplacesBothLists)
+{
+    FViewSuperelevation source;
+    source.version = 3;
+    source.beginRunoutSta = 1.0;
+    source.beginRunoffSta = 2.0;
+    source.fullSuperSta = 3.0;
+    source.runoffSta = 4.0;
+    source.startofRunoutSta = 5.0;
+    source.endofRunoutSta = 6.0;
+    source.adverse = false;
+    source.reverseCrownStations = {L"7"};
+    source.flatStations = {L"8"};
+    FViewSuperelevation assigned;
+    assigned.reverseCrownStations = {L"a", L"b"};
+    assigned.flatStations = {L"c", L"d"};
+    assigned = source;
+    EXPECT_EQ(assigned.version, 3);
+    EXPECT_EQ(assigned.beginRunoutSta, 1.0);
+    EXPECT_EQ(assigned.beginRunoffSta, 2.0);
+    EXPECT_EQ(assigned.fullSuperSta, 3.0);
+    EXPECT_EQ(assigned.runoffSta, 4.0);
+    EXPECT_EQ(assigned.startofRunoutSta, 5.0);
+    EXPECT_EQ(assigned.endofRunoutSta, 6.0);
+    EXPECT_FALSE(assigned.adverse);
+    EXPECT_EQ(assigned.reverseCrownStations, PiCmCopyList<WcStString>{L"7"});
+    EXPECT_EQ(assigned.flatStations, PiCmCopyList<WcStString>{L"8"});
+}
+
 TEST(FViewSuperelevation, TheFieldsDoNotChangeByTheRepair)
 {
     XmlText xml(

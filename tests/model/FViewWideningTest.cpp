@@ -26,6 +26,8 @@ class WideningText : public testing::TestWithParam<WideningCase>
 TEST_P(WideningText, IsReadAndFormatted)
 {
     FViewWidening widening;
+    widening.station = widening.width = 9.0;
+    widening.code = L"former";
     EXPECT_TRUE(ParseWideningText(GetParam().text, widening.station, widening.width, widening.code));
     EXPECT_EQ(widening.station, GetParam().station);
     EXPECT_EQ(widening.width, GetParam().width);
