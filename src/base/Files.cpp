@@ -167,7 +167,7 @@ bool WriteOver(NativeFile& work, const std::wstring& path)
 
 } // namespace
 
-std::vector<std::wstring> FileNames(const std::wstring& folder)
+std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder)
 {
     std::vector<std::wstring> names;
     std::error_code failure;
@@ -177,7 +177,7 @@ std::vector<std::wstring> FileNames(const std::wstring& folder)
         names.push_back(WideName(entry->path().filename()));
         entry.increment(failure);
     }
-    return names;
+    return failure ? std::nullopt : std::optional(std::move(names));
 }
 
 std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoom& makeRoom)

@@ -16,8 +16,9 @@ namespace jlandxml
 /// True if a file or folder of that name exists.
 bool PathExists(const std::wstring& path);
 
-/// The names of what a folder holds, in no order; none if it can't be read.
-std::vector<std::wstring> FileNames(const std::wstring& folder);
+/// The names of all that a folder holds, in no order. Nothing if they can't all be read: some of them would look like
+/// all.
+std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder);
 
 /// The whole content of a file; nothing if it can't be opened. Throws CFileException if the system then refuses its
 /// content.
@@ -30,13 +31,15 @@ using MakeRoom = std::function<char*(std::size_t size)>;
 /// were read; nothing if the file can't be opened. Throws CFileException if the system then refuses its content.
 std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoom& makeRoom);
 
-/// Opens a file for reading bytes; null if it can't be opened. Opening never waits: what is no plain file, such as a
-/// folder, a pipe or a device, counts as one that can't be opened.
+/// Closes a file that is read; what could fail there doesn't matter any more.
 struct FileCloser
 {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+/// Opens a file for reading bytes; null if it can't be opened. Opening never waits: what is no plain file, such as a
+/// folder, a pipe or a device, counts as one that can't be opened.
 FileHandle OpenForReading(const std::wstring& path);
 
 /// The length of an open file in bytes; nothing if the system doesn't say.

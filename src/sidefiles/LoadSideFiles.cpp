@@ -33,16 +33,17 @@ class RouteNameScope
 constexpr std::int32_t MANY_ROUTES = 1000;
 
 /// The numbers from 1 that stand in front of an extension in the names of a folder's files. The name itself is left to
-/// the system, which may know the file in another case. Nothing if the folder is there but doesn't tell its names.
+/// the system, which may know the file in another case. A missing folder has none; nothing if the folder is there but
+/// doesn't tell all its names.
 std::optional<std::set<std::int32_t>> NumbersInNames(const std::wstring& folder)
 {
-    const std::vector<std::wstring> names = FileNames(folder + L"/");
-    if (names.empty() && PathExists(folder + L"/"))
-    {
-        return std::nullopt;
-    }
     std::set<std::int32_t> numbers;
-    for (const std::wstring& name : names)
+    const std::optional<std::vector<std::wstring>> names = FileNames(folder + L"/");
+    if (!names)
+    {
+        return PathExists(folder + L"/") ? std::nullopt : std::optional(numbers);
+    }
+    for (const std::wstring& name : *names)
     {
         const std::wstring_view stem = std::wstring_view(name).substr(0, name.rfind(L'.'));
         const std::int32_t number = ParseInt(stem.substr(stem.find_last_not_of(L"0123456789") + 1)).value;

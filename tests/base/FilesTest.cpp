@@ -66,8 +66,15 @@ TEST(Files, TheNamesOfAFolderAreToldWithoutItsOwn)
     const TestFolder folder;
     folder.Write(L"路線.csv", "");
     EXPECT_EQ(FileNames(folder.Name()), std::vector<std::wstring>{L"路線.csv"});
-    EXPECT_TRUE(FileNames(folder.Name(L"missing")).empty());
-    EXPECT_TRUE(FileNames(folder.Name(L"路線.csv")).empty());
+    std::filesystem::create_directory(folder.Path() / "empty");
+    EXPECT_EQ(FileNames(folder.Name(L"empty")), std::vector<std::wstring>());
+}
+
+TEST(Files, WhatIsNoFolderTellsNoNames)
+{
+    const TestFolder folder;
+    EXPECT_EQ(FileNames(folder.Name(L"missing")), std::nullopt);
+    EXPECT_EQ(FileNames(folder.Write(L"路線.csv", "")), std::nullopt);
 }
 
 TEST(Files, ADeviceCanNotBeOpened)
@@ -661,6 +668,16 @@ TEST(Files, AFolderThatLetsNoFileBeRenamedTakesANewOneWholeOrNotAtAll)
     const FailingCalls full(SystemCall::Sync, ENOSPC);
     EXPECT_FALSE(Replace(folder.Name(L"other"), "new"));
     EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, NamesThatCanNotAllBeReadAreNotTold)
+{
+    const TestFolder folder;
+    folder.Write(L"a", "");
+    folder.Write(L"b", "");
+    // With "." and ".." at least one name comes before the failure.
+    const FailingCalls failing(SystemCall::ReadFolder, EIO, 3);
+    EXPECT_EQ(FileNames(folder.Name()), std::nullopt);
 }
 
 TEST(Files, ContentThatIsLostOnItsWayToTheVolumeIsAFailure)

@@ -225,7 +225,7 @@ TEST_F(LoadSideFilesTest, AFolderThatDoesNotTellItsNamesIsAskedForEachRoute)
     std::filesystem::permissions(folder.Path(), std::filesystem::perms(0111));
     {
         const OrdinaryUser user;
-        EXPECT_TRUE(FileNames(folder.Name()).empty());
+        EXPECT_EQ(FileNames(folder.Name()), std::nullopt);
         LoadSideFiles(folder.Name(), 1500);
     }
     std::filesystem::permissions(folder.Path(), std::filesystem::perms(0700));
@@ -238,6 +238,13 @@ TEST_F(LoadSideFilesTest, OfAMissingFolderNoRouteCostsAnything)
 {
     LoadSideFiles(folder.Name(L"missing"), std::numeric_limits<std::int32_t>::max());
     EXPECT_EQ(CountRoutes(folder.Name(L"missing")), 0);
+}
+
+TEST_F(LoadSideFilesTest, OfAnEmptyFolderNoRouteCostsAnything)
+{
+    const TestFolder empty;
+    LoadSideFiles(empty.Name(), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(CountRoutes(empty.Name()), 0);
 }
 
 TEST_F(LoadSideFilesTest, RoutesBehindTheCountAreNotReadHoweverManyThereAre)

@@ -8,6 +8,8 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <dirent.h>
+#include <dlfcn.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -114,6 +116,14 @@ extern "C" int close(int file)
 {
     const long closed = ::syscall(SYS_close, file);
     return Fails(SystemCall::Close) ? -1 : static_cast<int>(closed);
+}
+
+/// The system's own call fills a block of entries; the C library makes them out. It is the C++ library that calls this
+/// one, from outside the program.
+extern "C" __attribute__((visibility("default"))) dirent* readdir(DIR* folder)
+{
+    static const auto next = reinterpret_cast<decltype(&readdir)>(::dlsym(RTLD_NEXT, "readdir"));
+    return Fails(SystemCall::ReadFolder) ? nullptr : next(folder);
 }
 
 extern "C" mode_t umask(mode_t mask) noexcept

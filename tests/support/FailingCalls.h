@@ -14,6 +14,7 @@ enum class SystemCall
     ChangeOwner,
     ChangeMode,
     Close,
+    ReadFolder,
     Count
 };
 
