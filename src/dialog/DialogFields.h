@@ -44,7 +44,7 @@ struct DialogField
     const wchar_t* defaultDisplay = L""; ///< the entry that is selected where the field decides none
     bool DlgDataItem::*locked = nullptr; ///< set where the field came with the input and can't be changed
     const NumberRule* number = nullptr;  ///< what may be typed
-    std::wstring_view routeKind = {};    ///< the kind of route that the control is enabled for; empty: any
+    std::wstring_view routeKind = {};    ///< the kind of route that has the field; empty: any
 };
 
 /// The fields of a kind of object, in the order in which they are read back and in which settings are acted out.
@@ -227,6 +227,12 @@ inline constexpr RouteKindRadio ROUTE_KIND_RADIOS[] = {
     {ROAD_DESIGN, convert_dlg::ROAD_RADIO},
     {RIVER_DESIGN, convert_dlg::RIVER_RADIO},
 };
+
+/// True if a route of this kind has the field.
+constexpr bool IsOfRouteKind(const DialogField& field, std::wstring_view designGmType)
+{
+    return field.routeKind.empty() || field.routeKind == designGmType;
+}
 
 /// The field that a control stands for; null if it stands for none.
 const DialogField* FindField(int control);

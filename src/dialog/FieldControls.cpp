@@ -77,7 +77,7 @@ void FieldControls::ShowRoute(const DlgDataAlignments& route)
     window_.SetChecked(river ? convert_dlg::RIVER_RADIO : convert_dlg::ROAD_RADIO, true);
     for (const DialogField& field : ROUTE_FIELDS)
     {
-        if (IsListField(field.kind) && field.routeKind == route.designGmType)
+        if (IsListField(field.kind) && IsOfRouteKind(field, route.designGmType))
         {
             Show(field, route);
         }
@@ -109,7 +109,7 @@ void FieldControls::ApplyRouteKind()
     {
         if (!field.routeKind.empty())
         {
-            window_.Enable(field.control, field.routeKind == kind->designGmType);
+            window_.Enable(field.control, IsOfRouteKind(field, kind->designGmType));
         }
     }
 }
@@ -249,7 +249,7 @@ void FieldControls::UpdateRoute(DlgDataAlignments& route) const
     route.designGmType = kind->designGmType;
     for (const DialogField& field : ROUTE_FIELDS)
     {
-        if (field.routeKind == kind->designGmType)
+        if (IsOfRouteKind(field, kind->designGmType))
         {
             Update(field, route);
         }

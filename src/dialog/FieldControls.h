@@ -33,7 +33,7 @@ class FieldControls
     /// leaves its field.
     void Update(FieldTable fields, DlgDataItem& object) const;
     void UpdateCoordinateSystem(JLandXmlConvertDlgData& data) const;
-    /// Reads back what is of the kind that is checked, and nothing without a checked radio.
+    /// Reads back what a route of the checked kind has, and nothing without a checked radio.
     void UpdateRoute(DlgDataAlignments& route) const;
 
   private:

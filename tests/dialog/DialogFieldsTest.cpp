@@ -76,6 +76,17 @@ TEST(DialogFields, KeysAreUniqueInEachTable)
     }
 }
 
+TEST(DialogFields, AFieldWithoutAKindOfRouteIsOneOfEveryRoute)
+{
+    constexpr DialogField ANY{.key = "any", .control = 0, .kind = FieldKind::Entry};
+    constexpr DialogField ROAD{.key = "road", .control = 0, .kind = FieldKind::Entry, .routeKind = ROAD_DESIGN};
+    for (const std::wstring_view kind : {ROAD_DESIGN, RIVER_DESIGN, L"", L"鉄道"})
+    {
+        EXPECT_TRUE(IsOfRouteKind(ANY, kind));
+        EXPECT_EQ(IsOfRouteKind(ROAD, kind), kind == ROAD_DESIGN);
+    }
+}
+
 TEST(DialogFields, AreFoundByTheirControl)
 {
     EXPECT_EQ(FindField(NORMAL_CROWN_EDIT), &ALIGNMENT_FIELDS[3]);
