@@ -426,6 +426,7 @@ TEST_F(ConvertDlgSelection, ARiverOpensTheRoutePanelForARiver)
 
 struct RouteCase
 {
+    const wchar_t* rule;
     const wchar_t* type;
     const wchar_t* side;
     bool river;
@@ -454,10 +455,13 @@ TEST_P(ConvertDlgRoutes, AreShownByTheirType)
 }
 
 INSTANTIATE_TEST_SUITE_P(ConvertDlg, ConvertDlgRoutes,
-                         testing::Values(RouteCase{L"道路", L"右岸", false, L""}, RouteCase{L"", L"右岸", false, L""},
-                                         RouteCase{L"鉄道", L"右岸", false, L""},
-                                         RouteCase{L"河川", L"右岸", true, L"右岸"},
-                                         RouteCase{L"河川", L"両岸", true, L""}, RouteCase{L"河川", L"", true, L""}));
+                         testing::Values(RouteCase{L"a road has no side", L"道路", L"右岸", false, L""},
+                                         RouteCase{L"without a kind a road", L"", L"右岸", false, L""},
+                                         RouteCase{L"of another kind a road", L"鉄道", L"右岸", false, L""},
+                                         RouteCase{L"a river of one side", L"河川", L"右岸", true, L"右岸"},
+                                         RouteCase{L"a side that the list lacks", L"河川", L"両岸", true, L""},
+                                         RouteCase{L"a river without a side", L"河川", L"", true, L""}),
+                         BY_RULE);
 
 TEST_F(ConvertDlgSelection, ARouteOfAnotherTypeBecomesARoadWhenItIsLeft)
 {

@@ -39,6 +39,21 @@ TEST_F(WidthStakeTest, StakesAreGatheredByTheirGroup)
     EXPECT_EQ(Model().widthStakePoints[1].points[0].stakeValue, UNSET_DOUBLE);
 }
 
+TEST_F(WidthStakeTest, GroupsOfOneNameInTwoRoutesStayApart)
+{
+    const std::string row = "A,1,2,3,4,5,6,7,8,9\n";
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("t\nt\n" + row));
+    GetCurrentRouteName() = L"R2";
+    EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("t\nt\n" + row + row));
+    ASSERT_EQ(Model().widthStakePoints.size(), 2U);
+    EXPECT_EQ(Model().widthStakePoints[0].name, L"A");
+    EXPECT_EQ(Model().widthStakePoints[0].alignmentRefs, L"R1");
+    EXPECT_EQ(Model().widthStakePoints[0].points.size(), 1U);
+    EXPECT_EQ(Model().widthStakePoints[1].name, L"A");
+    EXPECT_EQ(Model().widthStakePoints[1].alignmentRefs, L"R2");
+    EXPECT_EQ(Model().widthStakePoints[1].points.size(), 2U);
+}
+
 TEST_F(WidthStakeTest, RoomIsMadeForTheRowsThatBecomeStakesAlone)
 {
     EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>(

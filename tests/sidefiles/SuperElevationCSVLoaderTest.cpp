@@ -332,6 +332,7 @@ INSTANTIATE_TEST_SUITE_P(SuperElevationCSVLoader, Namesakes,
                          testing::Values(NamesakesCase{"NoSlopeList", {0, 0}, {L"50.000000", L"50.000000"}},
                                          NamesakesCase{"SlopeListOfTheSecond", {0, 1}, {L"50.000000", L"old"}},
                                          NamesakesCase{"SlopeListOfTheFirst", {1, 0}, {L"old", L"old"}},
+                                         NamesakesCase{"FlagWithoutAValue", {-1, 0}, {L"old", L"old"}},
                                          NamesakesCase{"TwoSlopeLists", {1, 1}, {L"old", L"old"}}),
                          [](const auto& test) { return test.param.name; });
 

@@ -1,5 +1,6 @@
 #include "windows/Dialog.h"
 
+#include "support/RowName.h"
 #include "windows/scripted/ScriptedWindowSystem.h"
 
 #include <gtest/gtest.h>
@@ -101,6 +102,7 @@ TEST(DialogTemplate, FindsItsControlsByNumber)
 
 struct FocusCase
 {
+    const wchar_t* rule;
     std::set<int> workable;
     int focus;
 };
@@ -126,8 +128,11 @@ TEST_P(DialogFocus, IsOnTheFirstEditToTypeIntoOrTheDefaultButton)
 }
 
 INSTANTIATE_TEST_SUITE_P(DialogTemplate, DialogFocus,
-                         testing::Values(FocusCase{{10, 11, 12, 13, 14, 15, 16}, 14}, FocusCase{{10, 11, 15}, 15},
-                                         FocusCase{{10, 11, 12, 13}, 13}, FocusCase{{}, 13}));
+                         testing::Values(FocusCase{L"the first of two edits", {10, 11, 12, 13, 14, 15, 16}, 14},
+                                         FocusCase{L"the edit that can be worked", {10, 11, 15}, 15},
+                                         FocusCase{L"the default button without an edit", {10, 11, 12, 13}, 13},
+                                         FocusCase{L"the default button if nothing can be worked", {}, 13}),
+                         BY_RULE);
 
 TEST(DialogTemplate, WithoutAnEditAndADefaultButtonHasNoControlToOpenOn)
 {
