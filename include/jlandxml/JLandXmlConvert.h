@@ -38,9 +38,8 @@ extern "C"
      * workFolder   The folder with Landxml_temp.xml and, for each route n from 1, the side files that there are:
      *              intermediatePts_temp_<n>.csv, widthStake_temp_<n>.csv, superElevation_temp_<n>.csv,
      *              widening_temp_<n>.csv. No separator at its end is needed; "/" and the file's name are put behind it.
-     *              UTF-16 on Windows, UTF-32 elsewhere, ended by a zero. It is read during the call only. Null counts
-     * as the empty text, and an empty text names no current folder: the files are then looked for in the root
-     *              ("/Landxml_temp.xml"; on Windows in that of the current drive).
+     *              UTF-16 on Windows, UTF-32 elsewhere, ended by a zero. It is read during the call only.
+     *              Null or empty: the file system's root is searched, not the current folder.
      * routeCount   The number of routes whose side files are read. With 0 or less none is.
      *
      * It blocks. The function returns when the user has closed the dialog, by output or by cancel, or when a message

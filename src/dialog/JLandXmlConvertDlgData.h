@@ -34,7 +34,8 @@ class JLandXmlConvertDlgData : public DlgDataItem
     /// Takes everything from the context's model. Throws DlgDataSetException.
     void SetFromModel();
 
-    /// Gathers every finding about the data in `errors`. The result is `hasError`.
+    /// Gathers every finding about the data in `errors`. True if there is at least one, as `hasError` then says; false:
+    /// the data may be written.
     bool Validate();
 
     /// Puts everything into the context's model, entry by entry. Throws DlgDataApplyException.

@@ -11,11 +11,11 @@ namespace jlandxml
 struct NumberRule
 {
     const wchar_t* item;          ///< what findings call the number
-    double typedMinimum;          ///< while it is typed: who types 0.5 passes 0
-    double minimum;               ///< when it is checked
-    double maximum;               ///< both
-    int digitsBeforePoint;        ///< while it is typed
-    int digitsAfterPoint;         ///< both
+    double typedMinimum;          ///< the smallest value accepted while typing (0 on the way to 0.5)
+    double minimum;               ///< the smallest value accepted by the check
+    double maximum;               ///< the largest value accepted by both
+    int digitsBeforePoint;        ///< so many at most while typing
+    int digitsAfterPoint;         ///< so many at most by both
     const wchar_t* changeFailure; ///< what is told if the check of a change fails; not always in the item's words
 };
 

@@ -17,10 +17,10 @@ inline constexpr double RADIANS_OF_A_SECOND = RADIANS_OF_A_DEGREE / 3600;
 /// An angle in degrees, minutes and seconds.
 struct DegreesMinutesSeconds
 {
-    bool isNegative = false;
+    bool isNegative = false; ///< of the whole angle; its three parts are never negative
     double degrees = 0;
-    double minutes = 0;
-    double seconds = 0;
+    double minutes = 0; ///< of arc
+    double seconds = 0; ///< of arc
 
     double Radians() const;
 };
@@ -39,8 +39,10 @@ std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit);
 /// An angle as calculation sheets show it, from 0 up to a full turn: 62-30-00.00, the seconds to the hundredth.
 std::wstring DegreesText(double radians);
 
-/// The same angle from 0 up to a full turn; the same between minus and plus half a turn.
+/// The same angle in radians, from 0 up to a full turn.
 double PositiveAngle(double radians);
+
+/// The same angle in radians, between minus and plus half a turn.
 double SignedAngle(double radians);
 
 } // namespace jlandxml::inspect

@@ -8,17 +8,18 @@
 namespace jlandxml::inspect
 {
 
-/// A place in the plane and the direction in which the alignment passes it: azimuth in radians, from north, clockwise.
+/// A place in the plane and the direction in which the alignment passes it.
 struct Position
 {
-    double north;
-    double east;
-    double azimuth;
+    double north;   ///< metres
+    double east;    ///< metres
+    double azimuth; ///< radians, from north, clockwise
 };
 
+/// In metres, from one place to another.
 double Distance(double northFrom, double eastFrom, double northTo, double eastTo);
 
-/// The azimuth from one place to another, -π to π.
+/// The azimuth from one place to another in radians, -π to π.
 double Azimuth(double northFrom, double eastFrom, double northTo, double eastTo);
 
 double Distance(const PlanPoint& from, const PlanPoint& to);
@@ -29,11 +30,11 @@ double Azimuth(const PlanPoint& from, const PlanPoint& to);
 struct Stretch
 {
     Position start;
-    double length;
+    double length; ///< metres
     double curvatureStart;
     double curvatureEnd;
 
-    /// The position so far behind the start. For a clothoid the integrals of cos and sin of its tangent angle
+    /// The position so many metres behind the start. For a clothoid the integrals of cos and sin of its tangent angle
     /// az + k0 s + (k1 - k0) s² / (2 L), which are Fresnel's (Abramowitz and Stegun, 7.3.1 and 7.3.2), by Gauss'
     /// quadrature (25.4.30) over parts in which the curve turns less than half a radian: exact to the last digits,
     /// also where the two curvatures are nearly the same and the series of the integrals lose theirs.
@@ -42,7 +43,7 @@ struct Stretch
     Position End() const { return At(length); }
 };
 
-/// The course of one element as its own figures give it.
+/// The course of one element as its own figures give it; lengths in metres, azimuths in radians.
 struct ElementCourse
 {
     std::vector<Stretch> stretches; ///< one, but for an IrregularLine; none if the figures don't suffice
@@ -55,18 +56,19 @@ struct ElementCourse
     Position At(double distance) const;
 };
 
-/// The angle from the start of a Curve to its end, seen from its centre and in the direction of `rot`: 0 to 2π.
+/// The angle from the start of a Curve to its end, seen from its centre and in the direction of `rot`: 0 to 2π, in
+/// radians.
 double Sweep(const PlanElement& curve, std::wstring_view rot);
 
 /// +1 for "cw", -1 for "ccw", 0 for anything else.
 int Turn(std::wstring_view rot);
 
-/// The curvature of a radius without its sign; 0 for "INF" and for what is no radius.
+/// The curvature (1/m) of a radius without its sign; 0 for "INF" and for what is no radius.
 double CurvatureOf(const Figure& radius);
 
 ElementCourse CourseOf(const PlanElement& element);
 
-/// The course of a whole alignment.
+/// The course of a whole alignment. Its stations are metres.
 class Course
 {
   public:

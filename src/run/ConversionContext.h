@@ -23,7 +23,8 @@ struct ConversionContext
 /// The one context, made at first use.
 ConversionContext& GetConversionContext();
 
-/// The name of the route whose side files are being read, by which they find their alignment. Empty between routes.
+/// The name of the alignment of the route whose side files are being read. The file of intermediate points sets it, the
+/// others find their alignment by it. Empty between routes.
 std::wstring& GetCurrentRouteName();
 
 } // namespace jlandxml

@@ -84,7 +84,7 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
                 ReplaceReverseCrowns(alignment);
             }
         });
-        reverseCrownGroups.clear();
+        reverseCrownGroups_.clear();
     });
 }
 
@@ -118,7 +118,7 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
     if (alignment.useSlopeList == 0 && row[DESCRIPTION] == REVERSE_CROWN)
     {
         const std::int32_t region = row[REGION].empty() ? NO_REGION : ParseInt(row[REGION]).value;
-        reverseCrownGroups[region].push_back(StationText(ToInternalStation(ReadNumber(total), alignment)));
+        reverseCrownGroups_[region].push_back(StationText(ToInternalStation(ReadNumber(total), alignment)));
     }
     return slopeValue;
 }
@@ -128,7 +128,7 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
 void SuperElevationCSVLoader::ReplaceReverseCrowns(FViewAlignment& alignment) const
 {
     auto superelevation = alignment.superelevations.begin();
-    for (const auto& [region, stations] : reverseCrownGroups)
+    for (const auto& [region, stations] : reverseCrownGroups_)
     {
         if (superelevation == alignment.superelevations.end())
         {

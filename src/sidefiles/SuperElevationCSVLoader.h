@@ -33,7 +33,7 @@ class SuperElevationCSVLoader final : public CSVLoaderBase
     void ReplaceReverseCrowns(FViewAlignment& alignment) const;
 
     /// Stations of the reversed crown by the number of their region.
-    std::map<std::int32_t, PiCmCopyList<WcStString>> reverseCrownGroups;
+    std::map<std::int32_t, PiCmCopyList<WcStString>> reverseCrownGroups_;
 };
 
 /// What a row says of a slope, as texts.
