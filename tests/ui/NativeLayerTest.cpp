@@ -19,7 +19,9 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
+#include <QScrollBar>
 #include <QTreeWidget>
 #include <cmath>
 #endif
@@ -129,6 +131,27 @@ TEST_F(NativeLayerTest, TheSaveDialogStandsOverItsDialogAndOffersTheFilters)
         EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*.*)"}));
 #else
         EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*)"}));
+#endif
+    });
+}
+
+TEST_F(NativeLayerTest, ALongLineOfAListBoxIsNeitherWrappedNorScrolledSideways)
+{
+    events.onInit = [](DialogWindow& window) {
+        window.AddEntries(BOX, Texts{L"短い", std::wstring(300, L'長') + L" " + std::wstring(300, L'長')});
+    };
+    Run([](DialogWindow&, DialogHands&) {
+#ifdef _WIN32
+        HWND const box = GetDlgItem(GetActiveWindow(), BOX);
+        EXPECT_EQ(GetWindowLongPtrW(box, GWL_STYLE) & WS_HSCROLL, 0);
+        EXPECT_EQ(SendMessageW(box, LB_GETHORIZONTALEXTENT, 0, 0), 0);
+        EXPECT_EQ(SendMessageW(box, LB_GETITEMHEIGHT, 0, 0), SendMessageW(box, LB_GETITEMHEIGHT, 1, 0));
+#else
+        const auto* const box = QApplication::activeModalWidget()->findChild<QListWidget*>(QString::number(BOX));
+        ASSERT_EQ(box->count(), 2);
+        EXPECT_EQ(box->visualItemRect(box->item(0)).height(), box->visualItemRect(box->item(1)).height());
+        EXPECT_GT(box->sizeHintForColumn(0), box->viewport()->width());
+        EXPECT_FALSE(box->horizontalScrollBar()->isVisible());
 #endif
     });
 }
