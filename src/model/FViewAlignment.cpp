@@ -363,8 +363,7 @@ bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
     });
     if (written)
     {
-        while (RemoveEmptyCrossSects(node))
-        {}
+        RemoveEmptyCrossSects(node);
     }
     return written;
 }
@@ -397,14 +396,8 @@ void RemoveWideningListFeature(const WcXmNode& node)
 
 bool RemoveEmptyCrossSects(const WcXmNode& node)
 {
-    return !ForEachChild(node, FViewCrossSects().GetElementName(), [&](const WcXmNode& sections) {
-        if (sections.HasChild())
-        {
-            return true;
-        }
-        node.RemoveChild(sections.appNode);
-        return false;
-    });
+    return RemoveChildrenIf(node, FViewCrossSects().GetElementName(),
+                            [](const WcXmNode& sections) { return !sections.HasChild(); });
 }
 
 } // namespace jlandxml

@@ -105,9 +105,7 @@ void RemoveSlopeListFeature(const WcXmNode& node);
 /// Removes the first "WideningList" under an `Alignment`.
 void RemoveWideningListFeature(const WcXmNode& node);
 
-/// Removes the first `CrossSects` of an `Alignment` that has no child of any kind. True if one was removed; false says
-/// that none is left. Each call walks from the first `CrossSects` on, so only those that stay in front of empty ones
-/// are walked over more than once.
+/// Removes every `CrossSects` of an `Alignment` that has no child of any kind, in one walk. True if one was removed.
 bool RemoveEmptyCrossSects(const WcXmNode& node);
 
 } // namespace jlandxml

@@ -359,8 +359,6 @@ TEST(FViewAlignment, RemovingEmptyCrossSectionsTellsWhetherOneWasThere)
 {
     XmlText xml(L"<Alignment><CrossSects/><crosssects/><CrossSects><x/></CrossSects><CrossSects/></Alignment>");
     EXPECT_TRUE(RemoveEmptyCrossSects(xml.Root()));
-    EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects><CrossSects/></Alignment>");
-    EXPECT_TRUE(RemoveEmptyCrossSects(xml.Root()));
     EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects></Alignment>");
     EXPECT_FALSE(RemoveEmptyCrossSects(xml.Root()));
     EXPECT_EQ(xml.Text(), L"<Alignment><crosssects/><CrossSects><x/></CrossSects></Alignment>");
