@@ -9,7 +9,7 @@
 namespace jlandxml::inspect
 {
 
-/// The smallest and the largest of some figures; nothing was taken as long as the smallest is larger.
+/// The smallest and the largest of some figures, in their unit; nothing was taken as long as the smallest is larger.
 class Range
 {
   public:
