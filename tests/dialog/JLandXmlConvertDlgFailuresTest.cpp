@@ -519,6 +519,7 @@ class ConvertDlgOutputFailures : public ConvertDlgTest
   protected:
     ConvertDlgOutputFailures()
     {
+        Context().document.Create(); // a tree that an earlier failure broke off gives no file
         Model().project.name = L"工事";
         Model().coordinateSystem.horizontalDatum = L"JGD2011";
         Model().coordinateSystem.horizontalCoordinateSystemName = L"9(X,Y)";
