@@ -28,13 +28,10 @@ for preset in "${presets[@]}"; do
     ctest --preset "$preset" || failed+=("$preset")
 done
 if [ "$fuzz_seconds" -gt 0 ]; then
-    echo "== fuzz: building"
-    cmake --preset fuzz >/dev/null
-    cmake --build build/fuzz -- --quiet
     for source in fuzz/Fuzz*.cpp; do
         target=$(basename "$source" .cpp)
         echo "== fuzz: $target for $fuzz_seconds seconds"
-        "build/fuzz/fuzz/$target" -max_total_time="$fuzz_seconds" -verbosity=0 -artifact_prefix=build/fuzz/ \
+        "build/asan/fuzz/$target" -max_total_time="$fuzz_seconds" -verbosity=0 -artifact_prefix=build/asan/ \
             || failed+=("$target")
     done
 fi

@@ -147,6 +147,14 @@ def run(command, limit, **options):
         process.wait()
 
 
+def own_suites(path):
+    """A filter with the suites of the test file that belongs to a source file; nothing where there is none."""
+    tests = ROOT / "tests" / Path(path).relative_to("src").with_suffix("")
+    tests = tests.with_name(tests.name + "Test.cpp")
+    text = tests.read_text(encoding="utf-8") if tests.is_file() else ""
+    return ":".join(f"*{suite}*" for suite in sorted(set(re.findall(r"^TEST(?:_[FP])?\((\w+),", text, re.MULTILINE))))
+
+
 class Sweep:
     def __init__(self, folder, time_limit, jobs):
         self.target = Path(folder).name + "_tests"
@@ -154,16 +162,19 @@ class Sweep:
         self.jobs = jobs
 
     def configure(self):
+        # Clang without optimisation takes a third of GCC's time.
         return run(["cmake", "-S", SOURCE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                    "-DCMAKE_CXX_FLAGS_DEBUG=-O0"], BUILD_LIMIT)
+                    "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_C_COMPILER=clang", "-DCMAKE_CXX_COMPILER=clang++"], BUILD_LIMIT)
 
     def build(self):
         return run(["cmake", "--build", BUILD, "--target", self.target, "--", f"-j{self.jobs}"], BUILD_LIMIT,
                    env={**os.environ, "CCACHE_DISABLE": "1"})
 
-    def test(self):
-        return run([BUILD / "tests" / self.target, "--gtest_fail_fast", "--gtest_brief=1"], self.time_limit,
-                   cwd=BUILD)
+    def test(self, path=None):
+        """Runs the tests of a source file, which notice most of its changes, or else all of the folder."""
+        suites = "*" if path is None else own_suites(path)
+        return not suites or run([BUILD / "tests" / self.target, "--gtest_fail_fast", "--gtest_brief=1",
+                                  "--gtest_filter=" + suites], self.time_limit, cwd=BUILD)
 
     def outcome(self, path, number, old, new):
         """Makes one change, and unmakes it whatever happens."""
@@ -176,7 +187,7 @@ class Sweep:
             copy.write_bytes("\n".join(lines).encode("utf-8"))
             if not self.build():
                 return "not built"
-            return "survived" if self.test() else "killed"
+            return "survived" if self.test(path) and self.test() else "killed"
         finally:
             copy.write_bytes(content)
 

@@ -94,7 +94,7 @@ TEST_F(IntermediateTest, AFileWithoutRowsKeepsTheRouteName)
 
 TEST_F(IntermediateTest, EveryRouteWithAFileGetsTheNextNumber)
 {
-    for (const std::size_t route : {1, 2, 3})
+    for (const std::size_t route : {1U, 2U, 3U})
     {
         LoadPoints("n,R" + std::to_string(route) + "\n");
         EXPECT_EQ(Model().intermediatePoints.at(route - 1).name, L"IntermediatePnts-" + std::to_wstring(route));

@@ -136,7 +136,9 @@ TEST_F(ScriptedDialogTest, TheDialogInFrontIsRaised)
     RecordedEvents eventsAbove;
     Run([&](ScriptedDialog& dialog) {
         windows.SetUser([&](ScriptedDialog&) { windows.RaiseOpenWindow(); });
-        windows.MakeDialogWindow(SMALL_TEMPLATE, eventsAbove, &dialog)->RunModal();
+        const auto above = windows.MakeDialogWindow(SMALL_TEMPLATE, eventsAbove, &dialog);
+        eventsAbove.window = above.get();
+        above->RunModal();
         windows.RaiseOpenWindow();
     });
     windows.RaiseOpenWindow();
