@@ -25,7 +25,7 @@ done
 failed=()
 for preset in "${presets[@]}"; do
     echo "== $preset: testing"
-    ctest --preset "$preset" || failed+=("$preset")
+    ctest --preset "$preset" -j "$(nproc)" || failed+=("$preset")
 done
 if [ "$fuzz_seconds" -gt 0 ]; then
     for source in fuzz/Fuzz*.cpp; do

@@ -1,6 +1,7 @@
 #include "run/FinishedDocument.h"
 
 #include "base/Text.h"
+#include "support/XmlText.h"
 #include "xml/WcXmDocument.h"
 
 #include <cstring>
@@ -62,16 +63,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 /// The finished form by another way: the parser prints the tree, and its text is rewritten line by line.
 std::string FinishedByTheParser(const WcXmAppDocument& document)
 {
-    struct : pugi::xml_writer
-    {
-        void write(const void* data, std::size_t size) override
-        {
-            text.append(static_cast<const wchar_t*>(data), size / sizeof(wchar_t));
-        }
-        std::wstring text;
-    } writer;
-    document.xmlDocument->save(writer, L"\t", pugi::format_indent | pugi::format_no_declaration, pugi::encoding_wchar);
-    const std::string text = Utf8FromWide(writer.text);
+    const std::string text = Utf8FromWide(PrintedByTheParser(document, pugi::format_indent));
     std::string finished = MARK;
     for (std::size_t begin = 0; begin < text.size();)
     {

@@ -10,6 +10,21 @@
 namespace jlandxml
 {
 
+/// A document as the parser prints it by itself, without its declaration; `indents` is format_raw or format_indent.
+inline std::wstring PrintedByTheParser(const WcXmAppDocument& document, unsigned int indents)
+{
+    struct : pugi::xml_writer
+    {
+        void write(const void* data, std::size_t size) override
+        {
+            text.append(static_cast<const wchar_t*>(data), size / sizeof(wchar_t));
+        }
+        std::wstring text;
+    } writer;
+    document.xmlDocument->save(writer, L"\t", indents | pugi::format_no_declaration, pugi::encoding_wchar);
+    return writer.text;
+}
+
 /// A document made of a line of XML, parsed as the converter parses its work file.
 class XmlText
 {
@@ -40,20 +55,7 @@ class XmlText
     }
 
     /// The document in one line.
-    std::wstring Text() const
-    {
-        struct : pugi::xml_writer
-        {
-            void write(const void* data, std::size_t size) override
-            {
-                text.append(static_cast<const wchar_t*>(data), size / sizeof(wchar_t));
-            }
-            std::wstring text;
-        } writer;
-        document.appDocument->xmlDocument->save(writer, L"", pugi::format_raw | pugi::format_no_declaration,
-                                                pugi::encoding_wchar);
-        return writer.text;
-    }
+    std::wstring Text() const { return PrintedByTheParser(*document.appDocument, pugi::format_raw); }
 
     WcXmDocument document;
 };
