@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes a Debian machine ready to build and test the converter: installs what is missing through apt and
-# fetches the source of pugixml. The second run finds everything in place and does nothing.
+# fetches the sources of pugixml and libxml2. The second run finds everything in place and does nothing.
 #
 #   tools/setup.sh            everything that ./test.sh needs
 #   tools/setup.sh --build    only what building and running on Linux needs
@@ -16,7 +16,6 @@ TEST_PACKAGES=(
     clang libclang-rt-dev python3 chromium doxygen
     g++-mingw-w64-x86-64-posix wine64 xvfb xauth fonts-ipafont-gothic locales
 )
-PUGIXML_DIR=.deps/pugixml
 
 packages=("${BUILD_PACKAGES[@]}")
 [ "${1:-}" = --build ] || packages+=("${TEST_PACKAGES[@]}")
@@ -52,12 +51,15 @@ install_packages() {
     retry as_root apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Debian packages only the narrow-character build of pugixml, and the converter needs the wide one, so its
-# source is fetched: from the sources that this machine's apt already uses, with their types turned into source
-# entries, in a list folder of its own so that the machine's apt stays as it is.
-fetch_pugixml() {
-    [ -f "$PUGIXML_DIR/src/pugixml.cpp" ] && return 0
-    echo "setup: fetching the source of pugixml"
+# Debian packages only the narrow-character build of pugixml, where the converter needs the wide one, and libxml2 for Linux
+# alone, so their sources are fetched: from the sources that this machine's apt already uses, with their types turned into
+# source entries, in a list folder of its own so that the machine's apt stays as it is.
+#
+#   fetch_source PACKAGE FILE    FILE tells that the source is there
+fetch_source() {
+    local package=$1 folder=.deps/$1
+    [ -f "$folder/$2" ] && return 0
+    echo "setup: fetching the source of $package"
     local work
     work=$(mktemp -d)
     # shellcheck disable=SC2064
@@ -76,10 +78,11 @@ fetch_pugixml() {
         -o "Dir::State::lists=$work/lists" -o "Dir::Cache=$work/cache" -o APT::Sandbox::User=root
     )
     retry apt-get "${options[@]}" update -qq
-    (cd "$work/source" && retry apt-get "${options[@]}" source -qq pugixml >/dev/null)
-    rm -rf "$PUGIXML_DIR"
-    mkdir -p "$(dirname "$PUGIXML_DIR")"
-    mv "$work"/source/pugixml-*/ "$PUGIXML_DIR"
+    (cd "$work/source" && retry apt-get "${options[@]}" source -qq "$package" >/dev/null)
+    rm -rf "$folder"
+    mkdir -p .deps
+    mv "$work/source/$package"-*/ "$folder"
+    rm -rf "$work"
 }
 
 # Windows programs run in a Japanese locale, and once more in an English one.
@@ -95,5 +98,6 @@ make_locales() {
 }
 
 install_packages
-fetch_pugixml
+fetch_source pugixml src/pugixml.cpp
+fetch_source libxml2 xmlschemas.c
 [ "${1:-}" = --build ] || make_locales

@@ -39,6 +39,7 @@ struct Options
     std::vector<std::wstring> files;
     std::vector<const Check*> checks;
     Severity failOn = Severity::Error;
+    std::wstring schemaFile; ///< empty: none
     std::wstring csvFolder;  ///< empty: none
     std::wstring reportFile; ///< empty: none
     bool json = false;
@@ -157,6 +158,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     std::vector<std::string> only;
     std::vector<std::string> without;
     std::string failOn = "誤り";
+    std::string schemaFile;
     std::string csvFolder;
     std::string reportFile;
     Parsed parsed;
@@ -180,6 +182,10 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
         ->type_name("SEVERITY");
+    const CLI::Option* const schemaOption =
+        app.add_option("--schema", schemaFile, "照合するXMLスキーマ（符号S01の検査）")
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+            ->type_name("XSD");
     const CLI::Option* const csvOption =
         app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
@@ -198,6 +204,10 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         if (files.empty() && !parsed.options.listChecks)
         {
             throw WrongArgument("FILE", "検査するファイルを指定してください");
+        }
+        if (schemaFile.empty() && schemaOption->count() > 0)
+        {
+            throw WrongArgument("--schema", "ファイルを指定してください");
         }
         if (csvFolder.empty() && csvOption->count() > 0)
         {
@@ -239,6 +249,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
         parsed.ends = InspectStatus::WrongUsage;
     }
+    parsed.options.schemaFile = WideFromUtf8(schemaFile);
     parsed.options.csvFolder = WideFromUtf8(csvFolder);
     parsed.options.reportFile = WideFromUtf8(reportFile);
     return parsed;
@@ -285,7 +296,12 @@ void WriteTables(const LandXmlFile& file, const std::wstring& folder)
 
 InspectStatus InspectFile(const Options& options, const std::wstring& path)
 {
-    const LandXmlFile file = inspect::ReadLandXmlFile(path);
+    LandXmlFile file = inspect::ReadLandXmlFile(path);
+    if (!options.schemaFile.empty())
+    {
+        file.schemaFaults =
+            inspect::ValidateAgainstSchema(ReadWholeFile(path).value_or(std::string()), options.schemaFile);
+    }
     const std::vector<Finding> findings = Inspect(file, options.checks);
     WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
                                      : inspect::SummaryText(file) + inspect::FindingsText(findings));

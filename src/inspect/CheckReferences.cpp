@@ -403,6 +403,15 @@ void CheckFigures(const LandXmlFile& file, Findings& findings)
     }
 }
 
+void CheckSchema(const LandXmlFile& file, Findings& findings)
+{
+    for (const SchemaFault& fault : file.schemaFaults)
+    {
+        findings.Report(fault.path, fault.line,
+                        fault.count > 1 ? fault.reason + L"、" + std::to_wstring(fault.count) + L"件" : fault.reason);
+    }
+}
+
 void CheckEncoding(const LandXmlFile& file, Findings& findings)
 {
     if (file.hasMalformedText)

@@ -26,5 +26,6 @@ void CheckMetric(const LandXmlFile& file, Findings& findings);
 void CheckSkipped(const LandXmlFile& file, Findings& findings);
 void CheckFigures(const LandXmlFile& file, Findings& findings);
 void CheckEncoding(const LandXmlFile& file, Findings& findings);
+void CheckSchema(const LandXmlFile& file, Findings& findings);
 
 } // namespace jlandxml::inspect

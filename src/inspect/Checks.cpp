@@ -58,6 +58,13 @@ constexpr Check CHECKS[] = {
      L"XML宣言の文字コードで保存し直してください",
      L"XML 1.0 4.3.3",
      CheckEncoding},
+    {L"S01",
+     ERROR_GRADE,
+     {},
+     L"スキーマに合いません",
+     L"要素と属性を基準のスキーマのとおりにしてください",
+     L"--schemaで指定したスキーマ",
+     CheckSchema},
 
     // Horizontal alignments
     {L"H01", ERROR_GRADE, {}, L"要素の座標がありません", L"座標を入力してください", JLANDXML, CheckCoordinates},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inspect/Figure.h"
+#include "inspect/SchemaValidation.h"
 #include "inspect/SourceText.h"
 
 #include <array>
@@ -364,7 +365,8 @@ struct LandXmlFile
     std::vector<Surface> surfaces;
     std::vector<SkippedElements> skipped;
     std::vector<UnreadableFigure> unreadable;
-    bool hasMalformedText = false; ///< bytes that aren't in the file's encoding
+    std::vector<SchemaFault> schemaFaults; ///< of the schema that the file was held against, if any
+    bool hasMalformedText = false;         ///< bytes that aren't in the file's encoding
 
     /// What the texts are views into.
     std::unique_ptr<SourceText> source;

@@ -76,26 +76,6 @@ bool IsCp932(std::string_view bytes)
                        [&](std::wstring_view name) { return EqualsIgnoreCase(name, encoding); });
 }
 
-/// The same text as UTF-8 without a mark.
-std::string Decode(std::string bytes)
-{
-    for (const ByteOrder& order : UTF16_ORDERS)
-    {
-        if (std::string_view(bytes).starts_with(order.mark))
-        {
-            return Utf8FromUtf16(std::string_view(bytes).substr(order.mark.size()), order.high);
-        }
-    }
-    if (IsCp932(bytes))
-    {
-        if (const std::optional<std::wstring> wide = WideFromCp932(bytes))
-        {
-            return Utf8FromWide(*wide);
-        }
-    }
-    return bytes;
-}
-
 /// Where the next element that holds a passage begins: behind its start tag. Nothing behind the last.
 struct PassageTag
 {
@@ -121,12 +101,32 @@ std::optional<PassageTag> FindPassageTag(std::string_view bytes, std::size_t fro
 
 } // namespace
 
+std::string DecodedText(std::string bytes)
+{
+    for (const ByteOrder& order : UTF16_ORDERS)
+    {
+        if (std::string_view(bytes).starts_with(order.mark))
+        {
+            return Utf8FromUtf16(std::string_view(bytes).substr(order.mark.size()), order.high);
+        }
+    }
+    if (IsCp932(bytes))
+    {
+        if (const std::optional<std::wstring> wide = WideFromCp932(bytes))
+        {
+            return Utf8FromWide(*wide);
+        }
+    }
+    if (std::string_view(bytes).starts_with(UTF8_MARK))
+    {
+        bytes.erase(0, UTF8_MARK.size());
+    }
+    return bytes;
+}
+
 SourceText::SourceText(std::string bytes)
 {
-    const std::string decoded = Decode(std::move(bytes));
-    std::string_view text = decoded;
-    text.remove_prefix(text.starts_with(UTF8_MARK) ? UTF8_MARK.size() : 0);
-    CutPassages(text);
+    CutPassages(DecodedText(std::move(bytes)));
 }
 
 void SourceText::CutPassages(std::string_view bytes)

@@ -10,12 +10,16 @@
 namespace jlandxml::inspect
 {
 
+/// The text of a file as UTF-8 without a byte-order mark: from UTF-8, from UTF-16 with a mark, and from code page 932
+/// where the first line names it.
+std::string DecodedText(std::string bytes);
+
 /// The text of a file as the parser gets it: decoded, without the points and faces of its surfaces, which are read
 /// beside it. It still knows the line of every place.
 class SourceText
 {
   public:
-    /// Decodes UTF-8, UTF-16 with a byte-order mark, and code page 932 where the first line names it.
+    /// From the bytes of the file.
     explicit SourceText(std::string bytes);
 
     /// The text. The parser works in it.

@@ -1,6 +1,7 @@
 #include "cli/InspectCommandLine.h"
 
 #include "base/Text.h"
+#include "inspect/SchemaValidation.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -192,6 +193,86 @@ TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
     EXPECT_EQ(Json::parse(line)["code"], "X01");
 }
 
+// Schemas
+
+constexpr const char* SCHEMA =
+    "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='LandXML'><xs:complexType><xs:sequence>"
+    "<xs:element name='Project' maxOccurs='9'><xs:complexType><xs:attribute name='name' use='required'/>"
+    "</xs:complexType></xs:element></xs:sequence></xs:complexType></xs:element></xs:schema>";
+
+class InspectSchema : public InspectCommandLineTest
+{
+  protected:
+    void SetUp() override
+    {
+        if (!inspect::CanValidate())
+        {
+            GTEST_SKIP() << "built without the validating library";
+        }
+    }
+
+    /// What the schema check says of a file.
+    std::string Said(const std::string& file) const
+    {
+        const std::wstring schema = folder_.Write(L"基準.xsd", SCHEMA);
+        const Outcome outcome = Run({L"--checks", L"S", L"--schema", schema, File(file)});
+        EXPECT_EQ(outcome.err, "");
+        return outcome.out.substr(outcome.out.find("    誤り") == std::string::npos ? outcome.out.size()
+                                                                                    : outcome.out.find("    誤り"));
+    }
+};
+
+TEST_F(InspectSchema, AFileThatFollowsItIsSilent)
+{
+    EXPECT_EQ(Said("<LandXML><Project name='名'/></LandXML>"), "");
+}
+
+TEST_F(InspectSchema, AMissingAttributeIsNamedWithLineAndPath)
+{
+    EXPECT_EQ(Said("<LandXML>\n<Project/></LandXML>"),
+              "    誤り S01 2行目 /LandXML/Project: スキーマに合いません（Element 'Project': The attribute 'name' is "
+              "required but missing.）\n");
+}
+
+TEST_F(InspectSchema, UnknownAttributesOfOneNameAreOneFinding)
+{
+    EXPECT_EQ(Said("<LandXML><Project name='a' x='1'/>\n<Project name='b' x='1'/><Project name='c' y='1'/></LandXML>"),
+              "    誤り S01 1行目 /LandXML/Project: スキーマに合いません（Element 'Project', attribute 'x': The "
+              "attribute 'x' is not allowed.、2件）\n"
+              "    誤り S01 2行目 /LandXML/Project: スキーマに合いません（Element 'Project', attribute 'y': The "
+              "attribute 'y' is not allowed.）\n");
+}
+
+TEST_F(InspectSchema, LinesAndPathsAreRightInALongFile)
+{
+    std::string text = "<LandXML>";
+    for (int line = 0; line < 20000; ++line)
+    {
+        text += "<!-- long -->\n";
+    }
+    EXPECT_EQ(Said(text + "<Project name='a'/></LandXML>"), "");
+    EXPECT_EQ(
+        Said(text + "<Project/></LandXML>"),
+        "    誤り S01 20001行目 /LandXML/Project: スキーマに合いません（Element 'Project': The attribute 'name' is "
+        "required but missing.）\n");
+}
+
+TEST_F(InspectSchema, AFileInCodePage932IsReadAsSuch)
+{
+    EXPECT_EQ(Said("<?xml version='1.0' encoding='Shift_JIS'?>" +
+                   Cp932FromWide(L"<LandXML><Project name='架空'/></LandXML>")),
+              "");
+}
+
+TEST_F(InspectSchema, ThatCannotBeReadIsStatusThree)
+{
+    const std::wstring schema = folder_.Write(L"x.xsd", "<no/>");
+    const Outcome outcome = Run({L"--schema", schema, File(SOUND)});
+    EXPECT_EQ(outcome.status, InspectStatus::NotRead);
+    EXPECT_TRUE(outcome.err.ends_with(": スキーマとして読み込めません: " + Utf8FromWide(schema) + "\n"));
+    EXPECT_EQ(Run({L"--schema", L"無い.xsd", File(SOUND)}).status, InspectStatus::NotRead);
+}
+
 // Calculation sheets
 
 TEST_F(InspectCommandLineTest, CalculationSheetsAreWrittenIntoAFolderThatIsMade)
@@ -253,6 +334,7 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AnUnknownGroup",
      {L"x", L"--ignore", L"Z"},
      "--ignore: 「Z」という検査はありません（--list-checksで一覧を表示します）\n"},
+    {"NoSchema", {L"x", L"--schema", L""}, "--schema: ファイルを指定してください\n"},
     {"NoFolder", {L"x", L"--csv", L""}, "--csv: フォルダーを指定してください\n"},
     {"NoReportFile", {L"x", L"--report", L""}, "--report: ファイルを指定してください\n"},
     {"TwoFilesToReport",
@@ -282,8 +364,9 @@ TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
 {
     const Outcome outcome = Run({L"--help"});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
-    for (const char* const option : {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY",
-                                     "--csv DIR", "--report FILE.html", "--list-checks", "-h,--help", "-V,--version"})
+    for (const char* const option :
+         {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY", "--schema XSD", "--csv DIR",
+          "--report FILE.html", "--list-checks", "-h,--help", "-V,--version"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
     }

@@ -1,0 +1,19 @@
+// In the place of SchemaValidation.cpp where the validating library isn't there.
+
+#include "base/Exceptions.h"
+#include "inspect/SchemaValidation.h"
+
+namespace jlandxml::inspect
+{
+
+bool CanValidate()
+{
+    return false;
+}
+
+std::vector<SchemaFault> ValidateAgainstSchema(std::string, const std::wstring& schemaPath)
+{
+    throw CFileException(L"スキーマとの照合ができるように作られていません: " + schemaPath);
+}
+
+} // namespace jlandxml::inspect
