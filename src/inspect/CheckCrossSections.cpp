@@ -233,7 +233,7 @@ void CheckSectionOrder(const LandXmlFile& file, Findings& findings)
                 if (section.station.value <= last)
                 {
                     findings.Report(SectionName(alignment, section), section.line,
-                                    L"測点 " + std::wstring(section.station.text));
+                                    {{L"測点 {}", L"station {}"}, {section.station.text}});
                 }
                 last = section.station.IsFinite() ? section.station.value : last;
             }
@@ -270,7 +270,7 @@ void CheckGroundFromLeftToRight(const LandXmlFile& file, Findings& findings)
                     if (pair.first.value < last)
                     {
                         findings.Report(Path(SectionName(alignment, section), ground.name), list.line,
-                                        L"離れ " + std::wstring(pair.first.text));
+                                        {{L"離れ {}", L"offset {}"}, {pair.first.text}});
                     }
                     last = pair.first.IsFinite() ? pair.first.value : last;
                 }
@@ -292,7 +292,7 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
             if (across != surface.points.end())
             {
                 findings.Report(SurfaceName(alignment, section, surface), across->line,
-                                L"離れ " + std::wstring(across->offset.text));
+                                {{L"離れ {}", L"offset {}"}, {across->offset.text}});
             }
         });
 }
@@ -315,10 +315,12 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
                 if (height && centre.point != nullptr)
                 {
                     const bool isRelative = centre.surface->IsRelativeToProfile();
-                    findings.Measure(SurfaceName(alignment, section, *centre.surface), centre.point->line,
-                                     centre.point->height.value, isRelative ? 0 : *height,
-                                     isRelative ? L"計画高からの高さ（計画高 " + ShortNumber(*height, 3) + L" m）"
-                                                : std::wstring(L"標高"));
+                    findings.Measure(
+                        SurfaceName(alignment, section, *centre.surface), centre.point->line,
+                        centre.point->height.value, isRelative ? 0 : *height,
+                        {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
+                                    : Sentence{L"標高", L"elevation"},
+                         {ShortNumber(*height, 3)}});
                 }
             }
         }
@@ -335,10 +337,10 @@ void CheckPavementLayersApart(const LandXmlFile& file, Findings& findings)
         {
             for (std::size_t j = 0; j < i; ++j)
             {
-                findings.MeasureGap(SurfaceName(alignment, section, *layers[i].surface), layers[i].surface->line,
-                                    Overlap(layers[j], layers[i]),
-                                    std::wstring(PropertyValue(layers[j].surface->features, L"", L"pavementClass")) +
-                                        L"と重なる");
+                findings.MeasureGap(
+                    SurfaceName(alignment, section, *layers[i].surface), layers[i].surface->line,
+                    Overlap(layers[j], layers[i]),
+                    {{L"{}と重なる", L"over {}"}, {PropertyValue(layers[j].surface->features, L"", L"pavementClass")}});
             }
         }
     });

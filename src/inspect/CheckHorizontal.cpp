@@ -173,9 +173,9 @@ void CheckRadii(const LandXmlFile& file, Findings& findings)
         {
             const double radius = RadiusOf(element);
             findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.start, element.center),
-                             L"始点まで");
+                             {{L"始点まで", L"to the start"}, {}});
             findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.end, element.center),
-                             L"終点まで");
+                             {{L"終点まで", L"to the end"}, {}});
         }
     });
 }
@@ -193,7 +193,7 @@ void CheckDirections(const LandXmlFile& file, Findings& findings)
         {
             findings.MeasureGap(NameOf(alignment, before), before.end.line,
                                 std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())),
-                                L"次は" + std::wstring(KindOf(behind)),
+                                {{L"次は{}", L"next: {}"}, {KindOf(behind)}},
                                 alignment.isRiver ? Severity::Information : Severity::Error);
         }
     });
@@ -224,7 +224,7 @@ void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
             const Position end = course.stretches.front().End();
             findings.MeasureGap(NameOf(alignment, element), element.end.line,
                                 Distance(end.north, end.east, element.end.north.value, element.end.east.value),
-                                L"計算 " + ShortNumber(end.north) + L" " + ShortNumber(end.east));
+                                {{L"計算 {} {}", L"computed {} {}"}, {ShortNumber(end.north), ShortNumber(end.east)}});
         }
     });
 }
@@ -300,7 +300,7 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
         if (before.end.name != behind.start.name)
         {
             findings.Report(NameOf(alignment, before), before.end.line,
-                            std::wstring(before.end.name) + L"の次が" + std::wstring(behind.start.name));
+                            {{L"{}の次が{}", L"{} is followed by {}"}, {before.end.name, behind.start.name}});
         }
     });
     ForEachAlignment(file, [&](const Alignment& alignment) {
@@ -311,7 +311,7 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
             if (number > 0 && number < highest)
             {
                 findings.Report(Path(NameOf(alignment), one.point->name), one.point->line,
-                                L"番号が" + std::to_wstring(highest) + L"の後");
+                                {{L"番号が{}の後", L"behind number {}"}, {std::to_wstring(highest)}});
             }
             highest = std::max(highest, number);
         }

@@ -48,7 +48,7 @@ class RisingStations
     {
         if (station.value <= last_)
         {
-            findings_.Report(name_, line, L"測点 " + std::wstring(station.text));
+            findings_.Report(name_, line, {{L"測点 {}", L"station {}"}, {station.text}});
         }
         last_ = station.IsFinite() ? station.value : last_;
     }
@@ -101,8 +101,9 @@ void CheckVerticalCurvesApart(const LandXmlFile& file, Findings& findings)
             {
                 findings.MeasureGap(PointName(alignment, design, behind), behind.element->line,
                                     before.CurveEnd() - behind.CurveStart(),
-                                    L"前の縦断曲線は" + ShortNumber(before.CurveEnd()) + L"まで、この縦断曲線は" +
-                                        ShortNumber(behind.CurveStart()) + L"から");
+                                    {{L"前の縦断曲線は{}まで、この縦断曲線は{}から",
+                                      L"the one before ends at {}, this one begins at {}"},
+                                     {ShortNumber(before.CurveEnd()), ShortNumber(behind.CurveStart())}});
             }
         }
     });

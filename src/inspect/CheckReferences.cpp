@@ -6,9 +6,10 @@
 #include "inspect/PlaneRectangular.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <functional>
 #include <optional>
+#include <set>
 #include <unordered_set>
 
 namespace jlandxml::inspect
@@ -16,6 +17,8 @@ namespace jlandxml::inspect
 
 namespace
 {
+
+constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
 
 using NameSet = std::unordered_set<std::wstring_view>;
 
@@ -83,66 +86,105 @@ struct NamedPlace
     double east;
 };
 
-/// Where a surface lies: its points farthest south-west and north-east.
-void AddSurface(const Surface& surface, std::vector<NamedPlace>& places)
+/// The places of an alignment, of a group of points or of a surface.
+struct PlacesOfOne
 {
-    const SurfacePoint* lowest = nullptr;
-    const SurfacePoint* highest = nullptr;
-    for (const SurfacePoint& point : surface.points)
+    std::wstring name;
+    std::vector<NamedPlace> places;
+
+    void Add(std::wstring place, const PlanPoint& point)
     {
-        if (std::isfinite(point.north) && std::isfinite(point.east))
+        if (point.IsPlaced())
         {
-            lowest = lowest == nullptr || point.north + point.east < lowest->north + lowest->east ? &point : lowest;
-            highest =
-                highest == nullptr || point.north + point.east > highest->north + highest->east ? &point : highest;
+            places.push_back({std::move(place), point.line, point.north.value, point.east.value});
         }
     }
-    for (const SurfacePoint* const point : {lowest, highest})
+};
+
+PlacesOfOne PlacesOf(const Alignment& alignment)
+{
+    PlacesOfOne all{NameOf(alignment), {}};
+    for (const PlanElement& element : alignment.elements)
+    {
+        all.Add(NameOf(alignment, element), element.start);
+        all.Add(NameOf(alignment, element), element.end);
+    }
+    return all;
+}
+
+PlacesOfOne PlacesOf(const PointGroup& group)
+{
+    PlacesOfOne all{NameOf(group), {}};
+    for (const CgPoint& point : group.points)
+    {
+        all.Add(Path(NameOf(group), NameOf(point)), point.point);
+    }
+    return all;
+}
+
+/// Of a surface the points farthest to the south, west, north and east: where these are, it is.
+PlacesOfOne PlacesOf(const Surface& surface)
+{
+    std::array<const SurfacePoint*, 4> farthest{};
+    for (const SurfacePoint& point : surface.points)
+    {
+        if (!std::isfinite(point.north) || !std::isfinite(point.east))
+        {
+            continue;
+        }
+        const auto take = [&](std::size_t side, double SurfacePoint::*coordinate, double sign) {
+            const SurfacePoint*& one = farthest[side];
+            one = one == nullptr || (point.*coordinate - one->*coordinate) * sign > 0 ? &point : one;
+        };
+        take(0, &SurfacePoint::north, -1);
+        take(1, &SurfacePoint::east, -1);
+        take(2, &SurfacePoint::north, 1);
+        take(3, &SurfacePoint::east, 1);
+    }
+    PlacesOfOne all{NameOf(surface), {}};
+    for (const SurfacePoint* const point : farthest)
     {
         if (point != nullptr)
         {
-            places.push_back(
+            all.places.push_back(
                 {Path(NameOf(surface), L"点 " + std::to_wstring(point->id)), point->line, point->north, point->east});
         }
     }
-}
-
-/// The places of the alignments' main points, of the points and of the surfaces.
-std::vector<NamedPlace> PlacesOf(const LandXmlFile& file)
-{
-    std::vector<NamedPlace> places;
-    const auto add = [&](std::wstring name, const PlanPoint& point) {
-        if (point.IsPlaced())
-        {
-            places.push_back({std::move(name), point.line, point.north.value, point.east.value});
-        }
-    };
-    ForEachAlignment(file, [&](const Alignment& alignment) {
-        for (const PlanElement& element : alignment.elements)
-        {
-            add(NameOf(alignment, element), element.start);
-            add(NameOf(alignment, element), element.end);
-        }
-    });
-    for (const PointGroup& group : file.pointGroups)
-    {
-        for (const CgPoint& point : group.points)
-        {
-            add(Path(NameOf(group), NameOf(point)), point.point);
-        }
-    }
-    for (const Surface& surface : file.surfaces)
-    {
-        AddSurface(surface, places);
-    }
-    return places;
+    return all;
 }
 
 /// Areas of use are boxes round coasts and islands; a place this many degrees outside, some ten kilometres, is not yet
 /// a mistake.
 constexpr double ZONE_MARGIN = 0.1;
 
-/// Reports the places outside the file's zone that are inside it when swapped, or those that aren't.
+/// Reports the places of one alignment, group or surface that lie outside the zone and are inside it when swapped, or
+/// aren't: one finding, whose object is the place itself where there is but one.
+void ReportOutside(int zone, const PlacesOfOne& all, Findings& findings, bool isInsideWhenSwapped)
+{
+    std::set<std::wstring_view> names;
+    const NamedPlace* first = nullptr;
+    for (const NamedPlace& place : all.places)
+    {
+        if (!IsInZone(zone, place.north, place.east, ZONE_MARGIN) &&
+            IsInZone(zone, place.east, place.north, ZONE_MARGIN) == isInsideWhenSwapped)
+        {
+            names.insert(place.name);
+            first = first != nullptr ? first : &place;
+        }
+    }
+    if (first != nullptr)
+    {
+        const bool areMore = names.size() > 1;
+        const Sentence words =
+            areMore ? Sentence{L"X {}、Y {}、第{}系、ほか{}か所", L"X {}, Y {}, zone {}, and {} more places"}
+                    : Sentence{L"X {}、Y {}、第{}系", L"X {}, Y {}, zone {}"};
+        findings.Report(areMore ? all.name : first->name, first->line,
+                        {words,
+                         {ShortNumber(first->north, 3), ShortNumber(first->east, 3), std::to_wstring(zone),
+                          std::to_wstring(names.size() - 1)}});
+    }
+}
+
 void ReportOutside(const LandXmlFile& file, Findings& findings, bool isInsideWhenSwapped)
 {
     const std::optional<int> zone = ZoneOf(file);
@@ -150,16 +192,10 @@ void ReportOutside(const LandXmlFile& file, Findings& findings, bool isInsideWhe
     {
         return;
     }
-    for (const NamedPlace& place : PlacesOf(file))
-    {
-        if (!IsInZone(*zone, place.north, place.east, ZONE_MARGIN) &&
-            IsInZone(*zone, place.east, place.north, ZONE_MARGIN) == isInsideWhenSwapped)
-        {
-            findings.Report(place.name, place.line,
-                            L"X " + ShortNumber(place.north, 3) + L"、Y " + ShortNumber(place.east, 3) + L"、第" +
-                                std::to_wstring(*zone) + L"系");
-        }
-    }
+    const auto report = [&](const auto& one) { ReportOutside(*zone, PlacesOf(one), findings, isInsideWhenSwapped); };
+    ForEachAlignment(file, report);
+    std::for_each(file.pointGroups.begin(), file.pointGroups.end(), report);
+    std::for_each(file.surfaces.begin(), file.surfaces.end(), report);
 }
 
 /// Says of an angle in degrees, minutes and seconds that it is none.
@@ -169,8 +205,8 @@ void CheckAngle(Findings& findings, const std::wstring& object, std::size_t line
     if (parts && (parts->minutes >= 60 || parts->seconds >= 60))
     {
         findings.Report(object, line,
-                        std::wstring(angle.text) + L" → " + ShortNumber(parts->minutes) + L"分" +
-                            ShortNumber(parts->seconds) + L"秒");
+                        {{L"{} → {}分{}秒", L"{} → {} minutes {} seconds"},
+                         {angle.text, ShortNumber(parts->minutes), ShortNumber(parts->seconds)}});
     }
 }
 
@@ -194,7 +230,7 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
     };
     for (const PointGroup& group : file.pointGroups)
     {
-        checkFeature(NameOf(group), group.features, group.Kind());
+        checkFeature(NameOf(group), group.features, group.kind);
     }
     for (const Roadway& roadway : file.roadways)
     {
@@ -288,7 +324,7 @@ void CheckHorizontalDatum(const LandXmlFile& file, Findings& findings)
     if (std::find(std::begin(HORIZONTAL_DATUMS), std::end(HORIZONTAL_DATUMS), datum) == std::end(HORIZONTAL_DATUMS))
     {
         findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
-                        datum.empty() ? L"指定なし" : datum);
+                        datum.empty() ? Detail(NOT_GIVEN, {}) : Detail(datum));
     }
 }
 
@@ -298,7 +334,7 @@ void CheckZone(const LandXmlFile& file, Findings& findings)
     {
         const std::wstring_view name = file.coordinateSystem ? file.coordinateSystem->zoneName : std::wstring_view();
         findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
-                        name.empty() ? L"指定なし" : name);
+                        name.empty() ? Detail(NOT_GIVEN, {}) : Detail(name));
     }
 }
 
@@ -310,7 +346,8 @@ void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
     if (zone && described && *zone != *described)
     {
         findings.Report(L"座標参照系", file.coordinateSystem->line,
-                        L"第" + std::to_wstring(*zone) + L"系、説明は第" + std::to_wstring(*described) + L"系");
+                        {{L"第{}系、説明は第{}系", L"zone {}, described as zone {}"},
+                         {std::to_wstring(*zone), std::to_wstring(*described)}});
     }
 }
 
@@ -382,8 +419,8 @@ void CheckMetric(const LandXmlFile& file, Findings& findings)
     if (!file.units || file.units->system != L"Metric" || file.units->linear != L"meter")
     {
         findings.Report(L"単位系", file.units ? file.units->line : 0,
-                        file.units ? std::wstring(file.units->system) + L" " + std::wstring(file.units->linear)
-                                   : std::wstring(L"指定なし"));
+                        file.units ? Detail(std::wstring(file.units->system) + L" " + std::wstring(file.units->linear))
+                                   : Detail(NOT_GIVEN, {}));
     }
 }
 
@@ -391,7 +428,7 @@ void CheckSkipped(const LandXmlFile& file, Findings& findings)
 {
     for (const SkippedElements& skipped : file.skipped)
     {
-        findings.Report(skipped.path, skipped.line, std::to_wstring(skipped.count) + L"件");
+        findings.Report(skipped.path, skipped.line, {{L"{}件", L"{} of them"}, {std::to_wstring(skipped.count)}});
     }
 }
 
@@ -408,7 +445,9 @@ void CheckSchema(const LandXmlFile& file, Findings& findings)
     for (const SchemaFault& fault : file.schemaFaults)
     {
         findings.Report(fault.path, fault.line,
-                        fault.count > 1 ? fault.reason + L"、" + std::to_wstring(fault.count) + L"件" : fault.reason);
+                        fault.count > 1
+                            ? Detail({L"{}、{}件", L"{} {} of them."}, {fault.reason, std::to_wstring(fault.count)})
+                            : Detail(fault.reason));
     }
 }
 

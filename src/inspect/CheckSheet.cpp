@@ -41,7 +41,7 @@ std::wstring ControlPoints(const LandXmlFile& file)
     std::size_t count = 0;
     for (const PointGroup& group : file.pointGroups)
     {
-        count += group.Kind().empty() ? group.points.size() : 0;
+        count += group.kind.empty() ? group.points.size() : 0;
     }
     return count == 0 ? NOTHING : std::to_wstring(count) + L"点";
 }

@@ -108,7 +108,7 @@ void ForEachIntermediatePoint(const LandXmlFile& file, Visit&& visit)
     std::unordered_map<const Alignment*, Course> courses;
     for (const PointGroup& group : file.pointGroups)
     {
-        const auto alignment = group.IsIntermediate() ? alignments.find(group.AlignmentRefs()) : alignments.end();
+        const auto alignment = group.IsIntermediate() ? alignments.find(group.alignmentRefs) : alignments.end();
         if (alignment == alignments.end())
         {
             continue;
@@ -133,8 +133,8 @@ void CheckWithin(const Alignment& alignment, const Course& course, const PlacedT
         (thing.station.value < course.StaStart() - SAME_STATION || thing.station.value > end + SAME_STATION))
     {
         findings.Report(Path(NameOf(alignment), thing.name), thing.line,
-                        L"測点 " + std::wstring(thing.station.text) + L"、範囲 " + ShortNumber(course.StaStart()) +
-                            L"～" + ShortNumber(end));
+                        {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
+                         {thing.station.text, ShortNumber(course.StaStart()), ShortNumber(end)}});
     }
 }
 
@@ -145,7 +145,8 @@ void CheckStartStations(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         if (!alignment.staStart.IsFinite())
         {
-            findings.Report(NameOf(alignment), alignment.line, L"Alignment@staStartがない");
+            findings.Report(NameOf(alignment), alignment.line,
+                            {{L"Alignment@staStartがない", L"no Alignment@staStart"}, {}});
             return;
         }
         for (const Profile& profile : alignment.profiles)
@@ -154,8 +155,8 @@ void CheckStartStations(const LandXmlFile& file, Findings& findings)
                 std::abs(profile.staStart.value - alignment.staStart.value) > SAME_STATION)
             {
                 findings.Report(NameOf(alignment), profile.line,
-                                L"縦断は" + std::wstring(profile.staStart.text) + L"、平面は" +
-                                    std::wstring(alignment.staStart.text));
+                                {{L"縦断は{}、平面は{}", L"profile {}, plan {}"},
+                                 {profile.staStart.text, alignment.staStart.text}});
             }
         }
     });
@@ -250,9 +251,10 @@ void CheckPointsOnLine(const LandXmlFile& file, Findings& findings)
             if (!positions.empty() && point.point.IsPlaced())
             {
                 const Position& place = positions.front();
-                findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point.line,
-                                    Distance(place.north, place.east, point.point.north.value, point.point.east.value),
-                                    L"計算 " + ShortNumber(place.north, 4) + L" " + ShortNumber(place.east, 4));
+                findings.MeasureGap(
+                    Path(NameOf(group), NameOf(point)), point.point.line,
+                    Distance(place.north, place.east, point.point.north.value, point.point.east.value),
+                    {{L"計算 {} {}", L"computed {} {}"}, {ShortNumber(place.north, 4), ShortNumber(place.east, 4)}});
             }
         });
 }
@@ -274,7 +276,7 @@ void CheckPointDirections(const LandXmlFile& file, Findings& findings)
                 smallest = std::min(smallest, std::abs(SignedAngle(place.azimuth - *direction)));
             }
             findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point.line, smallest / RADIANS_OF_A_SECOND,
-                                L"方向角 " + std::wstring(point.direction.text));
+                                {{L"方向角 {}", L"direction {}"}, {point.direction.text}});
         });
 }
 

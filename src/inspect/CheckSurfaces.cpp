@@ -84,7 +84,8 @@ void CheckFaceCorners(const LandXmlFile& file, Findings& findings)
         {
             if (face.cornerCount != CornersOf(surface))
             {
-                findings.Report(FaceName(surface, face), face.line, std::to_wstring(face.cornerCount) + L"点");
+                findings.Report(FaceName(surface, face), face.line,
+                                {{L"{}点", L"{} corners"}, {std::to_wstring(face.cornerCount)}});
             }
         }
     }
@@ -102,7 +103,8 @@ void CheckFacePoints(const LandXmlFile& file, Findings& findings)
                 face.corners.data(), end, [&](std::uint32_t corner) { return index.Find(corner) == NO_POINT; });
             if (missing != end)
             {
-                findings.Report(FaceName(surface, face), face.line, L"点 " + std::to_wstring(*missing));
+                findings.Report(FaceName(surface, face), face.line,
+                                {{L"点 {}", L"point {}"}, {std::to_wstring(*missing)}});
             }
         }
     }
@@ -150,7 +152,7 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
                 const SurfacePoint& to = surface.points[SecondOf(*edge)];
                 findings.Report(
                     Path(NameOf(surface), L"辺 " + std::to_wstring(from.id) + L" " + std::to_wstring(to.id)),
-                    surface.line, std::to_wstring(next - edge) + L"面");
+                    surface.line, {{L"{}面", L"{} faces"}, {std::to_wstring(next - edge)}});
             }
             edge = next;
         }
@@ -180,7 +182,7 @@ void CheckPointsUsed(const LandXmlFile& file, Findings& findings)
             const auto first =
                 static_cast<std::size_t>(std::find(isUsed.begin(), isUsed.end(), false) - isUsed.begin());
             findings.Report(PointName(surface, surface.points[first]), surface.points[first].line,
-                            std::to_wstring(unused) + L"点");
+                            {{L"{}点", L"{} points"}, {std::to_wstring(unused)}});
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace jlandxml::inspect
@@ -16,12 +17,30 @@ std::wstring WithUnit(double value, const wchar_t* unit)
     return ShortNumber(value) + (*unit != L'\0' ? L" " : L"") + unit;
 }
 
-std::wstring InBrackets(std::wstring_view detail, std::wstring_view figures)
+/// What stands behind a check's text: the detail and the figures, if there are any.
+std::wstring InBrackets(const wchar_t* text, std::array<const wchar_t*, 3> marks, const std::wstring& detail,
+                        const std::wstring& figures)
 {
-    const wchar_t* const comma = detail.empty() || figures.empty() ? L"" : L"、";
-    std::wstring text = L"（";
-    text.append(detail).append(comma).append(figures).append(L"）");
-    return text.size() == 2 ? std::wstring() : text;
+    const auto [open, comma, close] = marks;
+    return text + (detail.empty() && figures.empty()
+                       ? std::wstring()
+                       : open + detail + (detail.empty() || figures.empty() ? L"" : comma) + figures + close);
+}
+
+std::wstring Filled(std::wstring_view words, std::initializer_list<std::wstring_view> values)
+{
+    std::wstring text;
+    for (const std::wstring_view value : values)
+    {
+        const std::size_t place = words.find(L"{}");
+        if (place == std::wstring_view::npos)
+        {
+            break;
+        }
+        text.append(words.substr(0, place)).append(value);
+        words.remove_prefix(place + 2);
+    }
+    return text.append(words);
 }
 
 } // namespace
@@ -37,6 +56,11 @@ std::wstring ShortNumber(double value, int decimals)
     return text == L"-0" ? L"0" : text;
 }
 
+Detail::Detail(Sentence words, std::initializer_list<std::wstring_view> values)
+    : japanese(Filled(words.japanese, values)),
+      english(Filled(words.english, values))
+{}
+
 void Findings::Run(const Check& check, const LandXmlFile& file)
 {
     check_ = &check;
@@ -45,30 +69,30 @@ void Findings::Run(const Check& check, const LandXmlFile& file)
     check.run(file, *this);
     if (count_ > LARGEST_COUNT)
     {
-        all_.push_back({check_,
-                        highest_,
-                        check.text + InBrackets(L"ほか" + std::to_wstring(count_ - LARGEST_COUNT) + L"件", {}),
-                        L"",
-                        0,
-                        {},
-                        {},
-                        {}});
+        const std::wstring more = std::to_wstring(count_ - LARGEST_COUNT);
+        count_ = 0;
+        Add(highest_, {{L"ほか{}件", L"and {} more"}, {more}}, {}, L"", 0);
     }
 }
 
-void Findings::Add(Finding finding)
+void Findings::Add(Severity severity, const Detail& detail, const Detail& figures, std::wstring object,
+                   std::size_t line, std::optional<double> value, std::optional<double> expected,
+                   std::optional<double> tolerance)
 {
-    if (++count_ <= LARGEST_COUNT)
+    if (++count_ > LARGEST_COUNT)
     {
-        all_.push_back(std::move(finding));
+        highest_ = std::max(highest_, severity);
         return;
     }
-    highest_ = std::max(highest_, finding.severity);
+    all_.push_back({check_, severity,
+                    InBrackets(check_->text.japanese, {L"（", L"、", L"）"}, detail.japanese, figures.japanese),
+                    InBrackets(check_->text.english, {L" (", L", ", L")"}, detail.english, figures.english),
+                    std::move(object), line, value, expected, tolerance});
 }
 
-void Findings::Report(std::wstring object, std::size_t line, std::wstring_view detail)
+void Findings::Report(std::wstring object, std::size_t line, const Detail& detail)
 {
-    Add({check_, check_->severity, check_->text + InBrackets(detail, {}), std::move(object), line, {}, {}, {}});
+    Add(check_->severity, detail, {}, std::move(object), line);
 }
 
 std::optional<Severity> Findings::Grade(double deviation, Severity highest, double& tolerance) const
@@ -83,7 +107,7 @@ std::optional<Severity> Findings::Grade(double deviation, Severity highest, doub
     return std::min({grade, highest, check_->severity});
 }
 
-void Findings::Measure(std::wstring object, std::size_t line, double value, double expected, std::wstring_view detail,
+void Findings::Measure(std::wstring object, std::size_t line, double value, double expected, const Detail& detail,
                        Severity highest)
 {
     double tolerance = 0;
@@ -91,36 +115,35 @@ void Findings::Measure(std::wstring object, std::size_t line, double value, doub
     if (const std::optional<Severity> severity = Grade(difference, highest, tolerance))
     {
         const wchar_t* const unit = check_->tolerance->unit;
-        const std::wstring figures = L"値 " + WithUnit(value, unit) + L"、計算 " + WithUnit(expected, unit) + L"、差 " +
-                                     WithUnit(difference, unit) + L"、許容 " + WithUnit(tolerance, unit);
-        Add({check_, *severity, check_->text + InBrackets(detail, figures), std::move(object), line, value, expected,
-             tolerance});
+        const Detail figures(
+            {L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
+            {WithUnit(value, unit), WithUnit(expected, unit), WithUnit(difference, unit), WithUnit(tolerance, unit)});
+        Add(*severity, detail, figures, std::move(object), line, value, expected, tolerance);
     }
 }
 
-void Findings::MeasureRatio(std::wstring object, std::size_t line, double value, double expected,
-                            std::wstring_view detail)
+void Findings::MeasureRatio(std::wstring object, std::size_t line, double value, double expected, const Detail& detail)
 {
     double tolerance = 0;
     const double ratio = std::abs(value - expected) / std::abs(expected);
     if (const std::optional<Severity> severity = Grade(ratio, Severity::Error, tolerance))
     {
-        const std::wstring figures = L"値 " + ShortNumber(value) + L"、計算 " + ShortNumber(expected) + L"、差の割合 " +
-                                     ShortNumber(ratio, 7) + L"、許容 " + ShortNumber(tolerance, 7);
-        Add({check_, *severity, check_->text + InBrackets(detail, figures), std::move(object), line, value, expected,
-             tolerance});
+        const Detail figures(
+            {L"値 {}、計算 {}、差の割合 {}、許容 {}", L"value {}, computed {}, off by a ratio of {}, tolerance {}"},
+            {ShortNumber(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
+        Add(*severity, detail, figures, std::move(object), line, value, expected, tolerance);
     }
 }
 
-void Findings::MeasureGap(std::wstring object, std::size_t line, double gap, std::wstring_view detail, Severity highest)
+void Findings::MeasureGap(std::wstring object, std::size_t line, double gap, const Detail& detail, Severity highest)
 {
     double tolerance = 0;
     if (const std::optional<Severity> severity = Grade(gap, highest, tolerance))
     {
         const wchar_t* const unit = check_->tolerance->unit;
-        const std::wstring figures = L"差 " + WithUnit(gap, unit) + L"、許容 " + WithUnit(tolerance, unit);
-        Add({check_, *severity, check_->text + InBrackets(detail, figures), std::move(object), line, gap, 0.0,
-             tolerance});
+        const Detail figures({L"差 {}、許容 {}", L"difference {}, tolerance {}"},
+                             {WithUnit(gap, unit), WithUnit(tolerance, unit)});
+        Add(*severity, detail, figures, std::move(object), line, gap, 0.0, tolerance);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,14 +37,37 @@ struct Tolerance
     const wchar_t* unit; ///< "" for a ratio
 };
 
+/// What is said, in both languages of the report. On the command line it is Japanese.
+struct Sentence
+{
+    const wchar_t* japanese;
+    const wchar_t* english;
+};
+
+/// What is said of one element behind the check's own text, in both languages: words of ours, or figures and names of
+/// the file, which are the same in both.
+struct Detail
+{
+    std::wstring japanese;
+    std::wstring english;
+
+    Detail() = default;
+    Detail(std::wstring_view text) : japanese(text), english(text) {}
+    Detail(const std::wstring& text) : japanese(text), english(text) {}
+    Detail(const wchar_t* text) : japanese(text), english(text) {}
+
+    /// Words in which each {} stands for one of the values, in their order; values beyond them aren't said.
+    Detail(Sentence words, std::initializer_list<std::wstring_view> values);
+};
+
 /// One thing that files are judged by.
 struct Check
 {
     const wchar_t* code;
     Severity severity; ///< the highest it gives
     std::optional<Tolerance> tolerance;
-    const wchar_t* text;
-    const wchar_t* remedy;
+    Sentence text;
+    Sentence remedy;
     const wchar_t* source; ///< the clause or published rule behind it
     void (*run)(const LandXmlFile& file, Findings& findings);
 };
@@ -54,8 +78,9 @@ struct Finding
     const Check* check;
     Severity severity;
     std::wstring text;
-    std::wstring object; ///< the element by names that a person knows
-    std::size_t line;    ///< 0: of the file as a whole
+    std::wstring english; ///< the same for the report's switch
+    std::wstring object;  ///< the element by names that a person knows
+    std::size_t line;     ///< 0: of the file as a whole
     std::optional<double> value;
     std::optional<double> expected;
     std::optional<double> tolerance;
@@ -72,26 +97,27 @@ class Findings
     static constexpr std::size_t LARGEST_COUNT = 200;
 
     /// Says the check's text of an element, with a detail behind it.
-    void Report(std::wstring object, std::size_t line, std::wstring_view detail = {});
+    void Report(std::wstring object, std::size_t line, const Detail& detail = {});
 
     /// Says it if a figure is further off than the check tolerates, never above `highest`. A figure or an expectation
     /// that isn't finite says nothing.
-    void Measure(std::wstring object, std::size_t line, double value, double expected, std::wstring_view detail = {},
+    void Measure(std::wstring object, std::size_t line, double value, double expected, const Detail& detail = {},
                  Severity highest = Severity::Error);
 
     /// Says it if the part of `expected` by which a figure differs from it is larger than the check tolerates.
-    void MeasureRatio(std::wstring object, std::size_t line, double value, double expected,
-                      std::wstring_view detail = {});
+    void MeasureRatio(std::wstring object, std::size_t line, double value, double expected, const Detail& detail = {});
 
     /// Says it if what should be nothing is more than the check tolerates.
-    void MeasureGap(std::wstring object, std::size_t line, double gap, std::wstring_view detail = {},
+    void MeasureGap(std::wstring object, std::size_t line, double gap, const Detail& detail = {},
                     Severity highest = Severity::Error);
 
     const std::vector<Finding>& All() const { return all_; }
 
   private:
     std::optional<Severity> Grade(double deviation, Severity highest, double& tolerance) const;
-    void Add(Finding finding);
+    void Add(Severity severity, const Detail& detail, const Detail& figures, std::wstring object, std::size_t line,
+             std::optional<double> value = {}, std::optional<double> expected = {},
+             std::optional<double> tolerance = {});
 
     std::vector<Finding> all_;
     const Check* check_ = nullptr;

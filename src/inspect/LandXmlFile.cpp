@@ -5,14 +5,6 @@
 namespace jlandxml::inspect
 {
 
-namespace
-{
-
-/// What says of a group of points what they are.
-constexpr std::wstring_view POINT_KINDS[] = {L"IntermediatePnts", L"WidthStakePnts"};
-
-} // namespace
-
 const Property* FindProperty(const Feature& feature, std::wstring_view label)
 {
     const auto found = std::find_if(feature.properties.begin(), feature.properties.end(),
@@ -37,21 +29,6 @@ std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstri
 {
     const Property* const property = FindProperty(features, name, label);
     return property != nullptr ? property->value : std::wstring_view();
-}
-
-std::wstring_view PointGroup::Kind() const
-{
-    for (const Feature& feature : features)
-    {
-        for (const std::wstring_view kind : POINT_KINDS)
-        {
-            if (feature.name == kind)
-            {
-                return kind;
-            }
-        }
-    }
-    return {};
 }
 
 std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file)

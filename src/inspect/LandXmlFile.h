@@ -279,15 +279,15 @@ struct PointGroup
 {
     std::wstring_view name;
     std::wstring_view desc;
+    /// The name of the feature that says what the points are; empty for a group without a meaning of that kind.
+    std::wstring_view kind;
+    std::wstring_view alignmentRefs; ///< of that feature
     std::vector<CgPoint> points;
-    std::vector<Feature> features;
+    std::vector<Feature> features; ///< that of the group's kind, and one for each point that refers to one
     std::size_t line = 0;
 
-    bool IsIntermediate() const { return Kind() == L"IntermediatePnts"; }
-    bool IsWidthStakes() const { return Kind() == L"WidthStakePnts"; }
-    /// The name of the feature that says what the points are; empty for a group without a meaning of that kind.
-    std::wstring_view Kind() const;
-    std::wstring_view AlignmentRefs() const { return PropertyValue(features, Kind(), L"alignmentRefs"); }
+    bool IsIntermediate() const { return kind == L"IntermediatePnts"; }
+    bool IsWidthStakes() const { return kind == L"WidthStakePnts"; }
 };
 
 struct Roadway

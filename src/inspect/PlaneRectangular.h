@@ -28,8 +28,8 @@ std::optional<int> ZoneInDescription(std::wstring_view description);
 /// No.121 (2011), terms up to the third power of n: within a millimetre.
 LatitudeLongitude ToLatitudeLongitude(int zone, double north, double east);
 
-/// True if a place lies in the area for which a zone is used (EPSG Dataset, areas of use of JGD2011 / Japan Plane
-/// Rectangular CS I to XIX), or no further than `margin` degrees outside.
+/// True if a place lies in the box round the prefectures and islands for which the same notice has a zone used, or no
+/// further than `margin` degrees outside.
 bool IsInZone(int zone, double north, double east, double margin);
 
 } // namespace jlandxml::inspect

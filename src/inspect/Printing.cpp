@@ -101,7 +101,7 @@ Json SummaryJson(const LandXmlFile& file)
     for (const PointGroup& group : file.pointGroups)
     {
         summary["pointGroups"].push_back(
-            Json{{"name", Text(group.name)}, {"kind", Text(group.Kind())}, {"points", group.points.size()}});
+            Json{{"name", Text(group.name)}, {"kind", Text(group.kind)}, {"points", group.points.size()}});
     }
     for (const Surface& surface : file.surfaces)
     {
@@ -192,8 +192,8 @@ std::wstring ChecksText()
     for (const Check& check : AllChecks())
     {
         text.append(check.code).append(L"\t").append(SeverityName(check.severity)).append(L"\t");
-        text.append(ToleranceText(check)).append(L"\t").append(check.text).append(L"\t");
-        text.append(check.remedy).append(L"\t").append(check.source).append(L"\n");
+        text.append(ToleranceText(check)).append(L"\t").append(check.text.japanese).append(L"\t");
+        text.append(check.remedy.japanese).append(L"\t").append(check.source).append(L"\n");
     }
     return text;
 }
@@ -210,8 +210,8 @@ std::wstring ChecksJsonLines()
                                      {"error", check.tolerance->error},
                                      {"unit", Text(check.tolerance->unit)}};
         }
-        json["text"] = Text(check.text);
-        json["remedy"] = Text(check.remedy);
+        json["text"] = Text(check.text.japanese);
+        json["remedy"] = Text(check.remedy.japanese);
         json["source"] = Text(check.source);
         lines += JsonText(json);
     }

@@ -17,11 +17,47 @@ double LengthOf(const Figure& figure)
     return figure.IsFinite() ? std::max(figure.value, 0.0) : 0;
 }
 
+/// The radius of a circular curve: the file's own, else the one whose arc is as long as the file says, measured
+/// horizontally as the lengths of all vertical curves are: L = R |sin θ2 - sin θ1|, θ the slopes of the tangents.
+double CircleRadius(const ProfilePoint& point)
+{
+    const double turn = std::abs(std::sin(std::atan(point.gradientOut)) - std::sin(std::atan(point.gradientIn)));
+    if (point.element->kind != L"CircCurve" || !(turn > 0))
+    {
+        return 0;
+    }
+    const Figure& radius = point.element->radius;
+    return radius.IsFinite() && radius.value != 0 ? std::abs(radius.value) : (point.lengthIn + point.lengthOut) / turn;
+}
+
+/// How far an arc lies above the tangents that it touches, R tan(Δ/2) along each from their point.
+double ArcOffset(const ProfilePoint& point, double distance)
+{
+    const double slopeIn = std::atan(point.gradientIn);
+    const double slopeOut = std::atan(point.gradientOut);
+    const double tangent = point.radius * std::tan(std::abs(slopeOut - slopeIn) / 2);
+    if (distance <= -tangent * std::cos(slopeIn) || distance >= tangent * std::cos(slopeOut))
+    {
+        return 0;
+    }
+    // The centre lies above a sag and below a crest.
+    const double up = slopeOut > slopeIn ? 1 : -1;
+    const double centre = -tangent * std::cos(slopeIn) - up * point.radius * std::sin(slopeIn);
+    const double centreHeight = -tangent * std::sin(slopeIn) + up * point.radius * std::cos(slopeIn);
+    const double across = distance - centre;
+    const double height = centreHeight - up * std::sqrt(point.radius * point.radius - across * across);
+    return height - distance * (distance < 0 ? point.gradientIn : point.gradientOut);
+}
+
 /// How far the curve of a point lies above the tangents at a distance from the point. The parabola, or the two of an
 /// unsymmetric curve, touch the tangents at both ends and each other below or above the point, where they lie
 /// (g2 - g1) l1 l2 / 2 (l1 + l2) off it.
 double CurveOffset(const ProfilePoint& point, double distance)
 {
+    if (point.radius > 0)
+    {
+        return ArcOffset(point, distance);
+    }
     const double length = distance < 0 ? point.lengthIn : point.lengthOut;
     const double toEnd = length - std::abs(distance);
     if (toEnd <= 0)
@@ -44,7 +80,7 @@ ProfileLine::ProfileLine(const ProfAlign& profile)
             const double half = LengthOf(element.length) / 2;
             points_.push_back({element.station.value, element.height.value,
                                element.lengthIn.IsFinite() ? LengthOf(element.lengthIn) : half,
-                               element.lengthOut.IsFinite() ? LengthOf(element.lengthOut) : half, 0, 0, &element});
+                               element.lengthOut.IsFinite() ? LengthOf(element.lengthOut) : half, 0, 0, 0, &element});
         }
     }
     for (std::size_t index = 1; index < points_.size(); ++index)
@@ -59,6 +95,10 @@ ProfileLine::ProfileLine(const ProfAlign& profile)
     if (points_.size() > 1)
     {
         points_.front().gradientIn = points_.front().gradientOut;
+    }
+    for (ProfilePoint& point : points_)
+    {
+        point.radius = CircleRadius(point);
     }
 }
 

@@ -18,6 +18,7 @@ struct ProfilePoint
     double lengthOut;   ///< and behind it
     double gradientIn;  ///< of the tangent in front; at the first point that behind
     double gradientOut; ///< of the tangent behind; at the last point that in front
+    double radius;      ///< of the circle of a CircCurve; 0 for parabolas and without a curve
     const ProfileElement* element;
 
     bool HasCurve() const { return lengthIn > 0 || lengthOut > 0; }
@@ -25,7 +26,8 @@ struct ProfilePoint
     double CurveEnd() const { return station + lengthOut; }
 };
 
-/// A design profile: tangents between its points, parabolas where these have a length.
+/// A design profile: tangents between its points, and where these have a curve a parabola, two of them (UnsymParaCurve)
+/// or an arc of a circle (CircCurve) that touches both tangents.
 class ProfileLine
 {
   public:

@@ -20,6 +20,9 @@ using Node = pugi::xml_node;
 
 constexpr std::wstring_view RIVER = L"河川";
 
+/// What says of a group of points what they are.
+constexpr std::wstring_view POINT_KINDS[] = {L"IntermediatePnts", L"WidthStakePnts"};
+
 class FileReader
 {
   public:
@@ -95,6 +98,8 @@ class FileReader
         group.line = reader_.Line(element);
         reader_.ForEachChild(element, {{L"CgPoint", [&](Node child) { ReadCgPoint(group, child); }},
                                        {L"Feature", FeatureInto(group.features)}});
+        group.kind = KindOf(group);
+        group.alignmentRefs = PropertyValue(group.features, group.kind, L"alignmentRefs");
         FillFromFeatures(group);
         file_.pointGroups.push_back(std::move(group));
     }
@@ -106,6 +111,16 @@ class FileReader
         point.desc = AttributeText(element, L"desc");
         point.featureRef = AttributeText(element, L"featureRef");
         group.points.push_back(point);
+    }
+
+    /// What the points of a group are, by the first feature that says so.
+    static std::wstring_view KindOf(const PointGroup& group)
+    {
+        const auto isKind = [](const Feature& feature) {
+            return std::find(std::begin(POINT_KINDS), std::end(POINT_KINDS), feature.name) != std::end(POINT_KINDS);
+        };
+        const auto found = std::find_if(group.features.begin(), group.features.end(), isKind);
+        return found != group.features.end() ? found->name : std::wstring_view();
     }
 
     /// Gives each point what the feature says that it refers to.

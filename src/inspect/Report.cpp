@@ -210,7 +210,7 @@ class PageWriter
                 page_.Raw("<a href=\"#l").Number(static_cast<double>(finding.line), 0).Raw("\">");
             }
             page_.Text(finding.object).Raw(isDrawn ? "</a>" : "").Raw("</td><td>").Text(finding.text);
-            page_.Raw("</td><td>").Text(finding.check->remedy).Raw("</td></tr>\n");
+            page_.Raw("</td><td>").Text(finding.check->remedy.japanese).Raw("</td></tr>\n");
         }
         page_.Raw("</tbody></table>");
         if (findings_.empty())

@@ -101,7 +101,7 @@ class PlanDrawer
     {
         for (const PointGroup& group : file_.pointGroups)
         {
-            if (group.AlignmentRefs() == alignment_.name)
+            if (group.alignmentRefs == alignment_.name)
             {
                 for (const CgPoint& point : group.points)
                 {
@@ -258,7 +258,7 @@ class PlanDrawer
     {
         for (const PointGroup& group : file_.pointGroups)
         {
-            if (!group.IsWidthStakes() || group.AlignmentRefs() != alignment_.name)
+            if (!group.IsWidthStakes() || group.alignmentRefs != alignment_.name)
             {
                 continue;
             }

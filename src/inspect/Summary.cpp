@@ -131,7 +131,7 @@ void WritePoints(SummaryWriter& out, const LandXmlFile& file)
     {
         const wchar_t* const kind = group.IsIntermediate() ? L"中間点" : group.IsWidthStakes() ? L"幅杭" : L"座標点";
         out.Line(1, kind,
-                 Joined({NameOf(group), group.desc, group.AlignmentRefs(), Count(L"点", group.points.size())}, L"、"));
+                 Joined({NameOf(group), group.desc, group.alignmentRefs, Count(L"点", group.points.size())}, L"、"));
     }
 }
 

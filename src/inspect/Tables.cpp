@@ -378,7 +378,7 @@ Table PointTable(const LandXmlFile& file)
         for (const CgPoint& point : group.points)
         {
             table.rows.push_back({kind, std::wstring(group.name), std::wstring(group.desc),
-                                  std::wstring(group.AlignmentRefs()), std::wstring(point.point.name),
+                                  std::wstring(group.alignmentRefs), std::wstring(point.point.name),
                                   Own(point.point.north), Own(point.point.east), Own(point.point.height),
                                   Own(point.station), Own(point.direction)});
         }

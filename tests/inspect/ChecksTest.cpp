@@ -40,7 +40,8 @@ TEST(Checks, HaveACodeOfTheirOwnAndEveryText)
     {
         EXPECT_TRUE(codes.insert(check.code).second) << Utf8FromWide(check.code);
         EXPECT_EQ(FindCheck(check.code), &check);
-        for (const wchar_t* const text : {check.text, check.remedy, check.source})
+        for (const wchar_t* const text :
+             {check.text.japanese, check.text.english, check.remedy.japanese, check.remedy.english, check.source})
         {
             EXPECT_NE(std::wstring(text), L"") << Utf8FromWide(check.code);
         }
@@ -332,7 +333,15 @@ const Case CASES[] = {
     {"AxesInTheOtherOrder", L"R06", {{"=\"9(X,Y)\"", "=\"9(Y,X)\""}}, {"誤り 座標参照系"}},
     {"TheZoneBesideTheDescribedOne", L"R07", {{"=\"9(X,Y)\"", "=\"8(X,Y)\""}}, {"警告 座標参照系"}},
     {"APointOutsideTheZone", L"R08", {{STAKE, "<CgPoint name=\"L-1\">912461.0876 18224.2281"}}, {"警告 左幅杭／L-1"}},
-    {"APointWithSwappedAxes", L"R09", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {"誤り 左幅杭／L-1"}},
+    {"APointWithSwappedAxes", L"R09", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {"警告 左幅杭／L-1"}},
+    {"AGroupWithSwappedAxesIsOneFinding",
+     L"R09",
+     {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}, {"<CgPoint name=\"L-2\">", "<CgPoint name=\"L-2\">0.0 150001.0 "}},
+     {"警告 左幅杭"}},
+    {"AFileInAnotherZoneIsAFindingForEachPart",
+     L"R08",
+     {{"=\"9(X,Y)\"", "=\"19(X,Y)\""}},
+     {"警告 線形1", "警告 IntermediatePnts-1", "警告 左幅杭", "警告 現況地形"}},
     {"APointWithSwappedAxesIsNotAlsoOutside", L"R08", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {}},
     {"SeventyFiveMinutes", L"R10", {{"value=\"62.3\"", "value=\"30.75\""}}, {"誤り IntermediatePnts-1／No.0"}},
     {"SixtySeconds", L"R10", {{"value=\"62.3\"", "value=\"62.2960\""}}, {"誤り IntermediatePnts-1／No.0"}},
@@ -415,6 +424,9 @@ TEST(Findings, NameTheLineAndTheNumbers)
     EXPECT_EQ(findings[0].line, 69U);
     EXPECT_EQ(Utf8FromWide(findings[0].text),
               "要素の長さが座標からの計算と合いません（値 110.002 m、計算 110 m、差 0.002 m、許容 0.001 m）");
+    EXPECT_EQ(Utf8FromWide(findings[0].english),
+              "An element's length doesn't fit its coordinates (value 110.002 m, computed 110 m, difference 0.002 m, "
+              "tolerance 0.001 m)");
     EXPECT_DOUBLE_EQ(findings[0].value.value(), 110.002);
     EXPECT_NEAR(findings[0].expected.value(), 110, 1e-6);
     EXPECT_EQ(findings[0].tolerance, 0.001);

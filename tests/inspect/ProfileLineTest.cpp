@@ -2,6 +2,8 @@
 
 #include "SoundFile.h"
 
+#include <cmath>
+
 namespace jlandxml::inspect
 {
 namespace
@@ -37,6 +39,30 @@ TEST(ProfileLine, HasUnsymmetricCurves)
     EXPECT_NEAR(line.HeightAt(220).value(), 111.6 - 0.05 * 60 * 40 / 200, 1e-9);
     EXPECT_NEAR(line.HeightAt(160).value(), 109.8, 1e-9);
     EXPECT_NEAR(line.HeightAt(260).value(), 110.8, 1e-9);
+}
+
+TEST(ProfileLine, HasCirclesThatTouchTheirTangents)
+{
+    // Down 2 % to 110 m at 300, up 3 % behind it: the arc of 800 m lies R (1 / cos(Δ/2) - 1) from the point, along the
+    // line that halves the angle of the tangents, and R (1 - cos(Δ/2)) from the chord.
+    const LandXmlFile file = SoundFile();
+    const ProfileLine line(Design(file));
+    const double in = std::atan(-0.02);
+    const double out = std::atan(0.03);
+    const double lowest = 800 / std::cos((out - in) / 2) - 800;
+    const double middle = (in + out) / 2;
+    EXPECT_NEAR(line.HeightAt(300 - lowest * std::sin(middle)).value(), 110 + lowest * std::cos(middle), 1e-9);
+    const double tangent = 800 * std::tan((out - in) / 2);
+    EXPECT_NEAR(line.HeightAt(300 - tangent * std::cos(in)).value(), 110 - tangent * std::sin(in), 1e-9);
+    EXPECT_NEAR(line.HeightAt(300 + tangent * std::cos(out)).value(), 110 + tangent * std::sin(out), 1e-9);
+    EXPECT_NEAR(line.HeightAt(281).value(), 110.38 + 1.0 / 1600, 1e-4);
+}
+
+TEST(ProfileLine, HasCirclesOfALengthAlone)
+{
+    const LandXmlFile file = SoundFile({{" radius=\"800.000\"", ""}});
+    const double turn = std::sin(std::atan(0.03)) + std::sin(std::atan(0.02));
+    EXPECT_NEAR(ProfileLine(Design(file)).Points()[2].radius, 40 / turn, 1e-9);
 }
 
 TEST(ProfileLine, WhoseStationsDoNotRiseHasNoHeights)

@@ -63,7 +63,7 @@ TEST(ReadLandXml, ReadsEveryKindOfElement)
     EXPECT_EQ(file.pointGroups.size(), 2U);
     EXPECT_TRUE(file.pointGroups[0].IsIntermediate());
     EXPECT_TRUE(file.pointGroups[1].IsWidthStakes());
-    EXPECT_EQ(file.pointGroups[1].AlignmentRefs(), L"線形1");
+    EXPECT_EQ(file.pointGroups[1].alignmentRefs, L"線形1");
     EXPECT_EQ(file.pointGroups[0].points[2].direction.text, L"63.38452961");
     const Alignment& alignment = file.routes.front().alignments.front();
     EXPECT_EQ(alignment.elements.size(), 5U);

@@ -3,7 +3,8 @@
 
     recompute.py PROGRAM WORK_FOLDER FILE...    (PROGRAM with what runs it in front, parted by semicolons)
 
-Clothoids by the power series of Fresnel's integrals, circles by their centres, parabolas by their equation: nothing is
+Clothoids by the power series of Fresnel's integrals, circles by their centres, parabolas by their equation, also in the
+profile: nothing is
 shared with the program. Coordinates may differ by 0.5 mm, azimuths by a tenth of a second, heights by 0.5 mm.
 """
 import csv
@@ -96,7 +97,8 @@ class Alignment:
                   if prop.get("label") == "profAlignRefs"]
         designs = node.findall(f"{NAMESPACE}Profile/{NAMESPACE}ProfAlign")
         design = next((one for one in designs if one.get("name") in wanted), designs[0] if designs else None)
-        self.profile = [(*map(float, one.text.split()), float(one.get("length", 0)))
+        self.profile = [(*map(float, one.text.split()), float(one.get("length", 0)),
+                         float(one.get("radius")) if one.tag == NAMESPACE + "CircCurve" else None)
                         for one in (design if design is not None else [])]
 
     def at(self, station):
@@ -107,10 +109,27 @@ class Alignment:
             distance -= element.length
         raise ValueError(station)
 
+    @staticmethod
+    def arc_height(before, here, behind, station):
+        """On the circle whose centre lies on the line that halves the angle of the tangents; none beside its arc."""
+        into = math.atan2(here[1] - before[1], here[0] - before[0])
+        out = math.atan2(behind[1] - here[1], behind[0] - here[0])
+        radius, half, side = here[3], abs(out - into) / 2, 1 if out > into else -1
+        to_centre = side * radius / math.cos(half)
+        centre = (here[0] - to_centre * math.sin((into + out) / 2), here[1] + to_centre * math.cos((into + out) / 2))
+        touches = [centre[0] + side * radius * math.sin(slope) for slope in (into, out)]
+        if not min(touches) < station < max(touches):
+            return None
+        return centre[1] - side * math.sqrt(radius ** 2 - (station - centre[0]) ** 2)
+
     def height(self, station):
         profile = self.profile
         for before, here, behind in zip(profile, profile[1:], profile[2:]):
-            if abs(station - here[0]) < here[2] / 2:
+            if here[3]:
+                height = self.arc_height(before, here, behind, station)
+                if height is not None:
+                    return height
+            elif abs(station - here[0]) < here[2] / 2:
                 into = (here[1] - before[1]) / (here[0] - before[0])
                 out = (behind[1] - here[1]) / (behind[0] - here[0])
                 x = station - (here[0] - here[2] / 2)
