@@ -15,11 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace jlandxml;
     using namespace jlandxml::inspect;
-    std::vector<const Check*> checks;
-    for (const Check& check : AllChecks())
-    {
-        checks.push_back(&check);
-    }
+    const std::vector<const Check*> checks = EveryCheck();
     try
     {
         const LandXmlFile file = ReadLandXmlBytes({reinterpret_cast<const char*>(data), size}, L"fuzz.xml");

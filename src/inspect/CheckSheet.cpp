@@ -12,11 +12,11 @@ namespace jlandxml::inspect
 namespace
 {
 
-constexpr const wchar_t* NOTHING = L"なし";
+constexpr Sentence NOTHING{L"なし", L"none"};
 
-std::wstring OrNothing(std::wstring text)
+Detail OrNothing(const std::wstring& text)
 {
-    return text.empty() ? NOTHING : text;
+    return text.empty() ? Detail(NOTHING, {}) : Detail(text);
 }
 
 std::wstring Coordinates(const PlanPoint& point)
@@ -25,35 +25,35 @@ std::wstring Coordinates(const PlanPoint& point)
            std::wstring(point.east.text) + L"）";
 }
 
-std::wstring CoordinateSystemText(const LandXmlFile& file)
+Detail CoordinateSystemText(const LandXmlFile& file)
 {
     if (!file.coordinateSystem)
     {
-        return NOTHING;
+        return OrNothing(L"");
     }
     const CoordinateSystem& system = *file.coordinateSystem;
     return std::wstring(system.horizontalDatum) + L" " + std::wstring(system.zoneName) + L" " +
            std::wstring(system.verticalDatum);
 }
 
-std::wstring ControlPoints(const LandXmlFile& file)
+Detail ControlPoints(const LandXmlFile& file)
 {
     std::size_t count = 0;
     for (const PointGroup& group : file.pointGroups)
     {
         count += group.kind.empty() ? group.points.size() : 0;
     }
-    return count == 0 ? NOTHING : std::to_wstring(count) + L"点";
+    return count == 0 ? OrNothing(L"") : Detail({L"{}点", L"{} points"}, {std::to_wstring(count)});
 }
 
-std::wstring Ends(const Alignment& alignment)
+Detail Ends(const Alignment& alignment)
 {
     return alignment.elements.empty()
-               ? NOTHING
+               ? OrNothing(L"")
                : Coordinates(alignment.elements.front().start) + L"～" + Coordinates(alignment.elements.back().end);
 }
 
-std::wstring MainPoints(const Alignment& alignment)
+Detail MainPoints(const Alignment& alignment)
 {
     std::wstring text;
     for (std::size_t index = 1; index < alignment.elements.size(); ++index)
@@ -63,7 +63,7 @@ std::wstring MainPoints(const Alignment& alignment)
     return OrNothing(text);
 }
 
-std::wstring Curves(const Alignment& alignment)
+Detail Curves(const Alignment& alignment)
 {
     std::wstring text;
     for (const PlanElement& element : alignment.elements)
@@ -78,12 +78,12 @@ std::wstring Curves(const Alignment& alignment)
     return OrNothing(text);
 }
 
-std::wstring StartAndLength(const Alignment& alignment)
+Detail StartAndLength(const Alignment& alignment)
 {
-    return std::wstring(alignment.staStart.text) + L" m、長さ " + std::wstring(alignment.length.text) + L" m";
+    return {{L"{} m、長さ {} m", L"{} m, length {} m"}, {alignment.staStart.text, alignment.length.text}};
 }
 
-std::wstring Equations(const Alignment& alignment)
+Detail Equations(const Alignment& alignment)
 {
     std::wstring text;
     for (const StaEquation& equation : alignment.equations)
@@ -94,20 +94,20 @@ std::wstring Equations(const Alignment& alignment)
 }
 
 /// The points of the design profile as station and height.
-std::wstring ProfileEnds(const Alignment& alignment)
+Detail ProfileEnds(const Alignment& alignment)
 {
     const ProfAlign* const design = DesignProfile(alignment);
     if (design == nullptr || design->elements.empty())
     {
-        return NOTHING;
+        return OrNothing(L"");
     }
-    const auto text = [](const ProfileElement& element) {
-        return std::wstring(element.station.text) + L" m 高さ " + std::wstring(element.height.text) + L" m";
-    };
-    return text(design->elements.front()) + L"～" + text(design->elements.back());
+    const ProfileElement& first = design->elements.front();
+    const ProfileElement& last = design->elements.back();
+    return {{L"{} m 高さ {} m～{} m 高さ {} m", L"{} m height {} m～{} m height {} m"},
+            {first.station.text, first.height.text, last.station.text, last.height.text}};
 }
 
-std::wstring VerticalCurves(const Alignment& alignment)
+Detail VerticalCurves(const Alignment& alignment)
 {
     const ProfAlign* const design = DesignProfile(alignment);
     std::wstring text;
@@ -120,7 +120,7 @@ std::wstring VerticalCurves(const Alignment& alignment)
     return OrNothing(text);
 }
 
-std::wstring SectionNames(const Alignment& alignment)
+Detail SectionNames(const Alignment& alignment)
 {
     std::wstring text;
     for (const CrossSects& sects : alignment.crossSects)
@@ -134,7 +134,7 @@ std::wstring SectionNames(const Alignment& alignment)
 }
 
 /// A section's width: from its surfaces' leftmost point to the rightmost.
-std::wstring SectionWidths(const Alignment& alignment)
+Detail SectionWidths(const Alignment& alignment)
 {
     Range offsets;
     for (const CrossSects& sects : alignment.crossSects)
@@ -145,45 +145,55 @@ std::wstring SectionWidths(const Alignment& alignment)
             {
                 for (const CrossSectPnt& point : surface.points)
                 {
-                    offsets.Take(point.offset.value);
+                    offsets.Take(point.offset);
                 }
             }
         }
     }
-    return offsets.IsEmpty()
-               ? NOTHING
-               : L"左 " + ShortNumber(-offsets.Smallest(), 3) + L" m、右 " + ShortNumber(offsets.Largest(), 3) + L" m";
+    if (offsets.IsEmpty())
+    {
+        return OrNothing(L"");
+    }
+    // A width on the left is an offset without its sign.
+    std::wstring left = offsets.SmallestText();
+    left = left.starts_with(L'-') ? left.substr(1) : left;
+    return {{L"左 {} m、右 {} m", L"left {} m, right {} m"}, {left, offsets.LargestText()}};
 }
 
 /// What is collated of each alignment, in the sheet's order.
 struct AlignmentItem
 {
-    const wchar_t* subject;
-    const wchar_t* what;
-    std::wstring (*value)(const Alignment& alignment);
+    Sentence subject;
+    Sentence what;
+    Detail (*value)(const Alignment& alignment);
 };
+constexpr Sentence CONTROL{L"基準点", L"Control points"};
+constexpr Sentence PLAN{L"平面線形", L"Plan"};
+constexpr Sentence PROFILE{L"縦断線形", L"Profile"};
+constexpr Sentence SECTIONS{L"横断形状", L"Cross sections"};
 constexpr AlignmentItem ALIGNMENT_ITEMS[] = {
-    {L"平面線形", L"起終点の座標", Ends},
-    {L"平面線形", L"変化点（線形主要点）", MainPoints},
-    {L"平面線形", L"曲線要素の種別・数値", Curves},
-    {L"平面線形", L"開始測点と長さ", StartAndLength},
-    {L"平面線形", L"ブレーキ", Equations},
-    {L"縦断線形", L"線形起終点の測点、標高", ProfileEnds},
-    {L"縦断線形", L"縦断変化点と曲線要素", VerticalCurves},
-    {L"横断形状", L"作成した測点", SectionNames},
-    {L"横断形状", L"幅", SectionWidths},
+    {PLAN, {L"起終点の座標", L"Coordinates of both ends"}, Ends},
+    {PLAN, {L"変化点（線形主要点）", L"Main points"}, MainPoints},
+    {PLAN, {L"曲線要素の種別・数値", L"Curves: kinds and figures"}, Curves},
+    {PLAN, {L"開始測点と長さ", L"Start station and length"}, StartAndLength},
+    {PLAN, {L"ブレーキ", L"Station equations"}, Equations},
+    {PROFILE, {L"線形起終点の測点、標高", L"Stations and heights of both ends"}, ProfileEnds},
+    {PROFILE, {L"縦断変化点と曲線要素", L"Gradient changes and vertical curves"}, VerticalCurves},
+    {SECTIONS, {L"作成した測点", L"Stations"}, SectionNames},
+    {SECTIONS, {L"幅", L"Width"}, SectionWidths},
 };
 
 } // namespace
 
 std::vector<CheckSheetRow> CheckSheet(const LandXmlFile& file)
 {
-    std::vector<CheckSheetRow> rows{{L"基準点", L"座標参照系", CoordinateSystemText(file)},
-                                    {L"基準点", L"基準点及び工事基準点", ControlPoints(file)}};
+    std::vector<CheckSheetRow> rows{
+        {CONTROL, L"", {L"座標参照系", L"Coordinate system"}, CoordinateSystemText(file)},
+        {CONTROL, L"", {L"基準点及び工事基準点", L"Control points and those of the works"}, ControlPoints(file)}};
     for (const AlignmentItem& item : ALIGNMENT_ITEMS)
     {
         ForEachAlignment(file, [&](const Alignment& alignment) {
-            rows.push_back({Path(item.subject, NameOf(alignment)), item.what, item.value(alignment)});
+            rows.push_back({item.subject, NameOf(alignment), item.what, item.value(alignment)});
         });
     }
     return rows;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inspect/Finding.h"
 #include "inspect/LandXmlFile.h"
 
 #include <string>
@@ -11,9 +12,10 @@ namespace jlandxml::inspect
 /// A line of the check sheet on which road engineers tick off that design data agree with the drawings.
 struct CheckSheetRow
 {
-    std::wstring subject; ///< 基準点, 平面線形, 縦断線形 or 横断形状, with the alignment
-    std::wstring what;
-    std::wstring value; ///< what the file has
+    Sentence subject;       ///< 基準点, 平面線形, 縦断線形 or 横断形状
+    std::wstring alignment; ///< of which; empty: of the file
+    Sentence what;
+    Detail value; ///< what the file has
 };
 
 /// The lines in the sheet's order: control points, plan, profile, cross sections, of each alignment.

@@ -477,6 +477,16 @@ std::span<const Check> AllChecks()
     return CHECKS;
 }
 
+std::vector<const Check*> EveryCheck()
+{
+    std::vector<const Check*> checks;
+    for (const Check& check : CHECKS)
+    {
+        checks.push_back(&check);
+    }
+    return checks;
+}
+
 const Check* FindCheck(std::wstring_view code)
 {
     const auto* const found =

@@ -13,6 +13,9 @@ namespace jlandxml::inspect
 /// All checks, in the order in which they run and are listed.
 std::span<const Check> AllChecks();
 
+/// The same as Inspect takes them.
+std::vector<const Check*> EveryCheck();
+
 /// The check of a code; null if there is none.
 const Check* FindCheck(std::wstring_view code);
 

@@ -68,9 +68,9 @@ Html& Html::Number(double value, int decimals)
     return *this;
 }
 
-Html& Html::Words(std::string_view tag, std::wstring_view japanese, std::string_view english)
+Html& Html::Words(std::string_view tag, std::wstring_view japanese, std::wstring_view english)
 {
-    Raw("<").Raw(tag).Raw(" data-en=\"").Raw(english).Raw("\">").Text(japanese);
+    Raw("<").Raw(tag).Raw(" data-en=\"").Text(english).Raw("\">").Text(japanese);
     return Raw("</").Raw(tag.substr(0, tag.find(' '))).Raw(">");
 }
 

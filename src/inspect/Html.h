@@ -23,8 +23,9 @@ class Html
     /// A number with so many decimals, without zeros at its end; "0" for what is no number.
     Html& Number(double value, int decimals = 3);
 
-    /// A heading or label in both of the page's languages: Japanese, and English for the switch.
-    Html& Words(std::string_view tag, std::wstring_view japanese, std::string_view english);
+    /// A heading, label or sentence in both of the page's languages: Japanese, and English for the switch. Either may
+    /// hold texts of a file.
+    Html& Words(std::string_view tag, std::wstring_view japanese, std::wstring_view english);
 
     std::size_t Size() const { return page_.size(); }
     std::string Take() { return std::move(page_); }

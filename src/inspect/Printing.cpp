@@ -151,6 +151,14 @@ std::wstring ToleranceText(const Check& check)
 
 } // namespace
 
+std::wstring FindingLine(const Finding& finding)
+{
+    std::wstring text = SeverityName(finding.severity) + (L" " + std::wstring(finding.check->code));
+    text.append(finding.line > 0 ? L" " + std::to_wstring(finding.line) + L"行目" : L"");
+    text.append(finding.object.empty() ? L"" : L" ").append(finding.object);
+    return text.append(L": ").append(finding.text).append(L"\n");
+}
+
 std::wstring FindingsText(const std::vector<Finding>& findings)
 {
     std::wstring text = L"  検査結果: ";
@@ -163,10 +171,7 @@ std::wstring FindingsText(const std::vector<Finding>& findings)
     }
     for (const Finding& finding : findings)
     {
-        text.append(L"    ").append(SeverityName(finding.severity)).append(L" ").append(finding.check->code);
-        text.append(finding.line > 0 ? L" " + std::to_wstring(finding.line) + L"行目" : L"");
-        text.append(finding.object.empty() ? L"" : L" ").append(finding.object);
-        text.append(L": ").append(finding.text).append(L"\n");
+        text.append(L"    ").append(FindingLine(finding));
     }
     return text;
 }

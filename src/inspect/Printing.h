@@ -12,6 +12,9 @@ namespace jlandxml::inspect
 /// The findings for people: how many of each severity, then a line for each.
 std::wstring FindingsText(const std::vector<Finding>& findings);
 
+/// One of these lines, with its line feed: severity, code, line of the file, element, what is said.
+std::wstring FindingLine(const Finding& finding);
+
 /// A file's summary and findings as one line of JSON.
 std::wstring JsonLine(const LandXmlFile& file, const std::vector<Finding>& findings);
 

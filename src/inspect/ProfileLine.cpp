@@ -1,5 +1,7 @@
 #include "inspect/ProfileLine.h"
 
+#include "base/Numbers.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -69,6 +71,18 @@ double CurveOffset(const ProfilePoint& point, double distance)
     return atPoint * (toEnd / length) * (toEnd / length);
 }
 
+template <class Line>
+std::wstring TextOfHeight(const std::optional<Line>& line, double station, int decimals)
+{
+    const Figure* const own = line ? line->OwnHeightAt(station) : nullptr;
+    if (own != nullptr)
+    {
+        return std::wstring(own->text);
+    }
+    const std::optional<double> height = line ? line->HeightAt(station) : std::nullopt;
+    return height && std::isfinite(*height) ? FormatFixed(*height, decimals) : std::wstring();
+}
+
 } // namespace
 
 ProfileLine::ProfileLine(const ProfAlign& profile)
@@ -121,6 +135,14 @@ std::optional<double> ProfileLine::HeightAt(double station) const
     return height;
 }
 
+const Figure* ProfileLine::OwnHeightAt(double station) const
+{
+    const auto at = std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
+                                     [](const ProfilePoint& point, double value) { return point.station < value; });
+    const bool isThere = isRising_ && at != points_.end() && std::abs(at->station - station) <= SAME_STATION;
+    return isThere && !at->HasCurve() ? &at->element->height : nullptr;
+}
+
 GroundLine::GroundLine(const ProfSurf& ground)
 {
     for (const PairList& list : ground.lists)
@@ -131,7 +153,7 @@ GroundLine::GroundLine(const ProfSurf& ground)
             const bool isBehind = points_.empty() || pair.first.value > points_.back().station;
             if (pair.first.IsFinite() && pair.second.IsFinite() && isBehind)
             {
-                points_.push_back({pair.first.value, pair.second.value, isConnected});
+                points_.push_back({pair.first.value, pair.second.value, isConnected, &pair.second});
                 isConnected = true;
             }
         }
@@ -140,8 +162,7 @@ GroundLine::GroundLine(const ProfSurf& ground)
 
 std::optional<double> GroundLine::HeightAt(double station) const
 {
-    const auto behind = std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
-                                         [](const Point& point, double value) { return point.station < value; });
+    const auto behind = AtOrBehind(station);
     if (behind == points_.end())
     {
         return {};
@@ -157,6 +178,28 @@ std::optional<double> GroundLine::HeightAt(double station) const
     const Point& before = behind[-1];
     const double part = (station - before.station) / (behind->station - before.station);
     return before.height + part * (behind->height - before.height);
+}
+
+const Figure* GroundLine::OwnHeightAt(double station) const
+{
+    const auto at = AtOrBehind(station);
+    return at != points_.end() && std::abs(at->station - station) <= SAME_STATION ? at->figure : nullptr;
+}
+
+std::vector<GroundLine::Point>::const_iterator GroundLine::AtOrBehind(double station) const
+{
+    return std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
+                            [](const Point& point, double value) { return point.station < value; });
+}
+
+std::wstring HeightText(const std::optional<ProfileLine>& line, double station, int decimals)
+{
+    return TextOfHeight(line, station, decimals);
+}
+
+std::wstring HeightText(const std::optional<GroundLine>& line, double station, int decimals)
+{
+    return TextOfHeight(line, station, decimals);
 }
 
 } // namespace jlandxml::inspect

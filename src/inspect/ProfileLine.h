@@ -39,6 +39,9 @@ class ProfileLine
     /// The height at a station; nothing outside the profile or if its stations don't rise.
     std::optional<double> HeightAt(double station) const;
 
+    /// The file's own figure of that height, where a point without a curve lies at the station; else null.
+    const Figure* OwnHeightAt(double station) const;
+
   private:
     std::vector<ProfilePoint> points_;
     bool isRising_ = true;
@@ -54,14 +57,26 @@ class GroundLine
     /// The height at a station; nothing outside the line and in its gaps.
     std::optional<double> HeightAt(double station) const;
 
+    /// The file's own figure of that height, where a point of the line lies at the station; else null.
+    const Figure* OwnHeightAt(double station) const;
+
   private:
     struct Point
     {
         double station;
         double height;
         bool isConnected; ///< to the point before
+        const Figure* figure;
     };
+
+    std::vector<Point>::const_iterator AtOrBehind(double station) const;
+
     std::vector<Point> points_;
 };
+
+/// The height at a station as sheets show it: the file's own figure if it has one there, else the computed one with so
+/// many decimals; empty where there is none.
+std::wstring HeightText(const std::optional<ProfileLine>& line, double station, int decimals);
+std::wstring HeightText(const std::optional<GroundLine>& line, double station, int decimals);
 
 } // namespace jlandxml::inspect

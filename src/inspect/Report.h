@@ -38,8 +38,14 @@ void DrawProfile(Drawing& drawing, const Alignment& alignment);
 /// A cross section, with its heights as elevations where the profile gives one to stand on.
 void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section);
 
-/// The style and the script of a page.
+/// The surfaces to turn around in three dimensions, thinned where they have more faces than a page can hold; nothing
+/// without a surface.
+void DrawTerrain(Drawing& drawing, const LandXmlFile& file);
+
+/// The style and the scripts of a page: plans and language, leafing through cross sections, surfaces.
 extern const char* const REPORT_STYLE;
 extern const char* const REPORT_SCRIPT;
+extern const char* const SECTIONS_SCRIPT;
+extern const char* const TERRAIN_SCRIPT;
 
 } // namespace jlandxml::inspect

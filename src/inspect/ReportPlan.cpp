@@ -25,6 +25,11 @@ constexpr double MOST_CHORDS = 400;
 /// Half the length of a tick at a main station, in metres.
 constexpr double TICK = 2;
 
+// In pixels.
+constexpr double BESIDE_A_TICK = 6;
+constexpr double BESIDE_THE_LINE = 12;
+constexpr double HALF_A_LETTER = 4;
+
 /// The corner from which a file's plans count.
 struct Corner
 {
@@ -135,6 +140,17 @@ class PlanDrawer
         page_.Number(corner_.Y(north)).Raw("\">").Text(text).Raw("</text>");
     }
 
+    /// A label beside the alignment, so many pixels from a place: to its right (negative: left).
+    void LabelBeside(const Position& at, double pixels, const char* kind, std::wstring_view text)
+    {
+        const double x = std::cos(at.azimuth) * pixels;
+        const char* const anchor = x > std::abs(pixels) / 3 ? "start" : x < -std::abs(pixels) / 3 ? "end" : "middle";
+        page_.Raw("<text class=\"").Raw(kind).Raw("\" x=\"").Number(corner_.X(at.east)).Raw("\" y=\"");
+        page_.Number(corner_.Y(at.north)).Raw("\" style=\"--x:").Number(x, 1).Raw(";--y:");
+        page_.Number(std::sin(at.azimuth) * pixels + HALF_A_LETTER, 1).Raw(";text-anchor:").Raw(anchor).Raw("\">");
+        page_.Text(text).Raw("</text>");
+    }
+
     void DrawElement(const PlanElement& element, const ElementCourse& course)
     {
         if (!course.IsKnown())
@@ -181,8 +197,9 @@ class PlanDrawer
         if (isBent && figure.IsWritten())
         {
             const Position middle = course.At(course.stretches.front().length / 2);
-            Label(middle.north, middle.east, "data",
-                  (element.kind == ElementKind::Curve ? L"R=" : L"A=") + ShortNumber(figure.value, 3));
+            // On the outer side, where there is room.
+            LabelBeside(middle, element.rot == L"ccw" ? BESIDE_THE_LINE : -BESIDE_THE_LINE, "data",
+                        (element.kind == ElementKind::Curve ? L"R=" : L"A=") + std::wstring(figure.text));
         }
     }
 
@@ -238,7 +255,7 @@ class PlanDrawer
         page_.Raw("L");
         Place(at.north + north, at.east + east);
         page_.Raw("\"/>");
-        Label(at.north + north, at.east + east, kind, label);
+        LabelBeside({at.north + north, at.east + east, at.azimuth}, BESIDE_A_TICK, kind, label);
     }
 
     void DrawStations()

@@ -35,6 +35,8 @@ constexpr double HIGHEST = 20000;
 /// Texts on end that stand nearer than this to one another can't be read.
 constexpr double TEXT_GAP = 13;
 
+constexpr int HEIGHT_DECIMALS = 3;
+
 class ProfileDrawer
 {
   public:
@@ -68,7 +70,14 @@ class ProfileDrawer
     }
 
   private:
-    static double Height() { return TOP + GRAPH + 3 * TEXT_BAND + 3 * DIAGRAM_BAND + 20; }
+    bool HasSlopes() const { return !alignment_.superelevations.empty() || !alignment_.slopes.empty(); }
+    bool HasWidening() const { return !alignment_.wideningLeft.empty() || !alignment_.wideningRight.empty(); }
+
+    double Height() const
+    {
+        const int diagrams = 1 + (HasSlopes() ? 1 : 0) + (HasWidening() ? 1 : 0);
+        return TOP + GRAPH + 3 * TEXT_BAND + diagrams * DIAGRAM_BAND + 20;
+    }
 
     double X(double station) const { return LEFT + (station - course_.StaStart()) * scale_; }
 
@@ -160,8 +169,19 @@ class ProfileDrawer
                     }
                 }
                 page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
+                if (!ground.lists.empty() && !ground.lists.front().pairs.empty())
+                {
+                    const FigurePair& first = ground.lists.front().pairs.front();
+                    LabelLine(first.first.value, first.second.value, ground.name);
+                }
             }
         }
+    }
+
+    /// The name of a line above its first point.
+    void LabelLine(double station, double height, std::wstring_view name)
+    {
+        Label("name", X(station) + 4, Y(height) - 5, name);
     }
 
     void DrawDesigns()
@@ -200,7 +220,24 @@ class ProfileDrawer
             }
         }
         page_.Raw("\"><title>").Text(design.name).Raw("</title></path>");
+        DrawTangents(line);
         LabelDesign(line);
+        if (!line.Points().empty())
+        {
+            LabelLine(line.Points().front().station, line.Points().front().height, design.name);
+        }
+    }
+
+    void DrawTangents(const ProfileLine& line)
+    {
+        page_.Raw("<path class=\"tangent\" d=\"");
+        const char* step = "M";
+        for (const ProfilePoint& point : line.Points())
+        {
+            page_.Raw(step).Number(X(point.station), 2).Raw(" ").Number(Y(point.height), 2);
+            step = "L";
+        }
+        page_.Raw("\"/>");
     }
 
     void LabelDesign(const ProfileLine& line)
@@ -220,11 +257,12 @@ class ProfileDrawer
             }
             if (point.HasCurve())
             {
+                const double length = point.lengthIn + point.lengthOut;
                 const double change = std::abs(point.gradientOut - point.gradientIn);
                 Label("curvature", X(point.station),
                       Y(point.height) + (point.gradientOut < point.gradientIn ? -10 : 20),
-                      L"VCL=" + ShortNumber(point.lengthIn + point.lengthOut, 3) + L" VCR=" +
-                          ShortNumber((point.lengthIn + point.lengthOut) / change, 3));
+                      L"VCL=" + OwnOr(point.element->length, length) + L" VCR=" +
+                          OwnOr(point.element->radius, length / change));
             }
         }
     }
@@ -244,22 +282,28 @@ class ProfileDrawer
             }
         }
         double top = TOP + GRAPH;
-        TextBand(top, L"計画高", "Design",
-                 [&](double station) { return HeightText(line ? line->HeightAt(station) : std::nullopt); });
-        TextBand(top, L"地盤高", "Ground",
-                 [&](double station) { return HeightText(ground ? ground->HeightAt(station) : std::nullopt); });
-        TextBand(top, L"測点", "Station", [&](double station) { return labels_.At(station); });
+        TextBand(top, L"計画高", L"Design", [&](double station) { return HeightText(line, station, HEIGHT_DECIMALS); });
+        TextBand(top, L"地盤高", L"Ground",
+                 [&](double station) { return HeightText(ground, station, HEIGHT_DECIMALS); });
+        TextBand(top, L"測点", L"Station", [&](double station) { return labels_.At(station); });
         CurveBand(top);
-        SuperelevationBand(top);
-        WideningBand(top);
+        if (HasSlopes())
+        {
+            SuperelevationBand(top);
+        }
+        if (HasWidening())
+        {
+            WideningBand(top);
+        }
     }
 
-    static std::wstring HeightText(const std::optional<double>& height)
+    /// The file's own figure, else one that was computed.
+    static std::wstring OwnOr(const Figure& figure, double computed)
     {
-        return height ? FormatFixed(*height, 3) : std::wstring();
+        return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(computed, 3);
     }
 
-    void BandHead(double top, double height, const wchar_t* japanese, const char* english)
+    void BandHead(double top, double height, const wchar_t* japanese, const wchar_t* english)
     {
         page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 14, 1);
         page_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
@@ -268,7 +312,7 @@ class ProfileDrawer
     }
 
     template <class TextAt>
-    void TextBand(double& top, const wchar_t* japanese, const char* english, TextAt&& textAt)
+    void TextBand(double& top, const wchar_t* japanese, const wchar_t* english, TextAt&& textAt)
     {
         BandHead(top, TEXT_BAND, japanese, english);
         double last = -TEXT_GAP;
@@ -286,7 +330,7 @@ class ProfileDrawer
     /// A curve to the right stands above the band's middle line, one to the left below it; a clothoid leads there.
     void CurveBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"平面曲線", "Curves");
+        BandHead(top, DIAGRAM_BAND, L"平面曲線", L"Curves");
         const double middle = top + DIAGRAM_BAND / 2;
         const double rise = DIAGRAM_BAND * 0.36;
         double station = course_.StaStart();
@@ -305,12 +349,12 @@ class ProfileDrawer
                 Line("diagram", X(station), middle, X(station), from);
                 Line("diagram", X(end), to, X(end), middle);
                 Label("data", (X(station) + X(end)) / 2, from + (turn > 0 ? 14 : -6),
-                      L"R=" + ShortNumber(element.radius.value, 3));
+                      L"R=" + std::wstring(element.radius.text));
             }
             if (isSpiral && element.parameter.IsWritten())
             {
                 Label("data", (X(station) + X(end)) / 2, middle + (turn > 0 ? 14 : -6),
-                      L"A=" + ShortNumber(element.parameter.value, 3));
+                      L"A=" + std::wstring(element.parameter.text));
             }
             station = end;
         }
@@ -321,8 +365,8 @@ class ProfileDrawer
     struct Step
     {
         double station;
-        double value; ///< upward
-        double shown; ///< what stands beside it
+        double value;       ///< upward
+        std::wstring shown; ///< what stands beside it
     };
 
     void DrawSteps(const char* kind, double middle, double unit, const std::vector<Step>& steps)
@@ -344,8 +388,7 @@ class ProfileDrawer
         {
             if (entry.Station().IsFinite() && entry.At(column).IsFinite())
             {
-                const double value = entry.At(column).value;
-                steps.push_back({entry.Station().value, value, value});
+                steps.push_back({entry.Station().value, entry.At(column).value, std::wstring(entry.At(column).text)});
             }
         }
         return steps;
@@ -394,43 +437,56 @@ class ProfileDrawer
         return stations;
     }
 
-    static void Add(std::vector<Step>& steps, const std::optional<double>& station, double value)
+    /// A slope in the file's own digits, uphill from the crown or down.
+    struct Slope
+    {
+        double value;
+        std::wstring text;
+
+        explicit Slope(const Figure& figure)
+            : value(figure.IsFinite() ? std::abs(figure.value) : 0),
+              text(figure.IsFinite() ? figure.text : L"0")
+        {
+            text.erase(0, text.find_first_not_of(L"+-"));
+        }
+    };
+
+    static void Add(std::vector<Step>& steps, const std::optional<double>& station, const Slope& slope, int sign)
     {
         if (station)
         {
-            steps.push_back({*station, value, value});
+            steps.push_back({*station, sign * slope.value, (sign < 0 && slope.value > 0 ? L"-" : L"") + slope.text});
         }
     }
 
     /// The edges of the road through the transitions: the outer one from the crown's slope over level to the full
     /// slope and back, the inner one from the crown's slope straight to it.
-    void AddTransition(const Superelevation& one, double crown, std::vector<Step>& outer,
+    void AddTransition(const Superelevation& one, const Slope& crown, std::vector<Step>& outer,
                        std::vector<Step>& inner) const
     {
-        const double full = one.fullSuperelev.IsFinite() ? std::abs(one.fullSuperelev.value) : 0;
+        const Slope full(one.fullSuperelev);
+        const Slope level{Figure()};
         const std::optional<double> begin = StationOf(one, L"BeginRunoutSta");
         const std::optional<double> end = StationOf(one, L"EndofRunoutSta");
         const std::optional<double> fullBegin = StationOf(one, L"FullSuperSta");
         const std::optional<double> fullEnd = StationOf(one, L"RunoffSta");
-        Add(outer, begin, -crown);
-        Add(outer, StationOf(one, L"BeginRunoffSta"), 0);
-        Add(outer, fullBegin, full);
-        Add(outer, fullEnd, full);
-        Add(outer, StationOf(one, L"StartofRunoutSta"), 0);
-        Add(outer, end, -crown);
+        Add(outer, begin, crown, -1);
+        Add(outer, StationOf(one, L"BeginRunoffSta"), level, 1);
+        Add(outer, fullBegin, full, 1);
+        Add(outer, fullEnd, full, 1);
+        Add(outer, StationOf(one, L"StartofRunoutSta"), level, 1);
+        Add(outer, end, crown, -1);
         const std::vector<double> reverse = ReverseCrowns(one);
-        Add(inner, reverse.empty() ? begin : reverse.front(), -crown);
-        Add(inner, fullBegin, -full);
-        Add(inner, fullEnd, -full);
-        Add(inner, reverse.size() < 2 ? end : reverse.back(), -crown);
+        Add(inner, reverse.empty() ? begin : reverse.front(), crown, -1);
+        Add(inner, fullBegin, full, -1);
+        Add(inner, fullEnd, full, -1);
+        Add(inner, reverse.size() < 2 ? end : reverse.back(), crown, -1);
     }
 
     void SuperelevationBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"片勾配（％）", "Cross slope (%)");
-        const Figure crownFigure =
-            ReadFigure(PropertyValue(alignment_.features, L"SuperelevationConfig", L"normalCrown"));
-        const double crown = crownFigure.IsFinite() ? crownFigure.value : 0;
+        BandHead(top, DIAGRAM_BAND, L"片勾配（％）", L"Cross slope (%)");
+        const Slope crown(ReadFigure(PropertyValue(alignment_.features, L"SuperelevationConfig", L"normalCrown")));
         std::vector<std::vector<Step>> lists{StepsOf(alignment_.slopes, 1), StepsOf(alignment_.slopes, 2)};
         if (alignment_.slopes.empty())
         {
@@ -438,13 +494,21 @@ class ProfileDrawer
             {
                 AddTransition(one, crown, lists[0], lists[1]);
             }
+            for (std::vector<Step>& steps : lists)
+            {
+                // Straight on, the road keeps its crown.
+                Add(steps, course_.StaStart(), crown, -1);
+                Add(steps, course_.StaEnd(), crown, -1);
+                std::stable_sort(steps.begin(), steps.end(),
+                                 [](const Step& one, const Step& other) { return one.station < other.station; });
+            }
         }
         DrawDiagram(top, lists);
     }
 
     void WideningBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"拡幅（m）", "Widening (m)");
+        BandHead(top, DIAGRAM_BAND, L"拡幅（m）", L"Widening (m)");
         std::vector<std::vector<Step>> lists{StepsOf(alignment_.wideningLeft, 1), StepsOf(alignment_.wideningRight, 1)};
         for (Step& step : lists[1])
         {
@@ -469,8 +533,7 @@ class ProfileDrawer
             {
                 if (X(step.station) - last > 34)
                 {
-                    Label("data", X(step.station), middle - step.value * unit + (side == 0 ? -3 : 11),
-                          ShortNumber(step.shown, 3));
+                    Label("data", X(step.station), middle - step.value * unit + (side == 0 ? -3 : 11), step.shown);
                     last = X(step.station);
                 }
             }

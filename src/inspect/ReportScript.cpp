@@ -28,7 +28,8 @@ svg path { fill: none; vector-effect: non-scaling-stroke; }
 svg text { fill: #222; }
 .plan text, .section text { font-size: calc(var(--u) * 11px); paint-order: stroke; stroke: #fff;
   stroke-width: calc(var(--u) * 2.5px); }
-.plan text { transform: translate(calc(var(--u) * 6px), calc(var(--u) * -5px)); }
+.plan text { transform: translate(calc(var(--u) * var(--x, 6) * 1px), calc(var(--u) * var(--y, -5) * 1px)); }
+.section text { transform: translate(0, calc(var(--u) * -4px)); }
 .element { stroke-width: 2.5; } .line { stroke: #1b4f9c; } .curve { stroke: #c0392b; } .spiral { stroke: #1e8449; }
 .irregular { stroke: #7d3c98; }
 .tick { stroke: #555; } .equation { fill: #c0392b; } text.station { fill: #555; }
@@ -39,19 +40,25 @@ svg text { fill: #222; }
 .outline, .contour { vector-effect: none; stroke-width: calc(var(--u) * 1px); }
 .outline { stroke: #8a8a6a; } .contour { stroke: #d5d0b8; }
 path.scale { stroke: #222; stroke-width: 3; }
-.profile text { font-size: 11px; } .profile .head { font-weight: bold; }
-.grid { stroke: #e2e2e2; } .band { fill: none; stroke: #999; }
+.profile text { font-size: 11px; paint-order: stroke; stroke: #fff; stroke-width: 3px; } .profile .head { font-weight: bold; }
+.grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; } .band { fill: none; stroke: #999; }
 .ground { stroke: #8b5a2b; stroke-width: 1.5; } .design { stroke: #c0392b; stroke-width: 1.8; }
 .diagram { stroke: #1b4f9c; stroke-width: 1.5; } .second { stroke-dasharray: 5 3; }
 .profile .gradient, .profile .curvature, .profile .data { text-anchor: middle; }
 .profile .data { font-size: 10px; } .gradient { fill: #c0392b !important; }
+.leaf { display: flex; gap: 8px; align-items: center; margin: 4px 0; }
+@media screen { .sections.leafed > figure:not(.shown) { display: none; } }
 .sections { display: grid; grid-template-columns: repeat(auto-fill, minmax(560px, 1fr)); gap: 12px; }
+@media screen { .sections.leafed { display: block; } }
 .sections figure { border: 1px solid #ccc; padding: 4px; break-inside: avoid; }
 svg.section { display: block; width: 100%; max-height: 420px; } .centre { stroke: #999; stroke-dasharray: 8 3 2 3; }
 svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: middle; }
 :target { outline: 3px solid #e67e22; stroke: #e67e22 !important; }
 .hidden { visibility: hidden; }
-@media print { nav, button { display: none; } .sheet { break-before: page; } section { overflow: visible; } }
+canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
+.meshes { display: flex; flex-wrap: wrap; gap: 4px 16px; } .swatch { display: inline-block; width: 12px; height: 12px; margin: 0 4px; }
+.terrainbox { position: relative; } .compass { position: absolute; right: 14px; top: 8px; font-weight: bold; }
+@media print { nav, button, .leaf { display: none; } .sheet { break-before: page; } section { overflow: visible; } }
 )css";
 
 const char* const REPORT_SCRIPT = R"js(
@@ -114,6 +121,128 @@ document.getElementById('language').addEventListener('click', event => {
   document.documentElement.lang = isEnglish ? 'en' : 'ja';
   event.target.textContent = isEnglish ? '日本語' : 'English';
 });
+)js";
+
+const char* const SECTIONS_SCRIPT = R"js(
+for (const leaf of document.querySelectorAll('.leaf')) {
+  const sections = leaf.nextElementSibling, figures = [...sections.children];
+  const list = leaf.querySelector('select'), all = leaf.querySelector('input');
+  const [previous, next] = leaf.querySelectorAll('button');
+  for (const figure of figures) list.add(new Option(figure.querySelector('figcaption').textContent));
+  function show(index) {
+    list.selectedIndex = Math.min(Math.max(index, 0), figures.length - 1);
+    figures.forEach((figure, number) => figure.classList.toggle('shown', number === list.selectedIndex));
+    sections.classList.toggle('leafed', !all.checked);
+    previous.disabled = list.selectedIndex === 0;
+    next.disabled = list.selectedIndex === figures.length - 1;
+    (all.checked ? sections : figures[list.selectedIndex]).querySelectorAll('svg').forEach(setUnit);
+  }
+  previous.addEventListener('click', () => show(list.selectedIndex - 1));
+  next.addEventListener('click', () => show(list.selectedIndex + 1));
+  list.addEventListener('change', () => show(list.selectedIndex));
+  all.addEventListener('change', () => show(list.selectedIndex));
+  // A finding may lead to a section that isn't shown.
+  function follow() {
+    const target = document.getElementById(location.hash.slice(1));
+    const index = figures.findIndex(figure => figure.contains(target));
+    if (target && index >= 0) { show(index); target.scrollIntoView({ block: 'center' }); }
+  }
+  window.addEventListener('hashchange', follow);
+  show(0);
+  follow();
+}
+)js";
+
+const char* const TERRAIN_SCRIPT = R"js(
+for (const box of document.querySelectorAll('.terrainbox')) {
+  const canvas = box.querySelector('canvas'), gl = canvas.getContext('webgl2', { antialias: true, preserveDrawingBuffer: true });
+  if (!gl) { box.querySelector('.nowebgl').hidden = false; canvas.hidden = true; continue; }
+  const VERTEX = `#version 300 es
+    in vec3 place; uniform vec3 middle; uniform vec4 turn; uniform vec2 zoom; uniform vec2 shift; uniform float rise; out vec3 world;
+    void main() {
+      world = (place - middle) * vec3(1.0, 1.0, rise);
+      float east = world.x * turn.x - world.y * turn.y, away = world.x * turn.y + world.y * turn.x;
+      float up = world.z * turn.z + away * turn.w, depth = away * turn.z - world.z * turn.w;
+      gl_Position = vec4((vec2(east, up) + shift) * zoom, depth / (2.0 + rise), 1.0);
+    }`;
+  const FRAGMENT = `#version 300 es
+    precision highp float; in vec3 world; uniform vec3 colour; out vec4 shade;
+    void main() {
+      vec3 normal = normalize(cross(dFdx(world), dFdy(world)));
+      shade = vec4(colour * (0.45 + 0.55 * abs(dot(normal, normalize(vec3(-0.5, 0.5, 0.9))))), 1.0);
+    }`;
+  const program = gl.createProgram();
+  for (const [kind, text] of [[gl.VERTEX_SHADER, VERTEX], [gl.FRAGMENT_SHADER, FRAGMENT]]) {
+    const shader = gl.createShader(kind);
+    gl.shaderSource(shader, text);
+    gl.compileShader(shader);
+    gl.attachShader(program, shader);
+  }
+  gl.bindAttribLocation(program, 0, 'place');
+  gl.linkProgram(program);
+  if (!gl.getProgramParameter(program, gl.LINK_STATUS)) throw new Error(gl.getProgramInfoLog(program));
+  gl.useProgram(program);
+  const uniform = name => gl.getUniformLocation(program, name);
+  const bytes = text => Uint8Array.from(atob(text), character => character.charCodeAt(0));
+  const COLOURS = [[0.66, 0.55, 0.38], [0.45, 0.62, 0.78], [0.55, 0.72, 0.45], [0.80, 0.52, 0.48], [0.62, 0.55, 0.75], [0.80, 0.75, 0.40]];
+  const meshes = [...box.querySelectorAll('.mesh')].map((label, number) => {
+    const array = gl.createVertexArray(), faces = bytes(label.dataset.faces), colour = COLOURS[number % COLOURS.length];
+    gl.bindVertexArray(array);
+    gl.bindBuffer(gl.ARRAY_BUFFER, gl.createBuffer());
+    gl.bufferData(gl.ARRAY_BUFFER, bytes(label.dataset.points), gl.STATIC_DRAW);
+    gl.enableVertexAttribArray(0);
+    gl.vertexAttribPointer(0, 3, gl.UNSIGNED_SHORT, true, 0, 0);
+    gl.bindBuffer(gl.ELEMENT_ARRAY_BUFFER, gl.createBuffer());
+    gl.bufferData(gl.ELEMENT_ARRAY_BUFFER, faces, gl.STATIC_DRAW);
+    label.querySelector('.swatch').style.background = `rgb(${colour.map(part => Math.round(part * 255))})`;
+    const check = label.querySelector('input');
+    check.addEventListener('change', draw);
+    return { array, count: faces.length / 4, colour, check };
+  });
+  const sizes = canvas.dataset.sizes.split(' ').map(Number), rise = box.querySelector('.rise'), compass = box.querySelector('.compass');
+  let yaw = 0.5, pitch = 0.7, east = 0, up = 0, held = null;
+  const reach = Math.hypot(sizes[0], sizes[1]) / 2, wide = (canvas.clientWidth || 1000) / (canvas.clientHeight || 560);
+  let near = 0.95 * Math.min(wide / reach, 1 / (reach * Math.sin(pitch) + sizes[2] / 2));
+  function draw() {
+    const width = canvas.clientWidth || 1000, height = canvas.clientHeight || 560, ratio = window.devicePixelRatio || 1;
+    canvas.width = width * ratio;
+    canvas.height = height * ratio;
+    gl.viewport(0, 0, canvas.width, canvas.height);
+    gl.enable(gl.DEPTH_TEST);
+    gl.clearColor(1, 1, 1, 1);
+    gl.clear(gl.COLOR_BUFFER_BIT | gl.DEPTH_BUFFER_BIT);
+    gl.uniform3f(uniform('middle'), sizes[0] / 2, sizes[1] / 2, sizes[2] / 2);
+    gl.uniform4f(uniform('turn'), Math.cos(yaw), Math.sin(yaw), Math.cos(pitch), Math.sin(pitch));
+    gl.uniform2f(uniform('zoom'), near * Math.min(1, height / width) , near * Math.min(1, height / width) * width / height);
+    gl.uniform2f(uniform('shift'), east, up);
+    gl.uniform1f(uniform('rise'), Number(rise.value));
+    for (const mesh of meshes.filter(one => one.check.checked)) {
+      gl.bindVertexArray(mesh.array);
+      gl.uniform3fv(uniform('colour'), mesh.colour);
+      gl.drawElements(gl.TRIANGLES, mesh.count, gl.UNSIGNED_INT, 0);
+    }
+    compass.style.transform = `rotate(${-yaw}rad)`;
+  }
+  rise.addEventListener('change', draw);
+  window.addEventListener('resize', draw);
+  canvas.addEventListener('wheel', event => { event.preventDefault(); near *= event.deltaY > 0 ? 0.8 : 1.25; draw(); }, { passive: false });
+  canvas.addEventListener('pointerdown', event => { held = event; canvas.setPointerCapture(event.pointerId); });
+  canvas.addEventListener('pointerup', () => { held = null; });
+  canvas.addEventListener('pointermove', event => {
+    if (!held) return;
+    const x = event.clientX - held.clientX, y = event.clientY - held.clientY;
+    if (event.shiftKey) {
+      east += x * 2 / (canvas.clientHeight * near);
+      up -= y * 2 / (canvas.clientHeight * near);
+    } else {
+      yaw += x * 0.01;
+      pitch = Math.min(Math.max(pitch + y * 0.01, 0), Math.PI / 2);
+    }
+    held = event;
+    draw();
+  });
+  draw();
+}
 )js";
 
 } // namespace jlandxml::inspect

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <set>
 
 namespace jlandxml::inspect
 {
@@ -69,9 +70,26 @@ class SectionDrawer
             DrawDesign(surface);
         }
         page_.Raw("</svg>");
+        DrawLegend();
     }
 
   private:
+    /// The pavement layers by their colours, each once.
+    void DrawLegend()
+    {
+        std::set<std::wstring_view> names;
+        for (const DesignCrossSectSurf& surface : section_.designs)
+        {
+            const std::wstring_view layer = PropertyValue(surface.features, L"", L"pavementClass");
+            const std::wstring_view name = layer.empty() ? surface.name : layer;
+            if (surface.IsClosed() && names.insert(name).second)
+            {
+                page_.Raw("<span class=\"swatch\" style=\"background:").Raw(ColourOf(surface)).Raw("\"></span>");
+                page_.Text(name).Raw(" ");
+            }
+        }
+    }
+
     /// The elevation of a point of a design surface, if the profile gives one.
     double Elevation(const DesignCrossSectSurf& surface, const CrossSectPnt& point) const
     {

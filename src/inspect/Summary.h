@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <string_view>
 
 namespace jlandxml::inspect
 {
@@ -13,15 +14,23 @@ namespace jlandxml::inspect
 class Range
 {
   public:
-    void Take(double value);
+    /// `text` is the file's own of the figure, if it was kept.
+    void Take(double value, std::wstring_view text = {});
+    void Take(const Figure& figure) { Take(figure.value, figure.text); }
 
     bool IsEmpty() const { return !(smallest_ <= largest_); }
     double Smallest() const { return smallest_; }
     double Largest() const { return largest_; }
 
+    /// The file's own texts of both where they were kept, else their digits.
+    std::wstring SmallestText() const;
+    std::wstring LargestText() const;
+
   private:
     double smallest_ = std::numeric_limits<double>::infinity();
     double largest_ = -std::numeric_limits<double>::infinity();
+    std::wstring_view smallestText_;
+    std::wstring_view largestText_;
 };
 
 /// Where the alignments' main points, the points and the surfaces of a file lie, in metres.
@@ -40,7 +49,14 @@ std::size_t CountOf(const Alignment& alignment, ElementKind kind);
 /// How many cross sections an alignment has.
 std::size_t CountOfSections(const Alignment& alignment);
 
-/// What is in a file, for people: lines of Japanese text, each with a line feed.
-std::wstring SummaryText(const LandXmlFile& file);
+/// The report has both.
+enum class Language
+{
+    Japanese,
+    English,
+};
+
+/// What is in a file, for people: lines of text, each with a line feed.
+std::wstring SummaryText(const LandXmlFile& file, Language language = Language::Japanese);
 
 } // namespace jlandxml::inspect

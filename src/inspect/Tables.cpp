@@ -41,6 +41,12 @@ std::wstring Computed(const std::optional<double>& value, int decimals)
     return value ? Computed(*value, decimals) : std::wstring();
 }
 
+/// A station of an alignment; its start is the file's own figure.
+std::wstring StationText(const Alignment& alignment, double station)
+{
+    return station == alignment.staStart.value ? Own(alignment.staStart) : Computed(station, STATION_DECIMALS);
+}
+
 /// A gradient in percent.
 std::wstring Percent(double gradient)
 {
@@ -73,12 +79,12 @@ Row ElementFigures(const PlanElement& element)
             std::wstring(element.rot)};
 }
 
-Row MainPointRow(const std::wstring& alignment, const StationLabels& labels, const PlanPoint& point, double station,
+Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const PlanPoint& point, double station,
                  const std::wstring& azimuth, const Row& figures)
 {
-    Row row{alignment,
+    Row row{NameOf(alignment),
             std::wstring(point.name),
-            Computed(station, STATION_DECIMALS),
+            StationText(alignment, station),
             labels.At(station),
             Own(point.north),
             Own(point.east),
@@ -96,7 +102,7 @@ void AddAlignment(const Alignment& alignment, Table& table)
     {
         const PlanElement& element = alignment.elements[index];
         const ElementCourse& one = course.Elements()[index];
-        table.rows.push_back(MainPointRow(NameOf(alignment), labels, element.start, station,
+        table.rows.push_back(MainPointRow(alignment, labels, element.start, station,
                                           one.IsKnown() ? DegreesText(one.StartAzimuth()) : std::wstring(),
                                           ElementFigures(element)));
         station += one.stationLength;
@@ -104,7 +110,7 @@ void AddAlignment(const Alignment& alignment, Table& table)
     if (!alignment.elements.empty())
     {
         const ElementCourse& last = course.Elements().back();
-        table.rows.push_back(MainPointRow(NameOf(alignment), labels, alignment.elements.back().end, station,
+        table.rows.push_back(MainPointRow(alignment, labels, alignment.elements.back().end, station,
                                           last.IsKnown() ? DegreesText(last.EndAzimuth()) : std::wstring(), Row(6)));
     }
 }
@@ -161,15 +167,13 @@ void AddStations(const Alignment& alignment, Table& table)
         const std::vector<Position> positions = course.At(one.station);
         const bool isKnown = !positions.empty();
         const bool isPoint = one.point != nullptr && one.point->IsPlaced();
-        const std::optional<double> height = line ? line->HeightAt(one.station) : std::nullopt;
-        const std::optional<double> groundHeight = ground ? ground->HeightAt(one.station) : std::nullopt;
         table.rows.push_back(
             {NameOf(alignment), labels.At(one.station), std::wstring(isPoint ? one.point->name : L""),
-             Computed(one.station, STATION_DECIMALS),
+             StationText(alignment, one.station),
              isPoint ? Own(one.point->north) : Computed(isKnown ? positions.front().north : NAN, COORDINATE_DECIMALS),
              isPoint ? Own(one.point->east) : Computed(isKnown ? positions.front().east : NAN, COORDINATE_DECIMALS),
-             isKnown ? DegreesText(positions.front().azimuth) : std::wstring(), Computed(height, COORDINATE_DECIMALS),
-             Computed(groundHeight, COORDINATE_DECIMALS)});
+             isKnown ? DegreesText(positions.front().azimuth) : std::wstring(),
+             HeightText(line, one.station, COORDINATE_DECIMALS), HeightText(ground, one.station, COORDINATE_DECIMALS)});
     }
 }
 
@@ -329,7 +333,8 @@ Table AlignmentTable(const LandXmlFile& file)
     Table table{L"線形計算書",
                 {L"線形", L"主要点", L"測点（m）", L"測点", L"X", L"Y", L"方向角", L"要素", L"半径（始点）",
                  L"半径（終点）", L"A", L"長さ", L"向き"},
-                {}};
+                {},
+                7};
     ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(alignment, table); });
     return table;
 }
@@ -362,7 +367,7 @@ Table ProfileTable(const LandXmlFile& file)
 
 Table CrossSlopeTable(const LandXmlFile& file)
 {
-    Table table{L"片勾配・拡幅表", {L"線形", L"種別", L"測点", L"測点（m）", L"片勾配％", L"左", L"右"}, {}};
+    Table table{L"片勾配・拡幅表", {L"線形", L"種別", L"測点", L"測点（m）", L"片勾配％", L"左", L"右"}, {}, 1};
     ForEachAlignment(file, [&](const Alignment& alignment) { AddCrossSlopes(alignment, table); });
     return table;
 }
@@ -371,7 +376,8 @@ Table PointTable(const LandXmlFile& file)
 {
     Table table{L"中間点・幅杭一覧",
                 {L"種別", L"組", L"注記", L"線形", L"点名", L"X", L"Y", L"高さ", L"測点（m）", L"接線方向角"},
-                {}};
+                {},
+                0};
     for (const PointGroup& group : file.pointGroups)
     {
         const wchar_t* const kind = group.IsIntermediate() ? L"中間点" : group.IsWidthStakes() ? L"幅杭" : L"座標点";

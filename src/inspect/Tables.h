@@ -2,6 +2,7 @@
 
 #include "inspect/LandXmlFile.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ struct Table
     const wchar_t* title;
     std::vector<const wchar_t*> columns;
     std::vector<std::vector<std::wstring>> rows;
+    std::size_t kinds = static_cast<std::size_t>(-1); ///< the column that holds words instead of the file's texts
 };
 
 /// 線形計算書: every element with its main point: station, coordinates, azimuth, radii, parameter and length.

@@ -10,16 +10,6 @@ namespace jlandxml::inspect
 namespace
 {
 
-std::vector<const Check*> EveryCheck()
-{
-    std::vector<const Check*> checks;
-    for (const Check& check : AllChecks())
-    {
-        checks.push_back(&check);
-    }
-    return checks;
-}
-
 /// What a check says of a file: severity, element and line of each finding.
 std::vector<std::string> Said(const LandXmlFile& file, const std::wstring& code)
 {

@@ -15,11 +15,7 @@ namespace
 
 std::string PageOf(const LandXmlFile& file)
 {
-    std::vector<const Check*> checks;
-    for (const Check& check : AllChecks())
-    {
-        checks.push_back(&check);
-    }
+    const std::vector<const Check*> checks = EveryCheck();
     return ReportPage(file, Inspect(file, checks));
 }
 
@@ -193,7 +189,9 @@ TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
     std::vector<std::string> rows;
     for (const CheckSheetRow& row : CheckSheet(SoundFile()))
     {
-        rows.push_back(Utf8FromWide(row.subject + L"|" + row.what + L"|" + row.value));
+        const std::wstring subject =
+            row.subject.japanese + (row.alignment.empty() ? std::wstring() : L"／" + row.alignment);
+        rows.push_back(Utf8FromWide(subject + L"|" + row.what.japanese + L"|" + row.value.japanese));
     }
     EXPECT_EQ(rows,
               (std::vector<std::string>{
@@ -208,7 +206,7 @@ TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
                   "縦断線形／線形1|線形起終点の測点、標高|0.000 m 高さ 105.000 m～400.000 m 高さ 113.000 m",
                   "縦断線形／線形1|縦断変化点と曲線要素|220.000 m VCL=100.000、300.000 m VCL=40.000",
                   "横断形状／線形1|作成した測点|No.3、No.10",
-                  "横断形状／線形1|幅|左 3.25 m、右 0 m",
+                  "横断形状／線形1|幅|左 3.250 m、右 0.000 m",
               }));
 }
 
