@@ -473,7 +473,7 @@ bool WaitForFocus(int control)
     for (int pause = 0; pause < PAUSES; ++pause)
     {
         const bool focused = OnWidgets([control] {
-            const QWidget* const widget = QApplication::activeModalWidget()->focusWidget();
+            const QWidget* const widget = QApplication::focusWidget(); // none before its window is active
             return widget != nullptr && widget->objectName() == QString::number(control);
         });
         if (focused)
