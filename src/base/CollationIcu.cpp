@@ -23,11 +23,19 @@ void ThrowUnlessMade(UErrorCode status)
     }
 }
 
-/// The locale is the collator's own: ICU's shared one is a reference to nothing where there was no memory for it.
+/// More than twice of what ICU asks for until the first collator stands.
+constexpr std::size_t MEMORY_OF_COLLATOR = std::size_t{2} << 20;
+
+/// Where memory ends while ICU makes its locales and caches, it goes on with references to nothing, or waits for
+/// itself. So all of the memory has to be there before it begins.
+void EnsureMemory()
+{
+    ::operator delete(::operator new(MEMORY_OF_COLLATOR));
+}
+
 std::unique_ptr<icu::Collator> MakeCollator()
 {
-    // Made among ICU's shared locales, the default one would wait for itself where memory ends.
-    icu::Locale::getDefault();
+    EnsureMemory();
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale("ja"), status));
     ThrowUnlessMade(status);

@@ -3,10 +3,10 @@
 #include "base/Exceptions.h"
 #include "base/FilesSystem.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 
-#include <filesystem>
+#include <cerrno>
 #include <new>
-#include <system_error>
 #include <utility>
 
 namespace jlandxml
@@ -25,25 +25,6 @@ const std::wstring CURRENT_FOLDER = L"./";
 
 constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
 
-/// The file system library would convert wide names by the process's locale.
-std::filesystem::path NativePath(const std::wstring& path)
-{
-#ifdef _WIN32
-    return path;
-#else
-    return Utf8FromWide(path);
-#endif
-}
-
-std::wstring WideName(const std::filesystem::path& name)
-{
-#ifdef _WIN32
-    return name.native();
-#else
-    return WideFromUtf8(name.native());
-#endif
-}
-
 std::optional<WorkFile> MakeBeside(const std::wstring& target, WorkFile::Purpose purpose)
 {
     const std::wstring_view folder = FolderOf(target);
@@ -56,37 +37,56 @@ std::optional<WorkFile> MakeInTemporaryFolder()
     return folder ? WorkFile::Make(*folder) : std::nullopt;
 }
 
+/// What copying one open file to another came to.
+enum class Copied
+{
+    Whole,
+    Nothing, ///< the target is as it was
+    Part
+};
+
 /// Appends the rest of one open file to another.
-bool CopyRest(NativeFile& source, NativeFile& target)
+Copied CopyRest(NativeFile& source, NativeFile& target)
 {
     std::string block(COPY_BLOCK_SIZE, '\0');
-    for (;;)
+    for (Copied failed = Copied::Nothing;; failed = Copied::Part)
     {
         const std::optional<std::size_t> taken = source.Read(block.data(), block.size());
-        if (!taken || *taken == 0)
+        if (!taken)
         {
-            return taken.has_value();
+            return failed;
+        }
+        if (*taken == 0)
+        {
+            return Copied::Whole;
         }
         if (!target.Write({block.data(), *taken}))
         {
-            return false;
+            return Copied::Part;
         }
     }
 }
 
 /// Writes one open file over another, which ends up with the same content and length, safe on its volume.
-bool CopyWhole(NativeFile& source, NativeFile& target)
+Copied CopyWhole(NativeFile& source, NativeFile& target)
 {
-    return source.Rewind() && target.Rewind() && CopyRest(source, target) && target.Shorten(source.Length()) &&
-           target.Sync();
+    const std::optional<std::uint64_t> length = source.Length();
+    if (!length || !source.Rewind() || !target.Rewind())
+    {
+        return Copied::Nothing;
+    }
+    const Copied copied = CopyRest(source, target);
+    return copied != Copied::Whole || (target.Shorten(*length) && target.Sync()) ? copied : Copied::Part;
 }
 
 /// Gives the target content that was gathered elsewhere by way of a file beside it.
 bool CopyBesideAndRename(WorkFile& work, const std::wstring& target, WorkFile::Purpose purpose)
 {
     std::optional<WorkFile> beside = MakeBeside(target, purpose);
-    return beside && ReserveRoom(beside->File(), work.File().Length()) != Room::None && work.File().Rewind() &&
-           CopyRest(work.File(), beside->File()) && beside->File().Deliver() && RenameOver(*beside, target);
+    const std::optional<std::uint64_t> length = work.File().Length();
+    return beside && length && ReserveRoom(beside->File(), *length) != Room::None && work.File().Rewind() &&
+           CopyRest(work.File(), beside->File()) == Copied::Whole && beside->File().Deliver() &&
+           RenameOver(*beside, target);
 }
 
 /// A copy of what a target holds, in the temporary folder; nothing if it can't be read or there is no place for it.
@@ -98,7 +98,8 @@ std::optional<WorkFile> Backup(const std::wstring& target)
     {
         backup = MakeInTemporaryFolder();
     }
-    return backup && CopyRest(source, backup->File()) && backup->File().Deliver() ? std::move(backup) : std::nullopt;
+    return backup && CopyRest(source, backup->File()) == Copied::Whole && backup->File().Deliver() ? std::move(backup)
+                                                                                                   : std::nullopt;
 }
 
 /// Puts the old content back. Without the new one there is as much room as there was; what can't be put back all the
@@ -107,33 +108,41 @@ void PutBack(WorkFile& former, NativeFile& target)
 {
     try
     {
-        if (CopyWhole(former.File(), target) || (target.Shorten(0) && CopyWhole(former.File(), target)))
+        const Copied copied = CopyWhole(former.File(), target);
+        if (copied == Copied::Whole ||
+            (copied == Copied::Part && target.Shorten(0) && CopyWhole(former.File(), target) == Copied::Whole))
         {
             return;
         }
     }
     catch (const std::bad_alloc&)
     {}
-    former.Keep();
+    WarnOf(L"出力先のファイルを元に戻せません。元の内容を一時フォルダーに残しました。", former.Path());
+    former.Leave();
 }
 
 /// Writes over a plain file, once its old content is safe or the room for the new one is certain.
 bool WriteOverPlain(NativeFile& work, NativeFile& target, const std::wstring& path)
 {
-    const std::uint64_t standing = target.Length();
-    const Room room = ReserveRoom(target, work.Length());
+    const std::optional<std::uint64_t> standing = target.Length();
+    const std::optional<std::uint64_t> length = work.Length();
+    if (!standing || !length)
+    {
+        return false;
+    }
+    const Room room = ReserveRoom(target, *length);
     std::optional<WorkFile> former = room != Room::None ? Backup(path) : std::nullopt;
     if (!former && room != Room::Certain)
     {
-        target.Shorten(standing); // gives back what was set aside
+        target.Shorten(*standing); // gives back what was set aside
         return false;
     }
-    const bool written = CopyWhole(work, target);
-    if (!written && former)
+    const Copied copied = CopyWhole(work, target);
+    if (copied == Copied::Part && former)
     {
         PutBack(*former, target);
     }
-    return written;
+    return copied == Copied::Whole;
 }
 
 /// Writes a target that doesn't exist, in a folder that lets no file be renamed.
@@ -144,7 +153,9 @@ bool WriteNew(NativeFile& work, const std::wstring& path)
     {
         return false;
     }
-    const bool written = ReserveRoom(target, work.Length()) != Room::None && CopyWhole(work, target);
+    const std::optional<std::uint64_t> length = work.Length();
+    const bool written =
+        length && ReserveRoom(target, *length) != Room::None && CopyWhole(work, target) == Copied::Whole;
     target.Close();
     if (!written)
     {
@@ -162,34 +173,35 @@ bool WriteOver(NativeFile& work, const std::wstring& path)
     {
         return !PathExists(path) && WriteNew(work, path);
     }
-    return IsPlain(target) ? WriteOverPlain(work, target, path) : work.Rewind() && CopyRest(work, target);
+    switch (KindOf(target))
+    {
+    case FileKind::Plain:
+        return WriteOverPlain(work, target, path);
+    case FileKind::Other:
+        return work.Rewind() && CopyRest(work, target) == Copied::Whole;
+    default:
+        return false;
+    }
 }
 
 } // namespace
 
-std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder)
-{
-    std::vector<std::wstring> names;
-    std::error_code failure;
-    std::filesystem::directory_iterator entry(NativePath(folder), failure);
-    while (!failure && entry != std::filesystem::directory_iterator())
-    {
-        names.push_back(WideName(entry->path().filename()));
-        entry.increment(failure);
-    }
-    return failure ? std::nullopt : std::optional(std::move(names));
-}
-
 std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoom& makeRoom)
 {
     const FileHandle file = OpenForReading(path);
-    const std::optional<std::size_t> length = file ? FileLength(file.get()) : std::nullopt;
-    if (!length)
+    if (file == nullptr)
     {
         return std::nullopt;
     }
+    const std::optional<std::size_t> length = FileLength(file.get());
+    if (!length)
+    {
+        WarnOf(UNREADABLE_FILE, path, EIO);
+        return std::nullopt;
+    }
     const std::size_t taken = std::fread(makeRoom(*length), 1, *length, file.get());
-    if (std::ferror(file.get()) != 0)
+    // Content that ends early is cut by somebody who is just writing the file.
+    if (taken != *length)
     {
         throw CFileException(L"ファイルを読み込めません: " + path);
     }
@@ -246,8 +258,15 @@ WorkFile::~WorkFile()
     }
 }
 
+void WorkFile::Leave()
+{
+    Protect(file_);
+    Keep();
+}
+
 std::optional<WorkFile> WorkFile::Make(const std::wstring& folder, Purpose purpose)
 {
+    RemoveStaleFiles(folder);
     NewFile made = MakeNewFile(folder, purpose);
     if (!made.file)
     {

@@ -56,7 +56,8 @@ std::wstring_view FolderOf(std::wstring_view path);
 bool RemoveFile(const std::wstring& path) noexcept;
 
 /// A file of the converter's own: new, empty and private to the user, with a name that begins with "tsx". It is open
-/// for writing, and it goes with its scope unless it is kept.
+/// for writing, and it goes with its scope unless it is kept. Whoever makes one removes those of the same user that a
+/// process left behind when it was killed: of the converter's making, older than a day and held by nobody.
 class WorkFile
 {
   public:
@@ -80,8 +81,10 @@ class WorkFile
     /// The permissions of any new file of the folder; 0 if the file is the converter's own.
     unsigned Permissions() const { return permissions_; }
 
-    /// Leaves the file behind.
+    /// Leaves the file behind. One that nobody asks for goes with a later run.
     void Keep() { path_.clear(); }
+    /// Leaves the file behind for its user: it can't be written any more, and no later run removes it.
+    void Leave();
 
   private:
     WorkFile(std::wstring path, NativeFile file, unsigned permissions);

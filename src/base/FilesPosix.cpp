@@ -2,6 +2,7 @@
 
 #include "base/FilesSystem.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "base/WriteSignals.h"
 
 #include <algorithm>
@@ -9,9 +10,12 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 #include <new>
+#include <sys/file.h>
 #include <sys/random.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
@@ -30,6 +34,8 @@ constexpr mode_t PERMISSION_BITS = 07777;
 constexpr mode_t NEW_FILE_MODE = 0666;
 constexpr mode_t PRIVATE_FILE_MODE = 0600;
 
+constexpr std::string_view PREFIX = "tsx";
+constexpr std::string_view EXTENSION = ".tmp";
 constexpr std::size_t RANDOM_LETTERS = 6;
 constexpr std::string_view LETTERS = "0123456789ABCDEFGHJKMNPQRSTVWXYZ";
 constexpr int NAMES_TRIED = 100;
@@ -44,38 +50,56 @@ constexpr const char* ACCESS_CONTROL_LIST = "system.posix_acl_access";
 constexpr std::array<decltype(statfs::f_type), 2> WRITING_IN_PLACE = {0xEF53 /* ext2 to ext4 */,
                                                                       0x01021994 /* tmpfs */};
 
-struct stat StatusOf(const NativeFile& file)
+/// A path as the system takes it, made without asking for memory. One that is longer than the system's own names no
+/// file.
+class NativePath
+{
+  public:
+    explicit NativePath(const std::wstring& path) noexcept
+    {
+        if (path.size() <= PATH_MAX)
+        {
+            bytes_[EncodeUtf8(path, bytes_.data())] = '\0';
+        }
+    }
+
+    const char* Get() const { return bytes_.data(); }
+
+  private:
+    std::array<char, PATH_MAX * MOST_UTF8_BYTES + 1> bytes_{};
+};
+
+/// Nothing if the system doesn't say.
+std::optional<struct stat> StatusOf(const NativeFile& file)
 {
     struct stat status
     {};
-    ::fstat(file.Get(), &status);
-    return status;
+    return ::fstat(file.Get(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
 /// Opens what stands under a name without waiting for the other end where it is a pipe.
 NativeFile OpenWithoutWaiting(const std::string& path, int flags)
 {
     NativeFile file(::open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (file)
-    {
-        ::fcntl(file.Get(), F_SETFL, ::fcntl(file.Get(), F_GETFL) & ~O_NONBLOCK);
-    }
-    return file;
+    // Of what the file was opened with only the waiting can be changed later on.
+    return file && ::fcntl(file.Get(), F_SETFL, 0) == 0 ? std::move(file) : NativeFile();
 }
 
 /// True if a name, not a link of that name, stands for an open file.
-bool IsNameOf(int folder, const std::string& name, const struct stat& file)
+bool IsNameOf(int folder, const char* name, const NativeFile& file)
 {
+    const std::optional<struct stat> status = StatusOf(file);
     struct stat named
     {};
-    return ::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 && named.st_dev == file.st_dev &&
-           named.st_ino == file.st_ino;
+    return status && ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 && named.st_dev == status->st_dev &&
+           named.st_ino == status->st_ino;
 }
 
 bool SetMode(const NativeFile& file, mode_t mode)
 {
     // Asked first: a volume without permissions gives all of its files the same ones and refuses to set any.
-    return (StatusOf(file).st_mode & PERMISSION_BITS) == mode || ::fchmod(file.Get(), mode) == 0;
+    const std::optional<struct stat> status = StatusOf(file);
+    return (status && (status->st_mode & PERMISSION_BITS) == mode) || ::fchmod(file.Get(), mode) == 0;
 }
 
 /// The access control list of an open file as the system keeps it; empty if it has none.
@@ -101,11 +125,15 @@ bool SetAccessControlList(const NativeFile& file, const std::string& list)
 /// Gives a file the owner, group and permissions of another one.
 bool TakeOverPermissions(const NativeFile& file, const NativeFile& from)
 {
-    const struct stat own = StatusOf(file);
-    const struct stat wanted = StatusOf(from);
-    const bool sameOwners = own.st_uid == wanted.st_uid && own.st_gid == wanted.st_gid;
-    return (sameOwners || ::fchown(file.Get(), wanted.st_uid, wanted.st_gid) == 0) &&
-           SetAccessControlList(file, AccessControlList(from)) && SetMode(file, wanted.st_mode & PERMISSION_BITS);
+    const std::optional<struct stat> own = StatusOf(file);
+    const std::optional<struct stat> wanted = StatusOf(from);
+    if (!own || !wanted)
+    {
+        return false;
+    }
+    const bool sameOwners = own->st_uid == wanted->st_uid && own->st_gid == wanted->st_gid;
+    return (sameOwners || ::fchown(file.Get(), wanted->st_uid, wanted->st_gid) == 0) &&
+           SetAccessControlList(file, AccessControlList(from)) && SetMode(file, wanted->st_mode & PERMISSION_BITS);
 }
 
 bool IsMissing(const std::string& path)
@@ -144,12 +172,64 @@ std::string RandomName()
     {
         return {};
     }
-    std::string name = Utf8FromWide(WORK_FILE_PREFIX);
+    std::string name(PREFIX);
     for (const unsigned char byte : random)
     {
         name += LETTERS[byte % LETTERS.size()];
     }
-    return name + ".tmp";
+    return name.append(EXTENSION);
+}
+
+/// True for a name that RandomName makes.
+bool IsWorkFileName(std::string_view name)
+{
+    const auto isOneOf = [](char letter) { return LETTERS.find(letter) != std::string_view::npos; };
+    if (name.size() != PREFIX.size() + RANDOM_LETTERS + EXTENSION.size() || !name.starts_with(PREFIX) ||
+        !name.ends_with(EXTENSION))
+    {
+        return false;
+    }
+    const std::string_view random = name.substr(PREFIX.size(), RANDOM_LETTERS);
+    return std::all_of(random.begin(), random.end(), isOneOf);
+}
+
+/// An open folder, closed with its scope.
+struct FolderCloser
+{
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+using Folder = std::unique_ptr<DIR, FolderCloser>;
+
+/// The names in an open folder but its own and its parent's; nothing if they can't all be read.
+std::optional<std::vector<std::string>> NamesIn(DIR* folder)
+{
+    std::vector<std::string> names;
+    errno = 0;
+    while (const dirent* const entry = ::readdir(folder))
+    {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+        {
+            names.emplace_back(name);
+        }
+        errno = 0;
+    }
+    return errno == 0 ? std::optional(std::move(names)) : std::nullopt;
+}
+
+/// Removes a file of the converter's making that is private to this user, old, and held by nobody.
+void RemoveIfStale(int folder, const char* name)
+{
+    const NativeFile file(::openat(folder, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    const std::optional<struct stat> status = file ? StatusOf(file) : std::nullopt;
+    const std::time_t now = std::time(nullptr);
+    if (status && S_ISREG(status->st_mode) && (status->st_mode & PERMISSION_BITS) == PRIVATE_FILE_MODE &&
+        status->st_uid == ::geteuid() && status->st_nlink == 1 &&
+        now - status->st_mtime > static_cast<std::time_t>(STALE_AFTER_SECONDS) &&
+        ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0 && IsNameOf(folder, name, file))
+    {
+        ::unlinkat(folder, name, 0);
+    }
 }
 
 /// Where a link that stands under a name leads; the name itself if none does.
@@ -207,9 +287,10 @@ bool NativeFile::Rewind()
     return ::lseek(handle_, 0, SEEK_SET) == 0;
 }
 
-std::uint64_t NativeFile::Length() const
+std::optional<std::uint64_t> NativeFile::Length() const
 {
-    return static_cast<std::uint64_t>(StatusOf(*this).st_size);
+    const std::optional<struct stat> status = StatusOf(*this);
+    return status ? std::optional(static_cast<std::uint64_t>(status->st_size)) : std::nullopt;
 }
 
 bool NativeFile::Shorten(std::uint64_t length)
@@ -238,22 +319,30 @@ bool PathExists(const std::wstring& path)
 {
     struct stat status
     {};
-    return ::stat(Utf8FromWide(path).c_str(), &status) == 0;
+    const bool exists = ::stat(Utf8FromWide(path).c_str(), &status) == 0;
+    if (!exists && errno != ENOENT && errno != ENOTDIR)
+    {
+        WarnOf(UNREADABLE_FILE, path, errno);
+    }
+    return exists;
 }
 
 FileHandle OpenForReading(const std::wstring& path)
 {
-    NativeFile file = OpenStandingToRead(path);
-    if (!file)
+    NativeFile file = OpenWithoutWaiting(Utf8FromWide(path), O_RDONLY);
+    if (file && KindOf(file) != FileKind::Plain)
     {
+        WarnOf(UNREADABLE_FILE, path, KindOf(file) == FileKind::Other ? EISDIR : EIO);
         return nullptr;
     }
-    FileHandle stream(::fdopen(file.Get(), "rb"));
+    FileHandle stream(file ? ::fdopen(file.Get(), "rb") : nullptr);
     if (stream != nullptr)
     {
         file.Release();
+        return stream;
     }
-    return stream;
+    WarnOf(UNREADABLE_FILE, path, errno);
+    return nullptr;
 }
 
 std::optional<std::size_t> FileLength(std::FILE* file)
@@ -302,21 +391,61 @@ NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose purpose)
     {
         // What the system leaves of the permissions, by the user's mask or by the folder's own list, is the target's
         // in the end. Nobody who couldn't read the target then can read the empty file now.
-        made.permissions = StatusOf(made.file).st_mode & PERMISSION_BITS;
+        const std::optional<struct stat> status = StatusOf(made.file);
+        if (!status)
+        {
+            RemoveFile(made.path);
+            return {};
+        }
+        made.permissions = status->st_mode & PERMISSION_BITS;
         SetMode(made.file, PRIVATE_FILE_MODE);
+    }
+    if (made.file)
+    {
+        ::flock(made.file.Get(), LOCK_EX | LOCK_NB); // by which others see that it is no stale one
     }
     return made;
 }
 
+/// No memory is asked for: what is in the way must go where there is none.
 bool RemoveFile(const std::wstring& path) noexcept
 {
-    try
+    const NativePath name(path);
+    return ::unlink(name.Get()) == 0;
+}
+
+std::optional<std::vector<std::wstring>> FileNames(const std::wstring& path)
+{
+    const Folder folder(::opendir(Utf8FromWide(path).c_str()));
+    const auto names = folder ? NamesIn(folder.get()) : std::nullopt;
+    if (!names)
     {
-        return ::unlink(Utf8FromWide(path).c_str()) == 0;
+        if (errno != ENOENT && errno != ENOTDIR)
+        {
+            WarnOf(L"フォルダーを読み込めません。", path, errno);
+        }
+        return std::nullopt;
     }
-    catch (const std::bad_alloc&)
+    std::vector<std::wstring> wide(names->size());
+    std::transform(names->begin(), names->end(), wide.begin(), WideFromUtf8);
+    return wide;
+}
+
+void Protect(const NativeFile& file)
+{
+    ::fchmod(file.Get(), S_IRUSR);
+}
+
+void RemoveStaleFiles(const std::wstring& path) noexcept
+{
+    const NativePath name(path);
+    const Folder folder(::opendir(name.Get()));
+    while (const dirent* const entry = folder ? ::readdir(folder.get()) : nullptr)
     {
-        return false;
+        if (IsWorkFileName(entry->d_name))
+        {
+            RemoveIfStale(::dirfd(folder.get()), entry->d_name);
+        }
     }
 }
 
@@ -365,7 +494,7 @@ bool RenameOver(WorkFile& work, const std::wstring& target)
     // Both stand in one folder, which stays the same one whatever becomes of its name.
     const NativeFile folder(::open(FolderOfPath(to).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     const std::string name = NameOfPath(from);
-    if (!folder || !SetFinalPermissions(work, to) || !IsNameOf(folder.Get(), name, StatusOf(work.File())) ||
+    if (!folder || !SetFinalPermissions(work, to) || !IsNameOf(folder.Get(), name.c_str(), work.File()) ||
         ::renameat(folder.Get(), name.c_str(), folder.Get(), NameOfPath(to).c_str()) != 0)
     {
         return false;
@@ -380,7 +509,11 @@ Room ReserveRoom(NativeFile& file, std::uint64_t length)
     {
         return Room::Certain;
     }
-    const std::uint64_t standing = file.Length();
+    const std::optional<std::uint64_t> standing = file.Length();
+    if (!standing)
+    {
+        return Room::Unknown;
+    }
     if (::fallocate(file.Get(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(length)) == 0)
     {
         struct statfs volume
@@ -394,7 +527,7 @@ Room ReserveRoom(NativeFile& file, std::uint64_t length)
     {
         return Room::Unknown;
     }
-    file.Shorten(standing);
+    file.Shorten(*standing);
     return Room::None;
 }
 
@@ -403,18 +536,24 @@ NativeFile OpenStanding(const std::wstring& path)
     const std::string name = Utf8FromWide(path);
     NativeFile file = OpenWithoutWaiting(name, O_WRONLY);
     // A device may be had through a link of the system's, such as that to the standard output.
-    return file && IsPlain(file) && !IsNameOf(AT_FDCWD, name, StatusOf(file)) ? NativeFile() : std::move(file);
+    const bool isOther = file && KindOf(file) == FileKind::Other;
+    return isOther || (file && IsNameOf(AT_FDCWD, name.c_str(), file)) ? std::move(file) : NativeFile();
 }
 
 NativeFile OpenStandingToRead(const std::wstring& path)
 {
     NativeFile file = OpenWithoutWaiting(Utf8FromWide(path), O_RDONLY);
-    return file && IsPlain(file) ? std::move(file) : NativeFile();
+    return file && KindOf(file) == FileKind::Plain ? std::move(file) : NativeFile();
 }
 
-bool IsPlain(const NativeFile& file)
+FileKind KindOf(const NativeFile& file)
 {
-    return S_ISREG(StatusOf(file).st_mode);
+    const std::optional<struct stat> status = StatusOf(file);
+    if (!status)
+    {
+        return FileKind::Unknown;
+    }
+    return S_ISREG(status->st_mode) ? FileKind::Plain : FileKind::Other;
 }
 
 NativeFile OpenNew(const std::wstring& path)

@@ -2,15 +2,20 @@
 
 #include "base/Files.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace jlandxml
 {
 
 // What each platform does in its own way for Files.cpp.
 
-/// The beginning of the name of every work file.
-inline constexpr const wchar_t* WORK_FILE_PREFIX = L"tsx";
+/// What is told of a file that can't be read, wherever a run goes on without it.
+inline constexpr std::wstring_view UNREADABLE_FILE = L"ファイルを読み込めません。";
+
+/// A work file that is older than that isn't one that a process has just made and not yet taken hold of.
+inline constexpr std::uint64_t STALE_AFTER_SECONDS = std::uint64_t{24} * 60 * 60;
 
 /// A file that was just made, open for writing and reading.
 struct NewFile
@@ -55,8 +60,20 @@ Room ReserveRoom(NativeFile& file, std::uint64_t length);
 NativeFile OpenStanding(const std::wstring& path);
 NativeFile OpenStandingToRead(const std::wstring& path);
 
-/// True for an open plain file, which can be put back; false for a device or a pipe.
-bool IsPlain(const NativeFile& file);
+/// What an open file is.
+enum class FileKind
+{
+    Plain, ///< its content can be put back
+    Other, ///< a device or a pipe
+    Unknown
+};
+FileKind KindOf(const NativeFile& file);
+
+/// Takes away the permission to write a file, by which it is no stale one.
+void Protect(const NativeFile& file);
+
+/// Removes the work files of killed processes from a folder, as far as that can be done; see WorkFile.
+void RemoveStaleFiles(const std::wstring& folder) noexcept;
 
 /// Opens a target that doesn't exist, with the permissions of any new file; none if it can't be made.
 NativeFile OpenNew(const std::wstring& path);

@@ -1,6 +1,7 @@
 #ifdef _WIN32
 
 #include "base/FilesSystem.h"
+#include "base/Warnings.h"
 
 #include <algorithm>
 #include <array>
@@ -15,6 +16,9 @@ namespace jlandxml
 
 namespace
 {
+
+constexpr const wchar_t* WORK_FILE_PREFIX = L"tsx";
+constexpr const wchar_t* WORK_FILES = L"tsx*.tmp";
 
 /// More than that the system isn't asked to read or write at once.
 constexpr std::size_t CALL_LIMIT = std::size_t{1} << 30;
@@ -60,6 +64,56 @@ bool TakeOverSecurity(const std::wstring& path, const std::wstring& from)
     return SecurityOf(path) == wanted;
 }
 
+/// A walk over a folder's names, ended with its scope.
+class Search
+{
+  public:
+    explicit Search(HANDLE handle) : handle_(handle) {}
+    Search(const Search&) = delete;
+    Search& operator=(const Search&) = delete;
+    ~Search()
+    {
+        if (handle_ != INVALID_HANDLE_VALUE)
+        {
+            FindClose(handle_);
+        }
+    }
+
+    HANDLE Get() const { return handle_; }
+
+  private:
+    HANDLE handle_;
+};
+
+bool IsStale(const WIN32_FIND_DATAW& found)
+{
+    constexpr std::uint64_t TICKS_A_SECOND = 10'000'000;
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    const auto ticks = [](const FILETIME& time) {
+        return (std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime;
+    };
+    return (found.dwFileAttributes &
+            (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0 &&
+           ticks(now) > ticks(found.ftLastWriteTime) + STALE_AFTER_SECONDS * TICKS_A_SECOND;
+}
+
+/// Removes a file that nobody has open and that begins as a finished one does. Others use the system's names for
+/// temporary files too, and an empty one tells nothing of its maker.
+void RemoveIfOurs(const std::wstring& path)
+{
+    constexpr std::string_view BEGINNING = "\xEF\xBB\xBF<?xml ";
+    NativeFile file(CreateFileW(path.c_str(), GENERIC_READ | DELETE, 0, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    std::array<char, BEGINNING.size()> begun{};
+    if (file && file.Read(begun.data(), begun.size()) == begun.size() &&
+        std::string_view(begun.data(), begun.size()) == BEGINNING)
+    {
+        FILE_DISPOSITION_INFO gone{TRUE};
+        SetFileInformationByHandle(file.Get(), FileDispositionInfo, &gone, sizeof gone);
+    }
+}
+
 bool TakeOverAttributes(const std::wstring& path, const std::wstring& from)
 {
     const DWORD own = GetFileAttributesW(path.c_str());
@@ -99,10 +153,11 @@ bool NativeFile::Rewind()
     return SetFilePointerEx(handle_, {}, nullptr, FILE_BEGIN) != 0;
 }
 
-std::uint64_t NativeFile::Length() const
+std::optional<std::uint64_t> NativeFile::Length() const
 {
     LARGE_INTEGER length{};
-    return GetFileSizeEx(handle_, &length) != 0 ? static_cast<std::uint64_t>(length.QuadPart) : 0;
+    return GetFileSizeEx(handle_, &length) != 0 ? std::optional(static_cast<std::uint64_t>(length.QuadPart))
+                                                : std::nullopt;
 }
 
 bool NativeFile::Shorten(std::uint64_t length)
@@ -136,8 +191,13 @@ bool PathExists(const std::wstring& path)
 FileHandle OpenForReading(const std::wstring& path)
 {
     FileHandle file(_wfopen(path.c_str(), L"rbN"));
+    const int error = file ? EISDIR : errno;
     const bool isPlain =
         file && GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file.get())))) == FILE_TYPE_DISK;
+    if (!isPlain)
+    {
+        WarnOf(UNREADABLE_FILE, path, error);
+    }
     return isPlain ? std::move(file) : nullptr;
 }
 
@@ -189,6 +249,64 @@ bool RemoveFile(const std::wstring& path) noexcept
     return DeleteFileW(path.c_str()) != 0;
 }
 
+std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder)
+{
+    const std::wstring pattern =
+        folder.empty() || FolderOf(folder).size() == folder.size() ? folder + L"*" : folder + L"\\*";
+    std::vector<std::wstring> names;
+    WIN32_FIND_DATAW found{};
+    const Search search(FindFirstFileW(pattern.c_str(), &found));
+    bool isThere = search.Get() != INVALID_HANDLE_VALUE;
+    while (isThere)
+    {
+        const std::wstring_view name = found.cFileName;
+        if (name != L"." && name != L"..")
+        {
+            names.emplace_back(name);
+        }
+        isThere = FindNextFileW(search.Get(), &found) != 0;
+    }
+    const DWORD error = GetLastError();
+    // An empty volume's root has not even its own name.
+    const bool isWhole = error == ERROR_NO_MORE_FILES || (error == ERROR_FILE_NOT_FOUND && names.empty());
+    if (!isWhole && error != ERROR_PATH_NOT_FOUND && error != ERROR_DIRECTORY)
+    {
+        WarnOf(L"フォルダーを読み込めません。", folder, error == ERROR_ACCESS_DENIED ? EACCES : EIO);
+    }
+    return isWhole ? std::optional(std::move(names)) : std::nullopt;
+}
+
+void Protect(const NativeFile& file)
+{
+    FILE_BASIC_INFO attributes{};
+    if (GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &attributes, sizeof attributes) != 0)
+    {
+        attributes.FileAttributes |= FILE_ATTRIBUTE_READONLY;
+        SetFileInformationByHandle(file.Get(), FileBasicInfo, &attributes, sizeof attributes);
+    }
+}
+
+void RemoveStaleFiles(const std::wstring& folder) noexcept
+{
+    try
+    {
+        const std::wstring pattern = folder + WORK_FILES;
+        WIN32_FIND_DATAW found{};
+        const Search search(FindFirstFileW(pattern.c_str(), &found));
+        bool isThere = search.Get() != INVALID_HANDLE_VALUE;
+        while (isThere)
+        {
+            if (IsStale(found))
+            {
+                RemoveIfOurs(folder + found.cFileName);
+            }
+            isThere = FindNextFileW(search.Get(), &found) != 0;
+        }
+    }
+    catch (const std::bad_alloc&)
+    {} // they are still there the next time
+}
+
 NativeFile OpenForWriting(const std::wstring& path)
 {
     return NativeFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
@@ -228,9 +346,14 @@ bool RenameOver(WorkFile& work, const std::wstring& target)
 
 Room ReserveRoom(NativeFile& file, std::uint64_t length)
 {
+    const std::optional<std::uint64_t> standing = file.Length();
+    if (!standing)
+    {
+        return Room::Unknown;
+    }
     FILE_ALLOCATION_INFO room{};
     // Less than the file's own length would cut it off.
-    room.AllocationSize.QuadPart = static_cast<LONGLONG>(std::max(length, file.Length()));
+    room.AllocationSize.QuadPart = static_cast<LONGLONG>(std::max(length, *standing));
     const bool isFull = SetFileInformationByHandle(file.Get(), FileAllocationInfo, &room, sizeof(room)) == 0 &&
                         GetLastError() == ERROR_DISK_FULL;
     // Volumes that compress or copy on write may need more than what was set aside.
@@ -247,12 +370,20 @@ NativeFile OpenStandingToRead(const std::wstring& path)
 {
     NativeFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                 nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file && IsPlain(file) ? std::move(file) : NativeFile();
+    return file && KindOf(file) == FileKind::Plain ? std::move(file) : NativeFile();
 }
 
-bool IsPlain(const NativeFile& file)
+FileKind KindOf(const NativeFile& file)
 {
-    return GetFileType(file.Get()) == FILE_TYPE_DISK;
+    switch (GetFileType(file.Get()))
+    {
+    case FILE_TYPE_DISK:
+        return FileKind::Plain;
+    case FILE_TYPE_UNKNOWN:
+        return FileKind::Unknown;
+    default:
+        return FileKind::Other;
+    }
 }
 
 NativeFile OpenNew(const std::wstring& path)

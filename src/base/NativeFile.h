@@ -66,8 +66,8 @@ class NativeFile
     /// Goes to the file's start.
     bool Rewind();
 
-    /// The length in bytes; 0 if the system doesn't say.
-    std::uint64_t Length() const;
+    /// The length in bytes; nothing if the system doesn't say.
+    std::optional<std::uint64_t> Length() const;
 
     /// Cuts the file off at a length.
     bool Shorten(std::uint64_t length);

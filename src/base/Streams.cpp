@@ -3,6 +3,9 @@
 #include "base/NativeFile.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <array>
+
 #ifdef _WIN32
 #include <windows.h>
 #else
@@ -14,32 +17,69 @@
 namespace jlandxml
 {
 
+namespace
+{
+
+/// What is written at once; most lines fit. A character beyond the basic plane is never cut in two.
+constexpr std::size_t BLOCK_UNITS = 1024;
+
+std::wstring_view TakeBlock(std::wstring_view& text)
+{
+    std::size_t length = std::min(text.size(), BLOCK_UNITS);
+    if (length < text.size() && IsHighSurrogate(static_cast<char32_t>(text[length - 1])))
+    {
+        --length;
+    }
+    const std::wstring_view block = text.substr(0, length);
+    text.remove_prefix(length);
+    return block;
+}
+
+void WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
+{
+    std::array<char, BLOCK_UNITS * MOST_UTF8_BYTES> bytes{};
+    while (!text.empty())
+    {
+        const std::size_t size = EncodeUtf8(TakeBlock(text), bytes.data());
+        if (!NativeFile::WriteTo(handle, {bytes.data(), size}))
+        {
+            return;
+        }
+    }
+}
+
+} // namespace
+
 #ifdef _WIN32
 
 namespace
 {
 
-void WriteTo(DWORD standardHandle, std::wstring_view text)
+void WriteTo(DWORD standardHandle, std::wstring_view text) noexcept
 {
     const HANDLE handle = GetStdHandle(standardHandle);
     DWORD mode = 0;
     DWORD written = 0;
-    if (GetConsoleMode(handle, &mode) != 0)
+    if (GetConsoleMode(handle, &mode) == 0)
     {
-        WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+        WriteUtf8(handle, text);
         return;
     }
-    NativeFile::WriteTo(handle, Utf8FromWide(text));
+    while (!text.empty())
+    {
+        const std::wstring_view block = TakeBlock(text);
+        WriteConsoleW(handle, block.data(), static_cast<DWORD>(block.size()), &written, nullptr);
+    }
 }
 
 } // namespace
 
-void WriteStandardOutput(std::wstring_view text)
+void WriteStandardOutput(std::wstring_view text) noexcept
 {
     WriteTo(STD_OUTPUT_HANDLE, text);
 }
 
-void WriteStandardError(std::wstring_view text)
+void WriteStandardError(std::wstring_view text) noexcept
 {
     WriteTo(STD_ERROR_HANDLE, text);
 }
@@ -51,21 +91,21 @@ namespace
 
 /// What the host has in the stream's buffer goes first. The text itself doesn't go through the buffer: what can't be
 /// written there would be tried again, and raise its signal, when the host ends.
-void WriteTo(std::FILE* stream, std::wstring_view text)
+void WriteTo(std::FILE* stream, std::wstring_view text) noexcept
 {
     const WriteSignals signals;
     std::fflush(stream);
-    NativeFile::WriteTo(::fileno(stream), Utf8FromWide(text));
+    WriteUtf8(::fileno(stream), text);
 }
 
 } // namespace
 
-void WriteStandardOutput(std::wstring_view text)
+void WriteStandardOutput(std::wstring_view text) noexcept
 {
     WriteTo(stdout, text);
 }
 
-void WriteStandardError(std::wstring_view text)
+void WriteStandardError(std::wstring_view text) noexcept
 {
     WriteTo(stderr, text);
 }

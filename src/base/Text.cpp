@@ -113,9 +113,6 @@ bool IsAsciiBlock(std::wstring_view text, std::size_t index)
     return bits < 0x80;
 }
 
-/// The longest UTF-8 that one unit of wide text can make.
-constexpr std::size_t BYTES_PER_UNIT = sizeof(wchar_t) == 2 ? 3 : 4;
-
 char* Encode(char* out, char32_t codePoint)
 {
     const auto trail = [](char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
@@ -220,11 +217,9 @@ std::wstring WideFromUtf8(std::string_view text)
     return result;
 }
 
-void AppendUtf8(std::string& target, std::wstring_view text)
+std::size_t EncodeUtf8(std::wstring_view text, char* const target) noexcept
 {
-    const std::size_t start = target.size();
-    target.resize(start + text.size() * BYTES_PER_UNIT);
-    char* out = target.data() + start;
+    char* out = target;
     for (std::size_t index = 0; index < text.size(); ++index)
     {
         for (; IsAsciiBlock(text, index); index += ASCII_BLOCK)
@@ -255,7 +250,14 @@ void AppendUtf8(std::string& target, std::wstring_view text)
         }
         out = Encode(out, codePoint);
     }
-    target.resize(static_cast<std::size_t>(out - target.data()));
+    return static_cast<std::size_t>(out - target);
+}
+
+void AppendUtf8(std::string& target, std::wstring_view text)
+{
+    const std::size_t start = target.size();
+    target.resize(start + text.size() * MOST_UTF8_BYTES);
+    target.resize(start + EncodeUtf8(text, target.data() + start));
 }
 
 std::string Utf8FromWide(std::wstring_view text)

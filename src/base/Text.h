@@ -51,6 +51,12 @@ std::wstring WideFromUtf8(std::string_view text);
 /// Encodes as UTF-8. A surrogate that has no partner becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);
 
+/// The longest UTF-8 that one unit of wide text can make.
+inline constexpr std::size_t MOST_UTF8_BYTES = sizeof(wchar_t) == 2 ? 3 : 4;
+
+/// The same into memory that has room for the longest that the text can become. The number of bytes.
+std::size_t EncodeUtf8(std::wstring_view text, char* out) noexcept;
+
 /// Appends the UTF-8 of `text` to `target`.
 void AppendUtf8(std::string& target, std::wstring_view text);
 

@@ -21,12 +21,7 @@ constexpr const wchar_t* NO_WORK_FILE = L"作業用ファイルへのアクセ�
 std::optional<WorkFile> MakeWorkFile()
 {
     const std::optional<std::wstring> folder = TemporaryFolder();
-    std::optional<WorkFile> work = folder ? WorkFile::Make(*folder) : std::nullopt;
-    if (work)
-    {
-        work->File().Close();
-    }
-    return work;
+    return folder ? WorkFile::Make(*folder) : std::nullopt;
 }
 
 bool PrintTo(const WcXmAppDocument& document, const std::wstring& target, GatherPlace place)

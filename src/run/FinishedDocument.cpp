@@ -1,8 +1,10 @@
 #include "run/FinishedDocument.h"
 
+#include "base/Exceptions.h"
 #include "base/Text.h"
 #include "xml/WcXmDocument.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -44,6 +46,38 @@ constexpr std::array<std::uint8_t, 128> SPECIAL_CHARACTERS = [] {
     return places;
 }();
 
+/// Deeper than any element of the format, by far.
+constexpr std::size_t UNUSUAL_DEPTH = 1000;
+/// More indentation than that isn't printed, where it is most of the file.
+constexpr std::size_t MOST_INDENTATION = std::size_t{64} << 20;
+
+/// Stops a document that is nested so deep that its indentation, which grows with the square of the depth, would fill
+/// the disk: a few hundred kilobytes can become hundreds of gigabytes.
+class IndentationBound
+{
+  public:
+    void See(std::size_t depth) { isDeep_ = isDeep_ || depth > UNUSUAL_DEPTH; }
+
+    void Count(std::string_view bytes)
+    {
+        if (!isDeep_)
+        {
+            return;
+        }
+        bytes_ += bytes.size();
+        tabs_ += static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\t'));
+        if (tabs_ > MOST_INDENTATION && tabs_ > bytes_ / 2)
+        {
+            throw CException(L"要素の入れ子が深すぎるため、ファイルを出力できません。");
+        }
+    }
+
+  private:
+    bool isDeep_ = false;
+    std::size_t bytes_ = 0;
+    std::size_t tabs_ = 0;
+};
+
 /// `text` with every occurrence of `from` replaced, from left to right.
 std::string Replaced(std::string_view text, std::string_view from, std::string_view to)
 {
@@ -63,7 +97,10 @@ class Printer
     Printer(const WcXmAppDocument& document, const ByteBlocks::Sink& sink)
         : document_(document),
           firstLine_([this](std::string_view bytes) { firstLineText_ += bytes; }),
-          lines_(sink)
+          lines_([this, &sink](std::string_view bytes) {
+              indentation_.Count(bytes);
+              sink(bytes);
+          })
     {
         lines_.Append(BYTE_ORDER_MARK);
     }
@@ -77,7 +114,7 @@ class Printer
             if (Begin(node))
             {
                 node = node.first_child();
-                ++depth_;
+                indentation_.See(++depth_);
                 continue;
             }
             while (!node.next_sibling() && node.parent() != root)
@@ -324,6 +361,7 @@ class Printer
     }
 
     const WcXmAppDocument& document_;
+    IndentationBound indentation_;
     std::string firstLineText_;
     ByteBlocks firstLine_;
     ByteBlocks lines_;

@@ -13,7 +13,8 @@ class WcXmAppDocument;
 /// - in the first line, ` encoding="UTF-8" standalone="no"?>` becomes `?>`;
 /// - in every line, ` xmlns=""` is left out, also where a text holds it;
 /// - what was kept apart from the tree stands in its place.
-/// What the sink throws passes through.
+/// What the sink throws passes through. Throws CException where elements are nested so deep that the file would be next
+/// to nothing but indentation, and too much of it for any disk.
 void PrintFinished(const WcXmAppDocument& document, const ByteBlocks::Sink& sink);
 
 } // namespace jlandxml

@@ -1,6 +1,7 @@
 #include "run/LoadRun.h"
 
 #include "base/Guard.h"
+#include "base/Warnings.h"
 #include "run/ConversionContext.h"
 
 namespace jlandxml
@@ -12,7 +13,11 @@ namespace
 void ReadModel(ConversionContext& context, const std::wstring& path)
 {
     context.model.Clear();
-    if (context.document.Create() && context.document.appDocument->LoadDocument(path))
+    if (!context.document.Create())
+    {
+        WarnOf(L"メモリーが足りないため、読み込みません。", path);
+    }
+    else if (context.document.appDocument->LoadDocument(path))
     {
         context.model.ReadElement(WcXmNode(context.document));
     }
@@ -25,6 +30,7 @@ void LoadRun(const std::wstring& path)
     RunStage<LandXMLLoadException>(RUN_STAGE_TEXTS, [&] {
         ConversionContext& context = GetConversionContext();
         context.fileWritten = false;
+        TakeWarnings(); // those of the run before
         ReadModel(context, path);
         context.loadedModel = context.model;
         context.model.surfaces.FillOutPutCSS();

@@ -1,7 +1,9 @@
 #include "xml/LoadContent.h"
 
+#include "base/Exceptions.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "xml/CodeUnits.h"
 
 #include <algorithm>
@@ -156,15 +158,20 @@ bool LoadWithPassages(pugi::xml_document& document, WcXmPassages& passages, std:
 
 std::optional<ParserBuffer> ReadContent(const std::wstring& path)
 {
-    const FileHandle file = OpenForReading(path);
-    const std::optional<std::size_t> length = file ? FileLength(file.get()) : std::nullopt;
-    if (!length)
+    ParserBuffer buffer;
+    try
     {
+        const bool isRead = ReadWholeFile(path, [&](std::size_t size) {
+                                buffer = ParserBuffer(size);
+                                return buffer.Data();
+                            }).has_value();
+        return isRead ? std::optional(std::move(buffer)) : std::nullopt;
+    }
+    catch (const CFileException&)
+    {
+        WarnOf(L"ファイルを読み込めません。", path, EIO);
         return std::nullopt;
     }
-    ParserBuffer buffer(*length);
-    buffer.Shorten(std::fread(buffer.Data(), 1, *length, file.get()));
-    return std::ferror(file.get()) == 0 ? std::optional(std::move(buffer)) : std::nullopt;
 }
 
 bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content)

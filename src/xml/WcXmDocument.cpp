@@ -3,6 +3,7 @@
 #include "base/Exceptions.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "xml/LoadContent.h"
 
 #include <algorithm>
@@ -152,24 +153,49 @@ bool WcXmAppDocument::Reset()
 }
 
 template <class Source>
-bool WcXmAppDocument::Load(Source&& source)
+WcXmAppDocument::Loaded WcXmAppDocument::Load(Source&& source)
 {
+    if (!Reset())
+    {
+        return Loaded::NoMemory;
+    }
     const auto load = [&] {
         std::optional<ParserBuffer> content = std::forward<Source>(source)();
-        source_ = content ? *std::move(content) : ParserBuffer();
-        return content && LoadContent(*xmlDocument, keepsPassages ? &passages : nullptr, source_);
+        if (!content)
+        {
+            return Loaded::Unread;
+        }
+        source_ = *std::move(content);
+        return LoadContent(*xmlDocument, keepsPassages ? &passages : nullptr, source_) ? Loaded::Whole
+                                                                                       : Loaded::Malformed;
     };
-    return Reset() && Succeeds([&] { return Change(load); });
+    try
+    {
+        return Change(load);
+    }
+    catch (...)
+    {
+        return Loaded::NoMemory; // nothing else is thrown here, whatever the file holds
+    }
 }
 
 bool WcXmAppDocument::LoadDocument(const std::wstring& path)
 {
-    return Load([&] { return ReadContent(path); });
+    const Loaded loaded = Load([&] { return ReadContent(path); });
+    if (loaded == Loaded::Malformed)
+    {
+        WarnOf(L"XMLとして正しくないため、読み込みません。", path);
+    }
+    else if (loaded == Loaded::NoMemory)
+    {
+        WarnOf(L"メモリーが足りないため、読み込みません。", path);
+    }
+    return loaded == Loaded::Whole;
 }
 
 bool WcXmAppDocument::LoadBytes(ParserBuffer content)
 {
-    return Load([&] { return std::optional(std::move(content)); });
+    return Load([&] { return std::optional(std::move(content)); }) == Loaded::Whole;
 }
 
 void WcXmAppDocument::ExpandPassages()

@@ -28,7 +28,7 @@ class WcXmAppDocument
     /// that isn't what it holds, and for every other file, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart by
     /// itself. What is malformed or no character of Unicode becomes U+FFFD. Comments, processing instructions, the
     /// doctype and white space between elements aren't kept. False if the file can't be opened, isn't well formed or
-    /// doesn't fit into memory; then the tree is empty or holds what stood before the fault.
+    /// doesn't fit into memory; then the tree is empty or holds what stood before the fault, and a warning says which.
     bool LoadDocument(const std::wstring& path);
 
     /// The same for the content of a file.
@@ -68,9 +68,18 @@ class WcXmAppDocument
     WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
 
   private:
+    /// How loading went.
+    enum class Loaded
+    {
+        Whole,
+        Unread,    ///< the file can't be opened or read
+        Malformed, ///< it isn't well formed
+        NoMemory
+    };
+
     bool Reset();
     template <class Source>
-    bool Load(Source&& source);
+    Loaded Load(Source&& source);
     void ThrowUnlessWhole() const
     {
         if (!isWhole_)

@@ -16,8 +16,10 @@
 #else
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -668,6 +670,61 @@ TEST(Files, AFolderThatLetsNoFileBeRenamedTakesANewOneWholeOrNotAtAll)
     const FailingCalls full(SystemCall::Sync, ENOSPC);
     EXPECT_FALSE(Replace(folder.Name(L"other"), "new"));
     EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+/// A file in a folder as a killed process leaves it: private, and older than a day.
+void WriteStale(const TestFolder& folder, const std::wstring& name, mode_t mode = 0600, std::time_t age = 90000)
+{
+    const std::filesystem::path path = NativePath(folder.Write(name, "left"));
+    ::chmod(path.c_str(), mode);
+    const timespec then{std::time(nullptr) - age, 0};
+    const timespec times[] = {then, then};
+    ::utimensat(AT_FDCWD, path.c_str(), times, 0);
+}
+
+TEST(Files, WorkFilesThatKilledProcessesLeftAreRemoved)
+{
+    const TestFolder folder;
+    WriteStale(folder, L"tsx0AZ9XY.tmp");
+    WriteStale(folder, L"tsxAAAAAA.tmp");
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, OnlyOldFilesOfTheConvertersMakingThatNobodyHoldsAreRemoved)
+{
+    const TestFolder folder;
+    WriteStale(folder, L"tsx0AZ9XY.tmp", 0600, 80000); // of today
+    WriteStale(folder, L"tsx1AZ9XY.tmp", 0400);        // left for its user
+    WriteStale(folder, L"tsx2AZ9XY.tmp", 0644);        // not private
+    WriteStale(folder, L"tsx3AZ9X.tmp");               // shorter
+    WriteStale(folder, L"tsx4az9xy.tmp");              // no letter of ours
+    WriteStale(folder, L"tsx5AZ9XY.xml");
+    WriteStale(folder, L"abc6AZ9XY.tmp");
+    WriteStale(folder, L"tsx7AZ9XY.tmp"); // has another name too
+    std::filesystem::create_hard_link(folder.Path() / "tsx7AZ9XY.tmp", folder.Path() / "other");
+    WriteStale(folder, L"tsx8AZ9XY.tmp"); // held
+    const NativeFile held(::open((folder.Path() / "tsx8AZ9XY.tmp").c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(::flock(held.Get(), LOCK_EX), 0);
+    std::filesystem::create_symlink("tsx8AZ9XY.tmp", folder.Path() / "tsx9AZ9XY.tmp");
+    const std::vector<std::wstring> before = folder.Files();
+    ASSERT_EQ(before.size(), 11U);
+    EXPECT_NE(WorkFile::Make(folder.Name() + L"/"), std::nullopt);
+    EXPECT_EQ(folder.Files(), before);
+}
+
+TEST(Files, AWorkFileIsHeldAsLongAsItsMakerLives)
+{
+    const TestFolder folder;
+    const std::optional<WorkFile> work = WorkFile::Make(folder.Name() + L"/");
+    ASSERT_NE(work, std::nullopt);
+    const NativeFile other(::open(Utf8FromWide(work->Path()).c_str(), O_RDWR | O_CLOEXEC));
+    EXPECT_NE(::flock(other.Get(), LOCK_EX | LOCK_NB), 0);
+}
+
+TEST(Files, APathThatIsTooLongIsNoneOfAFile)
+{
+    EXPECT_FALSE(RemoveFile(std::wstring(100000, L'x')));
 }
 
 TEST(Files, NamesThatCanNotAllBeReadAreNotTold)

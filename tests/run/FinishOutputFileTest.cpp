@@ -63,8 +63,7 @@ TEST_F(FinishOutputFileTest, WithoutATemporaryFolderTheUserIsTold)
     const TemporaryFolderOverride none(temporaryFolder.Path() / "missing");
     folder.Write(L"out.xml", "old");
     EXPECT_FALSE(FinishOutputFile(folder.Name(L"out.xml"), Context()));
-    EXPECT_EQ(windows.Messages(),
-              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
+    EXPECT_EQ(windows.Messages(), (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
     EXPECT_EQ(folder.Read(L"out.xml"), "old");
 }
 
@@ -72,8 +71,7 @@ TEST_F(FinishOutputFileTest, ATemporaryFolderOfATooLongNameIsToldTheUser)
 {
     const TemporaryFolderOverride tooLong(temporaryFolder.Path() / std::string(300, 'x'));
     EXPECT_FALSE(FinishOutputFile(folder.Name(L"out.xml"), Context()));
-    EXPECT_EQ(windows.Messages(),
-              (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
+    EXPECT_EQ(windows.Messages(), (std::vector<ShownMessage>{{L"作業用ファイルへのアクセスに失敗しました。"}}));
     EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"Landxml_temp.xml"});
 }
 
@@ -84,6 +82,36 @@ TEST_F(FinishOutputFileTest, AFolderInThePlaceOfTheTargetFailsInSilence)
     EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "out.xml"));
     EXPECT_TRUE(temporaryFolder.Files().empty());
     EXPECT_TRUE(windows.Messages().empty());
+}
+
+TEST_F(FinishOutputFileTest, AFileOfNearlyNothingButIndentationIsAFailureBeforeItFillsTheDisk)
+{
+    constexpr std::size_t DEPTH = 100000; // 10 GB
+    std::string xml;
+    for (std::size_t level = 0; level < DEPTH; ++level)
+    {
+        xml += "<a>";
+    }
+    xml += "<b/>";
+    for (std::size_t level = 0; level < DEPTH; ++level)
+    {
+        xml += "</a>";
+    }
+    LoadRun(WorkFile(xml));
+    folder.Write(L"out.xml", "old");
+    try
+    {
+        FinishOutputFile(folder.Name(L"out.xml"), Context());
+        FAIL();
+    }
+    catch (const CException& exception)
+    {
+        EXPECT_EQ(ErrorText(exception), L"要素の入れ子が深すぎるため、ファイルを出力できません。");
+        EXPECT_EQ(dynamic_cast<const CFileException*>(&exception), nullptr);
+    }
+    EXPECT_EQ(folder.Read(L"out.xml"), "old");
+    EXPECT_EQ(folder.Files(), (std::vector<std::wstring>{L"Landxml_temp.xml", L"out.xml"}));
+    EXPECT_TRUE(temporaryFolder.Files().empty());
 }
 
 TEST_F(FinishOutputFileTest, AReadOnlyTargetFailsInSilence)
