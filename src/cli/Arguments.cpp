@@ -1,7 +1,11 @@
 #include "cli/Arguments.h"
 
+#include "base/Text.h"
+
 #ifdef _WIN32
 
+#include <algorithm>
+#include <new>
 #include <windows.h>
 
 #include <shellapi.h>
@@ -9,20 +13,25 @@
 namespace jlandxml
 {
 
-std::vector<std::wstring> Arguments(int, char**)
+std::optional<std::vector<std::wstring>> Arguments(int, char**)
 {
     int count = 0;
     wchar_t** const values = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (values == nullptr)
+    {
+        throw std::bad_alloc();
+    }
     std::vector<std::wstring> arguments(values + 1, values + count);
     LocalFree(static_cast<void*>(values));
-    return arguments;
+    const bool wellFormed = std::all_of(arguments.begin(), arguments.end(), [](const std::wstring& argument) {
+        return WideFromUtf8(Utf8FromWide(argument)) == argument;
+    });
+    return wellFormed ? std::optional(std::move(arguments)) : std::nullopt;
 }
 
 } // namespace jlandxml
 
 #else
-
-#include "base/Text.h"
 
 #include <algorithm>
 #include <iterator>
@@ -30,8 +39,12 @@ std::vector<std::wstring> Arguments(int, char**)
 namespace jlandxml
 {
 
-std::vector<std::wstring> Arguments(int count, char** values)
+std::optional<std::vector<std::wstring>> Arguments(int count, char** values)
 {
+    if (!std::all_of(values + 1, values + count, IsWellFormedUtf8))
+    {
+        return std::nullopt;
+    }
     std::vector<std::wstring> arguments;
     std::transform(values + 1, values + count, std::back_inserter(arguments), WideFromUtf8);
     return arguments;

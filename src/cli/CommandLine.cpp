@@ -3,7 +3,9 @@
 #include "base/Files.h"
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "cli/HostCall.h"
+#include "cli/Program.h"
 #include "cli/SettingsUser.h"
 #include "dialog/JLandXMLErrorDlg.h"
 #include "run/ConversionContext.h"
@@ -14,6 +16,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <new>
 #include <optional>
 #include <sstream>
 #include <utility>
@@ -23,8 +26,6 @@ namespace jlandxml
 
 namespace
 {
-
-constexpr const wchar_t* NO_FILE_LINE = L"ファイルは出力されませんでした。\n";
 
 /// What the command line asks for.
 struct Options
@@ -185,6 +186,29 @@ class WindowsScope
     WindowSystem* former_;
 };
 
+/// In pieces, since there may be no memory to join them.
+void TellLine(const std::wstring& text)
+{
+    WriteStandardError(text);
+    WriteStandardError(L"\n");
+}
+
+/// What the run passed over without a word of the module's.
+void TellWarnings()
+{
+    for (const Warning& warning : TakeWarnings())
+    {
+        WriteStandardError(L"警告: ");
+        WriteStandardError(warning.text);
+        if (!warning.detail.empty())
+        {
+            WriteStandardError(L"\t");
+            WriteStandardError(warning.detail);
+        }
+        WriteStandardError(L"\n");
+    }
+}
+
 /// A run whose user is a settings file: what it does at the windows, and what it came to see there.
 class BatchRun
 {
@@ -198,7 +222,23 @@ class BatchRun
     ExitStatus Run()
     {
         const WindowsScope scope(windows_);
-        ExecuteQuorvane(options_.workFolder.c_str(), RouteCount(options_));
+        GetConversionContext().fileWritten = false;
+        const std::int32_t routes = RouteCount(options_);
+        TellWarnings();
+        try
+        {
+            ExecuteQuorvane(options_.workFolder.c_str(), routes);
+        }
+        catch (const std::bad_alloc&)
+        {
+            // Once the file is written, there is nothing left to do but to close the dialog.
+            if (!GetConversionContext().fileWritten)
+            {
+                TellWarnings();
+                throw;
+            }
+        }
+        TellWarnings();
         return Report();
     }
 
@@ -239,7 +279,7 @@ class BatchRun
     {
         for (const ShownMessage& message : windows_.Messages())
         {
-            WriteStandardError(message.text + L"\n");
+            TellLine(message.text);
         }
         if (!windows_.Messages().empty())
         {
@@ -247,12 +287,12 @@ class BatchRun
         }
         if (!settingsError_.empty())
         {
-            WriteStandardError(settingsError_ + L"\n");
+            TellLine(settingsError_);
             return ExitStatus::WrongUsage;
         }
         for (const std::wstring& finding : findings_)
         {
-            WriteStandardError(finding + L"\n");
+            TellLine(finding);
         }
         if (!findings_.empty())
         {
@@ -260,7 +300,8 @@ class BatchRun
         }
         if (printed_)
         {
-            WriteStandardOutput(*printed_ + L"\n");
+            WriteStandardOutput(*printed_);
+            WriteStandardOutput(L"\n");
             return ExitStatus::FileWritten;
         }
         if (!GetConversionContext().fileWritten)
@@ -281,7 +322,9 @@ class BatchRun
 
 ExitStatus RunScripted(const Options& options)
 {
-    Json settings = Json::object();
+    // The settings stay until the process ends: freeing them asks for memory, and the file is written by then.
+    static Json& settings = *new Json;
+    settings = Json::object();
     if (!options.settingsFile.empty())
     {
         try
@@ -314,6 +357,7 @@ ExitStatus RunOptions(const Options& options)
         WriteStandardError(options.workFolder + L": 作業フォルダーがありません。\n");
         return ExitStatus::WrongUsage;
     }
+    TakeWarnings(); // that a folder is no file
     return options.dialog ? RunModule(options) : RunScripted(options);
 }
 

@@ -1,7 +1,9 @@
-#include "cli/Arguments.h"
 #include "cli/CommandLine.h"
+#include "cli/Program.h"
 
 int main(int count, char** values)
 {
-    return static_cast<int>(jlandxml::RunCommandLine(jlandxml::Arguments(count, values)));
+    return jlandxml::RunProgram(count, values, [](const std::vector<std::wstring>& arguments) {
+        return static_cast<int>(jlandxml::RunCommandLine(arguments));
+    });
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace jlandxml
 {
@@ -94,12 +95,80 @@ std::size_t TraceLength(std::string_view content)
     return length;
 }
 
+/// Where in a settings file the parser is.
+class JsonPlace
+{
+  public:
+    void See(Json::parse_event_t event, const Json& parsed)
+    {
+        switch (event)
+        {
+        case Json::parse_event_t::object_start:
+        case Json::parse_event_t::array_start:
+            NextEntry();
+            levels_.push_back({event == Json::parse_event_t::array_start, {}, 0});
+            break;
+        case Json::parse_event_t::object_end:
+        case Json::parse_event_t::array_end:
+            levels_.pop_back();
+            break;
+        case Json::parse_event_t::key:
+            levels_.back().key = parsed.get_ref<const std::string&>();
+            break;
+        default:
+            NextEntry();
+        }
+    }
+
+    /// The path of the value behind the last one that was seen.
+    std::string Next() const
+    {
+        std::string path;
+        for (std::size_t depth = 0; depth < levels_.size(); ++depth)
+        {
+            const Level& level = levels_[depth];
+            // The entries that enclose the place have been counted already.
+            const std::size_t entry = depth + 1 < levels_.size() ? level.entries - 1 : level.entries;
+            path = level.isArray ? EntryPath(path, entry) : KeyPath(path, level.key);
+        }
+        return path;
+    }
+
+  private:
+    struct Level
+    {
+        bool isArray;
+        std::string key;
+        std::size_t entries; ///< of an array, so far
+    };
+
+    void NextEntry()
+    {
+        if (!levels_.empty())
+        {
+            ++levels_.back().entries;
+        }
+    }
+
+    std::vector<Level> levels_;
+};
+
 Json Parse(const std::wstring& path, const std::string& content)
 {
     const std::size_t trace = TraceLength(content);
+    JsonPlace place;
     try
     {
-        return Json::parse(std::string_view(content).substr(trace));
+        return Json::parse(std::string_view(content).substr(trace),
+                           [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
+                               place.See(event, parsed);
+                               return true;
+                           });
+    }
+    catch (const Json::out_of_range&)
+    {
+        throw SettingsError(place.Next(),
+                            "数値が大きすぎるため読み込めません。文字列か、範囲内の数値で指定してください");
     }
     catch (const Json::parse_error& error)
     {

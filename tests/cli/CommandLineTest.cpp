@@ -36,8 +36,26 @@ struct Outcome
 {
     ExitStatus status;
     std::string out;
-    std::string err;
+    std::string err;      ///< without the warnings
+    std::string warnings; ///< each with its line's end
 };
+
+/// Takes the lines that begin as warnings do out of a text.
+std::string TakeWarningLines(std::string& text)
+{
+    constexpr std::string_view BEGINNING = "警告: ";
+    std::string taken;
+    std::string rest;
+    for (std::size_t begin = 0; begin < text.size();)
+    {
+        const std::size_t end = std::min(text.find('\n', begin), text.size() - 1) + 1;
+        const std::string line = text.substr(begin, end - begin);
+        (line.starts_with(BEGINNING) ? taken : rest) += line;
+        begin = end;
+    }
+    text = std::move(rest);
+    return taken;
+}
 
 class CommandLineTest : public RunTest
 {
@@ -48,7 +66,9 @@ class CommandLineTest : public RunTest
         testing::internal::CaptureStderr();
         const ExitStatus status = RunCommandLine(arguments);
         std::string out = testing::internal::GetCapturedStdout();
-        return {status, std::move(out), testing::internal::GetCapturedStderr()};
+        std::string err = testing::internal::GetCapturedStderr();
+        std::string warnings = TakeWarningLines(err);
+        return {status, std::move(out), std::move(err), std::move(warnings)};
     }
 
     std::wstring Settings(const std::string& json) const { return folder.Write(L"settings.json", json); }
@@ -95,6 +115,58 @@ TEST_F(CommandLineTest, NoFileAndNoWordFromTheModuleIsStatusThreeWithOneLine)
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "ファイルは出力されませんでした。\n");
+}
+
+/// What a run passes over in silence, and how the command line tells it.
+struct PassedOver
+{
+    const char* name;
+    const wchar_t* file;
+    const char* content; ///< null: the file isn't there
+    const char* warning; ///< without the beginning and the file's path
+    const char* reason;
+};
+constexpr PassedOver PASSED_OVER[] = {
+    {"NoWorkFile", L"Landxml_temp.xml", nullptr, "ファイルを読み込めません。", "（ありません）"},
+    {"ABrokenWorkFile", L"Landxml_temp.xml", "<LandXML>", "XMLとして正しくないため、読み込みません。", ""},
+    {"AnEmptyWorkFile", L"Landxml_temp.xml", "", "XMLとして正しくないため、読み込みません。", ""},
+};
+
+class PassedOverFile : public CommandLineTest, public testing::WithParamInterface<PassedOver>
+{};
+
+TEST_P(PassedOverFile, IsAWarning)
+{
+    if (GetParam().content != nullptr)
+    {
+        folder.Write(GetParam().file, GetParam().content);
+    }
+    const Outcome outcome = Run({folder.Name(), L"-o", Output()});
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    EXPECT_EQ(outcome.err, EMPTY_MODEL_FINDINGS);
+    EXPECT_EQ(outcome.warnings, std::string("警告: ") + GetParam().warning + "\t" + Utf8FromWide(folder.Name()) + "/" +
+                                    Utf8FromWide(GetParam().file) + GetParam().reason + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, PassedOverFile, testing::ValuesIn(PASSED_OVER),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(CommandLineTest, ASideFileThatIsNoFileIsAWarning)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    std::filesystem::create_directory(folder.Path() / "widening_temp_1.csv");
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()});
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
+    const std::size_t tab = outcome.warnings.find('\t');
+    EXPECT_EQ(outcome.warnings.substr(0, tab), "警告: ファイルを読み込めません。");
+    EXPECT_EQ(outcome.warnings.substr(tab).find("\t" + Utf8FromWide(folder.Name()) + "/widening_temp_1.csv（"), 0U);
+}
+
+TEST_F(CommandLineTest, WarningsAreThoseOfTheRunAlone)
+{
+    Run({folder.Name(), L"-o", Output()});
+    WorkFile(COMPLETE_WORK_FILE);
+    EXPECT_EQ(Run({folder.Name(), L"-o", Output()}).warnings, "");
 }
 
 TEST_F(CommandLineTest, MemoryThatIsNotThereEndsTheRunWithAStatusAndAWord)

@@ -178,6 +178,18 @@ TEST_F(SettingsFile, PathOfAnErrorCountsTheEntriesInFrontOfIt)
               "routes[1].alignments[2].method: 数値は指定できません。文字列で指定してください");
 }
 
+TEST_F(SettingsFile, NumberOutOfRangeIsAnErrorWithItsPath)
+{
+    constexpr const char* TOO_LARGE = ": 数値が大きすぎるため読み込めません。文字列か、範囲内の数値で指定してください";
+    EXPECT_EQ(Error("1e999"), TOO_LARGE);
+    EXPECT_EQ(Error(R"({"projectName": 1e999})"), std::string("projectName") + TOO_LARGE);
+    EXPECT_EQ(
+        Error(
+            R"({"projectName": "x", "routes": [{}, null, {"side": "左岸", "alignments": [{}, {"subInterval": 1e999}]}]})"),
+        std::string("routes[2].alignments[1].subInterval") + TOO_LARGE);
+    EXPECT_EQ(Error(R"({"_a": [[], [1, [2]], {"b": {}}, -1e999]})"), std::string("_a[3]") + TOO_LARGE);
+}
+
 TEST_F(SettingsFile, HoldsNoNulInAText)
 {
     EXPECT_EQ(Error(R"({"projectName": "国道\u0000"})"), "projectName: 文字U+0000は使えません。取り除いてください");

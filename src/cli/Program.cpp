@@ -1,0 +1,75 @@
+#include "cli/Program.h"
+
+#include "base/Streams.h"
+#include "cli/Arguments.h"
+
+#include <cstdlib>
+#include <exception>
+#include <new>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+// Both command lines use these numbers.
+constexpr int WRONG_USAGE = 2;
+constexpr int NO_FILE = 3;
+
+[[noreturn]] void EndWithoutMemory()
+{
+    WriteStandardError(NO_FILE_LINE);
+    std::_Exit(NO_FILE);
+}
+
+/// Where memory ends in what may not throw, such as the freeing of settings, the process ends, but not without a word.
+/// Where there isn't even memory for an exception there is none.
+[[noreturn]] void Terminate()
+{
+    try
+    {
+        if (const std::exception_ptr current = std::current_exception())
+        {
+            std::rethrow_exception(current);
+        }
+    }
+    catch (const std::bad_alloc&)
+    {}
+    catch (...)
+    {
+        std::abort();
+    }
+    EndWithoutMemory();
+}
+
+#ifdef __GNUC__
+/// Before the libraries' static objects are made, which ask for memory too.
+__attribute__((constructor(101))) void TellWantOfMemory()
+{
+    std::set_terminate(Terminate);
+}
+#endif
+
+} // namespace
+
+int RunProgram(int count, char** values, int (*run)(const std::vector<std::wstring>& arguments))
+{
+    std::set_terminate(Terminate);
+    try
+    {
+        const std::optional<std::vector<std::wstring>> arguments = Arguments(count, values);
+        if (!arguments)
+        {
+            WriteStandardError(ILL_FORMED_ARGUMENT);
+            return WRONG_USAGE;
+        }
+        return run(*arguments);
+    }
+    catch (const std::bad_alloc&)
+    {
+        EndWithoutMemory();
+    }
+}
+
+} // namespace jlandxml
