@@ -1,0 +1,239 @@
+#!/usr/bin/env python3
+"""Runs the command line over and over and makes another of its calls fail each time.
+
+    faults.py PROGRAM LIBRARY WORK_FOLDER SETTINGS SCRATCH [--sample COUNT] [--only CALL] [--jobs COUNT]
+
+Every allocation and every call that works on files fails once, with each error that it can give, and once together with
+all that follow it; reads and writes are cut short too. After each run the program has ended by itself with a status that
+fits what it said, the target is the old file or the new one, whole, and nothing is left behind that it isn't told of.
+With --sample so many of the faults are tried, spread evenly.
+"""
+
+import argparse
+import concurrent.futures
+import errno
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+# The errors that each call can give; "short" cuts what is read or written.
+ERRORS = {
+    "allocate": [errno.ENOMEM],
+    "open": [errno.EACCES, errno.EMFILE, errno.ENFILE, errno.ENOENT, errno.ENOSPC, errno.EROFS, errno.EDQUOT, errno.EEXIST,
+             errno.ENOMEM],
+    "read": [errno.EIO, errno.EINTR, errno.EISDIR, "short"],
+    "fread": [errno.EIO, "short"],
+    "write": [errno.ENOSPC, errno.EIO, errno.EINTR, errno.EDQUOT, errno.EFBIG, errno.EPIPE, "short"],
+    "close": [errno.EIO, errno.ENOSPC, errno.EDQUOT, errno.EINTR],
+    "fstat": [errno.EIO, errno.EOVERFLOW],
+    "stat": [errno.EACCES, errno.EIO, errno.ENOMEM],
+    "lstat": [errno.EACCES, errno.EIO, errno.ENOENT, errno.ENOMEM],
+    "fstatat": [errno.EACCES, errno.EIO, errno.ENOENT, errno.ENOMEM],
+    "fdopen": [errno.ENOMEM],
+    "opendir": [errno.EACCES, errno.EMFILE, errno.ENOMEM],
+    "readdir": [errno.EIO],
+    "lseek": [errno.EIO, errno.ESPIPE],
+    "ftruncate": [errno.EIO, errno.EFBIG, errno.EPERM],
+    "fallocate": [errno.ENOSPC, errno.EDQUOT, errno.EOPNOTSUPP, errno.EIO, errno.EINTR, errno.EFBIG],
+    "fsync": [errno.EIO, errno.ENOSPC, errno.EDQUOT, errno.EROFS],
+    "fchmod": [errno.EPERM, errno.EIO, errno.EROFS],
+    "fchown": [errno.EPERM, errno.EIO],
+    "fgetxattr": [errno.ENODATA, errno.EOPNOTSUPP, errno.EIO],
+    "fsetxattr": [errno.EPERM, errno.ENOSPC, errno.EOPNOTSUPP],
+    "fremovexattr": [errno.EPERM, errno.EOPNOTSUPP],
+    "fstatfs": [errno.EIO, errno.ENOSYS],
+    "renameat": [errno.EACCES, errno.EBUSY, errno.ENOSPC, errno.EXDEV, errno.EIO, errno.EPERM, errno.ENOENT],
+    "unlink": [errno.EACCES, errno.EBUSY, errno.EIO],
+    "readlink": [errno.EACCES, errno.EIO],
+    "realpath": [errno.EACCES, errno.EIO, errno.ENOMEM],
+    "faccessat": [errno.EACCES, errno.EROFS],
+    "getrandom": [errno.EINTR, errno.ENOSYS, "short"],
+    "dup": [errno.EMFILE],
+    "fcntl": [errno.EBADF, errno.EINVAL],
+    "fflush": [errno.EIO, errno.ENOSPC],
+}
+TARGETS = ["standing", "linked", "symlink", "missing"]
+OLD = b"<the file that stood here before/>" * 3000
+TIME_LIMIT = 60
+WARNING = "警告: "
+
+USAGE_LINES = re.compile("設定ファイルを読み込めません|作業フォルダーがありません")
+NO_FILE = "ファイルは出力されませんでした。"
+FAILURE_LINES = re.compile(
+    NO_FILE +
+    "|(中|処理)に(エラー|不明な例外)が発生しました。"
+    "|不明なエラーが発生しました。"
+    "|作業用ファイルへのアクセスに失敗しました。"
+    "|File operation failed: %s, "
+    "|General exception occurred: %s, "
+    "|Unknown exception occurred while loading the CSV file."
+    "|モジュールを読み込めません")
+
+
+class Case:
+    """One folder with one kind of target."""
+
+    def __init__(self, scratch, target):
+        self.folder = tempfile.mkdtemp(dir=scratch)
+        self.temporary = os.path.join(self.folder, "temporary")
+        self.out = os.path.join(self.folder, "out")
+        self.path = os.path.join(self.out, "out.xml")
+        os.mkdir(self.temporary)
+        os.mkdir(self.out)
+        self.names = set()
+        if target in ("standing", "linked"):
+            self.put(self.path)
+        if target == "linked":
+            os.link(self.path, os.path.join(self.out, "other.xml"))
+            self.names.add("other.xml")
+        if target == "symlink":
+            self.put(os.path.join(self.out, "real.xml"))
+            os.symlink("real.xml", self.path)
+            self.names.add("real.xml")
+        self.old = None if target == "missing" else OLD
+
+    @staticmethod
+    def put(path):
+        with open(path, "wb") as file:
+            file.write(OLD)
+
+    def content(self):
+        try:
+            with open(self.path, "rb") as file:
+                return file.read()
+        except FileNotFoundError:
+            return None
+
+    def left_beside(self):
+        return sorted(set(os.listdir(self.out)) - self.names - {"out.xml"})
+
+    def left_in_temporary(self):
+        return sorted(os.listdir(self.temporary))
+
+    def kept_old(self):
+        return any(open(os.path.join(self.temporary, name), "rb").read() == self.old for name in self.left_in_temporary())
+
+    def remove(self):
+        shutil.rmtree(self.folder)
+
+
+def run(arguments, case, fault):
+    environment = {name: value for name, value in os.environ.items() if not name.startswith("FAULT_")}
+    environment.update(fault)
+    environment.update({"LD_PRELOAD": arguments.library, "TMPDIR": case.temporary})
+    command = [arguments.program, arguments.work_folder, "-s", arguments.settings, "-o", case.path]
+    return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, timeout=TIME_LIMIT,
+                          check=False)
+
+
+def problem_of(ended, case, call, new):
+    """What is wrong with a run; nothing if it is as it should be."""
+    status = ended.returncode
+    said = ended.stderr.decode("utf-8", "replace").splitlines()
+    warnings = [line for line in said if line.startswith(WARNING)]
+    lines = [line for line in said if not line.startswith(WARNING)]
+    content = case.content()
+    muted = call in ("write", "fflush") and not lines
+    if status not in (0, 1, 2, 3):
+        return f"ended with {status}: {said}"
+    if status == 0:
+        if lines:
+            return f"status 0 with {lines}"
+        if content != new and not (warnings and content is not None and content.endswith(b"</LandXML>\r\n")):
+            return "status 0 with another file: " + ("the old one" if content == case.old else "a wrong one")
+    else:
+        # Behind a message box the dialog goes on, so that a file may stand beside a failure.
+        told = status == 3 and NO_FILE not in lines and content == new
+        # Where a target that can only be written over can't be put back either, its old content is kept and told of.
+        kept = status == 3 and case.kept_old() and (muted or any("元に戻せません" in warning for warning in warnings))
+        if content != case.old and not told and not kept:
+            return f"status {status}, target " + ("new" if content == new else "torn") + f": {said}"
+        if status == 1 and not warnings and not muted:
+            return f"findings without a reason: {lines}"
+        if status == 2 and not muted and not warnings and not (len(lines) == 1 and USAGE_LINES.search(lines[0])):
+            return f"status 2 with {lines}"
+        if status == 3 and not muted and not (lines and all(FAILURE_LINES.search(line) for line in lines)):
+            return f"status 3 with {lines}"
+    if call != "unlink":
+        if case.left_beside():
+            return f"left beside the target: {case.left_beside()}"
+        if len(case.left_in_temporary()) > (1 if status == 3 else 0):
+            return f"left in the temporary folder with status {status}: {case.left_in_temporary()}"
+    return None
+
+
+def try_fault(arguments, fault, new):
+    target, call, at, error, lasting = fault
+    case = Case(arguments.scratch, target)
+    environment = {"FAULT_CALL": call, "FAULT_AT": str(at), "FAULT_ERROR": str(error)}
+    if lasting:
+        environment["FAULT_LASTING"] = "1"
+    name = f"{target}: {call} {at}{' and all after it' if lasting else ''}: " + \
+        (error if error == "short" else errno.errorcode[error])
+    try:
+        problem = problem_of(run(arguments, case, environment), case, call, new)
+    except subprocess.TimeoutExpired:
+        problem = "hangs"
+    case.remove()
+    return name, problem
+
+
+def counts_of(arguments, target):
+    """How often each call is made in a run without a fault, and the file that it writes."""
+    case = Case(arguments.scratch, target)
+    counts = os.path.join(case.folder, "counts")
+    ended = run(arguments, case, {"FAULT_COUNTS": counts})
+    if ended.returncode != 0 or ended.stderr:
+        sys.exit(f"the run without a fault ended with {ended.returncode}: {ended.stderr.decode()}")
+    with open(counts, encoding="ascii") as file:
+        numbers = {name: int(count) for name, count in (line.split() for line in file)}
+    content = case.content()
+    case.remove()
+    return numbers, content
+
+
+def faults_of(target, counts):
+    for call, errors in ERRORS.items():
+        if call == "allocate" and target != "standing":
+            continue
+        for at in range(1, counts[call] + 1):
+            for error in errors:
+                # What is interrupted or cut short for ever never ends, and no system does that.
+                lasts = [False] if error in (errno.EINTR, errno.EEXIST, "short") else [False, True]
+                yield from ((target, call, at, error, lasting) for lasting in lasts)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    for name in ("program", "library", "work_folder", "settings", "scratch"):
+        parser.add_argument(name)
+    parser.add_argument("--sample", type=int, default=0)
+    parser.add_argument("--only")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    arguments = parser.parse_args()
+    os.makedirs(arguments.scratch, exist_ok=True)
+
+    faults = []
+    new = None
+    for target in TARGETS:
+        counts, new = counts_of(arguments, target)
+        faults += faults_of(target, counts)
+    if arguments.only:
+        faults = [fault for fault in faults if fault[1] == arguments.only]
+    if arguments.sample and arguments.sample < len(faults):
+        faults = [faults[index * len(faults) // arguments.sample] for index in range(arguments.sample)]
+
+    problems = 0
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+        for name, problem in pool.map(lambda fault: try_fault(arguments, fault, new), faults):
+            if problem:
+                problems += 1
+                print(f"{name}: {problem}")
+    print(f"{len(faults)} faults tried, {problems} problems")
+    sys.exit(1 if problems or not faults else 0)
+
+
+main()

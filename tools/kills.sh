@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Kills the command line at random moments while it writes over a target, and looks at the target: it is the old file or
+# the new one, whole, each time, and a later run has its way. On every kind of file system that can be mounted from a
+# file here, with plenty of room and with hardly any.
+#
+#   tools/kills.sh [TIMES] [BUILD_FOLDER]     TIMES for each target size on each volume, default 20
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+times=${1:-20}
+build=${2:-build/linux}
+cmake --build "$build" --target jlandxml-convert -- --quiet
+exec nice python3 tests/checks/kills.py "$(realpath "$build/src/jlandxml-convert")" examples/road "$times"
