@@ -4,6 +4,7 @@
 #include "inspect/Angles.h"
 #include "inspect/Names.h"
 #include "inspect/PlaneRectangular.h"
+#include "inspect/Summary.h"
 
 #include <algorithm>
 #include <array>
@@ -157,45 +158,70 @@ PlacesOfOne PlacesOf(const Surface& surface)
 /// a mistake.
 constexpr double ZONE_MARGIN = 0.1;
 
-/// Reports the places of one alignment, group or surface that lie outside the zone and are inside it when swapped, or
-/// aren't: one finding, whose object is the place itself where there is but one.
-void ReportOutside(int zone, const PlacesOfOne& all, Findings& findings, bool isInsideWhenSwapped)
+bool IsOutside(const std::optional<int>& zone, const NamedPlace& place)
+{
+    return zone && !IsInZone(*zone, place.north, place.east, ZONE_MARGIN);
+}
+
+bool IsInsideWhenSwapped(const std::optional<int>& zone, const NamedPlace& place)
+{
+    return zone && IsInZone(*zone, place.east, place.north, ZONE_MARGIN);
+}
+
+/// Where an alignment's points may lie: the box round its main points and what is built beside it.
+class Surroundings
+{
+  public:
+    explicit Surroundings(const Alignment& alignment)
+    {
+        for (const NamedPlace& place : PlacesOf(alignment).places)
+        {
+            north_.Take(place.north);
+            east_.Take(place.east);
+        }
+    }
+
+    bool Hold(double north, double east) const
+    {
+        constexpr double MARGIN = 500;
+        return north >= north_.Smallest() - MARGIN && north <= north_.Largest() + MARGIN &&
+               east >= east_.Smallest() - MARGIN && east <= east_.Largest() + MARGIN;
+    }
+
+  private:
+    Range north_;
+    Range east_;
+};
+
+/// Reports those places of one alignment, group or surface of which `isWrong` is true: one finding, whose object is the
+/// place itself where there is but one.
+template <class IsWrong>
+void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findings& findings, IsWrong&& isWrong)
 {
     std::set<std::wstring_view> names;
     const NamedPlace* first = nullptr;
     for (const NamedPlace& place : all.places)
     {
-        if (!IsInZone(zone, place.north, place.east, ZONE_MARGIN) &&
-            IsInZone(zone, place.east, place.north, ZONE_MARGIN) == isInsideWhenSwapped)
+        if (isWrong(place))
         {
             names.insert(place.name);
             first = first != nullptr ? first : &place;
         }
     }
-    if (first != nullptr)
-    {
-        const bool areMore = names.size() > 1;
-        const Sentence words =
-            areMore ? Sentence{L"X {}、Y {}、第{}系、ほか{}か所", L"X {}, Y {}, zone {}, and {} more places"}
-                    : Sentence{L"X {}、Y {}、第{}系", L"X {}, Y {}, zone {}"};
-        findings.Report(areMore ? all.name : first->name, first->line,
-                        {words,
-                         {ShortNumber(first->north, 3), ShortNumber(first->east, 3), std::to_wstring(zone),
-                          std::to_wstring(names.size() - 1)}});
-    }
-}
-
-void ReportOutside(const LandXmlFile& file, Findings& findings, bool isInsideWhenSwapped)
-{
-    const std::optional<int> zone = ZoneOf(file);
-    if (!zone)
+    if (first == nullptr)
     {
         return;
     }
-    const auto report = [&](const auto& one) { ReportOutside(*zone, PlacesOf(one), findings, isInsideWhenSwapped); };
-    ForEachAlignment(file, report);
-    std::for_each(file.pointGroups.begin(), file.pointGroups.end(), report);
-    std::for_each(file.surfaces.begin(), file.surfaces.end(), report);
+    const bool areMore = names.size() > 1;
+    const Sentence words = areMore ? Sentence{L"X {}、Y {}、{}、ほか{}か所", L"X {}, Y {}, {}, and {} more places"}
+                                   : Sentence{L"X {}、Y {}、{}", L"X {}, Y {}, {}"};
+    const Detail system = zone ? Detail({L"第{}系", L"zone {}"}, {std::to_wstring(*zone)}) : Detail(NOT_GIVEN, {});
+    const std::wstring north = ShortNumber(first->north, 3);
+    const std::wstring east = ShortNumber(first->east, 3);
+    const std::wstring more = std::to_wstring(names.size() - 1);
+    Detail detail(words, {north, east, system.japanese, more});
+    detail.english = Detail(words, {north, east, system.english, more}).english;
+    findings.Report(areMore ? all.name : first->name, first->line, detail);
 }
 
 /// Says of an angle in degrees, minutes and seconds that it is none.
@@ -353,12 +379,41 @@ void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
 
 void CheckCoordinatesInZone(const LandXmlFile& file, Findings& findings)
 {
-    ReportOutside(file, findings, false);
+    const std::optional<int> zone = ZoneOf(file);
+    const auto isWrong = [&](const NamedPlace& place) {
+        return IsOutside(zone, place) && !IsInsideWhenSwapped(zone, place);
+    };
+    const auto report = [&](const auto& one) { ReportPlaces(zone, PlacesOf(one), findings, isWrong); };
+    ForEachAlignment(file, report);
+    std::for_each(file.pointGroups.begin(), file.pointGroups.end(), report);
+    std::for_each(file.surfaces.begin(), file.surfaces.end(), report);
 }
 
 void CheckAxesInOrder(const LandXmlFile& file, Findings& findings)
 {
-    ReportOutside(file, findings, true);
+    const std::optional<int> zone = ZoneOf(file);
+    const auto isWrong = [&](const NamedPlace& place) {
+        return IsOutside(zone, place) && IsInsideWhenSwapped(zone, place);
+    };
+    const auto report = [&](const auto& one) { ReportPlaces(zone, PlacesOf(one), findings, isWrong); };
+    ForEachAlignment(file, report);
+    // Near a zone's origin both orders lie in the zone, but only one of them beside the alignment.
+    const auto alignments = AlignmentsByName(file);
+    for (const PointGroup& group : file.pointGroups)
+    {
+        const auto alignment = alignments.find(group.alignmentRefs);
+        if (alignment == alignments.end())
+        {
+            report(group);
+            continue;
+        }
+        const Surroundings surroundings(*alignment->second);
+        ReportPlaces(zone, PlacesOf(group), findings, [&](const NamedPlace& place) {
+            return isWrong(place) ||
+                   (!surroundings.Hold(place.north, place.east) && surroundings.Hold(place.east, place.north));
+        });
+    }
+    std::for_each(file.surfaces.begin(), file.surfaces.end(), report);
 }
 
 void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)

@@ -25,8 +25,13 @@ const char* EntityOf(char character)
         return "&quot;";
     case '\'':
         return "&#39;";
-    default:
+    case '\t':
+    case '\n':
+    case '\r':
         return nullptr;
+    default:
+        // Control characters, which XML can spell, are none of HTML's.
+        return static_cast<unsigned char>(character) < 0x20 || character == 0x7F ? "\xEF\xBF\xBD" : nullptr;
     }
 }
 

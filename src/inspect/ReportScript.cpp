@@ -200,9 +200,11 @@ for (const box of document.querySelectorAll('.terrainbox')) {
     return { array, count: faces.length / 4, colour, check };
   });
   const sizes = canvas.dataset.sizes.split(' ').map(Number), rise = box.querySelector('.rise'), compass = box.querySelector('.compass');
-  let yaw = 0.5, pitch = 0.7, east = 0, up = 0, held = null;
-  const reach = Math.hypot(sizes[0], sizes[1]) / 2, wide = (canvas.clientWidth || 1000) / (canvas.clientHeight || 560);
-  let near = 0.95 * Math.min(wide / reach, 1 / (reach * Math.sin(pitch) + sizes[2] / 2));
+  let yaw = 0.3, pitch = 0.7, east = 0, up = 0, held = null;
+  // As large as the box round all surfaces fits.
+  const wide = (canvas.clientWidth || 1000) / (canvas.clientHeight || 560);
+  const across = sizes[0] * Math.cos(yaw) + sizes[1] * Math.sin(yaw), away = sizes[0] * Math.sin(yaw) + sizes[1] * Math.cos(yaw);
+  let near = 1.9 * Math.min(Math.max(1, wide) / across, 1 / (Math.min(1, wide) * (away * Math.sin(pitch) + sizes[2] * Math.cos(pitch)) || 1));
   function draw() {
     const width = canvas.clientWidth || 1000, height = canvas.clientHeight || 560, ratio = window.devicePixelRatio || 1;
     canvas.width = width * ratio;
@@ -213,7 +215,7 @@ for (const box of document.querySelectorAll('.terrainbox')) {
     gl.clear(gl.COLOR_BUFFER_BIT | gl.DEPTH_BUFFER_BIT);
     gl.uniform3f(uniform('middle'), sizes[0] / 2, sizes[1] / 2, sizes[2] / 2);
     gl.uniform4f(uniform('turn'), Math.cos(yaw), Math.sin(yaw), Math.cos(pitch), Math.sin(pitch));
-    gl.uniform2f(uniform('zoom'), near * Math.min(1, height / width) , near * Math.min(1, height / width) * width / height);
+    gl.uniform2f(uniform('zoom'), near * Math.min(1, height / width), near * Math.min(1, height / width) * width / height);
     gl.uniform2f(uniform('shift'), east, up);
     gl.uniform1f(uniform('rise'), Number(rise.value));
     for (const mesh of meshes.filter(one => one.check.checked)) {

@@ -40,6 +40,75 @@ bool IsExplained(const std::string& example, const Finding& finding)
     });
 }
 
+// One change of the road, and all that is said then: the element itself, and what lies on it or counts from it
+
+struct ExampleChange
+{
+    const char* name;
+    Change change;
+    std::vector<std::string> said;
+};
+
+const std::string LINE = "線形1／直線 BP～KA.1-1";
+const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
+constexpr const char* END = "<End name=\"KA.1-1\">12500.79234746";
+
+const ExampleChange EXAMPLE_CHANGES[] = {
+    {"AnEndMovedByTwoMillimetres",
+     {END, "<End name=\"KA.1-1\">12500.79434746"},
+     {"警告 H02 " + LINE, "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+    {"AnEndMovedByTwentyCentimetres",
+     {END, "<End name=\"KA.1-1\">12500.99234746"},
+     {"誤り H02 " + LINE, "警告 H03 " + LINE, "警告 H05 " + LINE, "警告 T07 IntermediatePnts-1／No.2+10.000",
+      "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+    {"ACurveTurnedRound",
+     {"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""},
+     {"誤り H08 " + CURVE, "誤り T07 IntermediatePnts-1／No.10", "誤り T08 IntermediatePnts-1／No.10"}},
+    {"AParameterOnePercentTooLarge",
+     {"label=\"A\" value=\"100.000000\"", "label=\"A\" value=\"101.000000\""},
+     {"誤り H06 線形1／クロソイド KA.1-1～KE.1-1"}},
+    {"AFaceToAMissingPoint",
+     {"<F>18 21 20</F>", "<F>18 22 20</F>"},
+     {"誤り F04 現況地形／面 18 22 20", "情報 F07 現況地形／点 21"}},
+    {"SwappedAxes", {">12461.0876 18224.2281", ">18224.2281 12461.0876"}, {"警告 R09 左幅杭／L-1"}},
+    {"ZoneEightForNine", {"\"9(X,Y)\"", "\"8(X,Y)\""}, {"警告 R07 座標参照系"}},
+    {"DecimalDegreesForMinutes",
+     {"value=\"62.3\"", "value=\"30.75\""},
+     {"誤り T08 IntermediatePnts-1／No.0", "誤り R10 IntermediatePnts-1／No.0"}},
+    {"ASpiralsEndMovedByTwoMillimetres",
+     {"<End name=\"KE.1-1\">12521.99785226", "<End name=\"KE.1-1\">12521.99985226"},
+     {"警告 H02 線形1／クロソイド KA.1-1～KE.1-1", "警告 H07 線形1／クロソイド KA.1-1～KE.1-1"}},
+    {"AVerticalCurveTooLong",
+     {"<ParaCurve length=\"100.000\">220", "<ParaCurve length=\"400.000\">220"},
+     {"誤り V02 線形1／縦断線形 計画／PVI 400.000"}},
+    {"AProfileThatGoesBack", {"<PVI>400.000", "<PVI>200.000"}, {"誤り V01 線形1／縦断線形 計画"}},
+    {"ASectionBehindTheEnd",
+     {"sta=\"130.000\"", "sta=\"430.000\""},
+     {"警告 T06 線形1／横断面 No.6+10.000", "警告 C02 線形1／横断面 No.10"}},
+    {"AMainPointOfAnotherNumber",
+     {"<End name=\"KE.1-2\">", "<End name=\"KE.1-9\">"},
+     {"警告 H12 線形1／円曲線 KE.1-1～KE.1-9"}},
+};
+
+class ExampleChanges : public testing::TestWithParam<ExampleChange>
+{};
+
+TEST_P(ExampleChanges, NameTheChangedElement)
+{
+    const std::string road = ReadWholeFile(JLANDXML_SOURCE_DIR L"/tests/e2e/road/expected.xml").value_or("");
+    std::vector<std::string> said;
+    for (const Finding& finding :
+         Inspect(ReadLandXmlBytes(Changed(road, {GetParam().change}), L"road.xml"), EveryCheck()))
+    {
+        said.push_back(Utf8FromWide(SeverityName(finding.severity) + (L" " + std::wstring(finding.check->code)) + L" " +
+                                    finding.object));
+    }
+    EXPECT_EQ(said, GetParam().said);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, ExampleChanges, testing::ValuesIn(EXAMPLE_CHANGES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
 TEST(FinishedFiles, ShowNothingThatIsNotExplained)
 {
     const std::vector<const Check*> checks = EveryCheck();

@@ -4,6 +4,7 @@
 #include "inspect/CheckSheet.h"
 #include "inspect/Checks.h"
 #include "inspect/SurfaceLines.h"
+#include "inspect/TerrainMesh.h"
 
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,20 @@ TEST(ReportPage, LeavesNoMarkupOfAFileInItsTexts)
     EXPECT_GE(CountOf(page, "&lt;/script&gt;&lt;script&gt;alert(1)"), 20U);
 }
 
+TEST(ReportPage, HasNoControlCharacters)
+{
+    const std::string page = PageOf(SoundFile({{"国道999号 架空バイパス", "a&#1;b&#27;c&#127;d&#9;e"}}));
+    EXPECT_NE(page.find("a\xEF\xBF\xBD"
+                        "b\xEF\xBF\xBD"
+                        "c\xEF\xBF\xBD"
+                        "d\te"),
+              std::string::npos);
+    EXPECT_TRUE(std::none_of(page.begin(), page.end(), [](char character) {
+        return (static_cast<unsigned char>(character) < 0x20 && character != '\n' && character != '\t') ||
+               character == 0x7F;
+    }));
+}
+
 TEST(ReportPage, HasWellFormedDrawings)
 {
     const std::string page = PageOf(SoundFile());
@@ -98,6 +113,16 @@ TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
     const std::string page = PageOf(SoundFile());
     EXPECT_NE(page.find("BP\nX=12450.00000000\nY=18230.00000000</title>"), std::string::npos);
     EXPECT_NE(page.find("<td>12521.99785226</td>"), std::string::npos);
+    EXPECT_NE(page.find("<td>0.000000</td>"), std::string::npos) << "the start station";
+    for (const char* const text : {">R=200.00000000</text>", ">A=100.000000</text>", "VCL=100.000", "VCR=800.000",
+                                   "X 12436.695～12545.5634", ">104.3</text>", "left 3.250 m"})
+    {
+        EXPECT_NE(page.find(text), std::string::npos) << text;
+    }
+    for (const char* const text : {"R=200<", "A=100<", "VCR=800<", ">104.3000<", ">104.300<"})
+    {
+        EXPECT_EQ(page.find(text), std::string::npos) << text;
+    }
 }
 
 TEST(ReportPage, LeadsFromAFindingToTheDrawing)
@@ -148,7 +173,96 @@ TEST_P(OddFiles, GiveAPageOfReasonableSize)
 INSTANTIATE_TEST_SUITE_P(Inspect, OddFiles, testing::ValuesIn(ODD_FILES),
                          [](const auto& one) { return std::string(one.param.name); });
 
+TEST(ReportPage, IsInEnglishToo)
+{
+    const std::string page = PageOf(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}));
+    for (const char* const text :
+         {"<td data-en=\"An element&#39;s length doesn&#39;t fit its coordinates (value 110.002 m, computed 110 m, "
+          "difference 0.002 m, tolerance 0.001 m)\">要素の長さが",
+          "<td data-en=\"Warning\">警告</td>", "<td data-en=\"Clothoid\">クロソイド</td>",
+          "<td data-en=\"Plan／線形1\">平面線形／線形1</td>", "File: sound.xml\n"})
+    {
+        EXPECT_NE(page.find(text), std::string::npos) << text;
+    }
+}
+
+TEST(ReportPage, SaysThatThereIsNoRecordOfTheConversion)
+{
+    EXPECT_NE(PageOf(SoundFile()).find("変換で変更、追加、削除した値の記録はありません。"), std::string::npos);
+}
+
+TEST(ReportPage, HoldsSurfacesAsBytes)
+{
+    const std::string page =
+        PageOf(ReadLandXmlBytes("<LandXML><Surfaces><Surface name=\"s\"><Definition surfType=\"TIN\"><Pnts>"
+                                "<P id=\"1\">0 0 0</P><P id=\"2\">0 10 0</P><P id=\"3\">10 0 5</P></Pnts><Faces>"
+                                "<F>1 2 3</F></Faces></Definition></Surface></Surfaces></LandXML>",
+                                L"s.xml"));
+    EXPECT_EQ(Tag(page, "<canvas"), "<canvas class=\"terrain\" data-sizes=\"1 1 0.5\">");
+    // Three places of three halves, 65535 and 32768 among them, and the numbers 0, 1 and 2.
+    EXPECT_EQ(Tag(page, "<label class=\"mesh\""),
+              "<label class=\"mesh\" data-points=\"AAAAAAAA//8AAAAAAAD//wCA\" data-faces=\"AAAAAAEAAAACAAAA\">");
+    EXPECT_EQ(CountOf(PageOf(ReadLandXmlBytes("<LandXML/>", L"空.xml")), "<canvas"), 0U);
+}
+
 // Surfaces
+
+/// A wavy grid of so many squares a side, two faces each.
+Surface WavyGrid(std::uint32_t side)
+{
+    Surface surface;
+    for (std::uint32_t row = 0; row <= side; ++row)
+    {
+        for (std::uint32_t column = 0; column <= side; ++column)
+        {
+            surface.points.push_back({static_cast<double>(row), static_cast<double>(column), std::sin(row * 0.1),
+                                      row * (side + 1) + column + 1, 1});
+        }
+    }
+    for (std::uint32_t row = 0; row < side; ++row)
+    {
+        for (std::uint32_t column = 0; column < side; ++column)
+        {
+            const std::uint32_t corner = row * (side + 1) + column + 1;
+            surface.faces.push_back({{corner, corner + 1, corner + side + 1}, 1, 3, false});
+            surface.faces.push_back({{corner + 1, corner + side + 2, corner + side + 1}, 1, 3, false});
+        }
+    }
+    return surface;
+}
+
+TEST(TerrainMesh, HoldsEveryFaceThatThereIsRoomFor)
+{
+    const std::vector<Surface> surfaces{WavyGrid(10)};
+    const TerrainMesh mesh = MeshOf(surfaces.front(), BoxOf(surfaces), 200);
+    EXPECT_EQ(mesh.whole, 200U);
+    EXPECT_EQ(mesh.triangles.size(), 200U);
+    EXPECT_EQ(mesh.places.size(), 121U);
+}
+
+TEST(TerrainMesh, IsThinnedAndStillReachesFromEndToEnd)
+{
+    const std::vector<Surface> surfaces{WavyGrid(60)};
+    const TerrainMesh mesh = MeshOf(surfaces.front(), BoxOf(surfaces), 1000);
+    EXPECT_EQ(mesh.whole, 7200U);
+    EXPECT_LE(mesh.triangles.size(), 1000U);
+    EXPECT_GE(mesh.triangles.size(), 400U);
+    std::uint16_t farthest = 0;
+    for (const auto& place : mesh.places)
+    {
+        farthest = std::max({farthest, place[0], place[1]});
+    }
+    EXPECT_GE(farthest, 60000U);
+}
+
+TEST(TerrainMesh, LeavesOutPointsThatAreNotOnEarth)
+{
+    std::vector<Surface> surfaces{WavyGrid(2)};
+    surfaces.front().points[0].height = 1e300;
+    const TerrainBox box = BoxOf(surfaces);
+    EXPECT_EQ(box.unit, 2);
+    EXPECT_EQ(MeshOf(surfaces.front(), box, 100).triangles.size(), 7U);
+}
 
 TEST(SurfaceLines, AnOutlineIsTheEdgesOfOneFaceAlone)
 {

@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Looks at reports in a headless browser: no script fails, drawn places are the file's, texts don't lie over one another.
+"""Looks at reports in a headless browser: no script fails, drawn places are the file's, texts don't lie over one another,
+nothing of a hostile file is run, cross sections can be leafed through, surfaces are drawn, and the page speaks English.
+A picture of each page stays in the work folder.
 
     browse.py BROWSER PROGRAM WORK_FOLDER FILE...    (PROGRAM with what runs it in front, parted by semicolons)
 """
@@ -14,13 +16,13 @@ WATCH = "<script>window.faults = []; window.onerror = (message) => { window.faul
 
 PROBE = r"""<pre id="result"></pre><script>
 const faults = window.faults;
-let places = 0, texts = 0;
+let places = 0, texts = 0, sections = 0, drawn = 0;
 for (const svg of document.querySelectorAll('svg.plan')) {
   const north = Number(svg.dataset.north), east = Number(svg.dataset.east);
   for (const path of svg.querySelectorAll('path.main, path.stake, path.intermediate')) {
-    const drawn = /^M(\S+) (\S+)h0$/.exec(path.getAttribute('d'));
+    const place = /^M(\S+) (\S+)h0$/.exec(path.getAttribute('d'));
     const told = /X=(\S+)\s+Y=(\S+)/.exec(path.querySelector('title').textContent);
-    const off = Math.hypot(north - Number(drawn[2]) - Number(told[1]), east + Number(drawn[1]) - Number(told[2]));
+    const off = Math.hypot(north - Number(place[2]) - Number(told[1]), east + Number(place[1]) - Number(told[2]));
     if (!(off <= 0.0015)) faults.push(path.textContent + ' is drawn ' + off + ' m off');
     ++places;
   }
@@ -36,7 +38,7 @@ function overlaps(svg, when) {
     }
   });
 }
-for (const svg of document.querySelectorAll('svg.plan, svg.profile, svg.section')) overlaps(svg, 'at first');
+for (const svg of document.querySelectorAll('svg.plan, svg.profile')) overlaps(svg, 'at first');
 for (const svg of document.querySelectorAll('svg.plan')) {
   const frame = svg.getBoundingClientRect();
   const before = svg.viewBox.baseVal.width;
@@ -47,36 +49,96 @@ for (const svg of document.querySelectorAll('svg.plan')) {
   if (!(svg.viewBox.baseVal.width < before / 2)) faults.push('the wheel does not zoom');
   overlaps(svg, 'zoomed');
 }
+// From section to section, each alone and then all of them.
+for (const leaf of document.querySelectorAll('.leaf')) {
+  const figures = [...leaf.nextElementSibling.children], [previous, next] = leaf.querySelectorAll('button');
+  const seen = () => figures.filter(figure => figure.offsetHeight > 0);
+  figures.forEach((figure, index) => {
+    if (seen().length !== 1 || seen()[0] !== figure) faults.push('section ' + index + ' is not the one that is shown');
+    if (next.disabled !== (index === figures.length - 1) || previous.disabled !== (index === 0)) faults.push('leafing at ' + index);
+    figure.querySelectorAll('svg').forEach(svg => overlaps(svg, 'section ' + index));
+    ++sections;
+    next.click();
+  });
+  leaf.querySelector('input').click();
+  if (seen().length !== figures.length) faults.push('not all sections are shown');
+  figures.forEach((figure, index) => figure.querySelectorAll('svg').forEach(svg => overlaps(svg, 'small section ' + index)));
+  const line = figures[figures.length - 1].querySelector('path[id]');
+  leaf.querySelector('input').click();
+  if (line) {
+    location.hash = line.id;
+    window.dispatchEvent(new HashChangeEvent('hashchange'));
+    if (seen()[0] !== figures[figures.length - 1]) faults.push('a link to a section does not lead there');
+  }
+}
+for (const canvas of document.querySelectorAll('canvas.terrain')) {
+  const gl = canvas.getContext('webgl2'), pixels = new Uint8Array(canvas.width * canvas.height * 4);
+  const count = () => {
+    gl.readPixels(0, 0, canvas.width, canvas.height, gl.RGBA, gl.UNSIGNED_BYTE, pixels);
+    return pixels.reduce((sum, value, index) => sum + (index % 4 === 0 && value < 250 ? 1 : 0), 0);
+  };
+  drawn = count() / (canvas.width * canvas.height);
+  if (!(drawn > 0.01)) faults.push('no surface is drawn');
+  canvas.parentNode.querySelectorAll('.mesh input').forEach(check => check.click());
+  if (count() !== 0) faults.push('surfaces are drawn that are switched off');
+}
 document.getElementById('language').click();
-if (!document.body.textContent.includes('Findings')) faults.push('there is no English');
-document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts }) + 'END';
+for (const word of document.querySelectorAll('h2[data-en], h3[data-en], th[data-en], button[data-en]')) {
+  if (/[\u3040-\u30ff]/.test(word.textContent)) faults.push('there is no English for ' + word.textContent);
+}
+if (document.documentElement.lang !== 'en') faults.push('the language is not switched');
+document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts, sections, drawn }) + 'END';
 </script>"""
+
+# In every name of a file: what would run if it weren't escaped.
+HOSTILE = ("&quot;&apos;&gt;&lt;/script&gt;&lt;script&gt;window.faults.push(&quot;ran&quot;)&lt;/script&gt;"
+           "&lt;img src=x onerror=&apos;window.faults.push(1)&apos;&gt;--&gt;&lt;/style&gt;&lt;/svg&gt;&#1;")
+
+
+def run(browser, page, *options):
+    with tempfile.TemporaryDirectory() as profile:
+        done = subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu", "--use-angle=swiftshader",
+                               "--enable-unsafe-swiftshader", "--hide-scrollbars", f"--user-data-dir={profile}",
+                               "--enable-logging=stderr", "--window-size=1500,2000", *options, page.resolve().as_uri()],
+                              capture_output=True, text=True, encoding="utf-8", timeout=240, check=True)
+    # Software that stands in for a graphics card tells of its own slowness.
+    said = [line for line in done.stderr.splitlines() if "CONSOLE" in line and "GL Driver Message" not in line]
+    assert not said, f"{page}: {said}"
+    return done.stdout
 
 
 def look(browser, page):
+    run(browser, page, f"--screenshot={page.with_suffix('.png').resolve()}")
+    probed = page.with_name("probed-" + page.name)
     text = page.read_text(encoding="utf-8")
-    text = text.replace("<style>", WATCH + "<style>", 1).replace("</body>", PROBE + "</body>")
-    page.write_text(text, encoding="utf-8")
-    with tempfile.TemporaryDirectory() as profile:
-        dom = subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu", f"--user-data-dir={profile}",
-                              "--window-size=1500,2000", "--dump-dom", page.resolve().as_uri()],
-                             capture_output=True, text=True, encoding="utf-8", timeout=120, check=True).stdout
-    result = re.search(r"RESULT(\{.*\})END</pre>", dom)
+    probed.write_text(text.replace("<style>", WATCH + "<style>", 1).replace("</body>", PROBE + "</body>"), encoding="utf-8")
+    result = re.search(r"RESULT(\{.*\})END</pre>", run(browser, probed, "--dump-dom"))
     assert result, f"{page}: the page's scripts didn't run to their end"
     return json.loads(result.group(1).replace("&amp;", "&").replace("&lt;", "<").replace("&gt;", ">"))
+
+
+def hostile(name, target):
+    """The file with something hostile behind every name, reference and note."""
+    text = pathlib.Path(name).read_text(encoding="utf-8")
+    attributes = r'\b(name|desc|code|pntRef|alignmentRefs|verticalDatum|horizontalDatum|material|version|author)="([^"]+)"'
+    text = re.sub(attributes, lambda found: f'{found[1]}="{found[2]}{HOSTILE}"', text)
+    target.write_text(re.sub(r'value="([^"0-9.-][^"]*)"', rf'value="\1{HOSTILE}"'.replace("&#1;", "&#1;"), text), encoding="utf-8")
+    return str(target)
 
 
 def main(browser, program, folder, *files):
     folder = pathlib.Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
-    for number, name in enumerate(files):
+    names = [*files, hostile(files[0], folder / "hostile.xml")]
+    for number, name in enumerate(names):
         page = folder / f"{number}.html"
         command = [part for part in program.split(";") if part]
         subprocess.run([*command, "--report", str(page), name], stdout=subprocess.DEVNULL, check=False)
         result = look(browser, page)
         assert not result["faults"], f"{name}: {result['faults']}"
-        assert result["places"] >= 10 and result["texts"] >= 50, f"{name}: {result}"
-        print(name, result["places"], "places,", result["texts"], "texts")
+        assert result["places"] >= 10 and result["texts"] >= 50 and result["sections"] >= 2, f"{name}: {result}"
+        assert result["drawn"] > 0, f"{name}: {result}"
+        print(name, result["places"], "places,", result["texts"], "texts,", result["sections"], "sections")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""A report on a surface of a million faces: the page is small enough to be mailed, and says that it is thinned.
+
+    large.py PROGRAM WORK_FOLDER    (PROGRAM with what runs it in front, parted by semicolons)
+"""
+import math
+import pathlib
+import re
+import subprocess
+import sys
+import time
+
+SIDE = 708
+LARGEST_PAGE = 20_000_000
+
+
+def write_terrain(path):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write('<LandXML version="1.2"><Units><Metric linearUnit="meter"/></Units><CoordinateSystem '
+                   'horizontalDatum="JGD2011" horizontalCoordinateSystemName="9(X,Y)"/><Surfaces><Surface name="地形">'
+                   '<Definition surfType="TIN">\n<Pnts>\n')
+        for row in range(SIDE):
+            for column in range(SIDE):
+                height = 100 + 20 * math.sin(row * 0.01) + 10 * math.cos(column * 0.017) + (row * 31 + column * 17) % 7 * 0.05
+                file.write(f'<P id="{row * SIDE + column + 1}">{row * 1.5:.3f} {column * 1.5:.3f} {height:.3f}</P>\n')
+        file.write("</Pnts>\n<Faces>\n")
+        for row in range(SIDE - 1):
+            for column in range(SIDE - 1):
+                a = row * SIDE + column + 1
+                file.write(f"<F>{a} {a + 1} {a + SIDE}</F>\n<F>{a + 1} {a + SIDE + 1} {a + SIDE}</F>\n")
+        file.write("</Faces></Definition></Surface></Surfaces></LandXML>\n")
+
+
+def main(program, folder):
+    folder = pathlib.Path(folder)
+    folder.mkdir(parents=True, exist_ok=True)
+    terrain, page = folder / "terrain.xml", folder / "terrain.html"
+    write_terrain(terrain)
+    begin = time.monotonic()
+    command = [part for part in program.split(";") if part]
+    subprocess.run([*command, "--report", str(page), str(terrain)], stdout=subprocess.DEVNULL, check=True)
+    seconds = time.monotonic() - begin
+    text = page.read_text(encoding="utf-8")
+    size = page.stat().st_size
+    faces = 2 * (SIDE - 1) ** 2
+    thinned = re.search(rf"{faces}面を(\d+)面に間引いて表示しています。", text)
+    assert size < LARGEST_PAGE, f"the page has {size} bytes"
+    assert thinned and 100_000 <= int(thinned[1]) <= 200_000, f"{thinned}"
+    assert text.count('class="contour"') >= 5, "there are no contours"
+    print(f"{terrain.stat().st_size / 1e6:.1f} MB with {faces} faces: a page of {size / 1e6:.1f} MB in {seconds:.1f} s")
+    terrain.unlink()
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
