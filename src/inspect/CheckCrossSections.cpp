@@ -316,8 +316,8 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
                 {
                     const bool isRelative = centre.surface->IsRelativeToProfile();
                     findings.Measure(
-                        SurfaceName(alignment, section, *centre.surface), centre.point->line,
-                        centre.point->height.value, isRelative ? 0 : *height,
+                        SurfaceName(alignment, section, *centre.surface), centre.point->line, centre.point->height,
+                        isRelative ? 0 : *height,
                         {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
                                     : Sentence{L"標高", L"elevation"},
                          {ShortNumber(*height, 3)}});

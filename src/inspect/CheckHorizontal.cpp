@@ -161,7 +161,7 @@ void CheckElementLengths(const LandXmlFile& file, Findings& findings)
         const ElementCourse course = CourseOf(element);
         if (course.IsKnown())
         {
-            findings.Measure(NameOf(alignment, element), element.line, element.length.value, course.computedLength);
+            findings.Measure(NameOf(alignment, element), element.line, element.length, course.computedLength);
         }
     });
 }
@@ -171,7 +171,8 @@ void CheckRadii(const LandXmlFile& file, Findings& findings)
     ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
         if (IsPlacedCurve(element))
         {
-            const double radius = RadiusOf(element);
+            const Figure radius{element.radius.IsFinite() ? element.radius.text : std::wstring_view(),
+                                RadiusOf(element)};
             findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.start, element.center),
                              {{L"始点まで", L"to the start"}, {}});
             findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.end, element.center),
@@ -205,7 +206,7 @@ void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
         const double change = std::abs(CurvatureOf(element.radiusStart) - CurvatureOf(element.radiusEnd));
         if (IsClothoid(element) && element.parameter.IsFinite() && element.length.IsFinite() && change > 0)
         {
-            findings.MeasureRatio(NameOf(alignment, element), element.line, element.parameter.value,
+            findings.MeasureRatio(NameOf(alignment, element), element.line, element.parameter,
                                   std::sqrt(element.length.value / change));
         }
     });
@@ -260,8 +261,7 @@ void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings)
         if (alignment.length.IsFinite() && !alignment.elements.empty())
         {
             const Course course(alignment);
-            findings.Measure(NameOf(alignment), alignment.line, alignment.length.value,
-                             course.StaEnd() - course.StaStart());
+            findings.Measure(NameOf(alignment), alignment.line, alignment.length, course.StaEnd() - course.StaStart());
         }
     });
 }

@@ -134,7 +134,7 @@ void CheckVerticalRadii(const LandXmlFile& file, Findings& findings)
             if (point.element->radius.IsFinite() && point.HasCurve() && change > 0)
             {
                 findings.MeasureRatio(PointName(alignment, design, point), point.element->line,
-                                      std::abs(point.element->radius.value),
+                                      {point.element->radius.text, std::abs(point.element->radius.value)},
                                       (point.lengthIn + point.lengthOut) / change);
             }
         }

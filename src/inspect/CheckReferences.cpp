@@ -85,6 +85,8 @@ struct NamedPlace
     std::size_t line;
     double north;
     double east;
+    std::wstring_view northText; ///< the file's own; empty where it wasn't kept
+    std::wstring_view eastText;
 };
 
 /// The places of an alignment, of a group of points or of a surface.
@@ -97,7 +99,8 @@ struct PlacesOfOne
     {
         if (point.IsPlaced())
         {
-            places.push_back({std::move(place), point.line, point.north.value, point.east.value});
+            places.push_back(
+                {std::move(place), point.line, point.north.value, point.east.value, point.north.text, point.east.text});
         }
     }
 };
@@ -147,8 +150,12 @@ PlacesOfOne PlacesOf(const Surface& surface)
     {
         if (point != nullptr)
         {
-            all.places.push_back(
-                {Path(NameOf(surface), L"点 " + std::to_wstring(point->id)), point->line, point->north, point->east});
+            all.places.push_back({Path(NameOf(surface), L"点 " + std::to_wstring(point->id)),
+                                  point->line,
+                                  point->north,
+                                  point->east,
+                                  {},
+                                  {}});
         }
     }
     return all;
@@ -216,8 +223,8 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     const Sentence words = areMore ? Sentence{L"X {}、Y {}、{}、ほか{}か所", L"X {}, Y {}, {}, and {} more places"}
                                    : Sentence{L"X {}、Y {}、{}", L"X {}, Y {}, {}"};
     const Detail system = zone ? Detail({L"第{}系", L"zone {}"}, {std::to_wstring(*zone)}) : Detail(NOT_GIVEN, {});
-    const std::wstring north = ShortNumber(first->north, 3);
-    const std::wstring east = ShortNumber(first->east, 3);
+    const std::wstring north = NameOr(first->northText, ShortNumber(first->north));
+    const std::wstring east = NameOr(first->eastText, ShortNumber(first->east));
     const std::wstring more = std::to_wstring(names.size() - 1);
     Detail detail(words, {north, east, system.japanese, more});
     detail.english = Detail(words, {north, east, system.english, more}).english;
@@ -465,7 +472,7 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
     }
     if (nearest != nullptr)
     {
-        findings.Measure(L"座標参照系", system.line, differTp.value, nearest->differTp, system.verticalDatum);
+        findings.Measure(L"座標参照系", system.line, differTp, nearest->differTp, system.verticalDatum);
     }
 }
 

@@ -132,9 +132,10 @@ void CheckWithin(const Alignment& alignment, const Course& course, const PlacedT
     if (thing.station.IsFinite() &&
         (thing.station.value < course.StaStart() - SAME_STATION || thing.station.value > end + SAME_STATION))
     {
-        findings.Report(Path(NameOf(alignment), thing.name), thing.line,
-                        {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
-                         {thing.station.text, ShortNumber(course.StaStart()), ShortNumber(end)}});
+        findings.Report(
+            Path(NameOf(alignment), thing.name), thing.line,
+            {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
+             {thing.station.text, NameOr(alignment.staStart.text, ShortNumber(course.StaStart())), ShortNumber(end)}});
     }
 }
 
@@ -169,7 +170,7 @@ void CheckStationEquations(const LandXmlFile& file, Findings& findings)
         double internal = alignment.staStart.value;
         for (const StaEquation* const equation : SortedEquations(alignment))
         {
-            findings.Measure(EquationName(alignment, *equation), equation->line, equation->back.value,
+            findings.Measure(EquationName(alignment, *equation), equation->line, equation->back,
                              label + equation->internal.value - internal, L"staBack");
             label = equation->ahead.value;
             internal = equation->internal.value;

@@ -12,9 +12,19 @@ namespace jlandxml::inspect
 namespace
 {
 
+std::wstring WithUnit(const std::wstring& value, const wchar_t* unit)
+{
+    return value + (*unit != L'\0' ? L" " : L"") + unit;
+}
+
 std::wstring WithUnit(double value, const wchar_t* unit)
 {
-    return ShortNumber(value) + (*unit != L'\0' ? L" " : L"") + unit;
+    return WithUnit(ShortNumber(value), unit);
+}
+
+std::wstring TextOf(const Figure& figure)
+{
+    return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(figure.value);
 }
 
 /// What stands behind a check's text: the detail and the figures, if there are any.
@@ -107,31 +117,32 @@ std::optional<Severity> Findings::Grade(double deviation, Severity highest, doub
     return std::min({grade, highest, check_->severity});
 }
 
-void Findings::Measure(std::wstring object, std::size_t line, double value, double expected, const Detail& detail,
-                       Severity highest)
+void Findings::Measure(std::wstring object, std::size_t line, const Figure& value, double expected,
+                       const Detail& detail, Severity highest)
 {
     double tolerance = 0;
-    const double difference = std::abs(value - expected);
+    const double difference = std::abs(value.value - expected);
     if (const std::optional<Severity> severity = Grade(difference, highest, tolerance))
     {
         const wchar_t* const unit = check_->tolerance->unit;
-        const Detail figures(
-            {L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
-            {WithUnit(value, unit), WithUnit(expected, unit), WithUnit(difference, unit), WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, std::move(object), line, value, expected, tolerance);
+        const Detail figures({L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
+                             {WithUnit(TextOf(value), unit), WithUnit(expected, unit), WithUnit(difference, unit),
+                              WithUnit(tolerance, unit)});
+        Add(*severity, detail, figures, std::move(object), line, value.value, expected, tolerance);
     }
 }
 
-void Findings::MeasureRatio(std::wstring object, std::size_t line, double value, double expected, const Detail& detail)
+void Findings::MeasureRatio(std::wstring object, std::size_t line, const Figure& value, double expected,
+                            const Detail& detail)
 {
     double tolerance = 0;
-    const double ratio = std::abs(value - expected) / std::abs(expected);
+    const double ratio = std::abs(value.value - expected) / std::abs(expected);
     if (const std::optional<Severity> severity = Grade(ratio, Severity::Error, tolerance))
     {
         const Detail figures(
             {L"値 {}、計算 {}、差の割合 {}、許容 {}", L"value {}, computed {}, off by a ratio of {}, tolerance {}"},
-            {ShortNumber(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
-        Add(*severity, detail, figures, std::move(object), line, value, expected, tolerance);
+            {TextOf(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
+        Add(*severity, detail, figures, std::move(object), line, value.value, expected, tolerance);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "inspect/Figure.h"
+
 #include <array>
 #include <cstddef>
 #include <initializer_list>
@@ -100,12 +102,13 @@ class Findings
     void Report(std::wstring object, std::size_t line, const Detail& detail = {});
 
     /// Says it if a figure is further off than the check tolerates, never above `highest`. A figure or an expectation
-    /// that isn't finite says nothing.
-    void Measure(std::wstring object, std::size_t line, double value, double expected, const Detail& detail = {},
+    /// that isn't finite says nothing. The figure is told in the file's own text, if it has one.
+    void Measure(std::wstring object, std::size_t line, const Figure& value, double expected, const Detail& detail = {},
                  Severity highest = Severity::Error);
 
     /// Says it if the part of `expected` by which a figure differs from it is larger than the check tolerates.
-    void MeasureRatio(std::wstring object, std::size_t line, double value, double expected, const Detail& detail = {});
+    void MeasureRatio(std::wstring object, std::size_t line, const Figure& value, double expected,
+                      const Detail& detail = {});
 
     /// Says it if what should be nothing is more than the check tolerates.
     void MeasureGap(std::wstring object, std::size_t line, double gap, const Detail& detail = {},

@@ -413,13 +413,13 @@ TEST(Checks, WithToleranceKeepSilentInSomeCaseWithinIt)
 TEST(Findings, NameTheLineAndTheNumbers)
 {
     const std::vector<Finding> findings =
-        Inspect(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}), {FindCheck(L"H03")});
+        Inspect(SoundFile({{"length=\"110.000000\"", "length=\"110.00200\""}}), {FindCheck(L"H03")});
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings[0].line, 69U);
     EXPECT_EQ(Utf8FromWide(findings[0].text),
-              "要素の長さが座標からの計算と合いません（値 110.002 m、計算 110 m、差 0.002 m、許容 0.001 m）");
+              "要素の長さが座標からの計算と合いません（値 110.00200 m、計算 110 m、差 0.002 m、許容 0.001 m）");
     EXPECT_EQ(Utf8FromWide(findings[0].english),
-              "An element's length doesn't fit its coordinates (value 110.002 m, computed 110 m, difference 0.002 m, "
+              "An element's length doesn't fit its coordinates (value 110.00200 m, computed 110 m, difference 0.002 m, "
               "tolerance 0.001 m)");
     EXPECT_DOUBLE_EQ(findings[0].value.value(), 110.002);
     EXPECT_NEAR(findings[0].expected.value(), 110, 1e-6);
