@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "base/Exceptions.h"
 #include "base/Files.h"
 #include "base/Streams.h"
 #include "base/Text.h"
@@ -7,18 +8,22 @@
 #include "cli/HostCall.h"
 #include "cli/Program.h"
 #include "cli/SettingsUser.h"
+#include "cli/Usage.h"
 #include "dialog/JLandXMLErrorDlg.h"
+#include "inspect/Checks.h"
+#include "inspect/OutputFile.h"
+#include "inspect/Printing.h"
+#include "inspect/ReadLandXml.h"
+#include "inspect/Report.h"
 #include "run/ConversionContext.h"
 #include "run/module/ExecuteQuorvane.h"
 #include "sidefiles/LoadSideFiles.h"
 #include "windows/scripted/ScriptedWindowSystem.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 #include <new>
 #include <optional>
-#include <sstream>
 #include <utility>
 
 namespace jlandxml
@@ -33,7 +38,9 @@ struct Options
     std::wstring workFolder;
     std::wstring settingsFile;
     std::wstring outputFile;
+    std::wstring reportFile; ///< empty: none
     std::optional<std::int32_t> routes;
+    bool check = false;
     bool printSettings = false;
     bool dialog = false;
 };
@@ -44,23 +51,6 @@ struct Parsed
     Options options;
     std::optional<ExitStatus> ends;
 };
-
-CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
-{
-    return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
-}
-
-/// The usage is in the user's language, headings and all.
-void Translate(CLI::App& app)
-{
-    constexpr std::pair<const char*, const char*> LABELS[] = {
-        {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
-    for (const auto& [label, translation] : LABELS)
-    {
-        app.get_formatter()->label(label, translation);
-    }
-    app.option_defaults()->group("オプション")->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-}
 
 std::int32_t ReadRouteCount(const std::string& text)
 {
@@ -74,85 +64,64 @@ std::int32_t ReadRouteCount(const std::string& text)
     return count;
 }
 
-/// One line about the argument that is wrong.
-std::string Problem(const CLI::ParseError& error)
-{
-    std::string text = error.what();
-    switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
-    {
-    case CLI::ExitCodes::RequiredError:
-        return "WORK_FOLDER: 作業フォルダーを指定してください";
-    case CLI::ExitCodes::ArgumentMismatch:
-        return text.substr(0, text.find(':')) + ": 値を指定してください";
-    default:
-        return text;
-    }
-}
-
 Parsed Parse(const std::vector<std::wstring>& arguments)
 {
     std::string workFolder;
     std::string routes;
     std::string settings;
     std::string output;
+    std::string report;
     Parsed parsed;
+    Options& options = parsed.options;
 
     CLI::App app("LandXMLの作業フォルダーからJ-LandXMLファイルを出力します。", "jlandxml-convert");
-    Translate(app);
-    // A path may begin with a slash on Windows too.
-    app.allow_windows_style_options(false);
-    app.set_version_flag("--version", "jlandxml-convert " JLANDXML_VERSION, "バージョンを表示します");
-    app.set_help_flag("--help", "この説明を表示します");
+    PrepareUsage(app, "jlandxml-convert");
     app.add_option("WORK_FOLDER", workFolder, "Landxml_temp.xmlのあるフォルダー")->required()->type_name("");
     const CLI::Option* const routesOption =
         app.add_option("-n,--routes", routes, "路線数（既定値: サイドファイルのある最大の番号）")->type_name("COUNT");
     const CLI::Option* const settingsOption =
         app.add_option("-s,--settings", settings, "設定ファイル（JSON、UTF-8）")->type_name("FILE");
     app.add_option("-o,--output", output, "出力ファイル（既存のファイルは置き換えます）")->type_name("FILE");
-    app.add_flag("--print-settings", parsed.options.printSettings, "現在の設定を設定ファイルの形で表示します");
-    app.add_flag("--dialog", parsed.options.dialog, "ホストと同じようにモジュールを呼び出します");
-    app.allow_extras();
+    app.add_flag("--print-settings", options.printSettings, "現在の設定を設定ファイルの形で表示します");
+    app.add_flag("--check", options.check, "出力したファイルを検査します");
+    const CLI::Option* const reportOption =
+        app.add_option("--report", report, "出力したファイルの図面と計算書のHTMLファイル")->type_name("FILE.html");
+    app.add_flag("--dialog", options.dialog, "ホストと同じようにモジュールを呼び出します");
     app.final_callback([&] {
-        if (!app.remaining().empty())
-        {
-            throw WrongArgument(app.remaining().front(), "余分な引数です。取り除いてください");
-        }
-        if (output.empty() && !parsed.options.printSettings && !parsed.options.dialog)
+        RefuseFurtherArguments(app);
+        const bool makesItsFile = !options.printSettings && !options.dialog;
+        if (output.empty() && makesItsFile)
         {
             throw WrongArgument("--output", "出力ファイルを指定してください");
         }
-        if (settings.empty() && settingsOption->count() > 0)
+        RefuseEmpty(*settingsOption, settings, "設定ファイルを指定してください");
+        RefuseEmpty(*reportOption, report, "ファイルを指定してください");
+        if (!makesItsFile && (options.check || !report.empty()))
         {
-            throw WrongArgument("--settings", "設定ファイルを指定してください");
+            throw WrongArgument(options.check ? "--check" : "--report",
+                                "--print-settings、--dialogと一緒には指定できません");
         }
         if (routesOption->count() > 0)
         {
-            parsed.options.routes = ReadRouteCount(routes);
+            options.routes = ReadRouteCount(routes);
         }
     });
 
-    std::vector<std::string> narrow;
-    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(narrow),
-                   [](const std::wstring& argument) { return Utf8FromWide(argument); });
-    try
+    switch (ReadArguments(app, arguments, "WORK_FOLDER: 作業フォルダーを指定してください"))
     {
-        app.parse(narrow);
-    }
-    catch (const CLI::Success& asked)
-    {
-        std::ostringstream out;
-        app.exit(asked, out);
-        WriteStandardOutput(WideFromUtf8(out.str()));
+    case ArgumentsRead::Asked:
         parsed.ends = ExitStatus::FileWritten;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
+        break;
+    case ArgumentsRead::Wrong:
         parsed.ends = ExitStatus::WrongUsage;
+        break;
+    case ArgumentsRead::Whole:
+        break;
     }
-    parsed.options.workFolder = WideFromUtf8(workFolder);
-    parsed.options.settingsFile = WideFromUtf8(settings);
-    parsed.options.outputFile = WideFromUtf8(output);
+    options.workFolder = WideFromUtf8(workFolder);
+    options.settingsFile = WideFromUtf8(settings);
+    options.outputFile = WideFromUtf8(output);
+    options.reportFile = WideFromUtf8(report);
     return parsed;
 }
 
@@ -340,6 +309,35 @@ ExitStatus RunScripted(const Options& options)
     return BatchRun(options, settings).Run();
 }
 
+/// Judges and draws the file that was just written. An 誤り in it is status 1; the file stays.
+ExitStatus InspectOutput(const Options& options)
+{
+    try
+    {
+        const inspect::LandXmlFile file = inspect::ReadLandXmlFile(options.outputFile);
+        const std::vector<inspect::Finding> findings = inspect::Inspect(file, inspect::EveryCheck());
+        if (!options.reportFile.empty())
+        {
+            inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
+        }
+        bool isWrong = false;
+        for (const inspect::Finding& finding : findings)
+        {
+            if (options.check)
+            {
+                WriteStandardError(inspect::FindingLine(finding));
+                isWrong = isWrong || finding.severity == inspect::Severity::Error;
+            }
+        }
+        return isWrong ? ExitStatus::Findings : ExitStatus::FileWritten;
+    }
+    catch (const CException& exception)
+    {
+        WriteStandardError(options.outputFile + L": " + ErrorText(exception) + L"\n");
+        return ExitStatus::NoFile;
+    }
+}
+
 ExitStatus RunModule(const Options& options)
 {
     if (!CallModule(options.workFolder, RouteCount(options)))
@@ -358,7 +356,13 @@ ExitStatus RunOptions(const Options& options)
         return ExitStatus::WrongUsage;
     }
     TakeWarnings(); // that a folder is no file
-    return options.dialog ? RunModule(options) : RunScripted(options);
+    if (options.dialog)
+    {
+        return RunModule(options);
+    }
+    const ExitStatus status = RunScripted(options);
+    const bool isWanted = options.check || !options.reportFile.empty();
+    return status == ExitStatus::FileWritten && isWanted ? InspectOutput(options) : status;
 }
 
 } // namespace

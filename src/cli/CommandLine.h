@@ -10,7 +10,7 @@ namespace jlandxml
 enum class ExitStatus
 {
     FileWritten = 0,
-    Findings = 1,   ///< what the user must complete
+    Findings = 1,   ///< what the user must complete, or with --check an 誤り in the written file
     WrongUsage = 2, ///< the command line or the settings
     NoFile = 3      ///< a message box was shown, or no file was produced
 };

@@ -4,21 +4,21 @@
 #include "base/Files.h"
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "cli/Usage.h"
 #include "inspect/Checks.h"
+#include "inspect/OutputFile.h"
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
 #include "inspect/Report.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
 #include <new>
 #include <optional>
 #include <set>
-#include <sstream>
 #include <utility>
 
 namespace jlandxml
@@ -52,23 +52,6 @@ struct Parsed
     Options options;
     std::optional<InspectStatus> ends;
 };
-
-CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
-{
-    return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
-}
-
-/// The usage is in the user's language, headings and all.
-void Translate(CLI::App& app)
-{
-    constexpr std::pair<const char*, const char*> LABELS[] = {
-        {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
-    for (const auto& [label, translation] : LABELS)
-    {
-        app.get_formatter()->label(label, translation);
-    }
-    app.option_defaults()->group("オプション");
-}
 
 /// The checks that a list of codes names; a letter alone names all of its group.
 std::vector<const Check*> NamedChecks(const char* option, const std::vector<std::string>& codes)
@@ -143,15 +126,6 @@ void RefuseSameNames(const std::vector<std::wstring>& files)
     }
 }
 
-/// One line about the argument that is wrong.
-std::string Problem(const CLI::ParseError& error)
-{
-    const std::string text = error.what();
-    return static_cast<CLI::ExitCodes>(error.get_exit_code()) == CLI::ExitCodes::ArgumentMismatch
-               ? text.substr(0, text.find(':')) + ": 値を指定してください"
-               : text;
-}
-
 Parsed Parse(const std::vector<std::wstring>& arguments)
 {
     std::vector<std::string> files;
@@ -164,59 +138,32 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     Parsed parsed;
 
     CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
-    Translate(app);
-    // A path may begin with a slash on Windows too.
-    app.allow_windows_style_options(false);
-    app.set_version_flag("-V,--version", "jlandxml-inspect " JLANDXML_VERSION, "バージョンを表示します");
-    app.set_help_flag("-h,--help", "この説明を表示します");
-    app.add_option("FILE", files, "検査するファイル")->type_name("");
+    PrepareUsage(app, "jlandxml-inspect");
+    app.add_option("FILE", files, "検査するファイル")->take_all()->type_name("");
     app.add_flag("--json", parsed.options.json, "ファイルごとに1行のJSONで表示します");
-    app.add_option("--checks", only, "行う検査の符号（コンマ区切り、Hのように組でも指定できます）")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->type_name("CODES");
-    app.add_option("--ignore", without, "行わない検査の符号")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->type_name("CODES");
-    app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
-        ->type_name("SEVERITY");
+    const auto addCodes = [&](const char* name, std::vector<std::string>& codes, const char* meaning) {
+        app.add_option(name, codes, meaning)->take_all()->delimiter(',')->allow_extra_args(false)->type_name("CODES");
+    };
+    addCodes("--checks", only, "行う検査の符号（コンマ区切り、Hのように組でも指定できます）");
+    addCodes("--ignore", without, "行わない検査の符号");
+    app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")->type_name("SEVERITY");
     const CLI::Option* const schemaOption =
-        app.add_option("--schema", schemaFile, "照合するXMLスキーマ（符号S01の検査）")
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
-            ->type_name("XSD");
+        app.add_option("--schema", schemaFile, "照合するXMLスキーマ（符号S01の検査）")->type_name("XSD");
     const CLI::Option* const csvOption =
-        app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
-            ->type_name("DIR");
+        app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")->type_name("DIR");
     const CLI::Option* const reportOption =
         app.add_option("--report", reportFile, "図面と計算書のHTMLファイル（検査するファイルは一つだけ）")
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
             ->type_name("FILE.html");
     app.add_flag("--list-checks", parsed.options.listChecks, "検査の一覧を表示します");
-    app.allow_extras();
     app.final_callback([&] {
-        if (!app.remaining().empty())
-        {
-            throw WrongArgument(app.remaining().front(), "余分な引数です。取り除いてください");
-        }
+        RefuseFurtherArguments(app);
         if (files.empty() && !parsed.options.listChecks)
         {
             throw WrongArgument("FILE", "検査するファイルを指定してください");
         }
-        if (schemaFile.empty() && schemaOption->count() > 0)
-        {
-            throw WrongArgument("--schema", "ファイルを指定してください");
-        }
-        if (csvFolder.empty() && csvOption->count() > 0)
-        {
-            throw WrongArgument("--csv", "フォルダーを指定してください");
-        }
-        if (reportFile.empty() && reportOption->count() > 0)
-        {
-            throw WrongArgument("--report", "ファイルを指定してください");
-        }
+        RefuseEmpty(*schemaOption, schemaFile, "ファイルを指定してください");
+        RefuseEmpty(*csvOption, csvFolder, "フォルダーを指定してください");
+        RefuseEmpty(*reportOption, reportFile, "ファイルを指定してください");
         if (!reportFile.empty() && files.size() > 1)
         {
             throw WrongArgument("--report", "検査するファイルは一つだけ指定してください");
@@ -230,24 +177,16 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         parsed.options.failOn = ReadSeverity(failOn);
     });
 
-    std::vector<std::string> narrow;
-    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(narrow),
-                   [](const std::wstring& argument) { return Utf8FromWide(argument); });
-    try
+    switch (ReadArguments(app, arguments))
     {
-        app.parse(narrow);
-    }
-    catch (const CLI::Success& asked)
-    {
-        std::ostringstream out;
-        app.exit(asked, out);
-        WriteStandardOutput(WideFromUtf8(out.str()));
+    case ArgumentsRead::Asked:
         parsed.ends = InspectStatus::NothingFound;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        WriteStandardError(WideFromUtf8(Problem(error)) + L"\n");
+        break;
+    case ArgumentsRead::Wrong:
         parsed.ends = InspectStatus::WrongUsage;
+        break;
+    case ArgumentsRead::Whole:
+        break;
     }
     parsed.options.schemaFile = WideFromUtf8(schemaFile);
     parsed.options.csvFolder = WideFromUtf8(csvFolder);
@@ -275,22 +214,12 @@ InspectStatus TellUnreadable(const Options& options, const std::wstring& path, c
     return InspectStatus::NotRead;
 }
 
-void WriteFile(const std::wstring& path, const std::string& bytes)
-{
-    ReplacementFile target(path);
-    target.Write(bytes);
-    if (!target.Commit())
-    {
-        throw CFileException(L"書き込めません: " + path);
-    }
-}
-
 void WriteTables(const LandXmlFile& file, const std::wstring& folder)
 {
     for (const inspect::Table& table : inspect::AllTables(file))
     {
         const std::wstring path = folder + L"/" + std::wstring(BaseName(file.path)) + L"-" + table.title + L".csv";
-        WriteFile(path, inspect::CsvText(table));
+        inspect::WriteOutputFile(path, inspect::CsvText(table));
     }
 }
 
@@ -311,7 +240,7 @@ InspectStatus InspectFile(const Options& options, const std::wstring& path)
     }
     if (!options.reportFile.empty())
     {
-        WriteFile(options.reportFile, inspect::ReportPage(file, findings));
+        inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
     }
     const bool fails = std::any_of(findings.begin(), findings.end(),
                                    [&](const Finding& finding) { return finding.severity >= options.failOn; });

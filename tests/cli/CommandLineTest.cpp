@@ -76,6 +76,68 @@ class CommandLineTest : public RunTest
     std::wstring Output() const { return folder.Name(L"out.xml"); }
 };
 
+// Judging what was written
+
+TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
+{
+    WorkFile(
+        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
+        "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
+        "</Alignment></Alignments></LandXML>");
+    const std::vector<std::wstring> arguments{folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()};
+    EXPECT_EQ(Run(arguments).status, ExitStatus::FileWritten);
+    std::vector<std::wstring> checked = arguments;
+    checked.push_back(L"--check");
+    const Outcome outcome = Run(checked);
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(outcome.err.starts_with("誤り H09 ")) << outcome.err;
+    EXPECT_TRUE(
+        outcome.err.ends_with(" A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.1 m）\n"))
+        << outcome.err;
+    EXPECT_FALSE(folder.Read(L"out.xml").empty());
+}
+
+TEST_F(CommandLineTest, ASoundFileIsCheckedWithoutAWord)
+{
+    WorkFile(
+        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' desc="
+        "'プロジェクト名 = 名'/></Alignments></LandXML>");
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check"});
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CommandLineTest, AReportOnTheWrittenFileIsAPage)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run(
+        {folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--report", folder.Name(L"out.html")});
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_TRUE(folder.Read(L"out.html").ends_with("</html>\n"));
+}
+
+TEST_F(CommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::wstring report = folder.Name(L"no folder/out.html");
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--report", report});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, Utf8FromWide(Output() + L": 書き込めません: " + report + L"\n"));
+}
+
+TEST_F(CommandLineTest, NothingIsCheckedWhereNoFileWasWritten)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run({folder.Name(), L"-o", Output(), L"--check", L"--report", folder.Name(L"out.html")});
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    EXPECT_EQ(folder.Read(L"out.html"), "");
+}
+
 // Statuses and streams
 
 TEST_F(CommandLineTest, AWrittenFileIsStatusZeroWithoutAWord)
@@ -301,6 +363,13 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"ACountInHexadecimal", {L".", L"-n", L"0x10", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
     {"ACountBeyond32Bits", {L".", L"-n", L"2147483648", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
     {"AnEmptyCount", {L".", L"-n", L"", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
+    {"ACheckOfWhatIsNotWritten",
+     {L".", L"--print-settings", L"--check"},
+     "--check: --print-settings、--dialogと一緒には指定できません\n"},
+    {"AReportOnWhatTheHostWrites",
+     {L".", L"--dialog", L"--report", L"x"},
+     "--report: --print-settings、--dialogと一緒には指定できません\n"},
+    {"AnEmptyReportPath", {L".", L"-o", L"x", L"--report", L""}, "--report: ファイルを指定してください\n"},
     {"AMissingFolder", {L"無い", L"-o", L"x"}, "無い: 作業フォルダーがありません。\n"},
     {"AMissingFolderToPrint", {L"無い", L"--print-settings"}, "無い: 作業フォルダーがありません。\n"},
     {"AMissingFolderForTheDialog", {L"無い", L"--dialog"}, "無い: 作業フォルダーがありません。\n"},
@@ -340,8 +409,9 @@ TEST_F(CommandLineTest, HelpNamesEveryOption)
     const Outcome outcome = Run({L"--help"});
     EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
     EXPECT_EQ(outcome.err, "");
-    for (const char* const option : {"WORK_FOLDER", "-n,--routes COUNT", "-s,--settings FILE", "-o,--output FILE",
-                                     "--print-settings", "--dialog", "--help", "--version"})
+    for (const char* const option :
+         {"WORK_FOLDER", "-n,--routes COUNT", "-s,--settings FILE", "-o,--output FILE", "--print-settings", "--check",
+          "--report FILE.html", "--dialog", "-h,--help", "-V,--version"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
     }

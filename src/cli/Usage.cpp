@@ -1,0 +1,98 @@
+#include "cli/Usage.h"
+
+#include "base/Streams.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+#include <utility>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+constexpr std::pair<const char*, const char*> HEADINGS[] = {
+    {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
+
+/// One line about the argument that is wrong.
+std::string Problem(const CLI::ParseError& error, const std::string& missing)
+{
+    const std::string text = error.what();
+    switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
+    {
+    case CLI::ExitCodes::RequiredError:
+        return missing;
+    case CLI::ExitCodes::ArgumentMismatch:
+        return text.substr(0, text.find(':')) + ": 値を指定してください";
+    default:
+        return text;
+    }
+}
+
+} // namespace
+
+CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
+{
+    return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
+}
+
+void PrepareUsage(CLI::App& app, const std::string& name)
+{
+    for (const auto& [heading, translation] : HEADINGS)
+    {
+        app.get_formatter()->label(heading, translation);
+    }
+    app.option_defaults()->group("オプション")->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    // A path may begin with a slash on Windows too.
+    app.allow_windows_style_options(false);
+    app.set_version_flag("-V,--version", name + " " JLANDXML_VERSION, "バージョンを表示します");
+    app.set_help_flag("-h,--help", "この説明を表示します");
+    app.allow_extras();
+}
+
+void RefuseEmpty(const CLI::Option& option, const std::string& value, const std::string& problem)
+{
+    if (value.empty() && option.count() > 0)
+    {
+        throw WrongArgument("--" + option.get_lnames().front(), problem);
+    }
+}
+
+void RefuseFurtherArguments(const CLI::App& app)
+{
+    const std::vector<std::string> rest = app.remaining();
+    if (!rest.empty())
+    {
+        throw WrongArgument(rest.front(), "余分な引数です。取り除いてください");
+    }
+}
+
+ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& arguments, const std::string& missing)
+{
+    // The library takes them from the back.
+    std::vector<std::string> narrow;
+    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(narrow),
+                   [](const std::wstring& argument) { return Utf8FromWide(argument); });
+    try
+    {
+        app.parse(narrow);
+    }
+    catch (const CLI::Success& asked)
+    {
+        std::ostringstream out;
+        app.exit(asked, out);
+        WriteStandardOutput(WideFromUtf8(out.str()));
+        return ArgumentsRead::Asked;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        WriteStandardError(WideFromUtf8(Problem(error, missing)) + L"\n");
+        return ArgumentsRead::Wrong;
+    }
+    return ArgumentsRead::Whole;
+}
+
+} // namespace jlandxml

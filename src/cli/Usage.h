@@ -1,0 +1,38 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace jlandxml
+{
+
+// What the command lines share: how they are declared, and how they tell the user, in Japanese and in one line, what is
+// wrong with the arguments. Texts are UTF-8.
+
+/// Thrown for an argument that the library takes for a right one.
+CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem);
+
+/// Gives a command line headings in the user's language, --help and --version. Of an option that is given several times
+/// the last counts, unless it says otherwise.
+void PrepareUsage(CLI::App& app, const std::string& name);
+
+/// Throws if an option was given with nothing as its value.
+void RefuseEmpty(const CLI::Option& option, const std::string& value, const std::string& problem);
+
+/// Throws if there are arguments that nothing was declared for.
+void RefuseFurtherArguments(const CLI::App& app);
+
+/// How the reading of arguments ended.
+enum class ArgumentsRead
+{
+    Whole, ///< the program goes on
+    Asked, ///< help or version was printed
+    Wrong, ///< a line on standard error says why
+};
+
+/// Reads the arguments into what was declared. `missing` is the line for a required argument that isn't there.
+ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& arguments, const std::string& missing = {});
+
+} // namespace jlandxml
