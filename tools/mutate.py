@@ -87,10 +87,13 @@ def changes_of_line(line):
 
 
 def independent(first, second):
-    """True for two assignments to members of one object that don't speak of each other: their order says nothing."""
-    members = [re.match(r"\s*(\w+)\.(\w+) = ", line) for line in (first, second)]
-    return (all(members) and members[0][1] == members[1][1] and members[0][2] != members[1][2] and
-            members[0][2] not in second[members[1].end():] and members[1][2] not in first[members[0].end():])
+    """True for two statements whose order says nothing: each assigns or clears a member that the other doesn't name."""
+    members = [re.match(r"\s*((?:\w+\.)?\w+)(?: = |\.clear\(\);)", line) for line in (first, second)]
+    if not all(members) or members[0][1] == members[1][1]:
+        return False
+    names = [re.escape(member[1].split(".")[-1]) for member in members]
+    rests = [line[member.end():] for line, member in zip((first, second), members)]
+    return not re.search(rf"\b{names[0]}\b", rests[1]) and not re.search(rf"\b{names[1]}\b", rests[0])
 
 
 def changes_of_file(path):

@@ -263,6 +263,19 @@ INSTANTIATE_TEST_SUITE_P(
                     L">" + DEFAULT_FEATURES +
                         L"<Feature name=\"WideningList\"><Property label=\"widthLeftValue\" value=\"50. 0.5\"/>"
                         L"<Property label=\"widthRightValue\" value=\"100. 1. 2\"/></Feature>"},
+        WritingCase{L"each point of a widening is a row of its own",
+                    L"><Feature name='WideningList'><Property label='widthLeftValue' value='50 0.5'/>"
+                    L"<Property label='widthLeftValue' value='60 1'/></Feature>",
+                    L">" + DEFAULT_FEATURES +
+                        L"<Feature name=\"WideningList\"><Property label=\"widthLeftValue\" value=\"50. 0.5\"/>"
+                        L"<Property label=\"widthLeftValue\" value=\"60. 1.\"/></Feature>"},
+        WritingCase{L"of two WideningList features the second takes the rows behind its own",
+                    L"><Feature name='WideningList'><Property label='widthLeftValue' value='50 0.5'/></Feature>"
+                    L"<Feature name='WideningList'><Property label='widthLeftValue' value='60 1'/></Feature>",
+                    L"><Feature name=\"WideningList\"><Property label=\"widthLeftValue\" value=\"60 1\"/>"
+                    L"<Property label=\"widthLeftValue\" value=\"50. 0.5\"/>"
+                    L"<Property label=\"widthLeftValue\" value=\"60. 1.\"/></Feature>" +
+                        DEFAULT_FEATURES},
         WritingCase{L"geometry and profile are written in their places",
                     L"><Profile><ProfSurf name='g'><PntList2D>1 "
                     L"2</PntList2D></ProfSurf></Profile><CoordGeom><Line><Start/><End/></Line></CoordGeom>",
