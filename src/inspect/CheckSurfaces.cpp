@@ -37,7 +37,8 @@ double Area(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
 {
     const double u[] = {b.north - a.north, b.east - a.east, b.height - a.height};
     const double v[] = {c.north - a.north, c.east - a.east, c.height - a.height};
-    return std::hypot(u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]) / 2;
+    const double w[] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
+    return std::sqrt(w[0] * w[0] + w[1] * w[1] + w[2] * w[2]) / 2;
 }
 
 std::size_t CornersOf(const Surface& surface)

@@ -1,12 +1,21 @@
 #include "inspect/PointIndex.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace jlandxml::inspect
 {
 
 PointIndex::PointIndex(const std::vector<SurfacePoint>& points)
 {
+    const auto isOutOfCount = [&](const SurfacePoint& point) {
+        return point.id != static_cast<std::size_t>(&point - points.data()) + 1;
+    };
+    if (std::none_of(points.begin(), points.end(), isOutOfCount))
+    {
+        countedPoints_ = points.size();
+        return;
+    }
     std::uint32_t highest = 0;
     for (const SurfacePoint& point : points)
     {
@@ -43,6 +52,10 @@ void PointIndex::Add(std::uint32_t id, std::uint32_t place)
 
 std::uint32_t PointIndex::Find(std::uint32_t id) const
 {
+    if (countedPoints_ > 0)
+    {
+        return id != 0 && id <= countedPoints_ ? id - 1 : NO_POINT;
+    }
     if (isTable_)
     {
         return id < table_.size() ? table_[id] : NO_POINT;
@@ -71,19 +84,34 @@ std::optional<std::array<std::uint32_t, 4>> PointIndex::PlacesOf(const SurfaceFa
 
 std::vector<std::uint64_t> SortedEdges(const Surface& surface, const PointIndex& index)
 {
-    std::vector<std::uint64_t> edges;
-    edges.reserve(surface.faces.size() * 3);
-    for (const SurfaceFace& face : surface.faces)
-    {
-        const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
-        for (std::size_t corner = 0; places && corner < face.cornerCount; ++corner)
+    // Sorted by their first points in counting, since as a rule only some six edges begin at a point.
+    std::vector<std::uint32_t> ends(surface.points.size() + 1);
+    const auto forEachEdge = [&](auto&& visit) {
+        for (const SurfaceFace& face : surface.faces)
         {
-            const std::uint32_t from = (*places)[corner];
-            const std::uint32_t to = (*places)[(corner + 1) % face.cornerCount];
-            edges.push_back(static_cast<std::uint64_t>(std::min(from, to)) << 32U | std::max(from, to));
+            const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
+            for (std::size_t corner = 0; places && corner < face.cornerCount; ++corner)
+            {
+                const std::uint32_t from = (*places)[corner];
+                const std::uint32_t to = (*places)[corner + 1 == face.cornerCount ? 0 : corner + 1];
+                visit(std::min(from, to), std::max(from, to));
+            }
         }
+    };
+    forEachEdge([&](std::uint32_t first, std::uint32_t) { ++ends[first + 1]; });
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<std::uint64_t> edges(ends.back());
+    forEachEdge([&](std::uint32_t first, std::uint32_t second) {
+        edges[ends[first]++] = static_cast<std::uint64_t>(first) << 32U | second;
+    });
+    // By now each end is that of the point's own edges.
+    auto begin = edges.begin();
+    for (std::size_t place = 0; place < surface.points.size(); ++place)
+    {
+        const auto end = edges.begin() + static_cast<std::ptrdiff_t>(ends[place]);
+        std::sort(begin, end);
+        begin = end;
     }
-    std::sort(edges.begin(), edges.end());
     return edges;
 }
 

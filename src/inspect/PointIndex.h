@@ -14,8 +14,8 @@ namespace jlandxml::inspect
 
 inline constexpr std::uint32_t NO_POINT = std::numeric_limits<std::uint32_t>::max();
 
-/// The places of a surface's points by their ids. Ids as a rule count up from 1, so that a table serves; where they
-/// are scattered they are sorted.
+/// The places of a surface's points by their ids. As a rule ids count up from 1 without a gap, and an id tells its
+/// place by itself; else a table serves, or where they are scattered a sorted list.
 class PointIndex
 {
   public:
@@ -30,6 +30,7 @@ class PointIndex
   private:
     void Add(std::uint32_t id, std::uint32_t place);
 
+    std::size_t countedPoints_ = 0; ///< how many, if the ids count up from 1
     bool isTable_ = true;
     std::vector<std::uint32_t> table_;
     std::vector<std::pair<std::uint32_t, std::uint32_t>> sorted_;

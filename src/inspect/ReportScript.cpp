@@ -46,7 +46,7 @@ path.scale { stroke: #222; stroke-width: 3; }
 .diagram { stroke: #1b4f9c; stroke-width: 1.5; } .second { stroke-dasharray: 5 3; }
 .profile .gradient, .profile .curvature, .profile .data { text-anchor: middle; }
 .profile .data { font-size: 10px; } .gradient { fill: #c0392b !important; }
-.leaf { display: flex; gap: 8px; align-items: center; margin: 4px 0; }
+.leaf { display: flex; gap: 8px; align-items: center; margin: 4px 0; } .leaf[hidden] { display: none; }
 @media screen { .sections.leafed > figure:not(.shown) { display: none; } }
 .sections { display: grid; grid-template-columns: repeat(auto-fill, minmax(560px, 1fr)); gap: 12px; }
 @media screen { .sections.leafed { display: block; } }
@@ -126,6 +126,8 @@ document.getElementById('language').addEventListener('click', event => {
 const char* const SECTIONS_SCRIPT = R"js(
 for (const leaf of document.querySelectorAll('.leaf')) {
   const sections = leaf.nextElementSibling, figures = [...sections.children];
+  leaf.hidden = figures.length === 0;
+  if (leaf.hidden) continue;
   const list = leaf.querySelector('select'), all = leaf.querySelector('input');
   const [previous, next] = leaf.querySelectorAll('button');
   for (const figure of figures) list.add(new Option(figure.querySelector('figcaption').textContent));

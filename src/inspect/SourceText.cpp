@@ -76,6 +76,32 @@ bool IsCp932(std::string_view bytes)
                        [&](std::wstring_view name) { return EqualsIgnoreCase(name, encoding); });
 }
 
+/// The same text as UTF-8, perhaps with a mark.
+std::string Decode(std::string bytes)
+{
+    for (const ByteOrder& order : UTF16_ORDERS)
+    {
+        if (std::string_view(bytes).starts_with(order.mark))
+        {
+            return Utf8FromUtf16(std::string_view(bytes).substr(order.mark.size()), order.high);
+        }
+    }
+    if (IsCp932(bytes))
+    {
+        if (const std::optional<std::wstring> wide = WideFromCp932(bytes))
+        {
+            return Utf8FromWide(*wide);
+        }
+    }
+    return bytes;
+}
+
+std::string_view WithoutMark(std::string_view text)
+{
+    text.remove_prefix(text.starts_with(UTF8_MARK) ? UTF8_MARK.size() : 0);
+    return text;
+}
+
 /// Where the next element that holds a passage begins: behind its start tag. Nothing behind the last.
 struct PassageTag
 {
@@ -103,30 +129,15 @@ std::optional<PassageTag> FindPassageTag(std::string_view bytes, std::size_t fro
 
 std::string DecodedText(std::string bytes)
 {
-    for (const ByteOrder& order : UTF16_ORDERS)
-    {
-        if (std::string_view(bytes).starts_with(order.mark))
-        {
-            return Utf8FromUtf16(std::string_view(bytes).substr(order.mark.size()), order.high);
-        }
-    }
-    if (IsCp932(bytes))
-    {
-        if (const std::optional<std::wstring> wide = WideFromCp932(bytes))
-        {
-            return Utf8FromWide(*wide);
-        }
-    }
-    if (std::string_view(bytes).starts_with(UTF8_MARK))
-    {
-        bytes.erase(0, UTF8_MARK.size());
-    }
-    return bytes;
+    std::string text = Decode(std::move(bytes));
+    text.erase(0, text.size() - WithoutMark(text).size());
+    return text;
 }
 
 SourceText::SourceText(std::string bytes)
 {
-    CutPassages(DecodedText(std::move(bytes)));
+    const std::string text = Decode(std::move(bytes));
+    CutPassages(WithoutMark(text));
 }
 
 void SourceText::CutPassages(std::string_view bytes)

@@ -37,8 +37,51 @@ class WordReader
     std::string_view rest_;
 };
 
+/// The powers of ten that a double holds exactly.
+constexpr double POWERS_OF_TEN[] = {1,    1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// A plain decimal number of up to 15 digits: an integer below 2^53 over a power of ten, both exact, so that their
+/// quotient is the nearest double (Clinger, How to Read Floating Point Numbers Accurately, 1990).
+std::optional<double> ReadPlainDecimal(std::string_view word)
+{
+    constexpr std::size_t MOST_DIGITS = 15;
+    const bool isNegative = word.starts_with('-');
+    std::uint64_t digits = 0;
+    std::size_t count = 0;
+    std::size_t point = std::string_view::npos;
+    for (std::size_t index = isNegative ? 1 : 0; index < word.size(); ++index)
+    {
+        const auto digit = static_cast<unsigned>(word[index] - '0');
+        if (digit <= 9)
+        {
+            digits = digits * 10 + digit;
+            ++count;
+        }
+        else if (word[index] == '.' && point == std::string_view::npos)
+        {
+            point = index;
+        }
+        else
+        {
+            return {};
+        }
+    }
+    if (count == 0 || count > MOST_DIGITS)
+    {
+        return {};
+    }
+    const std::size_t decimals = point == std::string_view::npos ? 0 : word.size() - point - 1;
+    const double value = static_cast<double>(digits) / POWERS_OF_TEN[decimals];
+    return isNegative ? -value : value;
+}
+
 double ReadCoordinate(std::string_view word)
 {
+    if (const std::optional<double> plain = ReadPlainDecimal(word))
+    {
+        return *plain;
+    }
     double value = NOT_A_NUMBER;
     const char* const end = word.data() + word.size();
     const char* const begin = word.data() + (word.starts_with('+') ? 1 : 0);

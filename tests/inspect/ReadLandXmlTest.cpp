@@ -3,6 +3,9 @@
 #include "SoundFile.h"
 #include "base/Exceptions.h"
 
+#include <cmath>
+#include <cstdlib>
+
 namespace jlandxml::inspect
 {
 namespace
@@ -166,6 +169,20 @@ TEST(ReadLandXml, SaysWhyAFileCannotBeRead)
     EXPECT_EQ(Error(""), "XMLとして読み込めません（1行目）");
     EXPECT_EQ(Error("\xFF\xFE"), "XMLとして読み込めません（1行目）");
     EXPECT_THROW(ReadLandXmlFile(L"無い.xml"), CFileException);
+}
+
+TEST(SurfacePoints, HaveTheNearestNumbersToTheirTexts)
+{
+    for (const char* const text :
+         {"0", "-0.0", "12463.305", "-104.300", "0.1", ".5", "5.", "999999999999999", "0.000000000000001",
+          "9007199254740993", "123456789.123456789", "1e5", "+3.25", "-1.7976931348623157e308", "0.30000000000000004"})
+    {
+        EXPECT_EQ(ReadSurfacePoint("1", text, 1).north, std::strtod(text, nullptr)) << text;
+    }
+    for (const char* const text : {".", "-", "", "1.2.3", "1,5", "12a", "--1", "0x10", "１"})
+    {
+        EXPECT_TRUE(std::isnan(ReadSurfacePoint("1", text, 1).north)) << text;
+    }
 }
 
 } // namespace
