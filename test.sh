@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 presets=(asan windows linux)
-fuzz_seconds=10
+fuzz_seconds=5
 if [ "${1:-}" = --fast ]; then
     presets=(linux)
     fuzz_seconds=0
@@ -31,8 +31,11 @@ if [ "$fuzz_seconds" -gt 0 ]; then
     for source in fuzz/Fuzz*.cpp; do
         target=$(basename "$source" .cpp)
         echo "== fuzz: $target for $fuzz_seconds seconds"
-        "build/asan/fuzz/$target" -max_total_time="$fuzz_seconds" -verbosity=0 -artifact_prefix=build/asan/ \
-            || failed+=("$target")
+        found=build/asan/found/$target # new inputs go into the first folder
+        mkdir -p "$found"
+        seeds=$(find fuzz/corpus -maxdepth 1 -name "$target")
+        "build/asan/fuzz/$target" "$found" ${seeds:+"$seeds"} -dict=fuzz/landxml.dict -max_total_time="$fuzz_seconds" \
+            -timeout=20 -close_fd_mask=1 -verbosity=0 -artifact_prefix=build/asan/ || failed+=("$target")
     done
 fi
 if [ ${#failed[@]} -gt 0 ]; then

@@ -1,7 +1,10 @@
-// Text and number conversions on any bytes.
+// Text and number conversions on any bytes, and the small languages that texts of the format hold.
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "model/DescText.h"
+#include "model/FViewPntList2D.h"
+#include "model/FViewWidening.h"
 #include "model/NumberText.h"
 
 #include <cstddef>
@@ -23,5 +26,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ParseInt(text);
     WideFromCp932(bytes);
     Cp932FromWide(text);
+    DescMap descriptions;
+    ParseDescText(text, descriptions);
+    PiCmList<PiGmPoint> points;
+    ParsePointList(text, points);
+    double first = 0.0;
+    double second = 0.0;
+    SplitNumberPair(text, first, second);
+    FViewWidening widening;
+    if (ParseWideningText(text, widening.station, widening.width, widening.code))
+    {
+        FormatWideningText(widening);
+    }
     return 0;
 }

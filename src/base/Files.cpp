@@ -17,10 +17,10 @@ namespace
 
 #ifdef _WIN32
 constexpr std::wstring_view SEPARATORS = L"/\\:";
-const std::wstring CURRENT_FOLDER = L".\\";
+constexpr std::wstring_view CURRENT_FOLDER = L".\\";
 #else
 constexpr std::wstring_view SEPARATORS = L"/";
-const std::wstring CURRENT_FOLDER = L"./";
+constexpr std::wstring_view CURRENT_FOLDER = L"./";
 #endif
 
 constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
@@ -28,7 +28,7 @@ constexpr std::size_t COPY_BLOCK_SIZE = std::size_t{1} << 20;
 std::optional<WorkFile> MakeBeside(const std::wstring& target, WorkFile::Purpose purpose)
 {
     const std::wstring_view folder = FolderOf(target);
-    return WorkFile::Make(folder.empty() ? CURRENT_FOLDER : std::wstring(folder), purpose);
+    return WorkFile::Make(std::wstring(folder.empty() ? CURRENT_FOLDER : folder), purpose);
 }
 
 std::optional<WorkFile> MakeInTemporaryFolder()

@@ -34,7 +34,7 @@ std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoo
 /// Closes a file that is read; what could fail there doesn't matter any more.
 struct FileCloser
 {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 

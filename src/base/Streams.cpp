@@ -94,7 +94,7 @@ namespace
 void WriteTo(std::FILE* stream, std::wstring_view text) noexcept
 {
     const WriteSignals signals;
-    std::fflush(stream);
+    static_cast<void>(std::fflush(stream)); // what the host's stream can't take is the host's to learn
     WriteUtf8(::fileno(stream), text);
 }
 
