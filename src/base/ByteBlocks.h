@@ -40,9 +40,13 @@ class ByteBlocks
 
     void Append(std::size_t count, char byte)
     {
-        for (; count > 0; --count)
+        while (count > 0)
         {
-            Append(byte);
+            const std::size_t part = count < CAPACITY - LOOK_BACK ? count : CAPACITY - LOOK_BACK;
+            MakeRoom(part);
+            std::memset(block_.get() + size_, byte, part);
+            size_ += part;
+            count -= part;
         }
     }
 

@@ -8,6 +8,7 @@
 #include "run/ExportRun.h"
 
 #include <algorithm>
+#include <new>
 
 namespace jlandxml
 {
@@ -83,7 +84,17 @@ class WaitCursor
     explicit WaitCursor(DialogWindow& window) : window_(window) { window_.ShowWaitCursor(true); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
-    ~WaitCursor() { window_.ShowWaitCursor(false); }
+    ~WaitCursor()
+    {
+        try
+        {
+            window_.ShowWaitCursor(false);
+        }
+        catch (const std::bad_alloc&)
+        {
+            // The file may be in its place by now; a pointer isn't worth the process.
+        }
+    }
 
   private:
     DialogWindow& window_;
