@@ -6,6 +6,7 @@
 #include "support/RunFixture.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -108,6 +109,40 @@ TEST_F(ExecuteQuorvaneTest, ACallDuringAnotherBringsTheOpenDialogToTheFrontAndEn
     windows.SetUser(nullptr);
     ExecuteQuorvane(other.Name().c_str(), 0);
     EXPECT_EQ(Context().model.coordinateSystem.name, L"other");
+}
+
+/// Windows that any thread may raise; how often the dialog has opened and how often another call wanted to see it.
+class CountingWindows : public ScriptedWindowSystem
+{
+  public:
+    void RaiseOpenWindow() override { ++raised; }
+
+    std::atomic<int> opened = 0;
+    std::atomic<int> raised = 0;
+};
+
+TEST_F(ExecuteQuorvaneTest, OfThreadsThatCallAtOnceOneHasItsRunAndTheOthersAreTurnedAway)
+{
+    constexpr int CALLS = 200;
+    WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>");
+    const std::wstring name = folder.Name();
+    CountingWindows counting;
+    counting.SetUser([&](ScriptedDialog&) { ++counting.opened; });
+    SetWindowSystem(&counting);
+    const auto callAgainAndAgain = [&] {
+        for (int call = 0; call < CALLS; ++call)
+        {
+            ExecuteQuorvane(name.c_str(), 0);
+        }
+    };
+    std::thread other(callAgainAndAgain);
+    callAgainAndAgain();
+    other.join();
+    SetWindowSystem(&windows);
+    EXPECT_EQ(counting.opened + counting.raised, 2 * CALLS);
+    EXPECT_GT(counting.opened, 0);
+    EXPECT_TRUE(counting.Messages().empty());
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"c");
 }
 
 TEST_F(ExecuteQuorvaneTest, ACallThatWasLeftByAnExceptionIsOver)
