@@ -125,7 +125,8 @@ class Printer
             }
             node = node.next_sibling();
         }
-        if (IsLineBegun())
+        // Every other line than the first ends in a tag or a section.
+        if (out_ != &firstLine_ || firstLine_.Position() != 0)
         {
             EndLine();
         }
@@ -133,12 +134,6 @@ class Printer
     }
 
   private:
-    bool IsLineBegun() const
-    {
-        return out_ == &firstLine_ ? firstLine_.Position() != 0
-                                   : !lines_.EndsWith("\n") || lines_.Position() == lastRemoval_;
-    }
-
     /// True if the node's children are to be printed, and its end behind them.
     bool Begin(const pugi::xml_node& node)
     {

@@ -121,6 +121,8 @@ INSTANTIATE_TEST_SUITE_P(
         Form{"JapaneseAndCharactersOfFourBytes",
              "<\xE7\x82\xB9 \xE5\x90\x8D=\"\xF0\xA9\xB8\xBD\">\xF0\xA9\xB8\xBD\xE7\x82\xB9</\xE7\x82\xB9>",
              "<\xE7\x82\xB9 \xE5\x90\x8D=\"\xF0\xA9\xB8\xBD\">\xF0\xA9\xB8\xBD\xE7\x82\xB9</\xE7\x82\xB9>\r\n"},
+        Form{"TheLastOfAsciiAndTheFirstBeyond", "<a b=\"\x7F\xC2\x80\">\x7F\xC2\x80</a>",
+             "<a b=\"\x7F\xC2\x80\">\x7F\xC2\x80</a>\r\n"},
         Form{"NothingOfCommentsAndInstructions", "<a><!--1--><?b c?><d/></a>", "<a>\r\n\t<d />\r\n</a>\r\n"}),
     NameOf);
 
