@@ -18,4 +18,5 @@ endif()
 
 add_library(pugixml STATIC ${pugixml_dir}/src/pugixml.cpp)
 target_include_directories(pugixml SYSTEM PUBLIC ${pugixml_dir}/src)
-target_compile_definitions(pugixml PUBLIC PUGIXML_WCHAR_MODE PUGIXML_NO_XPATH)
+# The size of the pages that it cuts nodes from is its own; it is named since memory for them is kept ready (PagePool).
+target_compile_definitions(pugixml PUBLIC PUGIXML_WCHAR_MODE PUGIXML_NO_XPATH PUGIXML_MEMORY_PAGE_SIZE=32768)

@@ -38,6 +38,26 @@ class ByteBlocks
         size_ += bytes.size();
     }
 
+    /// Appends the front of a text, character by character, as long as `isPlain` says so of them; `Character` is any
+    /// type of character and the text ends with one that isn't plain. How many were appended.
+    template <class Character, class IsPlain>
+    std::size_t AppendWhile(const Character* text, IsPlain&& isPlain)
+    {
+        std::size_t count = 0;
+        for (;; ++count)
+        {
+            if (count % RUN == 0)
+            {
+                MakeRoom(RUN);
+            }
+            if (!isPlain(text[count]))
+            {
+                return count;
+            }
+            block_[size_++] = static_cast<char>(text[count]);
+        }
+    }
+
     void Append(std::size_t count, char byte)
     {
         while (count > 0)
@@ -62,6 +82,9 @@ class ByteBlocks
     void Flush() { HandOut(size_); }
 
   private:
+    /// So many bytes are appended before room is looked for again.
+    static constexpr std::size_t RUN = 256;
+
     static constexpr std::size_t CAPACITY = std::size_t{1} << 18;
 
     void MakeRoom(std::size_t count)

@@ -85,15 +85,38 @@ std::size_t AsciiPrefix(std::string_view text)
     return index;
 }
 
-void AppendWide(std::wstring& target, char32_t codePoint)
+wchar_t* PutWide(wchar_t* out, char32_t codePoint)
 {
     if (sizeof(wchar_t) == 2 && codePoint > 0xFFFF)
     {
-        target += static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));
-        target += static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF));
-        return;
+        *out++ = static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));
+        codePoint = 0xDC00 + ((codePoint - 0x10000) & 0x3FF);
     }
-    target += static_cast<wchar_t>(codePoint);
+    *out++ = static_cast<wchar_t>(codePoint);
+    return out;
+}
+
+/// Widens the ASCII bytes at the front, eight at a time where there are so many. Their number.
+std::size_t WidenAscii(std::string_view text, wchar_t* out)
+{
+    std::size_t index = 0;
+    for (std::uint64_t block = 0; index + sizeof block <= text.size(); index += sizeof block)
+    {
+        std::memcpy(&block, text.data() + index, sizeof block);
+        if ((block & 0x8080808080808080U) != 0)
+        {
+            break;
+        }
+        for (std::size_t byte = 0; byte < sizeof block; ++byte)
+        {
+            out[index + byte] = static_cast<wchar_t>(text[index + byte]);
+        }
+    }
+    for (; index < text.size() && static_cast<unsigned char>(text[index]) < 0x80; ++index)
+    {
+        out[index] = static_cast<wchar_t>(text[index]);
+    }
+    return index;
 }
 
 /// So many units are looked at and narrowed at a time where they are ASCII, as most of a terrain is.
@@ -135,14 +158,23 @@ char* Encode(char* out, char32_t codePoint)
     return out;
 }
 
+bool IsWhiteSpaceCharacter(char32_t code)
+{
+    // Nearly all that is asked for is a visible character of ASCII.
+    if (code > 0x0020 && code < 0x0085)
+    {
+        return false;
+    }
+    return (code >= 0x0009 && code <= 0x000D) || code == 0x0020 || code == 0x0085 || code == 0x00A0 || code == 0x1680 ||
+           (code >= 0x2000 && code <= 0x200A) || code == 0x2028 || code == 0x2029 || code == 0x202F || code == 0x205F ||
+           code == 0x3000;
+}
+
 } // namespace
 
 bool IsWhiteSpace(wchar_t character)
 {
-    const auto code = static_cast<char32_t>(character);
-    return (code >= 0x0009 && code <= 0x000D) || code == 0x0020 || code == 0x0085 || code == 0x00A0 || code == 0x1680 ||
-           (code >= 0x2000 && code <= 0x200A) || code == 0x2028 || code == 0x2029 || code == 0x202F || code == 0x205F ||
-           code == 0x3000;
+    return IsWhiteSpaceCharacter(static_cast<char32_t>(character));
 }
 
 std::wstring_view TrimLeft(std::wstring_view text)
@@ -163,6 +195,33 @@ std::wstring_view TrimRight(std::wstring_view text)
 std::wstring_view Trim(std::wstring_view text)
 {
     return TrimRight(TrimLeft(text));
+}
+
+std::string_view TrimUtf8(std::string_view text)
+{
+    while (!text.empty())
+    {
+        const Utf8Sequence first = NextSequence(text);
+        if (!IsWhiteSpaceCharacter(first.codePoint))
+        {
+            break;
+        }
+        text.remove_prefix(first.length);
+    }
+    while (!text.empty())
+    {
+        std::size_t last = text.size() - 1;
+        while (last > 0 && (static_cast<unsigned char>(text[last]) & 0xC0) == 0x80)
+        {
+            --last;
+        }
+        if (!IsWhiteSpaceCharacter(NextSequence(text.substr(last)).codePoint))
+        {
+            break;
+        }
+        text.remove_suffix(text.size() - last);
+    }
+    return text;
 }
 
 bool EqualsIgnoreCase(std::wstring_view first, std::wstring_view second)
@@ -200,21 +259,27 @@ std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wst
 
 std::wstring WideFromUtf8(std::string_view text)
 {
-    std::wstring result;
-    result.reserve(text.size());
-    while (!text.empty())
-    {
-        const std::size_t ascii = AsciiPrefix(text);
-        result.append(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii));
-        text.remove_prefix(ascii);
-        if (!text.empty())
-        {
-            const Utf8Sequence sequence = NextSequence(text);
-            AppendWide(result, sequence.codePoint);
-            text.remove_prefix(sequence.length);
-        }
-    }
+    std::wstring result(text.size(), L'\0');
+    result.resize(DecodeUtf8(text, result.data()));
     return result;
+}
+
+std::size_t DecodeUtf8(std::string_view text, wchar_t* out)
+{
+    const wchar_t* const begin = out;
+    for (;;)
+    {
+        const std::size_t ascii = WidenAscii(text, out);
+        out += ascii;
+        text.remove_prefix(ascii);
+        if (text.empty())
+        {
+            return static_cast<std::size_t>(out - begin);
+        }
+        const Utf8Sequence sequence = NextSequence(text);
+        out = PutWide(out, sequence.codePoint);
+        text.remove_prefix(sequence.length);
+    }
 }
 
 std::size_t EncodeUtf8(std::wstring_view text, char* const target) noexcept

@@ -35,11 +35,28 @@ std::wstring_view TrimLeft(std::wstring_view text);
 std::wstring_view TrimRight(std::wstring_view text);
 std::wstring_view Trim(std::wstring_view text);
 
+/// Trim for well-formed UTF-8.
+std::string_view TrimUtf8(std::string_view text);
+
 /// Compares names of elements, attributes and encodings: ASCII letters without regard to case, all else exactly.
 bool EqualsIgnoreCase(std::wstring_view first, std::wstring_view second);
 
 /// The same for a text that ends with a zero, as the parser holds names; its length isn't measured first.
 bool EqualsIgnoreCase(const wchar_t* first, std::wstring_view second);
+
+/// Compares a text that ends with a zero, as the parser holds names; its length isn't measured first.
+inline bool EqualsText(const wchar_t* first, std::wstring_view second)
+{
+    for (const wchar_t wanted : second)
+    {
+        if (*first != wanted || wanted == L'\0')
+        {
+            return false;
+        }
+        ++first;
+    }
+    return *first == L'\0';
+}
 
 /// `text` with every occurrence of `from` replaced by `to`, from left to right; what a replacement forms isn't looked
 /// at again.
@@ -47,6 +64,9 @@ std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wst
 
 /// Decodes UTF-8. Each malformed sequence becomes one U+FFFD.
 std::wstring WideFromUtf8(std::string_view text);
+
+/// The same into memory that has room for as many units as the text has bytes. The number of units.
+std::size_t DecodeUtf8(std::string_view text, wchar_t* out);
 
 /// Encodes as UTF-8. A surrogate that has no partner becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);

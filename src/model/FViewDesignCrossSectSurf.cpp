@@ -130,20 +130,21 @@ void FViewDesignCrossSectSurf::MakeHeightFeature(FViewFeature& feature, const st
 
 std::wstring ClassifyPavement(const WcXmNode& node)
 {
-    std::wstring name(NameOf(node));
-    if (std::find(PAVEMENT_LAYERS.begin(), PAVEMENT_LAYERS.end(), name) == PAVEMENT_LAYERS.end())
+    const auto* const layer = std::find(PAVEMENT_LAYERS.begin(), PAVEMENT_LAYERS.end(), NameOf(node));
+    if (layer == PAVEMENT_LAYERS.end())
     {
         return {};
     }
     node.SetAttribute(attribute_name::NAME, PAVEMENT);
-    return name;
+    return std::wstring(*layer);
 }
 
 void ClassifySurface(const WcXmNode& node)
 {
+    const auto name = node.FindAttribute(attribute_name::NAME);
     const auto classes = SurfaceClasses();
     const auto hit =
-        std::find_if(classes.begin(), classes.end(), [&](const SurfaceClass& row) { return HasName(node, row.name); });
+        std::find_if(classes.begin(), classes.end(), [&](const SurfaceClass& row) { return name == row.name; });
     if (hit != classes.end())
     {
         node.SetAttribute(attribute_name::DESC, hit->desc);

@@ -105,7 +105,7 @@ bool ForEachChild(const WcXmNode& parent, std::wstring_view name, Visitor&& visi
     {
         const WcXmNode child = cursor;
         more = cursor.MoveToNextSibling();
-        if (child.NodeName() != name)
+        if (!child.HasName(name))
         {
             continue;
         }

@@ -179,7 +179,7 @@ const OutPutCSS* FViewSurfacesList::FindRow(std::wstring_view name)
     {
         rowsByName_.emplace(outPutCSS[indexedRows_].name, indexedRows_);
     }
-    const auto row = rowsByName_.find(std::wstring(name));
+    const auto row = rowsByName_.find(name);
     return row == rowsByName_.end() ? nullptr : &outPutCSS[row->second];
 }
 

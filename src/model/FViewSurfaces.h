@@ -4,6 +4,7 @@
 #include "model/PiCollections.h"
 #include "model/SurfaceNames.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -107,7 +108,14 @@ class FViewSurfacesList : public PiCmCopyList<FViewSurfaces>
 
     std::optional<SurfaceNames> names_;
     std::vector<Place> places_; ///< of the surfaces whose names are prepared
-    std::unordered_map<std::wstring, std::size_t> rowsByName_;
+    /// So that a name is looked up without a copy of it.
+    struct NameHash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::wstring_view name) const { return std::hash<std::wstring_view>()(name); }
+    };
+
+    std::unordered_map<std::wstring, std::size_t, NameHash, std::equal_to<>> rowsByName_;
     std::size_t indexedRows_ = 0;
 };
 

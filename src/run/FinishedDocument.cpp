@@ -165,12 +165,17 @@ class Printer
         out_->Append('<');
         Name(element.name());
         Attributes(element);
-        if (!element.first_child())
+        const bool holdsText = element.value()[0] != L'\0';
+        if (!element.first_child() && !holdsText)
         {
             out_->Append(" />");
             return false;
         }
         out_->Append('>');
+        if (holdsText)
+        {
+            return BeginWithText(element);
+        }
         if (const WcXmPassage* const passage = document_.passages.Of(element))
         {
             AppendPassage(*out_, *passage, depth_ + 1, LINE_END);
@@ -178,6 +183,19 @@ class Printer
             return false;
         }
         return true;
+    }
+
+    /// For an element that holds its first text itself.
+    bool BeginWithText(const pugi::xml_node& element)
+    {
+        Text(element.value(), IN_CONTENT);
+        breakBefore_ = false;
+        if (element.first_child())
+        {
+            return true;
+        }
+        End(element);
+        return false;
     }
 
     void End(const pugi::xml_node& element)
@@ -240,22 +258,22 @@ class Printer
 
     void Text(const wchar_t* text, Place place)
     {
-        while (*text != L'\0')
+        for (;;)
         {
-            const auto character = static_cast<std::uint32_t>(*text);
-            if (character >= SPECIAL_CHARACTERS.size())
+            text += out_->AppendWhile(text, [place](wchar_t character) {
+                const auto code = static_cast<std::uint32_t>(character);
+                return code < SPECIAL_CHARACTERS.size() && (SPECIAL_CHARACTERS[code] & place) == 0;
+            });
+            if (*text == L'\0')
+            {
+                return;
+            }
+            if (static_cast<std::uint32_t>(*text) >= SPECIAL_CHARACTERS.size())
             {
                 text = Characters(text);
                 continue;
             }
-            if ((SPECIAL_CHARACTERS[character] & place) == 0)
-            {
-                out_->Append(static_cast<char>(character));
-            }
-            else
-            {
-                Special(static_cast<char>(character), place);
-            }
+            Special(static_cast<char>(*text), place);
             ++text;
         }
     }

@@ -57,8 +57,8 @@ void Replace(const CodeUnits& units, std::size_t first, std::size_t last, std::s
     }
 }
 
-/// The place behind what was read of the reference.
-std::size_t RepairReference(const CodeUnits& units, std::size_t start, const ReferenceForm& form)
+/// The place behind what was read of the reference. One to U+0000 is noted.
+std::size_t RepairReference(const CodeUnits& units, std::size_t start, const ReferenceForm& form, bool& isToZero)
 {
     const std::size_t first = start + form.open.size();
     std::uint32_t value = 0;
@@ -71,6 +71,7 @@ std::size_t RepairReference(const CodeUnits& units, std::size_t start, const Ref
             {
                 Replace(units, first, index, form.replacement);
             }
+            isToZero = isToZero || value == 0;
             return index;
         }
         value = value * form.base + *digit;
@@ -79,7 +80,7 @@ std::size_t RepairReference(const CodeUnits& units, std::size_t start, const Ref
 }
 
 /// The place behind what stands at that place: a section without references, a reference, or one unit.
-std::size_t RepairAt(const CodeUnits& units, std::size_t index)
+std::size_t RepairAt(const CodeUnits& units, std::size_t index, bool& isToZero)
 {
     for (const Section& section : WITHOUT_REFERENCES)
     {
@@ -90,7 +91,7 @@ std::size_t RepairAt(const CodeUnits& units, std::size_t index)
     }
     const auto* const form = std::find_if(std::begin(REFERENCE_FORMS), std::end(REFERENCE_FORMS),
                                           [&](const ReferenceForm& one) { return units.HoldsAt(index, one.open); });
-    return form == std::end(REFERENCE_FORMS) ? index + 1 : RepairReference(units, index, *form);
+    return form == std::end(REFERENCE_FORMS) ? index + 1 : RepairReference(units, index, *form, isToZero);
 }
 
 } // namespace
@@ -160,12 +161,14 @@ void RepairUnits(const CodeUnits& units)
     }
 }
 
-void RepairReferences(const CodeUnits& units)
+bool RepairReferences(const CodeUnits& units)
 {
+    bool isToZero = false;
     for (std::size_t index = 0; index < units.Count();)
     {
-        index = RepairAt(units, index);
+        index = RepairAt(units, index, isToZero);
     }
+    return !isToZero;
 }
 
 } // namespace jlandxml

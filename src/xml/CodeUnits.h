@@ -44,6 +44,7 @@ void RepairUnits(const CodeUnits& units);
 
 /// Puts U+FFFD in the place of every character reference above U+10FFFF, with zeros in front, so that the text keeps
 /// its length. A number is taken as the parser takes it, modulo 2^32. Comments and CDATA sections hold no references.
-void RepairReferences(const CodeUnits& units);
+/// True if no reference is left to U+0000, which ends a text where it stands.
+bool RepairReferences(const CodeUnits& units);
 
 } // namespace jlandxml

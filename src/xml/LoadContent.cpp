@@ -22,6 +22,7 @@ constexpr unsigned int PARSE_OPTIONS = pugi::parse_default | pugi::parse_declara
 
 constexpr std::string_view SHIFT_JIS_IN_FILE = "shift_jis";
 constexpr std::string_view REFERENCE = "&#";
+constexpr std::string_view DECLARATION_START = "<?xml";
 
 /// As much of a file as its byte-order mark and its declaration need.
 constexpr std::size_t ENCODING_PROBE_SIZE = 1024;
@@ -120,23 +121,71 @@ bool LoadShiftJis(pugi::xml_document& document, std::string_view bytes)
     return Parse(document, *std::move(content), pugi::encoding_wchar, PARSE_OPTIONS);
 }
 
-bool LoadPlain(pugi::xml_document& document, ParserBuffer content, unsigned int options = PARSE_OPTIONS)
+/// True if the front of the content shows what the parser would look for to tell its encoding.
+bool IsDeclarationInProbe(std::string_view bytes)
+{
+    return bytes.size() <= ENCODING_PROBE_SIZE || !bytes.starts_with(DECLARATION_START) ||
+           bytes.find('?', DECLARATION_START.size()) < ENCODING_PROBE_SIZE;
+}
+
+/// The text of a UTF-8 file as the parser takes it, with its terminator. What is malformed becomes U+FFFD on the way.
+ParserBuffer DecodedUtf8(std::string_view bytes)
+{
+    ParserBuffer content((bytes.size() + 1) * sizeof(wchar_t));
+    auto* const units = reinterpret_cast<wchar_t*>(content.Data());
+    const std::size_t count = DecodeUtf8(bytes, units);
+    units[count] = L'\0';
+    content.Shorten((count + 1) * sizeof(wchar_t));
+    return content;
+}
+
+/// Decodes and parses in one pass what is UTF-8 for certain. The bytes are gone before the tree grows. A text that
+/// stands first in its element becomes the element's own value and no node, as most texts do; an empty one, which only
+/// a reference can leave, couldn't be told from none.
+bool LoadUtf8(pugi::xml_document& document, ParserBuffer bytes, unsigned int options)
+{
+    const bool holdsReferences = bytes.View().find(REFERENCE) != std::string_view::npos;
+    if (!holdsReferences || RepairReferences({bytes.Data(), bytes.Size(), 1, false}))
+    {
+        options |= pugi::parse_embed_pcdata;
+    }
+    ParserBuffer content = DecodedUtf8(bytes.View());
+    bytes = ParserBuffer();
+    return Parse(document, std::move(content), pugi::encoding_wchar, options);
+}
+
+/// Leaves all but the mending to the parser.
+bool LoadByParser(pugi::xml_document& document, ParserBuffer content, unsigned int options)
 {
     Repair(content, DetectEncoding(content.View()));
     return Parse(document, std::move(content), pugi::encoding_auto, options);
 }
 
+bool LoadPlain(pugi::xml_document& document, ParserBuffer content, unsigned int options = PARSE_OPTIONS)
+{
+    const bool isUtf8 = IsDeclarationInProbe(content.View()) && DetectEncoding(content.View()) == pugi::encoding_utf8;
+    return isUtf8 ? LoadUtf8(document, std::move(content), options)
+                  : LoadByParser(document, std::move(content), options);
+}
+
 /// What the parser gets of a document with passages: each of them as its placeholder.
 ParserBuffer WithPlaceholders(const WcXmPassages& passages)
 {
-    std::string text;
+    std::size_t size = 0;
     std::size_t passage = 0;
     for (const WcXmPassages::Piece& piece : passages.Pieces())
     {
-        text.append(piece.isPassage ? PassagePlaceholder(passage++) : piece.bytes);
+        size += piece.isPassage ? PassagePlaceholder(passage++).size() : piece.bytes.size();
     }
-    ParserBuffer content(text.size());
-    std::memcpy(content.Data(), text.data(), text.size());
+    ParserBuffer content(size);
+    char* out = content.Data();
+    passage = 0;
+    for (const WcXmPassages::Piece& piece : passages.Pieces())
+    {
+        const std::string placeholder = piece.isPassage ? PassagePlaceholder(passage++) : std::string();
+        const std::string_view bytes = piece.isPassage ? placeholder : piece.bytes;
+        out = std::copy(bytes.begin(), bytes.end(), out);
+    }
     return content;
 }
 
@@ -180,8 +229,11 @@ bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuf
     {
         return LoadShiftJis(document, content.View()) || LoadPlain(document, std::move(content));
     }
-    return (passages != nullptr && LoadWithPassages(document, *passages, content.View())) ||
-           LoadPlain(document, std::move(content));
+    if (passages == nullptr)
+    {
+        return LoadByParser(document, std::move(content), PARSE_OPTIONS);
+    }
+    return LoadWithPassages(document, *passages, content.View()) || LoadPlain(document, std::move(content));
 }
 
 } // namespace jlandxml

@@ -17,8 +17,9 @@ std::optional<ParserBuffer> ReadContent(const std::wstring& path);
 /// Parses the content of a file into an empty document. Content whose first line names Shift_JIS is read as code page
 /// 932; if that isn't what it is, and for all other, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart. What is
 /// malformed or no character of Unicode becomes U+FFFD. With `passages` what can stay bytes does, and the content stays
-/// for them; the parser takes all other content over. False if it isn't well formed. Throws std::bad_alloc if there is
-/// no memory for it.
+/// for them; UTF-8 is decoded on the way to the parser, and a text that stands first in its element becomes the
+/// element's value. Without, the parser alone takes the content. False if it isn't well formed. Throws std::bad_alloc
+/// if there is no memory for it.
 bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content);
 
 } // namespace jlandxml

@@ -1,7 +1,8 @@
 #include "xml/ParserMemory.h"
 
+#include "xml/PagePool.h"
+
 #include <atomic>
-#include <new>
 #include <pugixml.hpp>
 
 namespace jlandxml
@@ -12,9 +13,19 @@ namespace
 
 std::atomic<std::size_t> refusals = 0;
 
+/// The parser cuts its nodes from pages of this size.
+constexpr std::size_t PARSER_PAGE = PUGIXML_MEMORY_PAGE_SIZE;
+
+/// Never destroyed: documents may outlive all else.
+PagePool& Pages()
+{
+    static PagePool& pool = *new PagePool(PARSER_PAGE);
+    return pool;
+}
+
 void* Allocate(std::size_t size)
 {
-    void* const memory = ::operator new(size, std::nothrow);
+    void* const memory = Pages().Allocate(size);
     if (memory == nullptr)
     {
         ++refusals;
@@ -24,7 +35,7 @@ void* Allocate(std::size_t size)
 
 void Deallocate(void* memory)
 {
-    ::operator delete(memory);
+    Pages().Deallocate(memory);
 }
 
 /// Before anything is parsed, since what was allocated one way can't be freed another way.

@@ -63,8 +63,8 @@ class WcXmAppDocument
     void ExpandPassages();
 
     std::unique_ptr<pugi::xml_document> xmlDocument;
-    WcXmPassages passages;     ///< what of the document isn't in the tree
-    bool keepsPassages = true; ///< without, everything goes through the parser; the finished file is the same
+    WcXmPassages passages;                  ///< what of the document isn't in the tree
+    bool keepsPassages = true;              ///< without, the parser alone reads a file; the finished file is the same
     WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned
 
   private:

@@ -15,13 +15,35 @@ bool IsText(const pugi::xml_node& node)
     return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
 
+/// True for an element whose first child, a text, the parser keeps as the element's own value. The cursor and the
+/// printers take it for the child that it stands for.
+bool HoldsText(const pugi::xml_node& node)
+{
+    return node.type() == pugi::node_element && node.value()[0] != L'\0';
+}
+
+/// The node whose value is a node's text: a text itself, or what holds an element's first. Null if there is none.
 pugi::xml_node TextNodeOf(const pugi::xml_node& node)
 {
-    if (IsText(node))
+    if (IsText(node) || HoldsText(node))
     {
         return node;
     }
     return node.type() == pugi::node_element ? node.find_child(IsText) : pugi::xml_node();
+}
+
+/// Makes the text that an element holds a child of its own. Without memory for it, it stays where it is.
+void PutTextOut(pugi::xml_node element)
+{
+    pugi::xml_node text = element.prepend_child(pugi::node_pcdata);
+    if (text.set_value(element.value()))
+    {
+        element.text().set(L"");
+    }
+    else
+    {
+        element.remove_child(text);
+    }
 }
 
 pugi::xml_node FindChildIgnoreCase(const pugi::xml_node& node, std::wstring_view name)
@@ -78,6 +100,11 @@ WcXmNode::WcXmNode(WcXmDocument& owner) : document(&owner)
     }
 }
 
+bool WcXmNode::HasName(std::wstring_view name) const
+{
+    return EqualsText(appNode.node.name(), name);
+}
+
 std::wstring_view WcXmNode::NodeName() const
 {
     return appNode.node.name();
@@ -94,8 +121,17 @@ bool WcXmNode::MoveToNextSibling()
     return true;
 }
 
+bool WcXmNode::HasChild() const
+{
+    return appNode.node.first_child() || HoldsText(appNode.node);
+}
+
 bool WcXmNode::MoveToFirstChild()
 {
+    if (HoldsText(appNode.node))
+    {
+        PutTextOut(appNode.node);
+    }
     const pugi::xml_node child = appNode.node.first_child();
     if (!child)
     {
@@ -125,7 +161,7 @@ void WcXmNode::GetAttributes(std::map<std::wstring, std::wstring>& attributes) c
     }
     if (attributes.empty())
     {
-        attributes[appNode.node.name()] = appNode.node.value();
+        attributes[appNode.node.name()] = HoldsText(appNode.node) ? L"" : appNode.node.value();
     }
 }
 
@@ -134,7 +170,7 @@ std::optional<std::wstring_view> WcXmNode::FindAttribute(std::wstring_view name)
     for (pugi::xml_attribute attribute = appNode.node.last_attribute(); attribute;
          attribute = attribute.previous_attribute())
     {
-        if (attribute.name() == name)
+        if (EqualsText(attribute.name(), name))
         {
             return attribute.value();
         }
@@ -170,6 +206,10 @@ bool WcXmNode::SetAttribute(const wchar_t* name, std::wstring_view value) const
 
 void WcXmNode::SetTextContent(std::wstring_view value) const
 {
+    if (HoldsText(appNode.node))
+    {
+        PutTextOut(appNode.node);
+    }
     pugi::xml_node text = TextNodeOf(appNode.node);
     if (!text && appNode.node.type() == pugi::node_element)
     {

@@ -39,6 +39,9 @@ class WcXmNode
 
     std::wstring_view NodeName() const;
 
+    /// True if the name is this one, in its exact case.
+    bool HasName(std::wstring_view name) const;
+
     /// Moves to the next sibling of any kind. False at the end; the cursor stays.
     bool MoveToNextSibling();
 
@@ -85,7 +88,7 @@ class WcXmNode
     bool HasNode() const { return static_cast<bool>(appNode.node); }
 
     /// True if the node has a child of any kind.
-    bool HasChild() const { return static_cast<bool>(appNode.node.first_child()); }
+    bool HasChild() const;
 
     /// Moves onto the first child of any kind. False if there is none; the cursor stays.
     bool MoveToFirstChild();

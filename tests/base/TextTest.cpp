@@ -31,6 +31,31 @@ TEST(Text, TrimCutsBothEndsAndLeavesTheMiddle)
     EXPECT_EQ(Trim(L""), L"");
 }
 
+TEST(Text, Utf8IsTrimmedAsTheWideTextThatItStandsFor)
+{
+    for (std::uint32_t code = 1; code < 0x14000; ++code)
+    {
+        if (code >= 0xD800 && code < 0xE000)
+        {
+            continue;
+        }
+        std::wstring wide;
+        if (sizeof(wchar_t) == 2 && code > 0xFFFF)
+        {
+            wide += static_cast<wchar_t>(0xD800 + ((code - 0x10000) >> 10));
+            wide += static_cast<wchar_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
+        }
+        else
+        {
+            wide += static_cast<wchar_t>(code);
+        }
+        const std::wstring text = wide + L" a" + wide + L"b" + wide + wide;
+        ASSERT_EQ(WideFromUtf8(TrimUtf8(Utf8FromWide(text))), Trim(text)) << code;
+        ASSERT_EQ(WideFromUtf8(TrimUtf8(Utf8FromWide(wide))), Trim(wide)) << code;
+    }
+    EXPECT_EQ(TrimUtf8(""), "");
+}
+
 TEST(Text, OnlyAsciiLettersCompareWithoutCase)
 {
     EXPECT_TRUE(EqualsIgnoreCase(L"PROJECT", L"Project"));

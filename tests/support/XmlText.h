@@ -32,9 +32,10 @@ class XmlText
     explicit XmlText(const std::wstring& text)
     {
         document.Create();
-        if (!text.empty() && !document.appDocument->xmlDocument->load_buffer(
-                                 text.data(), text.size() * sizeof(wchar_t),
-                                 pugi::parse_default | pugi::parse_declaration, pugi::encoding_wchar))
+        if (!text.empty() &&
+            !document.appDocument->xmlDocument->load_buffer(
+                text.data(), text.size() * sizeof(wchar_t),
+                pugi::parse_default | pugi::parse_declaration | pugi::parse_embed_pcdata, pugi::encoding_wchar))
         {
             throw std::invalid_argument("not well formed");
         }

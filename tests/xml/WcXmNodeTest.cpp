@@ -3,6 +3,7 @@
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace jlandxml
 {
@@ -34,6 +35,77 @@ TEST(WcXmNode, ADocumentWithoutAnElementAnswersWithEmptyResults)
     node.SetTextContent(L"x");
     EXPECT_EQ(xml.Text(), L"");
 }
+
+/// An element with a text in it reads and changes as if the text were a child of its own, which it may be or not.
+class FirstText : public testing::TestWithParam<unsigned int>
+{
+  protected:
+    FirstText()
+    {
+        document.Create();
+        document.appDocument->xmlDocument->load_string(L"<a b=\"1\">one<c/>two</a>", GetParam());
+    }
+
+    std::wstring Text() const
+    {
+        std::wostringstream out;
+        document.appDocument->xmlDocument->save(out, L"", pugi::format_raw | pugi::format_no_declaration);
+        return out.str();
+    }
+
+    WcXmDocument document;
+};
+
+TEST_P(FirstText, IsTheFirstChild)
+{
+    WcXmNode node(document);
+    EXPECT_EQ(node.GetTextContent(), L"one");
+    EXPECT_TRUE(node.HasChild());
+    EXPECT_TRUE(node.MoveToFirstChild());
+    EXPECT_EQ(node.NodeName(), L"");
+    EXPECT_EQ(node.GetTextContent(), L"one");
+    EXPECT_FALSE(node.MoveToFirstChild());
+    EXPECT_TRUE(node.MoveToNextSibling());
+    EXPECT_EQ(node.NodeName(), L"c");
+    EXPECT_TRUE(node.MoveToNextSibling());
+    EXPECT_EQ(node.GetTextContent(), L"two");
+    EXPECT_FALSE(node.MoveToNextSibling());
+    EXPECT_EQ(Text(), L"<a b=\"1\">one<c/>two</a>");
+}
+
+TEST_P(FirstText, IsReplaced)
+{
+    WcXmNode(document).SetTextContent(L"2 < 3");
+    EXPECT_EQ(Text(), L"<a b=\"1\">2 &lt; 3<c/>two</a>");
+    WcXmNode(document).SetTextContent(L"");
+    EXPECT_EQ(Text(), L"<a b=\"1\"><c/>two</a>");
+    // An empty text is still one.
+    WcXmNode(document).SetTextContent(L"4");
+    EXPECT_EQ(Text(), L"<a b=\"1\">4<c/>two</a>");
+}
+
+TEST_P(FirstText, StaysInFrontOfWhatIsAdded)
+{
+    const WcXmNode node(document);
+    EXPECT_TRUE(node.AppendChildElement(L"d"));
+    EXPECT_TRUE(node.InsertElementBefore(L"c", L"e"));
+    EXPECT_EQ(Text(), L"<a b=\"1\">one<e/><c/>two<d/></a>");
+}
+
+TEST_P(FirstText, IsNoValueOfItsElement)
+{
+    document.appDocument->xmlDocument->load_string(L"<a>one</a>", GetParam());
+    std::map<std::wstring, std::wstring> attributes;
+    WcXmNode(document).GetAttributes(attributes);
+    EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"a", L""}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(WcXmNode, FirstText,
+                         testing::Values(unsigned{pugi::parse_default},
+                                         unsigned{pugi::parse_default} | unsigned{pugi::parse_embed_pcdata}),
+                         [](const auto& test) {
+                             return test.param == pugi::parse_default ? "OfItsOwn" : "HeldByTheElement";
+                         });
 
 /// Documents without a tree, of all the kinds that there can be.
 struct NoTreeCase
