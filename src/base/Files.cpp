@@ -186,22 +186,30 @@ bool WriteOver(NativeFile& work, const std::wstring& path)
 
 } // namespace
 
+FileHandle OpenForReading(const std::wstring& path, std::size_t& length)
+{
+    FileHandle file = OpenForReading(path);
+    const std::optional<std::size_t> known = file != nullptr ? FileLength(file.get()) : std::nullopt;
+    if (file != nullptr && !known)
+    {
+        WarnOf(UNREADABLE_FILE, path, EIO);
+        file.reset();
+    }
+    length = known.value_or(0);
+    return file;
+}
+
 std::optional<std::size_t> ReadWholeFile(const std::wstring& path, const MakeRoom& makeRoom)
 {
-    const FileHandle file = OpenForReading(path);
+    std::size_t length = 0;
+    const FileHandle file = OpenForReading(path, length);
     if (file == nullptr)
     {
         return std::nullopt;
     }
-    const std::optional<std::size_t> length = FileLength(file.get());
-    if (!length)
-    {
-        WarnOf(UNREADABLE_FILE, path, EIO);
-        return std::nullopt;
-    }
-    const std::size_t taken = std::fread(makeRoom(*length), 1, *length, file.get());
+    const std::size_t taken = std::fread(makeRoom(length), 1, length, file.get());
     // Content that ends early is cut by somebody who is just writing the file.
-    if (taken != *length)
+    if (taken != length)
     {
         throw CFileException(L"ファイルを読み込めません: " + path);
     }

@@ -42,8 +42,14 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 /// folder, a pipe or a device, counts as one that can't be opened.
 FileHandle OpenForReading(const std::wstring& path);
 
+/// The same for a file of known length; null too if the system doesn't say how long it is.
+FileHandle OpenForReading(const std::wstring& path, std::size_t& length);
+
 /// The length of an open file in bytes; nothing if the system doesn't say.
 std::optional<std::size_t> FileLength(std::FILE* file);
+
+/// Goes to a place of an open file, counted in bytes. False if the system refuses.
+bool SeekTo(std::FILE* file, std::size_t position);
 
 /// The user's temporary folder with a separator at its end. Nothing if there is none or its name, with the separator
 /// and a terminator, exceeds 260 characters.

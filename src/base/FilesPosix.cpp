@@ -345,6 +345,11 @@ FileHandle OpenForReading(const std::wstring& path)
     return nullptr;
 }
 
+bool SeekTo(std::FILE* file, std::size_t position)
+{
+    return ::fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0;
+}
+
 std::optional<std::size_t> FileLength(std::FILE* file)
 {
     struct stat status

@@ -201,6 +201,11 @@ FileHandle OpenForReading(const std::wstring& path)
     return isPlain ? std::move(file) : nullptr;
 }
 
+bool SeekTo(std::FILE* file, std::size_t position)
+{
+    return _fseeki64(file, static_cast<__int64>(position), SEEK_SET) == 0;
+}
+
 std::optional<std::size_t> FileLength(std::FILE* file)
 {
     const __int64 length = _filelengthi64(_fileno(file));

@@ -146,6 +146,18 @@ bool IsTooLarge(std::string_view number, bool hex)
     return place * (hex ? 4.0 : 1.0) + (negative ? -exponent : exponent) > 0.0;
 }
 
+double ReadDigits(std::string_view digits, bool hex)
+{
+    double value = 0.0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value,
+                                        hex ? std::chars_format::hex : std::chars_format::general);
+    if (result.ec == std::errc::result_out_of_range)
+    {
+        return IsTooLarge(digits, hex) ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return value;
+}
+
 /// Reads the digits that the scanner has measured out.
 double ReadDigits(std::wstring_view digits, bool hex)
 {
@@ -159,14 +171,7 @@ double ReadDigits(std::wstring_view digits, bool hex)
     }
     std::transform(digits.begin(), digits.end(), narrow,
                    [](wchar_t character) { return static_cast<char>(character); });
-    double value = 0.0;
-    const auto result = std::from_chars(narrow, narrow + digits.size(), value,
-                                        hex ? std::chars_format::hex : std::chars_format::general);
-    if (result.ec == std::errc::result_out_of_range)
-    {
-        return IsTooLarge({narrow, digits.size()}, hex) ? std::numeric_limits<double>::infinity() : 0.0;
-    }
-    return value;
+    return ReadDigits(std::string_view(narrow, digits.size()), hex);
 }
 
 } // namespace
@@ -234,6 +239,11 @@ ParsedInt ParseInt(std::wstring_view text)
 }
 
 double ParseDecimal(std::wstring_view digits)
+{
+    return ReadDigits(digits, false);
+}
+
+double ParseDecimal(std::string_view digits)
 {
     return ReadDigits(digits, false);
 }

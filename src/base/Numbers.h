@@ -34,6 +34,9 @@ ParsedInt ParseInt(std::wstring_view text);
 /// Reads digits with at most one point, no sign and nothing else; 0 if there is no digit.
 double ParseDecimal(std::wstring_view digits);
 
+/// The same for a text of bytes.
+double ParseDecimal(std::string_view digits);
+
 /// Room for the decimal text of any double with up to 20 decimals.
 using FixedBuffer = std::array<char, 512>;
 

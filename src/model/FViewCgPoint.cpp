@@ -53,7 +53,7 @@ bool FViewCgPoint::WriteElement(const WcXmNode& node)
 
 void FViewCgPoint::WritePointAttributes(const WcXmNode& node) const
 {
-    WriteTextAttribute(node, attribute_name::NAME, name);
+    WriteTextAttribute(node, attribute_name::NAME, name.Wide());
 }
 
 void FViewCgPoint::FillFeature(FViewFeature& feature) const
@@ -73,7 +73,7 @@ bool FViewCgPoint::WriteFeature(const WcXmNode& node, bool replaceExisting) cons
 void FViewCgPointIntermediate::WritePointAttributes(const WcXmNode& node) const
 {
     FViewCgPoint::WritePointAttributes(node);
-    WriteTextAttribute(node, FEATURE_REF, featureRef);
+    WriteTextAttribute(node, FEATURE_REF, featureRef.Wide());
 }
 
 void FViewCgPointIntermediate::FillFeature(FViewFeature& feature) const

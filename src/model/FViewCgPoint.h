@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "model/FViewFeature.h"
 #include "model/FViewLandXMLBase.h"
 #include "model/UnsetDouble.h"
@@ -33,7 +34,7 @@ class FViewCgPoint : public FViewLandXMLBase
     /// true.
     bool WriteFeature(const WcXmNode& node, bool replaceExisting = true) const;
 
-    std::wstring name;
+    CompactText name;
     double firstCoordinate = UNSET_DOUBLE;       ///< northing (X)
     double secondCoordinate = UNSET_DOUBLE;      ///< easting (Y)
     double thirdCoordinate = UNSET_DOUBLE;       ///< elevation; may be left out
@@ -59,7 +60,7 @@ class FViewCgPointIntermediate final : public FViewCgPoint
     /// The `Feature` bears the point's number as its name.
     void FillFeature(FViewFeature& feature) const override;
 
-    std::wstring featureRef; ///< the point's number within its group
+    CompactText featureRef; ///< the point's number within its group
 };
 
 /// A stake at the edge of the land that the works take up. Only its name and coordinates are delivered.
@@ -78,12 +79,12 @@ class FViewCgPointWidthStake final : public FViewCgPoint
     /// A stake has no `Feature`.
     void FillFeature(FViewFeature& /*feature*/) const override {}
 
-    std::wstring groupName;    ///< key of the group in the side file
-    std::wstring sequenceText; ///< the point's number within its group
-    std::wstring stakeText;    ///< text on the stake
-    double stakeValue = 0.0;   ///< value of the stake, metres
-    std::wstring groupDesc;
-    std::wstring groupType;
+    CompactText groupName;    ///< key of the group in the side file
+    CompactText sequenceText; ///< the point's number within its group
+    CompactText stakeText;    ///< text on the stake
+    double stakeValue = 0.0;  ///< value of the stake, metres
+    CompactText groupDesc;
+    CompactText groupType;
 };
 
 } // namespace jlandxml

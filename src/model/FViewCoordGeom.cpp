@@ -192,7 +192,7 @@ void FViewIPElements::AssignPointNames(int number) const
         {
             continue;
         }
-        const std::wstring name = ReplaceAll(pattern->names[point], L"%d", std::to_wstring(number));
+        const CompactText name = ReplaceAll(pattern->names[point], L"%d", std::to_wstring(number));
         if (point > 0)
         {
             elements[point - 1]->endName = name;
@@ -276,7 +276,7 @@ void FViewCoordGeom::NamePoints()
 
 void FViewCoordGeom::NameLineEnds()
 {
-    std::wstring previous;
+    CompactText previous;
     for (std::size_t index = 0; index < elements.size(); ++index)
     {
         FViewCoordGeomElement& element = elements[index];
@@ -323,23 +323,19 @@ bool FViewCoordGeom::WriteElement(const WcXmNode& node)
     return true;
 }
 
-std::wstring ReadPointName(const WcXmNode& node, const wchar_t* childName)
+CompactText ReadPointName(const WcXmNode& node, const wchar_t* childName)
 {
     WcXmNode point = node;
-    std::wstring name;
-    if (point.SelectFirstChild(childName))
-    {
-        ReadTextAttribute(point, attribute_name::NAME, name);
-    }
-    return name;
+    return point.SelectFirstChild(childName) ? point.FindAttribute(attribute_name::NAME).value_or(std::wstring_view())
+                                             : std::wstring_view();
 }
 
-void WritePointName(const WcXmNode& node, const wchar_t* childName, std::wstring_view text)
+void WritePointName(const WcXmNode& node, const wchar_t* childName, const CompactText& text)
 {
     WcXmNode point = node;
-    if (point.SelectFirstChild(childName))
+    if (!text.empty() && point.SelectFirstChild(childName))
     {
-        WriteTextAttribute(point, attribute_name::NAME, text);
+        WriteTextAttribute(point, attribute_name::NAME, text.Wide());
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "model/FViewLandXMLBase.h"
 #include "model/PiCollections.h"
 
@@ -26,9 +27,9 @@ class FViewCoordGeomElement final
     virtual void Clear();
 
     std::int32_t type = OTHER;
-    std::wstring startName; ///< name of the point `Start`
-    std::wstring endName;   ///< name of the point `End`
-    std::wstring piName;    ///< name of the point `PI`, of a `Spiral` only
+    CompactText startName; ///< name of the point `Start`
+    CompactText endName;   ///< name of the point `End`
+    CompactText piName;    ///< name of the point `PI`, of a `Spiral` only
 };
 
 /// The elements of the horizontal alignment around one intersection point (IP), while their points are being named.
@@ -81,10 +82,10 @@ class FViewCoordGeom final : public FViewLandXMLBase
 };
 
 /// The `name` of the first child of that name, ignoring case; empty if there is none.
-std::wstring ReadPointName(const WcXmNode& node, const wchar_t* childName);
+CompactText ReadPointName(const WcXmNode& node, const wchar_t* childName);
 
 /// Names the first child of that name, ignoring case. An empty text changes nothing.
-void WritePointName(const WcXmNode& node, const wchar_t* childName, std::wstring_view text);
+void WritePointName(const WcXmNode& node, const wchar_t* childName, const CompactText& text);
 
 /// Gives the radius of a `Curve` (metres) eight decimals. One that is absent or no number stays.
 void FormatRadiusAttribute(const WcXmNode& node);

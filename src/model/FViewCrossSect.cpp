@@ -25,6 +25,17 @@ std::wstring_view WithoutNumberAtEnd(std::wstring_view text)
     return text;
 }
 
+/// Where a layer's name stands with the mark behind it that the host puts between layer and material.
+std::size_t FindMark(std::wstring_view composite, std::wstring_view layer)
+{
+    std::size_t hit = composite.find(layer);
+    while (hit != std::wstring_view::npos && composite.substr(hit + layer.size(), 1) != L"_")
+    {
+        hit = composite.find(layer, hit + 1);
+    }
+    return hit;
+}
+
 /// Takes both offsets from the last formation point of a surface. False if it has none.
 bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOffset)
 {
@@ -43,7 +54,7 @@ bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOf
 bool FViewCrossSectSurf::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ReadTextAttribute(node, attribute_name::NAME, name);
+    name = NameOf(node);
     return true;
 }
 
@@ -171,7 +182,7 @@ void CollectMaterials(const WcXmNode& node, MaterialMap& materials)
         const std::wstring_view composite = NameOf(surface);
         for (const std::wstring_view layer : PAVEMENT_LAYERS)
         {
-            const std::size_t hit = composite.find(std::wstring(layer) + L"_");
+            const std::size_t hit = FindMark(composite, layer);
             if (hit != std::wstring_view::npos)
             {
                 materials.insert_or_assign(std::wstring(layer),

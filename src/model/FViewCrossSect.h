@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "model/FViewDesignCrossSectSurf.h"
 #include "model/FViewLandXMLBase.h"
 #include "model/FViewSurfaces.h"
@@ -22,7 +23,7 @@ class FViewCrossSectSurf final : public FViewLandXMLBase
     /// Its cross section edits it; nothing calls this. Always false.
     bool WriteElement(const WcXmNode& /*node*/) override { return false; }
 
-    std::wstring name;
+    CompactText name;
 };
 
 /// The ground lines of a cross section.

@@ -26,12 +26,13 @@ void FViewSlopeValue::Clear()
     rightSlope.clear();
 }
 
-std::wstring FormatIntervalStation(double station, double interval)
+CompactText FormatIntervalStation(double station, double interval)
 {
     const double rest = std::fmod(station, interval);
-    std::wstring text = FormatFixed((station - rest) / interval, REST_DIGITS);
-    TrimNumberText(text);
-    return text + L"+" + FormatFixed(rest, REST_DIGITS);
+    FixedBuffer buffer;
+    std::string text(TrimmedNumberText(FormatFixed((station - rest) / interval, REST_DIGITS, buffer)));
+    text += '+';
+    return CompactText::FromUtf8(text.append(FormatFixed(rest, REST_DIGITS, buffer)));
 }
 
 bool ParseSlopeValueText(std::wstring_view text, FViewSlopeValue& slopeValue)
@@ -45,7 +46,7 @@ bool ParseSlopeValueText(std::wstring_view text, FViewSlopeValue& slopeValue)
     const std::size_t second = slopes.find(L' ');
     slopeValue.Clear();
     slopeValue.staValue = text.substr(0, first);
-    slopeValue.staText = FormatIntervalStation(ReadNumber(slopeValue.staValue), LIST_INTERVAL);
+    slopeValue.staText = FormatIntervalStation(ReadNumber(slopeValue.staValue.Bytes()), LIST_INTERVAL);
     slopeValue.leftSlope = slopes.substr(0, second);
     if (second != std::wstring_view::npos)
     {
@@ -61,7 +62,7 @@ std::wstring FormatSlopeValueText(const FViewSlopeValue& slopeValue, std::int32_
         return slopeValue.staValue + L" " + slopeValue.leftSlope + L" " + slopeValue.rightSlope;
     }
     const bool leftIsZero =
-        slopeValue.leftSlope.empty() || std::fabs(ReadNumber(slopeValue.leftSlope)) < GEOMETRY_TOLERANCE;
+        slopeValue.leftSlope.empty() || std::fabs(ReadNumber(slopeValue.leftSlope.Bytes())) < GEOMETRY_TOLERANCE;
     return slopeValue.staValue + L" " + (leftIsZero ? slopeValue.rightSlope : slopeValue.leftSlope);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "model/FViewLandXMLBase.h"
 
 #include <string>
@@ -19,15 +20,15 @@ class FViewSlopeValue final : public FViewLandXMLBase
     /// Entries are written by their alignment. Always true.
     bool WriteElement(const WcXmNode& /*node*/) override { return true; }
 
-    std::wstring staText;    ///< station as whole intervals, a plus sign and the rest, to be shown
-    std::wstring staValue;   ///< station as it is written, metres
-    std::wstring leftSlope;  ///< percent
-    std::wstring rightSlope; ///< percent; may be empty
+    CompactText staText;    ///< station as whole intervals, a plus sign and the rest, to be shown
+    CompactText staValue;   ///< station as it is written, metres
+    CompactText leftSlope;  ///< percent
+    CompactText rightSlope; ///< percent; may be empty
 };
 
 /// A station text of the number of whole intervals and the rest in metres: "12+34.500000" for 1234.5 and an interval of
 /// 100 (metres both).
-std::wstring FormatIntervalStation(double station, double interval);
+CompactText FormatIntervalStation(double station, double interval);
 
 /// Reads the value of a "slopeValue" `Property`: station, left slope and, where given, right slope, separated by
 /// blanks. False, with nothing changed, if the text has no blank.

@@ -29,7 +29,7 @@ void FViewWidening::Clear()
     code.clear();
 }
 
-bool ParseWideningText(std::wstring_view text, double& station, double& width, std::wstring& code)
+bool ParseWideningText(std::wstring_view text, double& station, double& width, CompactText& code)
 {
     const std::size_t first = text.find(L' ');
     if (first == std::wstring_view::npos)
@@ -49,7 +49,8 @@ std::wstring FormatWideningText(const FViewWidening& widening)
     std::wstring text = NumberText(widening.station, STATION_DIGITS) + L" " + NumberText(widening.width, WIDTH_DIGITS);
     if (!widening.code.empty())
     {
-        text += L" " + (IsKnownCode(widening.code) ? widening.code : L"0");
+        const std::wstring code = widening.code.Wide();
+        text += L" " + (IsKnownCode(code) ? code : L"0");
     }
     return text;
 }

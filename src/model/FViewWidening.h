@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "model/FViewLandXMLBase.h"
 
 #include <string>
@@ -22,12 +23,12 @@ class FViewWidening final : public FViewLandXMLBase
 
     double station = 0.0; ///< metres; UNSET_DOUBLE where the side file left it empty
     double width = 0.0;   ///< metres; UNSET_DOUBLE where the side file left it empty
-    std::wstring code;    ///< kind of the transition to the next point, "0" to "4"; may be empty
+    CompactText code;     ///< kind of the transition to the next point, "0" to "4"; may be empty
 };
 
 /// Reads the value of a "widthLeftValue" or "widthRightValue" `Property`: station, width and, where given, code,
 /// separated by blanks. False, with nothing changed, if the text has no blank.
-bool ParseWideningText(std::wstring_view text, double& station, double& width, std::wstring& code);
+bool ParseWideningText(std::wstring_view text, double& station, double& width, CompactText& code);
 
 /// The value of such a `Property`: the station with at most six decimals, the width with at most four, and the code
 /// where there is one. A code whose number lies outside 0 to 4 becomes 0.

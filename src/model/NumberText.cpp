@@ -26,6 +26,43 @@ int PossibleDigits(int digits)
     return std::clamp(digits, 0, MOST_DIGITS);
 }
 
+template <class Character>
+bool IsNumeric(std::basic_string_view<Character> text)
+{
+    if (!text.empty() && (text.front() == '-' || text.front() == '+'))
+    {
+        text.remove_prefix(1);
+    }
+    int points = 0;
+    for (const Character character : text)
+    {
+        points += character == '.' ? 1 : 0;
+        if (character != '.' && (character < '0' || character > '9'))
+        {
+            return false;
+        }
+    }
+    return points <= 1;
+}
+
+template <class Character>
+double NumberOf(std::basic_string_view<Character> text)
+{
+    if (!IsNumeric(text))
+    {
+        return 0.0;
+    }
+    const bool negative = !text.empty() && text.front() == '-';
+    text.remove_prefix(negative || (!text.empty() && text.front() == '+') ? 1 : 0);
+    // Without a digit the C library converts nothing, so a bare minus isn't the negative zero.
+    if (text.empty() || (text.size() == 1 && text.front() == '.'))
+    {
+        return 0.0;
+    }
+    const double value = ParseDecimal(text);
+    return negative ? -value : value;
+}
+
 void ClosePoint(std::wstring& text)
 {
     if (text.find(L'.') == std::wstring::npos)
@@ -38,20 +75,12 @@ void ClosePoint(std::wstring& text)
 
 bool IsNumericText(std::wstring_view text)
 {
-    if (!text.empty() && (text.front() == L'-' || text.front() == L'+'))
-    {
-        text.remove_prefix(1);
-    }
-    int points = 0;
-    for (const wchar_t character : text)
-    {
-        points += character == L'.' ? 1 : 0;
-        if (character != L'.' && (character < L'0' || character > L'9'))
-        {
-            return false;
-        }
-    }
-    return points <= 1;
+    return IsNumeric(text);
+}
+
+bool IsNumericText(std::string_view text)
+{
+    return IsNumeric(text);
 }
 
 void TrimNumberText(std::wstring& text)
@@ -68,21 +97,25 @@ void TrimNumberText(std::wstring& text)
     }
 }
 
+std::string_view TrimmedNumberText(std::string_view text)
+{
+    if (text.find('.') == std::string_view::npos || !IsNumericText(text))
+    {
+        return text;
+    }
+    text = text.substr(0, text.find_last_not_of('0') + 1);
+    text.remove_suffix(text.ends_with('.') ? 1 : 0);
+    return text;
+}
+
 double ReadNumber(std::wstring_view text)
 {
-    if (!IsNumericText(text))
-    {
-        return 0.0;
-    }
-    const bool negative = text.starts_with(L'-');
-    text.remove_prefix(negative || text.starts_with(L'+') ? 1 : 0);
-    // Without a digit the C library converts nothing, so a bare minus isn't the negative zero.
-    if (text.empty() || text == L".")
-    {
-        return 0.0;
-    }
-    const double value = ParseDecimal(text);
-    return negative ? -value : value;
+    return NumberOf(text);
+}
+
+double ReadNumber(std::string_view text)
+{
+    return NumberOf(text);
 }
 
 double WithoutNegativeZero(double value, int digits)
@@ -99,6 +132,11 @@ std::wstring FixedText(double value, int digits)
     return FormatFixed(WithoutNegativeZero(value, digits), PossibleDigits(digits));
 }
 
+std::string_view FixedText(double value, int digits, FixedBuffer& buffer)
+{
+    return FormatFixed(WithoutNegativeZero(value, digits), PossibleDigits(digits), buffer);
+}
+
 std::wstring ClosedFixedText(double value, int digits)
 {
     std::wstring text = FixedText(value, digits);
@@ -112,7 +150,7 @@ void AppendNumberText(std::wstring& target, double value, int digits)
     std::string_view text;
     if (value != UNSET_DOUBLE)
     {
-        text = FormatFixed(WithoutNegativeZero(value, digits), PossibleDigits(digits), buffer);
+        text = FixedText(value, digits, buffer);
     }
     const bool hasPoint = text.find('.') != std::string_view::npos;
     if (hasPoint)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Numbers.h"
 #include "model/UnsetDouble.h"
 #include "xml/WcXmNode.h"
 
@@ -13,12 +14,21 @@ namespace jlandxml
 /// exponent, a blank and "INF" aren't.
 bool IsNumericText(std::wstring_view text);
 
+/// The same for a text of bytes.
+bool IsNumericText(std::string_view text);
+
 /// Cuts the zeros at the end of a numeric text's decimals, and the point if it is then the last character. Any other
 /// text stays.
 void TrimNumberText(std::wstring& text);
 
+/// The same for a text of bytes, which are cut off a view.
+std::string_view TrimmedNumberText(std::string_view text);
+
 /// The number of a text of the format: its decimal value if the text is numeric, else 0.
 double ReadNumber(std::wstring_view text);
+
+/// The same for a text of bytes.
+double ReadNumber(std::string_view text);
 
 /// How many decimals a text may have; a number of decimals outside 0 to this counts as the nearest of the two.
 inline constexpr int MOST_DIGITS = 20;
@@ -29,6 +39,9 @@ double WithoutNegativeZero(double value, int digits);
 
 /// The value with all of its `digits` decimals ("200.00000000").
 std::wstring FixedText(double value, int digits);
+
+/// The same in a buffer of the caller's.
+std::string_view FixedText(double value, int digits, FixedBuffer& buffer);
 
 /// The same, with a closing point where there is none: behind a number that isn't finite ("inf.", "nan.") and behind a
 /// whole one of no decimals.

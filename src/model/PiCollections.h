@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include "base/CompactText.h"
+
 #include <vector>
 
 namespace jlandxml
@@ -17,6 +18,6 @@ template <class Value>
 using PiCmList = std::vector<Value>;
 
 /// A text as an entry of a list, such as a station that is written back character for character.
-using WcStString = std::wstring;
+using WcStString = CompactText;
 
 } // namespace jlandxml

@@ -1,6 +1,7 @@
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 
 #include "base/Streams.h"
+#include "base/Text.h"
 #include "run/ConversionContext.h"
 
 namespace jlandxml
@@ -25,7 +26,7 @@ enum PointColumn : std::size_t
 FViewCgPointIntermediate MakePoint(const CsvRow& row)
 {
     FViewCgPointIntermediate point;
-    point.name = row[NAME];
+    point.name = CompactText::FromUtf8(row[NAME]);
     point.sta = CsvNumber(row[STATION]);
     point.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
     point.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
@@ -47,7 +48,7 @@ void CgPointIntermediateCSVLoader::ReadPoints()
     CsvRow row;
     if (rows.Next(row))
     {
-        const std::wstring name(row[ALIGNMENT_NAME_COLUMN]);
+        const std::wstring name = WideFromUtf8(row[ALIGNMENT_NAME_COLUMN]);
         WriteStandardOutput(L"Row Value: " + name + L"\n");
         GetCurrentRouteName() = name;
         rows.Skip(1);

@@ -1,9 +1,9 @@
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
 
-#include "base/Text.h"
 #include "run/ConversionContext.h"
 
 #include <iterator>
+#include <string>
 #include <unordered_map>
 
 namespace jlandxml
@@ -30,16 +30,16 @@ enum StakeColumn : std::size_t
 FViewCgPointWidthStake MakeStake(const CsvRow& row)
 {
     FViewCgPointWidthStake stake;
-    stake.groupName = row[GROUP_NAME];
-    stake.name = row[NAME];
-    stake.stakeText = row[STAKE_TEXT];
+    stake.groupName = CompactText::FromUtf8(row[GROUP_NAME]);
+    stake.name = CompactText::FromUtf8(row[NAME]);
+    stake.stakeText = CompactText::FromUtf8(row[STAKE_TEXT]);
     stake.sta = CsvNumber(row[STATION]);
     stake.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
     stake.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
     stake.thirdCoordinate = CsvNumber(row[THIRD_COORDINATE]);
     stake.stakeValue = CsvNumber(row[STAKE_VALUE]);
-    stake.groupDesc = row[GROUP_DESC];
-    stake.groupType = row[GROUP_TYPE];
+    stake.groupDesc = CompactText::FromUtf8(row[GROUP_DESC]);
+    stake.groupType = CompactText::FromUtf8(row[GROUP_TYPE]);
     return stake;
 }
 
@@ -63,7 +63,8 @@ bool CgPointWidthStakeCSVLoader::Load(const std::wstring& path)
 void CgPointWidthStakeCSVLoader::ReadStakes()
 {
     PiCmCopyList<FViewCgPointsWidthStake> groups; // in the order in which they first appear
-    std::unordered_map<std::wstring, std::size_t> groupsByName;
+    std::unordered_map<std::string, std::size_t> groupsByName;
+    std::string name;
     CsvRow row;
     rows.Skip(TITLE_ROWS);
     const auto room = rows.CountByFirstField(STAKE_COLUMNS);
@@ -74,11 +75,12 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
             continue;
         }
         FViewCgPointWidthStake stake = MakeStake(row);
-        const auto [entry, isNew] = groupsByName.try_emplace(stake.groupName, groups.size());
+        name = stake.groupName.Bytes();
+        const auto [entry, isNew] = groupsByName.try_emplace(name, groups.size());
         if (isNew)
         {
             groups.push_back(MakeGroup(stake));
-            const auto count = room.find(Utf8FromWide(stake.groupName));
+            const auto count = room.find(std::string(row[GROUP_NAME]));
             groups.back().points.reserve(count != room.end() ? count->second : 0);
         }
         groups[entry->second].points.push_back(std::move(stake));

@@ -26,38 +26,38 @@ enum SlopeColumn : std::size_t
 };
 
 constexpr std::size_t LEAST_COLUMNS = 4;
-constexpr std::wstring_view TITLE = L"Description";
-constexpr std::array<std::wstring_view, 2> ENDS = {L"Begin Alignment", L"End Alignment"};
+constexpr std::string_view TITLE = "Description";
+constexpr std::array<std::string_view, 2> ENDS = {"Begin Alignment", "End Alignment"};
 constexpr std::string_view IN_BOTH_ENDS = " Alignment";
-constexpr std::wstring_view REVERSE_CROWN = L"ReverseCrown";
+constexpr std::string_view REVERSE_CROWN = "ReverseCrown";
 
 constexpr std::int32_t NO_REGION = std::numeric_limits<std::int32_t>::min();
 constexpr double METRES_PER_KILOMETRE = 1000.0;
 constexpr int STATION_DIGITS = 6;
 constexpr double STATION_UNITS = 1000000.0;
 
-bool IsEnd(std::wstring_view description)
+bool IsEnd(std::string_view description)
 {
     return std::find(ENDS.begin(), ENDS.end(), description) != ENDS.end();
 }
 
 /// A field that a comma closes; the last one of a row has none.
-std::wstring_view ClosedField(const CsvRow& row, std::size_t column)
+std::string_view ClosedField(const CsvRow& row, std::size_t column)
 {
-    return column + 1 < row.Size() ? row[column] : std::wstring_view();
+    return column + 1 < row.Size() ? row[column] : std::string_view();
+}
+
+std::string Without(std::string_view text, char removed)
+{
+    std::string rest(text);
+    std::erase(rest, removed);
+    return rest;
 }
 
 /// The host gives the right slope in the opposite sign.
-std::wstring WithOppositeSign(const std::wstring& slope)
+std::string WithOppositeSign(const std::string& slope)
 {
-    return slope.starts_with(L'-') ? slope.substr(1) : L"-" + slope;
-}
-
-std::wstring TrimmedNumber(std::wstring_view text)
-{
-    std::wstring number(text);
-    TrimNumberText(number);
-    return number;
+    return slope.starts_with('-') ? slope.substr(1) : "-" + slope;
 }
 
 double TotalStation(const StationParts& parts)
@@ -66,9 +66,10 @@ double TotalStation(const StationParts& parts)
     return parts.minus ? kilometres - parts.metres : kilometres + parts.metres;
 }
 
-std::wstring StationText(double station)
+CompactText StationText(double station)
 {
-    return station == UNSET_DOUBLE ? std::wstring() : FixedText(station, STATION_DIGITS);
+    FixedBuffer buffer;
+    return station == UNSET_DOUBLE ? CompactText() : CompactText::FromUtf8(FixedText(station, STATION_DIGITS, buffer));
 }
 
 } // namespace
@@ -110,15 +111,15 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
     {
         return slopeValue;
     }
-    const std::wstring total =
-        TrimmedNumber(FormatFixed(TotalStation(ParseStationText(slope->station)), STATION_DIGITS));
-    MakeSlopeStationTexts(total, alignment, slopeValue);
+    FixedBuffer buffer;
+    const std::string_view total = FormatFixed(TotalStation(ParseStationText(slope->station)), STATION_DIGITS, buffer);
+    MakeSlopeStationTexts(CompactText::FromUtf8(TrimmedNumberText(total)), alignment, slopeValue);
     slopeValue.leftSlope = slope->leftSlope;
     slopeValue.rightSlope = slope->rightSlope;
     if (alignment.useSlopeList == 0 && row[DESCRIPTION] == REVERSE_CROWN)
     {
-        const std::int32_t region = row[REGION].empty() ? NO_REGION : ParseInt(row[REGION]).value;
-        reverseCrownGroups_[region].push_back(StationText(ToInternalStation(ReadNumber(total), alignment)));
+        const std::int32_t region = row[REGION].empty() ? NO_REGION : ParseInt(WideFromUtf8(row[REGION])).value;
+        reverseCrownGroups_[region].push_back(slopeValue.staValue);
     }
     return slopeValue;
 }
@@ -140,15 +141,15 @@ void SuperElevationCSVLoader::ReplaceReverseCrowns(FViewAlignment& alignment) co
 
 std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
 {
-    const std::wstring_view description = ClosedField(row, DESCRIPTION);
+    const std::string_view description = ClosedField(row, DESCRIPTION);
     if (description == TITLE || IsEnd(description))
     {
         return std::nullopt;
     }
     SlopeRow slope;
-    slope.station = ReplaceAll(ClosedField(row, STATION), L"m", L"");
-    slope.leftSlope = ReplaceAll(ClosedField(row, LEFT_SLOPE), L"%", L"");
-    slope.rightSlope = WithOppositeSign(ReplaceAll(ClosedField(row, RIGHT_SLOPE), L"%", L""));
+    slope.station = CompactText::FromUtf8(Without(ClosedField(row, STATION), 'm'));
+    slope.leftSlope = CompactText::FromUtf8(Without(ClosedField(row, LEFT_SLOPE), '%'));
+    slope.rightSlope = CompactText::FromUtf8(WithOppositeSign(Without(ClosedField(row, RIGHT_SLOPE), '%')));
     if (slope.station.empty() || slope.leftSlope.empty() || slope.rightSlope.empty())
     {
         return std::nullopt;
@@ -156,22 +157,22 @@ std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
     return slope;
 }
 
-StationParts ParseStationText(std::wstring_view text)
+StationParts ParseStationText(const CompactText& text)
 {
-    const std::wstring station = ReplaceAll(text, L"m", L"");
+    const std::string station = Without(text.Bytes(), 'm');
     StationParts parts;
-    std::size_t sign = station.find(L'+');
-    if (sign == std::wstring::npos)
+    std::size_t sign = station.find('+');
+    if (sign == std::string::npos)
     {
         parts.minus = true;
-        sign = station.find(L'-');
+        sign = station.find('-');
     }
-    if (sign == std::wstring::npos)
+    if (sign == std::string::npos)
     {
         return parts;
     }
-    const std::wstring kilometres = TrimmedNumber(std::wstring_view(station).substr(0, sign));
-    const std::wstring metres = TrimmedNumber(std::wstring_view(station).substr(sign + 1));
+    const std::string_view kilometres = TrimmedNumberText(std::string_view(station).substr(0, sign));
+    const std::string_view metres = TrimmedNumberText(std::string_view(station).substr(sign + 1));
     if (!kilometres.empty())
     {
         parts.kilometres = ReadNumber(kilometres);
@@ -189,13 +190,13 @@ double ToInternalStation(double value, const FViewAlignment& alignment)
     return inFront == equations.rend() ? value : value - (inFront->staAhead - inFront->staInternal);
 }
 
-void MakeSlopeStationTexts(std::wstring_view totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue)
+void MakeSlopeStationTexts(const CompactText& totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue)
 {
-    const double total = ReadNumber(totalText);
+    const double total = ReadNumber(totalText.Bytes());
     slopeValue.staText = FormatIntervalStation(total, alignment.mainInterval);
-    if (slopeValue.staText.find(L'.') == std::wstring::npos)
+    if (slopeValue.staText.Bytes().find('.') == std::string_view::npos)
     {
-        slopeValue.staText += L'.';
+        slopeValue.staText = slopeValue.staText + L".";
     }
     slopeValue.staValue = StationText(ToInternalStation(total, alignment));
 }
@@ -205,7 +206,7 @@ PiCmCopyList<WcStString> SortStationTexts(const PiCmCopyList<WcStString>& statio
     std::vector<double> values;
     for (const WcStString& station : stations)
     {
-        const ParsedDouble parsed = ParseDouble(station);
+        const ParsedDouble parsed = ParseDouble(station.Wide());
         if (parsed.length > 0)
         {
             values.push_back(std::round(parsed.value * STATION_UNITS) / STATION_UNITS);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CompactText.h"
 #include "base/Exceptions.h"
 #include "model/FViewAlignment.h"
 #include "sidefiles/CSVLoaderBase.h"
@@ -7,8 +8,6 @@
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <string>
-#include <string_view>
 
 namespace jlandxml
 {
@@ -39,9 +38,9 @@ class SuperElevationCSVLoader final : public CSVLoaderBase
 /// What a row says of a slope, as texts.
 struct SlopeRow
 {
-    std::wstring station;
-    std::wstring leftSlope;  ///< percent
-    std::wstring rightSlope; ///< percent, in the sign of the left one
+    CompactText station;
+    CompactText leftSlope;  ///< percent
+    CompactText rightSlope; ///< percent, in the sign of the left one
 };
 
 /// Takes the texts of a row. Nothing if it is a title, or if one of them is empty. A field counts only with a comma
@@ -56,14 +55,14 @@ struct StationParts
     bool minus = false;
 };
 
-StationParts ParseStationText(std::wstring_view text);
+StationParts ParseStationText(const CompactText& text);
 
 /// The distance along an alignment (metres) of a station, by the last station equation in front of it.
 double ToInternalStation(double value, const FViewAlignment& alignment);
 
 /// The station texts of a slope: whole intervals and rest for showing, and the distance along the alignment for the
 /// file.
-void MakeSlopeStationTexts(std::wstring_view totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue);
+void MakeSlopeStationTexts(const CompactText& totalText, const FViewAlignment& alignment, FViewSlopeValue& slopeValue);
 
 /// The stations in ascending order with six decimals. A text that begins with no number is dropped.
 PiCmCopyList<WcStString> SortStationTexts(const PiCmCopyList<WcStString>& stations);

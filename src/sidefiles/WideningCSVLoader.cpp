@@ -20,7 +20,7 @@ enum WideningColumn : std::size_t
 
 /// A row this short is no widening. One without a code is a fault of the file.
 constexpr std::size_t LEAST_COLUMNS = 3;
-constexpr std::wstring_view RIGHT = L"Right";
+constexpr std::string_view RIGHT = "Right";
 
 } // namespace
 
@@ -44,7 +44,7 @@ void WideningCSVLoader::ReadWidening()
         FViewWidening widening;
         widening.station = CsvNumber(row[STATION]);
         widening.width = CsvNumber(row[WIDTH]);
-        widening.code = row[CODE];
+        widening.code = CompactText::FromUtf8(row[CODE]);
         (row[SIDE] == RIGHT ? right : left).push_back(std::move(widening));
     }
     const FViewAlignment* first = nullptr;

@@ -629,7 +629,7 @@ TEST(FViewLandXML, ChangingTheListsOfACopyLeavesTheSource)
     ASSERT_EQ(copy.widthStakePoints.size(), 1U);
     ASSERT_EQ(copy.widthStakePoints[0].points.size(), 1U);
     // Each is taken over, and then changed in the copy alone.
-    const auto change = [](std::wstring& copied, const std::wstring& source, const wchar_t* text) {
+    const auto change = [](auto& copied, const auto& source, const wchar_t* text) {
         EXPECT_EQ(copied, text);
         copied = L"changed";
         EXPECT_EQ(source, text);

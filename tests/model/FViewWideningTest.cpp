@@ -63,7 +63,7 @@ TEST(FViewWidening, ATextWithoutABlankChangesNothing)
 {
     double station = 1.0;
     double width = 2.0;
-    std::wstring code = L"3";
+    CompactText code = L"3";
     EXPECT_FALSE(ParseWideningText(L"100", station, width, code));
     EXPECT_FALSE(ParseWideningText(L"", station, width, code));
     EXPECT_EQ(station, 1.0);

@@ -1,6 +1,7 @@
 #include "sidefiles/CsvRows.h"
 
 #include "base/Exceptions.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "model/UnsetDouble.h"
 #include "support/TemporaryFolder.h"
@@ -30,7 +31,7 @@ std::vector<Fields> Rows(const std::string& content)
         Fields& fields = all.emplace_back();
         for (std::size_t index = 0; index < row.Size(); ++index)
         {
-            fields.emplace_back(row[index]);
+            fields.push_back(WideFromUtf8(row[index]));
         }
     }
     return all;
@@ -85,7 +86,7 @@ TEST(CsvRows, AnIndexPastTheEndIsAnInvalidArgument)
 {
     CsvRow row;
     EXPECT_TRUE(row.Cut("a,b"));
-    EXPECT_EQ(row[1], L"b");
+    EXPECT_EQ(row[1], "b");
     EXPECT_THROW(row[2], CInvalidArgException);
 }
 
@@ -97,7 +98,7 @@ TEST(CsvRows, SkippingCountsRowsThatHoldSomething)
     rows.Skip(2);
     CsvRow row;
     EXPECT_TRUE(rows.Next(row));
-    EXPECT_EQ(row[0], L"3");
+    EXPECT_EQ(row[0], "3");
     rows.Skip(5);
     EXPECT_FALSE(rows.Next(row));
 }
@@ -108,7 +109,7 @@ TEST(CsvRows, TheRowsToComeAreCountedByTheirFields)
     CsvRows rows;
     rows.Read(folder.Write(L"side.csv", "\xEF\xBB\xBFt\n左,1,2\n\nlong,enough\n,,\n,\n,\n右,3\n左,,終点"));
     rows.Skip(1);
-    using Counts = std::unordered_map<std::string_view, std::size_t>;
+    using Counts = std::unordered_map<std::string, std::size_t>;
     EXPECT_EQ(rows.CountRows(3), 3U);
     EXPECT_EQ(rows.CountRows(3, "終点"), 2U);
     EXPECT_EQ(rows.CountRows(4), 0U);
@@ -224,13 +225,69 @@ TEST(CsvRows, RandomFilesAreCutAsByAPlainCut)
 
 TEST(CsvRows, NumbersAreReadAsTheCLibraryDoes)
 {
-    EXPECT_EQ(CsvNumber(L""), UNSET_DOUBLE);
-    EXPECT_EQ(CsvNumber(L"12.5m"), 12.5);
-    EXPECT_EQ(CsvNumber(L"1e3"), 1000.0);
-    EXPECT_EQ(CsvNumber(L"0x10"), 16.0);
-    EXPECT_EQ(CsvNumber(L"abc"), 0.0);
-    EXPECT_EQ(CsvNumber(L"-inf"), -HUGE_VAL);
-    EXPECT_TRUE(std::isnan(CsvNumber(L"nan")));
+    EXPECT_EQ(CsvNumber(""), UNSET_DOUBLE);
+    EXPECT_EQ(CsvNumber("12.5m"), 12.5);
+    EXPECT_EQ(CsvNumber("1e3"), 1000.0);
+    EXPECT_EQ(CsvNumber("0x10"), 16.0);
+    EXPECT_EQ(CsvNumber("abc"), 0.0);
+    EXPECT_EQ(CsvNumber("-inf"), -HUGE_VAL);
+    EXPECT_TRUE(std::isnan(CsvNumber("nan")));
+    EXPECT_EQ(CsvNumber("１"), 0.0);
+}
+
+TEST(CsvRows, NumbersOfDigitsAreReadAsAllOthers)
+{
+    std::mt19937 random(7);
+    constexpr std::string_view CHARACTERS = "0123456789012345678900..+-e ";
+    for (int round = 0; round < 50000; ++round)
+    {
+        std::string field;
+        for (auto count = 1 + random() % 24; count > 0; --count)
+        {
+            field += CHARACTERS[random() % CHARACTERS.size()];
+        }
+        const double expected = ParseDouble(WideFromUtf8(field)).value;
+        ASSERT_EQ(CsvNumber(field), expected) << field;
+        ASSERT_EQ(std::signbit(CsvNumber(field)), std::signbit(expected)) << field;
+    }
+}
+
+TEST(CsvRows, LinesMayEndAnywhereInABlock)
+{
+    constexpr std::size_t BLOCK = std::size_t{1} << 18;
+    for (std::size_t first = BLOCK - 8; first < BLOCK + 8; ++first)
+    {
+        const std::string content = std::string(first, 'x') + ",線\n" + std::string(3 * BLOCK, 'y') + ",形\r\nz";
+        const auto rows = Rows(content);
+        ASSERT_EQ(rows.size(), 3U);
+        EXPECT_EQ(rows[0], (Fields{std::wstring(first, L'x'), L"線"}));
+        EXPECT_EQ(rows[1], (Fields{std::wstring(3 * BLOCK, L'y'), L"形"}));
+        EXPECT_EQ(rows[2], Fields{L"z"});
+    }
+}
+
+TEST(CsvRows, RowsToComeAreCountedFromWhereverTheFileHasBeenRead)
+{
+    std::string content = "\xEF\xBB\xBF";
+    constexpr std::size_t ROWS = 60000;
+    for (std::size_t row = 0; row < ROWS; ++row)
+    {
+        content += "左,12,3\n";
+    }
+    const TestFolder folder;
+    CsvRows rows;
+    rows.Read(folder.Write(L"side.csv", content));
+    CsvRow row;
+    for (std::size_t taken = 0; taken < ROWS; ++taken)
+    {
+        if (taken % 7001 == 0)
+        {
+            EXPECT_EQ(rows.CountRows(3), ROWS - taken);
+        }
+        ASSERT_TRUE(rows.Next(row));
+        EXPECT_EQ(row[0], "左");
+    }
+    EXPECT_EQ(rows.CountRows(2), 0U);
 }
 
 } // namespace
