@@ -96,6 +96,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         }
         RefuseEmpty(*settingsOption, settings, "設定ファイルを指定してください");
         RefuseEmpty(*reportOption, report, "ファイルを指定してください");
+        RefuseOverwriting(*reportOption, report, {output, settings, workFolder + "/Landxml_temp.xml"});
         if (!makesItsFile && (options.check || !report.empty()))
         {
             throw WrongArgument(options.check ? "--check" : "--report",

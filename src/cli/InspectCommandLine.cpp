@@ -168,6 +168,8 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
         {
             throw WrongArgument("--report", "検査するファイルは一つだけ指定してください");
         }
+        RefuseOverwriting(*reportOption, reportFile, files);
+        RefuseOverwriting(*reportOption, reportFile, {schemaFile});
         std::transform(files.begin(), files.end(), std::back_inserter(parsed.options.files), WideFromUtf8);
         if (!csvFolder.empty())
         {
@@ -232,8 +234,6 @@ InspectStatus InspectFile(const Options& options, const std::wstring& path)
             inspect::ValidateAgainstSchema(ReadWholeFile(path).value_or(std::string()), options.schemaFile);
     }
     const std::vector<Finding> findings = Inspect(file, options.checks);
-    WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
-                                     : inspect::SummaryText(file) + inspect::FindingsText(findings));
     if (!options.csvFolder.empty())
     {
         WriteTables(file, options.csvFolder);
@@ -242,6 +242,9 @@ InspectStatus InspectFile(const Options& options, const std::wstring& path)
     {
         inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
     }
+    // Last, so that there is one object for each file whatever fails.
+    WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
+                                     : inspect::SummaryText(file) + inspect::FindingsText(findings));
     const bool fails = std::any_of(findings.begin(), findings.end(),
                                    [&](const Finding& finding) { return finding.severity >= options.failOn; });
     return fails ? InspectStatus::Findings : InspectStatus::NothingFound;

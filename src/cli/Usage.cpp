@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <sstream>
 #include <utility>
@@ -32,6 +33,21 @@ std::string Problem(const CLI::ParseError& error, const std::string& missing)
     }
 }
 
+/// True for two paths to one file, or to one place where there is no file yet.
+bool IsSameFile(const std::string& one, const std::string& other)
+{
+    std::error_code failure;
+    const auto pathOf = [&](const std::string& text) {
+        return std::filesystem::absolute(std::u8string(text.begin(), text.end()), failure);
+    };
+    if (std::filesystem::equivalent(pathOf(one), pathOf(other), failure))
+    {
+        return true;
+    }
+    const std::filesystem::path place = std::filesystem::weakly_canonical(pathOf(one), failure);
+    return !place.empty() && place == std::filesystem::weakly_canonical(pathOf(other), failure);
+}
+
 } // namespace
 
 CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem)
@@ -58,6 +74,17 @@ void RefuseEmpty(const CLI::Option& option, const std::string& value, const std:
     if (value.empty() && option.count() > 0)
     {
         throw WrongArgument("--" + option.get_lnames().front(), problem);
+    }
+}
+
+void RefuseOverwriting(const CLI::Option& option, const std::string& path, const std::vector<std::string>& others)
+{
+    for (const std::string& other : others)
+    {
+        if (!path.empty() && !other.empty() && IsSameFile(path, other))
+        {
+            throw WrongArgument("--" + option.get_lnames().front(), "ほかに読み書きするファイルです: " + path);
+        }
     }
 }
 

@@ -21,6 +21,10 @@ void PrepareUsage(CLI::App& app, const std::string& name);
 /// Throws if an option was given with nothing as its value.
 void RefuseEmpty(const CLI::Option& option, const std::string& value, const std::string& problem);
 
+/// Throws if the file that an option names for writing is one of those that are read or written besides, by whatever
+/// path or link. Files that don't exist are told apart by their paths.
+void RefuseOverwriting(const CLI::Option& option, const std::string& path, const std::vector<std::string>& others);
+
 /// Throws if there are arguments that nothing was declared for.
 void RefuseFurtherArguments(const CLI::App& app);
 

@@ -308,11 +308,26 @@ TEST_F(InspectCommandLineTest, TheReportIsOnePage)
     EXPECT_NE(page.find("主要点の名称がありません（Start）"), std::string::npos);
 }
 
+TEST_F(InspectCommandLineTest, AReportNeverTakesThePlaceOfWhatIsInspected)
+{
+    const std::wstring file = File(SOUND);
+    const std::string before = folder_.Read(L"完成.xml");
+    ASSERT_NE(before, "");
+    const std::wstring sameFile = folder_.Name(L".") + L"/完成.xml";
+    const Outcome outcome = Run({file, L"--report", sameFile});
+    EXPECT_EQ(outcome.status, InspectStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "--report: ほかに読み書きするファイルです: " + Utf8FromWide(sameFile) + "\n");
+    EXPECT_EQ(folder_.Read(L"完成.xml"), before);
+}
+
 TEST_F(InspectCommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
 {
-    const Outcome outcome = Run({File(SOUND), L"--report", folder_.Name(L"無い") + L"/x.html"});
+    const std::wstring report = folder_.Name(L"無い") + L"/x.html";
+    const Outcome outcome = Run({File(SOUND), L"--json", L"--report", report});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_NE(outcome.err, "");
+    EXPECT_NE(outcome.out.find("\"error\":"), std::string::npos);
+    EXPECT_EQ(outcome.out.find('\n'), outcome.out.size() - 1);
 }
 
 // The arguments
