@@ -1,25 +1,29 @@
 #!/usr/bin/env bash
 # Sets the machine up, builds for Linux and Windows and runs every test on both.
 #
-#   ./test.sh           everything: Linux, sanitizers, Windows under Wine, a short run of the fuzz targets
-#   ./test.sh --fast    Linux only, without the sanitizers and the fuzz targets
+#   ./test.sh           everything: each test with sanitizers on Linux and under Wine on Windows, whole runs, real windows
+#                       and hosts with the release build of both, a short run of the fuzz targets
+#   ./test.sh --fast    the release build on Linux only, with all its tests
 set -euo pipefail
 cd "$(dirname "$0")"
 
 presets=(asan windows linux)
+unit_tests=(asan windows) # on Linux once, with the sanitizers
 fuzz_seconds=5
 if [ "${1:-}" = --fast ]; then
     presets=(linux)
+    unit_tests=(linux)
     fuzz_seconds=0
 elif [ $# -gt 0 ]; then
-    sed -n '2,5s/^# \?//p' "$0"
+    sed -n '2,6s/^# \?//p' "$0"
     exit 2
 fi
 
 tools/setup.sh
 for preset in "${presets[@]}"; do
     echo "== $preset: building"
-    cmake --preset "$preset" >/dev/null
+    [[ " ${unit_tests[*]} " = *" $preset "* ]] && with_units=ON || with_units=OFF
+    cmake --preset "$preset" -DJLANDXML_UNIT_TESTS=$with_units >/dev/null
     cmake --build "build/$preset" -- --quiet
 done
 failed=()
