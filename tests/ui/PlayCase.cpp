@@ -83,13 +83,17 @@ Case ReadCase(const Json& json, const std::vector<std::string>& places)
     return one;
 }
 
+/// Without the warnings of the command line, of which users of the module are not told.
 std::vector<std::string> SortedLines(const std::string& text)
 {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);)
     {
-        lines.push_back(line);
+        if (!line.starts_with("警告: "))
+        {
+            lines.push_back(line);
+        }
     }
     std::sort(lines.begin(), lines.end());
     return lines;
