@@ -39,7 +39,7 @@ if [ "$fuzz_seconds" -gt 0 ]; then
         mkdir -p "$found"
         seeds=$(find fuzz/corpus -maxdepth 1 -name "$target")
         "build/asan/fuzz/$target" "$found" ${seeds:+"$seeds"} -dict=fuzz/landxml.dict -max_total_time="$fuzz_seconds" \
-            -timeout=20 -close_fd_mask=1 -verbosity=0 -artifact_prefix=build/asan/ || failed+=("$target")
+            -seed=1 -timeout=20 -close_fd_mask=1 -verbosity=0 -artifact_prefix=build/asan/ || failed+=("$target")
     done
 fi
 if [ ${#failed[@]} -gt 0 ]; then

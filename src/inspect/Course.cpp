@@ -232,6 +232,10 @@ Course::Course(const Alignment& alignment)
 std::vector<Position> Course::At(double station) const
 {
     std::vector<Position> positions;
+    if (!std::isfinite(station))
+    {
+        return positions;
+    }
     // The last element that starts at the station or before, and those before it that reach it.
     auto index = static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), station + SAME_STATION) -
                                           starts_.begin());

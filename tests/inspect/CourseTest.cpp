@@ -4,6 +4,7 @@
 #include "inspect/Angles.h"
 
 #include <cmath>
+#include <limits>
 
 namespace jlandxml::inspect
 {
@@ -82,6 +83,15 @@ TEST(Course, HasTwoPositionsAtAJointAndNoneOutside)
     EXPECT_EQ(course.At(111).size(), 1U);
     EXPECT_EQ(course.At(-1).size(), 0U);
     EXPECT_EQ(course.At(401).size(), 0U);
+}
+
+TEST(Course, HasNoPositionWhereTheStationIsNoNumber)
+{
+    const LandXmlFile file = SoundFile();
+    const Course course(FirstAlignment(file));
+    EXPECT_EQ(course.At(std::numeric_limits<double>::quiet_NaN()).size(), 0U);
+    EXPECT_EQ(course.At(std::numeric_limits<double>::infinity()).size(), 0U);
+    EXPECT_EQ(course.At(-std::numeric_limits<double>::infinity()).size(), 0U);
 }
 
 TEST(Course, OfASpiralWithoutItsTangentPointFollowsItsChord)

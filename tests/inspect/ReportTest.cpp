@@ -46,6 +46,12 @@ TEST(ReportPage, NeedsNothingFromElsewhere)
     EXPECT_EQ(CountOf(page, "<script"), 1U);
 }
 
+TEST(ReportPage, DrawsNoEquationWithoutAStation)
+{
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), "<text class=\"equation\""), 2U);
+    EXPECT_EQ(CountOf(PageOf(SoundFile({{" staInternal=\"150.000\"", ""}})), "<text class=\"equation\""), 1U);
+}
+
 TEST(ReportPage, LeavesNoMarkupOfAFileInItsTexts)
 {
     const std::string evil = "&lt;/script&gt;&lt;script&gt;alert(1)&lt;/script&gt;&quot;&apos;&amp;";
