@@ -1,6 +1,7 @@
 #include "base/Files.h"
 
 #include "base/Exceptions.h"
+#include "base/Warnings.h"
 #include "support/FailingCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/MountedFolder.h"
@@ -10,6 +11,7 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <optional>
+#include <tuple>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -707,10 +709,26 @@ TEST(Files, OnlyOldFilesOfTheConvertersMakingThatNobodyHoldsAreRemoved)
     const NativeFile held(::open((folder.Path() / "tsx8AZ9XY.tmp").c_str(), O_RDONLY | O_CLOEXEC));
     ASSERT_EQ(::flock(held.Get(), LOCK_EX), 0);
     std::filesystem::create_symlink("tsx8AZ9XY.tmp", folder.Path() / "tsx9AZ9XY.tmp");
+    WriteStale(folder, L"tsxAAZ9XY.tmp"); // somebody else's, where the test may give it away
+    static_cast<void>(::chown((folder.Path() / "tsxAAZ9XY.tmp").c_str(), 12345, 12345));
+    if (::geteuid() != 0)
+    {
+        std::filesystem::remove(folder.Path() / "tsxAAZ9XY.tmp");
+    }
+    ASSERT_EQ(::mkfifo((folder.Path() / "tsxBAZ9XY.tmp").c_str(), 0600), 0);
     const std::vector<std::wstring> before = folder.Files();
-    ASSERT_EQ(before.size(), 11U);
+    ASSERT_GE(before.size(), 12U);
     EXPECT_NE(WorkFile::Make(folder.Name() + L"/"), std::nullopt);
     EXPECT_EQ(folder.Files(), before);
+}
+
+TEST(Files, AnOldFileWhoseNameIsNoLongerItsOwnIsNotRemoved)
+{
+    const TestFolder folder;
+    WriteStale(folder, L"tsx0AZ9XY.tmp");
+    const FailingCalls gone(SystemCall::StatusOfName, ENOENT);
+    EXPECT_NE(WorkFile::Make(folder.Name() + L"/"), std::nullopt);
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"tsx0AZ9XY.tmp"});
 }
 
 TEST(Files, AWorkFileIsHeldAsLongAsItsMakerLives)
@@ -754,6 +772,205 @@ TEST(Files, ContentThatIsLostOnItsWayToTheVolumeIsAFailure)
         EXPECT_THROW(other.Close(), CFileException);
     }
     EXPECT_EQ(folder.Read(L"target"), "old");
+}
+
+/// A target before its new content comes, and where that is gathered.
+struct TargetKind
+{
+    const char* name;
+    bool exists;
+    bool hasAnotherName;
+    bool hasAccessControlList;
+    GatherPlace place;
+};
+
+constexpr TargetKind TARGET_OF_TWO_NAMES{"OfTwoNames", true, true, false, GatherPlace::BesideTarget};
+constexpr TargetKind TARGET_KINDS[] = {
+    TARGET_OF_TWO_NAMES,
+    {"Plain", true, false, false, GatherPlace::BesideTarget},
+    {"Missing", false, false, false, GatherPlace::BesideTarget},
+    {"WithAccessControlList", true, false, true, GatherPlace::BesideTarget},
+    {"PlainFromElsewhere", true, false, false, GatherPlace::TemporaryFolder},
+    {"MissingFromElsewhere", false, false, false, GatherPlace::TemporaryFolder},
+};
+
+struct CallFailure
+{
+    const char* name;
+    SystemCall call;
+    int error;
+};
+
+constexpr CallFailure CALL_FAILURES[] = {
+    {"Write", SystemCall::Write, ENOSPC},
+    {"WriteInterrupted", SystemCall::Write, EINTR},
+    {"Read", SystemCall::Read, EIO},
+    {"ReadInterrupted", SystemCall::Read, EINTR},
+    {"Sync", SystemCall::Sync, EIO},
+    {"Shorten", SystemCall::Shorten, EIO},
+    {"ReserveOnFullVolume", SystemCall::Reserve, ENOSPC},
+    {"ReserveBeyondQuota", SystemCall::Reserve, EDQUOT},
+    {"ReserveBeyondLimit", SystemCall::Reserve, EFBIG},
+    {"ReserveUnknown", SystemCall::Reserve, EOPNOTSUPP},
+    {"Rename", SystemCall::Rename, EPERM},
+    {"ChangeOwner", SystemCall::ChangeOwner, EPERM},
+    {"ChangeMode", SystemCall::ChangeMode, EPERM},
+    {"Close", SystemCall::Close, EIO},
+    {"ReadFolder", SystemCall::ReadFolder, EIO},
+    {"Status", SystemCall::Status, EIO},
+    {"StatusOfName", SystemCall::StatusOfName, EIO},
+    {"OpenMode", SystemCall::OpenMode, EIO},
+    {"Seek", SystemCall::Seek, EIO},
+    {"Volume", SystemCall::Volume, EIO},
+    {"GetAttribute", SystemCall::GetAttribute, EIO},
+    {"SetAttribute", SystemCall::SetAttribute, EPERM},
+    {"Access", SystemCall::Access, EROFS},
+    {"Random", SystemCall::Random, ENOSYS},
+    {"Duplicate", SystemCall::Duplicate, EMFILE},
+};
+
+/// A target in a folder of its own, whose content is replaced while something fails.
+class ReplacedTarget
+{
+  public:
+    explicit ReplacedTarget(const TargetKind& kind) : inUse_(temporary.Path()), kind_(kind)
+    {
+        if (kind.exists)
+        {
+            folder.Write(L"target", OLD);
+            standing_.push_back(L"target");
+        }
+        if (kind.hasAnotherName)
+        {
+            std::filesystem::create_hard_link(folder.Path() / "target", folder.Path() / "other");
+            standing_.insert(standing_.begin(), L"other");
+        }
+        if (kind.hasAccessControlList)
+        {
+            SetList(folder.Path() / "target", ACCESS_LIST);
+        }
+    }
+
+    bool Replace()
+    {
+        ReplacementFile file(folder.Name(L"target"), kind_.place);
+        file.Write(NEW);
+        return file.Commit();
+    }
+
+    bool IsNew() const { return folder.Read(L"target") == NEW; }
+    bool IsOld() const { return folder.Files() == standing_ && folder.Read(L"target") == (kind_.exists ? OLD : ""); }
+
+    /// True if nothing stands beside the target that didn't before.
+    bool IsAlone() const
+    {
+        const std::vector<std::wstring> files = folder.Files();
+        return files == standing_ || files == std::vector<std::wstring>{L"target"};
+    }
+
+    static inline const std::string OLD = std::string(20000, 'o');
+    static inline const std::string NEW = std::string(30000, 'n');
+    TestFolder folder;
+    TestFolder temporary;
+
+  private:
+    TemporaryFolderOverride inUse_;
+    TargetKind kind_;
+    std::vector<std::wstring> standing_;
+};
+
+class CallThatFails : public testing::TestWithParam<std::tuple<TargetKind, CallFailure>>
+{
+  protected:
+    static constexpr int ENOUGH = 100000;
+
+    /// Makes each of the calls fail in turn, so many from there on, and looks at what has become of the target.
+    template <class Check>
+    void FailEach(int times, Check check)
+    {
+        const auto& [kind, failure] = GetParam();
+        for (int allowed = 0; allowed < ENOUGH; ++allowed)
+        {
+            SCOPED_TRACE(allowed);
+            ReplacedTarget target(kind);
+            bool failed = false;
+            bool replaced = false;
+            {
+                FailingCalls failing(failure.call, failure.error, allowed);
+                failing.Times(times);
+                try
+                {
+                    replaced = target.Replace();
+                }
+                catch (const CFileException&)
+                {}
+                failed = failing.HasFailed();
+            }
+            check(target, replaced);
+            if (!failed)
+            {
+                EXPECT_TRUE(replaced);
+                return;
+            }
+        }
+        FAIL() << "the calls have no end";
+    }
+};
+
+TEST_P(CallThatFails, LeavesTheTargetOldOrNewAndNothingBeside)
+{
+    FailEach(1, [](const ReplacedTarget& target, bool replaced) {
+        EXPECT_TRUE(replaced ? target.IsNew() : target.IsOld());
+        EXPECT_TRUE(target.IsAlone());
+        EXPECT_TRUE(target.temporary.Files().empty());
+    });
+}
+
+TEST_P(CallThatFails, TwiceLeavesTheOldContentSomewhereAtLeast)
+{
+    FailEach(2, [](const ReplacedTarget& target, bool replaced) {
+        EXPECT_TRUE(target.IsAlone());
+        EXPECT_TRUE(!replaced || target.IsNew());
+        if (!replaced && !target.IsOld())
+        {
+            ASSERT_EQ(target.temporary.Files().size(), 1U);
+            EXPECT_TRUE(target.temporary.Read(target.temporary.Files().front()) == ReplacedTarget::OLD);
+        }
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, CallThatFails,
+                         testing::Combine(testing::ValuesIn(TARGET_KINDS), testing::ValuesIn(CALL_FAILURES)),
+                         [](const auto& row) {
+                             return std::string(std::get<0>(row.param).name) + "_" + std::get<1>(row.param).name;
+                         });
+
+TEST(Files, AFileWhoseKindOrLengthTheSystemDoesNotTellIsNotRead)
+{
+    const TestFolder folder;
+    const std::wstring path = folder.Write(L"線形.csv", "a");
+    for (int allowed = 0; allowed < 3; ++allowed)
+    {
+        TakeWarnings();
+        FailingCalls failing(SystemCall::Status, EIO, allowed);
+        failing.Times(1);
+        std::size_t length = 7;
+        EXPECT_EQ(OpenForReading(path, length) != nullptr, !failing.HasFailed());
+        EXPECT_EQ(length, failing.HasFailed() ? 0U : 1U);
+        EXPECT_EQ(TakeWarnings().size(), failing.HasFailed() ? 1U : 0U);
+    }
+}
+
+TEST(Files, WhatCanNotBeLookedAtIsMissingAndToldOf)
+{
+    TakeWarnings();
+    EXPECT_FALSE(PathExists(std::wstring(300, L'x')));
+    const std::vector<Warning> warnings = TakeWarnings();
+    ASSERT_EQ(warnings.size(), 1U);
+    EXPECT_EQ(warnings.front().text, L"ファイルを読み込めません。");
+    const TestFolder folder;
+    EXPECT_FALSE(PathExists(folder.Write(L"a", "") + L"/b"));
+    EXPECT_TRUE(TakeWarnings().empty());
 }
 
 TEST(Files, AFileThatOutgrowsItsLimitIsAFailureAndNoSignal)

@@ -8,10 +8,15 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdarg>
 #include <dirent.h>
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/vfs.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace
@@ -22,6 +27,7 @@ struct Failure
     int error = 0;
     int allowed = 0;
     int times = 0;
+    bool happened = false;
 };
 
 std::array<Failure, static_cast<std::size_t>(jlandxml::SystemCall::Count)> failures;
@@ -36,14 +42,15 @@ bool Fails(jlandxml::SystemCall call)
     }
     failure.allowed = 0;
     --failure.times;
+    failure.happened = true;
     errno = failure.error;
     return true;
 }
 
-template <class... Arguments>
-int CallUnlessItFails(jlandxml::SystemCall call, long number, Arguments... arguments)
+template <class Result = int, class... Arguments>
+Result CallUnlessItFails(jlandxml::SystemCall call, long number, Arguments... arguments)
 {
-    return Fails(call) ? -1 : static_cast<int>(::syscall(number, arguments...));
+    return static_cast<Result>(Fails(call) ? -1 : ::syscall(number, arguments...));
 }
 
 } // namespace
@@ -53,7 +60,7 @@ namespace jlandxml
 
 FailingCalls::FailingCalls(SystemCall call, int error, int allowed) : call_(call)
 {
-    failures[static_cast<std::size_t>(call)] = {error, allowed, INT_MAX};
+    failures[static_cast<std::size_t>(call)] = {error, allowed, INT_MAX, false};
 }
 
 FailingCalls::~FailingCalls()
@@ -67,6 +74,11 @@ FailingCalls& FailingCalls::Times(int times)
     return *this;
 }
 
+bool FailingCalls::HasFailed() const
+{
+    return failures[static_cast<std::size_t>(call_)].happened;
+}
+
 int UserMaskCalls()
 {
     return userMaskCalls;
@@ -78,7 +90,74 @@ using jlandxml::SystemCall;
 
 extern "C" ssize_t write(int file, const void* bytes, size_t size)
 {
-    return Fails(SystemCall::Write) ? -1 : ::syscall(SYS_write, file, bytes, size);
+    return CallUnlessItFails<ssize_t>(SystemCall::Write, SYS_write, file, bytes, size);
+}
+
+extern "C" ssize_t read(int file, void* bytes, size_t size)
+{
+    return CallUnlessItFails<ssize_t>(SystemCall::Read, SYS_read, file, bytes, size);
+}
+
+extern "C" off_t lseek(int file, off_t offset, int from) noexcept
+{
+    return CallUnlessItFails<off_t>(SystemCall::Seek, SYS_lseek, file, offset, from);
+}
+
+/// The system has one call for all three; an open file is one with no name behind it.
+extern "C" int fstat(int file, struct stat* status) noexcept
+{
+    return CallUnlessItFails(SystemCall::Status, SYS_newfstatat, file, "", status, AT_EMPTY_PATH);
+}
+
+extern "C" int fstatat(int folder, const char* name, struct stat* status, int flags) noexcept
+{
+    return CallUnlessItFails(SystemCall::StatusOfName, SYS_newfstatat, folder, name, status, flags);
+}
+
+extern "C" int fstatfs(int file, struct statfs* volume) noexcept
+{
+    return CallUnlessItFails(SystemCall::Volume, SYS_fstatfs, file, volume);
+}
+
+extern "C" int fcntl(int file, int command, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, command);
+    const long argument = va_arg(arguments, long);
+    va_end(arguments);
+    const bool setsMode = command == F_SETFL;
+    return setsMode ? CallUnlessItFails(SystemCall::OpenMode, SYS_fcntl, file, command, argument)
+                    : static_cast<int>(::syscall(SYS_fcntl, file, command, argument));
+}
+
+extern "C" ssize_t fgetxattr(int file, const char* name, void* value, size_t size) noexcept
+{
+    return CallUnlessItFails<ssize_t>(SystemCall::GetAttribute, SYS_fgetxattr, file, name, value, size);
+}
+
+extern "C" int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept
+{
+    return CallUnlessItFails(SystemCall::SetAttribute, SYS_fsetxattr, file, name, value, size, flags);
+}
+
+extern "C" int fremovexattr(int file, const char* name) noexcept
+{
+    return CallUnlessItFails(SystemCall::SetAttribute, SYS_fremovexattr, file, name);
+}
+
+extern "C" int faccessat(int folder, const char* name, int mode, int flags) noexcept
+{
+    return CallUnlessItFails(SystemCall::Access, SYS_faccessat2, folder, name, mode, flags);
+}
+
+extern "C" ssize_t getrandom(void* bytes, size_t size, unsigned flags)
+{
+    return CallUnlessItFails<ssize_t>(SystemCall::Random, SYS_getrandom, bytes, size, flags);
+}
+
+extern "C" int dup(int file) noexcept
+{
+    return CallUnlessItFails(SystemCall::Duplicate, SYS_dup, file);
 }
 
 extern "C" int fsync(int file)

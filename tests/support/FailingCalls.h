@@ -15,6 +15,17 @@ enum class SystemCall
     ChangeMode,
     Close,
     ReadFolder,
+    Read,
+    Status,
+    StatusOfName,
+    OpenMode,
+    Seek,
+    Volume,
+    GetAttribute,
+    SetAttribute,
+    Access,
+    Random,
+    Duplicate,
     Count
 };
 
@@ -30,6 +41,9 @@ class FailingCalls
 
     /// Lets the calls succeed again after so many have failed.
     FailingCalls& Times(int times);
+
+    /// True once a call has failed.
+    bool HasFailed() const;
 
   private:
     SystemCall call_;
