@@ -11,7 +11,9 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <optional>
+#include <string>
 #include <tuple>
+#include <utility>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -945,6 +947,59 @@ INSTANTIATE_TEST_SUITE_P(Files, CallThatFails,
                              return std::string(std::get<0>(row.param).name) + "_" + std::get<1>(row.param).name;
                          });
 
+TEST_F(TargetOfTwoNames, MayBecomeEmpty)
+{
+    ReplacementFile file(folder.Name(L"target"));
+    EXPECT_TRUE(file.Commit());
+    EXPECT_EQ(folder.Read(L"other"), "");
+    EXPECT_EQ(folder.Read(L"target"), "");
+}
+
+TEST(Files, AWorkFileTakesThePlaceOfAnother)
+{
+    const TestFolder folder;
+    std::optional<WorkFile> first = WorkFile::Make(folder.Name() + L"/");
+    std::optional<WorkFile> second = WorkFile::Make(folder.Name() + L"/");
+    ASSERT_TRUE(first && second);
+    const std::wstring kept = second->Path();
+    first = std::move(second);
+    second.reset();
+    EXPECT_EQ(first->Path(), kept);
+    EXPECT_TRUE(PathExists(kept));
+    EXPECT_EQ(folder.Files().size(), 1U);
+}
+
+TEST(Files, AnOpenPipeIsWrittenToByTheSystemsNameForIt)
+{
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    const NativeFile reader(ends[0]);
+    const NativeFile writer(ends[1]);
+    EXPECT_TRUE(Replace(L"/dev/fd/" + std::to_wstring(writer.Get()), "new"));
+    std::array<char, 8> taken{};
+    EXPECT_EQ(::read(reader.Get(), taken.data(), taken.size()), 3);
+    EXPECT_STREQ(taken.data(), "new");
+}
+
+TEST(Files, ATargetWithoutAFolderStandsInTheCurrentOne)
+{
+    const TestFolder folder;
+    const std::filesystem::path former = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    const bool made = Replace(L"target", "new");
+    const bool replaced = Replace(L"target", "newer");
+    std::filesystem::current_path(former);
+    EXPECT_TRUE(made && replaced);
+    EXPECT_EQ(folder.Read(L"target"), "newer");
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"target"});
+}
+
+TEST(Files, WithoutAVariableTheTemporaryFolderIsTheSystems)
+{
+    const TemporaryFolderOverride none("");
+    EXPECT_EQ(TemporaryFolder(), L"/tmp/");
+}
+
 TEST(Files, AFileWhoseKindOrLengthTheSystemDoesNotTellIsNotRead)
 {
     const TestFolder folder;
@@ -955,7 +1010,8 @@ TEST(Files, AFileWhoseKindOrLengthTheSystemDoesNotTellIsNotRead)
         FailingCalls failing(SystemCall::Status, EIO, allowed);
         failing.Times(1);
         std::size_t length = 7;
-        EXPECT_EQ(OpenForReading(path, length) != nullptr, !failing.HasFailed());
+        const bool opened = OpenForReading(path, length) != nullptr;
+        EXPECT_EQ(opened, !failing.HasFailed());
         EXPECT_EQ(length, failing.HasFailed() ? 0U : 1U);
         EXPECT_EQ(TakeWarnings().size(), failing.HasFailed() ? 1U : 0U);
     }

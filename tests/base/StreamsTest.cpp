@@ -46,6 +46,35 @@ TEST(Streams, ATraceLineFollowsWhatTheHostHasWritten)
     EXPECT_EXIT(std::_Exit(OutputOfHost(pipe) == "host, 線形1\n" ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
+/// What comes through a pipe of a text of a program's own.
+std::string OutputOf(const Pipe& pipe, const std::wstring& text)
+{
+    ::dup2(pipe.ends[1], STDOUT_FILENO);
+    WriteStandardOutput(text);
+    std::string taken(8192, '\0');
+    taken.resize(static_cast<std::size_t>(::read(pipe.ends[0], taken.data(), taken.size())));
+    return taken;
+}
+
+TEST(Streams, ALongTextIsWrittenWholeAndASurrogateStaysBesideItsPartner)
+{
+    const std::wstring letters(1023, L'x');
+    const std::wstring text = letters + static_cast<wchar_t>(0xD842) + L"线" + letters;
+    const Pipe pipe;
+    EXPECT_EXIT(std::_Exit(OutputOf(pipe, text) == Utf8FromWide(text) ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
+TEST(Streams, AClosedStreamTakesNothing)
+{
+    EXPECT_EXIT(
+        {
+            ::close(STDOUT_FILENO);
+            WriteStandardOutput(L"線形1\n");
+            std::_Exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
 TEST(Streams, ATraceLineThatNobodyReadsRaisesNoSignalNeitherNowNorAtTheHostsEnd)
 {
     const Pipe pipe;
