@@ -33,7 +33,7 @@ namespace
 {
 
 /// What the command line asks for.
-struct Options
+struct ConvertOptions
 {
     std::wstring workFolder;
     std::wstring settingsFile;
@@ -46,9 +46,9 @@ struct Options
 };
 
 /// The arguments as options, or the status with which the program ends at once.
-struct Parsed
+struct ParsedConvert
 {
-    Options options;
+    ConvertOptions options;
     std::optional<ExitStatus> ends;
 };
 
@@ -64,15 +64,15 @@ std::int32_t ReadRouteCount(const std::string& text)
     return count;
 }
 
-Parsed Parse(const std::vector<std::wstring>& arguments)
+ParsedConvert ParseConvert(const std::vector<std::wstring>& arguments)
 {
     std::string workFolder;
     std::string routes;
     std::string settings;
     std::string output;
     std::string report;
-    Parsed parsed;
-    Options& options = parsed.options;
+    ParsedConvert parsed;
+    ConvertOptions& options = parsed.options;
 
     CLI::App app("LandXMLの作業フォルダーからJ-LandXMLファイルを出力します。", "jlandxml-convert");
     PrepareUsage(app, "jlandxml-convert");
@@ -138,7 +138,7 @@ bool IsFolder(const std::wstring& path)
     return file == nullptr || !FileLength(file.get());
 }
 
-std::int32_t RouteCount(const Options& options)
+std::int32_t RouteCount(const ConvertOptions& options)
 {
     return options.routes ? *options.routes : CountRoutes(options.workFolder);
 }
@@ -183,7 +183,7 @@ void TellWarnings()
 class BatchRun
 {
   public:
-    BatchRun(const Options& options, const Json& settings) : options_(options), settings_(settings)
+    BatchRun(const ConvertOptions& options, const Json& settings) : options_(options), settings_(settings)
     {
         windows_.SetUser([this](ScriptedDialog& dialog) { Work(dialog); });
         windows_.SetSaveFileAnswer([this](const SaveFileRequest&) { return options_.outputFile; });
@@ -282,7 +282,7 @@ class BatchRun
         return ExitStatus::FileWritten;
     }
 
-    const Options& options_;
+    const ConvertOptions& options_;
     const Json& settings_;
     ScriptedWindowSystem windows_;
     std::vector<std::wstring> findings_;
@@ -290,7 +290,7 @@ class BatchRun
     std::optional<std::wstring> printed_;
 };
 
-ExitStatus RunScripted(const Options& options)
+ExitStatus RunScripted(const ConvertOptions& options)
 {
     // The settings stay until the process ends: freeing them asks for memory, and the file is written by then.
     static Json& settings = *new Json;
@@ -311,7 +311,7 @@ ExitStatus RunScripted(const Options& options)
 }
 
 /// Judges and draws the file that was just written. An 誤り in it is status 1; the file stays.
-ExitStatus InspectOutput(const Options& options)
+ExitStatus InspectOutput(const ConvertOptions& options)
 {
     try
     {
@@ -339,7 +339,7 @@ ExitStatus InspectOutput(const Options& options)
     }
 }
 
-ExitStatus RunModule(const Options& options)
+ExitStatus RunModule(const ConvertOptions& options)
 {
     if (!CallModule(options.workFolder, RouteCount(options)))
     {
@@ -349,7 +349,7 @@ ExitStatus RunModule(const Options& options)
     return ExitStatus::FileWritten;
 }
 
-ExitStatus RunOptions(const Options& options)
+ExitStatus RunOptions(const ConvertOptions& options)
 {
     if (!IsFolder(options.workFolder))
     {
@@ -372,7 +372,7 @@ ExitStatus RunCommandLine(const std::vector<std::wstring>& arguments)
 {
     try
     {
-        const Parsed parsed = Parse(arguments);
+        const ParsedConvert parsed = ParseConvert(arguments);
         return parsed.ends ? *parsed.ends : RunOptions(parsed.options);
     }
     catch (const std::exception&)

@@ -34,7 +34,7 @@ using inspect::Finding;
 using inspect::LandXmlFile;
 using inspect::Severity;
 
-struct Options
+struct InspectOptions
 {
     std::vector<std::wstring> files;
     std::vector<const Check*> checks;
@@ -47,9 +47,9 @@ struct Options
 };
 
 /// The arguments as options, or the status with which the program ends at once.
-struct Parsed
+struct ParsedInspect
 {
-    Options options;
+    InspectOptions options;
     std::optional<InspectStatus> ends;
 };
 
@@ -126,7 +126,7 @@ void RefuseSameNames(const std::vector<std::wstring>& files)
     }
 }
 
-Parsed Parse(const std::vector<std::wstring>& arguments)
+ParsedInspect ParseInspect(const std::vector<std::wstring>& arguments)
 {
     std::vector<std::string> files;
     std::vector<std::string> only;
@@ -135,7 +135,7 @@ Parsed Parse(const std::vector<std::wstring>& arguments)
     std::string schemaFile;
     std::string csvFolder;
     std::string reportFile;
-    Parsed parsed;
+    ParsedInspect parsed;
 
     CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
     PrepareUsage(app, "jlandxml-inspect");
@@ -206,7 +206,7 @@ bool MakeFolder(const std::wstring& folder)
     return std::filesystem::is_directory(path, failure);
 }
 
-InspectStatus TellUnreadable(const Options& options, const std::wstring& path, const std::wstring& reason)
+InspectStatus TellUnreadable(const InspectOptions& options, const std::wstring& path, const std::wstring& reason)
 {
     WriteStandardError(path + L": " + reason + L"\n");
     if (options.json)
@@ -225,7 +225,7 @@ void WriteTables(const LandXmlFile& file, const std::wstring& folder)
     }
 }
 
-InspectStatus InspectFile(const Options& options, const std::wstring& path)
+InspectStatus InspectFile(const InspectOptions& options, const std::wstring& path)
 {
     LandXmlFile file = inspect::ReadLandXmlFile(path);
     if (!options.schemaFile.empty())
@@ -250,7 +250,7 @@ InspectStatus InspectFile(const Options& options, const std::wstring& path)
     return fails ? InspectStatus::Findings : InspectStatus::NothingFound;
 }
 
-InspectStatus InspectFileSafely(const Options& options, const std::wstring& path)
+InspectStatus InspectFileSafely(const InspectOptions& options, const std::wstring& path)
 {
     try
     {
@@ -270,12 +270,12 @@ InspectStatus InspectFileSafely(const Options& options, const std::wstring& path
 
 InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
 {
-    const Parsed parsed = Parse(arguments);
+    const ParsedInspect parsed = ParseInspect(arguments);
     if (parsed.ends)
     {
         return *parsed.ends;
     }
-    const Options& options = parsed.options;
+    const InspectOptions& options = parsed.options;
     if (options.listChecks)
     {
         WriteStandardOutput(options.json ? inspect::ChecksJsonLines() : inspect::ChecksText());

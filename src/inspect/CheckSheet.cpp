@@ -53,7 +53,7 @@ Detail Ends(const Alignment& alignment)
                : Coordinates(alignment.elements.front().start) + L"～" + Coordinates(alignment.elements.back().end);
 }
 
-Detail MainPoints(const Alignment& alignment)
+Detail MainPointDetail(const Alignment& alignment)
 {
     std::wstring text;
     for (std::size_t index = 1; index < alignment.elements.size(); ++index)
@@ -173,7 +173,7 @@ constexpr Sentence PROFILE{L"縦断線形", L"Profile"};
 constexpr Sentence SECTIONS{L"横断形状", L"Cross sections"};
 constexpr AlignmentItem ALIGNMENT_ITEMS[] = {
     {PLAN, {L"起終点の座標", L"Coordinates of both ends"}, Ends},
-    {PLAN, {L"変化点（線形主要点）", L"Main points"}, MainPoints},
+    {PLAN, {L"変化点（線形主要点）", L"Main points"}, MainPointDetail},
     {PLAN, {L"曲線要素の種別・数値", L"Curves: kinds and figures"}, Curves},
     {PLAN, {L"開始測点と長さ", L"Start station and length"}, StartAndLength},
     {PLAN, {L"ブレーキ", L"Station equations"}, Equations},

@@ -2,6 +2,7 @@
 
 #include "inspect/Angles.h"
 #include "inspect/Course.h"
+#include "inspect/Limits.h"
 #include "inspect/Names.h"
 
 #include <algorithm>
@@ -15,8 +16,6 @@ namespace jlandxml::inspect
 
 namespace
 {
-
-constexpr double SAME_STATION = 0.001;
 
 /// The equations whose figures are all there, along the alignment.
 std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)

@@ -1,6 +1,7 @@
 #include "inspect/Course.h"
 
 #include "inspect/Angles.h"
+#include "inspect/Limits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,9 +11,6 @@ namespace jlandxml::inspect
 
 namespace
 {
-
-/// Stations that differ by less are the same.
-constexpr double SAME_STATION = 0.001;
 
 /// A curve that turns further than this, in radians, is no road's.
 constexpr double LARGEST_TURN = 1000;

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "inspect/Angles.h"
+#include "inspect/Limits.h"
 
 #include <array>
 #include <cmath>
@@ -141,7 +142,6 @@ LatitudeLongitude ToLatitudeLongitude(int zone, double north, double east)
 bool IsInZone(int zone, double north, double east, double margin)
 {
     // Beyond this the series say nothing, and nobody measures there.
-    constexpr double FARTHEST = 2e6;
     if (!(std::abs(north) < FARTHEST) || !(std::abs(east) < FARTHEST))
     {
         return false;

@@ -1,5 +1,7 @@
 #include "inspect/ProfileLine.h"
 
+#include "inspect/Limits.h"
+
 #include "base/Numbers.h"
 
 #include <algorithm>
@@ -10,9 +12,6 @@ namespace jlandxml::inspect
 
 namespace
 {
-
-/// Stations that differ by less are the same.
-constexpr double SAME_STATION = 0.0005;
 
 double LengthOf(const Figure& figure)
 {
@@ -118,8 +117,8 @@ ProfileLine::ProfileLine(const ProfAlign& profile)
 
 std::optional<double> ProfileLine::HeightAt(double station) const
 {
-    if (!isRising_ || points_.empty() || !(station >= points_.front().station - SAME_STATION) ||
-        !(station <= points_.back().station + SAME_STATION))
+    if (!isRising_ || points_.empty() || !(station >= points_.front().station - SAME_PRINTED_STATION) ||
+        !(station <= points_.back().station + SAME_PRINTED_STATION))
     {
         return {};
     }
@@ -137,9 +136,9 @@ std::optional<double> ProfileLine::HeightAt(double station) const
 
 const Figure* ProfileLine::OwnHeightAt(double station) const
 {
-    const auto at = std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
+    const auto at = std::lower_bound(points_.begin(), points_.end(), station - SAME_PRINTED_STATION,
                                      [](const ProfilePoint& point, double value) { return point.station < value; });
-    const bool isThere = isRising_ && at != points_.end() && std::abs(at->station - station) <= SAME_STATION;
+    const bool isThere = isRising_ && at != points_.end() && std::abs(at->station - station) <= SAME_PRINTED_STATION;
     return isThere && !at->HasCurve() ? &at->element->height : nullptr;
 }
 
@@ -167,7 +166,7 @@ std::optional<double> GroundLine::HeightAt(double station) const
     {
         return {};
     }
-    if (std::abs(behind->station - station) <= SAME_STATION)
+    if (std::abs(behind->station - station) <= SAME_PRINTED_STATION)
     {
         return behind->height;
     }
@@ -183,12 +182,12 @@ std::optional<double> GroundLine::HeightAt(double station) const
 const Figure* GroundLine::OwnHeightAt(double station) const
 {
     const auto at = AtOrBehind(station);
-    return at != points_.end() && std::abs(at->station - station) <= SAME_STATION ? at->figure : nullptr;
+    return at != points_.end() && std::abs(at->station - station) <= SAME_PRINTED_STATION ? at->figure : nullptr;
 }
 
 std::vector<GroundLine::Point>::const_iterator GroundLine::AtOrBehind(double station) const
 {
-    return std::lower_bound(points_.begin(), points_.end(), station - SAME_STATION,
+    return std::lower_bound(points_.begin(), points_.end(), station - SAME_PRINTED_STATION,
                             [](const Point& point, double value) { return point.station < value; });
 }
 

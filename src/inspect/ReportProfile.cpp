@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "inspect/Course.h"
+#include "inspect/Limits.h"
 #include "inspect/Names.h"
 #include "inspect/ProfileLine.h"
 #include "inspect/Report.h"
@@ -28,9 +29,6 @@ constexpr double DIAGRAM_BAND = 70;
 constexpr double STATION_GAP = 26; ///< between main stations, so that texts on end stand apart
 constexpr double NARROWEST = 900;
 constexpr double WIDEST = 20000;
-
-/// Above this, in metres, nothing stands on earth.
-constexpr double HIGHEST = 20000;
 
 /// Texts on end that stand nearer than this to one another can't be read.
 constexpr double TEXT_GAP = 13;

@@ -1,5 +1,6 @@
 #include "inspect/SurfaceLines.h"
 
+#include "inspect/Limits.h"
 #include "inspect/PointIndex.h"
 #include "inspect/Summary.h"
 
@@ -14,8 +15,6 @@ namespace
 
 /// More segments than this make a page that no browser turns.
 constexpr std::size_t MOST_SEGMENTS = 200000;
-
-constexpr double HIGHEST = 20000;
 
 PlanSegment Between(const SurfacePoint& from, const SurfacePoint& to)
 {

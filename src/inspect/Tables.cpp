@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "inspect/Angles.h"
 #include "inspect/Course.h"
+#include "inspect/Limits.h"
 #include "inspect/Names.h"
 #include "inspect/ProfileLine.h"
 #include "inspect/StationLabel.h"
@@ -22,9 +23,6 @@ using Row = std::vector<std::wstring>;
 
 constexpr int COORDINATE_DECIMALS = 4;
 constexpr int STATION_DECIMALS = 3;
-
-/// Stations that differ by less are the same.
-constexpr double SAME_STATION = 0.0005;
 
 std::wstring Own(const Figure& figure)
 {
@@ -144,10 +142,10 @@ std::vector<ListedStation> ListedStations(const Alignment& alignment, const Cour
         all.push_back({main, nullptr});
     }
     std::stable_sort(all.begin(), all.end(), [](const ListedStation& one, const ListedStation& other) {
-        return one.station < other.station - SAME_STATION;
+        return one.station < other.station - SAME_PRINTED_STATION;
     });
     const auto isSame = [](const ListedStation& one, const ListedStation& other) {
-        return other.point == nullptr && std::abs(one.station - other.station) <= SAME_STATION;
+        return other.point == nullptr && std::abs(one.station - other.station) <= SAME_PRINTED_STATION;
     };
     all.erase(std::unique(all.begin(), all.end(), isSame), all.end());
     return all;

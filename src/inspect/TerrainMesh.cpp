@@ -1,5 +1,6 @@
 #include "inspect/TerrainMesh.h"
 
+#include "inspect/Limits.h"
 #include "inspect/PointIndex.h"
 #include "inspect/Summary.h"
 
@@ -14,11 +15,6 @@ namespace
 {
 
 using Triangle = std::array<std::uint32_t, 3>;
-
-/// Beyond these, in metres, lies no plane coordinate and no height: a point there is a slip that would leave nothing to
-/// see of the others.
-constexpr double FARTHEST = 2e6;
-constexpr double HIGHEST = 20000;
 
 bool IsOnEarth(const SurfacePoint& point)
 {
@@ -96,7 +92,7 @@ void Thin(std::vector<Triangle>& triangles, const Surface& surface, const Terrai
     triangles = std::move(thinned);
 }
 
-std::uint16_t Part(double distance, double unit)
+std::uint16_t PartOf16Bits(double distance, double unit)
 {
     return static_cast<std::uint16_t>(std::clamp(std::round(distance / unit * 65535), 0.0, 65535.0));
 }
@@ -153,8 +149,9 @@ TerrainMesh MeshOf(const Surface& surface, const TerrainBox& box, std::size_t mo
             {
                 const SurfacePoint& point = surface.points[corner];
                 number = static_cast<std::uint32_t>(mesh.places.size());
-                mesh.places.push_back({Part(point.east - box.east, box.unit), Part(point.north - box.north, box.unit),
-                                       Part(point.height - box.height, box.unit)});
+                mesh.places.push_back({PartOf16Bits(point.east - box.east, box.unit),
+                                       PartOf16Bits(point.north - box.north, box.unit),
+                                       PartOf16Bits(point.height - box.height, box.unit)});
             }
             corner = number;
         }

@@ -12,12 +12,12 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* DEFAULT_NAME = L"サイト";
+constexpr const wchar_t* SITE_NAME = L"サイト";
 
 constexpr const wchar_t* DESIGN_GM_TYPE = L"designGmType";
 constexpr const wchar_t* CLASSIFICATION = L"classification";
 constexpr const wchar_t* TRAFFIC_VOLUME = L"trafficVolume";
-constexpr const wchar_t* SIDE = L"side";
+constexpr const wchar_t* ROUTE_SIDE = L"side";
 
 struct DesignChange
 {
@@ -29,7 +29,7 @@ struct DesignChange
 /// What means nothing any more when a road becomes a river, or a river a road.
 constexpr std::array<DesignChange, 2> DESIGN_CHANGES = {{
     {ROAD_DESIGN, RIVER_DESIGN, {CLASSIFICATION, TRAFFIC_VOLUME}},
-    {RIVER_DESIGN, ROAD_DESIGN, {CLASSIFICATION, SIDE}},
+    {RIVER_DESIGN, ROAD_DESIGN, {CLASSIFICATION, ROUTE_SIDE}},
 }};
 
 /// Removes the first `Property` of that label.
@@ -103,7 +103,7 @@ void FViewAlignments::ReadRoadInfoFeature(const WcXmNode& node)
         {
             trafficVolume = property.value;
         }
-        else if (property.label == SIDE)
+        else if (property.label == ROUTE_SIDE)
         {
             side = property.value;
         }
@@ -130,7 +130,7 @@ void FViewAlignments::FillRoadInfoFromDesc(const WcXmNode& firstAlignmentNode)
 bool FViewAlignments::WriteElement(const WcXmNode& node)
 {
     GetCurrentDesignType() = designGmType;
-    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
+    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(SITE_NAME) : name);
     RemoveStaleRoadInfo(node);
     FViewFeature feature(format_word::NAMELESS);
     BuildRoadInfoFeature(feature);
@@ -167,7 +167,7 @@ void FViewAlignments::BuildRoadInfoFeature(FViewFeature& feature) const
     add(TRAFFIC_VOLUME, trafficVolume);
     if (river)
     {
-        add(SIDE, side);
+        add(ROUTE_SIDE, side);
     }
 }
 

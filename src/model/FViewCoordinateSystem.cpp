@@ -18,7 +18,7 @@ constexpr const wchar_t* HORIZONTAL_DATUM = L"horizontalDatum";
 constexpr const wchar_t* VERTICAL_DATUM = L"verticalDatum";
 constexpr const wchar_t* HORIZONTAL_COORDINATE_SYSTEM_NAME = L"horizontalCoordinateSystemName";
 constexpr const wchar_t* DIFFER_TP = L"differTP";
-constexpr const wchar_t* DEFAULT_NAME = L"CRS1";
+constexpr const wchar_t* SYSTEM_NAME = L"CRS1";
 
 struct DatumWords
 {
@@ -139,7 +139,7 @@ void FViewCoordinateSystem::ReadZone(std::wstring_view desc)
 
 bool FViewCoordinateSystem::WriteElement(const WcXmNode& node)
 {
-    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(DEFAULT_NAME) : name);
+    node.SetAttribute(attribute_name::NAME, name.empty() ? std::wstring_view(SYSTEM_NAME) : name);
     WriteTextAttribute(node, HORIZONTAL_DATUM, horizontalDatum);
     WriteTextAttribute(node, VERTICAL_DATUM, verticalDatum);
     WriteTextAttribute(node, HORIZONTAL_COORDINATE_SYSTEM_NAME, horizontalCoordinateSystemName);

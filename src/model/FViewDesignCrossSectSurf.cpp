@@ -13,7 +13,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* SIDE = L"side";
+constexpr const wchar_t* SURFACE_SIDE = L"side";
 constexpr const wchar_t* MATERIAL = L"material";
 constexpr const wchar_t* CLOSED_AREA = L"closedArea";
 constexpr const wchar_t* TYPICAL_THICKNESS = L"typicalThickness";
@@ -191,7 +191,7 @@ void AssignSide(const WcXmNode& node, std::wstring& side)
             break;
         }
     }
-    node.SetAttribute(SIDE, side);
+    node.SetAttribute(SURFACE_SIDE, side);
 }
 
 bool IsClosed(const WcXmNode& node)

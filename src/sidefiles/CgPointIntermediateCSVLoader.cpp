@@ -12,7 +12,9 @@ namespace
 
 constexpr std::size_t ALIGNMENT_NAME_COLUMN = 1;
 
-enum PointColumn : std::size_t
+namespace point_column
+{
+enum : std::size_t
 {
     NAME,
     STATION,
@@ -22,16 +24,17 @@ enum PointColumn : std::size_t
     TANGENT_DIRECTION_ANGLE,
     POINT_COLUMNS
 };
+} // namespace point_column
 
 FViewCgPointIntermediate MakePoint(const CsvRow& row)
 {
     FViewCgPointIntermediate point;
-    point.name = CompactText::FromUtf8(row[NAME]);
-    point.sta = CsvNumber(row[STATION]);
-    point.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
-    point.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
-    point.thirdCoordinate = CsvNumber(row[THIRD_COORDINATE]);
-    point.tangentDirectionAngle = CsvNumber(row[TANGENT_DIRECTION_ANGLE]);
+    point.name = CompactText::FromUtf8(row[point_column::NAME]);
+    point.sta = CsvNumber(row[point_column::STATION]);
+    point.firstCoordinate = CsvNumber(row[point_column::FIRST_COORDINATE]);
+    point.secondCoordinate = CsvNumber(row[point_column::SECOND_COORDINATE]);
+    point.thirdCoordinate = CsvNumber(row[point_column::THIRD_COORDINATE]);
+    point.tangentDirectionAngle = CsvNumber(row[point_column::TANGENT_DIRECTION_ANGLE]);
     return point;
 }
 
@@ -53,10 +56,10 @@ void CgPointIntermediateCSVLoader::ReadPoints()
         GetCurrentRouteName() = name;
         rows.Skip(1);
     }
-    group.points.reserve(rows.CountRows(POINT_COLUMNS));
+    group.points.reserve(rows.CountRows(point_column::POINT_COLUMNS));
     while (rows.Next(row))
     {
-        if (row.Size() >= POINT_COLUMNS)
+        if (row.Size() >= point_column::POINT_COLUMNS)
         {
             group.points.push_back(MakePoint(row));
         }

@@ -12,7 +12,9 @@ namespace jlandxml
 namespace
 {
 
-enum StakeColumn : std::size_t
+namespace stake_column
+{
+enum : std::size_t
 {
     GROUP_NAME,
     NAME,
@@ -26,20 +28,21 @@ enum StakeColumn : std::size_t
     GROUP_TYPE,
     STAKE_COLUMNS
 };
+} // namespace stake_column
 
 FViewCgPointWidthStake MakeStake(const CsvRow& row)
 {
     FViewCgPointWidthStake stake;
-    stake.groupName = CompactText::FromUtf8(row[GROUP_NAME]);
-    stake.name = CompactText::FromUtf8(row[NAME]);
-    stake.stakeText = CompactText::FromUtf8(row[STAKE_TEXT]);
-    stake.sta = CsvNumber(row[STATION]);
-    stake.firstCoordinate = CsvNumber(row[FIRST_COORDINATE]);
-    stake.secondCoordinate = CsvNumber(row[SECOND_COORDINATE]);
-    stake.thirdCoordinate = CsvNumber(row[THIRD_COORDINATE]);
-    stake.stakeValue = CsvNumber(row[STAKE_VALUE]);
-    stake.groupDesc = CompactText::FromUtf8(row[GROUP_DESC]);
-    stake.groupType = CompactText::FromUtf8(row[GROUP_TYPE]);
+    stake.groupName = CompactText::FromUtf8(row[stake_column::GROUP_NAME]);
+    stake.name = CompactText::FromUtf8(row[stake_column::NAME]);
+    stake.stakeText = CompactText::FromUtf8(row[stake_column::STAKE_TEXT]);
+    stake.sta = CsvNumber(row[stake_column::STATION]);
+    stake.firstCoordinate = CsvNumber(row[stake_column::FIRST_COORDINATE]);
+    stake.secondCoordinate = CsvNumber(row[stake_column::SECOND_COORDINATE]);
+    stake.thirdCoordinate = CsvNumber(row[stake_column::THIRD_COORDINATE]);
+    stake.stakeValue = CsvNumber(row[stake_column::STAKE_VALUE]);
+    stake.groupDesc = CompactText::FromUtf8(row[stake_column::GROUP_DESC]);
+    stake.groupType = CompactText::FromUtf8(row[stake_column::GROUP_TYPE]);
     return stake;
 }
 
@@ -67,10 +70,10 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
     std::string name;
     CsvRow row;
     rows.Skip(TITLE_ROWS);
-    const auto room = rows.CountByFirstField(STAKE_COLUMNS);
+    const auto room = rows.CountByFirstField(stake_column::STAKE_COLUMNS);
     while (rows.Next(row))
     {
-        if (row.Size() < STAKE_COLUMNS)
+        if (row.Size() < stake_column::STAKE_COLUMNS)
         {
             continue;
         }
@@ -80,7 +83,7 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
         if (isNew)
         {
             groups.push_back(MakeGroup(stake));
-            const auto count = room.find(std::string(row[GROUP_NAME]));
+            const auto count = room.find(std::string(row[stake_column::GROUP_NAME]));
             groups.back().points.reserve(count != room.end() ? count->second : 0);
         }
         groups[entry->second].points.push_back(std::move(stake));

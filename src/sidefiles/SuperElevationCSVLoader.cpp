@@ -16,7 +16,9 @@ namespace jlandxml
 namespace
 {
 
-enum SlopeColumn : std::size_t
+namespace slope_column
+{
+enum : std::size_t
 {
     REGION = 0,
     STATION = 1,
@@ -24,8 +26,9 @@ enum SlopeColumn : std::size_t
     LEFT_SLOPE = 5,
     RIGHT_SLOPE = 9
 };
+} // namespace slope_column
 
-constexpr std::size_t LEAST_COLUMNS = 4;
+constexpr std::size_t LEAST_SLOPE_COLUMNS = 4;
 constexpr std::string_view TITLE = "Description";
 constexpr std::array<std::string_view, 2> ENDS = {"Begin Alignment", "End Alignment"};
 constexpr std::string_view IN_BOTH_ENDS = " Alignment";
@@ -92,10 +95,10 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
 void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
 {
     CsvRow row;
-    alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountRows(LEAST_COLUMNS, IN_BOTH_ENDS));
+    alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountRows(LEAST_SLOPE_COLUMNS, IN_BOTH_ENDS));
     while (rows.Next(row))
     {
-        if (row.Size() >= LEAST_COLUMNS && !IsEnd(row[DESCRIPTION]))
+        if (row.Size() >= LEAST_SLOPE_COLUMNS && !IsEnd(row[slope_column::DESCRIPTION]))
         {
             alignment.slopeList.push_back(MakeSlopeValue(row, alignment));
         }
@@ -116,9 +119,10 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
     MakeSlopeStationTexts(CompactText::FromUtf8(TrimmedNumberText(total)), alignment, slopeValue);
     slopeValue.leftSlope = slope->leftSlope;
     slopeValue.rightSlope = slope->rightSlope;
-    if (alignment.useSlopeList == 0 && row[DESCRIPTION] == REVERSE_CROWN)
+    if (alignment.useSlopeList == 0 && row[slope_column::DESCRIPTION] == REVERSE_CROWN)
     {
-        const std::int32_t region = row[REGION].empty() ? NO_REGION : ParseInt(WideFromUtf8(row[REGION])).value;
+        const std::int32_t region =
+            row[slope_column::REGION].empty() ? NO_REGION : ParseInt(WideFromUtf8(row[slope_column::REGION])).value;
         reverseCrownGroups_[region].push_back(slopeValue.staValue);
     }
     return slopeValue;
@@ -141,15 +145,16 @@ void SuperElevationCSVLoader::ReplaceReverseCrowns(FViewAlignment& alignment) co
 
 std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
 {
-    const std::string_view description = ClosedField(row, DESCRIPTION);
+    const std::string_view description = ClosedField(row, slope_column::DESCRIPTION);
     if (description == TITLE || IsEnd(description))
     {
         return std::nullopt;
     }
     SlopeRow slope;
-    slope.station = CompactText::FromUtf8(Without(ClosedField(row, STATION), 'm'));
-    slope.leftSlope = CompactText::FromUtf8(Without(ClosedField(row, LEFT_SLOPE), '%'));
-    slope.rightSlope = CompactText::FromUtf8(WithOppositeSign(Without(ClosedField(row, RIGHT_SLOPE), '%')));
+    slope.station = CompactText::FromUtf8(Without(ClosedField(row, slope_column::STATION), 'm'));
+    slope.leftSlope = CompactText::FromUtf8(Without(ClosedField(row, slope_column::LEFT_SLOPE), '%'));
+    slope.rightSlope =
+        CompactText::FromUtf8(WithOppositeSign(Without(ClosedField(row, slope_column::RIGHT_SLOPE), '%')));
     if (slope.station.empty() || slope.leftSlope.empty() || slope.rightSlope.empty())
     {
         return std::nullopt;

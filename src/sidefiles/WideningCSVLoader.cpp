@@ -10,16 +10,19 @@ namespace jlandxml
 namespace
 {
 
-enum WideningColumn : std::size_t
+namespace widening_column
+{
+enum : std::size_t
 {
     SIDE,
     STATION,
     WIDTH,
     CODE
 };
+} // namespace widening_column
 
 /// A row this short is no widening. One without a code is a fault of the file.
-constexpr std::size_t LEAST_COLUMNS = 3;
+constexpr std::size_t LEAST_WIDENING_COLUMNS = 3;
 constexpr std::string_view RIGHT = "Right";
 
 } // namespace
@@ -37,15 +40,15 @@ void WideningCSVLoader::ReadWidening()
     rows.Skip(TITLE_ROWS);
     while (rows.Next(row))
     {
-        if (row.Size() < LEAST_COLUMNS)
+        if (row.Size() < LEAST_WIDENING_COLUMNS)
         {
             continue;
         }
         FViewWidening widening;
-        widening.station = CsvNumber(row[STATION]);
-        widening.width = CsvNumber(row[WIDTH]);
-        widening.code = CompactText::FromUtf8(row[CODE]);
-        (row[SIDE] == RIGHT ? right : left).push_back(std::move(widening));
+        widening.station = CsvNumber(row[widening_column::STATION]);
+        widening.width = CsvNumber(row[widening_column::WIDTH]);
+        widening.code = CompactText::FromUtf8(row[widening_column::CODE]);
+        (row[widening_column::SIDE] == RIGHT ? right : left).push_back(std::move(widening));
     }
     const FViewAlignment* first = nullptr;
     ForEachRouteAlignment([&](FViewAlignment& alignment) {

@@ -11,7 +11,7 @@ namespace jlandxml
 namespace
 {
 
-std::atomic<std::size_t> refusals = 0;
+std::atomic<std::size_t> refusedAllocations = 0;
 
 /// The parser cuts its nodes from pages of this size.
 constexpr std::size_t PARSER_PAGE = PUGIXML_MEMORY_PAGE_SIZE;
@@ -28,7 +28,7 @@ void* Allocate(std::size_t size)
     void* const memory = Pages().Allocate(size);
     if (memory == nullptr)
     {
-        ++refusals;
+        ++refusedAllocations;
     }
     return memory;
 }
@@ -48,7 +48,7 @@ void Deallocate(void* memory)
 
 std::size_t ParserMemoryRefusals() noexcept
 {
-    return refusals;
+    return refusedAllocations;
 }
 
 } // namespace jlandxml

@@ -13,7 +13,7 @@ namespace jlandxml
 namespace
 {
 
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double BEYOND_ALL = std::numeric_limits<double>::infinity();
 
 struct DoubleCase
 {
@@ -42,10 +42,10 @@ INSTANTIATE_TEST_SUITE_P(
                     DoubleCase{L"", 0.0, 0}, DoubleCase{L"abc", 0.0, 0}, DoubleCase{L"e5", 0.0, 0},
                     DoubleCase{L"- 5", 0.0, 0}, DoubleCase{L"0x1F", 31.0, 4}, DoubleCase{L"-0X.8p1", -1.0, 7},
                     DoubleCase{L"0x", 0.0, 1}, DoubleCase{L"0xg", 0.0, 1}, DoubleCase{L"0x1p", 1.0, 3},
-                    DoubleCase{L"inf", INFINITE, 3}, DoubleCase{L"-INFINITY", -INFINITE, 9},
-                    DoubleCase{L"infinit", INFINITE, 3}, DoubleCase{L"1e400", INFINITE, 5},
-                    DoubleCase{L"-1e400", -INFINITE, 6}, DoubleCase{L"1e-400", 0.0, 6}, DoubleCase{L"-1e-400", -0.0, 7},
-                    DoubleCase{L"0e999999999999", 0.0, 14}, DoubleCase{L"0x1p9999", INFINITE, 8},
+                    DoubleCase{L"inf", BEYOND_ALL, 3}, DoubleCase{L"-INFINITY", -BEYOND_ALL, 9},
+                    DoubleCase{L"infinit", BEYOND_ALL, 3}, DoubleCase{L"1e400", BEYOND_ALL, 5},
+                    DoubleCase{L"-1e400", -BEYOND_ALL, 6}, DoubleCase{L"1e-400", 0.0, 6}, DoubleCase{L"-1e-400", -0.0, 7},
+                    DoubleCase{L"0e999999999999", 0.0, 14}, DoubleCase{L"0x1p9999", BEYOND_ALL, 8},
                     DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
                     DoubleCase{L"\x3000"
                                L"5",
@@ -64,7 +64,7 @@ TEST(Numbers, LongDigitsRoundAsTheCLibraryDoes)
     const std::wstring zeros(400, L'0');
     EXPECT_EQ(ParseDouble(zeros + L"1.5").value, 1.5);
     EXPECT_EQ(ParseDouble(L"0." + zeros + L"1").value, 0.0);
-    EXPECT_EQ(ParseDouble(L"1" + zeros).value, INFINITE);
+    EXPECT_EQ(ParseDouble(L"1" + zeros).value, BEYOND_ALL);
     EXPECT_EQ(ParseDouble(L"0." + zeros + L"1e401").value, 1.0);
     EXPECT_EQ(ParseDouble(L"0.1000000000000000055511151231257827021181583404541015625").value, 0.1);
     EXPECT_EQ(ParseDouble(L"9007199254740993").value, 9007199254740992.0);
@@ -139,8 +139,8 @@ INSTANTIATE_TEST_SUITE_P(Numbers, FixedNumber,
                                          FixedCase{1e15, 3, L"1000000000000000.000"},
                                          FixedCase{123456789012345678.0, 1, L"123456789012345680.0"},
                                          FixedCase{1e22, 0, L"10000000000000000000000"}, FixedCase{-0.0, 3, L"-0.000"},
-                                         FixedCase{9.9999, 3, L"10.000"}, FixedCase{INFINITE, 3, L"inf"},
-                                         FixedCase{-INFINITE, 3, L"-inf"},
+                                         FixedCase{9.9999, 3, L"10.000"}, FixedCase{BEYOND_ALL, 3, L"inf"},
+                                         FixedCase{-BEYOND_ALL, 3, L"-inf"},
                                          FixedCase{std::numeric_limits<double>::quiet_NaN(), 3, L"nan"},
                                          FixedCase{-std::numeric_limits<double>::quiet_NaN(), 3, L"nan"}),
                          [](const auto& row) { return TextName(std::to_wstring(row.index) + L" " + row.param.text); });

@@ -13,7 +13,7 @@ namespace jlandxml
 namespace
 {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 constexpr const char* EMPTY_MODEL_FINDINGS =
     "プロジェクト名称が入力されていません。\n測地原子が入力されていません。\n水平座標系が入力されていません。\n";
@@ -448,7 +448,7 @@ TEST_F(CommandLineTest, PrintingEndsWithZeroWhateverIsMissingAndWritesNoFile)
     const Outcome outcome = Run({folder.Name(), L"--print-settings", L"-o", Output()});
     EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(Json::parse(outcome.out)["projectName"], "");
+    EXPECT_EQ(OrderedJson::parse(outcome.out)["projectName"], "");
     EXPECT_FALSE(PathExists(Output()));
 }
 
@@ -506,7 +506,7 @@ TEST_P(CommandLineExamples, SettingsPrintedAndFedBackGiveTheSameFinishedFile)
 
 /// Completes one object of printed settings by what the checks ask for: a required text that is empty, a required
 /// choice that hasn't been made. Nothing else is touched.
-void Complete(Json& object)
+void Complete(OrderedJson& object)
 {
     const auto fillText = [&](const char* key, const char* text) {
         if (object.contains(key) && object[key] == "")
@@ -515,7 +515,7 @@ void Complete(Json& object)
         }
     };
     const auto choose = [&](const char* key) {
-        if (!object.contains(key) && !object.value("_locked", Json::object()).contains(key))
+        if (!object.contains(key) && !object.value("_locked", OrderedJson::object()).contains(key))
         {
             object[key] = object["_choices"][key][0];
         }
@@ -546,7 +546,7 @@ void Complete(Json& object)
 TEST_P(CommandLineExamples, PrintedWithoutSettingsLackOnlyWhatTheChecksAskFor)
 {
     const std::string output = Printed({});
-    Json printed = Json::parse(output.substr(output.find('{')));
+    OrderedJson printed = OrderedJson::parse(output.substr(output.find('{')));
     const Outcome incomplete = Run({Example(), L"-s", Settings(printed.dump()), L"-o", Output()});
     EXPECT_EQ(incomplete.status, ExitStatus::Findings);
     EXPECT_EQ(incomplete.err, Run({Example(), L"-o", Output()}).err);

@@ -17,7 +17,7 @@ using generator::HorizontalKind;
 using generator::MakeWorkFolder;
 using generator::WorkFolder;
 
-constexpr std::uint64_t SEED = 10;
+constexpr std::uint64_t FOLDERS_SEED = 10;
 constexpr std::uint32_t FOLDERS = 200;
 
 /// A sum over the names and bytes of the files of many folders (FNV-1a).
@@ -121,7 +121,7 @@ TEST_F(GeneratedFolders, EndAsPredictedWithAWellFormedFileAndAgainTheSame)
     for (std::uint32_t number = 1; number <= FOLDERS; ++number)
     {
         SCOPED_TRACE("folder " + std::to_string(number));
-        const WorkFolder work = MakeWorkFolder(SEED, number);
+        const WorkFolder work = MakeWorkFolder(FOLDERS_SEED, number);
         const Outcome first = Run(work);
         if (work.hostLike)
         {

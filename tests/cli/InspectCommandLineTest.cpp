@@ -12,7 +12,7 @@ namespace jlandxml
 namespace
 {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 /// Files from sound to unreadable; what the checks say of them is tested with the checks.
 constexpr const char* HEAD = "<LandXML version=\"1.2\"><Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
@@ -27,7 +27,7 @@ const std::string WITH_WARNING =
     "<Start>0 0</Start><End name=\"EP\">1 0</End></Line></CoordGeom></Alignment></Alignments></LandXML>";
 const std::string WITH_INFORMATION = std::string(HEAD) + "<Monuments/></LandXML>";
 
-struct Outcome
+struct InspectOutcome
 {
     InspectStatus status;
     std::string out;
@@ -37,7 +37,7 @@ struct Outcome
 class InspectCommandLineTest : public testing::Test
 {
   protected:
-    static Outcome Run(const std::vector<std::wstring>& arguments)
+    static InspectOutcome Run(const std::vector<std::wstring>& arguments)
     {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
@@ -57,7 +57,7 @@ class InspectCommandLineTest : public testing::Test
 TEST_F(InspectCommandLineTest, ASummaryAndTheFindingsStandOnStandardOutput)
 {
     const std::wstring file = File(WITH_WARNING);
-    const Outcome outcome = Run({file});
+    const InspectOutcome outcome = Run({file});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.out, "ファイル: " + Utf8FromWide(file) +
@@ -75,16 +75,17 @@ TEST_F(InspectCommandLineTest, ASummaryAndTheFindingsStandOnStandardOutput)
 
 TEST_F(InspectCommandLineTest, JsonIsOneLineForEachFile)
 {
-    const Outcome outcome = Run({L"--json", File(SOUND, L"a.xml"), File(WITH_ERROR, L"b.xml"), folder_.Name(L"c.xml")});
+    const InspectOutcome outcome =
+        Run({L"--json", File(SOUND, L"a.xml"), File(WITH_ERROR, L"b.xml"), folder_.Name(L"c.xml")});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     std::istringstream lines(outcome.out);
-    std::vector<Json> files;
+    std::vector<OrderedJson> files;
     for (std::string line; std::getline(lines, line);)
     {
-        files.push_back(Json::parse(line));
+        files.push_back(OrderedJson::parse(line));
     }
     ASSERT_EQ(files.size(), 3U);
-    EXPECT_EQ(files[0]["findings"], Json::array());
+    EXPECT_EQ(files[0]["findings"], OrderedJson::array());
     EXPECT_EQ(files[1]["file"], Utf8FromWide(folder_.Name(L"b.xml")));
     EXPECT_EQ(files[1]["summary"]["project"], "名");
     EXPECT_EQ(
@@ -97,8 +98,8 @@ TEST_F(InspectCommandLineTest, JsonHasTheNumbersOfAFinding)
 {
     std::string text = WITH_WARNING;
     text.replace(text.find("length=\"1\""), 10, "length=\"3\"");
-    const Json file = Json::parse(Run({L"--json", L"--checks", L"H09", File(text)}).out);
-    const Json& finding = file["findings"][0];
+    const OrderedJson file = OrderedJson::parse(Run({L"--json", L"--checks", L"H09", File(text)}).out);
+    const OrderedJson& finding = file["findings"][0];
     EXPECT_EQ(finding["value"], 3.0);
     EXPECT_EQ(finding["expected"], 1.0);
     EXPECT_EQ(finding["tolerance"], 0.1);
@@ -146,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(Cli, InspectStatuses, testing::ValuesIn(STATUS_CASES),
 TEST_F(InspectCommandLineTest, AFileThatCannotBeReadDoesNotStopTheOthers)
 {
     const std::wstring broken = File("<LandXML>\n<x>", L"broken.xml");
-    const Outcome outcome = Run({broken, File(SOUND)});
+    const InspectOutcome outcome = Run({broken, File(SOUND)});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_EQ(outcome.err, Utf8FromWide(broken) + ": XMLとして読み込めません（2行目）\n");
     EXPECT_TRUE(outcome.out.ends_with("誤り 0、警告 0、情報 0\n"));
@@ -154,7 +155,7 @@ TEST_F(InspectCommandLineTest, AFileThatCannotBeReadDoesNotStopTheOthers)
 
 TEST_F(InspectCommandLineTest, AFolderIsNoFile)
 {
-    const Outcome outcome = Run({folder_.Name()});
+    const InspectOutcome outcome = Run({folder_.Name()});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_EQ(outcome.err, Utf8FromWide(folder_.Name()) + ": ファイルを開けません\n");
 }
@@ -167,8 +168,8 @@ TEST_F(InspectCommandLineTest, ChecksAreChosenByCodeOrByGroup)
     const auto codes = [&](std::vector<std::wstring> arguments) {
         arguments.insert(arguments.end(), {L"--json", file});
         std::string text;
-        const Json json = Json::parse(Run(arguments).out);
-        for (const Json& finding : json["findings"])
+        const OrderedJson json = OrderedJson::parse(Run(arguments).out);
+        for (const OrderedJson& finding : json["findings"])
         {
             text += finding["code"].get<std::string>() + " ";
         }
@@ -190,7 +191,7 @@ TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
     std::istringstream lines(Run({L"--list-checks", L"--json"}).out);
     std::string line;
     std::getline(lines, line);
-    EXPECT_EQ(Json::parse(line)["code"], "X01");
+    EXPECT_EQ(OrderedJson::parse(line)["code"], "X01");
 }
 
 // Schemas
@@ -215,7 +216,7 @@ class InspectSchema : public InspectCommandLineTest
     std::string Said(const std::string& file) const
     {
         const std::wstring schema = folder_.Write(L"基準.xsd", SCHEMA);
-        const Outcome outcome = Run({L"--checks", L"S", L"--schema", schema, File(file)});
+        const InspectOutcome outcome = Run({L"--checks", L"S", L"--schema", schema, File(file)});
         EXPECT_EQ(outcome.err, "");
         return outcome.out.substr(outcome.out.find("    誤り") == std::string::npos ? outcome.out.size()
                                                                                     : outcome.out.find("    誤り"));
@@ -267,7 +268,7 @@ TEST_F(InspectSchema, AFileInCodePage932IsReadAsSuch)
 TEST_F(InspectSchema, ThatCannotBeReadIsStatusThree)
 {
     const std::wstring schema = folder_.Write(L"x.xsd", "<no/>");
-    const Outcome outcome = Run({L"--schema", schema, File(SOUND)});
+    const InspectOutcome outcome = Run({L"--schema", schema, File(SOUND)});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_TRUE(outcome.err.ends_with(": スキーマとして読み込めません: " + Utf8FromWide(schema) + "\n"));
     EXPECT_EQ(Run({L"--schema", L"無い.xsd", File(SOUND)}).status, InspectStatus::NotRead);
@@ -278,7 +279,7 @@ TEST_F(InspectSchema, ThatCannotBeReadIsStatusThree)
 TEST_F(InspectCommandLineTest, CalculationSheetsAreWrittenIntoAFolderThatIsMade)
 {
     const std::wstring file = File(WITH_WARNING);
-    const Outcome outcome = Run({L"--csv", folder_.Name(L"計算書") + L"/a", file});
+    const InspectOutcome outcome = Run({L"--csv", folder_.Name(L"計算書") + L"/a", file});
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(folder_.Read(L"計算書/a/完成-縦断計算書.csv"),
               "\xEF\xBB\xBF線形,縦断線形,測点,測点（m）,高さ,勾配（手前）％,勾配（先）％,縦断曲線長,縦断曲線半径,"
@@ -292,7 +293,7 @@ TEST_F(InspectCommandLineTest, CalculationSheetsAreWrittenIntoAFolderThatIsMade)
 TEST_F(InspectCommandLineTest, AFolderThatCannotBeMadeIsStatusThree)
 {
     const std::wstring file = File(SOUND);
-    const Outcome outcome = Run({L"--csv", file + L"/a", file});
+    const InspectOutcome outcome = Run({L"--csv", file + L"/a", file});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_EQ(outcome.err, Utf8FromWide(file) + "/a: フォルダーを作れません\n");
     EXPECT_EQ(outcome.out, "");
@@ -300,7 +301,7 @@ TEST_F(InspectCommandLineTest, AFolderThatCannotBeMadeIsStatusThree)
 
 TEST_F(InspectCommandLineTest, TheReportIsOnePage)
 {
-    const Outcome outcome = Run({File(WITH_WARNING), L"--report", folder_.Name(L"報告.html")});
+    const InspectOutcome outcome = Run({File(WITH_WARNING), L"--report", folder_.Name(L"報告.html")});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     EXPECT_EQ(outcome.err, "");
     const std::string page = folder_.Read(L"報告.html");
@@ -314,7 +315,7 @@ TEST_F(InspectCommandLineTest, AReportNeverTakesThePlaceOfWhatIsInspected)
     const std::string before = folder_.Read(L"完成.xml");
     ASSERT_NE(before, "");
     const std::wstring sameFile = folder_.Name(L".") + L"/完成.xml";
-    const Outcome outcome = Run({file, L"--report", sameFile});
+    const InspectOutcome outcome = Run({file, L"--report", sameFile});
     EXPECT_EQ(outcome.status, InspectStatus::WrongUsage);
     EXPECT_EQ(outcome.err, "--report: ほかに読み書きするファイルです: " + Utf8FromWide(sameFile) + "\n");
     EXPECT_EQ(folder_.Read(L"完成.xml"), before);
@@ -323,7 +324,7 @@ TEST_F(InspectCommandLineTest, AReportNeverTakesThePlaceOfWhatIsInspected)
 TEST_F(InspectCommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
 {
     const std::wstring report = folder_.Name(L"無い") + L"/x.html";
-    const Outcome outcome = Run({File(SOUND), L"--json", L"--report", report});
+    const InspectOutcome outcome = Run({File(SOUND), L"--json", L"--report", report});
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_NE(outcome.err, "");
     EXPECT_NE(outcome.out.find("\"error\":"), std::string::npos);
@@ -332,14 +333,14 @@ TEST_F(InspectCommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
 
 // The arguments
 
-struct WrongArguments
+struct WrongInspectArguments
 {
     const char* name;
     std::vector<std::wstring> arguments;
     const char* error;
 };
 
-const WrongArguments WRONG_ARGUMENTS[] = {
+const WrongInspectArguments WRONG_INSPECT_ARGUMENTS[] = {
     {"Nothing", {}, "FILE: 検査するファイルを指定してください\n"},
     {"AnUnknownOption", {L"x", L"--verbose"}, "--verbose: 余分な引数です。取り除いてください\n"},
     {"AnUnknownSeverity", {L"x", L"--fail-on", L"fatal"}, "--fail-on: 誤り、警告、情報のいずれかを指定してください\n"},
@@ -361,23 +362,23 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"NoValueOfAnOption", {L"x", L"--fail-on"}, "--fail-on: 値を指定してください\n"},
 };
 
-class InspectArguments : public InspectCommandLineTest, public testing::WithParamInterface<WrongArguments>
+class InspectArguments : public InspectCommandLineTest, public testing::WithParamInterface<WrongInspectArguments>
 {};
 
 TEST_P(InspectArguments, ThatAreWrongAreStatusTwoWithOneLine)
 {
-    const Outcome outcome = Run(GetParam().arguments);
+    const InspectOutcome outcome = Run(GetParam().arguments);
     EXPECT_EQ(outcome.status, InspectStatus::WrongUsage);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, GetParam().error);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, InspectArguments, testing::ValuesIn(WRONG_ARGUMENTS),
+INSTANTIATE_TEST_SUITE_P(Cli, InspectArguments, testing::ValuesIn(WRONG_INSPECT_ARGUMENTS),
                          [](const auto& one) { return std::string(one.param.name); });
 
 TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
 {
-    const Outcome outcome = Run({L"--help"});
+    const InspectOutcome outcome = Run({L"--help"});
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     for (const char* const option :
          {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY", "--schema XSD", "--csv DIR",

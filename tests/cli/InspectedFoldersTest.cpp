@@ -21,7 +21,7 @@ using generator::WorkFolder;
 using inspect::Finding;
 using inspect::LandXmlFile;
 
-constexpr std::uint64_t SEED = 14;
+constexpr std::uint64_t INSPECTED_SEED = 14;
 constexpr std::size_t FILES = 200;
 
 // Findings in files of folders as hosts write them: each follows from something that is so on purpose.
@@ -214,7 +214,7 @@ TEST_F(InspectedFolders, ShowNothingButWhatTheGeneratorMeant)
     std::set<std::wstring> saidOfHosts;
     for (std::uint32_t number = 1; finished < FILES; ++number)
     {
-        const WorkFolder work = MakeWorkFolder(SEED, number);
+        const WorkFolder work = MakeWorkFolder(INSPECTED_SEED, number);
         const std::optional<LandXmlFile> file = Finished(work);
         if (!file)
         {

@@ -14,7 +14,7 @@ namespace
 
 using namespace convert_dlg;
 using Lines = std::vector<std::wstring>;
-using Path = std::initializer_list<std::size_t>;
+using TreePath = std::initializer_list<std::size_t>;
 
 constexpr const wchar_t* NO_TEXT = L"";
 
@@ -238,7 +238,7 @@ TEST_F(ConvertDlgOpening, AStrangeDatumOrSystemIsShownEmptyAndKept)
     });
 }
 
-struct DatumCase
+struct RouteDatumCase
 {
     const wchar_t* datum;
     const wchar_t* differTP;
@@ -247,7 +247,7 @@ struct DatumCase
     const wchar_t* differTPBack;
 };
 
-class ConvertDlgDatums : public ConvertDlgTest, public testing::WithParamInterface<DatumCase>
+class ConvertDlgDatums : public ConvertDlgTest, public testing::WithParamInterface<RouteDatumCase>
 {};
 
 TEST_P(ConvertDlgDatums, AreShownAndTakenBackWithTheDifferenceOfTheirEntry)
@@ -264,18 +264,18 @@ TEST_P(ConvertDlgDatums, AreShownAndTakenBackWithTheDifferenceOfTheirEntry)
 
 INSTANTIATE_TEST_SUITE_P(
     ConvertDlg, ConvertDlgDatums,
-    testing::Values(DatumCase{L"", L"", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                    DatumCase{L"X.P", L"5", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                    DatumCase{L"K.P", L"9.9", L"K.P（北上川）", L"K.P", L"-0.8745"},
-                    DatumCase{L"S.P", L"", L"S.P（鳴瀬川）", L"S.P", L"-0.0873"},
-                    DatumCase{L"Y.P", L"", L"Y.P（利根川）", L"Y.P", L"-0.8402"},
-                    DatumCase{L"A.P", L"", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
-                    DatumCase{L"A.P", L"-1.1344", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
-                    DatumCase{L"A.P", L"-0.8333", L"A.P（吉野川）", L"A.P", L"-0.8333"},
-                    DatumCase{L"A.P", L"-1.0000", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
-                    DatumCase{L"O.P", L"", L"O.P（淀川）", L"O.P", L"-1.3000"},
-                    DatumCase{L"T.P.W", L"", L"T.P.W（渡川）", L"T.P.W", L"0.113"},
-                    DatumCase{L"B.S.L", L"", L"B.S.L（琵琶湖）", L"B.S.L", L"84.371"}),
+    testing::Values(RouteDatumCase{L"", L"", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    RouteDatumCase{L"X.P", L"5", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    RouteDatumCase{L"K.P", L"9.9", L"K.P（北上川）", L"K.P", L"-0.8745"},
+                    RouteDatumCase{L"S.P", L"", L"S.P（鳴瀬川）", L"S.P", L"-0.0873"},
+                    RouteDatumCase{L"Y.P", L"", L"Y.P（利根川）", L"Y.P", L"-0.8402"},
+                    RouteDatumCase{L"A.P", L"", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
+                    RouteDatumCase{L"A.P", L"-1.1344", L"A.P（荒川・中川・多摩川）", L"A.P", L"-1.1344"},
+                    RouteDatumCase{L"A.P", L"-0.8333", L"A.P（吉野川）", L"A.P", L"-0.8333"},
+                    RouteDatumCase{L"A.P", L"-1.0000", L"T.P（東京湾中等潮位）", L"T.P", L"0.0000"},
+                    RouteDatumCase{L"O.P", L"", L"O.P（淀川）", L"O.P", L"-1.3000"},
+                    RouteDatumCase{L"T.P.W", L"", L"T.P.W（渡川）", L"T.P.W", L"0.113"},
+                    RouteDatumCase{L"B.S.L", L"", L"B.S.L（琵琶湖）", L"B.S.L", L"84.371"}),
     [](const auto& row) { return TextName(row.param.datum + (L" " + std::wstring(row.param.differTP))); });
 
 TEST_F(ConvertDlgOpening, TheTreeShowsRoutesSurfaceSetsAndPointGroupsExpanded)
@@ -311,7 +311,7 @@ TEST_F(ConvertDlgOpening, EachItemOfTheTreeCarriesItsObject)
 {
     LoadSample();
     Open([&](ScriptedDialog& window) {
-        const auto object = [&](Path path) {
+        const auto object = [&](TreePath path) {
             return static_cast<const DlgDataItem*>(window.TreeItemData(OBJECT_TREE, ItemAt(window, path)));
         };
         const DlgDataAlignmentsList& routes = Data().alignmentsList;
@@ -390,7 +390,7 @@ class ConvertDlgSelection : public ConvertDlgTest
     ConvertDlgSelection() { LoadSample(); }
 
     /// Opens the dialog and selects an item.
-    void OpenAt(Path path, const User& user)
+    void OpenAt(TreePath path, const User& user)
     {
         Open([&](ScriptedDialog& window) {
             Select(window, path);
@@ -633,7 +633,7 @@ TEST_F(ConvertDlgSelection, AnUnknownWidthStakeTypeSelectsTheFirstEntry)
 TEST_F(ConvertDlgSelection, ASurfaceSetAndTheItemOfThePointGroupsLeaveTheAreaEmpty)
 {
     OpenAt({ROAD_ITEM, 0}, [](ScriptedDialog& window) {
-        for (const Path& path : {Path{SURFACES_ITEM}, Path{POINTS_ITEM}})
+        for (const TreePath& path : {TreePath{SURFACES_ITEM}, TreePath{POINTS_ITEM}})
         {
             Select(window, path);
             ExpectReach(window, {}, {});
@@ -646,7 +646,8 @@ TEST_F(ConvertDlgSelection, ASurfaceSetAndTheItemOfThePointGroupsLeaveTheAreaEmp
 
 TEST_F(ConvertDlgSelection, TheProjectStaysInReachWhateverIsSelected)
 {
-    for (const Path& path : {Path{ROAD_ITEM, 0}, Path{SURFACES_ITEM, 0}, Path{POINTS_ITEM, 0}, Path{SURFACES_ITEM}})
+    for (const TreePath& path :
+         {TreePath{ROAD_ITEM, 0}, TreePath{SURFACES_ITEM, 0}, TreePath{POINTS_ITEM, 0}, TreePath{SURFACES_ITEM}})
     {
         OpenAt(path, [](ScriptedDialog& window) {
             for (const int control : {PROJECT_NAME_EDIT, PROJECT_PHASE_LIST, APPLICATION_CRITERION_LIST,

@@ -8,8 +8,6 @@ namespace jlandxml
 namespace
 {
 
-using Messages = std::vector<std::wstring>;
-
 class ValidationTest : public RunTest
 {
   protected:
@@ -47,7 +45,7 @@ class ValidationTest : public RunTest
     DlgDataAlignment& Alignment() { return *Road().alignments[0]; }
     DlgDataCgPointsWidthStake& Stakes() { return *data.cgPointsList.widthStakes[0]; }
 
-    Messages Findings()
+    std::vector<std::wstring> Findings()
     {
         EXPECT_EQ(data.Validate(), data.hasError);
         EXPECT_EQ(data.hasError, !data.errors.empty());
@@ -59,14 +57,14 @@ class ValidationTest : public RunTest
 
 TEST_F(ValidationTest, CompleteDataHaveNoFinding)
 {
-    EXPECT_EQ(Findings(), Messages{});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{});
 }
 
 struct FindingCase
 {
     const wchar_t* rule;
     void (*change)(JLandXmlConvertDlgData& data);
-    Messages messages;
+    std::vector<std::wstring> messages;
 };
 
 class Finding : public ValidationTest, public testing::WithParamInterface<FindingCase>
@@ -191,45 +189,47 @@ TEST_F(ValidationTest, AllFindingsAreMadeTogetherInOrder)
     Context().model.intermediatePoints.resize(1);
     Context().model.widthStakePoints.resize(1);
     data.SetFromModel();
-    EXPECT_EQ(Findings(), (Messages{L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。",
-                                    L"水平座標系が入力されていません。", L"道路の規格・等級が入力されていません。",
-                                    L"設計交通量が入力されていません。", L"主測点間隔が入力されていません。",
-                                    L"直線部横断勾配が入力されていません。", L"主測点間隔が入力されていません。",
-                                    L"直線部横断勾配が入力されていません。", L"中間点の参照線形が入力されていません。",
-                                    L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
+    EXPECT_EQ(Findings(), (std::vector<std::wstring>{
+                              L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。",
+                              L"水平座標系が入力されていません。", L"道路の規格・等級が入力されていません。",
+                              L"設計交通量が入力されていません。", L"主測点間隔が入力されていません。",
+                              L"直線部横断勾配が入力されていません。", L"主測点間隔が入力されていません。",
+                              L"直線部横断勾配が入力されていません。", L"中間点の参照線形が入力されていません。",
+                              L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
 }
 
 TEST_F(ValidationTest, AnEmptyProjectNameAndDatumAreTwoFindings)
 {
     data.projectName.clear();
     data.horizontalDatum.clear();
-    EXPECT_EQ(Findings(), (Messages{L"プロジェクト名称が入力されていません。", L"測地原子が入力されていません。"}));
+    EXPECT_EQ(Findings(), (std::vector<std::wstring>{L"プロジェクト名称が入力されていません。",
+                                                     L"測地原子が入力されていません。"}));
 }
 
 TEST_F(ValidationTest, AZeroMayBeTypedAndIsOutOfRange)
 {
     EXPECT_TRUE(AcceptsInput(MAIN_INTERVAL_RULE, L"0"));
     Alignment().mainInterval = L"0";
-    EXPECT_EQ(Findings(), Messages{L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{L"主測点間隔は0.0010から9999.9990の範囲内で入力してください。"});
 }
 
 TEST_F(ValidationTest, ElevenDecimalsAreTheOnlyFinding)
 {
     Alignment().mainInterval = L"20.00000000001";
-    EXPECT_EQ(Findings(), Messages{L"主測点間隔は小数第10位までの値を入力してください。"});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{L"主測点間隔は小数第10位までの値を入力してください。"});
 }
 
 TEST_F(ValidationTest, ARiverWithASlopeListNeedsNoCrossFall)
 {
     River().alignments[0]->useSlopeList = 1;
     River().alignments[0]->normalCrown.clear();
-    EXPECT_EQ(Findings(), Messages{});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{});
 }
 
 TEST_F(ValidationTest, AWidthStakeWithoutANoteIsNeverApplied)
 {
     Stakes().desc.clear();
-    EXPECT_EQ(Findings(), Messages{L"注記が入力されていません。"});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{L"注記が入力されていません。"});
 }
 
 TEST_F(ValidationTest, EachGroupOfWidthStakesIsCheckedWholeBeforeTheNext)
@@ -237,15 +237,16 @@ TEST_F(ValidationTest, EachGroupOfWidthStakesIsCheckedWholeBeforeTheNext)
     data.cgPointsList.widthStakes.push_back(std::make_unique<DlgDataCgPointsWidthStake>());
     Stakes().alignmentRefs.clear();
     Stakes().desc.clear();
-    EXPECT_EQ(Findings(), (Messages{L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。",
-                                    L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
+    EXPECT_EQ(Findings(),
+              (std::vector<std::wstring>{L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。",
+                                         L"幅杭の参照線形が入力されていません。", L"注記が入力されていません。"}));
 }
 
 TEST_F(ValidationTest, SurfacesWithoutAnAlignmentAreNoFinding)
 {
     data.surfacesList.push_back(std::make_unique<DlgDataSurfaces>());
     data.surfacesList[0]->surfaces.push_back(std::make_unique<DlgDataSurface>());
-    EXPECT_EQ(Findings(), Messages{});
+    EXPECT_EQ(Findings(), std::vector<std::wstring>{});
 }
 
 struct NumberField
@@ -263,37 +264,37 @@ struct NumberField
 class NumberFields : public ValidationTest, public testing::WithParamInterface<NumberField>
 {
   protected:
-    Messages FindingsOf(const std::wstring& text)
+    std::vector<std::wstring> FindingsOf(const std::wstring& text)
     {
         GetParam().text(data) = text;
         return Findings();
     }
 
-    static Messages Says(const std::wstring& words) { return {GetParam().item + words}; }
+    static std::vector<std::wstring> Says(const std::wstring& words) { return {GetParam().item + words}; }
 };
 
 TEST_P(NumberFields, AreCheckedOnBothSidesOfTheirBounds)
 {
-    EXPECT_EQ(FindingsOf(GetParam().least), Messages{});
-    EXPECT_EQ(FindingsOf(GetParam().most), Messages{});
+    EXPECT_EQ(FindingsOf(GetParam().least), std::vector<std::wstring>{});
+    EXPECT_EQ(FindingsOf(GetParam().most), std::vector<std::wstring>{});
     for (const wchar_t* const text : {GetParam().tooSmall, GetParam().tooLarge, L"-1", L"-inf", L"inf", L"1e400"})
     {
         EXPECT_EQ(FindingsOf(text), Says(GetParam().range));
     }
     // Neither below nor above.
-    EXPECT_EQ(FindingsOf(L"nan"), Messages{});
+    EXPECT_EQ(FindingsOf(L"nan"), std::vector<std::wstring>{});
 }
 
 TEST_P(NumberFields, HoldNothingButANumber)
 {
-    EXPECT_EQ(FindingsOf(L""), GetParam().required ? Says(L"が入力されていません。") : Messages{});
+    EXPECT_EQ(FindingsOf(L""), GetParam().required ? Says(L"が入力されていません。") : std::vector<std::wstring>{});
     for (const wchar_t* const text : {L" ", L"x", L"1x", L"1 ", L"1,5", L"1.2.3", L"１", L"--1", L"1e3m", L".", L"-"})
     {
         EXPECT_EQ(FindingsOf(text), Says(L"は数値を入力してください。"));
     }
     for (const wchar_t* const text : {L" 1", L"+1", L"1e3", L"1.", L".5", L"0x1F", L"1E+2"})
     {
-        EXPECT_EQ(FindingsOf(text), Messages{});
+        EXPECT_EQ(FindingsOf(text), std::vector<std::wstring>{});
     }
 }
 
@@ -302,7 +303,7 @@ TEST_P(NumberFields, HaveUpToTenDecimals)
     for (std::size_t decimals = 0; decimals <= 20; ++decimals)
     {
         EXPECT_EQ(FindingsOf(L"12." + std::wstring(decimals, L'3')),
-                  decimals <= 10 ? Messages{} : Says(L"は小数第10位までの値を入力してください。"));
+                  decimals <= 10 ? std::vector<std::wstring>{} : Says(L"は小数第10位までの値を入力してください。"));
     }
 }
 
@@ -381,7 +382,7 @@ TEST_F(ValidationTest, AnyFaultsTogetherAreFoundInOrder)
 {
     for (unsigned chosen = 0; chosen < 1U << std::size(FAULTS); ++chosen)
     {
-        Messages expected;
+        std::vector<std::wstring> expected;
         for (std::size_t index = 0; index < std::size(FAULTS); ++index)
         {
             const Fault& fault = FAULTS[index];

@@ -49,21 +49,22 @@ struct ExampleChange
     std::vector<std::string> said;
 };
 
-const std::string LINE = "線形1／直線 BP～KA.1-1";
-const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
+const std::string ROAD_LINE = "線形1／直線 BP～KA.1-1";
+const std::string ROAD_CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
 constexpr const char* END = "<End name=\"KA.1-1\">12500.79234746";
 
 const ExampleChange EXAMPLE_CHANGES[] = {
     {"AnEndMovedByTwoMillimetres",
      {END, "<End name=\"KA.1-1\">12500.79434746"},
-     {"警告 H02 " + LINE, "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+     {"警告 H02 " + ROAD_LINE, "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
     {"AnEndMovedByTwentyCentimetres",
      {END, "<End name=\"KA.1-1\">12500.99234746"},
-     {"誤り H02 " + LINE, "警告 H03 " + LINE, "警告 H05 " + LINE, "警告 T07 IntermediatePnts-1／No.2+10.000",
-      "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+     {"誤り H02 " + ROAD_LINE, "警告 H03 " + ROAD_LINE, "警告 H05 " + ROAD_LINE,
+      "警告 T07 IntermediatePnts-1／No.2+10.000", "警告 T08 IntermediatePnts-1／No.0",
+      "警告 T08 IntermediatePnts-1／No.2+10.000"}},
     {"ACurveTurnedRound",
      {"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""},
-     {"誤り H08 " + CURVE, "誤り T07 IntermediatePnts-1／No.10", "誤り T08 IntermediatePnts-1／No.10"}},
+     {"誤り H08 " + ROAD_CURVE, "誤り T07 IntermediatePnts-1／No.10", "誤り T08 IntermediatePnts-1／No.10"}},
     {"AParameterOnePercentTooLarge",
      {"label=\"A\" value=\"100.000000\"", "label=\"A\" value=\"101.000000\""},
      {"誤り H06 線形1／クロソイド KA.1-1～KE.1-1"}},

@@ -1,6 +1,7 @@
 #include "model/DescText.h"
 
 #include "base/Text.h"
+#include "support/Rounds.h"
 #include "support/RowName.h"
 
 #include <array>
@@ -120,7 +121,7 @@ TEST(DescText, RandomTextsGiveWhatTheScanFromTheEndGives)
     {
         pieces.insert(pieces.end(), 4, piece);
     }
-    for (int round = 0; round < 20000; ++round)
+    for (int round = 0; round < Rounds(20000); ++round)
     {
         std::wstring text;
         for (auto count = random() % 14; count > 0; --count)

@@ -539,7 +539,7 @@ TEST(FViewAlignment, ASecondExportAppendsTheGroundLinesOnceMore)
 }
 
 /// An alignment with a value in every field but the start.
-FViewAlignment Full()
+FViewAlignment FullAlignment()
 {
     FViewAlignment alignment;
     alignment.name = L"a";
@@ -605,7 +605,7 @@ auto Places(const FViewAlignment& alignment)
 
 TEST(FViewAlignment, MovesWithoutCopyingWhatItHoldsAndLeavesItsStart)
 {
-    FViewAlignment alignment = Full();
+    FViewAlignment alignment = FullAlignment();
     alignment.staStart.value = 7.0;
     const auto places = Places(alignment);
     FViewAlignment moved(std::move(alignment));
@@ -622,7 +622,7 @@ TEST(FViewAlignment, MovesWithoutCopyingWhatItHoldsAndLeavesItsStart)
 TEST(FViewAlignment, AListThatGrowsMovesItsAlignments)
 {
     PiCmCopyList<FViewAlignment> list;
-    list.push_back(Full());
+    list.push_back(FullAlignment());
     const auto places = Places(list[0]);
     list.reserve(list.capacity() + 1);
     EXPECT_EQ(Places(list[0]), places);
@@ -630,7 +630,7 @@ TEST(FViewAlignment, AListThatGrowsMovesItsAlignments)
 
 TEST(FViewAlignment, ClearEmptiesEveryFieldButTheStart)
 {
-    FViewAlignment alignment = Full();
+    FViewAlignment alignment = FullAlignment();
     alignment.staStart.value = 7.0;
     alignment.Clear();
     ExpectEmpty(alignment);
@@ -639,7 +639,7 @@ TEST(FViewAlignment, ClearEmptiesEveryFieldButTheStart)
 
 TEST(FViewAlignment, ReadingASecondElementKeepsNothingOfTheFirst)
 {
-    FViewAlignment alignment = Full();
+    FViewAlignment alignment = FullAlignment();
     EXPECT_TRUE(alignment.ReadElement(XmlText(L"<Alignment/>").Root()));
     ExpectEmpty(alignment);
 }

@@ -244,7 +244,7 @@ TEST(FViewAlignments, TheOutputVersionReachesEveryAlignment)
 }
 
 /// A route with a value in every field.
-FViewAlignments Full()
+FViewAlignments FullRoute()
 {
     FViewAlignments route;
     route.name = L"a";
@@ -270,14 +270,14 @@ void ExpectEmpty(const FViewAlignments& route)
 
 TEST(FViewAlignments, ClearEmptiesEveryField)
 {
-    FViewAlignments route = Full();
+    FViewAlignments route = FullRoute();
     route.Clear();
     ExpectEmpty(route);
 }
 
 TEST(FViewAlignments, ReadingASecondElementKeepsNothingOfTheFirst)
 {
-    FViewAlignments route = Full();
+    FViewAlignments route = FullRoute();
     EXPECT_TRUE(route.ReadElement(XmlText(L"<Alignments/>").Root()));
     ExpectEmpty(route);
 }

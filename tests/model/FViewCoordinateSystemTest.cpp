@@ -150,7 +150,7 @@ TEST(FViewCoordinateSystem, WritesWhatItHoldsAndLeavesTheDescription)
 }
 
 /// A coordinate system with a value in every field.
-FViewCoordinateSystem Full()
+FViewCoordinateSystem FullSystem()
 {
     FViewCoordinateSystem system;
     system.name = L"CRS";
@@ -172,14 +172,14 @@ void ExpectEmpty(const FViewCoordinateSystem& system)
 
 TEST(FViewCoordinateSystem, ClearEmptiesEveryField)
 {
-    FViewCoordinateSystem system = Full();
+    FViewCoordinateSystem system = FullSystem();
     system.Clear();
     ExpectEmpty(system);
 }
 
 TEST(FViewCoordinateSystem, ReadingASecondElementKeepsNothingOfTheFirst)
 {
-    FViewCoordinateSystem system = Full();
+    FViewCoordinateSystem system = FullSystem();
     EXPECT_TRUE(system.ReadElement(XmlText(L"<CoordinateSystem/>").Root()));
     ExpectEmpty(system);
 }

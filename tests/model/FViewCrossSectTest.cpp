@@ -9,7 +9,7 @@ namespace jlandxml
 namespace
 {
 
-const std::wstring HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
+const std::wstring SECTION_HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
 
 /// Surfaces of the document, with the table that a load makes of them.
 FViewSurfacesList Surfaces(const std::wstring& surfaces)
@@ -43,7 +43,7 @@ TEST(FViewCrossSect, TheFormationComesFromItsFeature)
     EXPECT_EQ(section.fhOffset, UNSET_DOUBLE);
     section.WriteElement(xml.Root());
     EXPECT_EQ(xml.Text(), L"<CrossSect name=\"n\" sta=\"1.50\"><DesignCrossSectSurf name=\"Formation\" side=\"left\">" +
-                              HEIGHT +
+                              SECTION_HEIGHT +
                               L"</DesignCrossSectSurf><Feature name=\"Formation\"><Property label=\"clOffset\" "
                               L"value=\"0.5\"/></Feature></CrossSect>");
 }
@@ -342,7 +342,8 @@ TEST(FViewCrossSect, AnOpenPavementIsRemovedInTheEnd)
     EXPECT_EQ(
         WrittenSection(L"<DesignCrossSectSurf name='Pavement' closedArea='false'/><DesignCrossSectSurf name='表層'/>"
                        L"<DesignCrossSectSurf name='x'/>"),
-        L"<CrossSect><DesignCrossSectSurf name=\"x\" side=\"left\">" + HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+        L"<CrossSect><DesignCrossSectSurf name=\"x\" side=\"left\">" + SECTION_HEIGHT +
+            L"</DesignCrossSectSurf></CrossSect>");
 }
 
 TEST(FViewCrossSect, TheSideIsKeptFromOneSurfaceToTheNext)
@@ -352,13 +353,13 @@ TEST(FViewCrossSect, TheSideIsKeptFromOneSurfaceToTheNext)
                   L"<DesignCrossSectSurf name='b'><CrossSectPnt code='c'>1 1</CrossSectPnt></DesignCrossSectSurf>"
                   L"<DesignCrossSectSurf name='c'><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"),
               L"<CrossSect><DesignCrossSectSurf name=\"a\" side=\"left\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
-                  HEIGHT +
+                  SECTION_HEIGHT +
                   L"</DesignCrossSectSurf><DesignCrossSectSurf name=\"b\" side=\"right\"><CrossSectPnt code=\"c\">1 "
                   L"1</CrossSectPnt>" +
-                  HEIGHT +
+                  SECTION_HEIGHT +
                   L"</DesignCrossSectSurf><DesignCrossSectSurf name=\"c\" side=\"right\"><CrossSectPnt code=\"c\">0 "
                   L"1</CrossSectPnt>" +
-                  HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+                  SECTION_HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
 }
 
 TEST(FViewCrossSect, AnOpenPavementDecidesTheSideBeforeItGoes)
@@ -368,7 +369,7 @@ TEST(FViewCrossSect, AnOpenPavementDecidesTheSideBeforeItGoes)
             L"<DesignCrossSectSurf name='Pavement'><CrossSectPnt code='c'>1 1</CrossSectPnt></DesignCrossSectSurf>"
             L"<DesignCrossSectSurf name='x'><CrossSectPnt code='c'>0 1</CrossSectPnt></DesignCrossSectSurf>"),
         L"<CrossSect><DesignCrossSectSurf name=\"x\" side=\"right\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
-            HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+            SECTION_HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
 }
 
 TEST(FViewCrossSect, OnlyAPavementThatSaysTrueIsClosed)
@@ -386,7 +387,7 @@ TEST(FViewCrossSect, AClosedPavementOfOnePointStays)
                              L"1</CrossSectPnt></DesignCrossSectSurf>"),
               L"<CrossSect><DesignCrossSectSurf name=\"Pavement\" closedArea=\"true\" side=\"left\"><CrossSectPnt>0 "
               L"1</CrossSectPnt>" +
-                  HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
+                  SECTION_HEIGHT + L"</DesignCrossSectSurf></CrossSect>");
 }
 
 TEST(FViewCrossSect, EmptyTextsLeaveTheAttributes)
@@ -403,10 +404,10 @@ TEST(FViewCrossSects, EachSectionBeginsOnTheLeft)
         L"</CrossSect></CrossSects>");
     EXPECT_EQ(written, L"<CrossSects><CrossSect><DesignCrossSectSurf side=\"right\"><CrossSectPnt code=\"c\">1 "
                        L"1</CrossSectPnt>" +
-                           HEIGHT +
+                           SECTION_HEIGHT +
                            L"</DesignCrossSectSurf></CrossSect><CrossSect><DesignCrossSectSurf "
                            L"side=\"left\"><CrossSectPnt code=\"c\">0 1</CrossSectPnt>" +
-                           HEIGHT + L"</DesignCrossSectSurf></CrossSect></CrossSects>");
+                           SECTION_HEIGHT + L"</DesignCrossSectSurf></CrossSect></CrossSects>");
 }
 
 TEST(FViewCrossSects, AFailureEndsTheWriting)

@@ -10,7 +10,7 @@ namespace jlandxml
 namespace
 {
 
-const std::wstring HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
+const std::wstring SURFACE_HEIGHT = L"<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature>";
 
 /// A design type for one test.
 class DesignTypeScope
@@ -85,9 +85,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(FViewDesignCrossSectSurf, ACarriagewayHasItsDescriptionOnARoadOnly)
 {
     EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"),
-              L"<D name=\"Carriageway\" desc=\"道路面\">" + HEIGHT + L"</D>");
+              L"<D name=\"Carriageway\" desc=\"道路面\">" + SURFACE_HEIGHT + L"</D>");
     const DesignTypeScope river(L"河川");
-    EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"), L"<D name=\"Carriageway\">" + HEIGHT + L"</D>");
+    EXPECT_EQ(WrittenSurface(L"<D name='Carriageway'/>"), L"<D name=\"Carriageway\">" + SURFACE_HEIGHT + L"</D>");
 }
 
 using LayerCase = std::pair<const char*, const wchar_t*>;
@@ -113,8 +113,10 @@ INSTANTIATE_TEST_SUITE_P(FViewDesignCrossSectSurf, PavementLayer,
 
 TEST(FViewDesignCrossSectSurf, ANameThatOnlyHoldsALayerIsNone)
 {
-    EXPECT_EQ(WrittenSurface(L"<D name='表層1'/>", {{L"表層", L"M"}}), L"<D name=\"表層1\">" + HEIGHT + L"</D>");
-    EXPECT_EQ(WrittenSurface(L"<D name='x表層'/>", {{L"表層", L"M"}}), L"<D name=\"x表層\">" + HEIGHT + L"</D>");
+    EXPECT_EQ(WrittenSurface(L"<D name='表層1'/>", {{L"表層", L"M"}}),
+              L"<D name=\"表層1\">" + SURFACE_HEIGHT + L"</D>");
+    EXPECT_EQ(WrittenSurface(L"<D name='x表層'/>", {{L"表層", L"M"}}),
+              L"<D name=\"x表層\">" + SURFACE_HEIGHT + L"</D>");
 }
 
 TEST(FViewDesignCrossSectSurf, OnlyAPavementHasAMaterial)
@@ -130,7 +132,7 @@ TEST(FViewDesignCrossSectSurf, OnlyAPavementHasAMaterial)
 TEST(FViewDesignCrossSectSurf, APavementOfTheInputHasNoClassAndNoMaterial)
 {
     EXPECT_EQ(WrittenSurface(L"<D name='Pavement' closedArea='true'/>", {{L"表層", L"M"}}),
-              L"<D name=\"Pavement\" closedArea=\"true\">" + HEIGHT + L"</D>");
+              L"<D name=\"Pavement\" closedArea=\"true\">" + SURFACE_HEIGHT + L"</D>");
 }
 
 TEST(FViewDesignCrossSectSurf, AnEmptyMaterialGivesAnEmptyAttribute)
@@ -145,7 +147,7 @@ TEST(FViewDesignCrossSectSurf, TheHeightMergesIntoANamelessFeature)
     EXPECT_EQ(
         WrittenSurface(
             L"<D name='x'><Feature name='f'/><Feature><Property label='heightType' value='old'/></Feature><y/></D>"),
-        L"<D name=\"x\"><Feature name=\"f\"/>" + HEIGHT + L"<y/></D>");
+        L"<D name=\"x\"><Feature name=\"f\"/>" + SURFACE_HEIGHT + L"<y/></D>");
 }
 
 TEST(FViewDesignCrossSectSurf, TheHeightFeatureHoldsNothingElse)

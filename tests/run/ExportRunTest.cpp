@@ -4,6 +4,7 @@
 #include "support/FailingAllocation.h"
 #include "support/FileSizeLimit.h"
 #include "support/RunFixture.h"
+#include "support/XmlText.h"
 
 #include <memory>
 
@@ -11,8 +12,6 @@ namespace jlandxml
 {
 namespace
 {
-
-const std::string MARK = "\xEF\xBB\xBF";
 
 class ExportRunTest : public RunTest
 {
@@ -60,10 +59,11 @@ TEST_F(ExportRunTest, TheFinishedFileHasTheFrameOfTheStandard)
             "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>\n<LandXML xmlns=\"u\"><Project name=\"n\">"
             "<Feature><Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.6\"/></Feature></Project>"
             "<Units><Metric/></Units><Alignments xmlns=\"\" name=\"a\"/></LandXML>"),
-        MARK + "<?xml version=\"1.0\"?>\r\n<LandXML xmlns=\"u\">\r\n\t<Project name=\"n\">\r\n\t\t<Feature>\r\n"
-               "\t\t\t<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.6\" />\r\n\t\t</Feature>\r\n"
-               "\t</Project>\r\n\t<Units>\r\n\t\t<Metric pressureUnit=\"HPA\" />\r\n\t</Units>\r\n"
-               "\t<CoordinateSystem name=\"CRS1\" />\r\n\t<Alignments name=\"a\" />\r\n</LandXML>\r\n");
+        BYTE_ORDER_MARK +
+            "<?xml version=\"1.0\"?>\r\n<LandXML xmlns=\"u\">\r\n\t<Project name=\"n\">\r\n\t\t<Feature>\r\n"
+            "\t\t\t<Property label=\"applicationCriterion\" value=\"MlitLandXmlVer.1.6\" />\r\n\t\t</Feature>\r\n"
+            "\t</Project>\r\n\t<Units>\r\n\t\t<Metric pressureUnit=\"HPA\" />\r\n\t</Units>\r\n"
+            "\t<CoordinateSystem name=\"CRS1\" />\r\n\t<Alignments name=\"a\" />\r\n</LandXML>\r\n");
     EXPECT_TRUE(Context().fileWritten);
     EXPECT_TRUE(temporaryFolder.Files().empty());
 }
@@ -94,7 +94,7 @@ TEST_F(ExportRunTest, AnEmptyModelStillGivesAFile)
     LoadRun(folder.Name(L"missing.xml"));
     ExportRun(folder.Name(L"out.xml"));
     EXPECT_EQ(folder.Read(L"out.xml"),
-              MARK + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CoordinateSystem name=\"CRS1\" />\r\n");
+              BYTE_ORDER_MARK + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CoordinateSystem name=\"CRS1\" />\r\n");
 }
 
 TEST_F(ExportRunTest, PointsAreNumberedAnewInTheModel)

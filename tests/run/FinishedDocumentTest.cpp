@@ -1,6 +1,7 @@
 #include "run/FinishedDocument.h"
 
 #include "base/Text.h"
+#include "support/Rounds.h"
 #include "support/XmlText.h"
 #include "xml/WcXmDocument.h"
 
@@ -13,8 +14,6 @@ namespace jlandxml
 {
 namespace
 {
-
-const std::string MARK = "\xEF\xBB\xBF";
 
 /// Loads bytes as a work file is loaded.
 class LoadedDocument
@@ -64,7 +63,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 std::string FinishedByTheParser(const WcXmAppDocument& document)
 {
     const std::string text = Utf8FromWide(PrintedByTheParser(document, pugi::format_indent));
-    std::string finished = MARK;
+    std::string finished = BYTE_ORDER_MARK;
     for (std::size_t begin = 0; begin < text.size();)
     {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
@@ -100,7 +99,7 @@ class FinishedForms : public testing::TestWithParam<Form>
 
 TEST_P(FinishedForms, ArePrintedFromTheTree)
 {
-    EXPECT_EQ(Finished(GetParam().document), MARK + GetParam().finished);
+    EXPECT_EQ(Finished(GetParam().document), BYTE_ORDER_MARK + GetParam().finished);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -169,13 +168,13 @@ TEST(FinishedDocument, ASectionsEndInASectionPartsIt)
 {
     LoadedDocument loaded("<a><![CDATA[x]]></a>", true);
     loaded.Document().xmlDocument->document_element().first_child().set_value(L"1]]>2]]>");
-    EXPECT_EQ(Finished(loaded.Document()), MARK + "<a><![CDATA[1]]]]><![CDATA[>2]]]]><![CDATA[>]]></a>\r\n");
+    EXPECT_EQ(Finished(loaded.Document()), BYTE_ORDER_MARK + "<a><![CDATA[1]]]]><![CDATA[>2]]]]><![CDATA[>]]></a>\r\n");
 }
 
 TEST(FinishedDocument, NothingIsOnlyTheMark)
 {
     const WcXmAppDocument document;
-    EXPECT_EQ(Finished(document), MARK);
+    EXPECT_EQ(Finished(document), BYTE_ORDER_MARK);
 }
 
 TEST(FinishedDocument, AMillionLevelsArePrinted)
@@ -190,7 +189,7 @@ TEST(FinishedDocument, AMillionLevelsArePrinted)
         end += "</a>2";
     }
     end.pop_back();
-    EXPECT_EQ(Finished(document + end), MARK + document + end + "\r\n");
+    EXPECT_EQ(Finished(document + end), BYTE_ORDER_MARK + document + end + "\r\n");
 }
 
 TEST(FinishedDocument, BlocksAreSmall)
@@ -212,8 +211,10 @@ TEST(FinishedDocument, ABlocksEndMayStandAnywhere)
     for (std::size_t size = BLOCK - 40; size < BLOCK + 4; ++size)
     {
         const std::string room(size, '1');
-        ASSERT_TRUE(Finished("<a>\n" + room + " xmlns=\"\"2</a>") == MARK + "<a>\r\n" + room + "2</a>\r\n") << size;
-        ASSERT_TRUE(Finished("<a>\n" + room + "&#13;\n2</a>") == MARK + "<a>\r\n" + room + "\r\n2</a>\r\n") << size;
+        ASSERT_TRUE(Finished("<a>\n" + room + " xmlns=\"\"2</a>") == BYTE_ORDER_MARK + "<a>\r\n" + room + "2</a>\r\n")
+            << size;
+        ASSERT_TRUE(Finished("<a>\n" + room + "&#13;\n2</a>") == BYTE_ORDER_MARK + "<a>\r\n" + room + "\r\n2</a>\r\n")
+            << size;
     }
 }
 
@@ -347,7 +348,7 @@ TEST(FinishedDocument, PassagesArePrintedAsTheParserPrintsThem)
 {
     DocumentGenerator generator(1);
     std::size_t withPassages = 0;
-    for (int count = 0; count < 100000; ++count)
+    for (int count = 0; count < Rounds(100000); ++count)
     {
         const std::string bytes = generator.Next();
         LoadedDocument plain(bytes, false);
@@ -363,7 +364,7 @@ TEST(FinishedDocument, PassagesArePrintedAsTheParserPrintsThem)
             ASSERT_EQ(FinishedByTheParser(kept.Document()), expected) << bytes;
         }
     }
-    EXPECT_GT(withPassages, 10000U);
+    EXPECT_GT(withPassages, static_cast<std::size_t>(Rounds(10000)));
 }
 
 } // namespace

@@ -10,6 +10,9 @@
 namespace jlandxml
 {
 
+/// The three bytes that a file in UTF-8 may begin with; finished files do.
+inline const std::string BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
 /// A document as the parser prints it by itself, without its declaration; `indents` is format_raw or format_indent.
 inline std::wstring PrintedByTheParser(const WcXmAppDocument& document, unsigned int indents)
 {

@@ -32,7 +32,7 @@ namespace
 {
 
 using namespace conformance;
-using Texts = std::vector<std::wstring>;
+using ShownTexts = std::vector<std::wstring>;
 
 /// Looks at the window that comes up over what is in front now, and closes it.
 class Glance
@@ -80,7 +80,7 @@ class NativeLayerTest : public testing::Test
         EXPECT_EQ(Utf8FromWide(look.caption), "J-LandXML出力設定");
         EXPECT_TRUE(look.exclamation);
         EXPECT_EQ(look.owner, owner);
-        EXPECT_EQ(look.buttons, Texts{L"OK"});
+        EXPECT_EQ(look.buttons, ShownTexts{L"OK"});
         EXPECT_EQ(std::count(look.texts.begin(), look.texts.end(), text), 1);
     }
 
@@ -128,9 +128,9 @@ TEST_F(NativeLayerTest, TheSaveDialogStandsOverItsDialogAndOffersTheFilters)
         EXPECT_EQ(window.ChooseSaveFile(SAVE_FILE), std::nullopt);
         EXPECT_EQ(glance.Look().owner, dialog);
 #ifdef _WIN32
-        EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*.*)"}));
+        EXPECT_EQ(glance.Look().filters, (ShownTexts{L"XML Files (*.xml)", L"All Files (*.*)"}));
 #else
-        EXPECT_EQ(glance.Look().filters, (Texts{L"XML Files (*.xml)", L"All Files (*)"}));
+        EXPECT_EQ(glance.Look().filters, (ShownTexts{L"XML Files (*.xml)", L"All Files (*)"}));
 #endif
     });
 }
@@ -138,7 +138,7 @@ TEST_F(NativeLayerTest, TheSaveDialogStandsOverItsDialogAndOffersTheFilters)
 TEST_F(NativeLayerTest, ALongLineOfAListBoxIsNeitherWrappedNorScrolledSideways)
 {
     events.onInit = [](DialogWindow& window) {
-        window.AddEntries(BOX, Texts{L"短い", std::wstring(300, L'長') + L" " + std::wstring(300, L'長')});
+        window.AddEntries(BOX, ShownTexts{L"短い", std::wstring(300, L'長') + L" " + std::wstring(300, L'長')});
     };
     Run([](DialogWindow&, DialogHands&) {
 #ifdef _WIN32
@@ -286,7 +286,7 @@ TEST_F(NativeLayerTest, TheSaveDialogSpeaksJapanese)
         QDir::setCurrent(former);
         const WindowLook& look = glance.Look();
         EXPECT_EQ(Utf8FromWide(look.caption), "名前を付けて保存");
-        EXPECT_EQ(look.buttons, (Texts{L"保存", L"キャンセル"}));
+        EXPECT_EQ(look.buttons, (ShownTexts{L"保存", L"キャンセル"}));
         EXPECT_GT(look.texts.size(), 10U);
         for (const std::wstring& text : look.texts)
         {
@@ -304,7 +304,7 @@ TEST_F(NativeLayerTest, TheHostsWordsStayAsTheyAre)
     EXPECT_EQ(told(), before);
 }
 
-double Luminance(const QColor& color)
+double LightOf(const QColor& color)
 {
     const auto linear = [](double part) {
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -315,8 +315,8 @@ double Luminance(const QColor& color)
 double ContrastWhenDisabled(int control, QPalette::ColorRole textRole, QPalette::ColorRole groundRole)
 {
     const auto* const widget = QApplication::activeModalWidget()->findChild<QWidget*>(QString::number(control));
-    const double text = Luminance(widget->palette().color(QPalette::Disabled, textRole));
-    const double ground = Luminance(widget->palette().color(QPalette::Disabled, groundRole));
+    const double text = LightOf(widget->palette().color(QPalette::Disabled, textRole));
+    const double ground = LightOf(widget->palette().color(QPalette::Disabled, groundRole));
     return (std::max(text, ground) + 0.05) / (std::min(text, ground) + 0.05);
 }
 

@@ -28,6 +28,7 @@ namespace
 
 constexpr auto PATIENCE = std::chrono::seconds(60);
 constexpr auto PAUSE = std::chrono::milliseconds(10);
+constexpr int PRESSES = 3;
 constexpr int PAUSES = 500;
 
 [[noreturn]] void GiveUp(const char* what)
@@ -249,13 +250,18 @@ class Win32Hands final : public DialogHands
         RECT place{};
         std::memcpy(&place, &item, sizeof(item)); // the item is named in the rectangle's own bytes
         Send(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
-        POINT point{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-        ClientToScreen(At(tree), &point);
-        PressMouseAt(point);
-        for (int pause = 0; pause < PAUSES && Next(tree, TVGN_CARET, nullptr) != item; ++pause)
+        const POINT point{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+        // A window that has only just come up may still be on its way to its place.
+        for (int press = 0; press < PRESSES && Next(tree, TVGN_CARET, nullptr) != item; ++press)
         {
-            HandleOwnMessages();
-            std::this_thread::sleep_for(PAUSE);
+            POINT onScreen = point;
+            ClientToScreen(At(tree), &onScreen);
+            PressMouseAt(onScreen);
+            for (int pause = 0; pause < PAUSES / PRESSES && Next(tree, TVGN_CARET, nullptr) != item; ++pause)
+            {
+                HandleOwnMessages();
+                std::this_thread::sleep_for(PAUSE);
+            }
         }
         return Next(tree, TVGN_CARET, nullptr) == item;
     }

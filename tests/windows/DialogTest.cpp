@@ -11,13 +11,13 @@ namespace jlandxml
 namespace
 {
 
-constexpr ControlTemplate CONTROLS[] = {
+constexpr ControlTemplate NAMED_WINDOW_CONTROLS[] = {
     {ACCEPT_COMMAND, ControlKind::DefaultButton, L"OK", 0, 0, 50, 14},
     {CANCEL_COMMAND, ControlKind::Button, L"キャンセル", 60, 0, 50, 14},
     {9, ControlKind::Button, L"他", 120, 0, 50, 14},
 };
 
-constexpr DialogTemplate TEMPLATE{5, L"窓", 180, 20, CONTROLS};
+constexpr DialogTemplate NAMED_WINDOW{5, L"窓", 180, 20, NAMED_WINDOW_CONTROLS};
 
 class DialogTest : public testing::Test
 {
@@ -35,7 +35,7 @@ class DialogTest : public testing::Test
 
 TEST_F(DialogTest, EndsOnItsOkAndCancelCommandsAlone)
 {
-    Dialog dialog(TEMPLATE);
+    Dialog dialog(NAMED_WINDOW);
     windows.SetUser([](ScriptedDialog& window) {
         EXPECT_TRUE(window.Click(9));
         EXPECT_FALSE(window.HasEnded());
@@ -52,7 +52,7 @@ TEST_F(DialogTest, EndsOnItsOkAndCancelCommandsAlone)
 
 TEST_F(DialogTest, CanBeOpenedAgainAfterAFailure)
 {
-    Dialog dialog(TEMPLATE);
+    Dialog dialog(NAMED_WINDOW);
     windows.SetUser([](ScriptedDialog&) { throw 1; });
     EXPECT_THROW(dialog.DoModal(), int);
     windows.SetUser([](ScriptedDialog& window) { window.Click(ACCEPT_COMMAND); });
@@ -61,8 +61,8 @@ TEST_F(DialogTest, CanBeOpenedAgainAfterAFailure)
 
 TEST_F(DialogTest, StandsOverItsOwner)
 {
-    Dialog owner(TEMPLATE);
-    Dialog dialog(TEMPLATE, &owner);
+    Dialog owner(NAMED_WINDOW);
+    Dialog dialog(NAMED_WINDOW, &owner);
     ScriptedDialog* below = nullptr;
     windows.SetUser([&](ScriptedDialog& window) {
         if (below != nullptr)
@@ -79,8 +79,8 @@ TEST_F(DialogTest, StandsOverItsOwner)
 
 TEST_F(DialogTest, AnotherDialogIsNotItsOwner)
 {
-    Dialog first(TEMPLATE);
-    Dialog second(TEMPLATE);
+    Dialog first(NAMED_WINDOW);
+    Dialog second(NAMED_WINDOW);
     windows.SetUser([&](ScriptedDialog& below) {
         windows.SetUser([&](ScriptedDialog&) { EXPECT_TRUE(below.CanReach(ACCEPT_COMMAND)); });
         second.DoModal();
@@ -91,13 +91,13 @@ TEST_F(DialogTest, AnotherDialogIsNotItsOwner)
 TEST_F(DialogTest, WithoutAWindowSystemADialogIsCancelledAtOnce)
 {
     SetWindowSystem(nullptr);
-    EXPECT_EQ(Dialog(TEMPLATE).DoModal(), DialogResult::Cancelled);
+    EXPECT_EQ(Dialog(NAMED_WINDOW).DoModal(), DialogResult::Cancelled);
 }
 
 TEST(DialogTemplate, FindsItsControlsByNumber)
 {
-    EXPECT_EQ(FindControl(TEMPLATE, 9), &CONTROLS[2]);
-    EXPECT_EQ(FindControl(TEMPLATE, 3), nullptr);
+    EXPECT_EQ(FindControl(NAMED_WINDOW, 9), &NAMED_WINDOW_CONTROLS[2]);
+    EXPECT_EQ(FindControl(NAMED_WINDOW, 3), nullptr);
 }
 
 struct FocusCase
