@@ -20,15 +20,18 @@ targets=("$@")
 cmake --preset fuzz >/dev/null
 cmake --build build/fuzz -- --quiet
 mkdir -p build/fuzz/failures
+rm -rf build/fuzz/seeds
+fuzz/seeds.py build/fuzz/seeds
 
 fuzz_one() {
     local target=$1 corpus=build/fuzz/corpus/$1
-    mkdir -p "$corpus" "$corpus.small" "fuzz/corpus/$target"
+    local seeds=("fuzz/corpus/$target" "build/fuzz/seeds/$target")
+    mkdir -p "$corpus" "$corpus.small" "${seeds[@]}"
     local status=0
-    nice -n 19 "build/fuzz/fuzz/$target" "$corpus" "fuzz/corpus/$target" -dict=fuzz/landxml.dict -max_total_time="$2" \
+    nice -n 19 "build/fuzz/fuzz/$target" "$corpus" "${seeds[@]}" -dict=fuzz/landxml.dict -max_total_time="$2" \
         -timeout=20 -close_fd_mask=1 -rss_limit_mb=4096 -max_len=65536 -verbosity=1 -print_final_stats=1 \
         -artifact_prefix="build/fuzz/failures/$target-" >"$corpus.log" 2>&1 || status=1
-    nice -n 19 "build/fuzz/fuzz/$target" -merge=1 "$corpus.small" "fuzz/corpus/$target" "$corpus" >/dev/null 2>&1 || true
+    nice -n 19 "build/fuzz/fuzz/$target" -merge=1 "$corpus.small" "${seeds[@]}" "$corpus" >/dev/null 2>&1 || true
     rm -rf "$corpus" && mv "$corpus.small" "$corpus"
     echo "$target: $(sed -n 's/^stat::number_of_executed_units: *//p' "$corpus.log") runs," \
         "$(find "$corpus" -type f | wc -l) inputs kept$([ $status = 0 ] || echo ', FAILED')"
@@ -36,3 +39,4 @@ fuzz_one() {
 }
 export -f fuzz_one
 printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -I{} bash -c "fuzz_one {} $seconds"
+tools/coverage.sh --fuzz
