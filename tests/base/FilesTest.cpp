@@ -2,6 +2,7 @@
 
 #include "base/Exceptions.h"
 #include "base/Warnings.h"
+#include "support/FailingAllocation.h"
 #include "support/FailingCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/MountedFolder.h"
@@ -10,6 +11,7 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <new>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -946,6 +948,79 @@ INSTANTIATE_TEST_SUITE_P(Files, CallThatFails,
                          [](const auto& row) {
                              return std::string(std::get<0>(row.param).name) + "_" + std::get<1>(row.param).name;
                          });
+
+class AllocationThatFails : public testing::TestWithParam<TargetKind>
+{};
+
+TEST_P(AllocationThatFails, LeavesTheTargetOldOrNewAndNothingBeside)
+{
+    for (std::size_t allowed = 0;; ++allowed)
+    {
+        SCOPED_TRACE(allowed);
+        ReplacedTarget target(GetParam());
+        bool failed = false;
+        std::optional<bool> replaced;
+        {
+            const FailingAllocation failing(allowed, FailOtherwise);
+            try
+            {
+                replaced = target.Replace();
+            }
+            catch (const std::bad_alloc&)
+            {}
+            failed = failing.HasFailed();
+        }
+        EXPECT_TRUE(replaced == true ? target.IsNew() : target.IsOld());
+        EXPECT_TRUE(target.IsAlone());
+        EXPECT_TRUE(target.temporary.Files().empty());
+        if (!failed)
+        {
+            EXPECT_EQ(replaced, true);
+            return;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, AllocationThatFails, testing::ValuesIn(TARGET_KINDS),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Files, ATargetThatCanNotBePutBackForWantOfMemoryLeavesItsOldContentInTheTemporaryFolder)
+{
+    int left = 0;
+    for (std::size_t allowed = 0;; ++allowed)
+    {
+        SCOPED_TRACE(allowed);
+        ReplacedTarget target(TARGET_OF_TWO_NAMES);
+        bool failed = false;
+        {
+            FailingCalls failing(SystemCall::Sync, EIO);
+            failing.Times(1);
+            const FailingAllocation noMemory(allowed, FailOtherwise);
+            try
+            {
+                EXPECT_FALSE(target.Replace());
+            }
+            catch (const std::bad_alloc&)
+            {}
+            failed = noMemory.HasFailed();
+        }
+        if (!target.IsOld())
+        {
+            ++left;
+            ASSERT_EQ(target.temporary.Files().size(), 1U);
+            EXPECT_TRUE(target.temporary.Read(target.temporary.Files().front()) == ReplacedTarget::OLD);
+        }
+        else
+        {
+            EXPECT_TRUE(target.temporary.Files().empty());
+        }
+        if (!failed)
+        {
+            break;
+        }
+    }
+    EXPECT_EQ(left, 1);
+}
 
 TEST_F(TargetOfTwoNames, MayBecomeEmpty)
 {

@@ -18,17 +18,17 @@ namespace jlandxml::inspect
 namespace
 {
 
-/// A stretch of a file's text.
-struct Stretch
+/// A range of a file's text.
+struct TextRange
 {
     std::size_t begin;
     std::size_t end;
 };
 
 /// The values of all attributes, without their quotes.
-std::vector<Stretch> AttributeValues(const std::string& text)
+std::vector<TextRange> AttributeValues(const std::string& text)
 {
-    std::vector<Stretch> values;
+    std::vector<TextRange> values;
     for (std::size_t open = text.find("=\""); open != std::string::npos; open = text.find("=\"", open))
     {
         const std::size_t begin = open + 2;
@@ -39,10 +39,10 @@ std::vector<Stretch> AttributeValues(const std::string& text)
 }
 
 /// The attributes with the blank before them.
-std::vector<Stretch> WholeAttributes(const std::string& text)
+std::vector<TextRange> WholeAttributes(const std::string& text)
 {
-    std::vector<Stretch> attributes = AttributeValues(text);
-    for (Stretch& attribute : attributes)
+    std::vector<TextRange> attributes = AttributeValues(text);
+    for (TextRange& attribute : attributes)
     {
         attribute = {text.find_last_of(" \n\t", attribute.begin), attribute.end + 1};
     }
@@ -50,9 +50,9 @@ std::vector<Stretch> WholeAttributes(const std::string& text)
 }
 
 /// The texts between tags that are more than white space.
-std::vector<Stretch> ElementTexts(const std::string& text)
+std::vector<TextRange> ElementTexts(const std::string& text)
 {
-    std::vector<Stretch> texts;
+    std::vector<TextRange> texts;
     for (std::size_t close = text.find('>'); close != std::string::npos; close = text.find('>', close + 1))
     {
         const std::size_t end = std::min(text.find('<', close), text.size());
@@ -65,9 +65,9 @@ std::vector<Stretch> ElementTexts(const std::string& text)
 }
 
 /// The elements that hold no others of their own name, from tag to tag.
-std::vector<Stretch> Elements(const std::string& text)
+std::vector<TextRange> Elements(const std::string& text)
 {
-    std::vector<Stretch> elements;
+    std::vector<TextRange> elements;
     for (std::size_t open = text.find('<'); open != std::string::npos; open = text.find('<', open + 1))
     {
         const std::size_t nameEnd = text.find_first_of(" \n\t/>", open + 1);
@@ -87,11 +87,11 @@ std::vector<Stretch> Elements(const std::string& text)
     return elements;
 }
 
-/// What takes the place of a stretch.
+/// What takes the place of a range.
 struct Damage
 {
     const char* name;
-    std::vector<Stretch> (*places)(const std::string& text);
+    std::vector<TextRange> (*places)(const std::string& text);
     const char* text;
 };
 
@@ -132,10 +132,10 @@ TEST_P(DamagedFile, IsToldOfToTheEnd)
 {
     const std::string sound = SoundText();
     const std::size_t lines = static_cast<std::size_t>(std::count(sound.begin(), sound.end(), '\n')) + 1;
-    const std::vector<Stretch> places = GetParam().places(sound);
+    const std::vector<TextRange> places = GetParam().places(sound);
     ASSERT_GT(places.size(), 30U);
     std::size_t read = 0;
-    for (const Stretch& place : places)
+    for (const TextRange& place : places)
     {
         SCOPED_TRACE(sound.substr(place.begin, std::min<std::size_t>(place.end - place.begin, 60)));
         std::string damaged = sound;

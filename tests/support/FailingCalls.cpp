@@ -35,15 +35,15 @@ int userMaskCalls = 0;
 
 bool Fails(jlandxml::SystemCall call)
 {
-    Failure& failure = failures[static_cast<std::size_t>(call)];
-    if (failure.error == 0 || failure.times == 0 || failure.allowed-- > 0)
+    Failure& one = failures[static_cast<std::size_t>(call)];
+    if (one.error == 0 || one.times == 0 || one.allowed-- > 0)
     {
         return false;
     }
-    failure.allowed = 0;
-    --failure.times;
-    failure.happened = true;
-    errno = failure.error;
+    one.allowed = 0;
+    --one.times;
+    one.happened = true;
+    errno = one.error;
     return true;
 }
 
