@@ -35,7 +35,7 @@ std::wstring_view TakeBlock(std::wstring_view& text)
     return block;
 }
 
-void WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
+bool WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
 {
     std::array<char, BLOCK_UNITS * MOST_UTF8_BYTES> bytes{};
     while (!text.empty())
@@ -43,9 +43,10 @@ void WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
         const std::size_t size = EncodeUtf8(TakeBlock(text), bytes.data());
         if (!NativeFile::WriteTo(handle, {bytes.data(), size}))
         {
-            return;
+            return false;
         }
     }
+    return true;
 }
 
 } // namespace
@@ -55,33 +56,36 @@ void WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
 namespace
 {
 
-void WriteTo(DWORD standardHandle, std::wstring_view text) noexcept
+bool WriteTo(DWORD standardHandle, std::wstring_view text) noexcept
 {
     const HANDLE handle = GetStdHandle(standardHandle);
     DWORD mode = 0;
     DWORD written = 0;
     if (GetConsoleMode(handle, &mode) == 0)
     {
-        WriteUtf8(handle, text);
-        return;
+        return WriteUtf8(handle, text);
     }
     while (!text.empty())
     {
         const std::wstring_view block = TakeBlock(text);
-        WriteConsoleW(handle, block.data(), static_cast<DWORD>(block.size()), &written, nullptr);
+        if (WriteConsoleW(handle, block.data(), static_cast<DWORD>(block.size()), &written, nullptr) == 0)
+        {
+            return false;
+        }
     }
+    return true;
 }
 
 } // namespace
 
-void WriteStandardOutput(std::wstring_view text) noexcept
+bool WriteStandardOutput(std::wstring_view text) noexcept
 {
-    WriteTo(STD_OUTPUT_HANDLE, text);
+    return WriteTo(STD_OUTPUT_HANDLE, text);
 }
 
-void WriteStandardError(std::wstring_view text) noexcept
+bool WriteStandardError(std::wstring_view text) noexcept
 {
-    WriteTo(STD_ERROR_HANDLE, text);
+    return WriteTo(STD_ERROR_HANDLE, text);
 }
 
 #else
@@ -91,23 +95,23 @@ namespace
 
 /// What the host has in the stream's buffer goes first. The text itself doesn't go through the buffer: what can't be
 /// written there would be tried again, and raise its signal, when the host ends.
-void WriteTo(std::FILE* stream, std::wstring_view text) noexcept
+bool WriteTo(std::FILE* stream, std::wstring_view text) noexcept
 {
     const WriteSignals signals;
     static_cast<void>(std::fflush(stream)); // what the host's stream can't take is the host's to learn
-    WriteUtf8(::fileno(stream), text);
+    return WriteUtf8(::fileno(stream), text);
 }
 
 } // namespace
 
-void WriteStandardOutput(std::wstring_view text) noexcept
+bool WriteStandardOutput(std::wstring_view text) noexcept
 {
-    WriteTo(stdout, text);
+    return WriteTo(stdout, text);
 }
 
-void WriteStandardError(std::wstring_view text) noexcept
+bool WriteStandardError(std::wstring_view text) noexcept
 {
-    WriteTo(stderr, text);
+    return WriteTo(stderr, text);
 }
 
 #endif

@@ -113,6 +113,9 @@ ParsedConvert ParseConvert(const std::vector<std::wstring>& arguments)
     case ArgumentsRead::Asked:
         parsed.ends = ExitStatus::FileWritten;
         break;
+    case ArgumentsRead::Untold:
+        parsed.ends = ExitStatus::NoFile;
+        break;
     case ArgumentsRead::Wrong:
         parsed.ends = ExitStatus::WrongUsage;
         break;
@@ -270,9 +273,7 @@ class BatchRun
         }
         if (printed_)
         {
-            WriteStandardOutput(*printed_);
-            WriteStandardOutput(L"\n");
-            return ExitStatus::FileWritten;
+            return WriteAnswer(*printed_) && WriteAnswer(L"\n") ? ExitStatus::FileWritten : ExitStatus::NoFile;
         }
         if (!GetConversionContext().fileWritten)
         {

@@ -184,6 +184,9 @@ ParsedInspect ParseInspect(const std::vector<std::wstring>& arguments)
     case ArgumentsRead::Asked:
         parsed.ends = InspectStatus::NothingFound;
         break;
+    case ArgumentsRead::Untold:
+        parsed.ends = InspectStatus::NotRead;
+        break;
     case ArgumentsRead::Wrong:
         parsed.ends = InspectStatus::WrongUsage;
         break;
@@ -211,7 +214,7 @@ InspectStatus TellUnreadable(const InspectOptions& options, const std::wstring& 
     WriteStandardError(path + L": " + reason + L"\n");
     if (options.json)
     {
-        WriteStandardOutput(inspect::JsonErrorLine(path, reason));
+        WriteAnswer(inspect::JsonErrorLine(path, reason));
     }
     return InspectStatus::NotRead;
 }
@@ -243,8 +246,11 @@ InspectStatus InspectFile(const InspectOptions& options, const std::wstring& pat
         inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
     }
     // Last, so that there is one object for each file whatever fails.
-    WriteStandardOutput(options.json ? inspect::JsonLine(file, findings)
-                                     : inspect::SummaryText(file) + inspect::FindingsText(findings));
+    if (!WriteAnswer(options.json ? inspect::JsonLine(file, findings)
+                                  : inspect::SummaryText(file) + inspect::FindingsText(findings)))
+    {
+        return InspectStatus::NotRead;
+    }
     const bool fails = std::any_of(findings.begin(), findings.end(),
                                    [&](const Finding& finding) { return finding.severity >= options.failOn; });
     return fails ? InspectStatus::Findings : InspectStatus::NothingFound;
@@ -278,8 +284,9 @@ InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
     const InspectOptions& options = parsed.options;
     if (options.listChecks)
     {
-        WriteStandardOutput(options.json ? inspect::ChecksJsonLines() : inspect::ChecksText());
-        return InspectStatus::NothingFound;
+        return WriteAnswer(options.json ? inspect::ChecksJsonLines() : inspect::ChecksText())
+                   ? InspectStatus::NothingFound
+                   : InspectStatus::NotRead;
     }
     if (!options.csvFolder.empty() && !MakeFolder(options.csvFolder))
     {

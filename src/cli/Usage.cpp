@@ -97,6 +97,16 @@ void RefuseFurtherArguments(const CLI::App& app)
     }
 }
 
+bool WriteAnswer(std::wstring_view text)
+{
+    if (WriteStandardOutput(text))
+    {
+        return true;
+    }
+    WriteStandardError(L"標準出力に書き込めません\n");
+    return false;
+}
+
 ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& arguments, const std::string& missing)
 {
     // The library takes them from the back.
@@ -111,8 +121,7 @@ ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& argu
     {
         std::ostringstream out;
         app.exit(asked, out);
-        WriteStandardOutput(WideFromUtf8(out.str()));
-        return ArgumentsRead::Asked;
+        return WriteAnswer(WideFromUtf8(out.str())) ? ArgumentsRead::Asked : ArgumentsRead::Untold;
     }
     catch (const CLI::ParseError& error)
     {

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace jlandxml
@@ -28,12 +29,16 @@ void RefuseOverwriting(const CLI::Option& option, const std::string& path, const
 /// Throws if there are arguments that nothing was declared for.
 void RefuseFurtherArguments(const CLI::App& app);
 
+/// Writes what the user asked for on standard output. False, with a line on standard error, if not all of it was taken.
+bool WriteAnswer(std::wstring_view text);
+
 /// How the reading of arguments ended.
 enum class ArgumentsRead
 {
-    Whole, ///< the program goes on
-    Asked, ///< help or version was printed
-    Wrong, ///< a line on standard error says why
+    Whole,  ///< the program goes on
+    Asked,  ///< help or version was printed
+    Untold, ///< it couldn't be printed; a line on standard error says so
+    Wrong,  ///< a line on standard error says why
 };
 
 /// Reads the arguments into what was declared. `missing` is the line for a required argument that isn't there.

@@ -111,6 +111,19 @@ TEST(Streams, ASignalThatWaitedAlreadyStillWaits)
         testing::ExitedWithCode(0), "");
 }
 
+#ifdef __linux__
+TEST(Streams, TellWhetherAllWasTaken)
+{
+    EXPECT_EXIT(
+        {
+            const bool isTaken = WriteStandardOutput(L"") && WriteStandardError(L"線形1\n");
+            std::freopen("/dev/full", "w", stdout);
+            std::_Exit(isTaken && !WriteStandardOutput(L"線形1\n") ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "線形1");
+}
+#endif
+
 TEST(Streams, AHostWithoutAStandardOutputGoesOn)
 {
     EXPECT_EXIT(

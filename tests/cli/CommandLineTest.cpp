@@ -3,6 +3,7 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "support/FailingAllocation.h"
+#include "support/FullStandardOutput.h"
 #include "support/RowName.h"
 #include "support/RunFixture.h"
 
@@ -451,6 +452,25 @@ TEST_F(CommandLineTest, PrintingEndsWithZeroWhateverIsMissingAndWritesNoFile)
     EXPECT_EQ(OrderedJson::parse(outcome.out)["projectName"], "");
     EXPECT_FALSE(PathExists(Output()));
 }
+
+#ifdef __linux__
+TEST_F(CommandLineTest, AnAnswerThatCannotBeWrittenIsStatusThreeWithOneLine)
+{
+    const std::vector<std::wstring> asked[] = {{folder.Name(), L"--print-settings"}, {L"--help"}, {L"--version"}};
+    for (const std::vector<std::wstring>& arguments : asked)
+    {
+        testing::internal::CaptureStderr();
+        const ExitStatus status = [&] {
+            const FullStandardOutput full;
+            return RunCommandLine(arguments);
+        }();
+        std::string err = testing::internal::GetCapturedStderr();
+        TakeWarningLines(err);
+        EXPECT_EQ(err, "標準出力に書き込めません\n") << Utf8FromWide(arguments[0]);
+        EXPECT_EQ(status, ExitStatus::NoFile) << Utf8FromWide(arguments[0]);
+    }
+}
+#endif
 
 TEST_F(CommandLineTest, PrintingTellsASettingsErrorAndPrintsNothing)
 {

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "inspect/SchemaValidation.h"
+#include "support/FullStandardOutput.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -375,6 +376,24 @@ TEST_P(InspectArguments, ThatAreWrongAreStatusTwoWithOneLine)
 
 INSTANTIATE_TEST_SUITE_P(Cli, InspectArguments, testing::ValuesIn(WRONG_INSPECT_ARGUMENTS),
                          [](const auto& one) { return std::string(one.param.name); });
+
+#ifdef __linux__
+TEST_F(InspectCommandLineTest, AnAnswerThatCannotBeWrittenIsStatusThreeWithOneLine)
+{
+    const std::vector<std::wstring> asked[] = {{File(SOUND)}, {L"--json", File(SOUND)}, {L"--list-checks"},
+                                               {L"--help"},   {L"--version"},           {L"--list-checks", L"--json"}};
+    for (const std::vector<std::wstring>& arguments : asked)
+    {
+        testing::internal::CaptureStderr();
+        const InspectStatus status = [&] {
+            const FullStandardOutput full;
+            return RunInspectCommandLine(arguments);
+        }();
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "標準出力に書き込めません\n") << Utf8FromWide(arguments[0]);
+        EXPECT_EQ(status, InspectStatus::NotRead) << Utf8FromWide(arguments[0]);
+    }
+}
+#endif
 
 TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
 {
