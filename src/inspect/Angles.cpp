@@ -22,6 +22,7 @@ struct AngleUnit
     double radians;
 };
 constexpr AngleUnit ANGLE_UNITS[] = {
+    {L"", 1}, // the standard's unit where a file names none
     {L"radians", 1},
     {L"grads", std::numbers::pi / 200},
     {L"decimal degrees", RADIANS_OF_A_DEGREE},

@@ -69,13 +69,6 @@ std::wstring SurfaceName(const Alignment& alignment, const CrossSect& section, c
     return Path(SectionName(alignment, section), name);
 }
 
-/// A point whose height is one; others are given by slope and distance.
-bool HasOffsetAndHeight(const CrossSectPnt& point)
-{
-    return (point.dataFormat.empty() || point.dataFormat == L"Offset Elevation") && point.offset.IsFinite() &&
-           point.height.IsFinite();
-}
-
 /// A figure of the section's Formation: where the formation height lies. 0 if the file doesn't say.
 double FormationFigure(const CrossSect& section, const wchar_t* label)
 {
@@ -97,7 +90,7 @@ CentrePoint FindCentrePoint(const CrossSect& section)
     {
         for (const CrossSectPnt& point : surface.points)
         {
-            if (HasOffsetAndHeight(point) && std::abs(point.offset.value - centre) <= SAME_OFFSET)
+            if (point.IsOffsetAndHeight() && std::abs(point.offset.value - centre) <= SAME_OFFSET)
             {
                 return {&surface, &point};
             }
@@ -119,58 +112,85 @@ std::vector<Outline> PavementLayers(const CrossSect& section)
     std::vector<Outline> layers;
     for (const DesignCrossSectSurf& surface : section.designs)
     {
-        if (surface.name != PAVEMENT || !surface.IsClosed() || surface.points.size() < 3)
+        if (surface.name != PAVEMENT || !surface.IsClosed() || surface.points.size() < 3 || !surface.HasPlace())
         {
             continue;
         }
         Outline outline{&surface, {}};
         for (const CrossSectPnt& point : surface.points)
         {
-            if (HasOffsetAndHeight(point))
-            {
-                outline.points.emplace_back(point.offset.value, point.height.value);
-            }
+            outline.points.emplace_back(point.offset.value, point.height.value);
         }
         layers.push_back(std::move(outline));
     }
     return layers;
 }
 
-/// The heights in which a vertical line at an offset lies inside an outline: from each even one to the next.
-std::vector<double> Crossings(const Outline& outline, double offset)
+/// An edge's heights at both ends of a strip between two neighbouring offsets, in which no edge ends.
+struct EdgeInStrip
 {
-    std::vector<double> heights;
+    double from;
+    double to;
+
+    double At(double part) const { return from + part * (to - from); }
+};
+
+/// The edges of an outline across a strip, from the bottom: from each even one to the next lies the outline's inside.
+std::vector<EdgeInStrip> EdgesInStrip(const Outline& outline, double from, double to)
+{
+    std::vector<EdgeInStrip> edges;
     for (std::size_t index = 0; index < outline.points.size(); ++index)
     {
-        const auto& [fromOffset, fromHeight] = outline.points[index];
-        const auto& [toOffset, toHeight] = outline.points[(index + 1) % outline.points.size()];
-        if ((fromOffset < offset) != (toOffset < offset))
+        const auto& [startOffset, startHeight] = outline.points[index];
+        const auto& [endOffset, endHeight] = outline.points[(index + 1) % outline.points.size()];
+        if (std::min(startOffset, endOffset) <= from && std::max(startOffset, endOffset) >= to)
         {
-            heights.push_back(fromHeight + (toHeight - fromHeight) * (offset - fromOffset) / (toOffset - fromOffset));
+            const double slope = (endHeight - startHeight) / (endOffset - startOffset);
+            edges.push_back({startHeight + slope * (from - startOffset), startHeight + slope * (to - startOffset)});
         }
     }
-    std::sort(heights.begin(), heights.end());
-    return heights;
+    std::sort(edges.begin(), edges.end(),
+              [](const EdgeInStrip& one, const EdgeInStrip& other) { return one.At(0.5) < other.At(0.5); });
+    return edges;
 }
 
-/// By how much two outlines overlap on a vertical line.
-double OverlapAt(const Outline& first, const Outline& second, double offset)
+/// Where in a strip two edges cross, as a part of its width; 0 if they don't.
+double Crossing(const EdgeInStrip& one, const EdgeInStrip& other)
 {
-    const std::vector<double> one = Crossings(first, offset);
-    const std::vector<double> other = Crossings(second, offset);
+    const double before = one.from - other.from;
+    const double behind = one.to - other.to;
+    return before * behind < 0 ? before / (before - behind) : 0;
+}
+
+/// The largest overlap in height of two insides in a strip: at one of its sides, as seen from within, or where the tops
+/// or the bottoms cross.
+double OverlapInStrip(const EdgeInStrip* first, const EdgeInStrip* second)
+{
+    double largest = 0;
+    for (const double part : {0.0, 1.0, Crossing(first[0], second[0]), Crossing(first[1], second[1])})
+    {
+        largest = std::max(largest, std::min(first[1].At(part), second[1].At(part)) -
+                                        std::max(first[0].At(part), second[0].At(part)));
+    }
+    return largest;
+}
+
+double OverlapBetween(const Outline& first, const Outline& second, double from, double to)
+{
+    const std::vector<EdgeInStrip> one = EdgesInStrip(first, from, to);
+    const std::vector<EdgeInStrip> other = EdgesInStrip(second, from, to);
     double largest = 0;
     for (std::size_t i = 0; i + 1 < one.size(); i += 2)
     {
         for (std::size_t j = 0; j + 1 < other.size(); j += 2)
         {
-            largest = std::max(largest, std::min(one[i + 1], other[j + 1]) - std::max(one[i], other[j]));
+            largest = std::max(largest, OverlapInStrip(&one[i], &other[j]));
         }
     }
     return largest;
 }
 
-/// The largest overlap of two outlines in height. Between two neighbouring points of either it is largest at one of
-/// them or where edges cross, and half way between them it shows.
+/// The largest overlap of two outlines in height.
 double Overlap(const Outline& first, const Outline& second)
 {
     std::vector<double> offsets;
@@ -187,10 +207,43 @@ double Overlap(const Outline& first, const Outline& second)
     {
         if (offsets[index] - offsets[index - 1] > SAME_OFFSET)
         {
-            largest = std::max(largest, OverlapAt(first, second, (offsets[index] + offsets[index - 1]) / 2));
+            largest = std::max(largest, OverlapBetween(first, second, offsets[index - 1], offsets[index]));
         }
     }
     return largest;
+}
+
+std::wstring SuperelevationName(const Alignment& alignment, const Superelevation& one)
+{
+    return Path(NameOf(alignment), L"片勾配すりつけ " + std::wstring(one.staStart.text));
+}
+
+/// Says of two stations of a transition that the second doesn't lie behind the first.
+void CheckPair(const Alignment& alignment, const Superelevation& one, const TransitionStation& before,
+               const TransitionStation& behind, Findings& findings)
+{
+    if (behind.station.value < before.station.value)
+    {
+        findings.Report(SuperelevationName(alignment, one), behind.line,
+                        std::wstring(before.kind) + L" " + std::wstring(before.station.text) + L"、" +
+                            std::wstring(behind.kind) + L" " + std::wstring(behind.station.text));
+    }
+}
+
+/// The stations of a Feature of a transition: ReverseCrown or FlatSta, first that in front of the curve.
+void CheckFeatureStations(const Alignment& alignment, const Superelevation& one, const Feature& feature,
+                          Findings& findings)
+{
+    TransitionStation before{feature.name, {}, 0};
+    for (const Property& property : feature.properties)
+    {
+        if (property.label == L"sta")
+        {
+            const TransitionStation station{feature.name, ReadFigure(property.value), property.line};
+            CheckPair(alignment, one, before, station, findings);
+            before = station.station.IsFinite() ? station : before;
+        }
+    }
 }
 
 } // namespace
@@ -200,6 +253,8 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         for (const Superelevation& one : alignment.superelevations)
         {
+            CheckPair(alignment, one, {L"staStart", one.staStart, one.line}, {L"staEnd", one.staEnd, one.line},
+                      findings);
             const TransitionStation* before = nullptr;
             for (const std::wstring_view kind : TRANSITION_ORDER)
             {
@@ -209,16 +264,36 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
                 {
                     continue;
                 }
-                if (before != nullptr && station->station.value < before->station.value)
+                if (before != nullptr)
                 {
-                    findings.Report(Path(NameOf(alignment), L"片勾配すりつけ " + std::wstring(one.staStart.text)),
-                                    station->line,
-                                    std::wstring(before->kind) + L" " + std::wstring(before->station.text) + L"、" +
-                                        std::wstring(kind) + L" " + std::wstring(station->station.text));
+                    CheckPair(alignment, one, *before, *station, findings);
                 }
                 before = &*station;
             }
+            for (const Feature& feature : one.features)
+            {
+                CheckFeatureStations(alignment, one, feature, findings);
+            }
         }
+    });
+}
+
+void CheckStationLists(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        ForEachStationList(alignment, [&](const wchar_t* name, const std::vector<StationEntry>& list) {
+            double last = -std::numeric_limits<double>::infinity();
+            for (const StationEntry& entry : list)
+            {
+                const Figure station = entry.Station();
+                if (station.value < last)
+                {
+                    findings.Report(Path(NameOf(alignment), name), entry.line,
+                                    {{L"測点 {}", L"station {}"}, {station.text}});
+                }
+                last = station.IsFinite() ? station.value : last;
+            }
+        });
     });
 }
 
@@ -245,8 +320,8 @@ void CheckOutlinesClosed(const LandXmlFile& file, Findings& findings)
 {
     ForEachDesignSurface(file, [&](const Alignment& alignment, const CrossSect& section,
                                    const DesignCrossSectSurf& surface) {
-        if (!surface.IsClosed() || surface.points.empty() || !HasOffsetAndHeight(surface.points.front()) ||
-            !HasOffsetAndHeight(surface.points.back()))
+        if (!surface.IsClosed() || surface.points.empty() || !surface.points.front().IsOffsetAndHeight() ||
+            !surface.points.back().IsOffsetAndHeight())
         {
             return;
         }
@@ -286,7 +361,7 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
             const int sign = surface.side == L"left" ? -1 : surface.side == L"right" ? 1 : 0;
             const double centre = FormationFigure(section, L"clOffset");
             const auto isAcross = [&](const CrossSectPnt& point) {
-                return HasOffsetAndHeight(point) && (point.offset.value - centre) * sign < -SAME_OFFSET;
+                return point.IsOffsetAndHeight() && (point.offset.value - centre) * sign < -SAME_OFFSET;
             };
             const auto across = std::find_if(surface.points.begin(), surface.points.end(), isAcross);
             if (across != surface.points.end())
@@ -317,7 +392,7 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
                     const bool isRelative = centre.surface->IsRelativeToProfile();
                     findings.Measure(
                         SurfaceName(alignment, section, *centre.surface), centre.point->line, centre.point->height,
-                        isRelative ? 0 : *height,
+                        FormationFigure(section, L"fhOffset") + (isRelative ? 0 : *height),
                         {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
                                     : Sentence{L"標高", L"elevation"},
                          {ShortNumber(*height, 3)}});
@@ -354,6 +429,19 @@ void CheckGroundNames(const LandXmlFile& file, Findings& findings)
         names.insert(surface.name);
         names.insert(Trim(surface.desc));
     }
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const Profile& profile : alignment.profiles)
+        {
+            for (const ProfSurf& ground : profile.grounds)
+            {
+                if (names.count(ground.name) == 0)
+                {
+                    findings.Report(Path(NameOf(alignment), L"縦断地盤線 " + std::wstring(ground.name)), ground.line,
+                                    ground.name);
+                }
+            }
+        }
+    });
     ForEachSection(file, [&](const Alignment& alignment, const CrossSect& section) {
         for (const CrossSectSurf& ground : section.grounds)
         {

@@ -9,6 +9,7 @@ namespace jlandxml::inspect
 // Checks of superelevation and cross sections.
 
 void CheckTransitionOrder(const LandXmlFile& file, Findings& findings);
+void CheckStationLists(const LandXmlFile& file, Findings& findings);
 void CheckSectionOrder(const LandXmlFile& file, Findings& findings);
 void CheckOutlinesClosed(const LandXmlFile& file, Findings& findings);
 void CheckGroundFromLeftToRight(const LandXmlFile& file, Findings& findings);

@@ -6,6 +6,7 @@
 #include "inspect/Names.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_set>
 
@@ -117,6 +118,100 @@ std::int32_t IntersectionNumber(std::wstring_view name)
 {
     const std::size_t point = name.find(L'.');
     return point == std::wstring_view::npos ? 0 : ParseInt(name.substr(point + 1)).value;
+}
+
+/// The elements of a bend by their letters, and the names of its points by the standard: the start of the first
+/// element, where elements join, the end of the last. # is the number of the intersection point. A bend between two
+/// lines has no elements.
+struct BendNames
+{
+    std::wstring_view letters;
+    std::array<std::wstring_view, 6> names;
+};
+constexpr BendNames BEND_NAMES[] = {
+    {L"", {L"IP.#"}},
+    {L"C", {L"BC.#", L"EC.#"}},
+    {L"CC", {L"BC.#", L"PCC.#", L"EC.#"}},
+    {L"SC", {L"KA.#-1", L"KE.#-1", L"KE.#-2"}},
+    {L"SCS", {L"KA.#-1", L"KE.#-1", L"KE.#-2", L"KA.#-2"}},
+    {L"SS", {L"KA.#-1", L"KEA.#", L"KA.#-2"}},
+    {L"SCSCS", {L"KA.#-1", L"KE.#-1", L"KAE.#-1", L"KEE.#-1", L"KE.#-2", L"KA.#-2"}},
+};
+
+/// A name with # for the number of its intersection point.
+std::wstring Numberless(std::wstring_view name)
+{
+    const std::size_t point = std::min(name.find(L'.'), name.size());
+    const std::wstring_view digits = name.substr(std::min(point + 1, name.size()));
+    const std::size_t end = std::min(digits.find_first_not_of(L"0123456789"), digits.size());
+    return end == 0 ? std::wstring(name)
+                    : std::wstring(name.substr(0, point + 1)).append(L"#").append(digits.substr(end));
+}
+
+/// True for a name in the standard's words; others are a designer's own.
+bool IsStandardName(std::wstring_view numberless)
+{
+    return std::any_of(std::begin(BEND_NAMES), std::end(BEND_NAMES), [&](const BendNames& bend) {
+        return std::find(bend.names.begin(), bend.names.end(), numberless) != bend.names.end() && !numberless.empty();
+    });
+}
+
+wchar_t LetterOf(const PlanElement& element)
+{
+    constexpr std::wstring_view LETTERS = L"LCSI";
+    return LETTERS[static_cast<std::size_t>(element.kind)];
+}
+
+/// Holds the names of a bend's points against its elements: `first` is the place among the main points of the bend's
+/// first one. A joint with two names has been told already.
+void CheckBendNames(const Alignment& alignment, const std::wstring& letters, std::size_t first, Findings& findings)
+{
+    const auto* const bend = std::find_if(std::begin(BEND_NAMES), std::end(BEND_NAMES),
+                                          [&](const BendNames& one) { return one.letters == letters; });
+    if (bend == std::end(BEND_NAMES))
+    {
+        return;
+    }
+    const std::vector<PlanElement>& elements = alignment.elements;
+    for (std::size_t index = 0; index <= letters.size(); ++index)
+    {
+        const std::size_t place = first + index;
+        const PlanPoint& point = place < elements.size() ? elements[place].start : elements[place - 1].end;
+        const bool isJoined = place == 0 || place == elements.size() || elements[place - 1].end.name == point.name;
+        const std::wstring name = Numberless(point.name);
+        if (isJoined && IsStandardName(name) && name != bend->names[index])
+        {
+            std::wstring expected(bend->names[index]);
+            expected.replace(expected.find(L'#'), 1, std::to_wstring(IntersectionNumber(point.name)));
+            findings.Report(Path(NameOf(alignment), point.name), point.line,
+                            {{L"要素の並びからは{}", L"by the elements {}"}, {expected}});
+        }
+    }
+}
+
+/// Visits every bend of an alignment: the letters of the elements between two lines, and the place of its first point.
+template <class Visit>
+void ForEachBend(const Alignment& alignment, Visit&& visit)
+{
+    std::wstring letters;
+    std::size_t first = 0;
+    for (std::size_t index = 0; index <= alignment.elements.size(); ++index)
+    {
+        const bool isEnd = index == alignment.elements.size();
+        const wchar_t letter = isEnd ? L'L' : LetterOf(alignment.elements[index]);
+        if (letter != L'L')
+        {
+            letters += letter;
+            continue;
+        }
+        // At an end of the alignment a line alone is no bend.
+        if (!letters.empty() || (index > 0 && !isEnd))
+        {
+            visit(letters, first);
+        }
+        letters.clear();
+        first = index + 1;
+    }
 }
 
 } // namespace
@@ -315,6 +410,9 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
             }
             highest = std::max(highest, number);
         }
+        ForEachBend(alignment, [&](const std::wstring& letters, std::size_t first) {
+            CheckBendNames(alignment, letters, first, findings);
+        });
     });
 }
 

@@ -59,6 +59,16 @@ class RisingStations
     double last_ = -std::numeric_limits<double>::infinity();
 };
 
+/// What the length of a vertical curve is the radius' multiple of. Both lie on the horizontal: of a parabola the change
+/// of gradient, of a circle that of the sines of its slopes.
+double CurveTurn(const ProfilePoint& point)
+{
+    const auto measure = [&](double gradient) {
+        return point.element->kind == L"CircCurve" ? std::sin(std::atan(gradient)) : gradient;
+    };
+    return std::abs(measure(point.gradientOut) - measure(point.gradientIn));
+}
+
 } // namespace
 
 void CheckProfileStations(const LandXmlFile& file, Findings& findings)
@@ -130,7 +140,7 @@ void CheckVerticalRadii(const LandXmlFile& file, Findings& findings)
         const ProfileLine line(design);
         for (const ProfilePoint& point : line.Points())
         {
-            const double change = std::abs(point.gradientOut - point.gradientIn);
+            const double change = CurveTurn(point);
             if (point.element->radius.IsFinite() && point.HasCurve() && change > 0)
             {
                 findings.MeasureRatio(PointName(alignment, design, point), point.element->line,

@@ -9,8 +9,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <optional>
 #include <set>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace jlandxml::inspect
@@ -243,6 +245,70 @@ void CheckAngle(Findings& findings, const std::wstring& object, std::size_t line
     }
 }
 
+/// The references of a point other than those of groups, and the words for it.
+struct Reference
+{
+    std::wstring_view pntRef;
+    std::wstring_view featureRef;
+    std::wstring_view ownName;
+    std::size_t line;
+    std::function<std::wstring()> object;
+};
+
+Reference ReferenceOf(const PlanPoint& point, std::function<std::wstring()> object)
+{
+    return {point.pntRef, point.featureRef, point.name, point.line, std::move(object)};
+}
+
+/// Visits the references of all points of an alignment that have some.
+template <class Visit>
+void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
+{
+    const auto has = [](const auto& point) { return !point.pntRef.empty() || !point.featureRef.empty(); };
+    for (const PlanElement& element : alignment.elements)
+    {
+        for (const PlanPoint* const point : {&element.start, &element.center, &element.pi, &element.end})
+        {
+            if (has(*point))
+            {
+                visit(ReferenceOf(*point, [&] { return NameOf(alignment, element); }));
+            }
+        }
+    }
+    for (const PlanPoint& point : alignment.intersections)
+    {
+        if (has(point))
+        {
+            visit(ReferenceOf(point, [&] { return Path(NameOf(alignment), L"PI " + std::wstring(point.name)); }));
+        }
+    }
+    for (const CrossSects& sects : alignment.crossSects)
+    {
+        for (const CrossSect& section : sects.sections)
+        {
+            for (const DesignCrossSectSurf& surface : section.designs)
+            {
+                for (const CrossSectPnt& point : surface.points)
+                {
+                    if (has(point))
+                    {
+                        visit(Reference{point.pntRef, point.featureRef, {}, point.line, [&] {
+                                            return Path(Path(NameOf(alignment), NameOf(section)),
+                                                        L"CrossSectPnt " + std::wstring(point.code));
+                                        }});
+                    }
+                }
+            }
+        }
+    }
+}
+
+template <class Visit>
+void ForEachReference(const LandXmlFile& file, Visit&& visit)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) { ForEachReferenceOf(alignment, visit); });
+}
+
 } // namespace
 
 void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
@@ -281,34 +347,42 @@ void CheckFeatureReferences(const LandXmlFile& file, Findings& findings)
     {
         for (const CgPoint& point : group.points)
         {
-            if (!point.featureRef.empty() && !point.hasFeature)
+            if (!point.point.featureRef.empty() && !point.hasFeature)
             {
-                findings.Report(Path(NameOf(group), NameOf(point)), point.point.line, point.featureRef);
+                findings.Report(Path(NameOf(group), NameOf(point)), point.point.line, point.point.featureRef);
             }
         }
     }
+    ForEachReference(file, [&](const Reference& reference) {
+        if (!reference.featureRef.empty() && file.featureNames.count(reference.featureRef) == 0)
+        {
+            findings.Report(reference.object(), reference.line, reference.featureRef);
+        }
+    });
 }
 
 void CheckPointReferences(const LandXmlFile& file, Findings& findings)
 {
-    NameSet names;
+    std::unordered_map<std::wstring_view, std::size_t> counts;
+    ForEachPlanPoint(file, [&](const PlanPoint& point) { ++counts[point.name]; });
+    const auto leadsToAnother = [&](std::wstring_view reference, std::wstring_view own) {
+        const auto found = counts.find(reference);
+        return found != counts.end() && found->second > (reference == own ? 1U : 0U);
+    };
     for (const PointGroup& group : file.pointGroups)
     {
-        for (const CgPoint& point : group.points)
+        for (const CgPoint& one : group.points)
         {
-            names.insert(point.point.name);
+            if (!one.point.pntRef.empty() && !leadsToAnother(one.point.pntRef, one.point.name))
+            {
+                findings.Report(Path(NameOf(group), NameOf(one)), one.point.line, one.point.pntRef);
+            }
         }
     }
-    ForEachAlignment(file, [&](const Alignment& alignment) {
-        for (const PlanElement& element : alignment.elements)
+    ForEachReference(file, [&](const Reference& reference) {
+        if (!reference.pntRef.empty() && !leadsToAnother(reference.pntRef, reference.ownName))
         {
-            for (const PlanPoint* const point : {&element.start, &element.center, &element.pi, &element.end})
-            {
-                if (!point->pntRef.empty() && names.count(point->pntRef) == 0)
-                {
-                    findings.Report(NameOf(alignment, element), point->line, point->pntRef);
-                }
-            }
+            findings.Report(reference.object(), reference.line, reference.pntRef);
         }
     });
 }
@@ -470,7 +544,12 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
             nearest = &datum;
         }
     }
-    if (nearest != nullptr)
+    if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
+    {
+        findings.Report(L"座標参照系", system.line,
+                        {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}});
+    }
+    else if (nearest != nullptr)
     {
         findings.Measure(L"座標参照系", system.line, differTp, nearest->differTp, system.verticalDatum);
     }
@@ -492,6 +571,38 @@ void CheckSkipped(const LandXmlFile& file, Findings& findings)
     {
         findings.Report(skipped.path, skipped.line, {{L"{}件", L"{} of them"}, {std::to_wstring(skipped.count)}});
     }
+}
+
+void CheckUndrawn(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const PlanElement& element : alignment.elements)
+        {
+            if (element.kind == ElementKind::Spiral && element.spiralType != L"clothoid")
+            {
+                findings.Report(NameOf(alignment, element), element.line,
+                                L"spiType=" + std::wstring(element.spiralType));
+            }
+        }
+        for (const CrossSects& sects : alignment.crossSects)
+        {
+            for (const CrossSect& section : sects.sections)
+            {
+                for (const DesignCrossSectSurf& surface : section.designs)
+                {
+                    const auto other =
+                        std::find_if(surface.points.begin(), surface.points.end(), [](const CrossSectPnt& point) {
+                            return !point.dataFormat.empty() && point.dataFormat != OFFSET_AND_HEIGHT;
+                        });
+                    if (other != surface.points.end())
+                    {
+                        findings.Report(Path(Path(NameOf(alignment), NameOf(section)), surface.name), other->line,
+                                        L"dataFormat=" + std::wstring(other->dataFormat));
+                    }
+                }
+            }
+        }
+    });
 }
 
 void CheckFigures(const LandXmlFile& file, Findings& findings)

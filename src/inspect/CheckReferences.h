@@ -24,6 +24,7 @@ void CheckMetric(const LandXmlFile& file, Findings& findings);
 // What reading the file already shows.
 
 void CheckSkipped(const LandXmlFile& file, Findings& findings);
+void CheckUndrawn(const LandXmlFile& file, Findings& findings);
 void CheckFigures(const LandXmlFile& file, Findings& findings);
 void CheckEncoding(const LandXmlFile& file, Findings& findings);
 void CheckSchema(const LandXmlFile& file, Findings& findings);

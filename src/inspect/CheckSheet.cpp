@@ -145,7 +145,10 @@ Detail SectionWidths(const Alignment& alignment)
             {
                 for (const CrossSectPnt& point : surface.points)
                 {
-                    offsets.Take(point.offset);
+                    if (point.IsOffsetAndHeight())
+                    {
+                        offsets.Take(point.offset);
+                    }
                 }
             }
         }

@@ -87,15 +87,12 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
         }
     }
     AddSuperelevations(alignment, things);
-    const std::pair<const wchar_t*, const std::vector<StationEntry>*> lists[] = {
-        {L"左拡幅", &alignment.wideningLeft}, {L"右拡幅", &alignment.wideningRight}, {L"横断勾配", &alignment.slopes}};
-    for (const auto& [name, list] : lists)
-    {
-        for (const StationEntry& entry : *list)
+    ForEachStationList(alignment, [&](const wchar_t* name, const std::vector<StationEntry>& list) {
+        for (const StationEntry& entry : list)
         {
             things.push_back({name, entry.Station(), entry.line});
         }
-    }
+    });
     return things;
 }
 
@@ -195,13 +192,21 @@ void CheckEquationsRise(const LandXmlFile& file, Findings& findings)
 void CheckLabelsOnce(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        for (const StaEquation& equation : alignment.equations)
+        double label = alignment.staStart.value;
+        double internal = alignment.staStart.value;
+        for (const StaEquation* const equation : SortedEquations(alignment))
         {
-            if (equation.ahead.value < equation.back.value - SAME_STATION)
+            // What the count had come to, where the file doesn't say it itself.
+            const double counted = label + equation->internal.value - internal;
+            const Figure back = equation->back.IsFinite() ? equation->back : Figure{{}, counted};
+            if (equation->ahead.value < back.value - SAME_STATION)
             {
-                findings.Report(EquationName(alignment, equation), equation.line,
-                                std::wstring(equation.ahead.text) + L"～" + std::wstring(equation.back.text));
+                findings.Report(EquationName(alignment, *equation), equation->line,
+                                std::wstring(equation->ahead.text) + L"～" +
+                                    NameOr(back.text, ShortNumber(back.value, 3)));
             }
+            label = equation->ahead.value;
+            internal = equation->internal.value;
         }
     });
 }
@@ -261,10 +266,13 @@ void CheckPointsOnLine(const LandXmlFile& file, Findings& findings)
 
 void CheckPointDirections(const LandXmlFile& file, Findings& findings)
 {
-    const std::wstring_view unit = file.units ? file.units->direction : std::wstring_view();
+    if (!file.units)
+    {
+        return; // whatever the directions are
+    }
     ForEachIntermediatePoint(
         file, [&](const Alignment&, const Course& course, const PointGroup& group, const CgPoint& point) {
-            const std::optional<double> direction = ReadAngle(point.direction, unit);
+            const std::optional<double> direction = ReadAngle(point.direction, file.units->direction);
             if (!direction || !point.station.IsFinite())
             {
                 return;

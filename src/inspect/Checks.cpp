@@ -17,11 +17,11 @@ namespace
 
 constexpr Tolerance METRES{0.001, 0.1, L"m"};
 constexpr Tolerance RADIANS{0.001, 0.1, L"rad"};
-constexpr Tolerance EQUATION{0.001, 0.001, L"m"};
-constexpr Tolerance SECONDS{1, 3600, L"″"};
+constexpr Tolerance ONE_MILLIMETRE{0.001, 0.001, L"m"};
+constexpr Tolerance ONE_SECOND{1, 1, L"″"};
 constexpr Tolerance CLOTHOID_RATIO{1e-5, 1e-3, L""};
-constexpr Tolerance RADIUS_RATIO{1e-3, 1e-1, L""};
-constexpr Tolerance CURVE_OVERLAP{1e-4, 1e-1, L"m"};
+constexpr Tolerance RADIUS_RATIO{1e-3, 1e-3, L""};
+constexpr Tolerance CURVE_OVERLAP{1e-4, 1e-4, L"m"};
 constexpr Tolerance CENTRE_HEIGHT{0.01, 0.1, L"m"};
 constexpr Tolerance DATUM{0.00005, 0.1, L"m"};
 
@@ -66,6 +66,14 @@ constexpr Check CHECKS[] = {
       L"Save the file again in the encoding that its XML declaration names"},
      L"XML 1.0 4.3.3",
      CheckEncoding},
+    {L"X04",
+     INFORMATION,
+     {},
+     {L"検査と作図の対象でない種類の要素があります", L"An element of a kind that isn't checked or drawn"},
+     {L"クロソイド（spiType=\"clothoid\"）か、離れと高さ（Offset Elevation）の構成点にしてください",
+      L"Use clothoids (spiType=\"clothoid\") and points by offset and height (Offset Elevation)"},
+     JLANDXML,
+     CheckUndrawn},
     {L"S01",
      ERROR_GRADE,
      {},
@@ -138,7 +146,7 @@ constexpr Check CHECKS[] = {
      CheckRotations},
     {L"H09",
      ERROR_GRADE,
-     METRES,
+     ONE_MILLIMETRE,
      {L"線形の長さが要素の長さの合計と合いません", L"An alignment's length isn't the sum of its elements' lengths"},
      {L"Alignment@lengthか要素のlengthを確かめてください", L"See to Alignment@length or to the elements' length"},
      LANDXML,
@@ -178,7 +186,7 @@ constexpr Check CHECKS[] = {
      CheckStartStations},
     {L"T02",
      ERROR_GRADE,
-     EQUATION,
+     ONE_MILLIMETRE,
      {L"測点定義が前の測点から続きません", L"A station equation doesn't follow from the one before"},
      {L"staBackは前のstaAheadにstaInternalの差を加えた値にしてください",
       L"staBack is the former staAhead and the difference of staInternal"},
@@ -214,14 +222,14 @@ constexpr Check CHECKS[] = {
      CheckStationsWithin},
     {L"T07",
      ERROR_GRADE,
-     METRES,
+     ONE_MILLIMETRE,
      {L"中間点が中心線の上にありません", L"An intermediate point isn't on the centre line"},
      {L"座標か測点staを確かめてください", L"See to the coordinates or to sta"},
      JLANDXML,
      CheckPointsOnLine},
     {L"T08",
      ERROR_GRADE,
-     SECONDS,
+     ONE_SECOND,
      {L"中間点の接線方向角が計算と合いません", L"An intermediate point's direction isn't the tangent's"},
      {L"北から右回りの方向角を、directionUnitの単位で入力してください",
       L"Enter the azimuth from north, clockwise, in directionUnit"},
@@ -257,7 +265,8 @@ constexpr Check CHECKS[] = {
      ERROR_GRADE,
      RADIUS_RATIO,
      {L"縦断曲線の半径が長さと勾配に合いません", L"A vertical curve's radius doesn't fit length and gradients"},
-     {L"R＝L÷｜g2－g1｜となるように直してください", L"R = L / |g2 - g1|"},
+     {L"R＝L÷｜g2－g1｜、CircCurveではR＝L÷｜sinθ2－sinθ1｜となるように直してください",
+      L"R = L / |g2 - g1|, of a CircCurve R = L / |sin θ2 - sin θ1|"},
      ROAD_STRUCTURE,
      CheckVerticalRadii},
     {L"V05",
@@ -286,7 +295,7 @@ constexpr Check CHECKS[] = {
      CheckSectionOrder},
     {L"C03",
      ERROR_GRADE,
-     METRES,
+     ONE_MILLIMETRE,
      {L"閉じた構築形状の始点と終点が離れています", L"The outline of a closed surface is open"},
      {L"最後の構成点を最初の構成点と同じにしてください", L"Make the last point the same as the first"},
      JLANDXML,
@@ -324,10 +333,17 @@ constexpr Check CHECKS[] = {
     {L"C08",
      INFORMATION,
      {},
-     {L"横断地形線の名称のサーフェスがありません", L"There is no surface of a ground line's name"},
-     {L"サーフェスの名称か種別を横断地形線の名称にしてください", L"Give the surface's name or kind to the ground line"},
+     {L"縦断地盤線か横断地形線の名称のサーフェスがありません", L"There is no surface of a ground line's name"},
+     {L"サーフェスの名称か種別を地形線の名称にしてください", L"Give the surface's name or kind to the ground line"},
      JLANDXML,
      CheckGroundNames},
+    {L"C09",
+     WARNING,
+     {},
+     {L"拡幅か横断勾配が測点の順に並んでいません", L"Widenings or cross slopes are out of order"},
+     {L"起点から測点の順に並べてください", L"Put them in the order of stations"},
+     JLANDXML,
+     CheckStationLists},
 
     // Surfaces
     {L"F01",

@@ -27,6 +27,10 @@ void ElementReader::ForEachChild(pugi::xml_node element, Children children)
             continue;
         }
         const std::wstring_view name = LocalName(child);
+        if (name == L"Feature")
+        {
+            file_.featureNames.insert(AttributeText(child, L"name"));
+        }
         const auto* const known =
             std::find_if(children.begin(), children.end(), [&](const auto& entry) { return entry.first == name; });
         if (known != children.end())
@@ -104,6 +108,7 @@ PlanPoint ElementReader::Point(pugi::xml_node element)
     PlanPoint point;
     point.name = AttributeText(element, L"name");
     point.pntRef = AttributeText(element, L"pntRef");
+    point.featureRef = AttributeText(element, L"featureRef");
     point.line = Line(element);
     const std::vector<Figure> figures = Numbers(element.child_value(), LocalName(element), point.line);
     Figure* const coordinates[] = {&point.north, &point.east, &point.height};
@@ -117,13 +122,10 @@ PlanPoint ElementReader::Point(pugi::xml_node element)
 Feature ElementReader::ReadFeature(pugi::xml_node element)
 {
     Feature feature{AttributeText(element, L"name"), {}, Line(element)};
-    for (const pugi::xml_node child : element.children())
-    {
-        if (LocalName(child) == L"Property")
-        {
-            feature.properties.push_back({AttributeText(child, L"label"), AttributeText(child, L"value"), Line(child)});
-        }
-    }
+    ForEachChild(element, {{L"Property", [&](pugi::xml_node child) {
+                                feature.properties.push_back(
+                                    {AttributeText(child, L"label"), AttributeText(child, L"value"), Line(child)});
+                            }}});
     return feature;
 }
 

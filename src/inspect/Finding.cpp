@@ -109,7 +109,9 @@ std::optional<Severity> Findings::Grade(double deviation, Severity highest, doub
 {
     const Tolerance& limits = *check_->tolerance;
     tolerance = deviation > limits.error ? limits.error : limits.warning;
-    if (!std::isfinite(deviation) || deviation <= limits.warning)
+    // The last digits of a binary difference don't make a figure one that is off.
+    constexpr double DIGITS = 1 + 1e-9;
+    if (!std::isfinite(deviation) || deviation <= limits.warning * DIGITS)
     {
         return {};
     }

@@ -31,6 +31,12 @@ std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstri
     return property != nullptr ? property->value : std::wstring_view();
 }
 
+bool DesignCrossSectSurf::HasPlace() const
+{
+    return std::all_of(points.begin(), points.end(),
+                       [](const CrossSectPnt& point) { return point.IsOffsetAndHeight(); });
+}
+
 std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file)
 {
     std::unordered_map<std::wstring_view, const Alignment*> byName;

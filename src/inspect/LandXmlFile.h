@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace jlandxml::inspect
@@ -51,6 +52,7 @@ struct PlanPoint
 {
     std::wstring_view name;
     std::wstring_view pntRef;
+    std::wstring_view featureRef;
     Figure north;
     Figure east;
     Figure height;
@@ -187,6 +189,9 @@ struct CrossSectSurf
     std::size_t line = 0;
 };
 
+/// The format of a design surface's points that the standard asks for; the other one is "Slope Distance".
+inline constexpr std::wstring_view OFFSET_AND_HEIGHT = L"Offset Elevation";
+
 /// A point of a design surface.
 struct CrossSectPnt
 {
@@ -194,7 +199,15 @@ struct CrossSectPnt
     std::wstring_view dataFormat; ///< empty: offset and height
     Figure offset;
     Figure height;
+    std::wstring_view pntRef;
+    std::wstring_view featureRef;
     std::size_t line = 0;
+
+    /// True if its figures are offset and height, false if they are slope and distance, or none.
+    bool IsOffsetAndHeight() const
+    {
+        return (dataFormat.empty() || dataFormat == OFFSET_AND_HEIGHT) && offset.IsFinite() && height.IsFinite();
+    }
 };
 
 struct DesignCrossSectSurf
@@ -209,6 +222,8 @@ struct DesignCrossSectSurf
     std::vector<Feature> features; ///< heightType, pavementClass
     std::size_t line = 0;
 
+    /// True if every point lies where its figures say: only then can the surface be drawn.
+    bool HasPlace() const;
     bool IsClosed() const { return closedArea == L"true" || closedArea == L"1"; }
     /// True if its heights are offsets from the design profile's height instead of elevations.
     bool IsRelativeToProfile() const { return PropertyValue(features, L"", L"heightType") == L"fhOffset"; }
@@ -268,7 +283,6 @@ struct CgPoint
 {
     PlanPoint point;
     std::wstring_view desc;
-    std::wstring_view featureRef;
     Figure station;
     Figure direction; ///< from north, clockwise, in the file's directionUnit
     bool hasFeature = false;
@@ -365,8 +379,9 @@ struct LandXmlFile
     std::vector<Surface> surfaces;
     std::vector<SkippedElements> skipped;
     std::vector<UnreadableFigure> unreadable;
-    std::vector<SchemaFault> schemaFaults; ///< of the schema that the file was held against, if any
-    bool hasMalformedText = false;         ///< bytes that aren't in the file's encoding
+    std::unordered_set<std::wstring_view> featureNames; ///< of every Feature that the reader came by
+    std::vector<SchemaFault> schemaFaults;              ///< of the schema that the file was held against, if any
+    bool hasMalformedText = false;                      ///< bytes that aren't in the file's encoding
 
     /// What the texts are views into.
     std::unique_ptr<SourceText> source;
@@ -384,6 +399,46 @@ void ForEachAlignment(const LandXmlFile& file, Visit&& visit)
             visit(alignment);
         }
     }
+}
+
+/// Visits every point in the plane that may refer to another by its name, or be referred to: those of alignments'
+/// elements, their intersection points and the points of groups. `file` is a LandXmlFile, or a const one.
+template <class File, class Visit>
+void ForEachPlanPoint(File& file, Visit&& visit)
+{
+    for (auto& group : file.pointGroups)
+    {
+        for (auto& point : group.points)
+        {
+            visit(point.point);
+        }
+    }
+    for (auto& route : file.routes)
+    {
+        for (auto& alignment : route.alignments)
+        {
+            for (auto& element : alignment.elements)
+            {
+                for (auto* const point : {&element.start, &element.center, &element.pi, &element.end})
+                {
+                    visit(*point);
+                }
+            }
+            for (auto& point : alignment.intersections)
+            {
+                visit(point);
+            }
+        }
+    }
+}
+
+/// Visits the lists of widenings and cross slopes of an alignment with the words for them.
+template <class Visit>
+void ForEachStationList(const Alignment& alignment, Visit&& visit)
+{
+    visit(L"左拡幅", alignment.wideningLeft);
+    visit(L"右拡幅", alignment.wideningRight);
+    visit(L"横断勾配", alignment.slopes);
 }
 
 /// The alignments by their names; of several of one name the first.

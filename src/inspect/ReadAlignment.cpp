@@ -239,6 +239,8 @@ class AlignmentReader
         CrossSectPnt point;
         point.code = AttributeText(element, L"code");
         point.dataFormat = AttributeText(element, L"dataFormat");
+        point.pntRef = AttributeText(element, L"pntRef");
+        point.featureRef = AttributeText(element, L"featureRef");
         point.line = reader_.Line(element);
         const std::vector<Figure> figures = reader_.Numbers(element.child_value(), L"CrossSectPnt", point.line);
         point.offset = figures.empty() ? Figure() : figures[0];

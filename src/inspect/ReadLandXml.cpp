@@ -99,7 +99,7 @@ class FileReader
         reader_.ForEachChild(element, {{L"CgPoint", [&](Node child) { ReadCgPoint(group, child); }},
                                        {L"Feature", FeatureInto(group.features)}});
         group.kind = KindOf(group);
-        group.alignmentRefs = PropertyValue(group.features, group.kind, L"alignmentRefs");
+        group.alignmentRefs = Trim(PropertyValue(group.features, group.kind, L"alignmentRefs"));
         FillFromFeatures(group);
         file_.pointGroups.push_back(std::move(group));
     }
@@ -109,7 +109,6 @@ class FileReader
         CgPoint point;
         point.point = reader_.Point(element);
         point.desc = AttributeText(element, L"desc");
-        point.featureRef = AttributeText(element, L"featureRef");
         group.points.push_back(point);
     }
 
@@ -133,7 +132,7 @@ class FileReader
         }
         for (CgPoint& point : group.points)
         {
-            const auto found = point.featureRef.empty() ? byName.end() : byName.find(point.featureRef);
+            const auto found = point.point.featureRef.empty() ? byName.end() : byName.find(point.point.featureRef);
             point.hasFeature = found != byName.end();
             if (point.hasFeature)
             {
@@ -236,39 +235,47 @@ class FileReader
         target.insert(target.end(), source.begin(), source.end());
     }
 
-    /// Gives points that refer to another the other's coordinates.
+    /// Gives points that refer to another the other's coordinates, which may be another's themselves.
     void FollowPointReferences()
     {
         std::unordered_map<std::wstring_view, const PlanPoint*> byName;
-        for (const PointGroup& group : file_.pointGroups)
-        {
-            for (const CgPoint& point : group.points)
-            {
-                byName.emplace(point.point.name, &point.point);
-            }
-        }
-        const auto follow = [&](PlanPoint& point) {
-            const auto found = byName.find(point.pntRef);
-            if (!point.pntRef.empty() && !point.north.IsWritten() && found != byName.end())
-            {
-                point.north = found->second->north;
-                point.east = found->second->east;
-                point.height = found->second->height;
-            }
-        };
-        for (AlignmentGroup& route : file_.routes)
-        {
-            for (Alignment& alignment : route.alignments)
-            {
-                for (PlanElement& element : alignment.elements)
+        const auto nameAll = [&](bool arePlaced) {
+            ForEachPlanPoint(file_, [&](const PlanPoint& point) {
+                if (!point.name.empty() && point.north.IsWritten() == arePlaced)
                 {
-                    follow(element.start);
-                    follow(element.end);
-                    follow(element.center);
-                    follow(element.pi);
+                    byName.emplace(point.name, &point);
                 }
+            });
+        };
+        nameAll(true);
+        nameAll(false);
+        ForEachPlanPoint(file_, [&](PlanPoint& point) {
+            if (const PlanPoint* const target = PlaceOf(point, byName))
+            {
+                point.north = target->north;
+                point.east = target->east;
+                point.height = target->height;
             }
+        });
+    }
+
+    /// The point with coordinates to which the references of a point without any lead; null if they lead nowhere, or
+    /// too far round.
+    static const PlanPoint* PlaceOf(const PlanPoint& point,
+                                    const std::unordered_map<std::wstring_view, const PlanPoint*>& byName)
+    {
+        constexpr int MOST_STEPS = 8;
+        const PlanPoint* target = &point;
+        for (int step = 0; step < MOST_STEPS && !target->north.IsWritten() && !target->pntRef.empty(); ++step)
+        {
+            const auto found = byName.find(target->pntRef);
+            if (found == byName.end())
+            {
+                return nullptr;
+            }
+            target = found->second;
         }
+        return target != &point && target->north.IsWritten() ? target : nullptr;
     }
 
     LandXmlFile& file_;

@@ -82,7 +82,7 @@ class SectionDrawer
         {
             const std::wstring_view layer = PropertyValue(surface.features, L"", L"pavementClass");
             const std::wstring_view name = layer.empty() ? surface.name : layer;
-            if (surface.IsClosed() && names.insert(name).second)
+            if (surface.IsClosed() && surface.HasPlace() && names.insert(name).second)
             {
                 page_.Raw("<span class=\"swatch\" style=\"background:").Raw(ColourOf(surface)).Raw("\"></span>");
                 page_.Text(name).Raw(" ");
@@ -111,6 +111,10 @@ class SectionDrawer
         }
         for (const DesignCrossSectSurf& surface : section_.designs)
         {
+            if (!surface.HasPlace())
+            {
+                continue;
+            }
             for (const CrossSectPnt& point : surface.points)
             {
                 x_.Take(point.offset.value);
@@ -141,7 +145,7 @@ class SectionDrawer
 
     void DrawDesign(const DesignCrossSectSurf& surface)
     {
-        if (surface.points.empty())
+        if (surface.points.empty() || !surface.HasPlace())
         {
             return;
         }

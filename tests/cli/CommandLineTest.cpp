@@ -95,7 +95,7 @@ TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
     EXPECT_EQ(outcome.out, "");
     EXPECT_TRUE(outcome.err.starts_with("誤り H09 ")) << outcome.err;
     EXPECT_TRUE(
-        outcome.err.ends_with(" A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.1 m）\n"))
+        outcome.err.ends_with(" A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.001 m）\n"))
         << outcome.err;
     EXPECT_FALSE(folder.Read(L"out.xml").empty());
 }

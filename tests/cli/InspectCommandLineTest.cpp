@@ -103,7 +103,7 @@ TEST_F(InspectCommandLineTest, JsonHasTheNumbersOfAFinding)
     const OrderedJson& finding = file["findings"][0];
     EXPECT_EQ(finding["value"], 3.0);
     EXPECT_EQ(finding["expected"], 1.0);
-    EXPECT_EQ(finding["tolerance"], 0.1);
+    EXPECT_EQ(finding["tolerance"], 0.001);
     EXPECT_EQ(finding["line"], 1);
     EXPECT_EQ(file["summary"]["alignments"][0]["length"], 3.0);
 }

@@ -29,6 +29,8 @@ const Explained EXPLAINED[] = {
     {"two-routes", L"C01", "本線／片勾配すりつけ 311.",
      "the second transition's stations are out of order in the example"},
     {"two-routes", L"C05", "本線／横断面", "a subgrade across the centre line gets the side of its first point"},
+    {"river", L"C08", "堤防法線／縦断地盤線", "the file has no surfaces of its ground lines"},
+    {"two-routes", L"C08", "本線／縦断地盤線 地盤線", "the file's surface has another name"},
     {"日本語のフォルダー", L"R12", "単位系", "the work file has no units"},
 };
 
@@ -56,12 +58,11 @@ constexpr const char* END = "<End name=\"KA.1-1\">12500.79234746";
 const ExampleChange EXAMPLE_CHANGES[] = {
     {"AnEndMovedByTwoMillimetres",
      {END, "<End name=\"KA.1-1\">12500.79434746"},
-     {"警告 H02 " + ROAD_LINE, "警告 T08 IntermediatePnts-1／No.0", "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+     {"警告 H02 " + ROAD_LINE, "誤り T08 IntermediatePnts-1／No.0", "誤り T08 IntermediatePnts-1／No.2+10.000"}},
     {"AnEndMovedByTwentyCentimetres",
      {END, "<End name=\"KA.1-1\">12500.99234746"},
-     {"誤り H02 " + ROAD_LINE, "警告 H03 " + ROAD_LINE, "警告 H05 " + ROAD_LINE,
-      "警告 T07 IntermediatePnts-1／No.2+10.000", "警告 T08 IntermediatePnts-1／No.0",
-      "警告 T08 IntermediatePnts-1／No.2+10.000"}},
+     {"誤り H02 " + ROAD_LINE, "警告 H03 " + ROAD_LINE, "警告 H05 " + ROAD_LINE, "誤り T07 IntermediatePnts-1／No.2+10.000",
+      "誤り T08 IntermediatePnts-1／No.0", "誤り T08 IntermediatePnts-1／No.2+10.000"}},
     {"ACurveTurnedRound",
      {"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""},
      {"誤り H08 " + ROAD_CURVE, "誤り T07 IntermediatePnts-1／No.10", "誤り T08 IntermediatePnts-1／No.10"}},
