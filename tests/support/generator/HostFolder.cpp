@@ -203,8 +203,9 @@ class HostFolder
         default:
             system.Set("desc", datum.description + place);
         }
-        start_.point.north = 10.0 * random_.Between(-15000, 15000);
-        start_.point.east = 10.0 * random_.Between(-9000, 9000);
+        // All zones of the table have land around their origins.
+        start_.point.north = 2.0 * random_.Between(-15000, 15000);
+        start_.point.east = 2.0 * random_.Between(-9000, 9000);
         start_.azimuth = random_.Between(0, 359) * PI / 180.0;
     }
 

@@ -35,8 +35,40 @@ void Collect(XmlElement& element, Elements& all)
     }
 }
 
+constexpr const char* OWNERS[] = {"Alignment", "CgPoints", "Surface", "Roadway"};
+
+/// Follows the way from an element down to another; false if it isn't below.
+bool FollowTo(const XmlElement& from, const XmlElement& to, Elements::size_type depth, Oddity& note)
+{
+    note.tags.resize(depth);
+    note.tags.push_back(from.name);
+    const std::string outer = note.owner;
+    if (std::find(std::begin(OWNERS), std::end(OWNERS), from.name) != std::end(OWNERS))
+    {
+        const auto name = std::find_if(from.attributes.begin(), from.attributes.end(),
+                                       [](const auto& attribute) { return attribute.first == "name"; });
+        note.owner = name != from.attributes.end() ? name->second : outer;
+    }
+    if (&from == &to || std::any_of(from.children.begin(), from.children.end(),
+                                    [&](const XmlElement& child) { return FollowTo(child, to, depth + 1, note); }))
+    {
+        return true;
+    }
+    note.owner = outer;
+    return false;
+}
+
+/// Notes where an element lies.
+XmlElement& Noted(XmlElement& element, const XmlElement& root, Oddity& note)
+{
+    constexpr std::ptrdiff_t TAGS = 3;
+    FollowTo(root, element, 0, note);
+    note.tags.erase(note.tags.begin(), note.tags.end() - std::min<std::ptrdiff_t>(TAGS, std::ssize(note.tags)));
+    return element;
+}
+
 /// Any element; those of terrain, which are most of them and which nobody reads, are taken seldom.
-XmlElement& AnyElement(SplitMix64& random, XmlElement& root)
+XmlElement& AnyElement(SplitMix64& random, XmlElement& root, Oddity& note)
 {
     Elements all;
     Collect(root, all);
@@ -45,16 +77,16 @@ XmlElement& AnyElement(SplitMix64& random, XmlElement& root)
     {
         element = random.Pick(all);
     }
-    return *element;
+    return Noted(*element, root, note);
 }
 
 /// Any element that has children.
-XmlElement& AnyParent(SplitMix64& random, XmlElement& root)
+XmlElement& AnyParent(SplitMix64& random, XmlElement& root, Oddity& note)
 {
     Elements all;
     Collect(root, all);
     std::erase_if(all, [](const XmlElement* element) { return element->children.empty(); });
-    return all.empty() ? root : *random.Pick(all);
+    return Noted(all.empty() ? root : *random.Pick(all), root, note);
 }
 
 void ChangeCase(SplitMix64& random, std::string& name)
@@ -100,43 +132,75 @@ void Double(SplitMix64& random, std::vector<Entry>& entries)
 
 // Oddities of the tree, one each
 
-void OddElementName(SplitMix64& random, XmlElement& root)
+void OddElementName(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    ChangeCase(random, AnyElement(random, root).name);
+    ChangeCase(random, AnyElement(random, root, note).name);
 }
 
-void OddAttributeName(SplitMix64& random, XmlElement& root)
+void OddAttributeName(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    XmlElement& element = AnyElement(random, root);
+    XmlElement& element = AnyElement(random, root, note);
     if (!element.attributes.empty())
     {
         ChangeCase(random, element.attributes[random.Below(element.attributes.size())].first);
     }
 }
 
-void DropChild(SplitMix64& random, XmlElement& root)
+/// Notes which children there were before or are behind, more than at the other time: that which was dropped or
+/// doubled.
+void NoteDifference(const std::vector<XmlElement>& fewer, const std::vector<XmlElement>& more, Oddity& note)
 {
-    Drop(random, AnyParent(random, root).children);
+    for (const XmlElement& child : more)
+    {
+        const auto count = [&](const std::vector<XmlElement>& children) {
+            return std::count_if(children.begin(), children.end(),
+                                 [&](const XmlElement& one) { return one.name == child.name; });
+        };
+        if (count(fewer) != count(more))
+        {
+            note.tags.push_back(child.name);
+            return;
+        }
+    }
 }
 
-void DoubleChild(SplitMix64& random, XmlElement& root)
+void DropNoted(SplitMix64& random, std::vector<XmlElement>& children, Oddity& note)
 {
-    Double(random, AnyParent(random, root).children);
+    const std::vector<XmlElement> before = children;
+    Drop(random, children);
+    NoteDifference(children, before, note);
 }
 
-void ShuffleChildren(SplitMix64& random, XmlElement& root)
+void DoubleNoted(SplitMix64& random, std::vector<XmlElement>& children, Oddity& note)
 {
-    Shuffle(random, AnyParent(random, root).children);
+    const std::vector<XmlElement> before = children;
+    Double(random, children);
+    NoteDifference(before, children, note);
 }
 
-void DropAttribute(SplitMix64& random, XmlElement& root)
+void DropChild(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    Drop(random, AnyElement(random, root).attributes);
+    DropNoted(random, AnyParent(random, root, note).children, note);
 }
 
-void OddAttributeValue(SplitMix64& random, XmlElement& root)
+void DoubleChild(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    XmlElement& element = AnyElement(random, root);
+    DoubleNoted(random, AnyParent(random, root, note).children, note);
+}
+
+void ShuffleChildren(SplitMix64& random, XmlElement& root, Oddity& note)
+{
+    Shuffle(random, AnyParent(random, root, note).children);
+}
+
+void DropAttribute(SplitMix64& random, XmlElement& root, Oddity& note)
+{
+    Drop(random, AnyElement(random, root, note).attributes);
+}
+
+void OddAttributeValue(SplitMix64& random, XmlElement& root, Oddity& note)
+{
+    XmlElement& element = AnyElement(random, root, note);
     if (!element.attributes.empty())
     {
         const std::size_t index = random.Below(element.attributes.size());
@@ -144,9 +208,9 @@ void OddAttributeValue(SplitMix64& random, XmlElement& root)
     }
 }
 
-void OddElementText(SplitMix64& random, XmlElement& root)
+void OddElementText(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    XmlElement& element = AnyElement(random, root);
+    XmlElement& element = AnyElement(random, root, note);
     if (element.children.empty())
     {
         element.text = random.OneIn(2) ? random.Pick(ODD_NUMBERS) : random.Pick(ODD_TEXTS);
@@ -154,9 +218,9 @@ void OddElementText(SplitMix64& random, XmlElement& root)
 }
 
 /// A host's numbers may have a pair's second part missing, or blanks of another kind.
-void OddPair(SplitMix64& random, XmlElement& root)
+void OddPair(SplitMix64& random, XmlElement& root, Oddity& note)
 {
-    XmlElement& element = AnyElement(random, root);
+    XmlElement& element = AnyElement(random, root, note);
     const std::size_t blank = element.text.find(' ');
     if (blank != std::string::npos)
     {
@@ -165,14 +229,14 @@ void OddPair(SplitMix64& random, XmlElement& root)
     }
 }
 
-void AddFeature(SplitMix64& random, XmlElement& root)
+void AddFeature(SplitMix64& random, XmlElement& root, Oddity& note)
 {
     constexpr const char* NAMES[] = {
         "", "Interval", "SuperelevationConfig", "SlopeList", "Horizontal", "WideningList", "Formation", "ReverseCrown"};
     constexpr const char* LABELS[] = {
         "main",          "sub",           "normalCrown", "useSlopeList", "slopeValue",   "widthLeftValue",
         "alignmentRefs", "profAlignRefs", "A",           "clOffset",     "designGmType", "sta"};
-    XmlElement& feature = AnyParent(random, root).Add("Feature");
+    XmlElement& feature = AnyParent(random, root, note).Add("Feature");
     const std::string name = random.Pick(NAMES);
     if (!name.empty())
     {
@@ -186,10 +250,25 @@ void AddFeature(SplitMix64& random, XmlElement& root)
     }
 }
 
-using TreeOddity = void (*)(SplitMix64&, XmlElement&);
-constexpr TreeOddity TREE_ODDITIES[] = {OddElementName,  OddAttributeName, DropChild,         DoubleChild,
-                                        ShuffleChildren, DropAttribute,    OddAttributeValue, OddAttributeValue,
-                                        OddElementText,  OddElementText,   OddPair,           AddFeature};
+struct TreeOddity
+{
+    const char* what;
+    void (*make)(SplitMix64&, XmlElement&, Oddity&);
+};
+constexpr TreeOddity TREE_ODDITIES[] = {
+    {"OddElementName", OddElementName},
+    {"OddAttributeName", OddAttributeName},
+    {"DropChild", DropChild},
+    {"DoubleChild", DoubleChild},
+    {"ShuffleChildren", ShuffleChildren},
+    {"DropAttribute", DropAttribute},
+    {"OddAttributeValue", OddAttributeValue},
+    {"OddAttributeValue", OddAttributeValue},
+    {"OddElementText", OddElementText},
+    {"OddElementText", OddElementText},
+    {"OddPair", OddPair},
+    {"AddFeature", AddFeature},
+};
 
 // Oddities of side files
 
@@ -334,9 +413,14 @@ void Break(SplitMix64& random, std::string& bytes)
     }
 }
 
-std::string OddDocument(SplitMix64& random, const XmlElement& landXml)
+std::string OddDocument(SplitMix64& random, const XmlElement& landXml, std::vector<Oddity>& oddities)
 {
-    const Encoding& encoding = random.OneIn(12) ? random.Pick(WRONG_ENCODINGS) : random.Pick(ENCODINGS);
+    const bool isWrong = random.OneIn(12);
+    const Encoding& encoding = isWrong ? random.Pick(WRONG_ENCODINGS) : random.Pick(ENCODINGS);
+    if (isWrong)
+    {
+        oddities.push_back({"Damage", {"LandXML"}, {}});
+    }
     const std::string lineEnd = random.OneIn(3) ? "\r\n" : "\n";
     std::string text;
     if (!random.OneIn(6))
@@ -352,11 +436,12 @@ std::string OddDocument(SplitMix64& random, const XmlElement& landXml)
     if (random.OneIn(12))
     {
         Break(random, bytes);
+        oddities.push_back({"Damage", {"LandXML"}, {}});
     }
     return bytes;
 }
 
-std::string OddSideFile(SplitMix64& random, const SideFile& file)
+std::string OddSideFile(SplitMix64& random, const SideFile& file, std::vector<Oddity>& oddities)
 {
     std::string bytes = CsvText(file, random.OneIn(3) ? "\r\n" : "\n");
     switch (random.Below(8))
@@ -366,9 +451,11 @@ std::string OddSideFile(SplitMix64& random, const SideFile& file)
         break;
     case 1:
         bytes = Cp932FromWide(WideFromUtf8(bytes));
+        oddities.push_back({"OddBytes", {file.name}, {}});
         break;
     case 2:
         Break(random, bytes);
+        oddities.push_back({"OddBytes", {file.name}, {}});
         break;
     default:
         break;
@@ -378,30 +465,39 @@ std::string OddSideFile(SplitMix64& random, const SideFile& file)
 
 } // namespace
 
-FolderFiles OddFiles(SplitMix64& random, Draft draft)
+FolderFiles OddFiles(SplitMix64& random, Draft draft, std::vector<Oddity>& oddities)
 {
     for (int count = random.Between(1, 12); count > 0; --count)
     {
-        random.Pick(TREE_ODDITIES)(random, draft.landXml);
+        const TreeOddity& oddity = random.Pick(TREE_ODDITIES);
+        Oddity note{oddity.what, {}, {}};
+        oddity.make(random, draft.landXml, note);
+        oddities.push_back(std::move(note));
     }
     FolderFiles files;
     if (!random.OneIn(30))
     {
-        files.emplace_back("Landxml_temp.xml", OddDocument(random, draft.landXml));
+        files.emplace_back("Landxml_temp.xml", OddDocument(random, draft.landXml, oddities));
     }
     for (SideFile& file : draft.sideFiles)
     {
         if (random.OneIn(3))
         {
             OddRows(random, file);
+            oddities.push_back({"OddRows", {file.name}, {}});
         }
         if (random.OneIn(3))
         {
             OddFields(random, file);
+            oddities.push_back({"OddFields", {file.name}, {}});
         }
         if (!random.OneIn(20))
         {
-            files.emplace_back(file.name, OddSideFile(random, file));
+            files.emplace_back(file.name, OddSideFile(random, file, oddities));
+        }
+        else
+        {
+            oddities.push_back({"Missing", {file.name}, {}});
         }
     }
     // Settings for a group that its broken file doesn't give end the run before anything else is seen of it.
@@ -413,6 +509,7 @@ FolderFiles OddFiles(SplitMix64& random, Draft draft)
     if (random.OneIn(3))
     {
         LeaveOut(random, draft.settings);
+        oddities.push_back({"LeaveOut", {"settings.json"}, {}});
     }
     files.emplace_back("settings.json", JsonText(draft.settings));
     return files;

@@ -33,7 +33,7 @@ WorkFolder MakeWorkFolder(std::uint64_t seed, std::uint32_t number)
     Draft draft = DrawHostFolder(random);
     WorkFolder folder;
     folder.hostLike = number % 2 == 1;
-    folder.files = folder.hostLike ? HostFiles(draft) : OddFiles(random, std::move(draft));
+    folder.files = folder.hostLike ? HostFiles(draft) : OddFiles(random, std::move(draft), folder.oddities);
     return folder;
 }
 

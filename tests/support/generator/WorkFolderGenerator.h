@@ -14,6 +14,7 @@ struct WorkFolder
     FolderFiles files;
     /// As a host writes it, with settings that complete it: the run ends with status 0. Otherwise how it ends is open.
     bool hostLike = false;
+    std::vector<Oddity> oddities; ///< what is amiss; nothing in a folder as hosts write it
 };
 
 /// The folder of a number, from 1; the same bytes for the same seed and number, on every platform. Odd numbers give
