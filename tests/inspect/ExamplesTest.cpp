@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 namespace jlandxml::inspect
 {
@@ -90,6 +91,123 @@ const ExampleChange EXAMPLE_CHANGES[] = {
     {"AMainPointOfAnotherNumber",
      {"<End name=\"KE.1-2\">", "<End name=\"KE.1-9\">"},
      {"警告 H12 線形1／円曲線 KE.1-1～KE.1-9"}},
+    {"AnElementThatNobodyKnows", {"<Pnts>", "<Watersheds/><Pnts>"}, {"情報 X01 Definition/Watersheds"}},
+    {"ATextForAFigure", {"Line length=\"110.000000\"", "Line length=\"110m\""}, {"誤り X02 Line@length"}},
+    {"BytesThatAreNoUtf8",
+     {"国道999号 架空", "\xFF"
+                        " 架空"},
+     {"誤り X03 ファイル"}},
+    {"ASpiralThatIsNoClothoid",
+     {"spiType=\"clothoid\"", "spiType=\"bloss\""},
+     {"情報 X04 線形1／緩和曲線 KA.1-1～KE.1-1"}},
+    {"APointBySlopeAndDistance",
+     {"<CrossSectPnt code=\"CW\">-3.250", "<CrossSectPnt code=\"CW\" dataFormat=\"Slope Distance\">-3.250"},
+     {"情報 X04 線形1／横断面 No.3／Carriageway"}},
+    {"AMainPointWithoutCoordinates",
+     {"<Start name=\"BP\">12450.00000000 18230.00000000</Start>", "<Start name=\"BP\"/>"},
+     {"誤り H01 線形1／直線 BP～KA.1-1"}},
+    {"ALineTooLong",
+     {"length=\"110.000000\"", "length=\"110.002\""},
+     {"警告 H03 線形1／直線 BP～KA.1-1", "誤り H09 線形1", "誤り T07 IntermediatePnts-1／No.6+10.000",
+      "誤り T07 IntermediatePnts-1／No.10", "誤り T07 IntermediatePnts-1／No.14+6.000",
+      "誤り T07 IntermediatePnts-1／No.20", "誤り T08 IntermediatePnts-1／No.10"}},
+    {"ACentreMovedByTwoMillimetres",
+     {"<Center>12334.46615932", "<Center>12334.46815932"},
+     {"警告 H04 線形1／円曲線 KE.1-1～KE.1-2", "警告 H04 線形1／円曲線 KE.1-1～KE.1-2"}},
+    {"ATangentThatBends",
+     {"<PI name=\"IP\">12516.19658408", "<PI name=\"IP\">12516.29658408"},
+     {"警告 H05 線形1／直線 BP～KA.1-1", "警告 H05 線形1／クロソイド KA.1-1～KE.1-1",
+      "誤り H07 線形1／クロソイド KA.1-1～KE.1-1", "誤り T07 IntermediatePnts-1／No.6+10.000",
+      "誤り T08 IntermediatePnts-1／No.6+10.000"}},
+    {"AnAlignmentTooLong",
+     {"name=\"線形1\" length=\"400.000000\"", "name=\"線形1\" length=\"400.002\""},
+     {"誤り H09 線形1"}},
+    {"AMainPointWithoutAName", {"<End name=\"EP\">", "<End>"}, {"警告 H10 線形1／直線 KA.1-2～"}},
+    {"TwoMainPointsOfOneName", {"<End name=\"EP\">", "<End name=\"BP\">"}, {"警告 H11 線形1／BP"}},
+    {"AnotherStartOfTheProfile",
+     {"<Profile name=\"線形1\" staStart=\"0.\">", "<Profile name=\"線形1\" staStart=\"5.\">"},
+     {"誤り T01 線形1"}},
+    {"AnEquationThatDoesNotFollow",
+     {"\t\t\t<Profile name=\"線形1\" staStart=\"0.\">",
+      "<StaEquation staBack=\"150.002\" staAhead=\"160.000\" staInternal=\"150.000\" />\t\t\t<Profile name=\"線形1\" "
+      "staStart=\"0.\">"},
+     {"誤り T02 線形1／測点定義 150.000"}},
+    {"AnEquationOutOfOrder",
+     {"\t\t\t<Profile name=\"線形1\" staStart=\"0.\">",
+      "<StaEquation staBack=\"260.000\" staAhead=\"270.000\" staInternal=\"250.000\" /><StaEquation "
+      "staBack=\"150.000\" staAhead=\"160.000\" staInternal=\"150.000\" />\t\t\t<Profile name=\"線形1\" "
+      "staStart=\"0.\">"},
+     {"警告 T03 線形1／測点定義 150.000"}},
+    {"ALabelThatOccursTwice",
+     {"\t\t\t<Profile name=\"線形1\" staStart=\"0.\">",
+      "<StaEquation staBack=\"150.000\" staAhead=\"140.000\" staInternal=\"150.000\" />\t\t\t<Profile name=\"線形1\" "
+      "staStart=\"0.\">"},
+     {"情報 T04 線形1／測点定義 150.000"}},
+    {"ASectionNamedLikeAnother",
+     {"CrossSect name=\"No.6+10.000\"", "CrossSect name=\"No.3\""},
+     {"警告 T05 線形1／横断面 No.3"}},
+    {"APointTwoMillimetresOffTheLine",
+     {"featureRef=\"2\">12473.0874", "featureRef=\"2\">12473.0894"},
+     {"誤り T07 IntermediatePnts-1／No.2+10.000"}},
+    {"ADirectionTwoSecondsOff", {"value=\"62.3\"", "value=\"62.3002\""}, {"誤り T08 IntermediatePnts-1／No.0"}},
+    {"AVerticalCurveAtTheEnd",
+     {"<PVI>400.000 108.000</PVI>", "<ParaCurve length=\"10.\">400.000 108.000</ParaCurve>"},
+     {"警告 V03 線形1／縦断線形 計画／ParaCurve 400.000"}},
+    {"AVerticalRadius",
+     {"<ParaCurve length=\"100.000\">", "<ParaCurve length=\"100.000\" radius=\"3000.\">"},
+     {"誤り V04 線形1／縦断線形 計画／ParaCurve 220.000"}},
+    {"AProfileThatIsNotThere",
+     {"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"現況\""},
+     {"誤り V05 線形1"}},
+    {"ATransitionOutOfOrder",
+     {"<FullSuperSta>160.000", "<FullSuperSta>260.000"},
+     {"誤り C01 線形1／片勾配すりつけ 160."}},
+    {"AnOutlineTwoMillimetresOpen",
+     {"<CrossSectPnt code=\"PV1\">0.000 0.000</CrossSectPnt>\r\n\t\t\t\t\t\t<Feature>",
+      "<CrossSectPnt code=\"PV1\">0.000 0.002</CrossSectPnt>\r\n\t\t\t\t\t\t<Feature>"},
+     {"誤り C03 線形1／横断面 No.3／Pavement left 表層"}},
+    {"AGroundLineFromTheRight", {"-7.500 107.870", "-17.500 107.870"}, {"警告 C04 線形1／横断面 No.3／ExistingGround"}},
+    {"ASurfaceOnTheOtherSide",
+     {"<CrossSectPnt code=\"CW\">-3.250", "<CrossSectPnt code=\"CW\">3.250"},
+     {"警告 C05 線形1／横断面 No.3／Carriageway left"}},
+    {"AnElevationForAnOffset",
+     {"<CrossSectPnt code=\"CL\">0.000 0.000", "<CrossSectPnt code=\"CL\">0.000 106.800"},
+     {"誤り C06 線形1／横断面 No.3／Carriageway left"}},
+    {"LayersThatOverlap",
+     {"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.105"},
+     {"警告 C07 線形1／横断面 No.3／Pavement left 基層"}},
+    {"AGroundLineOfNoSurface",
+     {"CrossSectSurf name=\"ExistingGround\"", "CrossSectSurf name=\"Bedrock\""},
+     {"情報 C08 線形1／横断面 No.3"}},
+    {"AWideningOutOfOrder", {"256. 0.25 3", "156. 0.25 3"}, {"警告 C09 線形1／左拡幅"}},
+    {"ASurfacePointWithoutAHeight", {"18236.926 103.550", "18236.926"}, {"誤り F01 現況地形／点 3"}},
+    {"TwoSurfacePointsOfOneNumber",
+     {"<P id=\"3\">", "<P id=\"2\">"},
+     {"誤り F02 現況地形／点 2", "誤り F04 現況地形／面 2 3 5", "誤り F04 現況地形／面 3 6 5",
+      "情報 F07 現況地形／点 2"}},
+    {"AFaceWithFourPoints",
+     {"<F>3 6 5</F>", "<F>3 6 5 4</F>"},
+     {"誤り F03 現況地形／面 3 6 5 4", "警告 F06 現況地形／辺 4 5"}},
+    {"AFaceWithoutArea", {"<F>3 6 5</F>", "<F>3 6 6</F>"}, {"警告 F05 現況地形／面 3 6 6"}},
+    {"AnEdgeOfThreeFaces",
+     {"<F>3 6 5</F>", "<F>3 6 5</F><F>2 5 6</F>"},
+     {"警告 F06 現況地形／辺 2 5", "警告 F06 現況地形／辺 5 6"}},
+    {"StakesOfAMissingAlignment",
+     {"alignmentRefs=\"線形1\"", "alignmentRefs=\"線形9\""},
+     {"誤り R01 Roadway 国道999号"}},
+    {"AMissingFeature", {"featureRef=\"3\"", "featureRef=\"33\""}, {"誤り R02 IntermediatePnts-1／No.6+10.000"}},
+    {"AMissingPoint",
+     {"<Start name=\"BP\">12450.00000000 18230.00000000</Start>",
+      "<Start name=\"BP\" pntRef=\"Q1\">12450.00000000 18230.00000000</Start>"},
+     {"誤り R03 線形1／直線 BP～KA.1-1"}},
+    {"TwoStakesOfOneName", {"name=\"L-2\"", "name=\"L-1\""}, {"誤り R04 左幅杭／CgPoint L-1"}},
+    {"AnUnknownDatum", {"horizontalDatum=\"JGD2011\"", "horizontalDatum=\"WGS84\""}, {"誤り R05 座標参照系"}},
+    {"AZoneThatIsNone", {"\"9(X,Y)\"", "\"20(X,Y)\""}, {"誤り R06 座標参照系"}},
+    {"AStakeOutsideTheZone", {">12461.0876 18224.2281", ">912461.0876 18224.2281"}, {"警告 R08 左幅杭／L-1"}},
+    {"AnotherDatumsDifference",
+     {"differTP\" value=\"0.0000\"", "differTP\" value=\"-1.1344\""},
+     {"警告 R11 座標参照系"}},
+    {"Millimetres", {"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}, {"誤り R12 単位系"}},
 };
 
 class ExampleChanges : public testing::TestWithParam<ExampleChange>
@@ -110,6 +228,23 @@ TEST_P(ExampleChanges, NameTheChangedElement)
 
 INSTANTIATE_TEST_SUITE_P(Inspect, ExampleChanges, testing::ValuesIn(EXAMPLE_CHANGES),
                          [](const auto& one) { return std::string(one.param.name); });
+
+TEST(ExampleChange, IsThereForEveryCheck)
+{
+    std::set<std::string> silent;
+    for (const Check& check : AllChecks())
+    {
+        silent.insert(Utf8FromWide(check.code));
+    }
+    for (const ExampleChange& change : EXAMPLE_CHANGES)
+    {
+        for (const std::string& said : change.said)
+        {
+            silent.erase(said.substr(said.find(' ') + 1, 3));
+        }
+    }
+    EXPECT_EQ(silent, std::set<std::string>{"S01"}) << "which has a test of its own";
+}
 
 TEST(FinishedFiles, ShowNothingThatIsNotExplained)
 {
