@@ -131,33 +131,14 @@ PlacesOfOne PlacesOf(const PointGroup& group)
 /// Of a surface the points farthest to the south, west, north and east: where these are, it is.
 PlacesOfOne PlacesOf(const Surface& surface)
 {
-    std::array<const SurfacePoint*, 4> farthest{};
-    for (const SurfacePoint& point : surface.points)
-    {
-        if (!std::isfinite(point.north) || !std::isfinite(point.east))
-        {
-            continue;
-        }
-        const auto take = [&](std::size_t side, double SurfacePoint::*coordinate, double sign) {
-            const SurfacePoint*& one = farthest[side];
-            one = one == nullptr || (point.*coordinate - one->*coordinate) * sign > 0 ? &point : one;
-        };
-        take(0, &SurfacePoint::north, -1);
-        take(1, &SurfacePoint::east, -1);
-        take(2, &SurfacePoint::north, 1);
-        take(3, &SurfacePoint::east, 1);
-    }
     PlacesOfOne all{NameOf(surface), {}};
-    for (const SurfacePoint* const point : farthest)
+    for (const std::size_t side : {0U, 1U, 3U, 4U})
     {
-        if (point != nullptr)
+        const FarthestPoint& one = surface.farthest[side];
+        if (!one.northText.empty() && std::isfinite(one.point.north) && std::isfinite(one.point.east))
         {
-            all.places.push_back({Path(NameOf(surface), L"点 " + std::to_wstring(point->id)),
-                                  point->line,
-                                  point->north,
-                                  point->east,
-                                  {},
-                                  {}});
+            all.places.push_back({Path(NameOf(surface), L"点 " + std::to_wstring(one.point.id)), one.point.line,
+                                  one.point.north, one.point.east, one.northText, one.eastText});
         }
     }
     return all;
@@ -615,13 +596,14 @@ void CheckFigures(const LandXmlFile& file, Findings& findings)
 
 void CheckSchema(const LandXmlFile& file, Findings& findings)
 {
-    for (const SchemaFault& fault : file.schemaFaults)
+    for (const SchemaFault& fault : file.schemaFaults.listed)
     {
         findings.Report(fault.path, fault.line,
                         fault.count > 1
                             ? Detail({L"{}、{}件", L"{} {} of them."}, {fault.reason, std::to_wstring(fault.count)})
                             : Detail(fault.reason));
     }
+    findings.CountMore(file.schemaFaults.more);
 }
 
 void CheckEncoding(const LandXmlFile& file, Findings& findings)

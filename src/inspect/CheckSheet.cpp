@@ -133,7 +133,7 @@ Detail SectionNames(const Alignment& alignment)
     return OrNothing(text);
 }
 
-/// A section's width: from its surfaces' leftmost point to the rightmost.
+/// A section's width: from its surfaces' leftmost point to the rightmost, in the file's own text.
 Detail SectionWidths(const Alignment& alignment)
 {
     Range offsets;
@@ -157,10 +157,7 @@ Detail SectionWidths(const Alignment& alignment)
     {
         return OrNothing(L"");
     }
-    // A width on the left is an offset without its sign.
-    std::wstring left = offsets.SmallestText();
-    left = left.starts_with(L'-') ? left.substr(1) : left;
-    return {{L"左 {} m、右 {} m", L"left {} m, right {} m"}, {left, offsets.LargestText()}};
+    return {{L"離れ {} m～{} m", L"offsets {} m～{} m"}, {offsets.SmallestText(), offsets.LargestText()}};
 }
 
 /// What is collated of each alignment, in the sheet's order.

@@ -101,6 +101,9 @@ class Findings
     /// Says the check's text of an element, with a detail behind it.
     void Report(std::wstring object, std::size_t line, const Detail& detail = {});
 
+    /// Counts what is said of so many elements more that aren't told one by one, behind LARGEST_COUNT that are.
+    void CountMore(std::size_t count) { count_ += count; }
+
     /// Says it if a figure is further off than the check tolerates, never above `highest`. A figure or an expectation
     /// that isn't finite says nothing. The figure is told in the file's own text, if it has one.
     void Measure(std::wstring object, std::size_t line, const Figure& value, double expected, const Detail& detail = {},

@@ -312,6 +312,15 @@ struct Roadway
     std::size_t line = 0;
 };
 
+/// A point of a surface than which none lies farther to some side, with the file's own texts.
+struct FarthestPoint
+{
+    SurfacePoint point{};
+    std::wstring northText; ///< empty: there is no such point
+    std::wstring eastText;
+    std::wstring heightText;
+};
+
 struct Surface
 {
     std::wstring_view name;
@@ -319,7 +328,8 @@ struct Surface
     std::wstring_view type; ///< TIN or grid
     std::vector<SurfacePoint> points;
     std::vector<SurfaceFace> faces;
-    std::vector<Feature> features; ///< alignmentRefs
+    std::array<FarthestPoint, 6> farthest; ///< to the south, west, bottom, north, east and top
+    std::vector<Feature> features;         ///< alignmentRefs
     std::size_t line = 0;
 };
 
@@ -380,7 +390,7 @@ struct LandXmlFile
     std::vector<SkippedElements> skipped;
     std::vector<UnreadableFigure> unreadable;
     std::unordered_set<std::wstring_view> featureNames; ///< of every Feature that the reader came by
-    std::vector<SchemaFault> schemaFaults;              ///< of the schema that the file was held against, if any
+    SchemaFaults schemaFaults;                          ///< of the schema that the file was held against, if any
     bool hasMalformedText = false;                      ///< bytes that aren't in the file's encoding
 
     /// What the texts are views into.

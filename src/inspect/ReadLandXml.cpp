@@ -193,7 +193,22 @@ class FileReader
         surface.line = reader_.Line(element);
         reader_.ForEachChild(element, {{L"Definition", [&](Node child) { ReadDefinition(surface, child); }},
                                        {L"Feature", FeatureInto(surface.features)}});
+        TakeFarthest(surface);
         file_.surfaces.push_back(std::move(surface));
+    }
+
+    /// Gives the surface what was gathered of its points.
+    void TakeFarthest(Surface& surface)
+    {
+        for (std::size_t side = 0; side < surface.farthest.size(); ++side)
+        {
+            const std::wstring text = WideFromUtf8(farthest_.sides[side].text);
+            std::vector<std::wstring_view> words = Words(text);
+            words.resize(3);
+            surface.farthest[side] = {farthest_.sides[side].point, std::wstring(words[0]), std::wstring(words[1]),
+                                      std::wstring(words[2])};
+        }
+        farthest_ = {};
     }
 
     void ReadDefinition(Surface& surface, Node element)
@@ -209,13 +224,22 @@ class FileReader
         {
             Take(surface.points, passage->points);
             Take(surface.faces, passage->faces);
+            for (const auto& side : passage->farthest.sides)
+            {
+                if (!side.text.empty())
+                {
+                    farthest_.Take(side.point, side.text);
+                }
+            }
         }
         const auto narrow = [](std::wstring_view text) { return Utf8FromWide(text); };
         reader_.ForEachChild(
             element, {{L"P",
                        [&](Node point) {
-                           surface.points.push_back(ReadSurfacePoint(narrow(AttributeText(point, L"id")),
-                                                                     narrow(point.child_value()), reader_.Line(point)));
+                           const std::string text = narrow(point.child_value());
+                           surface.points.push_back(
+                               ReadSurfacePoint(narrow(AttributeText(point, L"id")), text, reader_.Line(point)));
+                           farthest_.Take(surface.points.back(), text);
                        }},
                       {L"F", [&](Node face) {
                            surface.faces.push_back(ReadSurfaceFace(narrow(AttributeText(face, L"i")),
@@ -280,6 +304,7 @@ class FileReader
 
     LandXmlFile& file_;
     ElementReader reader_;
+    FarthestPoints<std::string> farthest_; ///< of the surface that is being read
 };
 
 } // namespace

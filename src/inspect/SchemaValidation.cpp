@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <libxml/parser.h>
+#include <libxml/uri.h>
 #include <libxml/xmlschemas.h>
 #include <memory>
 #include <new>
@@ -19,7 +20,7 @@ namespace jlandxml::inspect
 namespace
 {
 
-/// A file that is wrong from end to end would drown the reader.
+/// So many are listed.
 constexpr std::size_t MOST_FAULTS = 1000;
 
 template <auto Free>
@@ -31,7 +32,13 @@ struct Freer
         Free(object);
     }
 };
+using Document = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
 using ParserContext = std::unique_ptr<xmlSchemaParserCtxt, Freer<xmlSchemaFreeParserCtxt>>;
+struct TextFreer
+{
+    void operator()(xmlChar* text) const { xmlFree(text); }
+};
+using XmlText = std::unique_ptr<xmlChar, TextFreer>;
 using Schema = std::unique_ptr<xmlSchema, Freer<xmlSchemaFree>>;
 using Validation = std::unique_ptr<xmlSchemaValidCtxt, Freer<xmlSchemaFreeValidCtxt>>;
 
@@ -74,7 +81,7 @@ class FaultGatherer
 
     static void Take(void* gatherer, xmlErrorPtr error) { static_cast<FaultGatherer*>(gatherer)->Add(*error); }
 
-    std::vector<SchemaFault> MoveOut() { return std::move(faults_); }
+    SchemaFaults MoveOut() { return {std::move(faults_), more_}; }
 
   private:
     void Open(std::string_view name)
@@ -114,6 +121,7 @@ class FaultGatherer
         else
         {
             attributes_.erase(fault.reason);
+            ++more_;
         }
     }
 
@@ -121,6 +129,7 @@ class FaultGatherer
     std::size_t openLength_ = 0;       ///< of the path of the open elements
     std::vector<std::size_t> lengths_; ///< of the paths around them
     std::vector<SchemaFault> faults_;
+    std::size_t more_ = 0;
     std::unordered_map<std::wstring, std::size_t> attributes_; ///< by their messages: the place among the faults
 };
 
@@ -145,10 +154,21 @@ Schema ReadSchema(const std::wstring& path)
     {
         throw CFileException(L"スキーマを開けません: " + path);
     }
-    const ParserContext context(xmlSchemaNewMemParserCtxt(bytes->data(), static_cast<int>(bytes->size())));
-    xmlSchemaSetParserStructuredErrors(context.get(), Ignore, nullptr);
     xmlSetStructuredErrorFunc(nullptr, Ignore);
-    Schema schema(context == nullptr ? nullptr : xmlSchemaParse(context.get()));
+    // Under its path, from which it includes others.
+    std::string place = Utf8FromWide(path);
+    std::replace(place.begin(), place.end(), '\\', '/');
+    const XmlText uri(
+        xmlURIEscapeStr(reinterpret_cast<const xmlChar*>(place.c_str()), reinterpret_cast<const xmlChar*>("/:")));
+    const Document document(xmlReadMemory(bytes->data(), static_cast<int>(bytes->size()),
+                                          reinterpret_cast<const char*>(uri.get()), nullptr, XML_PARSE_NONET));
+    const ParserContext context(document == nullptr ? nullptr : xmlSchemaNewDocParserCtxt(document.get()));
+    Schema schema;
+    if (context != nullptr)
+    {
+        xmlSchemaSetParserStructuredErrors(context.get(), Ignore, nullptr);
+        schema.reset(xmlSchemaParse(context.get()));
+    }
     xmlSetStructuredErrorFunc(nullptr, nullptr);
     if (schema == nullptr)
     {
@@ -164,7 +184,7 @@ bool CanValidate()
     return true;
 }
 
-std::vector<SchemaFault> ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath)
+SchemaFaults ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath)
 {
     const Schema schema = ReadSchema(schemaPath);
     std::string text = DecodedText(std::move(bytes));

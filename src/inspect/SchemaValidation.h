@@ -18,11 +18,17 @@ struct SchemaFault
     std::size_t count = 1;
 };
 
+struct SchemaFaults
+{
+    std::vector<SchemaFault> listed;
+    std::size_t more = 0; ///< that were only counted: a file that is wrong from end to end would drown the reader
+};
+
 /// True if the program was built with the library that validates.
 bool CanValidate();
 
-/// Holds the bytes of a file against an XML schema (W3C XML Schema 1.0), reading it once through without a tree. Throws
-/// CFileException if the schema can't be read, or isn't one.
-std::vector<SchemaFault> ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath);
+/// Holds the bytes of a file against an XML schema (W3C XML Schema 1.0) and those that it includes from beside it,
+/// reading it once through without a tree. Throws CFileException if the schema can't be read, or isn't one.
+SchemaFaults ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath);
 
 } // namespace jlandxml::inspect

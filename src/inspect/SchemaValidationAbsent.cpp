@@ -11,7 +11,7 @@ bool CanValidate()
     return false;
 }
 
-std::vector<SchemaFault> ValidateAgainstSchema(std::string, const std::wstring& schemaPath)
+SchemaFaults ValidateAgainstSchema(std::string, const std::wstring& schemaPath)
 {
     throw CFileException(L"スキーマとの照合ができるように作られていません: " + schemaPath);
 }

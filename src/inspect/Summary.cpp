@@ -239,11 +239,14 @@ Extents ExtentsOf(const LandXmlFile& file)
     }
     for (const Surface& surface : file.surfaces)
     {
-        for (const SurfacePoint& point : surface.points)
+        for (const FarthestPoint& one : surface.farthest)
         {
-            extents.north.Take(point.north);
-            extents.east.Take(point.east);
-            extents.height.Take(point.height);
+            if (!one.northText.empty())
+            {
+                extents.north.Take(one.point.north, one.northText);
+                extents.east.Take(one.point.east, one.eastText);
+                extents.height.Take(one.point.height, one.heightText);
+            }
         }
     }
     return extents;

@@ -113,6 +113,11 @@ class PassageScanner
             {
                 passage.length = position_;
                 passage.lines = line_ - firstLine;
+                for (std::size_t side = 0; side < farthest_.sides.size(); ++side)
+                {
+                    passage.farthest.sides[side] = {farthest_.sides[side].point,
+                                                    std::string(farthest_.sides[side].text)};
+                }
                 return passage;
             }
             if (!ScanElement(passage))
@@ -165,6 +170,7 @@ class PassageScanner
         if (isPoint)
         {
             passage.points.push_back(ReadSurfacePoint(key, *text, line));
+            farthest_.Take(passage.points.back(), *text);
         }
         else
         {
@@ -247,6 +253,7 @@ class PassageScanner
     }
 
     std::string_view bytes_;
+    FarthestPoints<std::string_view> farthest_;
     std::size_t position_ = 0;
     std::size_t line_;
 };

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,12 +36,47 @@ struct SurfaceFace
 SurfacePoint ReadSurfacePoint(std::string_view id, std::string_view text, std::size_t line);
 SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std::size_t line);
 
+/// The points of a surface that lie farthest to the south, west, bottom, north, east and top, with the file's own text
+/// of their coordinates: where they are, the surface is. `Text` owns the text or views it.
+template <class Text>
+struct FarthestPoints
+{
+    struct One
+    {
+        SurfacePoint point{};
+        Text text; ///< north, east and height with white space between; empty: there is no such point
+    };
+    std::array<One, 6> sides;
+
+    void Take(const SurfacePoint& point, std::string_view text)
+    {
+        TakeSide(0, point.north, sides[0].point.north, point, text, -1);
+        TakeSide(1, point.east, sides[1].point.east, point, text, -1);
+        TakeSide(2, point.height, sides[2].point.height, point, text, -1);
+        TakeSide(3, point.north, sides[3].point.north, point, text, 1);
+        TakeSide(4, point.east, sides[4].point.east, point, text, 1);
+        TakeSide(5, point.height, sides[5].point.height, point, text, 1);
+    }
+
+  private:
+    void TakeSide(std::size_t side, double value, double farthest, const SurfacePoint& point, std::string_view text,
+                  int sign)
+    {
+        One& one = sides[side];
+        if (std::isfinite(value) && (one.text.empty() || sign * value > sign * farthest))
+        {
+            one = {point, Text(text)};
+        }
+    }
+};
+
 /// The content of an element that holds nothing but points or faces. Terrain is most of a file's bytes, so it is read
 /// straight from them instead of becoming a tree.
 struct SurfacePassage
 {
     std::vector<SurfacePoint> points;
     std::vector<SurfaceFace> faces;
+    FarthestPoints<std::string> farthest;
     std::size_t length = 0; ///< bytes of the content
     std::size_t lines = 0;  ///< line ends in it
 };

@@ -199,7 +199,7 @@ TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
 
 constexpr const char* SCHEMA =
     "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='LandXML'><xs:complexType><xs:sequence>"
-    "<xs:element name='Project' maxOccurs='9'><xs:complexType><xs:attribute name='name' use='required'/>"
+    "<xs:element name='Project' maxOccurs='unbounded'><xs:complexType><xs:attribute name='name' use='required'/>"
     "</xs:complexType></xs:element></xs:sequence></xs:complexType></xs:element></xs:schema>";
 
 class InspectSchema : public InspectCommandLineTest
@@ -264,6 +264,30 @@ TEST_F(InspectSchema, AFileInCodePage932IsReadAsSuch)
     EXPECT_EQ(Said("<?xml version='1.0' encoding='Shift_JIS'?>" +
                    Cp932FromWide(L"<LandXML><Project name='架空'/></LandXML>")),
               "");
+}
+
+TEST_F(InspectSchema, EveryFaultOfAFileThatIsWrongFromEndToEndIsCounted)
+{
+    std::string text = "<LandXML>";
+    for (int count = 0; count < 1500; ++count)
+    {
+        text += "<Project/>";
+    }
+    const std::string said = Said(text + "</LandXML>");
+    EXPECT_TRUE(said.ends_with("    誤り S01: スキーマに合いません（ほか1300件）\n")) << said.substr(said.size() - 200);
+}
+
+TEST_F(InspectSchema, ASchemaMayIncludeOthersFromBesideIt)
+{
+    const std::string type = "<xs:complexType name='T'><xs:attribute name='name' use='required'/></xs:complexType>";
+    const std::string head = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>";
+    folder_.Write(L"type 1.xsd", head + type + "</xs:schema>");
+    const std::wstring schema = folder_.Write(
+        L"主 1.xsd",
+        head + "<xs:include schemaLocation='type%201.xsd'/><xs:element name='LandXML' type='T'/></xs:schema>");
+    EXPECT_EQ(Run({L"--checks", L"S", L"--schema", schema, File("<LandXML name='a'/>")}).status,
+              InspectStatus::NothingFound);
+    EXPECT_EQ(Run({L"--checks", L"S", L"--schema", schema, File("<LandXML/>")}).status, InspectStatus::Findings);
 }
 
 TEST_F(InspectSchema, ThatCannotBeReadIsStatusThree)

@@ -490,7 +490,7 @@ INSTANTIATE_TEST_SUITE_P(Inspect, CheckCases, testing::ValuesIn(CASES),
 TEST(Checks, SayWhereAFileDoesNotFollowItsSchema)
 {
     LandXmlFile file = SoundFile();
-    file.schemaFaults = {{L"/LandXML/Units", L"not expected", 5, 1}, {L"/LandXML", L"not allowed", 2, 3}};
+    file.schemaFaults.listed = {{L"/LandXML/Units", L"not expected", 5, 1}, {L"/LandXML", L"not allowed", 2, 3}};
     EXPECT_EQ(Said(file, L"S01"), (std::vector<std::string>{"誤り /LandXML/Units", "誤り /LandXML"}));
 }
 

@@ -2,6 +2,7 @@
 
 #include "SoundFile.h"
 #include "base/Exceptions.h"
+#include "inspect/Summary.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -182,6 +183,25 @@ TEST(SurfacePoints, HaveTheNearestNumbersToTheirTexts)
     for (const char* const text : {".", "-", "", "1.2.3", "1,5", "12a", "--1", "0x10", "１"})
     {
         EXPECT_TRUE(std::isnan(ReadSurfacePoint("1", text, 1).north)) << text;
+    }
+}
+
+// Extents
+
+TEST(ReadLandXml, ExtentsOfASurfaceAreTheFilesOwnText)
+{
+    for (const char* const note : {"", "<!-- read by the parser -->"})
+    {
+        const LandXmlFile file =
+            ReadLandXmlBytes("<LandXML><Surfaces><Surface><Definition surfType=\"TIN\"><Pnts>" + std::string(note) +
+                                 "<P id=\"1\">1.500 20.0 -0.10</P><P id=\"2\">x 5 7.000</P>"
+                                 "<P id=\"3\">1.5000 30.00 5</P><P id=\"4\">-2.50 +20.5 5</P>"
+                                 "</Pnts><Faces></Faces></Definition></Surface></Surfaces></LandXML>",
+                             L"x");
+        const Extents extents = ExtentsOf(file);
+        EXPECT_EQ(extents.north.SmallestText() + L"～" + extents.north.LargestText(), L"-2.50～1.500");
+        EXPECT_EQ(extents.east.SmallestText() + L"～" + extents.east.LargestText(), L"5～30.00");
+        EXPECT_EQ(extents.height.SmallestText() + L"～" + extents.height.LargestText(), L"-0.10～7.000");
     }
 }
 

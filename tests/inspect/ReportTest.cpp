@@ -121,7 +121,7 @@ TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
     EXPECT_NE(page.find("<td>12521.99785226</td>"), std::string::npos);
     EXPECT_NE(page.find("<td>0.000000</td>"), std::string::npos) << "the start station";
     for (const char* const text : {">R=200.00000000</text>", ">A=100.000000</text>", "VCL=100.000", "VCR=800.000",
-                                   "X 12436.695～12545.5634", ">104.3</text>", "left 3.250 m"})
+                                   "X 12436.695～12545.5634", ">104.3</text>", "offsets -3.250 m"})
     {
         EXPECT_NE(page.find(text), std::string::npos) << text;
     }
@@ -326,7 +326,7 @@ TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
                   "縦断線形／線形1|線形起終点の測点、標高|0.000 m 高さ 105.000 m～400.000 m 高さ 113.000 m",
                   "縦断線形／線形1|縦断変化点と曲線要素|220.000 m VCL=100.000、300.000 m VCL=40.000",
                   "横断形状／線形1|作成した測点|No.3、No.10",
-                  "横断形状／線形1|幅|左 3.250 m、右 0.000 m",
+                  "横断形状／線形1|幅|離れ -3.250 m～0.000 m",
               }));
 }
 
