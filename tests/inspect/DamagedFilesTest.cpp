@@ -9,6 +9,7 @@
 #include "inspect/Report.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
+#include "support/Rounds.h"
 
 #include <algorithm>
 #include <string_view>
@@ -125,6 +126,9 @@ void ExpectIsToldOf(const LandXmlFile& file, std::size_t lines)
     }
 }
 
+/// Under the sanitizers, where a page takes ten times as long, each fourth place; the fuzz targets try the others there.
+constexpr std::size_t STEP = HAS_SANITIZERS ? 4 : 1;
+
 class DamagedFile : public testing::TestWithParam<Damage>
 {};
 
@@ -135,8 +139,11 @@ TEST_P(DamagedFile, IsToldOfToTheEnd)
     const std::vector<TextRange> places = GetParam().places(sound);
     ASSERT_GT(places.size(), 30U);
     std::size_t read = 0;
-    for (const TextRange& place : places)
+    std::size_t tried = 0;
+    for (std::size_t index = 0; index < places.size(); index += STEP)
     {
+        const TextRange& place = places[index];
+        ++tried;
         SCOPED_TRACE(sound.substr(place.begin, std::min<std::size_t>(place.end - place.begin, 60)));
         std::string damaged = sound;
         damaged.replace(place.begin, place.end - place.begin, GetParam().text);
@@ -152,7 +159,7 @@ TEST_P(DamagedFile, IsToldOfToTheEnd)
         }
     }
     // Hardly a place keeps a file from being read.
-    EXPECT_GE(read, places.size() - 3);
+    EXPECT_GE(read, tried - 3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Inspect, DamagedFile, testing::ValuesIn(DAMAGES),
