@@ -117,7 +117,7 @@ void PutBack(WorkFile& former, NativeFile& target)
     }
     catch (const std::bad_alloc&)
     {}
-    WarnOf(L"出力先のファイルを元に戻せません。元の内容を一時フォルダーに残しました。", former.Path());
+    WarnOf(WarningCause::TargetNotRestored, former.Path());
     former.Leave();
 }
 
@@ -192,7 +192,7 @@ FileHandle OpenForReading(const std::wstring& path, std::size_t& length)
     const std::optional<std::size_t> known = file != nullptr ? FileLength(file.get()) : std::nullopt;
     if (file != nullptr && !known)
     {
-        WarnOf(UNREADABLE_FILE, path, EIO);
+        WarnOf(WarningCause::UnreadableFile, path, EIO);
         file.reset();
     }
     length = known.value_or(0);

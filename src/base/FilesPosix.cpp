@@ -322,7 +322,7 @@ bool PathExists(const std::wstring& path)
     const bool exists = ::stat(Utf8FromWide(path).c_str(), &status) == 0;
     if (!exists && errno != ENOENT && errno != ENOTDIR)
     {
-        WarnOf(UNREADABLE_FILE, path, errno);
+        WarnOf(WarningCause::UnreadableFile, path, errno);
     }
     return exists;
 }
@@ -332,7 +332,7 @@ FileHandle OpenForReading(const std::wstring& path)
     NativeFile file = OpenWithoutWaiting(Utf8FromWide(path), O_RDONLY);
     if (file && KindOf(file) != FileKind::Plain)
     {
-        WarnOf(UNREADABLE_FILE, path, KindOf(file) == FileKind::Other ? EISDIR : EIO);
+        WarnOf(WarningCause::UnreadableFile, path, KindOf(file) == FileKind::Other ? EISDIR : EIO);
         return nullptr;
     }
     FileHandle stream(file ? ::fdopen(file.Get(), "rb") : nullptr);
@@ -341,7 +341,7 @@ FileHandle OpenForReading(const std::wstring& path)
         file.Release();
         return stream;
     }
-    WarnOf(UNREADABLE_FILE, path, errno);
+    WarnOf(WarningCause::UnreadableFile, path, errno);
     return nullptr;
 }
 
@@ -427,7 +427,7 @@ std::optional<std::vector<std::wstring>> FileNames(const std::wstring& path)
     {
         if (errno != ENOENT && errno != ENOTDIR)
         {
-            WarnOf(L"フォルダーを読み込めません。", path, errno);
+            WarnOf(WarningCause::UnreadableFolder, path, errno);
         }
         return std::nullopt;
     }

@@ -11,9 +11,6 @@ namespace jlandxml
 
 // What each platform does in its own way for Files.cpp.
 
-/// What is told of a file that can't be read, wherever a run goes on without it.
-inline constexpr std::wstring_view UNREADABLE_FILE = L"ファイルを読み込めません。";
-
 /// A work file that is older than that isn't one that a process has just made and not yet taken hold of.
 inline constexpr std::uint64_t STALE_AFTER_SECONDS = std::uint64_t{24} * 60 * 60;
 

@@ -196,7 +196,7 @@ FileHandle OpenForReading(const std::wstring& path)
         file && GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file.get())))) == FILE_TYPE_DISK;
     if (!isPlain)
     {
-        WarnOf(UNREADABLE_FILE, path, error);
+        WarnOf(WarningCause::UnreadableFile, path, error);
     }
     return isPlain ? std::move(file) : nullptr;
 }
@@ -276,7 +276,7 @@ std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder)
     const bool isWhole = error == ERROR_NO_MORE_FILES || (error == ERROR_FILE_NOT_FOUND && names.empty());
     if (!isWhole && error != ERROR_PATH_NOT_FOUND && error != ERROR_DIRECTORY)
     {
-        WarnOf(L"フォルダーを読み込めません。", folder, error == ERROR_ACCESS_DENIED ? EACCES : EIO);
+        WarnOf(WarningCause::UnreadableFolder, folder, error == ERROR_ACCESS_DENIED ? EACCES : EIO);
     }
     return isWhole ? std::optional(std::move(names)) : std::nullopt;
 }

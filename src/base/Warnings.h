@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cerrno>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,18 +10,50 @@
 namespace jlandxml
 {
 
-/// Something that a run passes over without a message to its user, such as a file that it can't read.
-struct Warning
+/// What a run reads, drops or bends without a message to its user. The table of codes and texts has a row for each.
+enum class WarningCause
 {
-    std::wstring text;
-    std::wstring detail; ///< a path and the system's reason
+    UnreadableFile,
+    UnreadableFolder,
+    MalformedXml,
+    NoMemoryForFile,
+    NoMemory, ///< for more than one file, or for a warning itself
+    TargetNotRestored,
 };
 
-/// Notes that a file or folder was passed over, and why: an error number of the C library, or 0 if the system gave no
-/// reason. Want of memory for the note itself makes it one without a detail.
-void WarnOf(std::wstring_view text, const std::wstring& path, int error = 0) noexcept;
+/// Where a warning's cause lies, as far as that is known; what isn't is empty.
+struct WarningPlace
+{
+    std::wstring file;
+    std::wstring object{};            ///< the element by names a person knows (線形1／縦断／計画線)
+    std::wstring path{};              ///< the element as an XPath
+    std::optional<std::size_t> row{}; ///< of the file, the first one being 1
+    std::wstring remark{};            ///< what is to be said of this one place, such as a value or a reason
+};
 
-/// The warnings since they were taken last, in the order in which they were noted. Each run begins without any.
+/// A warning as it is told. Where one cause has several places in a file, it stands for all of them.
+struct Warning
+{
+    std::string_view code; ///< a stable word for programs
+    std::wstring text;
+    std::wstring detail; ///< for eyes: the objects, the file, the row and the reason
+    std::wstring path;   ///< of the first object, as an XPath
+    std::wstring object; ///< the first objects by names, and how many more there are
+    std::wstring file;
+    std::optional<std::size_t> row{};
+    std::size_t count = 1; ///< how many places there are
+};
+
+/// Notes something that a run passes over. A run keeps, for each cause and file, the first few places and a count, so
+/// that the memory for them doesn't grow with the input; nobody is told before they are taken. Want of memory for the
+/// note makes it a warning of want of memory.
+void WarnOf(WarningCause cause, const WarningPlace& place) noexcept;
+
+/// The same for a file or folder that was passed over, and why: an error number of the C library, or 0 if the system
+/// gave no reason.
+void WarnOf(WarningCause cause, const std::wstring& file, int error = 0) noexcept;
+
+/// The warnings since they were taken last, in the order in which they were noted first. Each run begins without any.
 std::vector<Warning> TakeWarnings() noexcept;
 
 } // namespace jlandxml

@@ -15,7 +15,7 @@ void ReadModel(ConversionContext& context, const std::wstring& path)
     context.model.Clear();
     if (!context.document.Create())
     {
-        WarnOf(L"メモリーが足りないため、読み込みません。", path);
+        WarnOf(WarningCause::NoMemoryForFile, path);
     }
     else if (context.document.appDocument->LoadDocument(path))
     {

@@ -218,7 +218,7 @@ std::optional<ParserBuffer> ReadContent(const std::wstring& path)
     }
     catch (const CFileException&)
     {
-        WarnOf(L"ファイルを読み込めません。", path, EIO);
+        WarnOf(WarningCause::UnreadableFile, path, EIO);
         return std::nullopt;
     }
 }

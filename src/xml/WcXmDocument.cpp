@@ -184,11 +184,11 @@ bool WcXmAppDocument::LoadDocument(const std::wstring& path)
     const Loaded loaded = Load([&] { return ReadContent(path); });
     if (loaded == Loaded::Malformed)
     {
-        WarnOf(L"XMLとして正しくないため、読み込みません。", path);
+        WarnOf(WarningCause::MalformedXml, path);
     }
     else if (loaded == Loaded::NoMemory)
     {
-        WarnOf(L"メモリーが足りないため、読み込みません。", path);
+        WarnOf(WarningCause::NoMemoryForFile, path);
     }
     return loaded == Loaded::Whole;
 }
