@@ -1,4 +1,5 @@
 #include "cli/CommandLine.h"
+#include "support/Rounds.h"
 #include "support/RunFixture.h"
 #include "support/generator/HostAlignment.h"
 #include "support/generator/WorkFolderGenerator.h"
@@ -18,7 +19,7 @@ using generator::MakeWorkFolder;
 using generator::WorkFolder;
 
 constexpr std::uint64_t FOLDERS_SEED = 10;
-constexpr std::uint32_t FOLDERS = 200;
+constexpr std::uint32_t FOLDERS = HAS_SANITIZERS ? 50 : 200;
 
 /// A sum over the names and bytes of the files of many folders (FNV-1a).
 std::uint64_t Checksum(std::uint64_t seed, std::uint32_t folders)

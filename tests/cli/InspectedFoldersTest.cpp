@@ -4,6 +4,7 @@
 #include "cli/CommandLine.h"
 #include "inspect/Checks.h"
 #include "inspect/ReadLandXml.h"
+#include "support/Rounds.h"
 #include "support/RunFixture.h"
 #include "support/generator/WorkFolderGenerator.h"
 
@@ -23,7 +24,7 @@ using inspect::Finding;
 using inspect::LandXmlFile;
 
 constexpr std::uint64_t INSPECTED_SEED = 14;
-constexpr std::size_t FILES = 200;
+constexpr std::size_t FILES = HAS_SANITIZERS ? 60 : 200;
 
 // Findings in files of folders as hosts write them: each follows from something that is so on purpose.
 
