@@ -34,8 +34,8 @@ TEST_F(Warnings, OneCauseInAFileIsOneWarningWithItsFirstThreePlacesAndACount)
     for (std::size_t row = 2; row < 7; ++row)
     {
         WarnOf(WarningCause::UnreadableFile,
-               {L"a.csv", L"No." + std::to_wstring(row), L"/a[" + std::to_wstring(row) + L"]", row, L"r"});
-        WarnOf(WarningCause::UnreadableFile, {.file = L"b.csv", .row = row});
+               WarningPlace{L"a.csv", L"No." + std::to_wstring(row), L"/a[" + std::to_wstring(row) + L"]", row, L"r"});
+        WarnOf(WarningCause::UnreadableFile, WarningPlace{.file = L"b.csv", .row = row});
     }
     const std::vector<Warning> taken = TakeWarnings();
     ASSERT_EQ(taken.size(), 2U);
