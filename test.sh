@@ -12,12 +12,13 @@ unit_tests=(asan windows) # on Linux once, with the sanitizers
 fuzz_seconds=5
 # Everything is compiled anew and each program run for seconds: ten sources as one take a third of the time, and the
 # optimiser's last tenth would cost more than it saves.
-options=(-DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=10 "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG")
+options=(-DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=10 "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"
+    "-DCMAKE_C_FLAGS_RELEASE=-O0 -DNDEBUG")
 if [ "${1:-}" = --fast ]; then
     presets=(linux)
     unit_tests=(linux)
     fuzz_seconds=0
-    options=(-DCMAKE_UNITY_BUILD=OFF "-DCMAKE_CXX_FLAGS_RELEASE=-O3 -DNDEBUG")
+    options=(-DCMAKE_UNITY_BUILD=OFF "-DCMAKE_CXX_FLAGS_RELEASE=-O3 -DNDEBUG" "-DCMAKE_C_FLAGS_RELEASE=-O3 -DNDEBUG")
 elif [ $# -gt 0 ]; then
     sed -n '2,6s/^# \?//p' "$0"
     exit 2

@@ -27,9 +27,8 @@ function(jlandxml_add_libxml2)
     get_target_property(includes LibXml2 INTERFACE_INCLUDE_DIRECTORIES)
     set_target_properties(LibXml2 PROPERTIES INTERFACE_SYSTEM_INCLUDE_DIRECTORIES "${includes}")
     if(NOT MSVC)
-        # Somebody else's code: its warnings and its undefined behaviour are no findings of ours. A schema is judged once
-        # a file, which is no reason to wait for an optimiser at each build.
-        target_compile_options(LibXml2 PRIVATE -w -O1)
+        # Somebody else's code: its warnings and its undefined behaviour are no findings of ours.
+        target_compile_options(LibXml2 PRIVATE -w)
     endif()
     if(JLANDXML_SANITIZE)
         target_compile_options(LibXml2 PRIVATE -fno-sanitize=all)
