@@ -141,11 +141,12 @@ bool NativeFile::WriteTo(Handle handle, std::string_view bytes) noexcept
 std::optional<std::size_t> NativeFile::Read(char* bytes, std::size_t size)
 {
     DWORD taken = 0;
-    if (ReadFile(handle_, bytes, static_cast<DWORD>(std::min(size, CALL_LIMIT)), &taken, nullptr) == 0)
+    if (ReadFile(handle_, bytes, static_cast<DWORD>(std::min(size, CALL_LIMIT)), &taken, nullptr) != 0)
     {
-        return std::nullopt;
+        return taken;
     }
-    return taken;
+    // What the last writer of a pipe leaves is its end.
+    return GetLastError() == ERROR_BROKEN_PIPE ? std::optional<std::size_t>(0) : std::nullopt;
 }
 
 bool NativeFile::Rewind()

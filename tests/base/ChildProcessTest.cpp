@@ -1,0 +1,120 @@
+#include "base/ChildProcess.h"
+
+#include <gtest/gtest.h>
+#include <thread>
+
+#ifndef _WIN32
+#include <csignal>
+#endif
+
+namespace jlandxml
+{
+namespace
+{
+
+TEST(ChildProcess, AProgramThatIsNotThereIsNotStarted)
+{
+    EXPECT_FALSE(ChildProcess::Start(L"/no such folder/program", {}));
+}
+
+#ifdef _WIN32
+
+TEST(ChildProcess, TheStatusIsHandedBack)
+{
+    std::optional<ChildProcess> process = ChildProcess::Start(L"C:\\windows\\system32\\cmd.exe", {L"/c", L"exit 7"});
+    ASSERT_TRUE(process);
+    process->input.Close();
+    EXPECT_EQ(process->Wait(), 7);
+}
+
+#else
+
+std::optional<ChildProcess> StartShell(const wchar_t* script, std::vector<std::wstring> arguments = {})
+{
+    arguments.insert(arguments.begin(), {L"-c", script, L"sh"});
+    return ChildProcess::Start(L"/bin/sh", arguments);
+}
+
+TEST(ChildProcess, StreamsAndStatusAreHandedOver)
+{
+    std::optional<ChildProcess> process = StartShell(L"cat; printf 'to error' >&2; exit 7");
+    ASSERT_TRUE(process);
+    EXPECT_TRUE(process->input.Write("to output"));
+    process->input.Close();
+    EXPECT_EQ(ReadToEnd(process->output), "to output");
+    EXPECT_EQ(ReadToEnd(process->error), "to error");
+    EXPECT_EQ(process->Wait(), 7);
+}
+
+TEST(ChildProcess, ArgumentsComeAsTheyAre)
+{
+    std::optional<ChildProcess> process =
+        StartShell(L"for one; do printf '<%s>' \"$one\"; done", {L"", L"a b", L"\"'\\", L"路線", L"*"});
+    ASSERT_TRUE(process);
+    EXPECT_EQ(ReadToEnd(process->output), "<><a b><\"'\\><路線><*>");
+    EXPECT_EQ(process->Wait(), 0);
+}
+
+TEST(ChildProcess, ThePipesOfOneDoNotStayOpenInAnother)
+{
+    std::optional<ChildProcess> first = StartShell(L"cat");
+    std::optional<ChildProcess> second = StartShell(L"cat");
+    ASSERT_TRUE(first && second);
+    first->input.Close();
+    EXPECT_EQ(ReadToEnd(first->output), "") << "the second one holds the first one's input";
+    second->input.Close();
+    EXPECT_EQ(first->Wait(), 0);
+    EXPECT_EQ(second->Wait(), 0);
+}
+
+TEST(ChildProcess, OneThatIsKilledHasNoStatus)
+{
+    std::optional<ChildProcess> process = StartShell(L"kill -KILL $$");
+    ASSERT_TRUE(process);
+    EXPECT_EQ(process->Wait(), std::nullopt);
+}
+
+TEST(ChildProcess, WritingToOneThatHasEndedRaisesNoSignal)
+{
+    std::optional<ChildProcess> process = StartShell(L"exit 0");
+    ASSERT_TRUE(process);
+    EXPECT_EQ(process->Wait(), 0);
+    EXPECT_FALSE(process->input.Write("text"));
+}
+
+TEST(InterruptScope, TheFirstInterruptIsOnlyNoted)
+{
+    for (const int signal : {SIGINT, SIGTERM})
+    {
+        const InterruptScope scope;
+        EXPECT_FALSE(InterruptScope::IsInterrupted());
+        std::raise(signal);
+        EXPECT_TRUE(InterruptScope::IsInterrupted());
+    }
+}
+
+TEST(InterruptScope, TheSecondInterruptEndsTheProcess)
+{
+    const auto interruptTwice = [] {
+        const InterruptScope scope;
+        std::raise(SIGINT);
+        std::raise(SIGINT);
+    };
+    EXPECT_EXIT(interruptTwice(), testing::KilledBySignal(SIGINT), "");
+}
+
+TEST(InterruptScope, WhatIsIgnoredStaysIgnored)
+{
+    auto* const former = std::signal(SIGINT, SIG_IGN);
+    {
+        const InterruptScope scope;
+        std::raise(SIGINT);
+        EXPECT_FALSE(InterruptScope::IsInterrupted());
+    }
+    EXPECT_EQ(std::signal(SIGINT, former), SIG_IGN);
+}
+
+#endif
+
+} // namespace
+} // namespace jlandxml
