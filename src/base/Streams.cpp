@@ -12,6 +12,7 @@
 #include "base/WriteSignals.h"
 
 #include <cstdio>
+#include <unistd.h>
 #endif
 
 namespace jlandxml
@@ -22,6 +23,8 @@ namespace
 
 /// What is written at once; most lines fit. A character beyond the basic plane is never cut in two.
 constexpr std::size_t BLOCK_UNITS = 1024;
+
+bool traceLinesAreSilent = false;
 
 std::wstring_view TakeBlock(std::wstring_view& text)
 {
@@ -56,6 +59,11 @@ bool WriteUtf8(NativeFile::Handle handle, std::wstring_view text) noexcept
 namespace
 {
 
+NativeFile::Handle StandardInput()
+{
+    return GetStdHandle(STD_INPUT_HANDLE);
+}
+
 bool WriteTo(DWORD standardHandle, std::wstring_view text) noexcept
 {
     const HANDLE handle = GetStdHandle(standardHandle);
@@ -78,6 +86,12 @@ bool WriteTo(DWORD standardHandle, std::wstring_view text) noexcept
 
 } // namespace
 
+bool StandardErrorIsTerminal() noexcept
+{
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
 bool WriteStandardOutput(std::wstring_view text) noexcept
 {
     return WriteTo(STD_OUTPUT_HANDLE, text);
@@ -93,6 +107,11 @@ bool WriteStandardError(std::wstring_view text) noexcept
 namespace
 {
 
+NativeFile::Handle StandardInput()
+{
+    return STDIN_FILENO;
+}
+
 /// What the host has in the stream's buffer goes first. The text itself doesn't go through the buffer: what can't be
 /// written there would be tried again, and raise its signal, when the host ends.
 bool WriteTo(std::FILE* stream, std::wstring_view text) noexcept
@@ -103,6 +122,11 @@ bool WriteTo(std::FILE* stream, std::wstring_view text) noexcept
 }
 
 } // namespace
+
+bool StandardErrorIsTerminal() noexcept
+{
+    return ::isatty(STDERR_FILENO) != 0;
+}
 
 bool WriteStandardOutput(std::wstring_view text) noexcept
 {
@@ -115,5 +139,33 @@ bool WriteStandardError(std::wstring_view text) noexcept
 }
 
 #endif
+
+std::optional<std::string> ReadStandardInput(std::size_t most)
+{
+    NativeFile input(StandardInput());
+    std::string content;
+    std::string block(BLOCK_UNITS * MOST_UTF8_BYTES, '\0');
+    std::optional<std::size_t> taken;
+    do
+    {
+        taken = input.Read(block.data(), block.size());
+        content.append(block, 0, taken.value_or(0));
+    } while (taken.value_or(0) > 0 && content.size() <= most);
+    input.Release(); // somebody else's to close
+    return taken == std::size_t{0} ? std::optional(std::move(content)) : std::nullopt;
+}
+
+void WriteTraceLine(std::wstring_view text) noexcept
+{
+    if (!traceLinesAreSilent)
+    {
+        WriteStandardOutput(text);
+    }
+}
+
+void SilenceTraceLines(bool silent) noexcept
+{
+    traceLinesAreSilent = silent;
+}
 
 } // namespace jlandxml

@@ -45,6 +45,9 @@ constexpr Reason REASONS[] = {
     {ENFILE, L"開いているファイルが多すぎます"},
     {EISDIR, L"通常のファイルではありません"},
     {EIO, L"読み取り中にエラーが発生しました"},
+    {ENOSPC, L"空き容量がありません"},
+    {EROFS, L"読み取り専用です"},
+    {ENAMETOOLONG, L"名前が長すぎます"},
 };
 
 /// As many places of a cause as are named; the others are only counted.
@@ -66,13 +69,6 @@ std::vector<Noted>& Notes()
 
 /// Set where not even a warning found memory.
 bool isOneLost = false;
-
-std::wstring ReasonText(int error)
-{
-    const auto* const reason =
-        std::find_if(std::begin(REASONS), std::end(REASONS), [&](const Reason& one) { return one.error == error; });
-    return reason != std::end(REASONS) ? reason->text : L"システムのエラー" + std::to_wstring(error);
-}
 
 Noted& NotedOf(WarningCause cause, const std::wstring& file)
 {
@@ -126,6 +122,13 @@ Warning TellNoted(const Noted& noted)
 }
 
 } // namespace
+
+std::wstring ReasonText(int error)
+{
+    const auto* const reason =
+        std::find_if(std::begin(REASONS), std::end(REASONS), [&](const Reason& one) { return one.error == error; });
+    return reason != std::end(REASONS) ? reason->text : L"システムのエラー" + std::to_wstring(error);
+}
 
 void WarnOf(WarningCause cause, const WarningPlace& place) noexcept
 {

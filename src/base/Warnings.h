@@ -44,6 +44,9 @@ struct Warning
     std::size_t count = 1; ///< how many places there are
 };
 
+/// What an error number of the C library says of a file.
+std::wstring ReasonText(int error);
+
 /// Notes something that a run passes over. A run keeps, for each cause and file, the first few places and a count, so
 /// that the memory for them doesn't grow with the input; nobody is told before they are taken. Want of memory for the
 /// note makes it a warning of want of memory.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialog/JLandXmlConvertDlgData.h"
 #include "windows/Dialog.h"
 
 #include <string>
@@ -21,6 +22,8 @@ class JLandXMLErrorDlg : public Dialog
 
     /// What is listed; copied in before the dialog is run.
     std::vector<std::wstring> messages;
+    /// What each of the messages is about. Users don't see it.
+    std::vector<FindingPlace> places;
 
     void OnInitDialog() override;
 };

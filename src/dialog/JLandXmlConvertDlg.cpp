@@ -369,6 +369,7 @@ void JLandXmlConvertDlg::ShowErrors()
 {
     JLandXMLErrorDlg dialog(*this);
     dialog.messages = data_.errors;
+    dialog.places = data_.errorPlaces;
     dialog.DoModal();
 }
 

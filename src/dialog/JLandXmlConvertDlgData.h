@@ -5,6 +5,7 @@
 #include "model/FViewLandXML.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace jlandxml
@@ -23,6 +24,17 @@ class DlgDataApplyException : public CException
   public:
     using CException::CException;
 };
+
+/// What a finding is about, for who has to find it again.
+struct FindingPlace
+{
+    std::string_view code;     ///< what is wrong, as programs compare it
+    const DlgDataItem* object; ///< the one whose value it is
+    int control;               ///< the one that shows the value
+};
+
+/// The code of a value that isn't there.
+inline constexpr std::string_view MISSING_VALUE = "missing";
 
 /// The dialog's own copy of all that the user can see or change. Nothing of it reaches the model before it is applied.
 class JLandXmlConvertDlgData : public DlgDataItem
@@ -55,6 +67,7 @@ class JLandXmlConvertDlgData : public DlgDataItem
     DlgDataCgPointsList cgPointsList;
     bool hasError = false;
     std::vector<std::wstring> errors;
+    std::vector<FindingPlace> errorPlaces; ///< one for each of the errors
 
   private:
     void SetProject(const FViewLandXML& model);

@@ -54,26 +54,42 @@ std::wstring MissingMessage(const wchar_t* item)
     return item + std::wstring(L"が入力されていません。");
 }
 
-std::wstring CheckNumber(std::wstring_view text, const NumberRule& rule)
+NumberFault JudgeNumber(std::wstring_view text, const NumberRule& rule)
 {
     if (text.empty())
     {
-        return MissingMessage(rule.item);
+        return NumberFault::Missing;
     }
     const ParsedDouble parsed = ParseDouble(text);
     if (parsed.length != text.size())
     {
-        return rule.item + std::wstring(L"は数値を入力してください。");
+        return NumberFault::NoNumber;
     }
     if (parsed.value < rule.minimum || parsed.value > rule.maximum)
     {
-        return rule.item + (L"は" + FormatFixed(rule.minimum, BOUND_DIGITS)) + L"から" +
-               FormatFixed(rule.maximum, BOUND_DIGITS) + L"の範囲内で入力してください。";
+        return NumberFault::OutOfRange;
     }
     const std::size_t point = text.find(L'.');
-    if (point != std::wstring_view::npos && text.size() - point - 1 > static_cast<std::size_t>(rule.digitsAfterPoint))
+    const bool isTooLong =
+        point != std::wstring_view::npos && text.size() - point - 1 > static_cast<std::size_t>(rule.digitsAfterPoint);
+    return isTooLong ? NumberFault::TooManyDecimals : NumberFault::None;
+}
+
+std::wstring CheckNumber(std::wstring_view text, const NumberRule& rule)
+{
+    switch (JudgeNumber(text, rule))
     {
+    case NumberFault::Missing:
+        return MissingMessage(rule.item);
+    case NumberFault::NoNumber:
+        return rule.item + std::wstring(L"は数値を入力してください。");
+    case NumberFault::OutOfRange:
+        return rule.item + (L"は" + FormatFixed(rule.minimum, BOUND_DIGITS)) + L"から" +
+               FormatFixed(rule.maximum, BOUND_DIGITS) + L"の範囲内で入力してください。";
+    case NumberFault::TooManyDecimals:
         return rule.item + (L"は小数第" + std::to_wstring(rule.digitsAfterPoint)) + L"位までの値を入力してください。";
+    case NumberFault::None:
+        break;
     }
     return {};
 }

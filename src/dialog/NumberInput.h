@@ -35,6 +35,18 @@ inline constexpr NumberRule TRAFFIC_VOLUME_RULE{
 /// True for a text that typing may leave in an edit. The empty text may always stand there.
 bool AcceptsInput(const NumberRule& rule, std::wstring_view text);
 
+/// What may be wrong with a text that is to hold a number.
+enum class NumberFault
+{
+    None,
+    Missing,
+    NoNumber,
+    OutOfRange,
+    TooManyDecimals
+};
+
+NumberFault JudgeNumber(std::wstring_view text, const NumberRule& rule);
+
 /// The finding about a text that is to hold the number; empty if there is none.
 std::wstring CheckNumber(std::wstring_view text, const NumberRule& rule);
 

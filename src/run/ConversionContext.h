@@ -3,6 +3,7 @@
 #include "model/FViewLandXML.h"
 #include "xml/WcXmDocument.h"
 
+#include <functional>
 #include <string>
 
 namespace jlandxml
@@ -18,6 +19,9 @@ struct ConversionContext
     FViewLandXML loadedModel; ///< the model as it was loaded, for who wants to compare; no step of a run reads it
     /// Whether the last run has put a finished file in its place. A batch user's exit status rests on it.
     bool fileWritten = false;
+    /// Asked when the tree is finished, before the target is touched; false leaves the target as it is. Without it the
+    /// file is always written.
+    std::function<bool()> mayWrite;
 };
 
 /// The one context, made at first use.

@@ -20,7 +20,8 @@ void ExportRun(const std::wstring& path)
         context.model.SetOutputVersion(OutputVersionOf(context.model.project.applicationCriterion));
         context.model.intermediatePoints.Number();
         context.model.widthStakePoints.Number();
-        if (context.document.Change([&] { return context.model.WriteElement(WcXmNode(context.document)); }))
+        if (context.document.Change([&] { return context.model.WriteElement(WcXmNode(context.document)); }) &&
+            (!context.mayWrite || context.mayWrite()))
         {
             context.fileWritten = FinishOutputFile(path, context);
         }

@@ -52,7 +52,7 @@ void CgPointIntermediateCSVLoader::ReadPoints()
     if (rows.Next(row))
     {
         const std::wstring name = WideFromUtf8(row[ALIGNMENT_NAME_COLUMN]);
-        WriteStandardOutput(L"Row Value: " + name + L"\n");
+        WriteTraceLine(L"Row Value: " + name + L"\n");
         GetCurrentRouteName() = name;
         rows.Skip(1);
     }

@@ -89,6 +89,23 @@ std::int32_t CountRoutes(const std::wstring& folder)
     return largest != numbers.rend() ? *largest : 0;
 }
 
+std::vector<std::wstring> SideFilesOf(const std::wstring& folder)
+{
+    std::vector<std::wstring> paths;
+    for (const std::int32_t number : NumbersInNames(folder).value_or(std::set<std::int32_t>()))
+    {
+        for (const wchar_t* const sideFile : SIDE_FILES)
+        {
+            std::wstring path = SideFilePath(folder, sideFile, number);
+            if (PathExists(path))
+            {
+                paths.push_back(std::move(path));
+            }
+        }
+    }
+    return paths;
+}
+
 void LoadSideFiles(const std::wstring& folder, std::int32_t routeCount)
 {
     if (const auto numbers = routeCount > MANY_ROUTES ? NumbersInNames(folder) : std::nullopt)

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace jlandxml
 {
@@ -18,6 +19,9 @@ std::wstring SideFilePath(const std::wstring& folder, const wchar_t* sideFile, s
 /// The number of routes that a work folder has side files of: the largest number for which one of the four exists, 0 if
 /// there is none.
 std::int32_t CountRoutes(const std::wstring& folder);
+
+/// The paths of the side files in a work folder, of however many routes.
+std::vector<std::wstring> SideFilesOf(const std::wstring& folder);
 
 /// Reads the side files of the routes from 1 to the count. The first file of a route names the alignment for the
 /// others; the name is empty again after each route. A missing file is normal. Throws the exception of the loader that

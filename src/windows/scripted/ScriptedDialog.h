@@ -46,6 +46,8 @@ class ScriptedDialog : public DialogWindow, public DialogHands
     bool IsShown(int control) const override { return At(control).shown; }
 
     bool HasEnded() const { return ended_; }
+    /// The logic behind the window, for who wants to know more than a person sees.
+    const DialogEvents& Logic() const { return events_; }
     /// The texts of a list's entries in the order in which they were added.
     const std::vector<std::wstring>& AddedEntries(int list) const { return At(list).added; }
     TreeItem SelectedTreeItem(int tree) const;
