@@ -14,6 +14,7 @@ BUILD_PACKAGES=(
 TEST_PACKAGES=(
     libgtest-dev libbenchmark-dev libxml2-utils
     clang libclang-rt-dev python3 chromium doxygen
+    make parallel openssh-client openssh-server rsync
     g++-mingw-w64-x86-64-posix wine64 xvfb xauth fonts-ipafont-gothic locales
 )
 

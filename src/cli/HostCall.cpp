@@ -24,7 +24,7 @@ constexpr const char* EXPORTED_NAME = "ExecuteQuorvane";
 
 constexpr const wchar_t* MODULE_NAME = L"JLandXmlConvert.dll";
 
-std::wstring ProgramPath()
+std::wstring ThisProgram()
 {
     std::array<wchar_t, 32768> buffer{};
     const DWORD length = GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
@@ -53,6 +53,9 @@ class Module
                                   : nullptr;
     }
 
+    /// The system always has one.
+    static bool HasFoundDisplay() { return true; }
+
   private:
     HMODULE handle_;
 };
@@ -61,7 +64,7 @@ class Module
 
 constexpr const wchar_t* MODULE_NAME = L"libJLandXmlConvert.so";
 
-std::wstring ProgramPath()
+std::wstring ThisProgram()
 {
     std::string buffer(4096, '\0');
     const ssize_t length = ::readlink("/proc/self/exe", buffer.data(), buffer.size());
@@ -81,6 +84,14 @@ class Module
                                   : nullptr;
     }
 
+    /// The toolkit's application object is made for the first window, where there is a display to show it; until then
+    /// QCoreApplication::startingUp() is true.
+    bool HasFoundDisplay() const
+    {
+        const auto isStartingUp = reinterpret_cast<bool (*)()>(::dlsym(handle_, "_ZN16QCoreApplication10startingUpEv"));
+        return isStartingUp == nullptr || !isStartingUp();
+    }
+
   private:
     void* handle_;
 };
@@ -89,21 +100,26 @@ class Module
 
 } // namespace
 
+std::wstring ProgramPath()
+{
+    return ThisProgram();
+}
+
 std::wstring ModulePath()
 {
     return std::wstring(FolderOf(ProgramPath())) + MODULE_NAME;
 }
 
-bool CallModule(const std::wstring& workFolder, std::int32_t routeCount)
+ModuleCall CallModule(const std::wstring& workFolder, std::int32_t routeCount)
 {
     const Module module(ModulePath());
     const ExecuteQuorvaneFunction function = module.Find();
     if (function == nullptr)
     {
-        return false;
+        return ModuleCall::NotLoaded;
     }
     function(workFolder.c_str(), routeCount);
-    return true;
+    return module.HasFoundDisplay() ? ModuleCall::Made : ModuleCall::NoDisplay;
 }
 
 } // namespace jlandxml

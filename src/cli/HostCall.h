@@ -6,10 +6,21 @@
 namespace jlandxml
 {
 
+/// The path of this program.
+std::wstring ProgramPath();
+
 /// The path of the module: beside the program.
 std::wstring ModulePath();
 
-/// Loads the module as a host does and calls its exported function. False if it can't be loaded or doesn't export it.
-bool CallModule(const std::wstring& workFolder, std::int32_t routeCount);
+/// What became of a call of the module.
+enum class ModuleCall
+{
+    Made,
+    NotLoaded, ///< the module isn't there or doesn't export the function
+    NoDisplay  ///< there was none for the dialog, which the module has told on standard error
+};
+
+/// Loads the module as a host does and calls its exported function.
+ModuleCall CallModule(const std::wstring& workFolder, std::int32_t routeCount);
 
 } // namespace jlandxml

@@ -14,7 +14,6 @@
 #include "inspect/Tables.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <new>
 #include <optional>
@@ -137,24 +136,43 @@ ParsedInspect ParseInspect(const std::vector<std::wstring>& arguments)
     std::string reportFile;
     ParsedInspect parsed;
 
-    CLI::App app("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。", "jlandxml-inspect");
+    CLI::App app(InUsersLanguage("J-LandXMLまたはLandXML 1.2のファイルの内容を表示し、検査します。",
+                                 "Says what is in J-LandXML or LandXML 1.2 files, checks them and draws them."),
+                 "jlandxml-inspect");
     PrepareUsage(app, "jlandxml-inspect");
-    app.add_option("FILE", files, "検査するファイル")->take_all()->type_name("");
-    app.add_flag("--json", parsed.options.json, "ファイルごとに1行のJSONで表示します");
+    app.add_option("FILE", files, InUsersLanguage("検査するファイル", "a file to be checked"))
+        ->take_all()
+        ->type_name("");
+    app.add_flag("--json", parsed.options.json,
+                 InUsersLanguage("ファイルごとに1行のJSONで表示します", "a line of JSON for each file"));
     const auto addCodes = [&](const char* name, std::vector<std::string>& codes, const char* meaning) {
         app.add_option(name, codes, meaning)->take_all()->delimiter(',')->allow_extra_args(false)->type_name("CODES");
     };
-    addCodes("--checks", only, "行う検査の符号（コンマ区切り、Hのように組でも指定できます）");
-    addCodes("--ignore", without, "行わない検査の符号");
-    app.add_option("--fail-on", failOn, "終了状態を1とする重大度: 誤り（既定値）、警告、情報")->type_name("SEVERITY");
+    addCodes("--checks", only,
+             InUsersLanguage("行う検査の符号（コンマ区切り、Hのように組でも指定できます）",
+                             "the codes of the checks that are made (parted by commas; a letter is a group)"));
+    addCodes("--ignore", without, InUsersLanguage("行わない検査の符号", "the codes of the checks that are not made"));
+    app.add_option("--fail-on", failOn,
+                   InUsersLanguage("終了コードを1とする重大度: 誤り（既定値）、警告、情報",
+                                   "the grade from which a finding is status 1: 誤り (default), 警告, 情報"))
+        ->type_name("SEVERITY");
     const CLI::Option* const schemaOption =
-        app.add_option("--schema", schemaFile, "照合するXMLスキーマ（符号S01の検査）")->type_name("XSD");
+        app.add_option("--schema", schemaFile,
+                       InUsersLanguage("照合するXMLスキーマ（符号S01の検査）",
+                                       "the XML schema that files are held against (check S01)"))
+            ->type_name("XSD");
     const CLI::Option* const csvOption =
-        app.add_option("--csv", csvFolder, "計算書をCSVで書き出すフォルダー（なければ作ります）")->type_name("DIR");
+        app.add_option("--csv", csvFolder,
+                       InUsersLanguage("計算書をCSVで書き出すフォルダー（なければ作ります）",
+                                       "a folder for calculation sheets as CSV; it is made"))
+            ->type_name("DIR");
     const CLI::Option* const reportOption =
-        app.add_option("--report", reportFile, "図面と計算書のHTMLファイル（検査するファイルは一つだけ）")
-            ->type_name("FILE.html");
-    app.add_flag("--list-checks", parsed.options.listChecks, "検査の一覧を表示します");
+        app.add_option("--report", reportFile,
+                       InUsersLanguage("図面と計算書のHTMLファイル（検査するファイルは一つだけ）",
+                                       "drawings and calculation sheets as an HTML page (of one file alone)"))
+            ->type_name("FILE");
+    app.add_flag("--list-checks", parsed.options.listChecks,
+                 InUsersLanguage("検査の一覧を表示します", "lists the checks"));
     app.final_callback([&] {
         RefuseFurtherArguments(app);
         if (files.empty() && !parsed.options.listChecks)
@@ -197,16 +215,6 @@ ParsedInspect ParseInspect(const std::vector<std::wstring>& arguments)
     parsed.options.csvFolder = WideFromUtf8(csvFolder);
     parsed.options.reportFile = WideFromUtf8(reportFile);
     return parsed;
-}
-
-/// Makes a folder with those above it. False if there is none afterwards.
-bool MakeFolder(const std::wstring& folder)
-{
-    const std::string name = Utf8FromWide(folder);
-    std::error_code failure;
-    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
-    std::filesystem::create_directories(path, failure);
-    return std::filesystem::is_directory(path, failure);
 }
 
 InspectStatus TellUnreadable(const InspectOptions& options, const std::wstring& path, const std::wstring& reason)

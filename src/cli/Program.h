@@ -12,6 +12,8 @@ namespace jlandxml
 int RunProgram(int count, char** values, int (*run)(const std::vector<std::wstring>& arguments));
 
 /// What is told where a program ends without a file and nothing else says why.
+inline constexpr const wchar_t* NO_FILE_TEXT = L"ファイルは出力されませんでした。";
+/// The same as a line of its own, which asks for no memory.
 inline constexpr const wchar_t* NO_FILE_LINE = L"ファイルは出力されませんでした。\n";
 
 } // namespace jlandxml

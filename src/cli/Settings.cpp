@@ -1,14 +1,16 @@
 #include "cli/Settings.h"
 
-#include "base/Exceptions.h"
-#include "base/Files.h"
+#include "base/Streams.h"
 #include "base/Text.h"
 #include "dialog/DlgData.h"
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <optional>
-#include <vector>
+#include <set>
+#include <utility>
 
 namespace jlandxml
 {
@@ -40,9 +42,8 @@ constexpr SettingObject ROUTE{"路線", Is<DlgDataAlignments>, true, ROUTE_FIELD
 constexpr SettingObject SURFACE{"サーフェス", Is<DlgDataSurface>, true, SURFACE_FIELDS, {}};
 constexpr SettingArray SURFACE_SET_ARRAYS[] = {{"surfaces", &SURFACE}};
 constexpr SettingObject SURFACE_SET{"サーフェスセット", Is<DlgDataSurfaces>, false, {}, SURFACE_SET_ARRAYS};
-constexpr SettingObject INTERMEDIATE{
-    "中間点のグループ", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_FIELDS, {}};
-constexpr SettingObject WIDTH_STAKE{"幅杭のグループ", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_FIELDS, {}};
+constexpr SettingObject INTERMEDIATE{"中間点の座標点", Is<DlgDataCgPointsIntermediate>, true, INTERMEDIATE_FIELDS, {}};
+constexpr SettingObject WIDTH_STAKE{"幅杭の座標点", Is<DlgDataCgPointsWidthStake>, true, WIDTH_STAKE_FIELDS, {}};
 constexpr SettingArray PROJECT_ARRAYS[] = {
     {"routes", &ROUTE},
     {"surfaceSets", &SURFACE_SET},
@@ -58,13 +59,20 @@ constexpr std::string_view TRACE_LINE = "Row Value: ";
 constexpr const char* TYPE_NAMES[] = {"null", "オブジェクト", "配列", "文字列",     "真偽値",
                                       "数値", "数値",         "数値", "バイナリー", "不明な値"};
 
-SettingsError WrongType(const std::string& path, const Json& value, const std::string& wanted)
+/// A text of at most so many bytes is taken for settings.
+constexpr std::size_t LARGEST_FILE = std::size_t{256} << 20;
+constexpr std::size_t READ_BLOCK_SIZE = std::size_t{64} << 10;
+
+SettingsFault WrongType(const std::string& path, const Json& value, const std::string& wanted)
 {
-    return {path, TYPE_NAMES[static_cast<std::size_t>(value.type())] + std::string("は指定できません。") + wanted +
-                      "で指定してください"};
+    return {path,
+            TYPE_NAMES[static_cast<std::size_t>(value.type())] + std::string("は指定できません。") + wanted +
+                "で指定してください",
+            {},
+            {}};
 }
 
-SettingsError UnknownKey(const std::string& path, const SettingObject& object)
+SettingsFault UnknownKey(const std::string& path, const SettingObject& object)
 {
     std::string known;
     const auto add = [&](const char* key) { known += (known.empty() ? "" : "、") + std::string(key); };
@@ -79,7 +87,7 @@ SettingsError UnknownKey(const std::string& path, const SettingObject& object)
     {
         add(array.name);
     }
-    return {path, "未知のキーです（使えるキー: " + known + "）"};
+    return {path, "不明なキーです（使えるキー: " + known + "）", {}, {}};
 }
 
 /// The length of the trace lines that a run writes in front of the settings that it prints. So its output can be fed
@@ -106,14 +114,14 @@ class JsonPlace
         case Json::parse_event_t::object_start:
         case Json::parse_event_t::array_start:
             NextEntry();
-            levels_.push_back({event == Json::parse_event_t::array_start, {}, 0});
+            levels_.push_back({event == Json::parse_event_t::array_start, {}, 0, {}});
             break;
         case Json::parse_event_t::object_end:
         case Json::parse_event_t::array_end:
             levels_.pop_back();
             break;
         case Json::parse_event_t::key:
-            levels_.back().key = parsed.get_ref<const std::string&>();
+            SeeKey(parsed.get_ref<const std::string&>());
             break;
         default:
             NextEntry();
@@ -134,13 +142,26 @@ class JsonPlace
         return path;
     }
 
+    /// The keys that stood twice in their object.
+    std::vector<SettingsFault> TakeDoubledKeys() { return std::move(doubled_); }
+
   private:
     struct Level
     {
         bool isArray;
         std::string key;
-        std::size_t entries; ///< of an array, so far
+        std::size_t entries;        ///< of an array, so far
+        std::set<std::string> keys; ///< of an object, so far
     };
+
+    void SeeKey(const std::string& key)
+    {
+        levels_.back().key = key;
+        if (!levels_.back().keys.insert(key).second)
+        {
+            doubled_.push_back({Next(), "同じキーが2回あります。どちらかを取り除いてください", {}, {}});
+        }
+    }
 
     void NextEntry()
     {
@@ -151,19 +172,22 @@ class JsonPlace
     }
 
     std::vector<Level> levels_;
+    std::vector<SettingsFault> doubled_;
 };
 
-Json Parse(const std::wstring& path, const std::string& content)
+Json Parse(const std::wstring& path, const std::string& content, std::vector<SettingsFault>& faults)
 {
     const std::size_t trace = TraceLength(content);
     JsonPlace place;
     try
     {
-        return Json::parse(std::string_view(content).substr(trace),
-                           [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
-                               place.See(event, parsed);
-                               return true;
-                           });
+        Json json = Json::parse(std::string_view(content).substr(trace),
+                                [&](int /*depth*/, Json::parse_event_t event, const Json& parsed) {
+                                    place.See(event, parsed);
+                                    return true;
+                                });
+        faults = place.TakeDoubledKeys();
+        return json;
     }
     catch (const Json::out_of_range&)
     {
@@ -180,46 +204,39 @@ Json Parse(const std::wstring& path, const std::string& content)
     }
 }
 
-Json ReadJson(const std::wstring& path)
+/// All that a stream holds; nothing if it can't be read to its end, or has none.
+std::optional<std::string> ReadStream(std::istream& stream)
 {
-    try
+    std::string content;
+    std::string block(READ_BLOCK_SIZE, '\0');
+    while (stream.good() && content.size() <= LARGEST_FILE)
     {
-        if (const std::optional<std::string> content = ReadWholeFile(path))
-        {
-            return Parse(path, *content);
-        }
+        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
+        content.append(block, 0, static_cast<std::size_t>(stream.gcount()));
     }
-    catch (const CFileException&)
+    return stream.eof() && !stream.bad() ? std::optional(std::move(content)) : std::nullopt;
+}
+
+/// A pipe is taken too: whoever names one waits for it.
+std::optional<std::string> ReadBytes(const std::wstring& path)
+{
+    if (path == STANDARD_INPUT)
     {
-        // Told as one that can't be opened is.
+        return ReadStandardInput(LARGEST_FILE);
+    }
+    const std::string name = Utf8FromWide(path);
+    std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())), std::ios::binary);
+    return file ? ReadStream(file) : std::nullopt;
+}
+
+Json ReadJson(const std::wstring& path, std::vector<SettingsFault>& faults)
+{
+    if (const std::optional<std::string> content = ReadBytes(path))
+    {
+        return Parse(path, *content, faults);
     }
     throw SettingsError(Utf8FromWide(path),
                         "設定ファイルを読み込めません。ファイルの場所とアクセス権を確認してください");
-}
-
-void CheckText(const Json& value, const std::string& path)
-{
-    if (!value.is_string())
-    {
-        throw WrongType(path, value, "文字列");
-    }
-    // A window's texts end at this character: what stands behind it would be lost without a word.
-    if (value.get_ref<const std::string&>().find('\0') != std::string::npos)
-    {
-        throw SettingsError(path, "文字U+0000は使えません。取り除いてください");
-    }
-}
-
-void CheckValue(const DialogField& field, const Json& value, const std::string& path)
-{
-    if (field.kind != FieldKind::Flag)
-    {
-        CheckText(value, path);
-    }
-    else if (!value.is_boolean())
-    {
-        throw WrongType(path, value, "trueまたはfalse");
-    }
 }
 
 /// The field of a key; null if the object has none.
@@ -238,51 +255,130 @@ const SettingArray* FindArray(const SettingObject& object, const std::string& ke
     return array == object.arrays.end() ? nullptr : &*array;
 }
 
-void CheckArray(const SettingObject& object, const Json& array, const std::string& path);
-
-void CheckObject(const SettingObject& object, const Json& json, const std::string& path)
+/// Gathers all that is wrong with settings and can be told without the dialog. Whatever is null is left alone.
+class SettingsCheck
 {
-    for (const auto& [name, value] : json.items())
+  public:
+    explicit SettingsCheck(std::vector<SettingsFault>& faults) : faults_(faults) {}
+
+    void CheckObject(const SettingObject& object, const Json& json, const std::string& path)
     {
-        const std::string keyPath = KeyPath(path, name);
-        if (name.starts_with(COMMENT_MARK))
+        for (const auto& [name, value] : json.items())
         {
-            continue;
+            if (!IsComment(name))
+            {
+                CheckKey(object, name, value, KeyPath(path, name));
+            }
         }
+    }
+
+  private:
+    void CheckKey(const SettingObject& object, const std::string& name, const Json& value, const std::string& path)
+    {
         if (const DialogField* const field = FindSetting(object, name))
         {
-            CheckValue(*field, value, keyPath);
+            CheckValue(*field, value, path);
         }
         else if (const SettingArray* const array = FindArray(object, name))
         {
-            CheckArray(*array->object, value, keyPath);
+            CheckEntries(*array->object, value, path);
         }
         else
         {
-            throw UnknownKey(keyPath, object);
+            faults_.push_back(UnknownKey(path, object));
         }
     }
-}
 
-void CheckArray(const SettingObject& object, const Json& array, const std::string& path)
-{
-    if (!array.is_array())
+    void CheckValue(const DialogField& field, const Json& value, const std::string& path)
     {
-        throw WrongType(path, array, "配列");
+        if (value.is_null())
+        {
+            return;
+        }
+        if (field.kind != FieldKind::Flag)
+        {
+            CheckText(value, path);
+        }
+        else if (!value.is_boolean())
+        {
+            faults_.push_back(WrongType(path, value, "trueまたはfalse"));
+        }
     }
-    for (std::size_t index = 0; index < array.size(); ++index)
+
+    void CheckText(const Json& value, const std::string& path)
     {
-        const Json& entry = array[index];
-        const std::string entryPath = EntryPath(path, index);
+        if (!value.is_string())
+        {
+            faults_.push_back(WrongType(path, value, "文字列"));
+        }
+        // A window's texts end at this character: what stands behind it would be lost without a word.
+        else if (value.get_ref<const std::string&>().find('\0') != std::string::npos)
+        {
+            faults_.push_back({path, "文字U+0000は使えません。取り除いてください", {}, {}});
+        }
+    }
+
+    void CheckEntries(const SettingObject& object, const Json& entries, const std::string& path)
+    {
+        if (entries.is_object())
+        {
+            for (const auto& [name, entry] : entries.items())
+            {
+                if (!IsComment(name))
+                {
+                    CheckEntry(object, entry, KeyPath(path, name));
+                }
+            }
+        }
+        else if (entries.is_array())
+        {
+            for (std::size_t index = 0; index < entries.size(); ++index)
+            {
+                CheckEntry(object, entries[index], EntryPath(path, index));
+            }
+        }
+        else if (!entries.is_null())
+        {
+            faults_.push_back(WrongType(path, entries, "配列またはオブジェクト"));
+        }
+    }
+
+    void CheckEntry(const SettingObject& object, const Json& entry, const std::string& path)
+    {
         if (entry.is_object())
         {
-            CheckObject(object, entry, entryPath);
+            CheckObject(object, entry, path);
         }
         else if (!entry.is_null())
         {
-            throw WrongType(entryPath, entry, "オブジェクトまたはnull");
+            faults_.push_back(WrongType(path, entry, "オブジェクトまたはnull"));
         }
     }
+
+    std::vector<SettingsFault>& faults_;
+};
+
+/// Without comments, which alone may be nested as deeply as a file likes.
+Json WithoutComments(const Json& json)
+{
+    Json plain = json.is_object() ? Json::object() : Json::array();
+    for (const auto& [name, value] : json.items())
+    {
+        if (json.is_object() && IsComment(name))
+        {
+            continue;
+        }
+        Json entry = value.is_structured() ? WithoutComments(value) : value;
+        if (json.is_object())
+        {
+            plain[name] = std::move(entry);
+        }
+        else
+        {
+            plain.push_back(std::move(entry));
+        }
+    }
+    return plain;
 }
 
 /// Control characters come from the file; a message stays one line whatever they are.
@@ -293,15 +389,36 @@ std::string OneLine(std::string text)
     return text;
 }
 
+std::string Lines(const std::vector<SettingsFault>& faults)
+{
+    std::string lines;
+    for (const SettingsFault& fault : faults)
+    {
+        lines += (lines.empty() ? "" : "\n") + fault.Line();
+    }
+    return lines;
+}
+
 } // namespace
 
-SettingsError::SettingsError(const std::string& path, const std::string& text)
-    : std::runtime_error(OneLine(path + ": " + text))
+std::string SettingsFault::Line() const
+{
+    return OneLine(path + ": " + text);
+}
+
+SettingsError::SettingsError(std::vector<SettingsFault> faults)
+    : std::runtime_error(Lines(faults)),
+      faults_(std::move(faults))
 {}
 
 const SettingObject& ProjectSettings()
 {
     return PROJECT;
+}
+
+bool IsComment(const std::string& key)
+{
+    return key.starts_with(COMMENT_MARK);
 }
 
 std::string KeyPath(const std::string& path, const std::string& key)
@@ -316,13 +433,57 @@ std::string EntryPath(const std::string& path, std::size_t index)
 
 Json ReadSettings(const std::wstring& path)
 {
-    Json settings = ReadJson(path);
+    std::vector<SettingsFault> faults;
+    Json settings = ReadJson(path, faults);
     if (!settings.is_object())
     {
-        throw WrongType(Utf8FromWide(path), settings, "オブジェクト");
+        faults.push_back(WrongType(Utf8FromWide(path), settings, "オブジェクト"));
     }
-    CheckObject(PROJECT, settings, "");
-    return settings;
+    else
+    {
+        SettingsCheck(faults).CheckObject(PROJECT, settings, "");
+    }
+    if (faults.empty())
+    {
+        return settings;
+    }
+    for (SettingsFault& fault : faults)
+    {
+        fault.file = Utf8FromWide(path);
+    }
+    throw SettingsError(std::move(faults));
+}
+
+void MergeSettings(Json& settings, const Json& patch)
+{
+    if (!settings.is_object())
+    {
+        settings = Json::object();
+    }
+    for (const auto& [name, value] : patch.items())
+    {
+        if (IsComment(name))
+        {
+            continue;
+        }
+        if (value.is_object())
+        {
+            MergeSettings(settings[name], value);
+        }
+        else if (value.is_null())
+        {
+            settings.erase(name);
+        }
+        else
+        {
+            settings[name] = value.is_array() ? WithoutComments(value) : value;
+        }
+    }
+}
+
+std::string SettingsText(const Json& settings)
+{
+    return WithoutComments(settings).dump();
 }
 
 } // namespace jlandxml

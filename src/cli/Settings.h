@@ -6,6 +6,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace jlandxml
 {
@@ -16,16 +17,34 @@ using Json = nlohmann::json;
 /// Settings as they are printed: in the order in which people read and edit them.
 using PrintedJson = nlohmann::ordered_json;
 
-/// A settings file that can't be acted out. The text is one line: the JSON path, what is wrong, what would be right.
+/// One place of a settings file that can't be acted out.
+struct SettingsFault
+{
+    std::string path;   ///< within the settings: "routes[0].side"; the file's own path where it is the file as a whole
+    std::string text;   ///< what is wrong and what would be right
+    std::string object; ///< the names of the object of the dialog's tree that it is about; empty if there is none
+    std::string file;   ///< the settings file; empty where it isn't known
+
+    /// Path and text in one line, whatever they hold.
+    std::string Line() const;
+};
+
+/// Settings that can't be acted out. The text has a line for each wrong place.
 class SettingsError : public std::runtime_error
 {
   public:
-    SettingsError(const std::string& path, const std::string& text);
+    SettingsError(const std::string& path, const std::string& text) : SettingsError({{path, text, {}, {}}}) {}
+    explicit SettingsError(std::vector<SettingsFault> faults);
+
+    const std::vector<SettingsFault>& Faults() const { return faults_; }
+
+  private:
+    std::vector<SettingsFault> faults_;
 };
 
 struct SettingObject;
 
-/// A key whose array holds one object for each of the dialog's objects of a kind, by position.
+/// A key that holds one object for each of the dialog's objects of a kind: an array by position, an object by names.
 struct SettingArray
 {
     const char* name;
@@ -52,13 +71,29 @@ constexpr bool IsSetting(const DialogField& field)
 /// A settings file as a whole: the project with the coordinate system, which have no item in the tree.
 const SettingObject& ProjectSettings();
 
+/// In the place of a name: every object that has no entry of its own.
+inline constexpr const char* EVERY_OTHER = "*";
+
+/// In the place of a settings file's path: standard input.
+inline constexpr std::wstring_view STANDARD_INPUT = L"-";
+
+/// True for a key that is a comment.
+bool IsComment(const std::string& key);
+
 /// The path of a key or of an array's entry below another path.
 std::string KeyPath(const std::string& path, const std::string& key);
 std::string EntryPath(const std::string& path, std::size_t index);
 
-/// Reads a settings file, JSON in UTF-8 with or without a byte order mark, and checks its keys and types: all that can
-/// be told without the dialog. What a run printed may be read as it is, its trace lines in front. Keys that begin with
-/// "_" are comments; of a key that occurs twice the last value counts. Throws SettingsError.
+/// Reads a settings file or a pipe, JSON in UTF-8 with or without a byte order mark, and checks its keys and types: all
+/// that can be told without the dialog. What a run printed may be read as it is, its trace lines in front. Keys that
+/// begin with "_" are comments. Throws SettingsError with every wrong place.
 Json ReadSettings(const std::wstring& path);
+
+/// Puts settings that were read over others, as a JSON merge patch (RFC 7396): objects are merged key by key, an array
+/// takes the place of what stood there, null takes a key away. Comments are left out.
+void MergeSettings(Json& settings, const Json& patch);
+
+/// Settings that were read, in a form to be handed on.
+std::string SettingsText(const Json& settings);
 
 } // namespace jlandxml

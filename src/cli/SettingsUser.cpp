@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <set>
+#include <utility>
 
 namespace jlandxml
 {
@@ -19,6 +21,7 @@ namespace
 using namespace convert_dlg;
 
 constexpr const char* LOCKED_KEY = "_locked";
+constexpr const char* DISABLED_KEY = "_disabled";
 constexpr const char* CHOICES_KEY = "_choices";
 constexpr const char* NAME_KEY = "_name";
 
@@ -26,6 +29,9 @@ constexpr const char* ROAD_ONLY = "河川の路線では入力できません";
 constexpr const char* RIVER_ONLY = "道路の路線では入力できません";
 constexpr const char* LOCKED = "入力データの値で固定されているため変更できません";
 constexpr const char* OUT_OF_REACH = "いまは変更できません";
+
+/// Between the names of an object and of the one below it.
+constexpr const char* NAMES_SEPARATOR = "／";
 
 /// Why a field's control may be out of reach.
 const char* DisabledReason(const DialogField& field)
@@ -49,14 +55,40 @@ std::string Quoted(const std::wstring& text)
     return "「" + Utf8FromWide(text) + "」";
 }
 
-SettingsError NoSuchChoice(const std::string& path, const std::wstring& name, const std::vector<std::wstring>& choices)
+std::string NoSuchChoice(const std::wstring& name, const std::vector<std::wstring>& choices)
 {
     std::string list;
     for (const std::wstring& choice : choices)
     {
         list += (list.empty() ? "" : "、") + Utf8FromWide(choice);
     }
-    return {path, Quoted(name) + "は選択できません（選択肢: " + (list.empty() ? "なし" : list) + "）"};
+    return Quoted(name) + "は選択できません（選択肢: " + (list.empty() ? "なし" : list) + "）";
+}
+
+/// How many objects there are in the place of one that isn't.
+std::string NoSuchEntry(const SettingObject& object, const std::string& path, std::size_t count)
+{
+    if (count == 0)
+    {
+        return std::string(object.noun) + "はありません";
+    }
+    const std::string last = count > 1 ? "～" + EntryPath(path, count - 1) : "";
+    return std::string(object.noun) + "は" + std::to_string(count) + "件です（" + EntryPath(path, 0) + last + "）";
+}
+
+std::string NoSuchName(const SettingObject& object, const std::set<std::string>& names)
+{
+    std::string list;
+    for (const std::string& name : names)
+    {
+        list += (list.empty() ? "" : "、") + name;
+    }
+    return std::string("この名前の") + object.noun + "はありません（あるもの: " + (list.empty() ? "なし" : list) + "）";
+}
+
+std::string JoinNames(const std::string& above, const std::string& name)
+{
+    return above.empty() || name.empty() ? above + name : above + NAMES_SEPARATOR + name;
 }
 
 void AddUnlessNull(PrintedJson& target, const char* name, PrintedJson value)
@@ -67,7 +99,7 @@ void AddUnlessNull(PrintedJson& target, const char* name, PrintedJson value)
     }
 }
 
-SettingsError Refused(const std::string& path, const std::wstring& text, const NumberRule* rule)
+std::string Refused(const std::wstring& text, const NumberRule* rule)
 {
     std::string problem = Quoted(text) + "は入力できません";
     if (rule != nullptr)
@@ -75,7 +107,7 @@ SettingsError Refused(const std::string& path, const std::wstring& text, const N
         problem += "（" + NumberText(rule->typedMinimum) + "から" + NumberText(rule->maximum) + "までの数値、小数第" +
                    std::to_string(rule->digitsAfterPoint) + "位まで）";
     }
-    return {path, problem};
+    return problem;
 }
 
 } // namespace
@@ -84,7 +116,19 @@ SettingsError Refused(const std::string& path, const std::wstring& text, const N
 
 void SettingsUser::Act(const Json& settings)
 {
+    faults_.clear();
+    passedOver_.clear();
     ActObject(ProjectSettings(), nullptr, settings, "");
+    if (!faults_.empty())
+    {
+        throw SettingsError(std::move(faults_));
+    }
+}
+
+void SettingsUser::ActEntries(const SettingObject& object, const Items& items, const Json& entries,
+                              const std::string& path)
+{
+    entries.is_object() ? ActNamed(object, items, entries, path) : ActArray(object, items, entries, path);
 }
 
 void SettingsUser::ActArray(const SettingObject& object, const Items& items, const Json& array, const std::string& path)
@@ -95,13 +139,38 @@ void SettingsUser::ActArray(const SettingObject& object, const Items& items, con
         {
             continue;
         }
-        const std::string entryPath = EntryPath(path, index);
-        if (index >= items.size())
+        if (index < items.size())
         {
-            throw SettingsError(entryPath, std::string("対応する") + object.noun + "がありません（" +
-                                               std::to_string(items.size()) + "件です）");
+            ActObject(object, items[index], array[index], EntryPath(path, index));
         }
-        ActObject(object, items[index], array[index], entryPath);
+        else
+        {
+            FindFault(EntryPath(path, index), NoSuchEntry(object, path, items.size()));
+        }
+    }
+}
+
+/// Several objects may have one name.
+void SettingsUser::ActNamed(const SettingObject& object, const Items& items, const Json& named, const std::string& path)
+{
+    std::set<std::string> names;
+    for (const TreeItem item : items)
+    {
+        const std::string name = NameOf(item);
+        names.insert(name);
+        const bool isNamed = !IsComment(name) && named.contains(name);
+        const std::string key = isNamed ? name : EVERY_OTHER;
+        if (const auto entry = named.find(key); entry != named.end() && !entry->is_null())
+        {
+            ActObject(object, item, *entry, KeyPath(path, key));
+        }
+    }
+    for (const auto& [name, entry] : named.items())
+    {
+        if (!IsComment(name) && name != EVERY_OTHER && !entry.is_null() && !names.contains(name))
+        {
+            FindUnreachable(KeyPath(path, name), NoSuchName(object, names));
+        }
     }
 }
 
@@ -111,27 +180,47 @@ void SettingsUser::ActObject(const SettingObject& object, TreeItem item, const J
     {
         dialog_.ChooseTreeItem(OBJECT_TREE, item);
     }
+    const std::string above = acted_;
+    acted_ = JoinNames(above, item != nullptr ? NameOf(item) : "");
     for (const DialogField& field : object.fields)
     {
-        if (const auto value = settings.find(field.key); IsSetting(field) && value != settings.end())
+        if (const auto value = settings.find(field.key);
+            IsSetting(field) && value != settings.end() && !value->is_null())
         {
             ActField(field, *value, KeyPath(path, field.key));
         }
     }
     for (const SettingArray& array : object.arrays)
     {
-        if (const auto value = settings.find(array.name); value != settings.end())
+        if (const auto value = settings.find(array.name); value != settings.end() && !value->is_null())
         {
-            ActArray(*array.object, ItemsBelow(item, *array.object), *value, KeyPath(path, array.name));
+            ActEntries(*array.object, ItemsBelow(item, *array.object), *value, KeyPath(path, array.name));
         }
     }
+    acted_ = above;
+}
+
+SettingsFault SettingsUser::Fault(const std::string& path, const std::string& text) const
+{
+    return {path, text, acted_, {}};
+}
+
+void SettingsUser::FindFault(const std::string& path, const std::string& text)
+{
+    faults_.push_back(Fault(path, text));
+}
+
+void SettingsUser::FindUnreachable(const std::string& path, const std::string& text)
+{
+    (unreachable_ == Unreachable::IsFault ? faults_ : passedOver_).push_back(Fault(path, text));
 }
 
 void SettingsUser::ActField(const DialogField& field, const Json& value, const std::string& path)
 {
     if (!dialog_.CanReach(field.control))
     {
-        throw SettingsError(path, DisabledReason(field));
+        FindUnreachable(path, DisabledReason(field));
+        return;
     }
     if (field.kind == FieldKind::Flag)
     {
@@ -158,7 +247,7 @@ void SettingsUser::ActText(const DialogField& field, const std::wstring& text, c
     dialog_.Type(field.control, text);
     if (dialog_.Text(field.control) != text)
     {
-        throw Refused(path, text, field.number);
+        FindFault(path, Refused(text, field.number));
     }
 }
 
@@ -167,7 +256,8 @@ void SettingsUser::ActEntry(const DialogField& field, const std::wstring& name, 
     const int entry = FindEntryNamed(field, name);
     if (entry == DialogWindow::NO_ENTRY)
     {
-        throw NoSuchChoice(path, name, dialog_.Entries(field.control));
+        FindFault(path, NoSuchChoice(name, dialog_.Entries(field.control)));
+        return;
     }
     dialog_.ChooseEntry(field.control, entry);
 }
@@ -178,49 +268,79 @@ void SettingsUser::ActRouteKind(const std::wstring& name, const std::string& pat
                                           [&](const RouteKindRadio& one) { return name == one.designGmType; });
     if (kind == std::end(ROUTE_KIND_RADIOS))
     {
-        throw NoSuchChoice(path, name, {ROAD_DESIGN, RIVER_DESIGN});
+        FindFault(path, NoSuchChoice(name, {ROAD_DESIGN, RIVER_DESIGN}));
+        return;
     }
     dialog_.Click(kind->control);
 }
 
 // Printing
 
-PrintedJson SettingsUser::Print()
+void SettingsUser::VisitAll()
 {
-    return PrintObject(ProjectSettings(), nullptr);
+    Visit(ProjectSettings(), nullptr);
 }
 
-PrintedJson SettingsUser::PrintArray(const SettingObject& object, const Items& items)
-{
-    PrintedJson array = PrintedJson::array();
-    for (const TreeItem item : items)
-    {
-        array.push_back(PrintObject(object, item));
-    }
-    return array;
-}
-
-PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item)
+void SettingsUser::Visit(const SettingObject& object, TreeItem item)
 {
     if (object.selects)
     {
         dialog_.ChooseTreeItem(OBJECT_TREE, item);
     }
-    PrintedJson json = item != nullptr ? PrintedJson{{NAME_KEY, Utf8FromWide(dialog_.TreeText(OBJECT_TREE, item))}}
-                                       : PrintedJson::object();
+    for (const SettingArray& array : object.arrays)
+    {
+        for (const TreeItem below : ItemsBelow(item, *array.object))
+        {
+            Visit(*array.object, below);
+        }
+    }
+}
+
+PrintedJson SettingsUser::Print(const Judgement& judgement)
+{
+    return PrintObject(ProjectSettings(), nullptr, judgement);
+}
+
+PrintedJson SettingsUser::PrintArray(const SettingObject& object, const Items& items, const Judgement& judgement)
+{
+    PrintedJson array = PrintedJson::array();
+    for (const TreeItem item : items)
+    {
+        array.push_back(PrintObject(object, item, judgement));
+    }
+    return array;
+}
+
+PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item, const Judgement& judgement)
+{
+    if (object.selects)
+    {
+        dialog_.ChooseTreeItem(OBJECT_TREE, item);
+    }
+    PrintedJson json = item != nullptr ? PrintedJson{{NAME_KEY, NameOf(item)}} : PrintedJson::object();
     PrintedJson locked;
+    PrintedJson disabled;
     PrintedJson choices;
     for (const DialogField& field : object.fields)
     {
-        const bool canBeSet = IsSetting(field) && dialog_.CanReach(field.control);
-        AddUnlessNull(canBeSet ? json : locked, field.key, PrintValue(field));
-        AddUnlessNull(choices, field.key, PrintChoices(field));
+        PrintedJson value = PrintValue(field);
+        if (!IsSetting(field) || !dialog_.CanReach(field.control))
+        {
+            AddUnlessNull(field.routeKind.empty() ? locked : disabled, field.key, std::move(value));
+        }
+        else
+        {
+            const DlgDataItem* const data = item != nullptr ? &DataOf(item) : nullptr;
+            json[field.key] = judgement.refused.contains({data, field.control}) ? PrintedJson() : std::move(value);
+        }
+        AddUnlessNull(choices, field.key, PrintChoices(field, judgement));
     }
     for (const SettingArray& array : object.arrays)
     {
-        json[array.name] = PrintArray(*array.object, ItemsBelow(item, *array.object));
+        json[array.name] = PrintArray(*array.object, ItemsBelow(item, *array.object), judgement);
     }
     AddUnlessNull(json, LOCKED_KEY, std::move(locked));
+    AddUnlessNull(json, DISABLED_KEY, std::move(disabled));
     AddUnlessNull(json, CHOICES_KEY, std::move(choices));
     return json;
 }
@@ -252,7 +372,7 @@ PrintedJson SettingsUser::PrintValue(const DialogField& field) const
 }
 
 /// Null where nothing is chosen from a list.
-PrintedJson SettingsUser::PrintChoices(const DialogField& field) const
+PrintedJson SettingsUser::PrintChoices(const DialogField& field, const Judgement& judgement) const
 {
     if (IsEditField(field.kind))
     {
@@ -262,7 +382,7 @@ PrintedJson SettingsUser::PrintChoices(const DialogField& field) const
     {
         return PrintedJson::array({Utf8FromWide(ROAD_DESIGN), Utf8FromWide(RIVER_DESIGN)});
     }
-    return field.kind == FieldKind::Flag ? PrintMeanings(field) : PrintEntries(field);
+    return field.kind == FieldKind::Flag ? PrintMeanings(field) : PrintEntries(field, judgement);
 }
 
 /// What the values of a flag are called.
@@ -277,10 +397,12 @@ PrintedJson SettingsUser::PrintMeanings(const DialogField& field) const
     return meanings;
 }
 
-PrintedJson SettingsUser::PrintEntries(const DialogField& field) const
+PrintedJson SettingsUser::PrintEntries(const DialogField& field, const Judgement& judgement) const
 {
+    const auto accepted = judgement.accepted.find(field.control);
     PrintedJson texts = PrintedJson::array();
-    for (const std::wstring& text : dialog_.Entries(field.control))
+    for (const std::wstring& text :
+         accepted != judgement.accepted.end() ? accepted->second : dialog_.Entries(field.control))
     {
         texts.push_back(Utf8FromWide(text));
     }
@@ -288,6 +410,34 @@ PrintedJson SettingsUser::PrintEntries(const DialogField& field) const
 }
 
 // The dialog's tree and lists
+
+ObjectPlaces SettingsUser::Places() const
+{
+    ObjectPlaces places;
+    AddPlacesBelow(ProjectSettings(), nullptr, {}, places);
+    return places;
+}
+
+void SettingsUser::AddPlacesBelow(const SettingObject& object, TreeItem item, const ObjectPlace& place,
+                                  ObjectPlaces& places) const
+{
+    for (const SettingArray& array : object.arrays)
+    {
+        const Items items = ItemsBelow(item, *array.object);
+        for (std::size_t index = 0; index < items.size(); ++index)
+        {
+            const ObjectPlace below{EntryPath(KeyPath(place.path, array.name), index),
+                                    JoinNames(place.names, NameOf(items[index]))};
+            places.emplace(&DataOf(items[index]), below);
+            AddPlacesBelow(*array.object, items[index], below, places);
+        }
+    }
+}
+
+std::string SettingsUser::NameOf(TreeItem item) const
+{
+    return Utf8FromWide(dialog_.TreeText(OBJECT_TREE, item));
+}
 
 const DlgDataItem& SettingsUser::DataOf(TreeItem item) const
 {

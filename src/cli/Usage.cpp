@@ -4,10 +4,16 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <numeric>
 #include <sstream>
 #include <utility>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 namespace jlandxml
 {
@@ -17,6 +23,77 @@ namespace
 
 constexpr std::pair<const char*, const char*> HEADINGS[] = {
     {"Usage", "使い方"}, {"Positionals", "引数"}, {"OPTIONS", "オプション"}, {"REQUIRED", "（必須）"}};
+
+/// An option with so many letters wrong, missing, too many or swapped is still taken for the one that is meant.
+constexpr std::size_t MOST_MISTAKES = 2;
+/// From so many letters on the beginning of an option is enough.
+constexpr std::size_t SHORTEST_BEGINNING = 3;
+
+#ifdef _WIN32
+
+bool ReadsJapanese()
+{
+    return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_JAPANESE;
+}
+
+#else
+
+/// As the C library finds the language of messages, without touching the process's locale.
+bool ReadsJapanese()
+{
+    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+    {
+        const char* const locale = std::getenv(variable);
+        if (locale != nullptr && *locale != '\0')
+        {
+            return std::string_view(locale).starts_with("ja");
+        }
+    }
+    return false;
+}
+
+#endif
+
+/// How many letters of one text have to be changed, added or taken away to get the other.
+std::size_t Mistakes(std::string_view one, std::string_view other)
+{
+    std::vector<std::size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < one.size(); ++i)
+    {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < other.size(); ++j)
+        {
+            const std::size_t changed = diagonal + (one[i] == other[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+/// The long option that an unknown one may be meant for; empty if none is near.
+std::string NearestOption(const CLI::App& app, std::string_view unknown)
+{
+    const std::string_view name = unknown.substr(0, unknown.find('=')).substr(std::min<std::size_t>(2, unknown.size()));
+    std::string nearest;
+    std::size_t fewest = MOST_MISTAKES + 1;
+    for (const CLI::Option* const option : app.get_options())
+    {
+        for (const std::string& known : option->get_lnames())
+        {
+            const bool begins = name.size() >= SHORTEST_BEGINNING && known.starts_with(name);
+            // Of a short word little would be left.
+            const std::size_t mistakes = begins ? 0 : Mistakes(name.substr(0, known.size() + MOST_MISTAKES + 1), known);
+            if (mistakes < std::min(fewest, (known.size() + 1) / 2))
+            {
+                nearest = "--" + known;
+                fewest = mistakes;
+            }
+        }
+    }
+    return unknown.starts_with("--") ? nearest : std::string();
+}
 
 /// One line about the argument that is wrong.
 std::string Problem(const CLI::ParseError& error, const std::string& missing)
@@ -55,17 +132,25 @@ CLI::ParseError WrongArgument(const std::string& argument, const std::string& pr
     return {argument + ": " + problem, CLI::ExitCodes::ValidationError};
 }
 
+const char* InUsersLanguage(const char* japanese, const char* english)
+{
+    return ReadsJapanese() ? japanese : english;
+}
+
 void PrepareUsage(CLI::App& app, const std::string& name)
 {
     for (const auto& [heading, translation] : HEADINGS)
     {
-        app.get_formatter()->label(heading, translation);
+        app.get_formatter()->label(heading, InUsersLanguage(translation, heading));
     }
-    app.option_defaults()->group("オプション")->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    app.option_defaults()
+        ->group(InUsersLanguage("オプション", "Options"))
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
-    app.set_version_flag("-V,--version", name + " " JLANDXML_VERSION, "バージョンを表示します");
-    app.set_help_flag("-h,--help", "この説明を表示します");
+    app.set_version_flag("-V,--version", name + " " JLANDXML_VERSION,
+                         InUsersLanguage("バージョンを表示します", "prints the version"));
+    app.set_help_flag("-h,--help", InUsersLanguage("この説明を表示します", "prints this help"));
     app.allow_extras();
 }
 
@@ -90,11 +175,27 @@ void RefuseOverwriting(const CLI::Option& option, const std::string& path, const
 
 void RefuseFurtherArguments(const CLI::App& app)
 {
-    const std::vector<std::string> rest = app.remaining();
+    std::vector<std::string> rest = app.remaining();
+    std::erase(rest, "--"); // nothing but the end of the options
+    if (!rest.empty() && rest.front().size() > 1 && rest.front().starts_with('-'))
+    {
+        const std::string nearest = NearestOption(app, rest.front());
+        throw WrongArgument(rest.front(),
+                            "不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）"));
+    }
     if (!rest.empty())
     {
         throw WrongArgument(rest.front(), "余分な引数です。取り除いてください");
     }
+}
+
+bool MakeFolder(const std::wstring& folder)
+{
+    const std::string name = Utf8FromWide(folder);
+    std::error_code failure;
+    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+    std::filesystem::create_directories(path, failure);
+    return std::filesystem::is_directory(path, failure);
 }
 
 bool WriteAnswer(std::wstring_view text)

@@ -15,6 +15,9 @@ namespace jlandxml
 /// Thrown for an argument that the library takes for a right one.
 CLI::ParseError WrongArgument(const std::string& argument, const std::string& problem);
 
+/// One of two texts, by the language of the user's locale: Japanese, or English in any other one.
+const char* InUsersLanguage(const char* japanese, const char* english);
+
 /// Gives a command line headings in the user's language, --help and --version. Of an option that is given several times
 /// the last counts, unless it says otherwise.
 void PrepareUsage(CLI::App& app, const std::string& name);
@@ -26,8 +29,12 @@ void RefuseEmpty(const CLI::Option& option, const std::string& value, const std:
 /// path or link. Files that don't exist are told apart by their paths.
 void RefuseOverwriting(const CLI::Option& option, const std::string& path, const std::vector<std::string>& others);
 
-/// Throws if there are arguments that nothing was declared for.
+/// Throws if there are arguments that nothing was declared for. One that looks like an option is called that, with the
+/// option that it may be meant for.
 void RefuseFurtherArguments(const CLI::App& app);
+
+/// Makes a folder with those above it. False if there is none afterwards.
+bool MakeFolder(const std::wstring& folder);
 
 /// Writes what the user asked for on standard output. False, with a line on standard error, if not all of it was taken.
 bool WriteAnswer(std::wstring_view text);

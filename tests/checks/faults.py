@@ -60,7 +60,7 @@ OLD = b"<the file that stood here before/>" * 3000
 TIME_LIMIT = 60
 WARNING = "警告: "
 
-USAGE_LINES = re.compile("設定ファイルを読み込めません|作業フォルダーがありません")
+USAGE_LINES = re.compile("設定ファイルを読み込めません|作業フォルダーが見つかりません")
 NO_FILE = "ファイルは出力されませんでした。"
 FAILURE_LINES = re.compile(
     NO_FILE +

@@ -9,6 +9,15 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace jlandxml
 {
 namespace
@@ -37,8 +46,9 @@ struct Outcome
 {
     ExitStatus status;
     std::string out;
-    std::string err;      ///< without the warnings
+    std::string err;      ///< without the warnings, and without what stands behind a tab
     std::string warnings; ///< each with its line's end
+    std::string details;  ///< what stands behind the tabs of the lines that are no warnings
 };
 
 /// Takes the lines that begin as warnings do out of a text.
@@ -58,6 +68,26 @@ std::string TakeWarningLines(std::string& text)
     return taken;
 }
 
+/// Takes what stands behind tabs out of a text; what is taken keeps its lines' ends.
+std::string TakeDetails(std::string& text)
+{
+    std::string taken;
+    std::string rest;
+    bool isDetail = false;
+    for (const char character : text)
+    {
+        const bool wasDetail = isDetail;
+        isDetail = character != '\n' && (isDetail || character == '\t');
+        if (character != '\t')
+        {
+            (wasDetail ? taken : rest) += character;
+            rest += wasDetail && character == '\n' ? "\n" : "";
+        }
+    }
+    text = std::move(rest);
+    return taken;
+}
+
 class CommandLineTest : public RunTest
 {
   protected:
@@ -69,7 +99,8 @@ class CommandLineTest : public RunTest
         std::string out = testing::internal::GetCapturedStdout();
         std::string err = testing::internal::GetCapturedStderr();
         std::string warnings = TakeWarningLines(err);
-        return {status, std::move(out), std::move(err), std::move(warnings)};
+        std::string details = TakeDetails(err);
+        return {status, std::move(out), std::move(err), std::move(warnings), std::move(details)};
     }
 
     std::wstring Settings(const std::string& json) const { return folder.Write(L"settings.json", json); }
@@ -94,8 +125,8 @@ TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
     EXPECT_EQ(outcome.status, ExitStatus::Findings);
     EXPECT_EQ(outcome.out, "");
     EXPECT_TRUE(outcome.err.starts_with("誤り H09 ")) << outcome.err;
-    EXPECT_TRUE(
-        outcome.err.ends_with(" A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.001 m）\n"))
+    EXPECT_TRUE(outcome.err.ends_with(
+        " A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.001 m）\n"))
         << outcome.err;
     EXPECT_FALSE(folder.Read(L"out.xml").empty());
 }
@@ -284,6 +315,225 @@ TEST_F(CommandLineTest, AnExistingFileIsReplacedAndOnlyBySuccess)
     EXPECT_NE(folder.Read(L"out.xml"), "old");
 }
 
+TEST_F(CommandLineTest, BehindAFindingStandItsKeyAndItsObject)
+{
+    WorkFile("<LandXML><Project/><Alignments name='市道100号'><Alignment name='線形1'/><Alignment name='線形2'/>"
+             "</Alignments><Alignments><Alignment name='線形3'/></Alignments></LandXML>");
+    folder.Write(L"widthStake_temp_1.csv", "1\n2\nA,n,t,1,2,3,4,5,,open\n");
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(R"({"routes": [null, {"designGmType": "河川"}]})"), L"-o", Output()});
+    EXPECT_EQ(outcome.details, "projectName\n"
+                               "horizontalDatum\n"
+                               "horizontalCoordinateSystemName\n"
+                               "routes[0].roadClassification（市道100号）\n"
+                               "routes[0].trafficVolume（市道100号）\n"
+                               "routes[0].alignments[0].mainInterval（市道100号／線形1）\n"
+                               "routes[0].alignments[0].normalCrown（市道100号／線形1）\n"
+                               "routes[0].alignments[1].mainInterval（市道100号／線形2）\n"
+                               "routes[0].alignments[1].normalCrown（市道100号／線形2）\n"
+                               "routes[1].riverClassification（路線1）\n"
+                               "routes[1].side（路線1）\n"
+                               "routes[1].alignments[0].mainInterval（路線1／線形3）\n"
+                               "routes[1].alignments[0].normalCrown（路線1／線形3）\n"
+                               "widthStakes[0].alignmentRefs（WidthStakePnts-1）\n"
+                               "widthStakes[0].desc（WidthStakePnts-1）\n");
+}
+
+/// Why a target isn't written, and what stands behind the tab; "@" stands for the folder.
+struct UnwritableTarget
+{
+    const char* name;
+    const wchar_t* target;
+    const char* detail;
+};
+constexpr UnwritableTarget UNWRITABLE_TARGETS[] = {
+    {"AFolderThatIsNotThere", L"missing/out.xml", "@/missing/（ありません）\n"},
+    {"AFileInThePlaceOfTheFolder", L"Landxml_temp.xml/out.xml", "@/Landxml_temp.xml/（ありません）\n"},
+    {"AFolderInThePlaceOfTheFile", L"inner", "@/inner（通常のファイルではありません）\n"},
+};
+
+class UnwritableTargets : public CommandLineTest, public testing::WithParamInterface<UnwritableTarget>
+{};
+
+TEST_P(UnwritableTargets, AreNamedWithTheReason)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    std::filesystem::create_directory(folder.Path() / "inner");
+    const std::wstring target = folder.Name() + L"/" + GetParam().target;
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", target});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, "ファイルは出力されませんでした。\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(folder.Name()) + (GetParam().detail + 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, UnwritableTargets, testing::ValuesIn(UNWRITABLE_TARGETS),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(CommandLineTest, AnOutputFolderIsMadeAndTheFileIsNamedAfterTheWorkFolder)
+{
+    const std::filesystem::path work = folder.Path() / NativePath(L"国道 1.2");
+    std::filesystem::create_directory(work);
+    std::ofstream(work / "Landxml_temp.xml") << COMPLETE_WORK_FILE;
+    const std::wstring settings = Settings(COMPLETING_SETTINGS);
+    for (const std::wstring& name :
+         {folder.Name(L"国道 1.2"), folder.Name(L"国道 1.2") + L"/", folder.Name(L"国道 1.2/.")})
+    {
+        std::filesystem::remove_all(folder.Path() / "a");
+        const Outcome outcome = Run({name, L"-s", settings, L"--output-dir", folder.Name(L"a/b")});
+        EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
+        EXPECT_FALSE(folder.Read(L"a/b/国道 1.2.xml").empty());
+    }
+}
+
+TEST_F(CommandLineTest, AnOutputFolderThatCannotBeMadeIsStatusThree)
+{
+    const std::wstring file = WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run({folder.Name(), L"--output-dir", file});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, Utf8FromWide(file) + ": フォルダーを作れません\n");
+}
+
+TEST_F(CommandLineTest, ADryRunDoesAllButTheWriting)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    folder.Write(L"out.xml", "old");
+    const std::wstring settings = Settings(COMPLETING_SETTINGS);
+    EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"--dry-run"}).status, ExitStatus::FileWritten);
+    EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"-o", Output(), L"--dry-run"}).status, ExitStatus::FileWritten);
+    EXPECT_EQ(folder.Read(L"out.xml"), "old");
+    EXPECT_EQ(Run({folder.Name(), L"--dry-run"}).status, ExitStatus::Findings);
+    EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"-o", Output()}).status, ExitStatus::FileWritten);
+    EXPECT_NE(folder.Read(L"out.xml"), "old");
+}
+
+TEST_F(CommandLineTest, AnOptionMayStandBehindTheFoldersAndTwoDashesEndThem)
+{
+    const std::filesystem::path work = folder.Path() / "-o";
+    std::filesystem::create_directory(work);
+    std::ofstream(work / "Landxml_temp.xml") << COMPLETE_WORK_FILE;
+    const std::filesystem::path former = std::filesystem::current_path();
+    const std::wstring settings = Settings(COMPLETING_SETTINGS);
+    std::filesystem::current_path(folder.Path());
+    const Outcome outcome = Run({L"-s", settings, L"-o", L"out.xml", L"--", L"-o"});
+    std::filesystem::current_path(former);
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
+    EXPECT_FALSE(folder.Read(L"out.xml").empty());
+}
+
+// Warnings
+
+TEST_F(CommandLineTest, AWarningIsAFindingWhereThatIsAskedFor)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    std::filesystem::create_directory(folder.Path() / "widening_temp_1.csv");
+    const std::vector<std::wstring> arguments{folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()};
+    std::vector<std::wstring> strict = arguments;
+    strict.push_back(L"--strict");
+    const Outcome outcome = Run(strict);
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_TRUE(outcome.warnings.starts_with("警告: ファイルを読み込めません。\t"));
+    EXPECT_FALSE(PathExists(Output()));
+    EXPECT_EQ(Run(arguments).status, ExitStatus::FileWritten);
+    std::filesystem::remove(folder.Path() / "widening_temp_1.csv");
+    EXPECT_EQ(Run(strict).status, ExitStatus::FileWritten);
+}
+
+TEST_F(CommandLineTest, NoWarningsAreToldWhereNoneAreWanted)
+{
+    const Outcome outcome = Run({folder.Name(), L"-o", Output(), L"--quiet"});
+    EXPECT_EQ(outcome.warnings, "");
+    EXPECT_EQ(outcome.err, EMPTY_MODEL_FINDINGS);
+}
+
+TEST_F(CommandLineTest, ASettingThatIsPassedOverIsAWarning)
+{
+    WorkFile(
+        "<LandXML><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments name='国道'><Alignment name='A' desc='プロジェクト名 = "
+        "名'/></Alignments></LandXML>");
+    const std::vector<std::wstring> arguments{folder.Name(), L"-o", Output(), L"-s",
+                                              Settings(R"({"routes": {"県道": {}, "国道": {"roadClassification":
+        "第1種第1級", "trafficVolume": "1", "side": "左岸", "alignments": {"A": {"mainInterval": "20", "normalCrown": "2"}}}}})")};
+    const Outcome wrong = Run(arguments);
+    EXPECT_EQ(wrong.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(wrong.err, "routes.国道.side: 道路の路線では入力できません\n"
+                         "routes.県道: この名前の路線はありません（あるもの: 国道）\n");
+    EXPECT_EQ(wrong.details, "国道\n");
+    std::vector<std::wstring> skipping = arguments;
+    skipping.push_back(L"--skip-locked");
+    const Outcome outcome = Run(skipping);
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
+    EXPECT_EQ(outcome.warnings,
+              "警告: routes.国道.side: 道路の路線では入力できません（この設定を読み飛ばしました）\t国道\n"
+              "警告: routes.県道: この名前の路線はありません（あるもの: 国道）（この設定を読み飛ばしました）\n");
+}
+
+// Lines for programs
+
+TEST_F(CommandLineTest, AWrittenFileIsALineOfJsonThatCountsWhatItHolds)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    folder.Write(L"intermediatePts_temp_1.csv", "線形名,A\n2\nP,1,2,3,4,5\nQ,2,2,3,4,5\n");
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--json"});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 1);
+    OrderedJson line = OrderedJson::parse(outcome.out);
+    EXPECT_GE(line["seconds"], 0.0);
+    line.erase("seconds");
+    EXPECT_EQ(line.dump(), OrderedJson({{"folder", Utf8FromWide(folder.Name())},
+                                        {"output", Utf8FromWide(Output())},
+                                        {"status", 0},
+                                        {"findings", OrderedJson::array()},
+                                        {"warnings", OrderedJson::array()},
+                                        {"counts",
+                                         {{"read",
+                                           {{"routes", 1},
+                                            {"alignments", 1},
+                                            {"crossSections", 0},
+                                            {"surfaces", 0},
+                                            {"pointGroups", 1},
+                                            {"points", 2}}},
+                                          {"written",
+                                           {{"routes", 1},
+                                            {"alignments", 1},
+                                            {"crossSections", 0},
+                                            {"surfaces", 0},
+                                            {"pointGroups", 1},
+                                            {"points", 2},
+                                            {"bytes", folder.Read(L"out.xml").size()}}}}}})
+                               .dump());
+}
+
+TEST_F(CommandLineTest, FindingsAndWarningsStandInTheLineOfJsonWithTheirParts)
+{
+    folder.Write(L"Landxml_temp.xml", "<LandXML>");
+    const Outcome outcome = Run({folder.Name(), L"-o", Output(), L"--json"});
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    EXPECT_EQ(outcome.err, EMPTY_MODEL_FINDINGS);
+    const OrderedJson line = OrderedJson::parse(outcome.out);
+    EXPECT_EQ(line["status"], 1);
+    EXPECT_EQ(line["findings"][1].dump(),
+              R"({"code":"missing","text":"測地原子が入力されていません。","path":"horizontalDatum"})");
+    EXPECT_EQ(line["warnings"][0]["code"], "malformed-xml");
+    EXPECT_EQ(line["warnings"][0]["file"], Utf8FromWide(folder.Name()) + "/Landxml_temp.xml");
+    EXPECT_EQ(line["counts"]["written"].dump(), "{}");
+}
+
+TEST_F(CommandLineTest, WhateverEndsARunStandsAmongTheFindingsOfItsLine)
+{
+    const auto code = [&](const std::vector<std::wstring>& options) {
+        std::vector<std::wstring> arguments{folder.Name(), L"-o", Output(), L"--json"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return OrderedJson::parse(Run(arguments).out)["findings"][0]["code"].get<std::string>();
+    };
+    EXPECT_EQ(code({L"-s", Settings(R"({"projectPhase": "x"})")}), "settings");
+    EXPECT_EQ(code({L"-s", L"missing.json"}), "settings");
+    folder.Write(L"intermediatePts_temp_1.csv", MALFORMED_SIDE_FILE);
+    EXPECT_EQ(code({}), "message");
+    EXPECT_EQ(OrderedJson::parse(Run({L"無い", L"-o", Output(), L"--json"}).out)["findings"][0]["code"], "no-folder");
+}
+
 // Settings errors before and during the run
 
 TEST_F(CommandLineTest, AWrongTypeIsFoundBeforeTheRunStarts)
@@ -312,6 +562,68 @@ TEST_F(CommandLineTest, WhatTheDialogRefusesIsToldBehindTheTraceLinesAndInsteadO
     EXPECT_FALSE(PathExists(Output()));
 }
 
+TEST_F(CommandLineTest, EveryWrongPlaceOfTheSettingsIsALine)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run(
+        {folder.Name(), L"-s", Settings(R"({"projectPhase": "x", "routes": [{"side": "左岸", "trafficVolume": "y"}]})"),
+         L"-o", Output()});
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "projectPhase: 「x」は選択できません（選択肢: 概略、予備、詳細、施工）\n"
+                           "routes[0].trafficVolume: 「y」は入力できません（0から999999までの数値、小数第10位まで）\n"
+                           "routes[0].side: 道路の路線では入力できません\n");
+    EXPECT_EQ(outcome.details, "路線1\n路線1\n");
+}
+
+// Several settings files
+
+TEST_F(CommandLineTest, SettingsFilesAreMergedInOrderAndTheFoldersOwnComesLast)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::wstring first = Settings(COMPLETING_SETTINGS);
+    const std::wstring second = folder.Write(L"b.json", R"({"projectName": "b", "projectPhase": "概略"})");
+    folder.Write(L"own.json", R"({"projectName": "own"})");
+    const auto printed = [&](std::vector<std::wstring> options) {
+        options.insert(options.end(), {folder.Name(), L"--print-settings"});
+        return OrderedJson::parse(Run(options).out);
+    };
+    const OrderedJson merged = printed({L"-s", first, L"-s", second});
+    EXPECT_EQ(merged["projectName"], "b");
+    EXPECT_EQ(merged["routes"][0]["trafficVolume"], "1");
+    EXPECT_EQ(printed({L"-s", second, L"--folder-settings", L"own.json"})["projectName"], "own");
+    EXPECT_EQ(printed({L"-s", second, L"--folder-settings", L"own.json"})["projectPhase"], "概略");
+    EXPECT_EQ(printed({L"-s", second, L"--folder-settings", L"none.json"})["projectName"], "b");
+}
+
+TEST_F(CommandLineTest, ErrorsInSeveralSettingsFilesNameTheirFiles)
+{
+    const std::wstring first = folder.Write(L"a.json", R"({"projectName": 1})");
+    const std::wstring second = folder.Write(L"b.json", R"({"projectPhase": 1})");
+    const Outcome outcome = Run({folder.Name(), L"-s", first, L"-s", second, L"-o", Output()});
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "projectName: 数値は指定できません。文字列で指定してください\n"
+                           "projectPhase: 数値は指定できません。文字列で指定してください\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(first) + "\n" + Utf8FromWide(second) + "\n");
+    const Outcome own = Run({folder.Name(), L"--folder-settings", L"a.json", L"-o", Output()});
+    EXPECT_EQ(own.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(own.details, Utf8FromWide(folder.Name()) + "/a.json\n");
+}
+
+#ifndef _WIN32
+TEST_F(CommandLineTest, SettingsMayComeFromStandardInput)
+{
+    const std::wstring file = Settings(R"({"projectName": "標準入力"})");
+    const int former = ::dup(STDIN_FILENO);
+    const int input = ::open(Utf8FromWide(file).c_str(), O_RDONLY);
+    ::dup2(input, STDIN_FILENO);
+    ::close(input);
+    const Outcome outcome = Run({folder.Name(), L"-s", L"-", L"--print-settings"});
+    ::dup2(former, STDIN_FILENO);
+    ::close(former);
+    EXPECT_EQ(OrderedJson::parse(outcome.out)["projectName"], "標準入力");
+}
+#endif
+
 // The route count
 
 /// How many routes were read, by their trace lines.
@@ -339,7 +651,6 @@ TEST_F(CommandLineTest, TheRouteCountIsTheLargestNumberOfASideFileUnlessItIsGive
     EXPECT_EQ(routes({L"--routes=9"}), "1-3-");
     EXPECT_EQ(routes({L"-n", L"010"}), "1-3-");
     EXPECT_EQ(routes({L"-n", L"0"}), "----");
-    EXPECT_EQ(routes({L"-n", L"-1"}), "----");
 }
 
 // The arguments
@@ -357,19 +668,63 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AnEmptyOutput", {L".", L"-o", L""}, "--output: 出力ファイルを指定してください\n"},
     {"NoValueOfAnOption", {L".", L"-o", L"x", L"-s"}, "--settings: 値を指定してください\n"},
     {"AnEmptySettingsPath", {L".", L"-o", L"x", L"-s", L""}, "--settings: 設定ファイルを指定してください\n"},
-    {"ASecondFolder", {L".", L"二", L"-o", L"x"}, "二: 余分な引数です。取り除いてください\n"},
-    {"AnUnknownOption", {L".", L"--verbose", L"-o", L"x"}, "--verbose: 余分な引数です。取り除いてください\n"},
-    {"ACountThatIsNoNumber", {L".", L"-n", L"two", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
-    {"ACountWithAFraction", {L".", L"-n", L"1.5", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
-    {"ACountInHexadecimal", {L".", L"-n", L"0x10", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
-    {"ACountBeyond32Bits", {L".", L"-n", L"2147483648", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
-    {"AnEmptyCount", {L".", L"-n", L"", L"-o", L"x"}, "--routes: 整数で指定してください\n"},
+    {"OneOutputOfTwoFolders",
+     {L".", L"二", L"-o", L"x"},
+     "--output: 作業フォルダーが2つ以上のときは--output-dirを指定してください\n"},
+    {"NoOutputOfTwoFolders", {L".", L"二"}, "--output-dir: 出力フォルダーを指定してください\n"},
+    {"TwoOutputs", {L".", L"-o", L"x", L"--output-dir", L"y"}, "--output-dir: --outputと一緒には指定できません\n"},
+    {"AnEmptyOutputFolder", {L".", L"--output-dir", L""}, "--output-dir: 出力フォルダーを指定してください\n"},
+    {"TwoFoldersOfOneName",
+     {L"a/x", L"b/x/", L"--output-dir", L"y"},
+     "--output-dir: 同じ名前の作業フォルダーが2つあります: b/x/\n"},
+    {"AFolderWithoutAName", {L"/", L"--output-dir", L"y"}, "--output-dir: 名前のない作業フォルダーです: /\n"},
+    {"AnEmptyFolder", {L"", L"-o", L"x"}, "WORK_FOLDER: 作業フォルダーを指定してください\n"},
+    {"AnEmptyFolderAmongOthers", {L".", L"", L"--output-dir", L"y"}, "WORK_FOLDER: 作業フォルダーを指定してください\n"},
+    {"PrintingTwoFolders",
+     {L".", L"二", L"--print-settings"},
+     "--print-settings: 作業フォルダーは1つだけ指定してください\n"},
+    {"TheDialogOfTwoFolders", {L".", L"二", L"--dialog"}, "--dialog: 作業フォルダーは1つだけ指定してください\n"},
+    {"AReportOnTwoFolders",
+     {L".", L"二", L"--output-dir", L"y", L"--report", L"x"},
+     "--report: 作業フォルダーは1つだけ指定してください\n"},
+    {"AnUnknownOption", {L".", L"--verbose", L"-o", L"x"}, "--verbose: 不明なオプションです\n"},
+    {"AnUnknownLetter", {L".", L"-x", L"-o", L"x"}, "-x: 不明なオプションです\n"},
+    {"AMisspeltOption", {L".", L"--ouptut", L"x"}, "--ouptut: 不明なオプションです（もしかして --output）\n"},
+    {"ABegunOption", {L".", L"--print"}, "--print: 不明なオプションです（もしかして --print-settings）\n"},
+    {"AMisspeltOptionWithItsValue",
+     {L".", L"--setings=x"},
+     "--setings=x: 不明なオプションです（もしかして --settings）\n"},
+    {"ANegativeCount", {L".", L"-n", L"-1", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
+    {"NegativeJobs", {L".", L"--jobs=-1", L"-o", L"x"}, "--jobs: 0以上の整数で指定してください\n"},
+    {"JobsThatAreNoNumber", {L".", L"-j", L"x", L"-o", L"x"}, "--jobs: 0以上の整数で指定してください\n"},
+    {"StandardInputTwice",
+     {L".", L"-s", L"-", L"-s", L"-", L"-o", L"x"},
+     "--settings: 標準入力は1回だけ指定してください\n"},
+    {"AnEmptyNameOfFolderSettings",
+     {L".", L"--folder-settings", L"", L"-o", L"x"},
+     "--folder-settings: 設定ファイルの名前を指定してください\n"},
+    {"StrictAndQuiet", {L".", L"--strict", L"-q", L"-o", L"x"}, "--quiet: --strictと一緒には指定できません\n"},
+    {"JsonOfPrintedSettings",
+     {L".", L"--print-settings", L"--json"},
+     "--json: --print-settings、--dialogと一緒には指定できません\n"},
+    {"TheWorkFileAsItsTarget",
+     {L".", L"-o", L"./Landxml_temp.xml"},
+     "--output: ほかに読み書きするファイルです: ./Landxml_temp.xml\n"},
+    {"TheSettingsAsTheTarget", {L".", L"-s", L"x", L"-o", L"./x"}, "--output: ほかに読み書きするファイルです: ./x\n"},
+    {"TheFolderSettingsAsTheTarget",
+     {L".", L"--folder-settings", L"x", L"-o", L"x"},
+     "--output: ほかに読み書きするファイルです: x\n"},
+    {"ACountThatIsNoNumber", {L".", L"-n", L"two", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
+    {"ACountWithAFraction", {L".", L"-n", L"1.5", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
+    {"ACountInHexadecimal", {L".", L"-n", L"0x10", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
+    {"ACountBeyond32Bits", {L".", L"-n", L"2147483648", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
+    {"AnEmptyCount", {L".", L"-n", L"", L"-o", L"x"}, "--routes: 0以上の整数で指定してください\n"},
     {"ACheckOfWhatIsNotWritten",
      {L".", L"--print-settings", L"--check"},
-     "--check: --print-settings、--dialogと一緒には指定できません\n"},
+     "--check: --print-settings、--dry-run、--dialogと一緒には指定できません\n"},
     {"AReportOnWhatTheHostWrites",
      {L".", L"--dialog", L"--report", L"x"},
-     "--report: --print-settings、--dialogと一緒には指定できません\n"},
+     "--report: --print-settings、--dry-run、--dialogと一緒には指定できません\n"},
     {"AnEmptyReportPath", {L".", L"-o", L"x", L"--report", L""}, "--report: ファイルを指定してください\n"},
     {"AReportInThePlaceOfTheOutput",
      {L".", L"-o", L"x", L"--report", L"./x"},
@@ -377,9 +732,9 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AReportInThePlaceOfTheWorkFile",
      {L".", L"-o", L"x", L"--report", L"Landxml_temp.xml"},
      "--report: ほかに読み書きするファイルです: Landxml_temp.xml\n"},
-    {"AMissingFolder", {L"無い", L"-o", L"x"}, "無い: 作業フォルダーがありません。\n"},
-    {"AMissingFolderToPrint", {L"無い", L"--print-settings"}, "無い: 作業フォルダーがありません。\n"},
-    {"AMissingFolderForTheDialog", {L"無い", L"--dialog"}, "無い: 作業フォルダーがありません。\n"},
+    {"AMissingFolder", {L"無い", L"-o", L"x"}, "無い: 作業フォルダーが見つかりません\n"},
+    {"AMissingFolderToPrint", {L"無い", L"--print-settings"}, "無い: 作業フォルダーが見つかりません\n"},
+    {"AMissingFolderForTheDialog", {L"無い", L"--dialog"}, "無い: 作業フォルダーが見つかりません\n"},
 };
 
 class CommandLineArguments : public CommandLineTest, public testing::WithParamInterface<WrongArguments>
@@ -401,7 +756,7 @@ TEST_F(CommandLineTest, AFileIsNoWorkFolder)
     const std::wstring file = WorkFile(COMPLETE_WORK_FILE);
     const Outcome outcome = Run({file, L"-o", Output()});
     EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
-    EXPECT_EQ(outcome.err, Utf8FromWide(file) + ": 作業フォルダーがありません。\n");
+    EXPECT_EQ(outcome.err, Utf8FromWide(file) + ": 作業フォルダーが見つかりません\n");
 }
 
 TEST_F(CommandLineTest, AWorkFolderMayEndInASeparator)
@@ -418,9 +773,75 @@ TEST_F(CommandLineTest, HelpNamesEveryOption)
     EXPECT_EQ(outcome.err, "");
     for (const char* const option :
          {"WORK_FOLDER", "-n,--routes COUNT", "-s,--settings FILE", "-o,--output FILE", "--print-settings", "--check",
-          "--report FILE.html", "--dialog", "-h,--help", "-V,--version"})
+          "--report FILE", "--dialog", "-h,--help", "-V,--version", "--output-dir DIR", "-j,--jobs COUNT", "--dry-run",
+          "--json", "--strict", "-q,--quiet", "--skip-locked", "--folder-settings NAME"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
+    }
+}
+
+#ifndef _WIN32
+/// A variable of the environment for as long as the object lives.
+class VariableScope
+{
+  public:
+    VariableScope(const char* name, const char* value) : name_(name)
+    {
+        if (const char* const former = std::getenv(name))
+        {
+            former_ = former;
+        }
+        ::setenv(name, value, 1);
+    }
+    VariableScope(const VariableScope&) = delete;
+    VariableScope& operator=(const VariableScope&) = delete;
+    ~VariableScope() { former_ ? ::setenv(name_, former_->c_str(), 1) : ::unsetenv(name_); }
+
+  private:
+    const char* name_;
+    std::optional<std::string> former_;
+};
+
+TEST_F(CommandLineTest, HelpIsInTheLanguageOfTheLocale)
+{
+    const auto help = [&](const char* locale) {
+        const VariableScope scope("LC_ALL", locale);
+        return Run({L"--help"}).out;
+    };
+    EXPECT_NE(help("ja_JP.UTF-8").find("使い方: jlandxml-convert"), std::string::npos);
+    EXPECT_NE(help("en_US.UTF-8").find("Usage: jlandxml-convert"), std::string::npos);
+    EXPECT_NE(help("C").find("Usage: jlandxml-convert"), std::string::npos);
+    const std::string english = help("en_US.UTF-8");
+    EXPECT_TRUE(std::all_of(english.begin(), english.end(), [](char character) { return character > 0; })) << english;
+    const VariableScope none("LC_ALL", "");
+    const VariableScope messages("LC_MESSAGES", "ja_JP.UTF-8");
+    EXPECT_NE(Run({L"--help"}).out.find("使い方"), std::string::npos);
+}
+#endif
+
+TEST_F(CommandLineTest, TheReadmesExplainEveryFindingAndEveryOption)
+{
+    const std::string help = Run({L"--help"}).out;
+    for (const wchar_t* const readme : {L"/README.md", L"/README.ja.md"})
+    {
+        const std::string text = ReadWholeFile(std::wstring(JLANDXML_SOURCE_DIR) + readme).value();
+        for (const char* const finding :
+             {"プロジェクト名称が入力されていません。", "測地原子が入力されていません。",
+              "水平座標系が入力されていません。", "座標系がJGD2024なので出力バージョンを1.6以下にしないでください。",
+              "道路の規格・等級が入力されていません。", "設計交通量が入力されていません。",
+              "河川の規格・等級が入力されていません。", "左右岸区分が入力されていません。",
+              "主測点間隔が入力されていません。", "副測点間隔", "直線部横断勾配が入力されていません。",
+              "中間点の参照線形が入力されていません。", "幅杭の参照線形が入力されていません。",
+              "注記が入力されていません。", "は数値を入力してください。", "の範囲内で入力してください。",
+              "位までの値を入力してください。"})
+        {
+            EXPECT_NE(text.find(finding), std::string::npos) << finding;
+        }
+        for (std::size_t at = 0; (at = help.find("--", at)) != std::string::npos; at += 2)
+        {
+            const std::string option = help.substr(at, help.find_first_of(" \n", at) - at);
+            EXPECT_NE(text.find(option), std::string::npos) << option;
+        }
     }
 }
 
@@ -449,7 +870,7 @@ TEST_F(CommandLineTest, PrintingEndsWithZeroWhateverIsMissingAndWritesNoFile)
     const Outcome outcome = Run({folder.Name(), L"--print-settings", L"-o", Output()});
     EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(OrderedJson::parse(outcome.out)["projectName"], "");
+    EXPECT_EQ(OrderedJson::parse(outcome.out)["projectName"], nullptr);
     EXPECT_FALSE(PathExists(Output()));
 }
 
@@ -477,7 +898,7 @@ TEST_F(CommandLineTest, PrintingTellsASettingsErrorAndPrintsNothing)
     const Outcome outcome = Run({folder.Name(), L"--print-settings", L"-s", Settings(R"({"routes": [{}]})")});
     EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "routes[0]: 対応する路線がありません（0件です）\n");
+    EXPECT_EQ(outcome.err, "routes[0]: 路線はありません\n");
 }
 
 TEST_F(CommandLineTest, PrintingAfterAMessageBoxIsStatusThreeAndPrintsNothing)
@@ -496,14 +917,14 @@ class CommandLineExamples : public CommandLineTest, public testing::WithParamInt
     static std::wstring Example() { return std::wstring(JLANDXML_SOURCE_DIR L"/examples/") + GetParam(); }
     static std::wstring ExampleSettings() { return Example() + L"/settings.json"; }
 
-    /// What the program writes when it prints settings, its trace lines in front.
+    /// What the program writes when it prints settings.
     static std::string Printed(const std::vector<std::wstring>& options)
     {
         std::vector<std::wstring> arguments{Example(), L"--print-settings"};
         arguments.insert(arguments.end(), options.begin(), options.end());
         const Outcome outcome = Run(arguments);
         EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
-        EXPECT_TRUE(outcome.out.starts_with("Row Value: "));
+        EXPECT_TRUE(outcome.out.starts_with("{\n"));
         return outcome.out;
     }
 
@@ -529,13 +950,13 @@ TEST_P(CommandLineExamples, SettingsPrintedAndFedBackGiveTheSameFinishedFile)
 void Complete(OrderedJson& object)
 {
     const auto fillText = [&](const char* key, const char* text) {
-        if (object.contains(key) && object[key] == "")
+        if (object.contains(key) && object[key].is_null())
         {
             object[key] = text;
         }
     };
     const auto choose = [&](const char* key) {
-        if (!object.contains(key) && !object.value("_locked", OrderedJson::object()).contains(key))
+        if (object.contains(key) && object[key].is_null())
         {
             object[key] = object["_choices"][key][0];
         }
@@ -566,7 +987,7 @@ void Complete(OrderedJson& object)
 TEST_P(CommandLineExamples, PrintedWithoutSettingsLackOnlyWhatTheChecksAskFor)
 {
     const std::string output = Printed({});
-    OrderedJson printed = OrderedJson::parse(output.substr(output.find('{')));
+    OrderedJson printed = OrderedJson::parse(output);
     const Outcome incomplete = Run({Example(), L"-s", Settings(printed.dump()), L"-o", Output()});
     EXPECT_EQ(incomplete.status, ExitStatus::Findings);
     EXPECT_EQ(incomplete.err, Run({Example(), L"-o", Output()}).err);

@@ -4,6 +4,7 @@
 #include "support/generator/HostAlignment.h"
 #include "support/generator/WorkFolderGenerator.h"
 
+#include <nlohmann/json.hpp>
 #include <pugixml.hpp>
 
 #include <cmath>
@@ -17,6 +18,7 @@ using generator::HorizontalElement;
 using generator::HorizontalKind;
 using generator::MakeWorkFolder;
 using generator::WorkFolder;
+using FilledJson = nlohmann::ordered_json;
 
 constexpr std::uint64_t FOLDERS_SEED = 10;
 constexpr std::uint32_t FOLDERS = HAS_SANITIZERS ? 50 : 200;
@@ -108,10 +110,14 @@ class GeneratedFolders : public RunTest
         std::filesystem::remove_all(path);
         std::filesystem::remove(folder.Path() / "out.xml");
         generator::WriteFiles(work.files, path);
+        return RunWith({WideName(path), L"-s", WideName(path / "settings.json"), L"-o", folder.Name(L"out.xml")});
+    }
+
+    Outcome RunWith(const std::vector<std::wstring>& arguments) const
+    {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const ExitStatus status =
-            RunCommandLine({WideName(path), L"-s", WideName(path / "settings.json"), L"-o", folder.Name(L"out.xml")});
+        const ExitStatus status = RunCommandLine(arguments);
         std::string out = testing::internal::GetCapturedStdout();
         return {status, std::move(out), testing::internal::GetCapturedStderr(), folder.Read(L"out.xml")};
     }
@@ -139,6 +145,71 @@ TEST_F(GeneratedFolders, EndAsPredictedWithAWellFormedFileAndAgainTheSame)
         EXPECT_EQ(second.err, first.err);
         EXPECT_EQ(second.file, first.file);
     }
+}
+
+/// Gives every null of printed settings a value: the first that its list offers, or a number, which a text may be too.
+/// Nothing is known here of what the keys mean.
+void FillNulls(FilledJson& json)
+{
+    for (auto& [key, value] : json.items())
+    {
+        if (value.is_null() && !json.is_array())
+        {
+            const FilledJson choices = json.value("_choices", FilledJson::object()).value(key, FilledJson::array());
+            value = choices.empty() ? FilledJson("20") : choices.front();
+        }
+        else if (value.is_structured() && !key.starts_with('_'))
+        {
+            FillNulls(value);
+        }
+    }
+}
+
+/// False for a value that came with the input, and for one of a list that offers nothing.
+bool CanBeGiven(const FilledJson& settings, const std::string& path)
+{
+    const std::size_t dot = path.rfind('.');
+    const std::string key = path.substr(dot + 1);
+    std::string place = "/" + path.substr(0, dot == std::string::npos ? 0 : dot);
+    for (std::size_t at = 0; (at = place.find_first_of(".[]", at)) != std::string::npos;)
+    {
+        place.replace(at, 1, place[at] == ']' ? "" : "/");
+    }
+    const FilledJson& object = dot == std::string::npos ? settings : settings.at(FilledJson::json_pointer(place));
+    const bool offersNothing = object.value("_choices", FilledJson::object()).value(key, FilledJson{0}).empty();
+    return object.contains(key) && !offersNothing;
+}
+
+TEST_F(GeneratedFolders, PrintedSettingsLeadToAFileOnceEveryNullIsFilled)
+{
+    std::size_t finished = 0;
+    for (std::uint32_t number = 1; number <= FOLDERS; ++number)
+    {
+        SCOPED_TRACE("folder " + std::to_string(number));
+        const WorkFolder work = MakeWorkFolder(FOLDERS_SEED, number);
+        generator::WriteFiles(work.files, folder.Path() / std::to_string(number));
+        const std::wstring path = folder.Name(std::to_wstring(number));
+        const Outcome printed = RunWith({path, L"--print-settings"});
+        if (printed.status == ExitStatus::NoFile && !work.hostLike)
+        {
+            continue; // a side file that raises
+        }
+        ASSERT_EQ(printed.status, ExitStatus::FileWritten) << printed.err;
+        FilledJson settings = FilledJson::parse(printed.out);
+        FillNulls(settings);
+        const std::wstring filled = folder.Write(L"filled.json", settings.dump());
+        const Outcome outcome = RunWith({path, L"-s", filled, L"--json", L"-o", folder.Name(L"out.xml")});
+        finished += outcome.status == ExitStatus::FileWritten ? 1 : 0;
+        if (work.hostLike)
+        {
+            EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
+        }
+        for (const FilledJson& finding : FilledJson::parse(outcome.out)["findings"])
+        {
+            EXPECT_FALSE(finding.contains("path") && CanBeGiven(settings, finding["path"])) << finding;
+        }
+    }
+    EXPECT_GT(finished, FOLDERS / 2);
 }
 
 } // namespace

@@ -367,7 +367,7 @@ struct WrongInspectArguments
 
 const WrongInspectArguments WRONG_INSPECT_ARGUMENTS[] = {
     {"Nothing", {}, "FILE: 検査するファイルを指定してください\n"},
-    {"AnUnknownOption", {L"x", L"--verbose"}, "--verbose: 余分な引数です。取り除いてください\n"},
+    {"AnUnknownOption", {L"x", L"--verbose"}, "--verbose: 不明なオプションです\n"},
     {"AnUnknownSeverity", {L"x", L"--fail-on", L"fatal"}, "--fail-on: 誤り、警告、情報のいずれかを指定してください\n"},
     {"AnUnknownCheck",
      {L"x", L"--checks", L"H02,H99"},
@@ -425,7 +425,7 @@ TEST_F(InspectCommandLineTest, HelpNamesEveryOption)
     EXPECT_EQ(outcome.status, InspectStatus::NothingFound);
     for (const char* const option :
          {"FILE", "--json", "--checks CODES", "--ignore CODES", "--fail-on SEVERITY", "--schema XSD", "--csv DIR",
-          "--report FILE.html", "--list-checks", "-h,--help", "-V,--version"})
+          "--report FILE", "--list-checks", "-h,--help", "-V,--version"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
     }

@@ -5,9 +5,15 @@
 #include "support/RowName.h"
 #include "support/TemporaryFolder.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <thread>
 #include <vector>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace jlandxml
 {
@@ -87,7 +93,7 @@ struct TypedKey
 
 constexpr const char* TEXT = "文字列";
 constexpr const char* FLAG = "trueまたはfalse";
-constexpr const char* LIST = "配列";
+constexpr const char* LIST = "配列またはオブジェクト";
 constexpr const char* ENTRY = "オブジェクトまたはnull";
 
 constexpr TypedKey TYPED_KEYS[] = {
@@ -135,9 +141,8 @@ struct TypedValue
 };
 
 constexpr TypedValue TYPED_VALUES[] = {
-    {"null", "null", ENTRY},  {"{}", "オブジェクト", ENTRY}, {"[]", "配列", LIST}, {R"("20")", "文字列", TEXT},
-    {"true", "真偽値", FLAG}, {"false", "真偽値", FLAG},     {"20", "数値", ""},   {"-1", "数値", ""},
-    {"2.5e300", "数値", ""},
+    {"{}", "オブジェクト", ENTRY}, {"[]", "配列", LIST}, {R"("20")", "文字列", TEXT}, {"true", "真偽値", FLAG},
+    {"false", "真偽値", FLAG},     {"20", "数値", ""},   {"-1", "数値", ""},          {"2.5e300", "数値", ""},
 };
 
 class SettingsTypes : public SettingsFile, public testing::WithParamInterface<TypedKey>
@@ -148,12 +153,18 @@ TEST_P(SettingsTypes, AnyOtherThanTheOneWantedIsAnError)
     const TypedKey& key = GetParam();
     for (const TypedValue& value : TYPED_VALUES)
     {
+        const bool isByName = key.wanted == std::string(LIST) && value.json == std::string("{}");
         const std::string expected =
-            value.standsAs == std::string(key.wanted)
+            isByName || value.standsAs == std::string(key.wanted)
                 ? ""
                 : key.path + std::string(": ") + value.name + "は指定できません。" + key.wanted + "で指定してください";
         EXPECT_EQ(Error(FileWith(key.path, value.json)), expected) << value.json;
     }
+}
+
+TEST_P(SettingsTypes, AnyMayBeNull)
+{
+    EXPECT_EQ(Error(FileWith(GetParam().path, "null")), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Cli, SettingsTypes, testing::ValuesIn(TYPED_KEYS),
@@ -227,7 +238,7 @@ class SettingsUnknownKeys : public SettingsFile, public testing::WithParamInterf
 TEST_P(SettingsUnknownKeys, AreErrorsThatListTheKnownOnes)
 {
     EXPECT_EQ(Error(FileWith(GetParam().path, "null")),
-              GetParam().path + std::string(": 未知のキーです（使えるキー: ") + GetParam().known + "）");
+              GetParam().path + std::string(": 不明なキーです（使えるキー: ") + GetParam().known + "）");
 }
 
 INSTANTIATE_TEST_SUITE_P(Cli, SettingsUnknownKeys, testing::ValuesIn(UNKNOWN_KEYS), [](const auto& row) {
@@ -247,14 +258,101 @@ TEST_F(SettingsFile, MayHoldCommentsOfAnyTypeAtEveryLevel)
     }
 }
 
-TEST_F(SettingsFile, TakesTheLastValueOfAKeyThatOccursTwice)
+TEST_F(SettingsFile, KeyThatOccursTwiceInAnObjectIsAnError)
 {
-    EXPECT_EQ(Read(R"({"projectName": 1, "projectName": "後"})"), Json({{"projectName", "後"}}));
+    constexpr const char* TWICE = ": 同じキーが2回あります。どちらかを取り除いてください";
+    EXPECT_EQ(Error(R"({"projectName": "前", "projectName": "後"})"), std::string("projectName") + TWICE);
+    EXPECT_EQ(Error(R"({"routes": [{"side": "左岸"}, {"alignments": [], "side": "右岸", "alignments": []}]})"),
+              std::string("routes[1].alignments") + TWICE);
+    EXPECT_EQ(Error(R"({"_a": 1, "_a": 2})"), std::string("_a") + TWICE);
+    EXPECT_EQ(Error(R"({"routes": [{"side": "左岸"}, {"side": "右岸"}], "_side": {"side": {"side": 1}}})"), "");
 }
+
+TEST_F(SettingsFile, EveryWrongPlaceIsNamed)
+{
+    EXPECT_EQ(Error(R"({"projectName": 1, "routes": [{"side": true, "sides": "", "alignments": [{"method": []}]}],
+                        "projectName": "a", "widthStakes": 2})"),
+              "projectName: 同じキーが2回あります。どちらかを取り除いてください\n"
+              "routes[0].alignments[0].method: 配列は指定できません。文字列で指定してください\n"
+              "routes[0].side: 真偽値は指定できません。文字列で指定してください\n" +
+                  std::string("routes[0].sides: 不明なキーです（使えるキー: ") + ROUTE_KEYS +
+                  "）\n"
+                  "widthStakes: 数値は指定できません。配列またはオブジェクトで指定してください");
+}
+
+TEST_F(SettingsFile, MayNameObjectsInsteadOfCountingThem)
+{
+    EXPECT_EQ(Error(R"({"routes": {"国道": {"alignments": {"*": {"method": "IP法"}, "支線": null}}, "_a": 1}})"), "");
+    EXPECT_EQ(Error(R"({"routes": {"国道": {"alignments": {"*": {"method": 1}, "支線": []}}}})"),
+              "routes.国道.alignments.*.method: 数値は指定できません。文字列で指定してください\n"
+              "routes.国道.alignments.支線: 配列は指定できません。オブジェクトまたはnullで指定してください");
+}
+
+// Several files
+
+/// Settings, a patch, and what comes of them: the examples of RFC 7396 that settings can hold.
+struct MergeCase
+{
+    const char* name;
+    const char* settings;
+    const char* patch;
+    const char* merged;
+};
+
+constexpr MergeCase MERGES[] = {
+    {"AValueTakesTheOthersPlace", R"({"projectName": "b"})", R"({"projectName": "c"})", R"({"projectName": "c"})"},
+    {"AnotherKeyIsAdded", R"({"projectName": "b"})", R"({"side": "c"})", R"({"projectName": "b", "side": "c"})"},
+    {"NullTakesAKeyAway", R"({"projectName": "b", "side": "c"})", R"({"projectName": null})", R"({"side": "c"})"},
+    {"NullForNothingIsNothing", R"({"side": "c"})", R"({"projectName": null})", R"({"side": "c"})"},
+    {"AnArrayTakesTheOthersPlace", R"({"routes": [{"side": "a"}, {}]})", R"({"routes": [null, {"side": "b"}]})",
+     R"({"routes": [null, {"side": "b"}]})"},
+    {"AnObjectTakesAnArraysPlace", R"({"routes": [{"side": "a"}]})",
+     R"({"routes": {"*": {"side": "b", "trafficVolume": null}}})", R"({"routes": {"*": {"side": "b"}}})"},
+    {"ObjectsAreMergedKeyByKey", R"({"routes": {"*": {"side": "a", "trafficVolume": "1"}, "国道": {}}})",
+     R"({"routes": {"*": {"side": null}, "国道": {"side": "b"}, "県道": {"side": "c"}}})",
+     R"({"routes": {"*": {"trafficVolume": "1"}, "国道": {"side": "b"}, "県道": {"side": "c"}}})"},
+    {"CommentsAreLeftOut", R"({})",
+     R"({"_a": {"b": 1}, "routes": [{"_name": "x", "side": "a"}], "surfaceSets": {"_c": 1}})",
+     R"({"routes": [{"side": "a"}], "surfaceSets": {}})"},
+};
+
+class SettingsMerge : public testing::TestWithParam<MergeCase>
+{};
+
+TEST_P(SettingsMerge, FollowsTheRulesOfMergePatches)
+{
+    Json settings = Json::parse(GetParam().settings);
+    MergeSettings(settings, Json::parse(GetParam().patch));
+    EXPECT_EQ(settings, Json::parse(GetParam().merged));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, SettingsMerge, testing::ValuesIn(MERGES),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(SettingsFile, HandedOnIsWhatWasReadWithoutComments)
+{
+    const std::string deep = Repeated("[", VERY_DEEP) + Repeated("]", VERY_DEEP);
+    const Json settings =
+        Read(R"({"projectName": "国\n道", "_": )" + deep + R"(, "routes": [null, {"_a": 1, "side": null}]})");
+    EXPECT_EQ(Json::parse(SettingsText(settings)),
+              Json::parse(R"({"projectName": "国\n道", "routes": [null, {"side": null}]})"));
+}
+
+#ifndef _WIN32
+TEST_F(SettingsFile, MayBeAPipe)
+{
+    const std::wstring pipe = folder.Name(L"pipe");
+    ASSERT_EQ(::mkfifo(Utf8FromWide(pipe).c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(Utf8FromWide(pipe)) << R"({"projectName": "国道"})"; });
+    const Json read = ReadSettings(pipe);
+    writer.join();
+    EXPECT_EQ(read, Json({{"projectName", "国道"}}));
+}
+#endif
 
 TEST_F(SettingsFile, ErrorStaysOneLineWhateverTheKeyIs)
 {
-    EXPECT_EQ(Error(R"({"a\nb\u0001": 1})"), std::string("a b : 未知のキーです（使えるキー: ") + PROJECT_KEYS + "）");
+    EXPECT_EQ(Error(R"({"a\nb\u0001": 1})"), std::string("a b : 不明なキーです（使えるキー: ") + PROJECT_KEYS + "）");
 }
 
 // The file

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <map>
 #include <random>
 
 namespace jlandxml
@@ -293,11 +295,87 @@ TEST_F(SettingsUserTest, NullBehindTheLastObjectIsHarmless)
               "");
 }
 
-TEST_F(SettingsUserTest, NothingBehindAnErrorIsActedOut)
+TEST_F(SettingsUserTest, BehindAnErrorTheActingGoesOnAndEveryErrorIsTold)
 {
-    EXPECT_EQ(Act(R"({"projectName": "a", "projectPhase": "b", "applicationCriterion": "1.7", "routes": [{}]})"),
-              "projectPhase: 「b」は選択できません（選択肢: 概略、予備、詳細、施工）");
-    EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"text 1002 a"}));
+    EXPECT_EQ(Act(R"({"projectName": "a", "projectPhase": "b", "applicationCriterion": "1.7",
+                      "routes": [{"side": "左岸"}, null, {}]})"),
+              "projectPhase: 「b」は選択できません（選択肢: 概略、予備、詳細、施工）\n"
+              "routes[0].side: 道路の路線では入力できません\n"
+              "routes[2]: 路線は2件です（routes[0]～routes[1]）");
+    EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"text 1002 a", L"choose 1007 1.7", L"select 1019 国道"}));
+}
+
+TEST_F(SettingsUserTest, AnErrorNamesItsObject)
+{
+    Open([&](ScriptedDialog& dialog) {
+        try
+        {
+            SettingsUser(dialog).Act(Json::parse(R"({"projectPhase": "b", "widthStakes": [{"type": "x"}],
+                "routes": [{"side": "左岸", "alignments": [null, {"method": "x"}, {}]}]})"));
+            ADD_FAILURE();
+        }
+        catch (const SettingsError& error)
+        {
+            std::vector<std::string> objects;
+            std::transform(error.Faults().begin(), error.Faults().end(), std::back_inserter(objects),
+                           [](const SettingsFault& fault) { return fault.object; });
+            EXPECT_EQ(objects, (std::vector<std::string>{"", "国道", "国道／支線", "国道", "WidthStakePnts-1"}));
+        }
+    });
+}
+
+// Objects by names
+
+TEST_F(SettingsUserTest, ANamedObjectIsActedOnAndAStarStandsForEveryOther)
+{
+    EXPECT_EQ(Act(R"({"routes": {"国道": {"trafficVolume": "1", "alignments": {"支線": {"normalCrown": "2"}}},
+                                 "*": {"alignments": {"*": {"normalCrown": "3"}}}},
+                      "surfaceSets": {"サーフェスセット1": {"surfaces": {"*": {"kind": "その他"}}}},
+                      "widthStakes": {"WidthStakePnts-2": {"desc": "d"}}})"),
+              "");
+    EXPECT_EQ(Deeds(),
+              (std::vector<std::wstring>{L"select 1019 国道", L"text 1029 1", L"select 1019 支線", L"text 1035 20.0000",
+                                         L"text 1037 5.0000", L"text 1029 1", L"text 1042 2", L"select 1019 路線1",
+                                         L"select 1019 堤防法線", L"text 1042 3", L"select 1019 地盤",
+                                         L"choose 1053 その他", L"select 1019 計画", L"choose 1053 その他",
+                                         L"select 1019 WidthStakePnts-2", L"text 1062 d"}));
+}
+
+TEST_F(SettingsUserTest, ANamedObjectThatIsNullIsNotVisitedByTheStarEither)
+{
+    EXPECT_EQ(Act(R"({"routes": {"国道": null, "*": {}}})"), "");
+    EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"select 1019 路線1"}));
+}
+
+TEST_F(SettingsUserTest, ANameOfSeveralObjectsMeansEachOfThem)
+{
+    Context().model.alignments.back().name = L"国道";
+    EXPECT_EQ(Act(R"({"routes": {"国道": {}}})"), "");
+    EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"select 1019 国道", L"select 1019 国道"}));
+}
+
+TEST_F(SettingsUserTest, AStarWithoutObjectsIsHarmless)
+{
+    EXPECT_EQ(Act(R"({"surfaceSets": [null, {"surfaces": {"*": {"kind": "その他"}}}]})"), "");
+}
+
+TEST_F(SettingsUserTest, WhatIsOutOfReachCanBePassedOver)
+{
+    Open([&](ScriptedDialog& dialog) {
+        SettingsUser user(dialog, Unreachable::IsPassedOver);
+        user.Act(Json::parse(R"({"routes": {"*": {"trafficVolume": "7"}, "県道": {}},
+            "surfaceSets": [{"surfaces": [null, {"alignmentRefs": "支線", "kind": "その他"}]}]})"));
+        std::vector<std::string> lines;
+        std::transform(user.PassedOver().begin(), user.PassedOver().end(), std::back_inserter(lines),
+                       [](const SettingsFault& fault) { return fault.Line() + "|" + fault.object; });
+        EXPECT_EQ(lines, (std::vector<std::string>{
+                             "routes.*.trafficVolume: 河川の路線では入力できません|路線1",
+                             "routes.県道: この名前の路線はありません（あるもの: 国道、路線1）|",
+                             "surfaceSets[0].surfaces[1].alignmentRefs: "
+                             "入力データの値で固定されているため変更できません|サーフェスセット1／計画"}));
+        EXPECT_THROW(user.Act(Json::parse(R"({"routes": [{"trafficVolume": "x"}]})")), SettingsError);
+    });
+    EXPECT_EQ(Deeds().back(), L"text 1029 7") << "the refused text is put back";
 }
 
 // Errors
@@ -364,14 +442,20 @@ constexpr ErrorCase ERRORS[] = {
      "routes[0].alignments[0].normalCrown: "
      "「1.00000000001」は入力できません（0から9999.999までの数値、小数第10位まで）"},
     // Objects that don't exist.
-    {R"({"routes": [null, null, {}]})", "routes[2]: 対応する路線がありません（2件です）"},
-    {R"({"routes": [null, {"alignments": [{}, {}]}]})", "routes[1].alignments[1]: 対応する線形がありません（1件です）"},
-    {R"({"surfaceSets": [null, null, {}]})", "surfaceSets[2]: 対応するサーフェスセットがありません（2件です）"},
-    {R"({"surfaceSets": [{}, {"surfaces": [{}]}]})",
-     "surfaceSets[1].surfaces[0]: 対応するサーフェスがありません（0件です）"},
+    {R"({"routes": [null, null, {}]})", "routes[2]: 路線は2件です（routes[0]～routes[1]）"},
+    {R"({"routes": [null, {"alignments": [{}, {}]}]})",
+     "routes[1].alignments[1]: 線形は1件です（routes[1].alignments[0]）"},
+    {R"({"surfaceSets": [null, null, {}]})",
+     "surfaceSets[2]: サーフェスセットは2件です（surfaceSets[0]～surfaceSets[1]）"},
+    {R"({"surfaceSets": [{}, {"surfaces": [{}]}]})", "surfaceSets[1].surfaces[0]: サーフェスはありません"},
     {R"({"intermediatePoints": [null, null, {}]})",
-     "intermediatePoints[2]: 対応する中間点のグループがありません（2件です）"},
-    {R"({"widthStakes": [null, null, null, {}]})", "widthStakes[3]: 対応する幅杭のグループがありません（2件です）"},
+     "intermediatePoints[2]: 中間点の座標点は2件です（intermediatePoints[0]～intermediatePoints[1]）"},
+    {R"({"routes": {"県道": {}}})", "routes.県道: この名前の路線はありません（あるもの: 国道、路線1）"},
+    {R"({"surfaceSets": [null, {"surfaces": {"地盤": {}}}]})",
+     "surfaceSets[1].surfaces.地盤: この名前のサーフェスはありません（あるもの: なし）"},
+    {R"({"routes": {"*": {"side": "左岸"}}})", "routes.*.side: 道路の路線では入力できません"},
+    {R"({"widthStakes": [null, null, null, {}]})",
+     "widthStakes[3]: 幅杭の座標点は2件です（widthStakes[0]～widthStakes[1]）"},
 };
 
 class SettingsUserErrors : public SettingsUserTest, public testing::WithParamInterface<ErrorCase>
@@ -398,7 +482,7 @@ TEST_F(SettingsUserTest, AnObjectOfAnEmptyTreeDoesNotExist)
 {
     Context().model = FViewLandXML();
     EXPECT_EQ(Act(R"({"routes": [], "widthStakes": [null], "intermediatePoints": [{}]})"),
-              "intermediatePoints[0]: 対応する中間点のグループがありません（0件です）");
+              "intermediatePoints[0]: 中間点の座標点はありません");
 }
 
 // Printing
@@ -422,6 +506,7 @@ TEST_F(SettingsUserTest, PrintsWhatIsShownLockedAndOffered)
         "routes": [{
             "_name": "路線1",
             "designGmType": "道路",
+            "roadClassification": null,
             "trafficVolume": "",
             "alignments": [{
                 "_name": "本線",
@@ -461,10 +546,12 @@ TEST_F(SettingsUserTest, PrintsWhatIsShownLockedAndOffered)
         }],
         "intermediatePoints": [{
             "_name": "IntermediatePnts-1",
+            "alignmentRefs": null,
             "_choices": {"alignmentRefs": ["本線"]}
         }],
         "widthStakes": [{
             "_name": "WidthStakePnts-1",
+            "alignmentRefs": null,
             "type": "開放型",
             "desc": "",
             "_choices": {"alignmentRefs": ["本線"], "type": ["開放型", "閉合型"]}
@@ -485,13 +572,60 @@ TEST_F(SettingsUserTest, PrintsWhatIsShownLockedAndOffered)
     EXPECT_EQ(ActAndPrint("{}").dump(2), expected.dump(2));
 }
 
-TEST_F(SettingsUserTest, PrintsTheKeysOfTheOtherKindOfRouteAsLocked)
+TEST_F(SettingsUserTest, PrintsTheKeysOfTheOtherKindOfRouteAsDisabled)
 {
     const PrintedJson river = ActAndPrint(R"({"routes": [{"trafficVolume": "9", "alignments": [{}]},
         {"side": "右岸"}]})")["routes"][1];
     EXPECT_EQ(river["side"], "右岸");
-    EXPECT_EQ(river["_locked"], PrintedJson({{"trafficVolume", ""}}));
+    EXPECT_EQ(river["_disabled"], PrintedJson({{"trafficVolume", ""}}));
     EXPECT_FALSE(river.contains("trafficVolume"));
+    EXPECT_FALSE(river.contains("_locked"));
+}
+
+TEST_F(SettingsUserTest, PrintsWhatTheChecksRefuseAsNullWithTheChoicesThatTheyAccept)
+{
+    PrintedJson printed;
+    Open([&](ScriptedDialog& dialog) {
+        SettingsUser user(dialog);
+        Judgement judgement{{{nullptr, PROJECT_NAME_EDIT}, {nullptr, APPLICATION_CRITERION_LIST}},
+                            {{APPLICATION_CRITERION_LIST, {L"1.7"}}}};
+        for (const auto& [object, place] : user.Places())
+        {
+            judgement.refused.emplace(object, TRAFFIC_VOLUME_EDIT);
+        }
+        printed = user.Print(judgement);
+    });
+    EXPECT_EQ(printed["projectName"], nullptr);
+    EXPECT_EQ(printed["applicationCriterion"], nullptr);
+    EXPECT_EQ(printed["_choices"]["applicationCriterion"], PrintedJson({"1.7"}));
+    EXPECT_EQ(printed["projectPhase"], "詳細");
+    EXPECT_EQ(printed["routes"][0]["trafficVolume"], nullptr);
+    EXPECT_EQ(printed["routes"][1]["_disabled"]["trafficVolume"], "");
+    EXPECT_EQ(printed["routes"][0]["alignments"][0]["mainInterval"], "");
+}
+
+TEST_F(SettingsUserTest, KnowsWhereTheObjectsOfTheTreeStand)
+{
+    Open([&](ScriptedDialog& dialog) {
+        std::map<std::string, std::string> places;
+        for (const auto& [object, place] : SettingsUser(dialog).Places())
+        {
+            places[place.path] = place.names;
+        }
+        EXPECT_EQ(places, (std::map<std::string, std::string>{{"routes[0]", "国道"},
+                                                              {"routes[0].alignments[0]", "国道／本線"},
+                                                              {"routes[0].alignments[1]", "国道／支線"},
+                                                              {"routes[1]", "路線1"},
+                                                              {"routes[1].alignments[0]", "路線1／堤防法線"},
+                                                              {"surfaceSets[0]", "サーフェスセット1"},
+                                                              {"surfaceSets[0].surfaces[0]", "サーフェスセット1／地盤"},
+                                                              {"surfaceSets[0].surfaces[1]", "サーフェスセット1／計画"},
+                                                              {"surfaceSets[1]", "サーフェスセット2"},
+                                                              {"intermediatePoints[0]", "IntermediatePnts-1"},
+                                                              {"intermediatePoints[1]", "IntermediatePnts-2"},
+                                                              {"widthStakes[0]", "WidthStakePnts-1"},
+                                                              {"widthStakes[1]", "WidthStakePnts-2"}}));
+    });
 }
 
 TEST_F(SettingsUserTest, PrintsAReferenceThatNoAlignmentHasAsAChoice)

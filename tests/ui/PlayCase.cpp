@@ -83,7 +83,7 @@ Case ReadCase(const Json& json, const std::vector<std::string>& places)
     return one;
 }
 
-/// Without the warnings of the command line, of which users of the module are not told.
+/// Without the warnings and details of the command line, of which users of the module are not told.
 std::vector<std::string> SortedLines(const std::string& text)
 {
     std::vector<std::string> lines;
@@ -92,7 +92,7 @@ std::vector<std::string> SortedLines(const std::string& text)
     {
         if (!line.starts_with("警告: "))
         {
-            lines.push_back(line);
+            lines.push_back(line.substr(0, line.find('\t')));
         }
     }
     std::sort(lines.begin(), lines.end());

@@ -1,0 +1,64 @@
+#include "cli/TargetTrouble.h"
+
+#include "base/Files.h"
+#include "base/Text.h"
+#include "base/Warnings.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+namespace jlandxml
+{
+
+namespace
+{
+
+std::filesystem::path PathOfText(const std::wstring& text)
+{
+    const std::string name = Utf8FromWide(text);
+    return std::u8string(name.begin(), name.end());
+}
+
+/// An error number of the C library; 0 if the folder takes a file of that size.
+int FolderTrouble(const std::wstring& folder, std::uintmax_t size)
+{
+    std::error_code failure;
+    const std::filesystem::path path = PathOfText(folder);
+    const std::filesystem::file_status status = std::filesystem::status(path, failure);
+    if (!std::filesystem::is_directory(status))
+    {
+        return status.type() == std::filesystem::file_type::none ? EACCES : ENOENT;
+    }
+    const std::filesystem::space_info space = std::filesystem::space(path, failure);
+    if (!failure && space.available < std::max<std::uintmax_t>(size, 1))
+    {
+        return ENOSPC;
+    }
+    errno = 0;
+    if (WorkFile::Make(folder))
+    {
+        return 0;
+    }
+    return errno != 0 ? errno : EACCES;
+}
+
+} // namespace
+
+std::wstring TargetTrouble(const std::wstring& target, std::uintmax_t size)
+{
+    std::error_code failure;
+    if (std::filesystem::is_directory(PathOfText(target), failure))
+    {
+        return target + L"（" + ReasonText(EISDIR) + L"）";
+    }
+    const std::wstring_view folder = FolderOf(target);
+    const int error = FolderTrouble(folder.empty() ? L"./" : std::wstring(folder), size);
+    if (error == 0)
+    {
+        return target;
+    }
+    return (folder.empty() ? target : std::wstring(folder)) + L"（" + ReasonText(error) + L"）";
+}
+
+} // namespace jlandxml

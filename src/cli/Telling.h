@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cli/RunResult.h"
+#include "cli/Settings.h"
+
+#include <string>
+#include <vector>
+
+namespace jlandxml
+{
+
+// How runs are told: a line for eyes on standard error, whose first field is the text alone, and a line of JSON for
+// programs.
+
+/// Tells a line on standard error, what is in front of the text first.
+void TellLine(const wchar_t* front, const ToldLine& line);
+
+/// Tells lines that are warnings.
+void TellWarnings(const std::vector<ToldLine>& warnings);
+
+/// A line about something that has no more parts than this.
+ToldLine PlainLine(std::string_view code, std::wstring text, std::wstring detail = {});
+
+/// A line about settings that can't be acted out.
+ToldLine SettingsLine(const SettingsFault& fault);
+
+/// The lines of all that is wrong with settings. `showFile`: the file stands behind each, since there are several.
+std::vector<ToldLine> SettingsLines(const SettingsError& error, bool showFile);
+
+/// A line of JSON about the run of a work folder, with its line feed.
+std::wstring JsonLine(const RunResult& result);
+
+} // namespace jlandxml

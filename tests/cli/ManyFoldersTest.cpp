@@ -1,0 +1,326 @@
+#include "base/ChildProcess.h"
+#include "base/Text.h"
+#include "cli/CommandLine.h"
+#include "support/Rounds.h"
+#include "support/RunFixture.h"
+#include "support/generator/WorkFolderGenerator.h"
+
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#ifndef _WIN32
+#include <csignal>
+#include <unistd.h>
+#endif
+
+namespace jlandxml
+{
+namespace
+{
+
+using generator::MakeWorkFolder;
+using ManyJson = nlohmann::json;
+
+constexpr std::uint64_t MANY_SEED = 13;
+#ifdef _WIN32
+constexpr std::uint32_t MANY_FOLDERS = 20; // under Wine a process takes a while to start
+#else
+constexpr std::uint32_t MANY_FOLDERS = HAS_SANITIZERS ? 50 : 200;
+#endif
+constexpr std::uint32_t BROKEN_FOLDER = MANY_FOLDERS / 2;
+constexpr const wchar_t* PROGRAM = JLANDXML_PROGRAM;
+
+std::vector<std::string> LinesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+    {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// Runs over many work folders, each in a process of the real program.
+class ManyFolders : public RunTest
+{
+  protected:
+    struct Outcome
+    {
+        int status;
+        std::string out;
+        std::vector<std::string> err;
+    };
+
+    /// Runs the program in this process, which starts others for several work folders.
+    static Outcome Run(const std::vector<std::wstring>& arguments, const wchar_t* program = PROGRAM)
+    {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const ExitStatus status = RunCommandLine(arguments, program);
+        std::string out = testing::internal::GetCapturedStdout();
+        return {static_cast<int>(status), std::move(out), LinesOf(testing::internal::GetCapturedStderr())};
+    }
+
+    /// Folders as a host writes them, each with its settings. Their names.
+    std::vector<std::wstring> MakeFolders(std::uint32_t count) const
+    {
+        std::vector<std::wstring> folders;
+        for (std::uint32_t number = 0; number < count; ++number)
+        {
+            const std::wstring name = L"路線 " + std::to_wstring(number);
+            generator::WriteFiles(MakeWorkFolder(MANY_SEED, 2 * number + 1).files, folder.Path() / NativePath(name));
+            folders.push_back(folder.Name(name));
+        }
+        return folders;
+    }
+
+    std::wstring OutputFolder() const { return folder.Name(L"out"); }
+
+    std::vector<std::wstring> Arguments(std::vector<std::wstring> folders,
+                                        const std::vector<std::wstring>& options) const
+    {
+        folders.insert(folders.end(), {L"--output-dir", OutputFolder(), L"--folder-settings", L"settings.json"});
+        folders.insert(folders.end(), options.begin(), options.end());
+        return folders;
+    }
+
+    std::string Finished(std::uint32_t number) const
+    {
+        return folder.Read(L"out/路線 " + std::to_wstring(number) + L".xml");
+    }
+
+    /// What a run of each folder by itself writes.
+    std::vector<std::string> SingleFiles(const std::vector<std::wstring>& folders) const
+    {
+        std::vector<std::string> files;
+        for (const std::wstring& one : folders)
+        {
+            RunCommandLine({one, L"-s", one + L"/settings.json", L"-q", L"-o", folder.Name(L"single.xml")});
+            files.push_back(folder.Read(L"single.xml"));
+        }
+        return files;
+    }
+};
+
+TEST_F(ManyFolders, GiveTheFilesOfSingleRunsAndOneBrokenFolderStopsNone)
+{
+    const std::vector<std::wstring> folders = MakeFolders(MANY_FOLDERS);
+    testing::internal::CaptureStdout();
+    const std::vector<std::string> single = SingleFiles(folders);
+    testing::internal::GetCapturedStdout();
+    std::ofstream(NativePath(folders[BROKEN_FOLDER]) / "settings.json") << R"({"projectPhase": "x"})";
+    const Outcome outcome = Run(Arguments(folders, {L"--jobs", L"2", L"--json"}));
+    EXPECT_EQ(outcome.status, 2);
+    const std::vector<std::string> json = LinesOf(outcome.out);
+    ASSERT_EQ(json.size(), MANY_FOLDERS);
+    for (std::uint32_t number = 0; number < MANY_FOLDERS; ++number)
+    {
+        SCOPED_TRACE(number);
+        const ManyJson line = ManyJson::parse(json[number]);
+        EXPECT_EQ(line["folder"], Utf8FromWide(folders[number]));
+        EXPECT_EQ(line["status"], number == BROKEN_FOLDER ? 2 : 0);
+        EXPECT_EQ(Finished(number), number == BROKEN_FOLDER ? "" : single[number]);
+    }
+    const std::string broken = Utf8FromWide(folders[BROKEN_FOLDER]) + ": ";
+    std::vector<std::string> told;
+    std::copy_if(outcome.err.begin(), outcome.err.end(), std::back_inserter(told),
+                 [&](const std::string& line) { return line.starts_with(broken); });
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_EQ(told[0], broken + "projectPhase: 「x」は選択できません（選択肢: 概略、予備、詳細、施工）");
+    EXPECT_EQ(told[1].substr(0, told[1].find('\t')), broken + "失敗しました（終了コード2）");
+}
+
+TEST_F(ManyFolders, EachIsToldInTheOrderOfTheCommandLine)
+{
+    const std::vector<std::wstring> folders = MakeFolders(4);
+    const Outcome outcome = Run(Arguments(folders, {L"-q", L"-j", L"0"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    ASSERT_EQ(outcome.err.size(), folders.size());
+    for (std::size_t number = 0; number < folders.size(); ++number)
+    {
+        EXPECT_EQ(outcome.err[number].substr(0, outcome.err[number].find('\t')),
+                  Utf8FromWide(folders[number]) + ": 出力しました");
+        EXPECT_NE(outcome.err[number].find("\t" + Utf8FromWide(OutputFolder()) + "/路線 " + std::to_string(number) +
+                                           ".xml（"),
+                  std::string::npos);
+    }
+}
+
+TEST_F(ManyFolders, AFolderThatIsNotThereIsItsOwnFailure)
+{
+    std::vector<std::wstring> folders = MakeFolders(1);
+    folders.insert(folders.begin(), L"無い");
+    const Outcome outcome = Run(Arguments(folders, {L"-q"}));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err.front(), "無い: 無い: 作業フォルダーが見つかりません");
+    EXPECT_FALSE(Finished(0).empty());
+}
+
+TEST_F(ManyFolders, WithoutAProgramToHandThemToAreAllFailures)
+{
+    const std::vector<std::wstring> folders = MakeFolders(2);
+    const Outcome outcome = Run(Arguments(folders, {L"--json"}), L"");
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.err, (std::vector<std::string>{Utf8FromWide(folders[0]) + ": 処理を開始できませんでした",
+                                                     Utf8FromWide(folders[1]) + ": 処理を開始できませんでした"}));
+    EXPECT_EQ(ManyJson::parse(LinesOf(outcome.out).front())["findings"][0]["code"], "not-started");
+}
+
+TEST_F(ManyFolders, WrongSettingsOfAllAreToldOnceAndStandInTheJsonOfEach)
+{
+    const std::vector<std::wstring> folders = MakeFolders(2);
+    const Outcome outcome = Run(Arguments(folders, {L"--json", L"-s", folder.Write(L"a.json", "{}"), L"-s",
+                                                    folder.Write(L"b.json", R"({"x": 1, "y": 2})")}));
+    EXPECT_EQ(outcome.status, 2);
+    ASSERT_EQ(outcome.err.size(), 2U);
+    EXPECT_TRUE(outcome.err[0].starts_with("x: 不明なキーです（"));
+    EXPECT_TRUE(outcome.err[0].ends_with("\t" + Utf8FromWide(folder.Name(L"b.json"))));
+    EXPECT_TRUE(outcome.err[1].starts_with("y: 不明なキーです（"));
+    for (const std::string& line : LinesOf(outcome.out))
+    {
+        EXPECT_EQ(ManyJson::parse(line)["findings"].size(), 2U);
+    }
+}
+
+TEST_F(ManyFolders, ADryRunWritesNothing)
+{
+    const std::vector<std::wstring> folders = MakeFolders(2);
+    std::vector<std::wstring> arguments = folders;
+    arguments.insert(arguments.end(), {L"--folder-settings", L"settings.json", L"--dry-run", L"-q"});
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err.front().substr(0, outcome.err.front().find('\t')),
+              Utf8FromWide(folders[0]) + ": 出力できます");
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "out"));
+}
+
+#ifndef _WIN32
+
+/// The program with its arguments, in a process of its own that can be interrupted.
+class StartedProgram
+{
+  public:
+    explicit StartedProgram(const std::vector<std::wstring>& arguments)
+        : process_(ChildProcess::Start(L"/bin/sh", ShellArguments(arguments)))
+    {
+        std::string number;
+        for (char digit = 0; process_->output.Read(&digit, 1).value_or(0) == 1 && digit != '\n';)
+        {
+            number += digit;
+        }
+        id_ = std::stoi(number);
+    }
+
+    void Signal(int signal) const { ::kill(id_, signal); }
+    std::optional<int> Wait()
+    {
+        err_ = ReadToEnd(process_->error);
+        return process_->Wait();
+    }
+    std::vector<std::string> Told() const { return LinesOf(err_); }
+
+  private:
+    /// A shell that tells its process's number and becomes the program.
+    static std::vector<std::wstring> ShellArguments(const std::vector<std::wstring>& arguments)
+    {
+        std::vector<std::wstring> words{L"-c", L"echo $$; exec \"$@\"", L"sh", PROGRAM};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        return words;
+    }
+
+    std::optional<ChildProcess> process_;
+    pid_t id_ = 0;
+    std::string err_;
+};
+
+class InterruptedFolders : public ManyFolders
+{
+  protected:
+    static constexpr std::uint32_t INTERRUPTED_FOLDERS = 60;
+
+    /// Waits until some files are finished.
+    void WaitForFiles(std::size_t count) const
+    {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+        while (CountFiles() < count && std::chrono::steady_clock::now() < deadline)
+        {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+
+    std::size_t CountFiles() const
+    {
+        std::size_t count = 0;
+        std::error_code failure;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path() / "out", failure))
+        {
+            count += entry.path().extension() == ".xml" ? 1 : 0;
+        }
+        return count;
+    }
+
+    /// Every file that is there is that of a single run.
+    std::size_t CountWhole(const std::vector<std::string>& single) const
+    {
+        std::size_t whole = 0;
+        for (std::uint32_t number = 0; number < INTERRUPTED_FOLDERS; ++number)
+        {
+            const std::string file = Finished(number);
+            EXPECT_TRUE(file.empty() || file == single[number]) << number;
+            whole += file.empty() ? 0 : 1;
+        }
+        return whole;
+    }
+};
+
+TEST_F(InterruptedFolders, AreFinishedIfTheyHaveBegunAndToldIfNot)
+{
+    const std::vector<std::wstring> folders = MakeFolders(INTERRUPTED_FOLDERS);
+    testing::internal::CaptureStdout();
+    const std::vector<std::string> single = SingleFiles(folders);
+    testing::internal::GetCapturedStdout();
+    StartedProgram program(Arguments(folders, {L"-q", L"-j", L"2"}));
+    WaitForFiles(5);
+    program.Signal(SIGINT);
+    EXPECT_EQ(program.Wait(), 3);
+    const std::size_t whole = CountWhole(single);
+    EXPECT_GE(whole, 5U);
+    EXPECT_LT(whole, INTERRUPTED_FOLDERS);
+    const std::vector<std::string> told = program.Told();
+    ASSERT_EQ(told.size(), INTERRUPTED_FOLDERS);
+    for (std::uint32_t number = 0; number < INTERRUPTED_FOLDERS; ++number)
+    {
+        const std::string end = Finished(number).empty() ? "中断したため処理していません" : "出力しました";
+        EXPECT_EQ(told[number].substr(0, told[number].find('\t')), Utf8FromWide(folders[number]) + ": " + end);
+    }
+}
+
+TEST_F(InterruptedFolders, LeaveWholeFilesAloneWhenTheProgramIsKilled)
+{
+    const std::vector<std::wstring> folders = MakeFolders(INTERRUPTED_FOLDERS);
+    testing::internal::CaptureStdout();
+    const std::vector<std::string> single = SingleFiles(folders);
+    testing::internal::GetCapturedStdout();
+    for (const std::size_t files : {std::size_t{1}, std::size_t{10}, std::size_t{30}})
+    {
+        std::filesystem::remove_all(folder.Path() / "out");
+        StartedProgram program(Arguments(folders, {L"-q", L"-j", L"2"}));
+        WaitForFiles(files);
+        program.Signal(SIGKILL);
+        program.Wait(); // until the processes that it started have ended too
+        const std::size_t whole = CountWhole(single);
+        EXPECT_GE(whole, files);
+        EXPECT_LT(whole, INTERRUPTED_FOLDERS);
+    }
+}
+
+#endif
+
+} // namespace
+} // namespace jlandxml
