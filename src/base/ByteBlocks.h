@@ -43,18 +43,23 @@ class ByteBlocks
     template <class Character, class IsPlain>
     std::size_t AppendWhile(const Character* text, IsPlain&& isPlain)
     {
-        std::size_t count = 0;
-        for (;; ++count)
+        const Character* rest = text;
+        for (;;)
         {
-            if (count % RUN == 0)
+            MakeRoom(RUN);
+            // In variables of its own, since a byte written could otherwise be any of the members.
+            char* const begin = block_.get() + size_;
+            std::size_t count = 0;
+            for (; count < RUN && isPlain(rest[count]); ++count)
             {
-                MakeRoom(RUN);
+                begin[count] = static_cast<char>(rest[count]);
             }
-            if (!isPlain(text[count]))
+            size_ += count;
+            rest += count;
+            if (count < RUN)
             {
-                return count;
+                return static_cast<std::size_t>(rest - text);
             }
-            block_[size_++] = static_cast<char>(text[count]);
         }
     }
 

@@ -26,8 +26,10 @@ constexpr std::size_t DEEPEST = 256;
 /// What a byte may be part of in a passage.
 enum ByteClass : std::uint8_t
 {
-    NAME = 1,  ///< a name
-    BLANK = 2, ///< white space between elements and attributes
+    NAME = 1,        ///< a name
+    BLANK = 2,       ///< white space between elements and attributes
+    IN_TAG_NAME = 4, ///< all that doesn't end the name of a tag
+    IN_TAG = 8,      ///< all that neither ends a tag nor begins a value
 };
 
 constexpr std::array<std::uint8_t, 256> BYTE_CLASSES = [] {
@@ -37,7 +39,10 @@ constexpr std::array<std::uint8_t, 256> BYTE_CLASSES = [] {
         const bool isName =
             (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte == '_';
         const bool isBlank = byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
-        classes[byte] = static_cast<std::uint8_t>((isName ? NAME : 0) | (isBlank ? BLANK : 0));
+        const bool isInTagName = !isBlank && byte != '/' && byte != '>';
+        const bool isInTag = byte != '<' && byte != '>' && byte != '"' && byte != '\'';
+        classes[byte] = static_cast<std::uint8_t>((isName ? NAME : 0) | (isBlank ? BLANK : 0) |
+                                                  (isInTagName ? IN_TAG_NAME : 0) | (isInTag ? IN_TAG : 0));
     }
     return classes;
 }();
@@ -68,7 +73,10 @@ class Reader
     bool AtEnd() const { return at_ == end_; }
     const char* At() const { return at_; }
     void MoveTo(const char* position) { at_ = position; }
-    bool StartsWith(std::string_view text) const { return Rest().starts_with(text); }
+    bool StartsWith(std::string_view text) const
+    {
+        return static_cast<std::size_t>(end_ - at_) >= text.size() && std::equal(text.begin(), text.end(), at_);
+    }
     std::string_view Rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
 
     bool Skip(char character)
@@ -297,19 +305,23 @@ class Dissection
 
     bool Markup()
     {
-        if (reader_.Skip("<!--"))
+        if (reader_.Skip("</"))
         {
-            return reader_.SkipBehind("-->");
-        }
-        if (reader_.Skip("<![CDATA["))
-        {
-            return reader_.SkipBehind("]]>");
+            return EndTag();
         }
         if (reader_.StartsWith("<?"))
         {
             return CutInstruction();
         }
-        return reader_.Skip("</") ? EndTag() : !reader_.StartsWith("<!") && StartTag();
+        if (!reader_.StartsWith("<!"))
+        {
+            return StartTag();
+        }
+        if (reader_.Skip("<!--"))
+        {
+            return reader_.SkipBehind("-->");
+        }
+        return reader_.Skip("<![CDATA[") && reader_.SkipBehind("]]>");
     }
 
     /// What the parser wouldn't keep. A second declaration it would keep or refuse, and inside of the root an
@@ -357,11 +369,8 @@ class Dissection
     bool StartTag()
     {
         reader_.Skip('<');
-        const char* const begin = reader_.At();
-        const std::size_t length = std::min(reader_.Rest().find_first_of("/> \t\r\n"), reader_.Rest().size());
-        reader_.MoveTo(begin + length);
-        open_.emplace_back(begin, length);
-        if (length == 0 || open_.size() > DEEPEST || !SkipTagEnd())
+        open_.push_back(reader_.Take(IN_TAG_NAME));
+        if (open_.back().empty() || open_.size() > DEEPEST || !SkipTagEnd())
         {
             return false;
         }
@@ -381,18 +390,13 @@ class Dissection
     {
         for (;;)
         {
-            const std::size_t hit = reader_.Rest().find_first_of("<>\"'");
-            if (hit == std::string_view::npos || reader_.Rest()[hit] == '<')
-            {
-                return false;
-            }
-            const char found = reader_.Rest()[hit];
-            reader_.MoveTo(reader_.At() + hit + 1);
-            if (found == '>')
+            reader_.Take(IN_TAG);
+            if (reader_.Skip('>'))
             {
                 return true;
             }
-            if (!reader_.SkipBehind({&found, 1}))
+            const char quote = reader_.AtEnd() ? '<' : *reader_.At();
+            if (!reader_.Skip(quote) || quote == '<' || !reader_.SkipBehind({&quote, 1}))
             {
                 return false;
             }
