@@ -14,7 +14,13 @@
 
 #ifndef _WIN32
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <unistd.h>
+#endif
+#ifdef __linux__
+#include <sys/prctl.h>
+#include <sys/wait.h>
 #endif
 
 namespace jlandxml
@@ -202,6 +208,63 @@ TEST_F(ManyFolders, ADryRunWritesNothing)
 
 #ifndef _WIN32
 
+/// A terminal in the place of standard error for as long as the object lives.
+class TerminalScope
+{
+  public:
+    TerminalScope() : terminal_(::posix_openpt(O_RDWR | O_NOCTTY)), former_(::dup(STDERR_FILENO))
+    {
+        ::grantpt(terminal_);
+        ::unlockpt(terminal_);
+        const int line = ::open(::ptsname(terminal_), O_RDWR | O_NOCTTY);
+        ::dup2(line, STDERR_FILENO);
+        ::close(line);
+    }
+    TerminalScope(const TerminalScope&) = delete;
+    TerminalScope& operator=(const TerminalScope&) = delete;
+    ~TerminalScope()
+    {
+        ::dup2(former_, STDERR_FILENO);
+        ::close(former_);
+        ::close(terminal_);
+    }
+
+    /// What was written there, once.
+    std::string Read() const
+    {
+        std::string text(4096, '\0');
+        const ssize_t length = ::read(terminal_, text.data(), text.size());
+        return text.substr(0, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    }
+
+  private:
+    int terminal_;
+    int former_;
+};
+
+TEST_F(ManyFolders, ATerminalShowsHowManyAreDoneAndTakesTheBarAwayBeforeEachLine)
+{
+    const std::vector<std::wstring> folders{L"無い", L"これも無い"};
+    const std::string shown = [&] {
+        const TerminalScope terminal;
+        RunCommandLine(Arguments(folders, {}), PROGRAM);
+        return terminal.Read();
+    }();
+    const std::string bar = "[------------------------------] 0/2";
+    EXPECT_TRUE(shown.starts_with(bar + "\r" + std::string(bar.size() + 2, ' ') + "\r無い: ")) << shown;
+    EXPECT_NE(shown.find("\n[###############---------------] 1/2 残り0:0"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("[##############################] 2/2 残り0:00\r"), std::string::npos) << shown;
+    EXPECT_TRUE(shown.ends_with(" \r")) << shown;
+}
+
+TEST_F(ManyFolders, WithoutATerminalThereIsNoBar)
+{
+    for (const std::string& line : Run(Arguments({L"無い", L"これも無い"}, {})).err)
+    {
+        EXPECT_TRUE(line.starts_with("無い: ") || line.starts_with("これも無い: ")) << line;
+    }
+}
+
 /// The program with its arguments, in a process of its own that can be interrupted.
 class StartedProgram
 {
@@ -301,24 +364,37 @@ TEST_F(InterruptedFolders, AreFinishedIfTheyHaveBegunAndToldIfNot)
     }
 }
 
+#ifdef __linux__
+
+/// Waits for the processes that a killed one had started; they come to this one.
+void WaitForOrphans()
+{
+    while (::waitpid(-1, nullptr, 0) > 0)
+    {}
+}
+
 TEST_F(InterruptedFolders, LeaveWholeFilesAloneWhenTheProgramIsKilled)
 {
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     const std::vector<std::wstring> folders = MakeFolders(INTERRUPTED_FOLDERS);
     testing::internal::CaptureStdout();
     const std::vector<std::string> single = SingleFiles(folders);
     testing::internal::GetCapturedStdout();
-    for (const std::size_t files : {std::size_t{1}, std::size_t{10}, std::size_t{30}})
+    for (const std::size_t files : {std::size_t{1}, std::size_t{5}, std::size_t{20}})
     {
         std::filesystem::remove_all(folder.Path() / "out");
         StartedProgram program(Arguments(folders, {L"-q", L"-j", L"2"}));
         WaitForFiles(files);
         program.Signal(SIGKILL);
-        program.Wait(); // until the processes that it started have ended too
+        program.Wait();
+        WaitForOrphans();
         const std::size_t whole = CountWhole(single);
         EXPECT_GE(whole, files);
         EXPECT_LT(whole, INTERRUPTED_FOLDERS);
     }
 }
+
+#endif
 
 #endif
 
