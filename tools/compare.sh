@@ -1,19 +1,25 @@
 #!/usr/bin/env bash
 # Holds two builds of the command line against each other over generated work folders.
 #
-#   tools/compare.sh OLD NEW [SEED [COUNT]]
+#   tools/compare.sh [--texts] OLD NEW [SEED [COUNT]]
 #
 # OLD and NEW are the programs (jlandxml-convert; a name that ends in .exe runs under Wine). SEED and COUNT choose the
 # folders (default 1 and 200; see tests/support/generator/). Each folder is run once with each program, with its
 # settings, from the same place to the same target, and compared are the status, standard output, standard error and
 # the finished file, byte for byte. A line is printed for each folder in which they differ, and one with the count at
 # the end. What the programs left in a folder that differs stays in build/compare/NUMBER/old and new, the work folder
-# itself in build/compare/folders/NUMBER. Status 0 where nothing differs, 1 where something does, 2 for a wrong call.
+# itself in build/compare/folders/NUMBER. With --texts standard error is compared without warnings and without what stands behind a
+# tab. Status 0 where nothing differs, 1 where something does, 2 for a wrong call.
 #
 # The folders are made by generate_folders of the linux preset (cmake --build build/linux --target generate_folders),
 # or by the program that GENERATE_FOLDERS names.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
+texts=0
+if [ "${1:-}" = --texts ]; then
+    texts=1
+    shift
+fi
 if [ $# -lt 2 ] || [ $# -gt 4 ] || [ ! -f "$1" ] || [ ! -f "$2" ]; then
     sed -n '2,5p' "$0" | cut -c3- >&2
     exit 2
@@ -32,6 +38,10 @@ run() {
     mkdir -p "$kept"
     "${command[@]}" "$folder" -s "$folder/settings.json" -o "$compare/run/out.xml" \
         >"$kept/stdout" 2>"$kept/stderr" </dev/null || status=$?
+    if [ $texts = 1 ]; then
+        cut -f1 "$kept/stderr" | grep -v '^警告: ' >"$kept/texts" || true
+        rm "$kept/stderr"
+    fi
     echo "$status" >"$kept/status"
     if [ -e "$compare/run/out.xml" ]; then
         mv "$compare/run/out.xml" "$kept/out.xml"

@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <optional>
+#include <string_view>
+#include <system_error>
 
 namespace jlandxml
 {
@@ -25,10 +28,9 @@ int FolderTrouble(const std::wstring& folder, std::uintmax_t size)
 {
     std::error_code failure;
     const std::filesystem::path path = PathOfText(folder);
-    const std::filesystem::file_status status = std::filesystem::status(path, failure);
-    if (!std::filesystem::is_directory(status))
+    if (!std::filesystem::is_directory(path, failure))
     {
-        return status.type() == std::filesystem::file_type::none ? EACCES : ENOENT;
+        return failure == std::errc::permission_denied ? EACCES : ENOENT;
     }
     const std::filesystem::space_info space = std::filesystem::space(path, failure);
     if (!failure && space.available < std::max<std::uintmax_t>(size, 1))
@@ -47,18 +49,22 @@ int FolderTrouble(const std::wstring& folder, std::uintmax_t size)
 
 std::wstring TargetTrouble(const std::wstring& target, std::uintmax_t size)
 {
+    const auto withReason = [](const std::wstring& path, int error) {
+        return path + L"（" + ReasonText(error) + L"）";
+    };
     std::error_code failure;
     if (std::filesystem::is_directory(PathOfText(target), failure))
     {
-        return target + L"（" + ReasonText(EISDIR) + L"）";
+        return withReason(target, EISDIR);
     }
     const std::wstring_view folder = FolderOf(target);
-    const int error = FolderTrouble(folder.empty() ? L"./" : std::wstring(folder), size);
-    if (error == 0)
+    if (const int error = FolderTrouble(folder.empty() ? L"./" : std::wstring(folder), size))
     {
-        return target;
+        return withReason(folder.empty() ? target : std::wstring(folder), error);
     }
-    return (folder.empty() ? target : std::wstring(folder)) + L"（" + ReasonText(error) + L"）";
+    const std::optional<std::wstring> temporary = TemporaryFolder();
+    const int error = temporary ? FolderTrouble(*temporary, size) : 0;
+    return error != 0 ? withReason(*temporary, error) : target;
 }
 
 } // namespace jlandxml

@@ -330,7 +330,7 @@ class BatchRun
     {
         for (const ShownMessage& message : windows_.Messages())
         {
-            result_.findings.push_back(PlainLine("message", message.text));
+            result_.findings.push_back(PlainLine("message", message.text, WritingTrouble()));
         }
         if (!windows_.Messages().empty())
         {
@@ -354,11 +354,18 @@ class BatchRun
         {
             return ExitStatus::FileWritten;
         }
-        const std::wstring workFile = result_.folder + WORK_FILE;
-        const std::wstring trouble = isTreeFinished_ ? TargetTrouble(result_.output, SizeOf(workFile)) : workFile;
-        result_.findings.push_back(PlainLine("no-file", NO_FILE_TEXT, trouble));
+        const std::wstring trouble = WritingTrouble();
+        result_.findings.push_back(
+            PlainLine("no-file", NO_FILE_TEXT, trouble.empty() ? result_.folder + WORK_FILE : trouble));
         result_.findings.back().file = result_.output;
         return ExitStatus::NoFile;
+    }
+
+    /// What may have kept the finished tree from its target; empty where it isn't finished, or is written.
+    std::wstring WritingTrouble() const
+    {
+        const bool isLost = isTreeFinished_ && !GetConversionContext().fileWritten;
+        return isLost ? TargetTrouble(result_.output, SizeOf(result_.folder + WORK_FILE)) : std::wstring();
     }
 
     const ConvertOptions& options_;

@@ -369,6 +369,18 @@ TEST_P(UnwritableTargets, AreNamedWithTheReason)
 INSTANTIATE_TEST_SUITE_P(Cli, UnwritableTargets, testing::ValuesIn(UNWRITABLE_TARGETS),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(CommandLineTest, ATemporaryFolderThatIsNotThereIsNamed)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::wstring missing = folder.Name(L"missing");
+    const TemporaryFolderOverride temporary(NativePath(missing));
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_TRUE(outcome.err.ends_with("作業用ファイルへのアクセスに失敗しました。\n")) << outcome.err;
+    EXPECT_TRUE(outcome.details.starts_with(Utf8FromWide(missing))) << outcome.details;
+    EXPECT_TRUE(outcome.details.ends_with("（ありません）\n")) << outcome.details;
+}
+
 TEST_F(CommandLineTest, AnOutputFolderIsMadeAndTheFileIsNamedAfterTheWorkFolder)
 {
     const std::filesystem::path work = folder.Path() / NativePath(L"国道 1.2");
