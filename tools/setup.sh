@@ -14,7 +14,7 @@ BUILD_PACKAGES=(
 TEST_PACKAGES=(
     libgtest-dev libbenchmark-dev libxml2-utils
     clang libclang-rt-dev python3 chromium doxygen
-    make parallel openssh-client openssh-server rsync
+    make parallel openssh-client openssh-server rsync slurmctld slurmd slurm-client munge
     g++-mingw-w64-x86-64-posix wine64 xvfb xauth fonts-ipafont-gothic locales
 )
 
@@ -49,7 +49,8 @@ install_packages() {
     echo "setup: installing ${missing[*]}"
     export DEBIAN_FRONTEND=noninteractive
     retry as_root apt-get update -qq
-    retry as_root apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    # The tests bring up servers of their own; none of the packages' is started.
+    retry as_root env RUNLEVEL=1 apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 # Debian packages only the narrow-character build of pugixml, where the converter needs the wide one, and libxml2 for Linux

@@ -4,8 +4,9 @@
     batch.py PROGRAM EXAMPLE PAGE SCRATCH
 
 Every recipe gives the files of single runs, a line of JSON for each folder where it asks for that, and a status that tells
-of the broken folder. GNU parallel talks to an ssh server of its own on the loopback; a stand-in takes the place of Slurm.
-A tool that isn't installed is a failure.
+of the broken folder. GNU parallel talks to an ssh server of its own on the loopback, and Slurm runs as one node of its own on
+this machine. Where that can't be brought up, such as without root, a stand-in for its commands runs the tasks, and the
+test says so. Another tool that isn't installed is a failure.
 """
 
 import json
@@ -22,7 +23,7 @@ FOLDERS = ["国道 1", "国道 2", "県道", "市道", "農道"]
 BROKEN = "県道"
 TIME_LIMIT = 300
 
-# Runs the tasks of a job array as its header asks for them, each with what Slurm tells it.
+# In the place of Slurm: runs the tasks of a job array as its header asks for them, each with what Slurm tells it.
 SBATCH = """#!/bin/bash
 [ "$1" = --wait ] && shift
 range=$(sed -n 's/^#SBATCH --array=//p' "$1")
@@ -30,7 +31,9 @@ log=$(sed -n 's/^#SBATCH --output=//p' "$1")
 export SLURM_ARRAY_TASK_COUNT=$((${range#*-} - ${range%-*} + 1))
 status=0
 for ((task = ${range%-*}; task <= ${range#*-}; task++)); do
-    SLURM_ARRAY_TASK_ID=$task bash "$1" >"${log//%a/$task}" 2>&1 || status=1
+    SLURM_ARRAY_TASK_ID=$task bash "$1" >"${log//%a/$task}" 2>&1
+    ended=$?
+    [ $ended -le $status ] || status=$ended
 done
 exit $status
 """
@@ -64,9 +67,6 @@ class Recipes:
         shutil.rmtree(scratch, ignore_errors=True)
         self.bin.mkdir(parents=True)
         (self.bin / "jlandxml-convert").symlink_to(program)
-        for name, text in (("sbatch", SBATCH), ("srun", SRUN)):
-            (self.bin / name).write_text(text)
-            (self.bin / name).chmod(0o755)
         home = scratch / "home"
         home.mkdir()
         (home / ".parallel").mkdir()
@@ -140,12 +140,20 @@ class Recipes:
         self.check("parallel", place, self.shell(self.page.take("GNU parallel", 0, "sh"), place), 1)
 
     def slurm(self):
-        place = self.prepare("slurm")
-        (place / "results").mkdir()
-        (place / "batch.sh").write_text(self.page.take("Slurm", 0, "slurm"), encoding="utf-8")
-        ended = self.shell("sbatch --wait batch.sh", place)
-        self.shell(self.page.take("Slurm", 1, "sh"), place)
-        self.check("slurm", place, ended, 1)
+        with SlurmNode(self.scratch / "slurm-node") as node:
+            if node.is_up:
+                self.environment["SLURM_CONF"] = str(node.configuration)
+            else:
+                print("slurm: a stand-in for sbatch and srun")
+                for name, text in (("sbatch", SBATCH), ("srun", SRUN)):
+                    (self.bin / name).write_text(text)
+                    (self.bin / name).chmod(0o755)
+            place = self.prepare("slurm")
+            (place / "results").mkdir()
+            (place / "batch.sh").write_text(self.page.take("Slurm", 0, "slurm"), encoding="utf-8")
+            ended = self.shell("sbatch --wait batch.sh", place)
+            self.shell(self.page.take("Slurm", 1, "sh"), place)
+            self.check("slurm", place, ended, 2)
 
     def over_ssh(self):
         with SshServer(self.scratch / "ssh", self.environment) as server:
@@ -209,6 +217,86 @@ ForceCommand mkdir -p {folder / "remote"} && cd {folder / "remote"} && sh -c "$S
     def __exit__(self, *_):
         self.process.terminate()
         self.process.wait()
+
+
+class SlurmNode:
+    """A Slurm of one node on this machine, for as long as the object is used."""
+
+    PROGRAMS = ("munged", "slurmctld", "slurmd", "sbatch", "srun", "sinfo")
+    STARTS_WITHIN = 30
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.configuration = folder / "slurm.conf"
+        self.processes = []
+        self.is_up = False
+
+    def __enter__(self):
+        search = os.environ["PATH"] + ":/usr/sbin:/sbin"
+        programs = {name: shutil.which(name, path=search) for name in self.PROGRAMS}
+        if os.geteuid() == 0 and all(programs.values()):
+            self.configure()
+            munge = [programs["munged"], "--foreground", "--force", f"--key-file={self.folder / 'munge.key'}",
+                     f"--socket={self.folder / 'munge.socket'}", f"--pid-file={self.folder / 'munge.pid'}",
+                     f"--log-file={self.folder / 'munge.log'}", f"--seed-file={self.folder / 'munge.seed'}"]
+            self.start("munged", munge)
+            for name in ("slurmctld", "slurmd"):
+                self.start(name, [programs[name], "-D", "-f", self.configuration])
+            self.is_up = self.wait_for_node(programs["sinfo"])
+        return self
+
+    def configure(self):
+        for name in ("spool", "state"):
+            (self.folder / name).mkdir(parents=True)
+        (self.folder / "munge.key").write_bytes(os.urandom(1024))
+        (self.folder / "munge.key").chmod(0o600)
+        host = socket.gethostname().split(".")[0]
+        probes = [socket.socket(), socket.socket()]
+        for probe in probes:
+            probe.bind(("127.0.0.1", 0))
+        ports = [probe.getsockname()[1] for probe in probes]
+        for probe in probes:
+            probe.close()
+        self.configuration.write_text(f"""ClusterName=one
+SlurmctldHost={host}(127.0.0.1)
+AuthType=auth/munge
+AuthInfo=socket={self.folder / "munge.socket"}
+SlurmUser=root
+SlurmdUser=root
+StateSaveLocation={self.folder / "state"}
+SlurmdSpoolDir={self.folder / "spool"}
+SlurmctldPidFile={self.folder / "slurmctld.pid"}
+SlurmdPidFile={self.folder / "slurmd.pid"}
+SlurmctldPort={ports[0]}
+SlurmdPort={ports[1]}
+ProctrackType=proctrack/pgid
+TaskPlugin=task/none
+ReturnToService=2
+SelectType=select/cons_tres
+SchedulerType=sched/builtin
+SchedulerParameters=sched_interval=1,batch_sched_delay=0,sched_min_interval=1000
+NodeName={host} NodeAddr=127.0.0.1 CPUs={os.cpu_count()} State=UNKNOWN
+PartitionName=all Nodes=ALL Default=YES MaxTime=INFINITE State=UP
+""")
+
+    def start(self, name, command):
+        with open(self.folder / f"{name}.log", "wb") as log:
+            self.processes.append(subprocess.Popen(command, stdout=log, stderr=log, stdin=subprocess.DEVNULL))
+
+    def wait_for_node(self, sinfo):
+        environment = dict(os.environ, SLURM_CONF=str(self.configuration))
+        deadline = time.monotonic() + self.STARTS_WITHIN
+        while time.monotonic() < deadline and all(process.poll() is None for process in self.processes):
+            told = subprocess.run([sinfo, "-h", "-o", "%t"], env=environment, check=False, capture_output=True, text=True)
+            if told.stdout.strip() == "idle":
+                return True
+            time.sleep(0.5)
+        return False
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
 
 
 def main():
