@@ -23,7 +23,7 @@ out=build/road.xml
 echo
 echo "The finished file:  $out  ($(stat -c %s "$out") bytes)"
 echo "To try next:"
-echo "  ./run.sh examples/road --print-settings > build/road.json   # edit it: what is empty, what _choices offers"
+echo "  ./run.sh examples/road --print-settings > build/road.json   # edit it: what is null, as _choices offers"
 echo "  ./run.sh examples/road -s build/road.json -o build/road.xml"
 echo "  ./run.sh examples/river -s examples/river/settings.json -o build/river.xml"
 echo "  ./run.sh examples/two-routes -o build/two-routes.xml        # says what its data lack"

@@ -45,9 +45,10 @@ def write_runs(folder):
         side_files = [content(f"{work}/{side}_temp_1.csv") for side in SIDE_FILES]
         files = [content(f"{work}/Landxml_temp.xml"), content(settings), *side_files]
         write(folder, "FuzzRun", name, *files)
-        for option in ("-o\nout.xml\n--check\n--report\nreport.html", "--print-settings"):
+        for option in ("-o\nout.xml\n--check\n--report\nreport.html", "--print-settings",
+                       "--skip-locked\n--strict\n--json\n--output-dir\nout", "--dry-run\n-q\n--folder-settings\nsettings.json"):
             arguments = f"convert\n.\n-n\n1\n-s\nsettings.json\n{option}"
-            write(folder, "FuzzCommandLine", f"{name}{option[:3]}", arguments.encode(), *files)
+            write(folder, "FuzzCommandLine", f"{name}{option[:4]}", arguments.encode(), *files)
 
 
 def write_finished(folder):
@@ -66,6 +67,7 @@ def write_finished(folder):
     for number, arguments in enumerate((
             "--help", "--version", "", ".", "missing\n-o\nout.xml", ".\n-n\nx\n-o\nout.xml", ".\n--dialog",
             ".\n-o\nout.xml\n--report\nout.xml", ".\n--print-settings\n--check", ".\n-s\n\n-o\nout.xml",
+            ".\nmore\n--output-dir\nout\n-j\n0\n--json", ".\n-o\nLandxml_temp.xml", ".\n--ouput\nx", "-o\nx\n--\n.",
             ".\n-o\nout.xml\nmore", ".\n-s\nmissing.json\n-o\nout.xml", ".\n-o\nmissing_\n--unknown")):
         write(folder, "FuzzCommandLine", f"convert-{number}", f"convert\n{arguments}".encode(), sound)
 

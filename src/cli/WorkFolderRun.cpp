@@ -401,7 +401,12 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
             std::wstring text = inspect::FindingLine(finding);
             text.pop_back(); // its line feed
             result.findings.push_back(PlainLine("check", std::move(text)));
+            result.findings.back().object = finding.object;
             result.findings.back().file = result.output;
+            if (finding.line > 0)
+            {
+                result.findings.back().row = finding.line;
+            }
             if (finding.severity == inspect::Severity::Error)
             {
                 result.status = ExitStatus::Findings;

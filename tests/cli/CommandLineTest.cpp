@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "support/FailingAllocation.h"
 #include "support/FullStandardOutput.h"
+#include "support/MountedFolder.h"
 #include "support/RowName.h"
 #include "support/RunFixture.h"
 
@@ -129,6 +130,27 @@ TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
         " A: 線形の長さが要素の長さの合計と合いません（値 2 m、計算 1 m、差 1 m、許容 0.001 m）\n"))
         << outcome.err;
     EXPECT_FALSE(folder.Read(L"out.xml").empty());
+}
+
+TEST_F(CommandLineTest, WhatACheckFindsStandsInTheLineOfJson)
+{
+    WorkFile(
+        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
+        "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
+        "</Alignment></Alignments></LandXML>");
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check", L"--json"});
+    const OrderedJson line = OrderedJson::parse(outcome.out);
+    EXPECT_EQ(line["status"], 1);
+    EXPECT_EQ(line["findings"].size(), 1U);
+    const OrderedJson& finding = line["findings"][0];
+    EXPECT_EQ(finding["code"], "check");
+    EXPECT_EQ(finding["text"].get<std::string>() + "\n", outcome.err);
+    EXPECT_EQ(finding["object"], "A");
+    EXPECT_EQ(finding["file"], Utf8FromWide(Output()));
+    EXPECT_GT(finding["row"], 1);
+    EXPECT_GT(line["counts"]["written"]["bytes"], 0);
 }
 
 TEST_F(CommandLineTest, ASoundFileIsCheckedWithoutAWord)
@@ -368,6 +390,42 @@ TEST_P(UnwritableTargets, AreNamedWithTheReason)
 
 INSTANTIATE_TEST_SUITE_P(Cli, UnwritableTargets, testing::ValuesIn(UNWRITABLE_TARGETS),
                          [](const auto& row) { return std::string(row.param.name); });
+
+#ifdef __linux__
+TEST_F(CommandLineTest, AVolumeThatIsFullIsNamed)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::filesystem::path small = folder.Path() / "small";
+    std::filesystem::create_directory(small);
+    const MountedFolder volume(small, "size=64k");
+    if (!volume)
+    {
+        GTEST_SKIP() << "only an administrator may mount";
+    }
+    std::ofstream(small / "fill") << std::string(64 << 10, 'x');
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", folder.Name(L"small") + L"/out.xml"});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, "ファイルは出力されませんでした。\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(folder.Name(L"small")) + "/（空き容量がありません）\n");
+}
+
+TEST_F(CommandLineTest, AFolderThatTakesNoFilesIsNamed)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const std::filesystem::path sealed = folder.Path() / "sealed";
+    std::filesystem::create_directory(sealed);
+    const MountedFolder volume(sealed, "size=64k");
+    if (!volume || ::mount(nullptr, sealed.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
+    {
+        GTEST_SKIP() << "only an administrator may mount";
+    }
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", folder.Name(L"sealed") + L"/out.xml"});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.details, Utf8FromWide(folder.Name(L"sealed")) + "/（読み取り専用です）\n");
+}
+#endif
 
 TEST_F(CommandLineTest, ATemporaryFolderThatIsNotThereIsNamed)
 {
