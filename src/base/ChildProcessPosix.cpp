@@ -10,6 +10,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 extern char** environ;
 
@@ -26,6 +27,13 @@ struct Pipe
     NativeFile writing;
 };
 
+/// A pipe's end that takes the number of no standard stream, one of which this program may have been started without.
+NativeFile AboveStreams(NativeFile end)
+{
+    return end.Get() > STDERR_FILENO ? std::move(end)
+                                     : NativeFile(::fcntl(end.Get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}
+
 std::optional<Pipe> MakePipe()
 {
     std::array<int, 2> ends{};
@@ -33,7 +41,10 @@ std::optional<Pipe> MakePipe()
     {
         return std::nullopt;
     }
-    return Pipe{NativeFile(ends[0]), NativeFile(ends[1])};
+    NativeFile reading(ends[0]);
+    NativeFile writing(ends[1]);
+    Pipe pipe{AboveStreams(std::move(reading)), AboveStreams(std::move(writing))};
+    return pipe.reading && pipe.writing ? std::optional(std::move(pipe)) : std::nullopt;
 }
 
 /// What a started program begins with: its streams, and a process group of its own, which the terminal's interrupt

@@ -117,9 +117,15 @@ bool IsSameFile(const std::string& one, const std::string& other)
     const auto pathOf = [&](const std::string& text) {
         return std::filesystem::absolute(std::u8string(text.begin(), text.end()), failure);
     };
-    if (std::filesystem::equivalent(pathOf(one), pathOf(other), failure))
+    // Most files that are compared with a new one are there, and need no more than this.
+    const bool isThere = std::filesystem::exists(pathOf(one), failure);
+    if (isThere != std::filesystem::exists(pathOf(other), failure))
     {
-        return true;
+        return false;
+    }
+    if (isThere)
+    {
+        return std::filesystem::equivalent(pathOf(one), pathOf(other), failure);
     }
     const std::filesystem::path place = std::filesystem::weakly_canonical(pathOf(one), failure);
     return !place.empty() && place == std::filesystem::weakly_canonical(pathOf(other), failure);

@@ -5,6 +5,7 @@
 
 #ifndef _WIN32
 #include <csignal>
+#include <unistd.h>
 #endif
 
 namespace jlandxml
@@ -65,6 +66,21 @@ TEST(ChildProcess, ThePipesOfOneDoNotStayOpenInAnother)
     second->input.Close();
     EXPECT_EQ(first->Wait(), 0);
     EXPECT_EQ(second->Wait(), 0);
+}
+
+TEST(ChildProcess, StreamsAreHandedOverWhereThisProgramHasNone)
+{
+    const int former = ::dup(STDIN_FILENO);
+    ::close(STDIN_FILENO);
+    std::optional<ChildProcess> process = StartShell(L"cat; printf 'to error' >&2");
+    ::dup2(former, STDIN_FILENO);
+    ::close(former);
+    ASSERT_TRUE(process);
+    process->input.Write("to output");
+    process->input.Close();
+    EXPECT_EQ(ReadToEnd(process->output), "to output");
+    EXPECT_EQ(ReadToEnd(process->error), "to error");
+    EXPECT_EQ(process->Wait(), 0);
 }
 
 TEST(ChildProcess, OneThatIsKilledHasNoStatus)
