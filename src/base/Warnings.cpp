@@ -27,6 +27,68 @@ constexpr CauseText CAUSES[] = {
     {WarningCause::NoMemory, "no-memory", L"メモリーが足りないため、読み込まなかったデータがあります。"},
     {WarningCause::TargetNotRestored, "target-not-restored",
      L"出力先のファイルを元に戻せません。元の内容を一時フォルダーに残しました。"},
+
+    {WarningCause::OtherRoot, "other-root", L"ルート要素がLandXMLではありません。"},
+    {WarningCause::OtherNamespace, "other-namespace", L"名前空間がLandXML 1.2ではありません。"},
+    {WarningCause::NotMetric, "not-metric", L"長さの単位がメートルではありません。"},
+    {WarningCause::NoRoute, "no-route", L"路線（Alignments）がありません。"},
+
+    {WarningCause::SideFileBeyondRoutes, "side-file-beyond-routes",
+     L"指定の路線数を超える番号の付属CSVファイルは読み込みません。"},
+    {WarningCause::MissingSideFile, "missing-side-file",
+     L"同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。"},
+    {WarningCause::NoRouteName, "no-route-name",
+     L"1行目に線形名がないため、この路線の付属CSVファイルを線形に対応付けられません。"},
+    {WarningCause::NoAlignmentForSideFile, "no-alignment-for-side-file",
+     L"線形名の一致する線形がないため、ファイルの内容を使いません。"},
+    {WarningCause::NotUtf8, "not-utf8", L"UTF-8ではない文字があり、正しく読み込めません。"},
+    {WarningCause::ShortRow, "short-row", L"列の足りない行を読み飛ばしました。"},
+    {WarningCause::EmptySlopeRow, "empty-slope-row", L"測点または横断勾配のない行があり、空の値を出力します。"},
+    {WarningCause::CommaInName, "comma-in-name",
+     L"列が多く、値の位置がずれています。名前にコンマを使っていないか確認してください。"},
+    {WarningCause::SurplusRegions, "surplus-regions",
+     L"片勾配（Superelevation）の数より多い区間があり、余る区間のReverseCrownの測点を使いません。"},
+
+    {WarningCause::NumberNotWhole, "number-not-whole", L"数値として読み取れない部分のある値があります。"},
+    {WarningCause::FurtherPointList, "further-point-list",
+     L"縦断地盤線（ProfSurf）の2つ目以降のPntList2Dを出力しません。"},
+    {WarningCause::OddNumberCount, "odd-number-count", L"点列の数値が奇数個のため、最後の1個を出力しません。"},
+    {WarningCause::PointNotRead, "point-not-read", L"測点と標高の組として読み取れない点を「. .」と出力します。"},
+    {WarningCause::SideGuessed, "side-guessed",
+     L"左右を判定できる構成点（codeがあり、中心から離れた点）がないため、sideを推定しました。"},
+    {WarningCause::SideOverwritten, "side-overwritten", L"横断構成のsideを書き換えました。"},
+
+    {WarningCause::GroundLineRemoved, "ground-line-removed", L"横断の地盤線を取り除きました。"},
+    {WarningCause::OpenPavementRemoved, "open-pavement-removed",
+     L"閉じていない（closedAreaがtrueではない）舗装を取り除きました。"},
+    {WarningCause::CgPointsRemoved, "cgpoints-removed", L"作業ファイルの座標点（CgPoints）を取り除きました。"},
+    {WarningCause::DanglingPntRef, "dangling-pntref", L"取り除いた座標点をpntRefが参照しています。"},
+    {WarningCause::SuperelevationRemoved, "superelevation-removed",
+     L"任意横断勾配リストを使う線形のため、片勾配（Superelevation）を取り除きました。"},
+    {WarningCause::AdverseRemoved, "adverse-removed",
+     L"すりつけ区間の測点がそろわないため、AdverseSEを取り除きました。"},
+    {WarningCause::WidthStakesLeftOut, "width-stakes-left-out",
+     L"標準のバージョン1.5では幅杭を出力しません（注記の入力は求められます）。"},
+    {WarningCause::EmptyCrossSectsRemoved, "empty-crosssects-removed",
+     L"横断面のない横断（CrossSects）を取り除きました。"},
+    {WarningCause::CrossSectionLeftEmpty, "cross-section-left-empty", L"地盤線も横断構成もない横断面を出力します。"},
+
+    {WarningCause::ProfAlignRefsLeftOut, "profalignrefs-left-out",
+     L"横断に計画縦断線形の参照（profAlignRefs）を出力できません。"},
+    {WarningCause::ClothoidParameterLeftOut, "clothoid-parameter-left-out",
+     L"クロソイドのパラメーターAを求められません。"},
+
+    {WarningCause::SameGroupName, "same-group-name", L"別の路線に同じ名前の幅杭のグループがあります。"},
+    {WarningCause::NoSuchAlignment, "no-such-alignment", L"参照先の線形がありません。"},
+    {WarningCause::DescOverridesProject, "desc-overrides-project",
+     L"最初の線形のdescの値が、プロジェクトまたは座標参照系の値に優先します。"},
+    {WarningCause::DescDiffers, "desc-differs", L"線形のdescの値が、出力する値と異なります。"},
+    {WarningCause::GroundLineWithoutName, "ground-line-without-name",
+     L"縦断地盤線（ProfSurf）に名前がないため、スキーマに適合しません。"},
+    {WarningCause::StakeGroupWithoutName, "stake-group-without-name",
+     L"幅杭のグループに名前がないため、スキーマに適合しません。"},
+    {WarningCause::StakeGroupWithoutType, "stake-group-without-type",
+     L"幅杭のグループに種別がないため、スキーマに適合しません。"},
 };
 
 struct Reason
@@ -73,10 +135,11 @@ bool isOneLost = false;
 Noted& NotedOf(WarningCause cause, const std::wstring& file)
 {
     std::vector<Noted>& notes = Notes();
-    const auto known = std::find_if(notes.begin(), notes.end(), [&](const Noted& one) {
+    // What was noted last is what comes again.
+    const auto known = std::find_if(notes.rbegin(), notes.rend(), [&](const Noted& one) {
         return one.cause == cause && one.first.front().file == file;
     });
-    return known != notes.end() ? *known : notes.emplace_back(Noted{cause, 0, {}});
+    return known != notes.rend() ? *known : notes.emplace_back(Noted{cause, 0, {}});
 }
 
 /// The named places joined, each as `tell` puts it, and how many more there are.
@@ -132,12 +195,18 @@ std::wstring ReasonText(int error)
 
 void WarnOf(WarningCause cause, const WarningPlace& place) noexcept
 {
+    WarnOf(cause, place.file, [&] { return place; });
+}
+
+void WarnOf(WarningCause cause, const std::wstring& file, const std::function<WarningPlace()>& place) noexcept
+{
     try
     {
-        Noted& noted = NotedOf(cause, place.file);
+        Noted& noted = NotedOf(cause, file);
         if (noted.count < NAMED_PLACES)
         {
-            WarningPlace kept = place;
+            WarningPlace kept = place();
+            kept.file = file;
             noted.first.at(noted.count) = std::move(kept);
         }
         ++noted.count;
@@ -152,12 +221,28 @@ void WarnOf(WarningCause cause, const std::wstring& file, int error) noexcept
 {
     try
     {
-        WarnOf(cause, {.file = file, .remark = error != 0 ? ReasonText(error) : std::wstring()});
+        WarnOf(cause, WarningPlace{.file = file, .remark = error != 0 ? ReasonText(error) : std::wstring()});
     }
     catch (const std::bad_alloc&)
     {
         isOneLost = true;
     }
+}
+
+std::vector<WarningText> WarningTexts()
+{
+    std::vector<WarningText> texts;
+    for (const CauseText& row : CAUSES)
+    {
+        texts.push_back({row.code, row.text});
+    }
+    return texts;
+}
+
+void ForgetWarnings() noexcept
+{
+    Notes().clear();
+    isOneLost = false;
 }
 
 std::vector<Warning> TakeWarnings() noexcept

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,18 +14,62 @@ namespace jlandxml
 /// What a run reads, drops or bends without a message to its user. The table of codes and texts has a row for each.
 enum class WarningCause
 {
+    // Files
     UnreadableFile,
     UnreadableFolder,
     MalformedXml,
     NoMemoryForFile,
     NoMemory, ///< for more than one file, or for a warning itself
     TargetNotRestored,
+    // The work file as a whole
+    OtherRoot,
+    OtherNamespace,
+    NotMetric,
+    NoRoute,
+    // Side files
+    SideFileBeyondRoutes,
+    MissingSideFile,
+    NoRouteName,
+    NoAlignmentForSideFile,
+    NotUtf8,
+    ShortRow,
+    EmptySlopeRow,
+    CommaInName,
+    SurplusRegions,
+    // What is bent
+    NumberNotWhole,
+    FurtherPointList,
+    OddNumberCount,
+    PointNotRead,
+    SideGuessed,
+    SideOverwritten,
+    // What is removed
+    GroundLineRemoved,
+    OpenPavementRemoved,
+    CgPointsRemoved,
+    DanglingPntRef,
+    SuperelevationRemoved,
+    AdverseRemoved,
+    WidthStakesLeftOut,
+    EmptyCrossSectsRemoved,
+    CrossSectionLeftEmpty,
+    // What is left out
+    ProfAlignRefsLeftOut,
+    ClothoidParameterLeftOut,
+    // What is doubtful
+    SameGroupName,
+    NoSuchAlignment,
+    DescOverridesProject,
+    DescDiffers,
+    GroundLineWithoutName,
+    StakeGroupWithoutName,
+    StakeGroupWithoutType,
 };
 
 /// Where a warning's cause lies, as far as that is known; what isn't is empty.
 struct WarningPlace
 {
-    std::wstring file;
+    std::wstring file{};
     std::wstring object{};            ///< the element by names a person knows (線形1／縦断／計画線)
     std::wstring path{};              ///< the element as an XPath
     std::optional<std::size_t> row{}; ///< of the file, the first one being 1
@@ -52,11 +97,27 @@ std::wstring ReasonText(int error);
 /// note makes it a warning of want of memory.
 void WarnOf(WarningCause cause, const WarningPlace& place) noexcept;
 
+/// The same where putting the place into words takes time: it is asked for, but for its file, only where it is kept.
+void WarnOf(WarningCause cause, const std::wstring& file, const std::function<WarningPlace()>& place) noexcept;
+
 /// The same for a file or folder that was passed over, and why: an error number of the C library, or 0 if the system
 /// gave no reason.
 void WarnOf(WarningCause cause, const std::wstring& file, int error = 0) noexcept;
 
-/// The warnings since they were taken last, in the order in which they were noted first. Each run begins without any.
+/// A row of the table of causes.
+struct WarningText
+{
+    std::string_view code;
+    std::wstring_view text;
+};
+
+/// Every warning that there is, in the order in which manuals list them.
+std::vector<WarningText> WarningTexts();
+
+/// Drops what was noted: each run begins without any.
+void ForgetWarnings() noexcept;
+
+/// The warnings since they were taken last, in the order in which they were noted first.
 std::vector<Warning> TakeWarnings() noexcept;
 
 } // namespace jlandxml

@@ -31,6 +31,7 @@ struct ConvertArguments
     std::string output;
     std::string outputFolder;
     std::string report;
+    std::string changes;
     std::string routes;
     std::string jobs = "1";
 };
@@ -148,6 +149,10 @@ class ConvertUsage
                                  InUsersLanguage("出力したファイルの図面と計算書のHTMLファイル",
                                                  "draws the file that was written, as a page"))
                       ->type_name("FILE");
+        changes_ = app.add_option("--changes", given_.changes,
+                                  InUsersLanguage("作業ファイルからの変更を書き出すファイル（JSON Lines）",
+                                                  "writes what the run changed against the work file (JSON Lines)"))
+                       ->type_name("FILE");
     }
 
     void DeclareTelling(CLI::App& app)
@@ -193,7 +198,8 @@ class ConvertUsage
         {
             RefuseGiven({{options_.printSettings, "--print-settings"},
                          {options_.dialog, "--dialog"},
-                         {report_->count() > 0, "--report"}},
+                         {report_->count() > 0, "--report"},
+                         {changes_->count() > 0, "--changes"}},
                         ONE_FOLDER);
         }
     }
@@ -240,9 +246,11 @@ class ConvertUsage
             RefuseGiven({{options_.check, "--check"}, {!given_.report.empty(), "--report"}},
                         "--print-settings、--dry-run、--dialogと一緒には指定できません");
         }
+        RefuseEmpty(*changes_, given_.changes, "ファイルを指定してください");
         if (options_.printSettings || options_.dialog)
         {
-            RefuseGiven({{options_.json, "--json"}}, "--print-settings、--dialogと一緒には指定できません");
+            RefuseGiven({{options_.json, "--json"}, {!given_.changes.empty(), "--changes"}},
+                        "--print-settings、--dialogと一緒には指定できません");
         }
         RefuseGiven({{options_.strict && options_.quiet, "--quiet"}}, "--strictと一緒には指定できません");
     }
@@ -258,6 +266,7 @@ class ConvertUsage
         options_.outputFile = WideFromUtf8(given_.output);
         options_.outputFolder = WideFromUtf8(given_.outputFolder);
         options_.reportFile = WideFromUtf8(given_.report);
+        options_.changesFile = WideFromUtf8(given_.changes);
     }
 
     /// No file that is read may be written, and no two work folders may have one target.
@@ -282,6 +291,10 @@ class ConvertUsage
         }
         RefuseOverwriting(*report_, given_.report, {given_.output});
         RefuseOverwriting(*report_, given_.report, ReadFiles(options_.workFolders.front()));
+        const std::vector<std::string> written = {given_.output, given_.report,
+                                                  Utf8FromWide(OutputOf(options_, options_.workFolders.front()))};
+        RefuseOverwriting(*changes_, given_.changes, written);
+        RefuseOverwriting(*changes_, given_.changes, ReadFiles(options_.workFolders.front()));
     }
 
     /// The files that the run of a work folder reads, as far as it is told before.
@@ -309,6 +322,7 @@ class ConvertUsage
     const CLI::Option* output_ = nullptr;
     const CLI::Option* outputFolder_ = nullptr;
     const CLI::Option* report_ = nullptr;
+    const CLI::Option* changes_ = nullptr;
 };
 
 } // namespace

@@ -19,6 +19,7 @@ struct ConvertOptions
     std::wstring outputFile;                 ///< empty: there is none, or the output folder holds it
     std::wstring outputFolder;               ///< empty: none
     std::wstring reportFile;                 ///< empty: none
+    std::wstring changesFile;                ///< empty: none
     std::optional<std::int32_t> routes;
     std::uint32_t jobs = 1; ///< work folders at a time; 0: one for each core
     bool check = false;

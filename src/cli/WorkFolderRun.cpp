@@ -4,6 +4,7 @@
 #include "base/Files.h"
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "cli/ChangesFile.h"
 #include "cli/Program.h"
 #include "cli/SettingsUser.h"
 #include "cli/TargetTrouble.h"
@@ -184,7 +185,12 @@ class BatchRun
         const TraceScope trace(options_.json || options_.printSettings);
         const WritingScope writing([this] { return MayWrite(); });
         GetConversionContext().fileWritten = false;
+        GetConversionContext().keepsJournal = !options_.changesFile.empty();
         const std::int32_t routes = RouteCount(options_, result_.folder);
+        if (options_.routes)
+        {
+            WarnOfSideFilesBeyond(result_.folder, routes);
+        }
         TakeRunWarnings();
         try
         {
@@ -420,6 +426,21 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
     }
 }
 
+/// Writes what the run has changed in its document.
+void TellChanges(const ConvertOptions& options, RunResult& result)
+{
+    try
+    {
+        WriteChanges(options.changesFile, *GetConversionContext().document.appDocument->journal);
+    }
+    catch (const CException& exception)
+    {
+        result.findings.push_back(PlainLine("changes", options.changesFile + L": " + ErrorText(exception)));
+        result.findings.back().file = options.changesFile;
+        result.status = ExitStatus::NoFile;
+    }
+}
+
 /// The settings of the folder's own over those of all. The settings stay until the process ends: freeing them asks for
 /// memory, and the file is written by then.
 const Json& SettingsOf(const ConvertOptions& options, const std::wstring& folder, const Json& settings)
@@ -454,6 +475,10 @@ void ConvertFolder(const ConvertOptions& options, const Json& settings, RunResul
     {
         result.findings = SettingsLines(error, true);
         result.status = ExitStatus::WrongUsage;
+    }
+    if (result.status == ExitStatus::FileWritten && !options.changesFile.empty())
+    {
+        TellChanges(options, result);
     }
     if (result.status == ExitStatus::FileWritten && (options.check || !options.reportFile.empty()))
     {

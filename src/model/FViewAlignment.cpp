@@ -3,6 +3,7 @@
 #include "model/DescText.h"
 #include "model/NumberText.h"
 #include "model/OutputVersion.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 #include <array>
@@ -244,6 +245,7 @@ void FViewAlignment::SetOutputVersion(std::int32_t newVersion)
 bool FViewAlignment::ReadElement(const WcXmNode& node)
 {
     Clear();
+    const NumberPlace place(node);
     ReadTextAttribute(node, attribute_name::NAME, name);
     ReadNumberAttribute(node, attribute_name::STA_START, staStart.value);
     if (const auto desc = node.FindAttribute(attribute_name::DESC))
@@ -359,6 +361,10 @@ bool FViewAlignment::WriteCrossSects(const WcXmNode& node)
         return true;
     }
     const bool written = ForEachPair(node, crossSects, [this](const WcXmNode& child, FViewCrossSects& sections) {
+        if (!sections.crossSects.empty() && profile.profAlignName.empty())
+        {
+            WarnOfElement(WarningCause::ProfAlignRefsLeftOut, child, [this] { return profile.whyNameless; });
+        }
         return sections.WriteElement(child) && sections.WriteProfAlignRefs(child, profile.profAlignName);
     });
     if (written)
@@ -374,7 +380,10 @@ bool FViewAlignment::WriteSuperelevations(const WcXmNode& node)
     {
         return WriteChildren(node, superelevations);
     }
-    RemoveChildren(node, FViewSuperelevation().GetElementName());
+    RemoveChildrenIf(node, FViewSuperelevation().GetElementName(), [](const WcXmNode& superelevation) {
+        WarnOfElement(WarningCause::SuperelevationRemoved, superelevation);
+        return true;
+    });
     return true;
 }
 
@@ -396,8 +405,14 @@ void RemoveWideningListFeature(const WcXmNode& node)
 
 bool RemoveEmptyCrossSects(const WcXmNode& node)
 {
-    return RemoveChildrenIf(node, FViewCrossSects().GetElementName(),
-                            [](const WcXmNode& sections) { return !sections.HasChild(); });
+    return RemoveChildrenIf(node, FViewCrossSects().GetElementName(), [](const WcXmNode& sections) {
+        const bool isEmpty = !sections.HasChild();
+        if (isEmpty)
+        {
+            WarnOfElement(WarningCause::EmptyCrossSectsRemoved, sections);
+        }
+        return isEmpty;
+    });
 }
 
 } // namespace jlandxml

@@ -40,6 +40,7 @@ void FViewCgPointsIntermediate::Clear()
     name.clear();
     desc.clear();
     alignmentRefs.clear();
+    sourceFile.clear();
     points.clear();
 }
 
@@ -63,6 +64,7 @@ void FViewCgPointsWidthStake::Clear()
     desc.clear();
     alignmentRefs.clear();
     type.clear();
+    sourceFile.clear();
     points.clear();
 }
 

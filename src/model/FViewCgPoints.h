@@ -23,6 +23,7 @@ class FViewCgPointsIntermediate final : public FViewLandXMLBase
     std::wstring name;
     std::wstring desc;          ///< stays empty and isn't written
     std::wstring alignmentRefs; ///< name of the route's alignment
+    std::wstring sourceFile;    ///< the side file that the points come from, for who tells of them
     PiCmCopyList<FViewCgPointIntermediate> points;
 };
 
@@ -42,6 +43,7 @@ class FViewCgPointsWidthStake final : public FViewLandXMLBase
     std::wstring desc;
     std::wstring alignmentRefs; ///< name of the route's alignment
     std::wstring type;          ///< "open" or "closed"
+    std::wstring sourceFile;    ///< the side file that the points come from, for who tells of them
     PiCmCopyList<FViewCgPointWidthStake> points;
 };
 

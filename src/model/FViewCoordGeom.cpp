@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "model/FViewFeature.h"
 #include "model/NumberText.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 #include <array>
@@ -22,6 +23,9 @@ constexpr const wchar_t* RADIUS_START = L"radiusStart";
 constexpr const wchar_t* RADIUS_END = L"radiusEnd";
 constexpr const wchar_t* LENGTH = L"length";
 constexpr const wchar_t* CLOTHOID_PARAMETER = L"A";
+
+/// What the parameter of a clothoid comes from.
+constexpr std::array<const wchar_t*, 3> SPIRAL_MEASURES = {LENGTH, RADIUS_START, RADIUS_END};
 
 /// The beginning and the end of the route, by their names on Japanese drawings.
 constexpr const wchar_t* BEGIN_OF_PROJECT = L"BP";
@@ -352,19 +356,6 @@ void FormatSpiralRadiusAttributes(const WcXmNode& node)
 
 void WriteClothoidParameter(const WcXmNode& node)
 {
-    double length = 0.0;
-    double radiusStart = 0.0;
-    double radiusEnd = 0.0;
-    if (!ReadNumberAttribute(node, LENGTH, length) || !ReadNumberAttribute(node, RADIUS_START, radiusStart) ||
-        !ReadNumberAttribute(node, RADIUS_END, radiusEnd))
-    {
-        return;
-    }
-    const std::optional<double> square = SquareOfParameter(length, radiusStart, radiusEnd);
-    if (!square)
-    {
-        return;
-    }
     FViewFeature feature;
     ReadFirstChildInAnyCase(node, feature);
     const bool given = std::any_of(feature.properties.begin(), feature.properties.end(),
@@ -372,6 +363,29 @@ void WriteClothoidParameter(const WcXmNode& node)
     if (given)
     {
         return;
+    }
+    const NumberPlace place(node);
+    std::array<double, SPIRAL_MEASURES.size()> measures{};
+    for (std::size_t measure = 0; measure < measures.size(); ++measure)
+    {
+        if (!ReadNumberAttribute(node, SPIRAL_MEASURES[measure], measures[measure]))
+        {
+            WarnOfElement(WarningCause::ClothoidParameterLeftOut, node,
+                          [&] { return std::wstring(SPIRAL_MEASURES[measure]) + L"がありません"; });
+            return;
+        }
+    }
+    const std::optional<double> square = SquareOfParameter(measures[0], measures[1], measures[2]);
+    if (!square)
+    {
+        WarnOfElement(WarningCause::ClothoidParameterLeftOut, node,
+                      [] { return std::wstring(L"両端とも半径がありません"); });
+        return;
+    }
+    if (!std::isfinite(*square) || *square < 0.0)
+    {
+        WarnOfElement(WarningCause::ClothoidParameterLeftOut, node,
+                      [&] { return L"「" + MetresText(std::sqrt(*square), PARAMETER_DIGITS) + L"」と出力します"; });
     }
     feature.properties.emplace_back(CLOTHOID_PARAMETER, MetresText(std::sqrt(*square), PARAMETER_DIGITS));
     feature.WriteElement(node);

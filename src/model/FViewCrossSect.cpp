@@ -1,6 +1,11 @@
 #include "model/FViewCrossSect.h"
 
 #include "model/NumberText.h"
+#include "xml/ElementNames.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 namespace jlandxml
 {
@@ -43,10 +48,33 @@ bool ReadFormationPoints(const WcXmNode& surface, double& clOffset, double& fhOf
     ForEachChild(surface, element_name::CROSS_SECT_PNT, [&](const WcXmNode& point) {
         if (point.FindAttribute(attribute_name::CODE) == std::wstring_view(FORMATION))
         {
+            const NumberPlace place(point);
             found = SplitNumberPair(point.GetTextContent(), clOffset, fhOffset) || found;
         }
     });
     return found;
+}
+
+/// What a composite name notes about a pavement layer is taken over as its material.
+bool NotesMaterial(std::wstring_view composite)
+{
+    return std::any_of(PAVEMENT_LAYERS.begin(), PAVEMENT_LAYERS.end(),
+                       [&](std::wstring_view layer) { return FindMark(composite, layer) != std::wstring_view::npos; });
+}
+
+void WarnOfRemovedGround(const WcXmNode& surface, const wchar_t* reason)
+{
+    if (!NotesMaterial(NameOf(surface)))
+    {
+        WarnOfElement(WarningCause::GroundLineRemoved, surface, [=] { return std::wstring(reason); });
+    }
+}
+
+/// True for a cross section without any line.
+bool IsLeftEmpty(const WcXmNode& node)
+{
+    WcXmNode child = node;
+    return !child.SelectFirstChild(DESIGN_CROSS_SECT_SURF) && !child.SelectFirstChild(CROSS_SECT_SURF);
 }
 
 } // namespace
@@ -74,6 +102,7 @@ bool FViewCrossSect::ReadElement(const WcXmNode& node)
     Clear();
     ReadTextAttribute(node, attribute_name::NAME, name);
     ReadTextAttribute(node, attribute_name::STA, sta);
+    const NumberPlace place(node);
     ForEachFeatureProperty(node, FORMATION, [this](const FViewProperty& property) {
         if (property.label == CL_OFFSET)
         {
@@ -124,6 +153,10 @@ bool FViewCrossSect::WriteElement(const WcXmNode& node)
         return false;
     }
     RemoveOpenPavements(node);
+    if (IsLeftEmpty(node))
+    {
+        WarnOfElement(WarningCause::CrossSectionLeftEmpty, node);
+    }
     return true;
 }
 
@@ -152,17 +185,33 @@ bool FViewCrossSect::RenameSurfaces(const WcXmNode& node) const
 
 void FViewCrossSect::KeepExistingGround(const WcXmNode& node) const
 {
+    bool isKept = false;
+    std::vector<WcXmNode> others; // removed in the end: they matter only where no ground is left
     ForEachChild(node, CROSS_SECT_SURF, [&](const WcXmNode& surface) {
         const OutPutCSS* const row = surfacesList != nullptr ? surfacesList->FindRow(NameOf(surface)) : nullptr;
         if (row != nullptr && row->flagSecond)
         {
             surface.SetAttribute(attribute_name::NAME, EXISTING_GROUND);
+            isKept = true;
+        }
+        else if (row != nullptr)
+        {
+            others.push_back(surface);
         }
         else
         {
+            WarnOfRemovedGround(surface, L"サーフェスがありません");
             node.RemoveChild(surface.appNode);
         }
     });
+    for (const WcXmNode& other : others)
+    {
+        if (!isKept)
+        {
+            WarnOfRemovedGround(other, L"現況地盤のサーフェスではありません");
+        }
+        node.RemoveChild(other.appNode);
+    }
 }
 
 bool FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials)
@@ -205,8 +254,14 @@ bool RenameToSurface(const WcXmNode& node, FViewSurfacesList& surfacesList)
 
 void RemoveOpenPavements(const WcXmNode& node)
 {
-    RemoveChildrenIf(node, DESIGN_CROSS_SECT_SURF,
-                     [](const WcXmNode& surface) { return HasName(surface, PAVEMENT) && !IsClosed(surface); });
+    RemoveChildrenIf(node, DESIGN_CROSS_SECT_SURF, [](const WcXmNode& surface) {
+        const bool isOpen = HasName(surface, PAVEMENT) && !IsClosed(surface);
+        if (isOpen)
+        {
+            WarnOfElement(WarningCause::OpenPavementRemoved, surface);
+        }
+        return isOpen;
+    });
 }
 
 } // namespace jlandxml

@@ -2,6 +2,7 @@
 
 #include "model/CurrentDesignType.h"
 #include "model/NumberText.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,6 +77,21 @@ const wchar_t* SideOf(const WcXmNode& point)
         return nullptr;
     }
     return offset < 0.0 ? format_word::LEFT : format_word::RIGHT;
+}
+
+/// What the host had noted is lost where another side is written; where it had noted none, a side that no point tells
+/// is a guess.
+void WarnOfSide(const WcXmNode& node, const std::wstring& side, bool isDecided)
+{
+    const auto noted = node.FindAttribute(SURFACE_SIDE);
+    if (noted && *noted != side)
+    {
+        WarnOfElement(WarningCause::SideOverwritten, node, [&] { return std::wstring(*noted) + L"→" + side; });
+    }
+    else if (!noted && !isDecided)
+    {
+        WarnOfElement(WarningCause::SideGuessed, node, [&] { return side; });
+    }
 }
 
 } // namespace
@@ -161,6 +177,7 @@ void WriteThickness(const WcXmNode& node)
     double last = 0.0;
     double beforeLast = 0.0;
     ForEachChild(node, element_name::CROSS_SECT_PNT, [&](const WcXmNode& point) {
+        const NumberPlace place(point);
         beforeLast = last;
         last = HeightOf(point.GetTextContent());
         ++count;
@@ -182,15 +199,18 @@ void WriteMaterial(const WcXmNode& node, const MaterialMap& materials, std::wstr
 
 void AssignSide(const WcXmNode& node, std::wstring& side)
 {
+    const wchar_t* decided = nullptr;
     WcXmNode point = node;
     for (bool more = point.SelectFirstChild(element_name::CROSS_SECT_PNT); more; more = point.MoveToNextSibling())
     {
-        if (const wchar_t* const decided = SideOf(point))
+        decided = SideOf(point);
+        if (decided != nullptr)
         {
             side = decided;
             break;
         }
     }
+    WarnOfSide(node, side, decided != nullptr);
     node.SetAttribute(SURFACE_SIDE, side);
 }
 

@@ -1,9 +1,13 @@
 #include "model/FViewLandXML.h"
 
+#include "model/InputWarnings.h"
 #include "model/OutputVersion.h"
+#include "xml/ElementNames.h"
 #include "xml/WcXmSharedTexts.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace jlandxml
@@ -75,6 +79,14 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
     return true;
 }
 
+/// Groups of points of the input go, and with them what other points refer to.
+void RemovePoints(const WcXmNode& node)
+{
+    const std::unordered_set<std::wstring> names = WarnOfPoints(node);
+    RemoveChildren(node, element_name::CG_POINTS);
+    WarnOfReferencesTo(names, node);
+}
+
 /// The standard gives pressures in hectopascals.
 void WritePressureUnit(const WcXmNode& node)
 {
@@ -112,8 +124,14 @@ bool FViewLandXML::ReadElement(const WcXmNode& node)
     Clear();
     ReadFirstChild(node, project);
     ReadFirstChild(node, coordinateSystem);
-    RemoveChildren(node, element_name::CG_POINTS);
+    WarnOfInput(node);
+    RemovePoints(node);
     ReadChildren<FViewAlignments>(node, alignments);
+    if (alignments.empty())
+    {
+        WarnOfElement(WarningCause::NoRoute, node);
+    }
+    WarnOfOverriddenProject(*this, node);
     TakeProjectDataOfFirstAlignment();
     ReadChildren<FViewSurfaces>(node, surfaces);
     return true;
@@ -142,6 +160,7 @@ void FViewLandXML::TakeProjectDataOfFirstAlignment()
 bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
     const WcXmSharedTexts shared(*node.document);
+    WarnOfDoubtful(*this, node);
     LinkCrossSections();
     if (!WriteFirstChild(node, project))
     {
@@ -188,7 +207,13 @@ bool FViewLandXML::WriteIntermediatePoints(const WcXmNode& node)
 
 bool FViewLandXML::WriteWidthStakes(const WcXmNode& node)
 {
-    return project.version < FIRST_WITH_WIDTH_STAKES || PlaceGroups(node, widthStakePoints);
+    if (project.version < FIRST_WITH_WIDTH_STAKES)
+    {
+        WarnOfStakesLeftOut(widthStakePoints);
+        return true;
+    }
+    WarnOfStakes(widthStakePoints);
+    return PlaceGroups(node, widthStakePoints);
 }
 
 void FViewLandXML::WriteSurfaces(const WcXmNode& node) const

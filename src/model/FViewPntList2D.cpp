@@ -1,6 +1,7 @@
 #include "model/FViewPntList2D.h"
 
 #include "model/NumberText.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,7 +36,12 @@ void FViewPntList2D::Clear()
 bool FViewPntList2D::ReadElement(const WcXmNode& node)
 {
     Clear();
-    ParsePointList(node.GetTextContent(), points);
+    const NumberPlace place(node);
+    const std::wstring_view left = ParsePointList(node.GetTextContent(), points);
+    if (!left.empty())
+    {
+        WarnOfElement(WarningCause::OddNumberCount, node, [&] { return L"「" + std::wstring(left) + L"」"; });
+    }
     return true;
 }
 
@@ -64,7 +70,7 @@ bool FViewPntList2D::WriteElement(const WcXmNode& node)
     return true;
 }
 
-void ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points)
+std::wstring_view ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points)
 {
     // Blanks in a row give empty parts, and an empty part leaves its place to the next.
     std::wstring_view first;
@@ -85,6 +91,7 @@ void ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points)
         points.emplace_back(ReadNumber(first), ReadNumber(part));
         first = {};
     }
+    return first;
 }
 
 } // namespace jlandxml

@@ -26,7 +26,7 @@ class FViewPntList2D final : public FViewLandXMLBase
 };
 
 /// Appends the points of a text of numbers that blanks (U+0020 alone) separate. What isn't numeric is 0; a single
-/// number at the end is dropped.
-void ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points);
+/// number at the end is dropped and is the result, which is empty where all numbers are paired.
+std::wstring_view ParsePointList(std::wstring_view text, PiCmList<PiGmPoint>& points);
 
 } // namespace jlandxml

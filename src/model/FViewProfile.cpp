@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "model/NumberText.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 
@@ -18,6 +19,11 @@ constexpr const wchar_t* PVI = L"PVI";
 constexpr std::wstring_view GROUND_LINE_MARK = L"ProfSurf_";
 
 constexpr int STATION_DIGITS = 4;
+
+// Why cross sections can refer to no design profile.
+constexpr const wchar_t* NO_DESIGN = L"計画縦断線形がありません";
+constexpr const wchar_t* NO_EARLIER_DESIGN = L"ProfileのstaStartより前に始まる縦断線形がありません";
+constexpr const wchar_t* NAMELESS_DESIGN = L"計画縦断線形に名前がありません";
 
 /// The station of the first child of that kind.
 template <class Element>
@@ -39,6 +45,7 @@ void FViewPVI::Clear()
 bool FViewPVI::ReadElement(const WcXmNode& node)
 {
     Clear();
+    const NumberPlace place(node);
     SplitNumberPair(node.GetTextContent(), station, elevation);
     return true;
 }
@@ -51,6 +58,7 @@ void FViewParaCurve::Clear()
 bool FViewParaCurve::ReadElement(const WcXmNode& node)
 {
     Clear();
+    const NumberPlace place(node);
     double elevation = UNSET_DOUBLE;
     SplitNumberPair(node.GetTextContent(), station, elevation);
     return true;
@@ -83,12 +91,14 @@ void FViewProfile::Clear()
 {
     staStart = UNSET_DOUBLE;
     profAlignName.clear();
+    whyNameless = NO_PROFILE;
     profSurfs.clear();
 }
 
 bool FViewProfile::ReadElement(const WcXmNode& node)
 {
     Clear();
+    const NumberPlace place(node);
     ReadNumberAttribute(node, attribute_name::STA_START, staStart);
     PiCmCopyList<FViewProfAlign> profAligns;
     ForEachChild(node, PROF_ALIGN, [&](const WcXmNode& child) {
@@ -113,12 +123,14 @@ bool FViewProfile::ReadElement(const WcXmNode& node)
 
 void FViewProfile::ChooseDesignProfile(const PiCmCopyList<FViewProfAlign>& profAligns)
 {
+    whyNameless = profAligns.empty() ? NO_DESIGN : NO_EARLIER_DESIGN;
     for (const FViewProfAlign& profAlign : profAligns)
     {
         if (staStart == UNSET_DOUBLE || profAlign.startStation < staStart)
         {
             staStart = profAlign.startStation;
             profAlignName = profAlign.name;
+            whyNameless = NAMELESS_DESIGN;
         }
     }
 }
@@ -135,6 +147,10 @@ void ConvertToProfSurf(const WcXmNode& node, FViewProfSurf& surface)
     ForEachChild(node, PVI, [&](const WcXmNode& child) {
         FViewPVI pvi;
         pvi.ReadElement(child);
+        if (pvi.station == UNSET_DOUBLE)
+        {
+            WarnOfElement(WarningCause::PointNotRead, child);
+        }
         surface.pntList2D.points.emplace_back(pvi.station, pvi.elevation);
     });
 }

@@ -61,6 +61,8 @@ class FViewProfAlign final : public FViewLandXMLBase
 class FViewProfile final : public FViewLandXMLBase
 {
   public:
+    static constexpr const wchar_t* NO_PROFILE = L"縦断（Profile）がありません";
+
     void Clear() override;
     const wchar_t* GetElementName() const override { return L"Profile"; }
 
@@ -75,7 +77,9 @@ class FViewProfile final : public FViewLandXMLBase
 
     /// Metres: start of the design profile, or the attribute as it was read if no design starts before it.
     double staStart = UNSET_DOUBLE;
-    std::wstring profAlignName;            ///< name of the design profile, to which cross sections refer; may be empty
+    std::wstring profAlignName; ///< name of the design profile, to which cross sections refer; may be empty
+    /// Why profAlignName is empty, for who tells of it.
+    const wchar_t* whyNameless = NO_PROFILE;
     PiCmCopyList<FViewProfSurf> profSurfs; ///< first those that were marked, then the real ones
 
   private:

@@ -17,6 +17,7 @@ void FViewStaEquation::Clear()
 bool FViewStaEquation::ReadElement(const WcXmNode& node)
 {
     Clear();
+    const NumberPlace place(node);
     ReadNumberAttribute(node, L"staBack", staBack);
     ReadNumberAttribute(node, L"staInternal", staInternal);
     ReadNumberAttribute(node, L"staAhead", staAhead);

@@ -3,6 +3,7 @@
 #include "model/FViewFeature.h"
 #include "model/NumberText.h"
 #include "model/SuperelevationStations.h"
+#include "xml/ElementNames.h"
 
 namespace jlandxml
 {
@@ -38,14 +39,11 @@ bool WriteStation(const WcXmNode& node, double station)
     return element.WriteElement(node);
 }
 
-/// Removes the first child of that name, in any case.
-void RemoveFirstChild(const WcXmNode& node, std::wstring_view name)
+/// Removes the first child of that name, in any case. False if there is none.
+bool RemoveFirstChild(const WcXmNode& node, std::wstring_view name)
 {
     WcXmNode child = node;
-    if (child.SelectFirstChild(name))
-    {
-        node.RemoveChild(child.appNode);
-    }
+    return child.SelectFirstChild(name) && node.RemoveChild(child.appNode);
 }
 
 /// Takes the stations of the last `Feature` of that name.
@@ -113,7 +111,11 @@ bool FViewSuperelevation::WriteElement(const WcXmNode& node)
 {
     FormatDoubleAttribute(node, attribute_name::STA_START, fullSuperSta, SUPERELEVATION_DIGITS);
     FormatDoubleAttribute(node, STA_END, runoffSta, SUPERELEVATION_DIGITS);
-    RemoveFirstChild(node, FViewAdverseSE().GetElementName());
+    const bool hadAdverse = RemoveFirstChild(node, FViewAdverseSE().GetElementName());
+    if (hadAdverse && !HasWholeRunout())
+    {
+        WarnOfElement(WarningCause::AdverseRemoved, node);
+    }
     RemoveFirstFeature(node, REVERSE_CROWN);
     RemoveFirstFeature(node, FLAT_STA);
     return WriteRunout(node) && WriteAdverse(node) && WriteStationFeature(node, REVERSE_CROWN, reverseCrownStations) &&
@@ -123,6 +125,12 @@ bool FViewSuperelevation::WriteElement(const WcXmNode& node)
 bool FViewSuperelevation::HasOneSidedRunout() const
 {
     return !IsSet(beginRunoutSta) && !IsSet(endofRunoutSta) && IsSet(beginRunoffSta) && IsSet(startofRunoutSta);
+}
+
+bool FViewSuperelevation::HasWholeRunout() const
+{
+    return (IsSet(beginRunoutSta) && IsSet(beginRunoffSta)) || (IsSet(startofRunoutSta) && IsSet(endofRunoutSta)) ||
+           HasOneSidedRunout();
 }
 
 /// Where the host gives begin of runoff and start of runout alone, each is one place off: they are the standard's start
@@ -141,9 +149,7 @@ bool FViewSuperelevation::WriteRunout(const WcXmNode& node) const
 /// The adverse crown means something only where a whole run-out is given.
 bool FViewSuperelevation::WriteAdverse(const WcXmNode& node) const
 {
-    const bool wholeRunout = (IsSet(beginRunoutSta) && IsSet(beginRunoffSta)) ||
-                             (IsSet(startofRunoutSta) && IsSet(endofRunoutSta)) || HasOneSidedRunout();
-    if (!wholeRunout)
+    if (!HasWholeRunout())
     {
         return true;
     }

@@ -39,6 +39,7 @@ class FViewSuperelevation final : public FViewLandXMLBase
 
   private:
     bool HasOneSidedRunout() const;
+    bool HasWholeRunout() const;
     bool WriteRunout(const WcXmNode& node) const;
     bool WriteAdverse(const WcXmNode& node) const;
 };

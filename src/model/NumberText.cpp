@@ -2,12 +2,14 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "xml/ElementNames.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 #include <tuple>
+#include <utility>
 
 namespace jlandxml
 {
@@ -45,11 +47,49 @@ bool IsNumeric(std::basic_string_view<Character> text)
     return points <= 1;
 }
 
+/// The element that numbers are being read from, if somebody wants to know.
+const WcXmNode* numberPlace = nullptr;
+
+constexpr std::wstring_view STRAIGHT = L"INF";
+constexpr std::size_t LONGEST_REMARK = 40;
+
+std::wstring Wide(std::wstring_view text)
+{
+    return std::wstring(text);
+}
+
+std::wstring Wide(std::string_view text)
+{
+    return WideFromUtf8(text);
+}
+
+/// A text on one line, as far as it says what is wrong.
+std::wstring Excerpt(std::wstring text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t one) { return one == L'\n' || one == L'\r' || one == L'\t'; }, L' ');
+    return text.size() > LONGEST_REMARK ? text.substr(0, LONGEST_REMARK) + L"…" : text;
+}
+
+template <class Character>
+void WarnOfNoNumber(std::basic_string_view<Character> text)
+{
+    const std::wstring wide = Wide(text);
+    if (Trim(wide) != STRAIGHT)
+    {
+        WarnOfElement(WarningCause::NumberNotWhole, *numberPlace, [&] { return L"「" + Excerpt(wide) + L"」"; });
+    }
+}
+
 template <class Character>
 double NumberOf(std::basic_string_view<Character> text)
 {
     if (!IsNumeric(text))
     {
+        if (numberPlace != nullptr)
+        {
+            WarnOfNoNumber(text);
+        }
         return 0.0;
     }
     const bool negative = !text.empty() && text.front() == '-';
@@ -116,6 +156,13 @@ double ReadNumber(std::wstring_view text)
 double ReadNumber(std::string_view text)
 {
     return NumberOf(text);
+}
+
+NumberPlace::NumberPlace(const WcXmNode& node) : former_(std::exchange(numberPlace, &node)) {}
+
+NumberPlace::~NumberPlace()
+{
+    numberPlace = former_;
 }
 
 double WithoutNegativeZero(double value, int digits)

@@ -30,6 +30,20 @@ double ReadNumber(std::wstring_view text);
 /// The same for a text of bytes.
 double ReadNumber(std::string_view text);
 
+/// Tells which element numbers are being read from. While it lives, a text that ReadNumber takes for 0 because it isn't
+/// numeric is warned of, but for INF, which is how the radius of a straight end is given.
+class NumberPlace
+{
+  public:
+    explicit NumberPlace(const WcXmNode& node);
+    NumberPlace(const NumberPlace&) = delete;
+    NumberPlace& operator=(const NumberPlace&) = delete;
+    ~NumberPlace();
+
+  private:
+    const WcXmNode* former_;
+};
+
 /// How many decimals a text may have; a number of decimals outside 0 to this counts as the nearest of the two.
 inline constexpr int MOST_DIGITS = 20;
 

@@ -29,6 +29,7 @@ bool WriteText(const FViewLandXMLBase& element, const WcXmNode& parent, std::wst
 
 bool SuperelevationStation::ReadElement(const WcXmNode& node)
 {
+    const NumberPlace place(node);
     value = ReadNumber(node.GetTextContent());
     return true;
 }

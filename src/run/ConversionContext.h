@@ -14,9 +14,10 @@ namespace jlandxml
 /// and the new ones follow them (see FViewSurfacesList).
 struct ConversionContext
 {
-    WcXmDocument document;    ///< the parsed work file; edited in place, it becomes the finished file
-    FViewLandXML model;       ///< what the dialog edits and the export writes
-    FViewLandXML loadedModel; ///< the model as it was loaded, for who wants to compare; no step of a run reads it
+    WcXmDocument document;     ///< the parsed work file; edited in place, it becomes the finished file
+    FViewLandXML model;        ///< what the dialog edits and the export writes
+    FViewLandXML loadedModel;  ///< the model as it was loaded, for who wants to compare; no step of a run reads it
+    bool keepsJournal = false; ///< whether a run is to keep what its document was, so that its changes can be told
     /// Whether the last run has put a finished file in its place. A batch user's exit status rests on it.
     bool fileWritten = false;
     /// Asked when the tree is finished, before the target is touched; false leaves the target as it is. Without it the

@@ -17,9 +17,18 @@ void ReadModel(ConversionContext& context, const std::wstring& path)
     {
         WarnOf(WarningCause::NoMemoryForFile, path);
     }
-    else if (context.document.appDocument->LoadDocument(path))
+    else
     {
-        context.model.ReadElement(WcXmNode(context.document));
+        context.document.appDocument->loadedPath = path;
+        const bool isLoaded = context.document.appDocument->LoadDocument(path);
+        if (context.keepsJournal)
+        {
+            context.document.appDocument->KeepJournal();
+        }
+        if (isLoaded)
+        {
+            context.model.ReadElement(WcXmNode(context.document));
+        }
     }
 }
 
@@ -30,7 +39,7 @@ void LoadRun(const std::wstring& path)
     RunStage<LandXMLLoadException>(RUN_STAGE_TEXTS, [&] {
         ConversionContext& context = GetConversionContext();
         context.fileWritten = false;
-        TakeWarnings(); // those of the run before
+        ForgetWarnings(); // those of the run before
         ReadModel(context, path);
         context.loadedModel = context.model;
         context.model.surfaces.FillOutPutCSS();

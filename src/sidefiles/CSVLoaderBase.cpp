@@ -1,5 +1,7 @@
 #include "sidefiles/CSVLoaderBase.h"
 
+#include "base/Text.h"
+
 namespace jlandxml
 {
 
@@ -14,6 +16,28 @@ void CSVLoaderBase::WalkRows(const std::wstring& path, const std::function<void(
         throw CInvalidArgException(ErrorText(exception) + L"（" + path.substr(FolderOf(path).size()) + L" " +
                                    std::to_wstring(rows.Line()) + L"行目）");
     }
+}
+
+void CSVLoaderBase::WarnOfRow(WarningCause cause, const std::wstring& remark) const
+{
+    WarnOf(cause, rows.Path(), [&] {
+        WarningPlace place;
+        place.row = rows.Line();
+        place.remark = remark;
+        return place;
+    });
+}
+
+double CSVLoaderBase::NumberOf(const CsvRow& row, std::size_t column) const
+{
+    bool isWhole = true;
+    const double number = CsvNumber(row[column], isWhole);
+    if (!isWhole)
+    {
+        WarnOfRow(WarningCause::NumberNotWhole,
+                  std::to_wstring(column + 1) + L"列目「" + WideFromUtf8(row[column]) + L"」");
+    }
+    return number;
 }
 
 } // namespace jlandxml

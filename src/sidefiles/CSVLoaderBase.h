@@ -2,8 +2,10 @@
 
 #include "base/Files.h"
 #include "base/Guard.h"
+#include "base/Warnings.h"
 #include "sidefiles/CsvRows.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
@@ -44,6 +46,12 @@ class CSVLoaderBase
 
     /// Reads a file's rows; there are none if it can't be opened. Throws CFileException if it opens but can't be read.
     void ReadRows(const std::wstring& path) { rows.Read(path); }
+
+    /// Notes something about the row that was taken last.
+    void WarnOfRow(WarningCause cause, const std::wstring& remark = {}) const;
+
+    /// The number of a column of a row; one that isn't read whole is warned of.
+    double NumberOf(const CsvRow& row, std::size_t column) const;
 
     /// The rows of title in front of the data.
     static constexpr int TITLE_ROWS = 2;

@@ -26,16 +26,15 @@ enum : std::size_t
 };
 } // namespace point_column
 
-FViewCgPointIntermediate MakePoint(const CsvRow& row)
+/// A comma in the name of a point puts its last number behind the last column.
+bool IsPointShifted(const CsvRow& row)
 {
-    FViewCgPointIntermediate point;
-    point.name = CompactText::FromUtf8(row[point_column::NAME]);
-    point.sta = CsvNumber(row[point_column::STATION]);
-    point.firstCoordinate = CsvNumber(row[point_column::FIRST_COORDINATE]);
-    point.secondCoordinate = CsvNumber(row[point_column::SECOND_COORDINATE]);
-    point.thirdCoordinate = CsvNumber(row[point_column::THIRD_COORDINATE]);
-    point.tangentDirectionAngle = CsvNumber(row[point_column::TANGENT_DIRECTION_ANGLE]);
-    return point;
+    bool isNumber = row.Size() == point_column::POINT_COLUMNS + 1 && !row[point_column::POINT_COLUMNS].empty();
+    if (isNumber)
+    {
+        CsvNumber(row[point_column::POINT_COLUMNS], isNumber);
+    }
+    return isNumber;
 }
 
 } // namespace
@@ -45,6 +44,36 @@ bool CgPointIntermediateCSVLoader::Load(const std::wstring& path)
     return LoadRows<IntermediateCSVLoadException>(path, [this] { ReadPoints(); });
 }
 
+void CgPointIntermediateCSVLoader::WarnOfRouteName(const CsvRow& row) const
+{
+    if (row[ALIGNMENT_NAME_COLUMN].empty())
+    {
+        WarnOfRow(WarningCause::NoRouteName);
+    }
+    if (row.Size() > ALIGNMENT_NAME_COLUMN + 1 && !row[ALIGNMENT_NAME_COLUMN + 1].empty())
+    {
+        WarnOfRow(WarningCause::CommaInName);
+    }
+}
+
+FViewCgPointIntermediate CgPointIntermediateCSVLoader::MakePoint(const CsvRow& row) const
+{
+    const bool isShifted = IsPointShifted(row);
+    if (isShifted)
+    {
+        WarnOfRow(WarningCause::CommaInName);
+    }
+    const auto number = [&](std::size_t column) { return isShifted ? CsvNumber(row[column]) : NumberOf(row, column); };
+    FViewCgPointIntermediate point;
+    point.name = CompactText::FromUtf8(row[point_column::NAME]);
+    point.sta = number(point_column::STATION);
+    point.firstCoordinate = number(point_column::FIRST_COORDINATE);
+    point.secondCoordinate = number(point_column::SECOND_COORDINATE);
+    point.thirdCoordinate = number(point_column::THIRD_COORDINATE);
+    point.tangentDirectionAngle = number(point_column::TANGENT_DIRECTION_ANGLE);
+    return point;
+}
+
 void CgPointIntermediateCSVLoader::ReadPoints()
 {
     FViewCgPointsIntermediate group;
@@ -52,6 +81,7 @@ void CgPointIntermediateCSVLoader::ReadPoints()
     if (rows.Next(row))
     {
         const std::wstring name = WideFromUtf8(row[ALIGNMENT_NAME_COLUMN]);
+        WarnOfRouteName(row);
         WriteTraceLine(L"Row Value: " + name + L"\n");
         GetCurrentRouteName() = name;
         rows.Skip(1);
@@ -59,13 +89,16 @@ void CgPointIntermediateCSVLoader::ReadPoints()
     group.points.reserve(rows.CountRows(point_column::POINT_COLUMNS));
     while (rows.Next(row))
     {
-        if (row.Size() >= point_column::POINT_COLUMNS)
+        if (row.Size() < point_column::POINT_COLUMNS)
         {
-            group.points.push_back(MakePoint(row));
+            WarnOfRow(WarningCause::ShortRow);
+            continue;
         }
+        group.points.push_back(MakePoint(row));
     }
     FViewCgPointsIntermediateList& groups = GetConversionContext().model.intermediatePoints;
     group.alignmentRefs = GetCurrentRouteName();
+    group.sourceFile = rows.Path();
     group.name = L"IntermediatePnts-" + std::to_wstring(groups.size() + 1);
     groups.push_back(std::move(group));
 }

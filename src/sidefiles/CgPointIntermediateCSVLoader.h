@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Exceptions.h"
+#include "model/FViewCgPoint.h"
 #include "sidefiles/CSVLoaderBase.h"
 
 namespace jlandxml
@@ -21,6 +22,8 @@ class CgPointIntermediateCSVLoader final : public CSVLoaderBase
 
   private:
     void ReadPoints();
+    void WarnOfRouteName(const CsvRow& row) const;
+    FViewCgPointIntermediate MakePoint(const CsvRow& row) const;
 };
 
 } // namespace jlandxml

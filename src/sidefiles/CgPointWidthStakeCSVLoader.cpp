@@ -30,26 +30,23 @@ enum : std::size_t
 };
 } // namespace stake_column
 
-FViewCgPointWidthStake MakeStake(const CsvRow& row)
+/// A comma in a name moves the columns behind it: the station is empty or a text then.
+bool IsStakeShifted(const CsvRow& row)
 {
-    FViewCgPointWidthStake stake;
-    stake.groupName = CompactText::FromUtf8(row[stake_column::GROUP_NAME]);
-    stake.name = CompactText::FromUtf8(row[stake_column::NAME]);
-    stake.stakeText = CompactText::FromUtf8(row[stake_column::STAKE_TEXT]);
-    stake.sta = CsvNumber(row[stake_column::STATION]);
-    stake.firstCoordinate = CsvNumber(row[stake_column::FIRST_COORDINATE]);
-    stake.secondCoordinate = CsvNumber(row[stake_column::SECOND_COORDINATE]);
-    stake.thirdCoordinate = CsvNumber(row[stake_column::THIRD_COORDINATE]);
-    stake.stakeValue = CsvNumber(row[stake_column::STAKE_VALUE]);
-    stake.groupDesc = CompactText::FromUtf8(row[stake_column::GROUP_DESC]);
-    stake.groupType = CompactText::FromUtf8(row[stake_column::GROUP_TYPE]);
-    return stake;
+    bool isStation = true;
+    if (row.Size() > stake_column::STAKE_COLUMNS)
+    {
+        CsvNumber(row[stake_column::STATION], isStation);
+        isStation = isStation && !row[stake_column::STATION].empty();
+    }
+    return !isStation;
 }
 
 /// A group takes its description and its type from its first stake.
-FViewCgPointsWidthStake MakeGroup(const FViewCgPointWidthStake& stake)
+FViewCgPointsWidthStake MakeGroup(const FViewCgPointWidthStake& stake, const std::wstring& file)
 {
     FViewCgPointsWidthStake group;
+    group.sourceFile = file;
     group.name = stake.groupName;
     group.desc = stake.groupDesc;
     group.type = stake.groupType;
@@ -61,6 +58,28 @@ FViewCgPointsWidthStake MakeGroup(const FViewCgPointWidthStake& stake)
 bool CgPointWidthStakeCSVLoader::Load(const std::wstring& path)
 {
     return LoadRows<WidthStakeCSVLoadException>(path, [this] { ReadStakes(); });
+}
+
+FViewCgPointWidthStake CgPointWidthStakeCSVLoader::MakeStake(const CsvRow& row) const
+{
+    const bool isShifted = IsStakeShifted(row);
+    if (isShifted)
+    {
+        WarnOfRow(WarningCause::CommaInName);
+    }
+    const auto number = [&](std::size_t column) { return isShifted ? CsvNumber(row[column]) : NumberOf(row, column); };
+    FViewCgPointWidthStake stake;
+    stake.groupName = CompactText::FromUtf8(row[stake_column::GROUP_NAME]);
+    stake.name = CompactText::FromUtf8(row[stake_column::NAME]);
+    stake.stakeText = CompactText::FromUtf8(row[stake_column::STAKE_TEXT]);
+    stake.sta = number(stake_column::STATION);
+    stake.firstCoordinate = number(stake_column::FIRST_COORDINATE);
+    stake.secondCoordinate = number(stake_column::SECOND_COORDINATE);
+    stake.thirdCoordinate = number(stake_column::THIRD_COORDINATE);
+    stake.stakeValue = number(stake_column::STAKE_VALUE);
+    stake.groupDesc = CompactText::FromUtf8(row[stake_column::GROUP_DESC]);
+    stake.groupType = CompactText::FromUtf8(row[stake_column::GROUP_TYPE]);
+    return stake;
 }
 
 void CgPointWidthStakeCSVLoader::ReadStakes()
@@ -75,6 +94,7 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
     {
         if (row.Size() < stake_column::STAKE_COLUMNS)
         {
+            WarnOfRow(WarningCause::ShortRow);
             continue;
         }
         FViewCgPointWidthStake stake = MakeStake(row);
@@ -82,7 +102,7 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
         const auto [entry, isNew] = groupsByName.try_emplace(name, groups.size());
         if (isNew)
         {
-            groups.push_back(MakeGroup(stake));
+            groups.push_back(MakeGroup(stake, rows.Path()));
             const auto count = room.find(std::string(row[stake_column::GROUP_NAME]));
             groups.back().points.reserve(count != room.end() ? count->second : 0);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Exceptions.h"
+#include "model/FViewCgPoint.h"
 #include "sidefiles/CSVLoaderBase.h"
 
 namespace jlandxml
@@ -21,6 +22,7 @@ class CgPointWidthStakeCSVLoader final : public CSVLoaderBase
 
   private:
     void ReadStakes();
+    FViewCgPointWidthStake MakeStake(const CsvRow& row) const;
 };
 
 } // namespace jlandxml

@@ -3,6 +3,7 @@
 #include "base/Exceptions.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "model/NumberText.h"
 
 #include <algorithm>
@@ -38,7 +39,8 @@ std::string WithoutBlanksBeforePercent(std::string_view text)
 bool CsvRow::Cut(std::string_view line)
 {
     fields_.clear();
-    if (!IsWellFormedUtf8(line))
+    isMended_ = !IsWellFormedUtf8(line);
+    if (isMended_)
     {
         mended_ = RepairUtf8(line);
         line = mended_;
@@ -133,6 +135,44 @@ void LineReader::ThrowUnreadable() const
     throw CFileException(L"ファイルを読み込めません: " + path_);
 }
 
+namespace
+{
+
+/// True for a line that only code page 932 explains: not ASCII, not UTF-8.
+bool IsLineOfCp932(std::string_view line)
+{
+    std::wstring room(line.size(), L'\0');
+    return DecodeCp932(line, room.data()).has_value();
+}
+
+/// True if each line of a file that isn't ASCII is code page 932 and not UTF-8: one line alone may be cut UTF-8, which
+/// often can be read as either.
+bool IsShiftJis(const std::wstring& path)
+{
+    try
+    {
+        LineReader lines;
+        lines.Open(path);
+        std::string_view line;
+        while (lines.Next(line))
+        {
+            const bool isAscii =
+                std::all_of(line.begin(), line.end(), [](char one) { return static_cast<unsigned char>(one) < 0x80; });
+            if (!isAscii && (IsWellFormedUtf8(line) || !IsLineOfCp932(line)))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+    catch (const CFileException&)
+    {
+        return false;
+    }
+}
+
+} // namespace
+
 template <class Visitor>
 void LineReader::ForEachAhead(Visitor visit)
 {
@@ -160,6 +200,7 @@ void CsvRows::Read(const std::wstring& path)
     lines_.Open(path);
     lines_.Skip(BYTE_ORDER_MARK);
     line_ = 0;
+    isEncodingTold_ = false;
 }
 
 bool CsvRows::Next(CsvRow& row)
@@ -168,12 +209,29 @@ bool CsvRows::Next(CsvRow& row)
     while (lines_.Next(line))
     {
         ++line_;
-        if (row.Cut(line))
+        const bool isRow = row.Cut(line);
+        if (row.IsMended() && !isEncodingTold_)
+        {
+            WarnOfEncoding();
+        }
+        if (isRow)
         {
             return true;
         }
     }
     return false;
+}
+
+/// Tells of the first row that isn't UTF-8; those behind it are most often of the same kind.
+void CsvRows::WarnOfEncoding()
+{
+    isEncodingTold_ = true;
+    WarnOf(WarningCause::NotUtf8, Path(), [this] {
+        WarningPlace place;
+        place.row = line_;
+        place.remark = IsShiftJis(Path()) ? L"Shift_JISのファイルです" : L"";
+        return place;
+    });
 }
 
 void CsvRows::Skip(int count)
@@ -218,12 +276,26 @@ std::unordered_map<std::string, std::size_t> CsvRows::CountByFirstField(std::siz
 
 double CsvNumber(std::string_view field)
 {
+    bool isWhole = true;
+    return CsvNumber(field, isWhole);
+}
+
+double CsvNumber(std::string_view field, bool& isWhole)
+{
+    isWhole = true;
     if (field.empty())
     {
         return UNSET_DOUBLE;
     }
     // Of a numeric text the C library reads all.
-    return IsNumericText(field) ? ReadNumber(field) : ParseDouble(WideFromUtf8(field)).value;
+    if (IsNumericText(field))
+    {
+        return ReadNumber(field);
+    }
+    const std::wstring text = WideFromUtf8(field);
+    const ParsedDouble number = ParseDouble(text);
+    isWhole = number.length == text.size();
+    return number.value;
 }
 
 } // namespace jlandxml

@@ -25,6 +25,9 @@ class CsvRow
 
     std::size_t Size() const { return fields_.size(); }
 
+    /// True if the line wasn't UTF-8 in every byte.
+    bool IsMended() const { return isMended_; }
+
     /// Throws CInvalidArgException for an index past the end.
     std::string_view operator[](std::size_t index) const
     {
@@ -35,6 +38,7 @@ class CsvRow
     [[noreturn]] static std::string_view ThrowPastEnd(std::size_t index);
 
     std::string mended_;
+    bool isMended_ = false;
     std::vector<std::string_view> fields_;
 };
 
@@ -50,6 +54,8 @@ class LineReader
 
     /// Passes over bytes if they come next.
     void Skip(std::string_view bytes);
+
+    const std::wstring& Path() const { return path_; }
 
     /// Visits all lines to come, and they are still to come afterwards. Throws as Next does.
     template <class Visitor>
@@ -85,6 +91,8 @@ class CsvRows
     /// The number of the line (from 1) that the last row stood in; 0 before the first one.
     std::size_t Line() const { return line_; }
 
+    const std::wstring& Path() const { return lines_.Path(); }
+
     /// How many rows of at least so many fields, two or more, are still to come, for a list that makes room for them at
     /// once. Rows that hold a given text (UTF-8) don't count.
     std::size_t CountRows(std::size_t fields, std::string_view without = "\n");
@@ -97,11 +105,17 @@ class CsvRows
     template <class Visitor>
     void ForEachLine(std::size_t fields, Visitor visit);
 
+    void WarnOfEncoding();
+
     LineReader lines_;
     std::size_t line_ = 0;
+    bool isEncodingTold_ = false;
 };
 
 /// The number of a field: UNSET_DOUBLE if it is empty, else what the C library reads at its front, or 0.
 double CsvNumber(std::string_view field);
+
+/// The same, and whether all of the field was read.
+double CsvNumber(std::string_view field, bool& isWhole);
 
 } // namespace jlandxml

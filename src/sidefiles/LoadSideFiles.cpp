@@ -2,6 +2,8 @@
 
 #include "base/Files.h"
 #include "base/Numbers.h"
+#include "base/Warnings.h"
+#include "model/CurrentDesignType.h"
 #include "run/ConversionContext.h"
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
@@ -61,17 +63,49 @@ bool HasSideFile(const std::wstring& folder, std::int32_t route)
                        [&](const wchar_t* sideFile) { return PathExists(SideFilePath(folder, sideFile, route)); });
 }
 
+/// A river has no cross slopes and no widening of a carriageway.
+constexpr std::size_t RIVER_SIDE_FILES = 2;
+
+/// True if the alignment of the current route belongs to a river.
+bool IsRiverRoute()
+{
+    const FViewAlignmentsList& routes = GetConversionContext().model.alignments;
+    return std::any_of(routes.begin(), routes.end(), [](const FViewAlignments& route) {
+        return route.designGmType == RIVER_DESIGN &&
+               std::any_of(route.alignments.begin(), route.alignments.end(),
+                           [](const FViewAlignment& alignment) { return alignment.name == GetCurrentRouteName(); });
+    });
+}
+
+/// Which of a route's side files are there.
+using FilesThere = std::array<bool, SIDE_FILES.size()>;
+
+void WarnOfMissingFiles(const std::wstring& folder, std::int32_t route, const FilesThere& isThere)
+{
+    const std::size_t wanted = IsRiverRoute() ? RIVER_SIDE_FILES : SIDE_FILES.size();
+    const bool isAnyThere = std::find(isThere.begin(), isThere.end(), true) != isThere.end();
+    for (std::size_t file = 0; file < wanted && isAnyThere; ++file)
+    {
+        if (!isThere[file])
+        {
+            WarnOf(WarningCause::MissingSideFile, SideFilePath(folder, SIDE_FILES[file], route));
+        }
+    }
+}
+
 void LoadRoute(const std::wstring& folder, std::int32_t route)
 {
     const RouteNameScope scope;
+    FilesThere isThere{};
     CgPointIntermediateCSVLoader intermediatePoints;
-    intermediatePoints.Load(SideFilePath(folder, SIDE_FILES[0], route));
+    isThere[0] = intermediatePoints.Load(SideFilePath(folder, SIDE_FILES[0], route));
     CgPointWidthStakeCSVLoader widthStakes;
-    widthStakes.Load(SideFilePath(folder, SIDE_FILES[1], route));
+    isThere[1] = widthStakes.Load(SideFilePath(folder, SIDE_FILES[1], route));
     SuperElevationCSVLoader superelevation;
-    superelevation.Load(SideFilePath(folder, SIDE_FILES[2], route));
+    isThere[2] = superelevation.Load(SideFilePath(folder, SIDE_FILES[2], route));
     WideningCSVLoader widening;
-    widening.Load(SideFilePath(folder, SIDE_FILES[3], route));
+    isThere[3] = widening.Load(SideFilePath(folder, SIDE_FILES[3], route));
+    WarnOfMissingFiles(folder, route, isThere);
 }
 
 } // namespace
@@ -118,6 +152,18 @@ void LoadSideFiles(const std::wstring& folder, std::int32_t routeCount)
     {
         LoadRoute(folder, static_cast<std::int32_t>(route));
     }
+}
+
+void WarnOfSideFilesBeyond(const std::wstring& folder, std::int32_t routeCount)
+{
+    const std::set<std::int32_t> numbers = NumbersInNames(folder).value_or(std::set<std::int32_t>());
+    std::for_each(numbers.upper_bound(std::max(routeCount, 0)), numbers.end(), [&](std::int32_t number) {
+        if (HasSideFile(folder, number))
+        {
+            WarnOf(WarningCause::SideFileBeyondRoutes,
+                   WarningPlace{.file = folder, .object = L"路線" + std::to_wstring(number), .remark = {}});
+        }
+    });
 }
 
 } // namespace jlandxml

@@ -28,4 +28,7 @@ std::vector<std::wstring> SideFilesOf(const std::wstring& folder);
 /// fails.
 void LoadSideFiles(const std::wstring& folder, std::int32_t routeCount);
 
+/// Notes each route beyond the count that has side files: they won't be read.
+void WarnOfSideFilesBeyond(const std::wstring& folder, std::int32_t routeCount);
+
 } // namespace jlandxml

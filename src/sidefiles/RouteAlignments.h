@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/Warnings.h"
 #include "run/ConversionContext.h"
+
+#include <string>
 
 namespace jlandxml
 {
@@ -18,6 +21,16 @@ void ForEachRouteAlignment(Visitor visit)
                 visit(alignment);
             }
         }
+    }
+}
+
+/// Notes that no alignment bears the current route name, so that the content of a file goes nowhere. Without a name
+/// that is told of the file that should have given one.
+inline void WarnOfUnknownRoute(const std::wstring& file)
+{
+    if (!GetCurrentRouteName().empty())
+    {
+        WarnOf(WarningCause::NoAlignmentForSideFile, WarningPlace{.file = file, .object = GetCurrentRouteName()});
     }
 }
 

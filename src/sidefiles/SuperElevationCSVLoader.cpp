@@ -63,6 +63,19 @@ std::string WithOppositeSign(const std::string& slope)
     return slope.starts_with('-') ? slope.substr(1) : "-" + slope;
 }
 
+/// True for kilometres and metres with a sign between them.
+bool IsStationText(std::string_view station)
+{
+    const std::size_t sign = std::min(station.find('+'), station.find('-'));
+    return sign != std::string_view::npos && IsNumericText(station.substr(0, sign)) &&
+           IsNumericText(station.substr(sign + 1));
+}
+
+std::wstring StationRemark(const CompactText& station)
+{
+    return std::to_wstring(slope_column::STATION + 1) + L"列目「" + station.Wide() + L"」";
+}
+
 double TotalStation(const StationParts& parts)
 {
     const double kilometres = METRES_PER_KILOMETRE * parts.kilometres;
@@ -81,7 +94,9 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
 {
     return LoadRows<SuperElevationCSVLoadException>(path, [this] {
         rows.Skip(TITLE_ROWS);
-        ForEachRouteAlignment([this](FViewAlignment& alignment) {
+        bool isUsed = false;
+        ForEachRouteAlignment([&](FViewAlignment& alignment) {
+            isUsed = true;
             ReadSlopes(alignment);
             if (alignment.useSlopeList == 0)
             {
@@ -89,6 +104,11 @@ bool SuperElevationCSVLoader::Load(const std::wstring& path)
             }
         });
         reverseCrownGroups_.clear();
+        CsvRow row;
+        if (!isUsed && rows.Next(row))
+        {
+            WarnOfUnknownRoute(rows.Path());
+        }
     });
 }
 
@@ -98,7 +118,11 @@ void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
     alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountRows(LEAST_SLOPE_COLUMNS, IN_BOTH_ENDS));
     while (rows.Next(row))
     {
-        if (row.Size() >= LEAST_SLOPE_COLUMNS && !IsEnd(row[slope_column::DESCRIPTION]))
+        if (row.Size() < LEAST_SLOPE_COLUMNS)
+        {
+            WarnOfRow(WarningCause::ShortRow);
+        }
+        else if (!IsEnd(row[slope_column::DESCRIPTION]))
         {
             alignment.slopeList.push_back(MakeSlopeValue(row, alignment));
         }
@@ -112,7 +136,12 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
     const std::optional<SlopeRow> slope = ParseSlopeRow(row);
     if (!slope)
     {
+        WarnOfRow(WarningCause::EmptySlopeRow);
         return slopeValue;
+    }
+    if (!IsStationText(slope->station.Bytes()))
+    {
+        WarnOfRow(WarningCause::NumberNotWhole, StationRemark(slope->station));
     }
     FixedBuffer buffer;
     const std::string_view total = FormatFixed(TotalStation(ParseStationText(slope->station)), STATION_DIGITS, buffer);
@@ -137,6 +166,11 @@ void SuperElevationCSVLoader::ReplaceReverseCrowns(FViewAlignment& alignment) co
     {
         if (superelevation == alignment.superelevations.end())
         {
+            WarnOf(WarningCause::SurplusRegions,
+                   WarningPlace{.file = rows.Path(),
+                                .object = alignment.name,
+                                .remark = std::to_wstring(reverseCrownGroups_.size()) + L"区間中" +
+                                          std::to_wstring(alignment.superelevations.size()) + L"区間を使用"});
             return;
         }
         (superelevation++)->reverseCrownStations = SortStationTexts(stations);

@@ -36,17 +36,20 @@ void WideningCSVLoader::ReadWidening()
 {
     PiCmCopyList<FViewWidening> left;
     PiCmCopyList<FViewWidening> right;
+    bool isEmpty = true;
     CsvRow row;
     rows.Skip(TITLE_ROWS);
     while (rows.Next(row))
     {
+        isEmpty = false;
         if (row.Size() < LEAST_WIDENING_COLUMNS)
         {
+            WarnOfRow(WarningCause::ShortRow);
             continue;
         }
         FViewWidening widening;
-        widening.station = CsvNumber(row[widening_column::STATION]);
-        widening.width = CsvNumber(row[widening_column::WIDTH]);
+        widening.station = NumberOf(row, widening_column::STATION);
+        widening.width = NumberOf(row, widening_column::WIDTH);
         widening.code = CompactText::FromUtf8(row[widening_column::CODE]);
         (row[widening_column::SIDE] == RIGHT ? right : left).push_back(std::move(widening));
     }
@@ -62,6 +65,10 @@ void WideningCSVLoader::ReadWidening()
         alignment.widthLeftValue = first->widthLeftValue;
         alignment.widthRightValue = first->widthRightValue;
     });
+    if (first == nullptr && !isEmpty)
+    {
+        WarnOfUnknownRoute(rows.Path());
+    }
 }
 
 } // namespace jlandxml

@@ -203,6 +203,32 @@ bool LoadWithPassages(pugi::xml_document& document, WcXmPassages& passages, std:
     return loaded;
 }
 
+/// The characters of content in the encoding that it is parsed in.
+std::wstring WideText(std::string_view content)
+{
+    if (FirstLineNamesShiftJis(content))
+    {
+        if (std::optional<std::wstring> text = WideFromCp932(content))
+        {
+            return *std::move(text);
+        }
+    }
+    const pugi::xml_encoding encoding = DetectEncoding(content);
+    if (encoding == pugi::encoding_utf8)
+    {
+        return WideFromUtf8(content);
+    }
+    ParserBuffer bytes(content.size());
+    std::copy(content.begin(), content.end(), bytes.Data());
+    const CodeUnits units = UnitsOf(bytes, encoding);
+    std::wstring text(units.Count(), L'\0');
+    for (std::size_t index = 0; index < text.size(); ++index)
+    {
+        text[index] = static_cast<wchar_t>(units.At(index));
+    }
+    return text;
+}
+
 } // namespace
 
 std::optional<ParserBuffer> ReadContent(const std::wstring& path)
@@ -234,6 +260,25 @@ bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuf
         return LoadByParser(document, std::move(content), PARSE_OPTIONS);
     }
     return LoadWithPassages(document, *passages, content.View()) || LoadPlain(document, std::move(content));
+}
+
+std::optional<FaultPlace> FindFault(std::string_view content)
+{
+    constexpr wchar_t BYTE_ORDER_MARK = 0xFEFF;
+    std::wstring text = WideText(content);
+    text.erase(0, text.starts_with(BYTE_ORDER_MARK) ? 1 : 0);
+    pugi::xml_document document;
+    const pugi::xml_parse_result result =
+        document.load_buffer(text.data(), text.size() * sizeof(wchar_t), PARSE_OPTIONS, pugi::encoding_wchar);
+    if (result)
+    {
+        return std::nullopt;
+    }
+    const std::wstring_view front =
+        std::wstring_view(text).substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)));
+    const std::size_t lineStart = front.rfind(L'\n') + 1; // 0 in the first line
+    return FaultPlace{static_cast<std::size_t>(std::count(front.begin(), front.end(), L'\n')) + 1,
+                      front.size() - lineStart + 1};
 }
 
 } // namespace jlandxml

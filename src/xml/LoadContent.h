@@ -3,9 +3,11 @@
 #include "xml/ParserBuffer.h"
 #include "xml/WcXmPassages.h"
 
+#include <cstddef>
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
 
 namespace jlandxml
 {
@@ -21,5 +23,16 @@ std::optional<ParserBuffer> ReadContent(const std::wstring& path);
 /// element's value. Without, the parser alone takes the content. False if it isn't well formed. Throws std::bad_alloc
 /// if there is no memory for it.
 bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content);
+
+/// A place in a text, counted from 1 as editors show it.
+struct FaultPlace
+{
+    std::size_t line;
+    std::size_t column; ///< in characters
+};
+
+/// Where the parser gave up on content that isn't well formed; nothing if it is. Throws std::bad_alloc if there is no
+/// memory for it.
+std::optional<FaultPlace> FindFault(std::string_view content);
 
 } // namespace jlandxml

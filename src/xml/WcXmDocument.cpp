@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "base/Warnings.h"
 #include "xml/LoadContent.h"
+#include "xml/WcXmJournal.h"
 
 #include <algorithm>
 #include <new>
@@ -37,6 +38,25 @@ bool Succeeds(Step&& step)
     {
         return false;
     }
+}
+
+/// Tells where a file isn't well formed, as far as it can be read a second time.
+void WarnOfFault(const std::wstring& path)
+{
+    WarnOf(WarningCause::MalformedXml, path, [&] {
+        WarningPlace place;
+        Succeeds([&] {
+            const std::optional<ParserBuffer> content = ReadContent(path);
+            const std::optional<FaultPlace> fault = content ? FindFault(content->View()) : std::nullopt;
+            if (fault)
+            {
+                place.row = fault->line;
+                place.remark = std::to_wstring(fault->column) + L"文字目";
+            }
+            return fault.has_value();
+        });
+        return place;
+    });
 }
 
 /// Turns the parser's wide output, which it never cuts within a surrogate pair, into UTF-8.
@@ -140,8 +160,11 @@ bool SaveShiftJis(const pugi::xml_document& document, const std::wstring& path)
 
 WcXmAppDocument::WcXmAppDocument() : xmlDocument(new (std::nothrow) pugi::xml_document) {}
 
+WcXmAppDocument::~WcXmAppDocument() = default;
+
 bool WcXmAppDocument::Reset()
 {
+    journal.reset();
     passages.Clear();
     source_ = ParserBuffer();
     isWhole_ = true;
@@ -184,7 +207,7 @@ bool WcXmAppDocument::LoadDocument(const std::wstring& path)
     const Loaded loaded = Load([&] { return ReadContent(path); });
     if (loaded == Loaded::Malformed)
     {
-        WarnOf(WarningCause::MalformedXml, path);
+        WarnOfFault(path);
     }
     else if (loaded == Loaded::NoMemory)
     {
@@ -205,6 +228,14 @@ void WcXmAppDocument::ExpandPassages()
         return true;
     });
     source_ = ParserBuffer();
+}
+
+void WcXmAppDocument::KeepJournal()
+{
+    Change([this] {
+        journal = std::make_unique<WcXmJournal>(*xmlDocument);
+        return true;
+    });
 }
 
 bool WcXmAppDocument::EnsureDeclaration()

@@ -13,6 +13,7 @@
 namespace jlandxml
 {
 
+class WcXmJournal;
 class WcXmSharedTexts;
 
 /// The parser's side of a document: brings files into the tree and out of it, in the encodings that LandXML files come
@@ -22,7 +23,7 @@ class WcXmAppDocument
 {
   public:
     WcXmAppDocument();
-    virtual ~WcXmAppDocument() = default;
+    virtual ~WcXmAppDocument();
 
     /// Replaces the tree by the file's content. A file whose first line names Shift_JIS is read as code page 932; if
     /// that isn't what it holds, and for every other file, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart by
@@ -62,7 +63,13 @@ class WcXmAppDocument
     /// Makes the passages a part of the tree after all, for who reads or prints it through the parser.
     void ExpandPassages();
 
+    /// Keeps what the tree is now, so that what is changed from here on can be told. Throws std::bad_alloc if there is
+    /// no memory for it.
+    void KeepJournal();
+
     std::unique_ptr<pugi::xml_document> xmlDocument;
+    std::unique_ptr<WcXmJournal> journal;   ///< null unless it is kept; gone when a file is loaded anew
+    std::wstring loadedPath;                ///< of the file that is loaded, for who tells where something stands
     WcXmPassages passages;                  ///< what of the document isn't in the tree
     bool keepsPassages = true;              ///< without, the parser alone reads a file; the finished file is the same
     WcXmSharedTexts* sharedTexts = nullptr; ///< what the writers share just now, if anything; not owned

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "xml/WcXmDocument.h"
+#include "xml/WcXmJournal.h"
 #include "xml/WcXmSharedTexts.h"
 
 namespace jlandxml
@@ -61,8 +62,13 @@ WcXmSharedTexts* SharedTextsOf(const WcXmNode& node)
     return node.document->appDocument != nullptr ? node.document->appDocument->sharedTexts : nullptr;
 }
 
+WcXmJournal* JournalOf(const WcXmNode& node)
+{
+    return node.document->appDocument != nullptr ? node.document->appDocument->journal.get() : nullptr;
+}
+
 /// The parser destroys a subtree by recursion. Taken off leaf by leaf, a deep one needs no more stack than a flat one.
-void RemoveLeafByLeaf(const pugi::xml_node& top)
+void RemoveLeafByLeaf(const pugi::xml_node& top, WcXmJournal* journal)
 {
     const pugi::xml_node end = top.parent();
     for (pugi::xml_node node = top; node != end;)
@@ -71,6 +77,10 @@ void RemoveLeafByLeaf(const pugi::xml_node& top)
         {
             node = child;
             continue;
+        }
+        if (journal != nullptr)
+        {
+            journal->Forget(node);
         }
         pugi::xml_node parent = node.parent();
         parent.remove_child(node);
@@ -253,7 +263,7 @@ bool WcXmNode::RemoveChild(const WcXmAppNode& child) const
     }
     if (child.node && child.node.parent() == appNode.node)
     {
-        RemoveLeafByLeaf(child.node);
+        RemoveLeafByLeaf(child.node, JournalOf(*this));
     }
     return true;
 }

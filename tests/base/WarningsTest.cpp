@@ -27,6 +27,9 @@ TEST_F(Warnings, AreTakenOnceInTheOrderInWhichTheyWereNoted)
     EXPECT_EQ(taken[1].detail, L"b（ありません）");
     EXPECT_EQ(taken[2].detail, L"c（システムのエラー12345）");
     EXPECT_TRUE(TakeWarnings().empty());
+    WarnOf(WarningCause::MalformedXml, L"a");
+    ForgetWarnings();
+    EXPECT_TRUE(TakeWarnings().empty());
 }
 
 TEST_F(Warnings, OneCauseInAFileIsOneWarningWithItsFirstThreePlacesAndACount)

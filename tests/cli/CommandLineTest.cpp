@@ -244,8 +244,9 @@ struct PassedOver
 };
 constexpr PassedOver PASSED_OVER[] = {
     {"NoWorkFile", L"Landxml_temp.xml", nullptr, "ファイルを読み込めません。", "（ありません）"},
-    {"ABrokenWorkFile", L"Landxml_temp.xml", "<LandXML>", "XMLとして正しくないため、読み込みません。", ""},
-    {"AnEmptyWorkFile", L"Landxml_temp.xml", "", "XMLとして正しくないため、読み込みません。", ""},
+    {"ABrokenWorkFile", L"Landxml_temp.xml", "<LandXML>\n<Project", "XMLとして正しくないため、読み込みません。",
+     " 2行目（8文字目）"},
+    {"AnEmptyWorkFile", L"Landxml_temp.xml", "", "XMLとして正しくないため、読み込みません。", " 1行目（1文字目）"},
 };
 
 class PassedOverFile : public CommandLineTest, public testing::WithParamInterface<PassedOver>
@@ -544,6 +545,11 @@ TEST_F(CommandLineTest, ASettingThatIsPassedOverIsAWarning)
 TEST_F(CommandLineTest, AWrittenFileIsALineOfJsonThatCountsWhatItHolds)
 {
     WorkFile(COMPLETE_WORK_FILE);
+    for (const wchar_t* const sideFile :
+         {L"widthStake_temp_1.csv", L"superElevation_temp_1.csv", L"widening_temp_1.csv"})
+    {
+        folder.Write(sideFile, "");
+    }
     folder.Write(L"intermediatePts_temp_1.csv", "線形名,A\n2\nP,1,2,3,4,5\nQ,2,2,3,4,5\n");
     const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--json"});
     EXPECT_EQ(outcome.err, "");

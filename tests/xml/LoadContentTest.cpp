@@ -1,0 +1,53 @@
+#include "xml/LoadContent.h"
+
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace jlandxml
+{
+namespace
+{
+
+/// Line and character of the fault, "-" where there is none.
+std::string Fault(std::string_view content)
+{
+    const std::optional<FaultPlace> fault = FindFault(content);
+    return fault ? std::to_string(fault->line) + ":" + std::to_string(fault->column) : "-";
+}
+
+/// ASCII as UTF-16 in either order, with its mark.
+std::string Utf16(std::string_view ascii, bool bigEndian)
+{
+    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (const char character : ascii)
+    {
+        bytes += bigEndian ? std::string{'\0', character} : std::string{character, '\0'};
+    }
+    return bytes;
+}
+
+TEST(FindFault, CountsLinesAndCharactersAsEditorsDo)
+{
+    EXPECT_EQ(Fault("<a/>"), "-");
+    const std::string first = Fault("<a><b></a>");
+    EXPECT_EQ(Fault("<a>\n<b>\n</a>").substr(0, 2), "3:");
+    EXPECT_EQ(Fault("\xEF\xBB\xBF<a><b></a>"), first);
+    // A Japanese character is one, however many bytes it has.
+    EXPECT_EQ(Fault("<a n='x'><b></a>"), Fault("<a n='\xE8\xB7\xAF'><b></a>"));
+}
+
+TEST(FindFault, KnowsTheEncodingsThatFilesComeIn)
+{
+    constexpr const char* BROKEN = "<a>\n<b></a>";
+    const std::string place = Fault(BROKEN);
+    EXPECT_EQ(Fault(Utf16(BROKEN, false)), place);
+    EXPECT_EQ(Fault(Utf16(BROKEN, true)), place);
+    const std::string declared = "<?xml version='1.0' encoding='Shift_JIS'?>";
+    EXPECT_EQ(Fault(declared + "\n<a n='\x98\x48'><b></a>"), Fault(declared + "\n<a n='x'><b></a>"));
+}
+
+} // namespace
+} // namespace jlandxml
