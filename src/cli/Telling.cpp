@@ -3,7 +3,9 @@
 #include "base/Streams.h"
 #include "base/Text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace jlandxml
@@ -62,6 +64,23 @@ PrintedJson CountsJson(const Counts& counts)
     return json;
 }
 
+/// Values of the input may hold line feeds; a line stays one whatever they are.
+void WriteWithinLine(std::wstring_view text)
+{
+    while (!text.empty())
+    {
+        const auto* const control =
+            std::find_if(text.data(), text.data() + text.size(), [](wchar_t character) { return character < L' '; });
+        const auto length = static_cast<std::size_t>(control - text.data());
+        WriteStandardError(text.substr(0, length));
+        if (length < text.size())
+        {
+            WriteStandardError(L" ");
+        }
+        text.remove_prefix(std::min(length + 1, text.size()));
+    }
+}
+
 } // namespace
 
 /// In pieces, since there may be no memory to join them.
@@ -72,7 +91,7 @@ void TellLine(const wchar_t* front, const ToldLine& line)
     if (!line.detail.empty())
     {
         WriteStandardError(L"\t");
-        WriteStandardError(line.detail);
+        WriteWithinLine(line.detail);
     }
     WriteStandardError(L"\n");
 }
