@@ -80,6 +80,9 @@ std::size_t EncodeUtf8(std::wstring_view text, char* out) noexcept;
 /// Appends the UTF-8 of `text` to `target`.
 void AppendUtf8(std::string& target, std::wstring_view text);
 
+/// What a UTF-8 file may begin with.
+inline constexpr std::string_view UTF8_BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
 /// True if the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool IsWellFormedUtf8(std::string_view text);
 

@@ -12,8 +12,6 @@ namespace jlandxml::inspect
 namespace
 {
 
-constexpr std::string_view UTF8_MARK = "\xEF\xBB\xBF";
-
 /// The names under which files call code page 932.
 constexpr std::wstring_view CP932_NAMES[] = {L"Shift_JIS", L"Shift-JIS", L"SJIS", L"Windows-31J", L"CP932", L"MS932"};
 
@@ -98,7 +96,7 @@ std::string Decode(std::string bytes)
 
 std::string_view WithoutMark(std::string_view text)
 {
-    text.remove_prefix(text.starts_with(UTF8_MARK) ? UTF8_MARK.size() : 0);
+    text.remove_prefix(text.starts_with(UTF8_BYTE_ORDER_MARK) ? UTF8_BYTE_ORDER_MARK.size() : 0);
     return text;
 }
 

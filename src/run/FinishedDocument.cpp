@@ -14,7 +14,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::string_view LINE_END = "\r\n";
 constexpr std::string_view STANDALONE_DECLARATION_END = " encoding=\"UTF-8\" standalone=\"no\"?>";
 constexpr std::string_view DECLARATION_END = "?>";
@@ -102,7 +101,7 @@ class Printer
               sink(bytes);
           })
     {
-        lines_.Append(BYTE_ORDER_MARK);
+        lines_.Append(UTF8_BYTE_ORDER_MARK);
     }
 
     void Print()

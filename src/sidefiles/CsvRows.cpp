@@ -16,7 +16,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 18;
 
 /// What the host writes between a percentage and its sign.
@@ -198,7 +197,7 @@ void LineReader::ForEachAhead(Visitor visit)
 void CsvRows::Read(const std::wstring& path)
 {
     lines_.Open(path);
-    lines_.Skip(BYTE_ORDER_MARK);
+    lines_.Skip(UTF8_BYTE_ORDER_MARK);
     line_ = 0;
     isEncodingTold_ = false;
 }

@@ -263,7 +263,7 @@ class Dissection
 
     bool Run()
     {
-        reader_.Skip("\xEF\xBB\xBF");
+        reader_.Skip(UTF8_BYTE_ORDER_MARK);
         if (reader_.StartsWith("<?xml "))
         {
             declaration_ = reader_.At() + 1;
