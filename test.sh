@@ -9,7 +9,7 @@ cd "$(dirname "$0")"
 
 presets=(asan windows linux)
 unit_tests=(asan windows) # on Linux once, with the sanitizers
-fuzz_seconds=5
+fuzz_seconds=3
 # Everything is compiled anew and each program run for seconds: ten sources as one take a third of the time, and the
 # optimiser's last tenth would cost more than it saves.
 options=(-DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=10 "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"

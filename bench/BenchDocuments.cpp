@@ -100,6 +100,34 @@ void WriteCrossSections(std::ostream& out, int sections)
     out << "</Surfaces>\n";
 }
 
+/// A tree for the dialog: alignments of ten elements, and two and a half times as many small surfaces.
+void WriteDialogTree(std::ostream& out, int alignments)
+{
+    out << "<Alignments name=\"bench\">\n";
+    for (int alignment = 0; alignment < alignments; ++alignment)
+    {
+        out << "<Alignment name=\"A" << alignment << "\" length=\"10000\" staStart=\"0\" desc=\"" << DESC
+            << "\">\n<CoordGeom>\n";
+        for (int element = 0; element < 10; ++element)
+        {
+            out << "<Line length=\"50\"><Start>-36000.125 -7000.5</Start><End>-36010.125 -7010.5</End></Line>\n";
+        }
+        out << "</CoordGeom>\n</Alignment>\n";
+    }
+    out << "</Alignments>\n<Surfaces>\n";
+    for (int surface = 0; surface < alignments * 5 / 2; ++surface)
+    {
+        out << "<Surface name=\"現況地形" << surface
+            << "\" desc=\"ExistingGround\"><Definition surfType=\"TIN\"><Pnts>\n";
+        for (int point = 0; point < 10; ++point)
+        {
+            out << "<P id=\"" << point << "\">-36000.125 " << -7000 - point << ".25 12.375</P>\n";
+        }
+        out << "</Pnts><Faces>\n<F>0 1 2</F>\n</Faces></Definition></Surface>\n";
+    }
+    out << "</Surfaces>\n";
+}
+
 /// Side files of so many rows beside a small document.
 void WriteSideFileRoute(std::ostream& out, int /*rows*/)
 {
@@ -148,6 +176,7 @@ constexpr BenchDocument DOCUMENTS[] = {
     {"cross-sections", 20000, WriteCrossSections, 1, false},
     {"mixed", 500000, WriteMixed, 2, false},
     {"side-files", 1000000, WriteSideFileRoute, 1, true},
+    {"dialog", 2000, WriteDialogTree, 1, false},
 };
 
 } // namespace

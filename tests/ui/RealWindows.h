@@ -83,6 +83,9 @@ void PressCharacter(wchar_t character);
 /// Waits until a control of the dialog in front has the focus; false if it doesn't come to it.
 bool WaitForFocus(int control);
 
+/// Drops a list of the dialog in front down, until it is painted, and takes it back.
+void DropDown(int list);
+
 /// Saves a picture of the window in front as a PNG file.
 void TakePicture(const std::wstring& path);
 

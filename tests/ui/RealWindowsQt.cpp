@@ -485,6 +485,17 @@ bool WaitForFocus(int control)
     return false;
 }
 
+void DropDown(int list)
+{
+    OnWidgets([list] {
+        auto* const combo = QApplication::activeModalWidget()->findChild<QComboBox*>(QString::number(list));
+        combo->showPopup();
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        combo->hidePopup();
+        return true;
+    });
+}
+
 void TakePicture(const std::wstring& path)
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(300));

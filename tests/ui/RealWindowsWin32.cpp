@@ -616,6 +616,17 @@ bool WaitForFocus(int control)
     return false;
 }
 
+void DropDown(int list)
+{
+    const HWND combo = GetDlgItem(FindDialog([](HWND window) { return Is(window, KnownDialog::Main); }), list);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof(parts);
+    GetComboBoxInfo(combo, &parts);
+    SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    RedrawWindow(parts.hwndList, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+}
+
 void TakePicture(const std::wstring& path)
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(500));

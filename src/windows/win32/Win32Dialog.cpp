@@ -177,8 +177,22 @@ INT_PTR Win32Dialog::OnOpen()
             Send(control.number, EM_SETLIMITTEXT); // none but the system's own
         }
     }
+    RedrawTrees(false);
     Tell([&](DialogEvents& events) { events.OnInitDialog(); });
+    RedrawTrees(true);
     return FocusFirst() ? FALSE : TRUE;
+}
+
+/// A tree that is filled is laid out once, and not at each of its thousands of items.
+void Win32Dialog::RedrawTrees(bool redraw)
+{
+    for (const ControlTemplate& control : Template().controls)
+    {
+        if (control.kind == ControlKind::Tree)
+        {
+            Send(control.number, WM_SETREDRAW, redraw ? TRUE : FALSE);
+        }
+    }
 }
 
 /// The first time, the system would put the focus on the first control, whatever was chosen for it at the opening.

@@ -49,6 +49,7 @@ class Win32Dialog final : public NativeDialog
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnOpen();
+    void RedrawTrees(bool redraw);
     bool OnActivate(bool active);
     bool OnCommand(int control, int notification);
     bool OnNotify(const NMHDR& notification);
