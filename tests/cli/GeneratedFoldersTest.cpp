@@ -204,7 +204,8 @@ TEST_F(GeneratedFolders, PrintedSettingsLeadToAFileOnceEveryNullIsFilled)
         {
             EXPECT_EQ(outcome.status, ExitStatus::FileWritten) << outcome.err;
         }
-        for (const FilledJson& finding : FilledJson::parse(outcome.out)["findings"])
+        const FilledJson told = FilledJson::parse(outcome.out);
+        for (const FilledJson& finding : told["findings"])
         {
             EXPECT_FALSE(finding.contains("path") && CanBeGiven(settings, finding["path"])) << finding;
         }
