@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <cstdlib>
+#include <windows.h>
+#else
 #include <csignal>
 #include <unistd.h>
 #endif
@@ -20,11 +23,23 @@ TEST(ChildProcess, AProgramThatIsNotThereIsNotStarted)
 
 #ifdef _WIN32
 
+// The other program is this one, which knows by the environment that it is.
 TEST(ChildProcess, TheStatusIsHandedBack)
 {
-    std::optional<ChildProcess> process = ChildProcess::Start(L"C:\\windows\\system32\\cmd.exe", {L"/c", L"exit 7"});
+    constexpr const wchar_t* IS_CHILD = L"JLANDXML_IS_CHILD";
+    if (GetEnvironmentVariableW(IS_CHILD, nullptr, 0) != 0)
+    {
+        std::_Exit(7);
+    }
+    wchar_t program[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    SetEnvironmentVariableW(IS_CHILD, L"1");
+    std::optional<ChildProcess> process =
+        ChildProcess::Start(program, {L"--gtest_filter=ChildProcess.TheStatusIsHandedBack"});
+    SetEnvironmentVariableW(IS_CHILD, nullptr);
     ASSERT_TRUE(process);
     process->input.Close();
+    EXPECT_NE(ReadToEnd(process->output), "");
     EXPECT_EQ(process->Wait(), 7);
 }
 

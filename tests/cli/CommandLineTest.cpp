@@ -92,11 +92,19 @@ std::string TakeDetails(std::string& text)
 class CommandLineTest : public RunTest
 {
   protected:
-    static Outcome Run(const std::vector<std::wstring>& arguments)
+    /// `temporary`, if given, is the temporary folder of the run alone: what captures the streams needs one too.
+    static Outcome Run(const std::vector<std::wstring>& arguments, const std::filesystem::path& temporary = {})
     {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const ExitStatus status = RunCommandLine(arguments);
+        const ExitStatus status = [&] {
+            std::optional<TemporaryFolderOverride> override;
+            if (!temporary.empty())
+            {
+                override.emplace(temporary);
+            }
+            return RunCommandLine(arguments);
+        }();
         std::string out = testing::internal::GetCapturedStdout();
         std::string err = testing::internal::GetCapturedStderr();
         std::string warnings = TakeWarningLines(err);
@@ -432,8 +440,8 @@ TEST_F(CommandLineTest, ATemporaryFolderThatIsNotThereIsNamed)
 {
     WorkFile(COMPLETE_WORK_FILE);
     const std::wstring missing = folder.Name(L"missing");
-    const TemporaryFolderOverride temporary(NativePath(missing));
-    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()});
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()}, NativePath(missing));
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
     EXPECT_TRUE(outcome.err.ends_with("作業用ファイルへのアクセスに失敗しました。\n")) << outcome.err;
     EXPECT_TRUE(outcome.details.starts_with(Utf8FromWide(missing))) << outcome.details;
