@@ -120,7 +120,7 @@ TEST_F(ManyFolders, GiveTheFilesOfSingleRunsAndOneBrokenFolderStopsNone)
     const std::vector<std::string> single = SingleFiles(folders);
     testing::internal::GetCapturedStdout();
     std::ofstream(NativePath(folders[BROKEN_FOLDER]) / "settings.json") << R"({"projectPhase": "x"})";
-    const Outcome outcome = Run(Arguments(folders, {L"--jobs", L"2", L"--json"}));
+    const Outcome outcome = Run(Arguments(folders, {L"--jobs", L"2", L"--json", L"-q"}));
     EXPECT_EQ(outcome.status, 2);
     const std::vector<std::string> json = LinesOf(outcome.out);
     ASSERT_EQ(json.size(), MANY_FOLDERS);
