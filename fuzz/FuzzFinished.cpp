@@ -1,6 +1,7 @@
 // Any document ends up the same whether passages and texts stay apart from the tree's nodes or the parser alone reads
 // it.
 
+#include "base/Exceptions.h"
 #include "run/FinishedDocument.h"
 #include "xml/WcXmDocument.h"
 
@@ -14,7 +15,7 @@
 namespace
 {
 
-/// The finished form; of a document that isn't well formed, nothing.
+/// The finished form, or that it would be too deep; of a document that isn't well formed, nothing.
 std::string Finished(const std::uint8_t* data, std::size_t size, bool keepsPassages)
 {
     jlandxml::WcXmAppDocument document;
@@ -22,9 +23,17 @@ std::string Finished(const std::uint8_t* data, std::size_t size, bool keepsPassa
     jlandxml::ParserBuffer content(size);
     std::copy(data, data + size, content.Data());
     std::string text;
-    if (document.LoadBytes(std::move(content)))
+    if (!document.LoadBytes(std::move(content)))
+    {
+        return text;
+    }
+    try
     {
         jlandxml::PrintFinished(document, [&](std::string_view bytes) { text += bytes; });
+    }
+    catch (const jlandxml::CException&)
+    {
+        return "too deep";
     }
     return text;
 }

@@ -40,6 +40,9 @@ bool Succeeds(Step&& step)
     }
 }
 
+/// Finding a fault takes many times a file's size. A larger one than this is told without the place.
+constexpr std::size_t LARGEST_SEARCHED = std::size_t{16} << 20;
+
 /// Tells where a file isn't well formed, as far as it can be read a second time.
 void WarnOfFault(const std::wstring& path)
 {
@@ -47,7 +50,8 @@ void WarnOfFault(const std::wstring& path)
         WarningPlace place;
         Succeeds([&] {
             const std::optional<ParserBuffer> content = ReadContent(path);
-            const std::optional<FaultPlace> fault = content ? FindFault(content->View()) : std::nullopt;
+            const std::optional<FaultPlace> fault =
+                content && content->Size() <= LARGEST_SEARCHED ? FindFault(content->View()) : std::nullopt;
             if (fault)
             {
                 place.row = fault->line;
