@@ -252,6 +252,11 @@ class ConvertUsage
             RefuseGiven({{options_.json, "--json"}, {!given_.changes.empty(), "--changes"}},
                         "--print-settings、--dialogと一緒には指定できません");
         }
+        if (options_.dialog)
+        {
+            RefuseGiven({{options_.printSettings, "--print-settings"}, {options_.dryRun, "--dry-run"}},
+                        "--dialogと一緒には指定できません");
+        }
         RefuseGiven({{options_.strict && options_.quiet, "--quiet"}}, "--strictと一緒には指定できません");
     }
 
@@ -269,13 +274,24 @@ class ConvertUsage
         options_.changesFile = WideFromUtf8(given_.changes);
     }
 
-    /// No file that is read may be written, and no two work folders may have one target.
+    /// No file that is read may be written, no two work folders may have one target, and no target two contents.
     void CheckOverwriting() const
     {
-        if (!WritesFile())
+        std::vector<std::string> written = WritesFile() ? Outputs() : std::vector<std::string>();
+        RefuseOverwriting(*report_, given_.report, written);
+        written.push_back(given_.report);
+        RefuseOverwriting(*changes_, given_.changes, written);
+        for (const std::wstring& folder : options_.workFolders)
         {
-            return;
+            const std::vector<std::string> read = ReadFiles(folder);
+            RefuseOverwriting(*report_, given_.report, read);
+            RefuseOverwriting(*changes_, given_.changes, read);
         }
+    }
+
+    /// The finished files of the work folders.
+    std::vector<std::string> Outputs() const
+    {
         const CLI::Option& option = options_.outputFolder.empty() ? *output_ : *outputFolder_;
         std::set<std::wstring> outputs;
         for (const std::wstring& folder : options_.workFolders)
@@ -288,13 +304,28 @@ class ConvertUsage
                                                    : "同じ名前の作業フォルダーが2つあります: " + Utf8FromWide(folder));
             }
             RefuseOverwriting(option, Utf8FromWide(output), ReadFiles(folder));
+            if (EqualsIgnoreCase(FolderName(output), WideFromUtf8(WORK_FILE_NAME)))
+            {
+                RefuseOverwriting(option, Utf8FromWide(output), WorkFiles());
+            }
         }
-        RefuseOverwriting(*report_, given_.report, {given_.output});
-        RefuseOverwriting(*report_, given_.report, ReadFiles(options_.workFolders.front()));
-        const std::vector<std::string> written = {given_.output, given_.report,
-                                                  Utf8FromWide(OutputOf(options_, options_.workFolders.front()))};
-        RefuseOverwriting(*changes_, given_.changes, written);
-        RefuseOverwriting(*changes_, given_.changes, ReadFiles(options_.workFolders.front()));
+        std::vector<std::string> names;
+        for (const std::wstring& output : outputs)
+        {
+            names.push_back(Utf8FromWide(output));
+        }
+        return names;
+    }
+
+    /// The files of the work folders that a target in an output folder could be.
+    std::vector<std::string> WorkFiles() const
+    {
+        std::vector<std::string> files;
+        for (const std::wstring& folder : options_.workFolders)
+        {
+            files.push_back(Utf8FromWide(folder) + "/" + WORK_FILE_NAME);
+        }
+        return files;
     }
 
     /// The files that the run of a work folder reads, as far as it is told before.

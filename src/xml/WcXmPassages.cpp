@@ -325,7 +325,7 @@ class Dissection
     }
 
     /// What the parser wouldn't keep. A second declaration it would keep or refuse, and inside of the root an
-    /// instruction can part two texts.
+    /// instruction can part two texts. At a null character the parser gives up.
     bool CutInstruction()
     {
         const char* const begin = reader_.At();
@@ -333,7 +333,7 @@ class Dissection
         const std::string_view target = TakeTarget();
         const bool isEnded = reader_.StartsWith("?>") || !reader_.Take(BLANK).empty();
         if (!open_.empty() || target.empty() || !isEnded || EqualsIgnoreCase(WideFromUtf8(target), L"xml") ||
-            !reader_.SkipBehind("?>"))
+            !reader_.SkipBehind("?>") || std::find(begin, reader_.At(), '\0') != reader_.At())
         {
             return false;
         }

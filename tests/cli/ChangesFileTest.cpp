@@ -119,6 +119,9 @@ TEST_F(ChangesFileTest, IsRefusedWhereNoFileIsMadeOrAnotherOneWouldGo)
     WorkFile(CHANGED_WORK_FILE);
     EXPECT_EQ(Run({folder.Name(), L"--print-settings", L"--changes", folder.Name(L"c")}), ExitStatus::WrongUsage);
     EXPECT_EQ(Run({folder.Name(), L"-o", folder.Name(L"c"), L"--changes", folder.Name(L"c")}), ExitStatus::WrongUsage);
+    EXPECT_EQ(Run({folder.Name(), L"--dry-run", L"--changes", folder.Name(L"Landxml_temp.xml")}),
+              ExitStatus::WrongUsage);
+    EXPECT_EQ(folder.Read(L"Landxml_temp.xml"), CHANGED_WORK_FILE);
 }
 
 TEST_F(ChangesFileTest, ARunThatIsNotAskedKeepsNothing)

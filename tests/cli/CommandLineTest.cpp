@@ -436,6 +436,42 @@ TEST_F(CommandLineTest, AFolderThatTakesNoFilesIsNamed)
 }
 #endif
 
+TEST_F(CommandLineTest, NoFileOfAnotherWorkFolderIsATarget)
+{
+    for (const char* const name : {"Landxml_temp", "b"})
+    {
+        std::filesystem::create_directory(folder.Path() / name);
+        std::ofstream(folder.Path() / name / "Landxml_temp.xml") << COMPLETE_WORK_FILE;
+    }
+    const std::wstring target = folder.Name(L"b");
+    const Outcome outcome = Run({folder.Name(L"Landxml_temp"), target, L"--output-dir", target});
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err,
+              "--output-dir: ほかに読み書きするファイルです: " + Utf8FromWide(target) + "/Landxml_temp.xml\n");
+    EXPECT_EQ(folder.Read(L"b/Landxml_temp.xml"), COMPLETE_WORK_FILE);
+}
+
+TEST_F(CommandLineTest, AReportDoesNotTakeThePlaceOfTheFinishedFileInAnOutputFolder)
+{
+    std::filesystem::create_directory(folder.Path() / "w");
+    std::ofstream(folder.Path() / "w" / "Landxml_temp.xml") << COMPLETE_WORK_FILE;
+    const std::wstring report = folder.Name(L"w.xml");
+    const Outcome outcome = Run({folder.Name(L"w"), L"--output-dir", folder.Name(), L"--report", report});
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "--report: ほかに読み書きするファイルです: " + Utf8FromWide(report) + "\n");
+}
+
+TEST_F(CommandLineTest, ARealDialogIsNoDryRun)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    for (const wchar_t* const option : {L"--dry-run", L"--print-settings"})
+    {
+        const Outcome outcome = Run({folder.Name(), L"--dialog", option});
+        EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+        EXPECT_EQ(outcome.err, Utf8FromWide(option) + ": --dialogと一緒には指定できません\n");
+    }
+}
+
 TEST_F(CommandLineTest, ATemporaryFolderThatIsNotThereIsNamed)
 {
     WorkFile(COMPLETE_WORK_FILE);

@@ -113,6 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
         Place{"NoneBesideASecondDeclaration", "<?xml version='1.0'?><?XML a?>" + WithPoints("<P>1</P>"), ""},
         Place{"NoneBehindADeclarationWithAnUnclosedValue",
               "<?xml v=\"?><LandXML a='\"/><LandXML><?passage 0?>' >" + WithPoints("<P>1</P>").substr(9), ""},
+        Place{"NoneBesideANullInAnInstruction", std::string("<?a \0?>", 8) + WithPoints("<P>1</P>"), ""},
         Place{"NoneBesideAnInstructionInAValue", "<L a='<?a?>'>" + WithPoints("<P>1</P>").substr(9), ""},
         Place{"BesideQuestionMarks",
               "<L a='?'>?<Surfaces><Surface><Definition><Pnts><P>1</P></Pnts></Definition></Surface></Surfaces></L>",
