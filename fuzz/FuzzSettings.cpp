@@ -1,4 +1,4 @@
-// Reading settings: any bytes are settings or a settings error of one line.
+// Reading settings: any bytes are settings, or a settings error with one line for each wrong place.
 
 #include "FuzzInput.h"
 #include "cli/Settings.h"
@@ -15,9 +15,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     catch (const SettingsError& error)
     {
-        if (std::string_view(error.what()).find('\n') != std::string_view::npos)
+        for (const SettingsFault& fault : error.Faults())
         {
-            std::abort();
+            if (fault.Line().find('\n') != std::string::npos)
+            {
+                std::abort();
+            }
         }
     }
     return 0;

@@ -82,10 +82,7 @@ ExitStatus ConvertOne(const ConvertOptions& options, const Json& settings)
         result.warnings.clear();
     }
     TellWarnings(result.warnings);
-    for (const ToldLine& line : result.findings)
-    {
-        TellLine(L"", line);
-    }
+    TellFindings(result.findings);
     if (options.json && !WriteAnswer(JsonLine(result)))
     {
         return ExitStatus::NoFile;
@@ -96,14 +93,10 @@ ExitStatus ConvertOne(const ConvertOptions& options, const Json& settings)
 /// What is wrong with the settings of all work folders is told once, and stands in the JSON of each.
 ExitStatus TellWrongSettings(const ConvertOptions& options, const SettingsError& error)
 {
-    ExitStatus status = ExitStatus::WrongUsage;
     RunResult result;
-    result.status = status;
+    result.status = ExitStatus::WrongUsage;
     result.findings = SettingsLines(error, options.settingsFiles.size() > 1);
-    for (const ToldLine& line : result.findings)
-    {
-        TellLine(L"", line);
-    }
+    TellFindings(result.findings);
     for (const std::wstring& folder : options.workFolders)
     {
         result.folder = folder;
@@ -113,7 +106,7 @@ ExitStatus TellWrongSettings(const ConvertOptions& options, const SettingsError&
             return ExitStatus::NoFile;
         }
     }
-    return status;
+    return result.status;
 }
 
 ExitStatus RunOptions(const ConvertOptions& options, const std::wstring& program)

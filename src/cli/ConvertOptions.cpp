@@ -2,8 +2,10 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "cli/Paths.h"
 #include "cli/Settings.h"
 #include "cli/Usage.h"
+#include "run/LoadRun.h"
 #include "sidefiles/LoadSideFiles.h"
 
 #include <algorithm>
@@ -19,7 +21,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const char* WORK_FILE_NAME = "Landxml_temp.xml";
 constexpr const char* ONE_FOLDER = "作業フォルダーは1つだけ指定してください";
 
 /// The arguments as they were given, in UTF-8.
@@ -35,11 +36,6 @@ struct ConvertArguments
     std::string routes;
     std::string jobs = "1";
 };
-
-std::filesystem::path PathOf(const std::string& text)
-{
-    return std::u8string(text.begin(), text.end());
-}
 
 /// Decimal digits alone, no more than 32 bits with a sign.
 std::int32_t ReadCount(const char* option, const std::string& text)
@@ -304,7 +300,7 @@ class ConvertUsage
                                                    : "同じ名前の作業フォルダーが2つあります: " + Utf8FromWide(folder));
             }
             RefuseOverwriting(option, Utf8FromWide(output), ReadFiles(folder));
-            if (EqualsIgnoreCase(FolderName(output), WideFromUtf8(WORK_FILE_NAME)))
+            if (EqualsIgnoreCase(FolderName(output), WORK_FILE_NAME))
             {
                 RefuseOverwriting(option, Utf8FromWide(output), WorkFiles());
             }
@@ -323,7 +319,7 @@ class ConvertUsage
         std::vector<std::string> files;
         for (const std::wstring& folder : options_.workFolders)
         {
-            files.push_back(Utf8FromWide(folder) + "/" + WORK_FILE_NAME);
+            files.push_back(Utf8FromWide(WorkFileOf(folder)));
         }
         return files;
     }
@@ -332,11 +328,10 @@ class ConvertUsage
     std::vector<std::string> ReadFiles(const std::wstring& folder) const
     {
         std::vector<std::string> files = given_.settings;
-        const std::string name = Utf8FromWide(folder);
-        files.push_back(name + "/" + WORK_FILE_NAME);
+        files.push_back(Utf8FromWide(WorkFileOf(folder)));
         if (!given_.folderSettings.empty())
         {
-            files.push_back(name + "/" + given_.folderSettings);
+            files.push_back(Utf8FromWide(folder) + "/" + given_.folderSettings);
         }
         for (const std::wstring& sideFile : SideFilesOf(folder))
         {
@@ -397,7 +392,7 @@ std::wstring OutputOf(const ConvertOptions& options, const std::wstring& workFol
 std::wstring FolderName(const std::wstring& path)
 {
     std::error_code failure;
-    std::filesystem::path folder = std::filesystem::absolute(PathOf(Utf8FromWide(path)), failure).lexically_normal();
+    std::filesystem::path folder = std::filesystem::absolute(PathOf(path), failure).lexically_normal();
     if (!folder.has_filename())
     {
         folder = folder.parent_path();

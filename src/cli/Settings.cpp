@@ -2,6 +2,7 @@
 
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "cli/Paths.h"
 #include "dialog/DlgData.h"
 
 #include <algorithm>
@@ -224,8 +225,7 @@ std::optional<std::string> ReadBytes(const std::wstring& path)
     {
         return ReadStandardInput(LARGEST_FILE);
     }
-    const std::string name = Utf8FromWide(path);
-    std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())), std::ios::binary);
+    std::ifstream file(PathOf(path), std::ios::binary);
     return file ? ReadStream(file) : std::nullopt;
 }
 

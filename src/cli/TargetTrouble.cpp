@@ -1,8 +1,8 @@
 #include "cli/TargetTrouble.h"
 
 #include "base/Files.h"
-#include "base/Text.h"
 #include "base/Warnings.h"
+#include "cli/Paths.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,17 +17,11 @@ namespace jlandxml
 namespace
 {
 
-std::filesystem::path PathOfText(const std::wstring& text)
-{
-    const std::string name = Utf8FromWide(text);
-    return std::u8string(name.begin(), name.end());
-}
-
 /// An error number of the C library; 0 if the folder takes a file of that size.
 int FolderTrouble(const std::wstring& folder, std::uintmax_t size)
 {
     std::error_code failure;
-    const std::filesystem::path path = PathOfText(folder);
+    const std::filesystem::path path = PathOf(folder);
     if (!std::filesystem::is_directory(path, failure))
     {
         return failure == std::errc::permission_denied ? EACCES : ENOENT;
@@ -53,7 +47,7 @@ std::wstring TargetTrouble(const std::wstring& target, std::uintmax_t size)
         return path + L"（" + ReasonText(error) + L"）";
     };
     std::error_code failure;
-    if (std::filesystem::is_directory(PathOfText(target), failure))
+    if (std::filesystem::is_directory(PathOf(target), failure))
     {
         return withReason(target, EISDIR);
     }

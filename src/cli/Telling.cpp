@@ -64,6 +64,14 @@ PrintedJson CountsJson(const Counts& counts)
     return json;
 }
 
+void TellLines(const wchar_t* front, const std::vector<ToldLine>& lines)
+{
+    for (const ToldLine& line : lines)
+    {
+        TellLine(front, line);
+    }
+}
+
 /// Values of the input may hold line feeds; a line stays one whatever they are.
 void WriteWithinLine(std::wstring_view text)
 {
@@ -96,12 +104,14 @@ void TellLine(const wchar_t* front, const ToldLine& line)
     WriteStandardError(L"\n");
 }
 
+void TellFindings(const std::vector<ToldLine>& findings)
+{
+    TellLines(L"", findings);
+}
+
 void TellWarnings(const std::vector<ToldLine>& warnings)
 {
-    for (const ToldLine& warning : warnings)
-    {
-        TellLine(WARNING_FRONT, warning);
-    }
+    TellLines(WARNING_FRONT, warnings);
 }
 
 ToldLine PlainLine(std::string_view code, std::wstring text, std::wstring detail)

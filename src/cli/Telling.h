@@ -15,6 +15,9 @@ namespace jlandxml
 /// Tells a line on standard error, what is in front of the text first.
 void TellLine(const wchar_t* front, const ToldLine& line);
 
+/// Tells lines that stand in the way of a file.
+void TellFindings(const std::vector<ToldLine>& findings);
+
 /// Tells lines that are warnings.
 void TellWarnings(const std::vector<ToldLine>& warnings);
 

@@ -2,6 +2,7 @@
 
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "cli/Paths.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -114,9 +115,7 @@ std::string Problem(const CLI::ParseError& error, const std::string& missing)
 bool IsSameFile(const std::string& one, const std::string& other)
 {
     std::error_code failure;
-    const auto pathOf = [&](const std::string& text) {
-        return std::filesystem::absolute(std::u8string(text.begin(), text.end()), failure);
-    };
+    const auto pathOf = [&](const std::string& text) { return std::filesystem::absolute(PathOf(text), failure); };
     // Most files that are compared with a new one are there, and need no more than this.
     const bool isThere = std::filesystem::exists(pathOf(one), failure);
     if (isThere != std::filesystem::exists(pathOf(other), failure))
@@ -197,9 +196,8 @@ void RefuseFurtherArguments(const CLI::App& app)
 
 bool MakeFolder(const std::wstring& folder)
 {
-    const std::string name = Utf8FromWide(folder);
     std::error_code failure;
-    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+    const std::filesystem::path path = PathOf(folder);
     std::filesystem::create_directories(path, failure);
     return std::filesystem::is_directory(path, failure);
 }

@@ -5,6 +5,7 @@
 #include "base/Streams.h"
 #include "base/Text.h"
 #include "cli/ChangesFile.h"
+#include "cli/Paths.h"
 #include "cli/Program.h"
 #include "cli/SettingsUser.h"
 #include "cli/TargetTrouble.h"
@@ -18,6 +19,7 @@
 #include "inspect/ReadLandXml.h"
 #include "inspect/Report.h"
 #include "run/ConversionContext.h"
+#include "run/LoadRun.h"
 #include "run/module/ExecuteQuorvane.h"
 #include "sidefiles/LoadSideFiles.h"
 #include "windows/scripted/ScriptedWindowSystem.h"
@@ -37,7 +39,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* WORK_FILE = L"/Landxml_temp.xml";
 constexpr const wchar_t* PASSED_OVER = L"（この設定を読み飛ばしました）";
 
 /// Puts the scripted windows in the place of native ones for the length of a run.
@@ -146,9 +147,8 @@ Counts CountRead()
 
 std::uintmax_t SizeOf(const std::wstring& path)
 {
-    const std::string name = Utf8FromWide(path);
     std::error_code failure;
-    const std::uintmax_t size = std::filesystem::file_size(std::u8string(name.begin(), name.end()), failure);
+    const std::uintmax_t size = std::filesystem::file_size(PathOf(path), failure);
     return failure ? 0 : size;
 }
 
@@ -362,7 +362,7 @@ class BatchRun
         }
         const std::wstring trouble = WritingTrouble();
         result_.findings.push_back(
-            PlainLine("no-file", NO_FILE_TEXT, trouble.empty() ? result_.folder + WORK_FILE : trouble));
+            PlainLine("no-file", NO_FILE_TEXT, trouble.empty() ? WorkFileOf(result_.folder) : trouble));
         result_.findings.back().file = result_.output;
         return ExitStatus::NoFile;
     }
@@ -371,7 +371,7 @@ class BatchRun
     std::wstring WritingTrouble() const
     {
         const bool isLost = isTreeFinished_ && !GetConversionContext().fileWritten;
-        return isLost ? TargetTrouble(result_.output, SizeOf(result_.folder + WORK_FILE)) : std::wstring();
+        return isLost ? TargetTrouble(result_.output, SizeOf(WorkFileOf(result_.folder))) : std::wstring();
     }
 
     const ConvertOptions& options_;
@@ -387,6 +387,32 @@ class BatchRun
     bool isTooStrict_ = false;
 };
 
+ToldLine CheckLine(const inspect::Finding& finding, const std::wstring& file)
+{
+    std::wstring text = inspect::FindingLine(finding);
+    text.pop_back(); // its line feed
+    ToldLine line = PlainLine("check", std::move(text));
+    line.object = finding.object;
+    line.file = file;
+    if (finding.line > 0)
+    {
+        line.row = finding.line;
+    }
+    return line;
+}
+
+void TakeFindings(const std::vector<inspect::Finding>& findings, RunResult& result)
+{
+    for (const inspect::Finding& finding : findings)
+    {
+        result.findings.push_back(CheckLine(finding, result.output));
+        if (finding.severity == inspect::Severity::Error)
+        {
+            result.status = ExitStatus::Findings;
+        }
+    }
+}
+
 /// Judges and draws the file that was just written. An 誤り in it is status 1; the file stays.
 void InspectOutput(const ConvertOptions& options, RunResult& result)
 {
@@ -398,25 +424,9 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
         {
             inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
         }
-        for (const inspect::Finding& finding : findings)
+        if (options.check)
         {
-            if (!options.check)
-            {
-                break;
-            }
-            std::wstring text = inspect::FindingLine(finding);
-            text.pop_back(); // its line feed
-            result.findings.push_back(PlainLine("check", std::move(text)));
-            result.findings.back().object = finding.object;
-            result.findings.back().file = result.output;
-            if (finding.line > 0)
-            {
-                result.findings.back().row = finding.line;
-            }
-            if (finding.severity == inspect::Severity::Error)
-            {
-                result.status = ExitStatus::Findings;
-            }
+            TakeFindings(findings, result);
         }
     }
     catch (const CException& exception)

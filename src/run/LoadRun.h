@@ -7,6 +7,15 @@
 namespace jlandxml
 {
 
+/// The file that the host writes into a work folder.
+inline constexpr const wchar_t* WORK_FILE_NAME = L"Landxml_temp.xml";
+
+/// Its path.
+inline std::wstring WorkFileOf(const std::wstring& workFolder)
+{
+    return workFolder + L"/" + WORK_FILE_NAME;
+}
+
 /// The work file could not be taken into the model.
 class LandXMLLoadException : public CException
 {

@@ -61,21 +61,14 @@ constexpr const wchar_t* NAMING_ATTRIBUTES[] = {L"name", L"label", L"sta"};
 
 PlaceAmongSame PlaceOf(const pugi::xml_node& element)
 {
-    PlaceAmongSame place;
+    std::size_t count = 0;
+    std::size_t number = 0;
     for (pugi::xml_node other = element.parent().first_child(); other; other = other.next_sibling())
     {
-        if (other == element)
-        {
-            continue;
-        }
-        const bool isSame = IsElement(other) && EqualsText(other.name(), element.name());
-        place.isOnlyOne = place.isOnlyOne && !isSame;
+        count += IsElement(other) && EqualsText(other.name(), element.name()) ? 1 : 0;
+        number = other == element ? count : number;
     }
-    for (pugi::xml_node other = element.previous_sibling(); other; other = other.previous_sibling())
-    {
-        place.number += IsElement(other) && EqualsText(other.name(), element.name()) ? 1 : 0;
-    }
-    return place;
+    return {number, count == 1};
 }
 
 /// The elements from the document element to this one.
@@ -145,22 +138,26 @@ std::wstring PositionPath(const pugi::xml_node& element)
 void ForEachElement(const WcXmNode& top, const std::function<void(const WcXmNode& element)>& visit)
 {
     WcXmNode element = top;
-    pugi::xml_node& node = element.appNode.node;
-    const pugi::xml_node end = top.appNode.node;
-    while (node)
+    for (pugi::xml_node& node = element.appNode.node; node; node = NextInOrder(node, top.appNode.node))
     {
         if (IsElement(node))
         {
             visit(element);
         }
-        pugi::xml_node next = node.first_child();
-        while (!next && node != end)
-        {
-            next = node.next_sibling();
-            node = next ? node : node.parent();
-        }
-        node = next;
     }
+}
+
+pugi::xml_node NextInOrder(pugi::xml_node node, const pugi::xml_node& top)
+{
+    if (const pugi::xml_node child = node.first_child())
+    {
+        return child;
+    }
+    while (node && node != top && !node.next_sibling())
+    {
+        node = node.parent();
+    }
+    return node == top ? pugi::xml_node() : node.next_sibling();
 }
 
 void WarnOfElement(WarningCause cause, const WcXmNode& node, const std::function<std::wstring()>& remark) noexcept

@@ -40,6 +40,9 @@ std::wstring NamedPath(const pugi::xml_node& element);
 /// element.
 std::wstring PositionPath(const pugi::xml_node& element);
 
+/// The next node in document order within `top`; null behind the last one.
+pugi::xml_node NextInOrder(pugi::xml_node node, const pugi::xml_node& top);
+
 /// Visits an element and every element below it in document order, however deep they are nested. What is visited may
 /// be changed, but not the order of the elements.
 void ForEachElement(const WcXmNode& top, const std::function<void(const WcXmNode& element)>& visit);

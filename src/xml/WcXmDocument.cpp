@@ -44,14 +44,13 @@ bool Succeeds(Step&& step)
 constexpr std::size_t LARGEST_SEARCHED = std::size_t{16} << 20;
 
 /// Tells where a file isn't well formed, as far as it can be read a second time.
-void WarnOfFault(const std::wstring& path)
+void WarnOfFault(const std::wstring& path, std::size_t size)
 {
     WarnOf(WarningCause::MalformedXml, path, [&] {
         WarningPlace place;
         Succeeds([&] {
-            const std::optional<ParserBuffer> content = ReadContent(path);
-            const std::optional<FaultPlace> fault =
-                content && content->Size() <= LARGEST_SEARCHED ? FindFault(content->View()) : std::nullopt;
+            const std::optional<ParserBuffer> content = size <= LARGEST_SEARCHED ? ReadContent(path) : std::nullopt;
+            const std::optional<FaultPlace> fault = content ? FindFault(content->View()) : std::nullopt;
             if (fault)
             {
                 place.row = fault->line;
@@ -208,10 +207,15 @@ WcXmAppDocument::Loaded WcXmAppDocument::Load(Source&& source)
 
 bool WcXmAppDocument::LoadDocument(const std::wstring& path)
 {
-    const Loaded loaded = Load([&] { return ReadContent(path); });
+    std::size_t size = 0;
+    const Loaded loaded = Load([&] {
+        std::optional<ParserBuffer> content = ReadContent(path);
+        size = content ? content->Size() : 0;
+        return content;
+    });
     if (loaded == Loaded::Malformed)
     {
-        WarnOfFault(path);
+        WarnOfFault(path, size);
     }
     else if (loaded == Loaded::NoMemory)
     {

@@ -428,27 +428,14 @@ class Comparison
     std::vector<Siblings> open_;
 };
 
-/// The next element in document order; null behind the last one.
-pugi::xml_node NextInOrder(pugi::xml_node node)
-{
-    if (const pugi::xml_node child = node.first_child())
-    {
-        return child;
-    }
-    while (node && !node.next_sibling())
-    {
-        node = node.parent();
-    }
-    return node.next_sibling();
-}
-
 } // namespace
 
 WcXmJournal::WcXmJournal(const pugi::xml_document& document) : document_(document)
 {
     before_.reset(document);
     pugi::xml_node original = before_;
-    for (pugi::xml_node node = document_; node && original; node = NextInOrder(node), original = NextInOrder(original))
+    for (pugi::xml_node node = document_; node && original;
+         node = NextInOrder(node, document_), original = NextInOrder(original, before_))
     {
         if (IsElement(node))
         {

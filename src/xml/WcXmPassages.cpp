@@ -395,8 +395,9 @@ class Dissection
             {
                 return true;
             }
-            const char quote = reader_.AtEnd() ? '<' : *reader_.At();
-            if (!reader_.Skip(quote) || quote == '<' || !reader_.SkipBehind({&quote, 1}))
+            const bool isBehindValue =
+                reader_.Skip('"') ? reader_.SkipBehind("\"") : reader_.Skip('\'') && reader_.SkipBehind("'");
+            if (!isBehindValue)
             {
                 return false;
             }

@@ -16,8 +16,6 @@ namespace jlandxml
 namespace
 {
 
-constexpr const wchar_t* WORK_FILE = L"/Landxml_temp.xml";
-
 /// The one run at a time. While its dialog is open the host's timers and messages go on, and one of them may call
 /// again: context and model are those of the open run then, and no second one may begin on them.
 class OneRun
@@ -58,7 +56,7 @@ void ExecuteQuorvane(const wchar_t* workFolder, std::int32_t routeCount)
     try
     {
         const std::wstring folder(workFolder != nullptr ? workFolder : L"");
-        LoadRun(folder + WORK_FILE);
+        LoadRun(WorkFileOf(folder));
         LoadSideFiles(folder, routeCount);
         JLandXmlConvertDlg dialog;
         dialog.DoModal();
