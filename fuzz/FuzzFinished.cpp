@@ -1,7 +1,9 @@
 // Any document ends up the same whether passages and texts stay apart from the tree's nodes or the parser alone reads
-// it.
+// it: as it came, and after a run has edited it.
 
 #include "base/Exceptions.h"
+#include "model/FViewLandXML.h"
+#include "model/OutputVersion.h"
 #include "run/FinishedDocument.h"
 #include "xml/WcXmDocument.h"
 
@@ -11,22 +13,15 @@
 #include <cstdlib>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace
 {
 
-/// The finished form, or that it would be too deep; of a document that isn't well formed, nothing.
-std::string Finished(const std::uint8_t* data, std::size_t size, bool keepsPassages)
+/// The finished form, or that it would be too deep.
+std::string Finished(const jlandxml::WcXmAppDocument& document)
 {
-    jlandxml::WcXmAppDocument document;
-    document.keepsPassages = keepsPassages;
-    jlandxml::ParserBuffer content(size);
-    std::copy(data, data + size, content.Data());
     std::string text;
-    if (!document.LoadBytes(std::move(content)))
-    {
-        return text;
-    }
     try
     {
         jlandxml::PrintFinished(document, [&](std::string_view bytes) { text += bytes; });
@@ -36,6 +31,27 @@ std::string Finished(const std::uint8_t* data, std::size_t size, bool keepsPassa
         return "too deep";
     }
     return text;
+}
+
+/// A document as it came and as a run leaves it; nothing if it isn't well formed.
+std::vector<std::string> Finished(const std::uint8_t* data, std::size_t size, bool keepsPassages)
+{
+    jlandxml::WcXmDocument document;
+    document.Create();
+    document.appDocument->keepsPassages = keepsPassages;
+    jlandxml::ParserBuffer content(size);
+    std::copy(data, data + size, content.Data());
+    if (!document.appDocument->LoadBytes(std::move(content)))
+    {
+        return {};
+    }
+    std::vector<std::string> texts{Finished(*document.appDocument)};
+    jlandxml::FViewLandXML model;
+    model.ReadElement(jlandxml::WcXmNode(document));
+    model.SetOutputVersion(jlandxml::NEWEST_VERSION.number);
+    model.WriteElement(jlandxml::WcXmNode(document));
+    texts.push_back(Finished(*document.appDocument));
+    return texts;
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "run/FinishedDocument.h"
 
 #include "base/Text.h"
+#include "model/FViewLandXML.h"
+#include "model/OutputVersion.h"
 #include "support/Rounds.h"
 #include "support/XmlText.h"
 #include "xml/WcXmDocument.h"
@@ -30,6 +32,22 @@ class LoadedDocument
 
     bool Loaded() const { return loaded_; }
     WcXmAppDocument& Document() { return *document_.appDocument; }
+
+    /// What a run does to the tree: notes are cut out of the surfaces, references and point groups come in.
+    void Edit()
+    {
+        FViewLandXML model;
+        model.ReadElement(WcXmNode(document_));
+        for (FViewSurfaces& set : model.surfaces)
+        {
+            for (FViewSurface& surface : set.surfaces)
+            {
+                surface.alignmentRefs = L"線形";
+            }
+        }
+        model.SetOutputVersion(NEWEST_VERSION.number);
+        model.WriteElement(WcXmNode(document_));
+    }
 
   private:
     WcXmDocument document_;
@@ -242,8 +260,13 @@ class DocumentGenerator
         std::string document = Pick({"", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n", "\xEF\xBB\xBF",
                                      "<?xml version=\"1.0\" "
                                      "encoding=\"UTF-8\" standalone=\"no\"?>\r\n<?style a?>\n"});
-        document += "<LandXML>\n" + Repeat(2, [&] { return Surfaces(); }) + Pick({"", "<Alignments/>", "text"}) +
+        document += "<LandXML>\n" + Repeat(2, [&] { return Surfaces(); }) +
+                    Pick({"", "<Alignments/>", "text", "<Alignments><Alignment name=\"a\"/></Alignments>"}) +
                     "</LandXML>\n";
+        if (Below(8) == 0)
+        {
+            document = InAnotherEncoding(document);
+        }
         for (std::size_t damage = Below(4); damage > 0; --damage)
         {
             Damage(document);
@@ -267,6 +290,30 @@ class DocumentGenerator
         return text;
     }
 
+    /// With a mark or without, declared or not.
+    std::string InAnotherEncoding(const std::string& document)
+    {
+        const std::wstring text =
+            ReplaceAll(WideFromUtf8(document), L"UTF-8",
+                       WideFromUtf8(Pick({"UTF-8", "UTF-16", "Shift_JIS", "ISO-8859-1", "UTF-32"})));
+        if (Below(3) == 0)
+        {
+            return Cp932FromWide(text);
+        }
+        const std::size_t size = Pick({"2", "4"}) == "2" ? 2 : 4;
+        const bool bigEndian = Below(2) == 0;
+        std::string bytes;
+        for (const wchar_t unit : text)
+        {
+            for (std::size_t byte = 0; byte < size; ++byte)
+            {
+                const std::size_t place = bigEndian ? size - 1 - byte : byte;
+                bytes += static_cast<char>(static_cast<std::uint32_t>(unit) >> (8 * place) & 0xFF);
+            }
+        }
+        return bytes;
+    }
+
     std::string Blank() { return Pick({"", " ", "\n", "\r\n\t\t", "\n    "}); }
 
     std::string Surfaces()
@@ -274,8 +321,10 @@ class DocumentGenerator
         return "<Surfaces>" +
                Repeat(3,
                       [&] {
-                          return Blank() + "<Surface name=\"s\"><Definition surfType=\"TIN\">" + Blank() +
-                                 Repeat(3, [&] { return Points(); }) + "</Definition>" + Blank() + "</Surface>";
+                          return Blank() + "<Surface name=\"s\"" +
+                                 Pick({"", " desc=\"ExistingGround\"", " desc=\"g 線形名=a\""}) +
+                                 "><Definition surfType=\"TIN\">" + Blank() + Repeat(3, [&] { return Points(); }) +
+                                 "</Definition>" + Blank() + "</Surface>";
                       }) +
                Blank() + "</Surfaces>";
     }
@@ -365,6 +414,26 @@ TEST(FinishedDocument, PassagesArePrintedAsTheParserPrintsThem)
         }
     }
     EXPECT_GT(withPassages, static_cast<std::size_t>(Rounds(10000)));
+}
+
+TEST(FinishedDocument, PassagesStayWhatTheyAreWhereARunEditsTheTree)
+{
+    DocumentGenerator generator(2);
+    std::size_t edited = 0;
+    for (int count = 0; count < Rounds(20000); ++count)
+    {
+        const std::string bytes = generator.Next();
+        LoadedDocument plain(bytes, false);
+        LoadedDocument kept(bytes, true);
+        if (plain.Loaded() && kept.Loaded())
+        {
+            edited += kept.Document().passages.IsEmpty() ? 0 : 1;
+            plain.Edit();
+            kept.Edit();
+            ASSERT_EQ(Finished(kept.Document()), Finished(plain.Document())) << bytes;
+        }
+    }
+    EXPECT_GT(edited, static_cast<std::size_t>(Rounds(2000)));
 }
 
 } // namespace
