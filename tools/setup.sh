@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache pkg-config dpkg-dev ca-certificates
-    libicu-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
+    libicu-dev qt6-base-dev libcli11-dev nlohmann-json3-dev cmark-gfm
 )
 TEST_PACKAGES=(
     libgtest-dev libbenchmark-dev libxml2-utils

@@ -1,0 +1,33 @@
+# The manual as pages for a browser, made of the documents of the repository, with their pictures: target manual_html.
+set(JLANDXML_MANUAL_PAGES manual.ja manual warnings.ja warnings batch)
+set(JLANDXML_MANUAL_FOLDER ${CMAKE_BINARY_DIR}/manual)
+
+find_program(CMARK_PROGRAM cmark-gfm)
+if(NOT CMARK_PROGRAM)
+    message(STATUS "cmark-gfm is missing: the manual is made into no pages")
+    return()
+endif()
+
+set(manual_files)
+foreach(page ${JLANDXML_MANUAL_PAGES})
+    set(source ${PROJECT_SOURCE_DIR}/docs/${page}.md)
+    set(made ${JLANDXML_MANUAL_FOLDER}/${page}.html)
+    add_custom_command(OUTPUT ${made}
+        COMMAND ${CMAKE_COMMAND} -DCMARK=${CMARK_PROGRAM} -DSOURCE=${source} "-DPAGES=${JLANDXML_MANUAL_PAGES}" -DPAGE=${made}
+            -P ${CMAKE_CURRENT_LIST_DIR}/ManualPage.cmake
+        DEPENDS ${source} ${CMAKE_CURRENT_LIST_DIR}/ManualPage.cmake VERBATIM)
+    list(APPEND manual_files ${made})
+
+    # Pictures stand beside the pages as they stand beside the documents.
+    file(STRINGS ${source} lines REGEX "\\]\\(images/" ENCODING UTF-8)
+    string(REGEX MATCHALL "images/[a-z-]+\\.png" pictures "${lines}")
+    list(APPEND manual_pictures ${pictures})
+endforeach()
+list(REMOVE_DUPLICATES manual_pictures)
+foreach(picture ${manual_pictures})
+    add_custom_command(OUTPUT ${JLANDXML_MANUAL_FOLDER}/${picture}
+        COMMAND ${CMAKE_COMMAND} -E copy ${PROJECT_SOURCE_DIR}/docs/${picture} ${JLANDXML_MANUAL_FOLDER}/${picture}
+        DEPENDS ${PROJECT_SOURCE_DIR}/docs/${picture} VERBATIM)
+    list(APPEND manual_files ${JLANDXML_MANUAL_FOLDER}/${picture})
+endforeach()
+add_custom_target(manual_html ALL DEPENDS ${manual_files})
