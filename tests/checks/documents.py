@@ -1,0 +1,228 @@
+#!/usr/bin/env python3
+"""Holds the documents against the programs: what they tell a reader to type works, and what they list is what there is.
+
+    documents.py SOURCE CONVERT INSPECT SCRATCH [PAGES]
+
+Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it; what
+another test runs or nobody can run here is listed below with the reason. Options stand in the manual and both READMEs, links
+lead somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
+"""
+
+import html.parser
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import urllib.parse
+
+TIME_LIMIT = 300
+
+# Documents whose commands are run elsewhere.
+ELSEWHERE = {
+    "docs/batch.md": "tests/cli/batch.py runs them, on folders of which one is broken",
+    "docs/performance.md": "benchmarks, of half an hour and on a quiet machine",
+    "CONTRIBUTING.md": "builds and tests of the whole, which the continuous build runs",
+}
+# Blocks that aren't run, by document and first line.
+NOT_RUN = {
+    ("README.md", "./run.sh      # sets up, builds, converts examples/road and says where the finished file is"):
+        "sets the machine up and builds: the continuous build begins like that",
+    ("README.ja.md", "./run.sh      # 準備、ビルド、examples/roadの変換を行い、出力ファイルの場所を表示します"):
+        "sets the machine up and builds: the continuous build begins like that",
+}
+# What a reader fills in where printed settings hold null.
+COMPLETED = {"roadClassification": "第3種第2級", "normalCrown": "2.0", "desc": "用地境界（右）", "alignmentRefs": "線形1",
+             "subInterval": "10"}
+
+
+def documents(source):
+    found = [path for pattern in ("*.md", "docs/*.md", "examples/*.md") for path in source.glob(pattern)]
+    return {path.relative_to(source).as_posix(): path.read_text(encoding="utf-8") for path in sorted(found)}
+
+
+FENCED = re.compile(r"^( *)```([^\n]*)\n(.*?)^ *```$", re.M | re.S)
+
+
+def blocks(text):
+    """Language and content of each code block."""
+    for indent, language, code in FENCED.findall(text):
+        yield language, re.sub(f"^{indent}", "", code, flags=re.M)
+
+
+def complete(value):
+    """Settings with the nulls filled in as a reader would."""
+    if isinstance(value, dict):
+        return {key: COMPLETED.get(key) if one is None else complete(one) for key, one in value.items()}
+    return [complete(one) for one in value] if isinstance(value, list) else value
+
+
+class Commands:
+    """Runs the blocks of documents."""
+
+    def __init__(self, source, programs, scratch):
+        self.source = source
+        self.scratch = scratch
+        self.problems = []
+        self.listed = set(NOT_RUN)
+        self.count = 0
+        shutil.rmtree(scratch, ignore_errors=True)
+        (scratch / "bin").mkdir(parents=True)
+        for name, program in programs.items():
+            (scratch / "bin" / name).symlink_to(program)
+        self.environment = dict(os.environ, PATH=f"{scratch / 'bin'}:{os.environ['PATH']}", LC_ALL="C.UTF-8",
+                                PYTHONDONTWRITEBYTECODE="1")
+
+    def prepare(self, name):
+        place = self.scratch / re.sub(r"[^\w.]", "-", name)
+        place.mkdir()
+        shutil.copytree(self.source / "examples", place / "examples")
+        shutil.copytree(place / "examples" / "road", place / "WORK_FOLDER")
+        (place / "WORK_FOLDER" / "settings.json").unlink()
+        for folder, example in (("国道999号", "road"), ("県道 100号", "two-routes"), ("堤防", "river")):
+            shutil.copytree(place / "examples" / example, place / "work" / folder)
+        return place
+
+    def run(self, name, text):
+        place = None
+        for language, code in blocks(text):
+            key = (name, code.split("\n", 1)[0])
+            if language != "sh" or name in ELSEWHERE:
+                continue
+            if key in NOT_RUN:
+                self.listed.discard(key)
+                continue
+            place = place or self.prepare(name)
+            settings = place / "settings.json"
+            if settings.exists():
+                completed = complete(json.loads(settings.read_text(encoding="utf-8")))
+                settings.write_text(json.dumps(completed, ensure_ascii=False), encoding="utf-8")
+            ended = subprocess.run(["bash", "-e", "-c", code], cwd=place, env=self.environment, timeout=TIME_LIMIT,
+                                   check=False, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+            self.count += 1
+            if ended.returncode != 0:
+                self.problems.append(f"{name}: status {ended.returncode} of\n{code}{ended.stdout[-2000:]}{ended.stderr[-2000:]}")
+
+    def finish(self):
+        self.problems += [f"{name}: no block begins with {line}" for name, line in self.listed]
+        print(f"{self.count} blocks of commands were run")
+
+
+def check_blocks(name, text):
+    """What isn't marked can't be known for a command, and is none of a language either."""
+    for language, code in blocks(text):
+        if not language:
+            yield f"{name}: a code block without its language: {code.splitlines()[0]}"
+        if language == "json":
+            try:
+                json.loads(code)
+            except json.JSONDecodeError as error:
+                yield f"{name}: {error} in\n{code}"
+    outside = FENCED.sub("", text)
+    for line in re.findall(r"\n\n {4,}(\S.*)\n", outside):
+        if re.match(r"(\./|[a-z_-]*jlandxml-|cmake |ctest |python3 |bash |sh |sudo |apt|tools/|bench/|build/)", line):
+            yield f"{name}: a command outside a block of shell commands: {line}"
+
+
+# Links
+
+
+def anchor(heading):
+    """A heading as a link names it."""
+    text = re.sub(r"`|\[([^]]*)\]\([^)]*\)", r"\1", heading).strip().lower()
+    return re.sub(r"[^\w\- ]", "", text).replace(" ", "-")
+
+
+def check_links(source, texts):
+    anchors = {name: {anchor(one) for one in re.findall(r"^#+ (.*)$", FENCED.sub("", text), re.M)}
+               for name, text in texts.items()}
+    for name, text in texts.items():
+        for target in re.findall(r"\]\(([^)\s]+)\)", FENCED.sub("", text)):
+            path, _, heading = target.partition("#")
+            if re.match(r"[a-z]+:", target):
+                continue
+            file = (source / name).parent / path if path else source / name
+            relative = os.path.relpath(file, source).replace(os.sep, "/")
+            if not file.exists():
+                yield f"{name}: {target} isn't there"
+            elif heading and urllib.parse.unquote(heading) not in anchors.get(relative, set()):
+                yield f"{name}: {target}: no such heading"
+
+
+class Page(html.parser.HTMLParser):
+    def __init__(self, path):
+        super().__init__()
+        self.anchors, self.links, self.language = [], [], None
+        self.feed(path.read_text(encoding="utf-8"))
+
+    def handle_starttag(self, tag, attrs):
+        attributes = dict(attrs)
+        self.anchors += [attributes["id"]] if "id" in attributes else []
+        self.links += [attributes[key] for key in ("href", "src") if key in attributes]
+        self.language = attributes.get("lang", self.language) if tag == "html" else self.language
+
+
+def check_pages(folder):
+    pages = {path.name: Page(path) for path in folder.glob("*.html")}
+    if "manual.ja.html" not in pages:
+        yield f"{folder}: no manual"
+    for name, page in pages.items():
+        if page.language != ("ja" if ".ja." in name else "en"):
+            yield f"{name}: language {page.language}"
+        for twice in {one for one in page.anchors if page.anchors.count(one) > 1}:
+            yield f"{name}: two headings {twice}"
+        for link in page.links:
+            path, _, heading = urllib.parse.unquote(link).partition("#")
+            if not (folder / (path or name)).exists():
+                yield f"{name}: {link} isn't there"
+            elif heading and heading not in pages[path or name].anchors:
+                yield f"{name}: {link}: no such heading"
+
+
+# Options
+
+
+def check_options(program, texts):
+    """The manual lists a program's options, each spelling, and no others; the READMEs have them all."""
+    told = subprocess.run([program.path, "--help"], env=dict(os.environ, LC_ALL="C.UTF-8"), capture_output=True, check=True,
+                          encoding="utf-8").stdout
+    spellings = [line.split()[0] for line in told.splitlines() if line.strip().startswith("-")]
+    options = {option for one in spellings for option in one.split(",")}
+    section = texts["docs/manual.ja.md"].split(f"\n### {program.name}\n", 1)[1].split("\n#", 1)[0]
+    listed = {option for row in re.findall(r"^\| (`-[^|]*)\|", section, re.M) for option in re.findall(r"`(-[^`]*)`", row)}
+    if listed != options:
+        yield f"docs/manual.ja.md: {program.name}: not alike: {sorted(listed ^ options)}"
+    for name in ("README.md", "README.ja.md"):
+        for option in options:
+            if not re.search(rf"`[^`]*(?<![\w-]){option}(?![\w-])", texts[name]):
+                yield f"{name}: {program.name} {option} is missing"
+
+
+class Program:
+    def __init__(self, name, path):
+        self.name, self.path = name, pathlib.Path(path).resolve()
+
+
+def main():
+    source, convert, inspect, scratch, *pages = sys.argv[1:]
+    source = pathlib.Path(source).resolve()
+    programs = [Program("jlandxml-convert", convert), Program("jlandxml-inspect", inspect)]
+    texts = documents(source)
+    commands = Commands(source, {program.name: program.path for program in programs}, pathlib.Path(scratch).resolve())
+    problems = commands.problems
+    for name, text in texts.items():
+        problems += check_blocks(name, text)
+        commands.run(name, text)
+    commands.finish()
+    problems += check_links(source, texts)
+    for program in programs:
+        problems += check_options(program, texts)
+    for folder in pages:
+        problems += check_pages(pathlib.Path(folder))
+    print("\n".join(problems))
+    sys.exit(1 if problems else 0)
+
+
+main()
