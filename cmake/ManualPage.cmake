@@ -49,6 +49,8 @@ string(REGEX REPLACE "<a href=\"[^\"]*\\.md[^\"]*\">([^<]*)</a>" "\\1" body "${b
 set(language en)
 if(SOURCE MATCHES "\\.ja\\.md$")
     set(language ja)
+    # Japanese has no blanks between words, so the end of a line is none either.
+    string(REGEX REPLACE "([^\n -~])\n([^\n -~])" "\\1\\2" body "${body}")
 endif()
 file(WRITE ${PAGE} "<!DOCTYPE html>
 <html lang=\"${language}\">
@@ -64,6 +66,7 @@ th, td { border: 1px solid #bbb; padding: 3px 9px; text-align: left; vertical-al
 th { background: #eef1f4; }
 code { font: 13px/1.5 Consolas, \"Noto Sans Mono CJK JP\", monospace; background: #f3f3ee; padding: 0 3px; overflow-wrap: anywhere; }
 pre { background: #f3f3ee; padding: 10px; overflow-x: auto; } pre code { padding: 0; overflow-wrap: normal; }
+td:last-child code { white-space: nowrap; }
 img { max-width: 100%; border: 1px solid #ccc; }
 @media print { h2 { break-after: avoid; } tr, img { break-inside: avoid; } }
 </style>

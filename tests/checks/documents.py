@@ -89,10 +89,11 @@ class Commands:
         place = None
         for language, code in blocks(text):
             key = (name, code.split("\n", 1)[0])
-            if language != "sh" or name in ELSEWHERE:
+            if language != "sh":
                 continue
-            if key in NOT_RUN:
+            if name in ELSEWHERE or key in NOT_RUN:
                 self.listed.discard(key)
+                self.look_for_scripts(name, code)
                 continue
             place = place or self.prepare(name)
             settings = place / "settings.json"
@@ -104,6 +105,12 @@ class Commands:
             self.count += 1
             if ended.returncode != 0:
                 self.problems.append(f"{name}: status {ended.returncode} of\n{code}{ended.stdout[-2000:]}{ended.stderr[-2000:]}")
+
+    def look_for_scripts(self, name, code):
+        """What isn't run is there, at least."""
+        for script in re.findall(r"(?:^|\s)((?:\./|tools/|bench/|fuzz/)[\w/-]*\.sh)\b", code):
+            if not os.access(self.source / script, os.X_OK):
+                self.problems.append(f"{name}: {script} isn't a program")
 
     def finish(self):
         self.problems += [f"{name}: no block begins with {line}" for name, line in self.listed]
