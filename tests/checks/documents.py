@@ -207,6 +207,20 @@ def check_options(program, texts):
                 yield f"{name}: {program.name} {option} is missing"
 
 
+# Messages
+
+
+def check_messages(source, texts):
+    """What the manual quotes is what the program says; an ellipsis stands for what differs from run to run."""
+    code = "".join(path.read_text(encoding="utf-8") for pattern in ("**/*.cpp", "**/*.h") for path in (source / "src").glob(pattern))
+    section = texts["docs/manual.ja.md"].split("\n## メッセージ\n", 1)[1].split("\n## ", 1)[0]
+    for message in re.findall(r"^\| (?!メッセージ)([^|-][^|]*) \|", section, re.M):
+        for part in re.split(r"…|（|: (?!%)|, ", message):
+            part = part.strip(" :")
+            if part not in code:
+                yield f"docs/manual.ja.md: no program says {part}"
+
+
 class Program:
     def __init__(self, name, path):
         self.name, self.path = name, pathlib.Path(path).resolve()
@@ -224,6 +238,7 @@ def main():
         commands.run(name, text)
     commands.finish()
     problems += check_links(source, texts)
+    problems += check_messages(source, texts)
     for program in programs:
         problems += check_options(program, texts)
     for folder in pages:

@@ -23,8 +23,14 @@ ROUTE_NAME = "線形名,線形1"
 RIVER = {"designGmType": "河川", "riverClassification": "1級", "side": "右岸", "alignments": [{"normalCrown": "2.0"}]}
 
 # What becomes of the settings.
-AS_THEY_ARE = lambda settings: None
-UNTOUCHED_ROUTE = lambda settings: settings.pop("routes")
+
+
+def as_they_are(_):
+    pass
+
+
+def untouched_route(settings):
+    del settings["routes"]
 
 
 def project(**values):
@@ -64,29 +70,29 @@ def beyond(item, bounds="0.0010から9999.9990"):
 
 CASES = [
     Case(["プロジェクト名称が入力されていません。"], project(projectName=""), project(projectName="業務")),
-    Case(["測地原子が入力されていません。", "水平座標系が入力されていません。"], AS_THEY_ARE, AS_THEY_ARE, (DATUM, "Datum"), True),
-    Case(["水平座標系が入力されていません。"], AS_THEY_ARE, AS_THEY_ARE, (ZONE, "No. (9)"), True),
+    Case(["測地原子が入力されていません。", "水平座標系が入力されていません。"], as_they_are, as_they_are, (DATUM, "Datum"), True),
+    Case(["水平座標系が入力されていません。"], as_they_are, as_they_are, (ZONE, "No. (9)"), True),
     Case(["座標系がJGD2024なので出力バージョンを1.6以下にしないでください。"], project(applicationCriterion="1.6"),
          project(applicationCriterion="1.7"), (DATUM, "Japan Geodetic Datum 2024")),
-    Case(["道路の規格・等級が入力されていません。"], lambda settings: settings["routes"][0].pop("roadClassification"), AS_THEY_ARE),
+    Case(["道路の規格・等級が入力されていません。"], lambda settings: settings["routes"][0].pop("roadClassification"), as_they_are),
     Case(["河川の規格・等級が入力されていません。"], river("riverClassification"), river(None)),
     Case(["左右岸区分が入力されていません。"], river("side"), river(None)),
     Case(["設計交通量が入力されていません。"], route(trafficVolume=""), route(trafficVolume="8500")),
-    Case(["設計交通量は数値を入力してください。"], UNTOUCHED_ROUTE, route(trafficVolume="8500"), (VOLUME, "設計交通量 = 8,500台 ")),
-    Case([beyond("設計交通量", "0.0000から999999.0000")], UNTOUCHED_ROUTE, route(trafficVolume="8500"),
+    Case(["設計交通量は数値を入力してください。"], untouched_route, route(trafficVolume="8500"), (VOLUME, "設計交通量 = 8,500台 ")),
+    Case([beyond("設計交通量", "0.0000から999999.0000")], untouched_route, route(trafficVolume="8500"),
          (VOLUME, "設計交通量 = 1000000 ")),
-    Case(["設計交通量は小数第10位までの値を入力してください。"], UNTOUCHED_ROUTE, route(trafficVolume="8500"),
+    Case(["設計交通量は小数第10位までの値を入力してください。"], untouched_route, route(trafficVolume="8500"),
          (VOLUME, "設計交通量 = 0.12345678901 ")),
-    Case(["主測点間隔が入力されていません。"], AS_THEY_ARE, alignment(mainInterval="20"), (INTERVAL, "")),
+    Case(["主測点間隔が入力されていません。"], as_they_are, alignment(mainInterval="20"), (INTERVAL, "")),
     Case([beyond("主測点間隔")], alignment(mainInterval="0"), alignment(mainInterval="20"), (INTERVAL, "")),
-    Case([beyond("主測点間隔")], AS_THEY_ARE, AS_THEY_ARE, (INTERVAL, "主測点間隔 = 20000 "), True),
+    Case([beyond("主測点間隔")], as_they_are, as_they_are, (INTERVAL, "主測点間隔 = 20000 "), True),
     Case([beyond("副測点間隔")], alignment(subInterval="0"), alignment(subInterval="")),
     Case(["直線部横断勾配が入力されていません。"], alignment(normalCrown=""), alignment(normalCrown="", useSlopeList=True)),
-    Case([beyond("直線部横断勾配")], alignment(normalCrown="0"), AS_THEY_ARE),
-    Case([beyond("直線部横断勾配")], UNTOUCHED_ROUTE, AS_THEY_ARE, (INTERVAL, INTERVAL + "直線部横断勾配 = -2.0 ")),
-    Case(["中間点の参照線形が入力されていません。", "幅杭の参照線形が入力されていません。"], AS_THEY_ARE, references,
+    Case([beyond("直線部横断勾配")], alignment(normalCrown="0"), as_they_are),
+    Case([beyond("直線部横断勾配")], untouched_route, as_they_are, (INTERVAL, INTERVAL + "直線部横断勾配 = -2.0 ")),
+    Case(["中間点の参照線形が入力されていません。", "幅杭の参照線形が入力されていません。"], as_they_are, references,
          (ROUTE_NAME, "線形名,")),
-    Case(["注記が入力されていません。"], lambda settings: settings.pop("widthStakes"), AS_THEY_ARE),
+    Case(["注記が入力されていません。"], lambda settings: settings.pop("widthStakes"), as_they_are),
 ]
 
 # Values of an alignment that can't be given, whatever the finding would be.

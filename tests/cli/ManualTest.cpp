@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "dialog/DialogFields.h"
 #include "inspect/Printing.h"
 #include "support/RunFixture.h"
@@ -204,6 +205,19 @@ TEST_F(ManualTest, NamesWhatStandsInTheDialog)
         EXPECT_NE(manual.find(Utf8FromWide(control.caption)), std::string::npos) << Utf8FromWide(control.caption);
     }
     EXPECT_NE(manual.find(Utf8FromWide(convert_dlg::TEMPLATE.caption)), std::string::npos);
+}
+
+TEST_F(ManualTest, QuotesWarningsAsTheyAreTold)
+{
+    std::set<std::string> told;
+    for (const WarningText& warning : WarningTexts())
+    {
+        told.insert(Utf8FromWide(warning.text));
+    }
+    for (const std::vector<std::string>& row : RowsOfTables(SectionOfManual("警告と対処")))
+    {
+        EXPECT_TRUE(told.contains(row.front())) << row.front();
+    }
 }
 
 TEST_F(ManualTest, ListsTheChecksOfFinishedFiles)
