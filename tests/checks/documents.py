@@ -207,6 +207,32 @@ def check_options(program, texts):
                 yield f"{name}: {program.name} {option} is missing"
 
 
+# What becomes of elements
+
+# They carry values and are named with what these are.
+CARRIERS = {"Feature", "Property", "value"}
+# A class of a list's rows, which are no elements.
+NO_ELEMENTS = {"Widening"}
+
+
+def check_elements(commands, program, texts):
+    """The manual names each element that a class stands for, and all that changes in the examples."""
+    section = texts["docs/manual.ja.md"].split("\n## 作業ファイルの要素の扱い\n", 1)[1].split("\n## ", 1)[0]
+    named = set(re.findall(r"`([\w.]+)", section))
+    headers = "".join(path.read_text(encoding="utf-8") for path in (commands.source / "src/model").glob("*.h"))
+    wanted = set(re.findall(r'GetElementName\(\) const override \{ return L"(\w+)"', headers)) - NO_ELEMENTS
+    for example in ("road", "river", "two-routes"):
+        folder, changes = commands.source / "examples" / example, commands.scratch / f"{example}.jsonl"
+        subprocess.run([program.path, folder, "-s", folder / "settings.json", "-o", commands.scratch / "out.xml", "--quiet",
+                        "--changes", changes], check=True, stdout=subprocess.DEVNULL)
+        for line in changes.read_text(encoding="utf-8").splitlines():
+            change = json.loads(line)
+            feature = re.match(r'<Feature name="(\w+)"', change.get("new", ""))
+            wanted.add(feature.group(1) if feature else change["name"])
+    for name in sorted(wanted - named - CARRIERS):
+        yield f"docs/manual.ja.md: {name} is missing where it says what becomes of elements"
+
+
 # Messages
 
 
@@ -239,6 +265,7 @@ def main():
     commands.finish()
     problems += check_links(source, texts)
     problems += check_messages(source, texts)
+    problems += check_elements(commands, programs[0], texts)
     for program in programs:
         problems += check_options(program, texts)
     for folder in pages:
