@@ -5,7 +5,7 @@
 
 Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it; what
 another test runs or nobody can run here is listed below with the reason. Options stand in the manual and both READMEs, links
-lead somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
+and paths lead somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
 """
 
 import html.parser
@@ -158,6 +158,19 @@ def check_links(source, texts):
                 yield f"{name}: {target}: no such heading"
 
 
+# Names of files that somebody is told to make.
+PLACEHOLDERS = {"src/model/FViewName.h", "tests/model/FViewNameTest.cpp"}
+FOLDERS = "bench|cmake|docs|examples|fuzz|include|packaging|src|tests|tools"
+
+
+def check_paths(source, texts):
+    """Files and folders of the project that prose names are there."""
+    for name, text in texts.items():
+        for path in re.findall(rf"`((?:(?:{FOLDERS})/|\./)[\w./-]+)[` ]", FENCED.sub("", text)):
+            if path not in PLACEHOLDERS and not (source / path).exists():
+                yield f"{name}: {path} isn't there"
+
+
 class Page(html.parser.HTMLParser):
     def __init__(self, path):
         super().__init__()
@@ -264,6 +277,7 @@ def main():
         commands.run(name, text)
     commands.finish()
     problems += check_links(source, texts)
+    problems += check_paths(source, texts)
     problems += check_messages(source, texts)
     problems += check_elements(commands, programs[0], texts)
     for program in programs:

@@ -199,7 +199,7 @@ TEST_F(ManualTest, TellsOfEachFieldWhatItMeansAndWhereItGoes)
 
 TEST_F(ManualTest, NamesWhatStandsInTheDialog)
 {
-    const std::string manual = JapaneseManual();
+    const std::string& manual = JapaneseManual();
     for (const ControlTemplate& control : convert_dlg::TEMPLATE.controls)
     {
         EXPECT_NE(manual.find(Utf8FromWide(control.caption)), std::string::npos) << Utf8FromWide(control.caption);
