@@ -3,6 +3,7 @@
 #
 #   ./run.sh                      converts examples/road
 #   ./run.sh FOLDER [OPTIONS]     converts another folder; the options go to jlandxml-convert
+#   ./run.sh --install PREFIX     installs programs, module and documents below PREFIX
 set -euo pipefail
 start=$PWD
 cd "$(dirname "$0")"
@@ -13,6 +14,11 @@ tools/setup.sh --build >&2
 cmake --build build/release --target all -- --quiet >&2
 program=$PWD/build/release/src/jlandxml-convert
 
+if [ "${1:-}" = --install ]; then
+    prefix=${2:?a folder to install into is missing}
+    [[ $prefix = /* ]] || prefix=$start/$prefix
+    exec cmake --install build/release --prefix "$prefix" --strip
+fi
 if [ $# -gt 0 ]; then
     cd "$start"
     exec "$program" "$@"

@@ -2,7 +2,10 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "cli/Paths.h"
 #include "run/module/ExecuteQuorvane.h"
+
+#include <filesystem>
 
 #ifdef _WIN32
 #include <array>
@@ -20,6 +23,9 @@ namespace
 
 constexpr const char* EXPORTED_NAME = "ExecuteQuorvane";
 
+/// Where the module may be, as seen from the program's folder: beside it, and where the two are installed.
+constexpr const char* MODULE_FOLDERS[] = {"", JLANDXML_MODULE_FOLDER};
+
 #ifdef _WIN32
 
 constexpr const wchar_t* MODULE_NAME = L"JLandXmlConvert.dll";
@@ -35,7 +41,10 @@ std::wstring ThisProgram()
 class Module
 {
   public:
-    explicit Module(const std::wstring& path) : handle_(LoadLibraryW(path.c_str())) {}
+    /// What the module needs of the system comes from the system's folder, whatever lies beside it.
+    explicit Module(const std::wstring& path)
+        : handle_(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32))
+    {}
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
     ~Module()
@@ -107,12 +116,31 @@ std::wstring ProgramPath()
 
 std::wstring ModulePath()
 {
-    return std::wstring(FolderOf(ProgramPath())) + MODULE_NAME;
+    const std::filesystem::path programs = PathOf(FolderOf(ProgramPath()));
+    std::wstring beside;
+    for (const char* const folder : MODULE_FOLDERS)
+    {
+        const std::u8string path =
+            (programs / folder / PathOf(MODULE_NAME)).lexically_normal().make_preferred().u8string();
+        const std::wstring wide = WideFromUtf8(std::string(path.begin(), path.end()));
+        if (PathExists(wide))
+        {
+            return wide;
+        }
+        beside = beside.empty() ? wide : beside;
+    }
+    return beside;
 }
 
 ModuleCall CallModule(const std::wstring& workFolder, std::int32_t routeCount)
 {
-    const Module module(ModulePath());
+    const std::wstring path = ModulePath();
+    // A program that doesn't know where it is would have the current folder searched, which anybody may have filled.
+    if (!PathOf(path).is_absolute())
+    {
+        return ModuleCall::NotLoaded;
+    }
+    const Module module(path);
     const ExecuteQuorvaneFunction function = module.Find();
     if (function == nullptr)
     {

@@ -9,7 +9,8 @@ namespace jlandxml
 /// The path of this program.
 std::wstring ProgramPath();
 
-/// The path of the module: beside the program.
+/// The path of the module: beside the program, else where it is installed. Neither is found by way of the current
+/// folder. Where it is in none of the places: the path beside the program.
 std::wstring ModulePath();
 
 /// What became of a call of the module.

@@ -7,6 +7,10 @@
 #include <exception>
 #include <new>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace jlandxml
 {
 
@@ -51,11 +55,20 @@ __attribute__((constructor(101))) void TellWantOfMemory()
 }
 #endif
 
+/// What is loaded later without a path, by the system's own dialogs too, comes from the system's folder.
+void SearchSystemFolderOnly()
+{
+#ifdef _WIN32
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+#endif
+}
+
 } // namespace
 
 int RunProgram(int count, char** values, int (*run)(const std::vector<std::wstring>& arguments))
 {
     std::set_terminate(Terminate);
+    SearchSystemFolderOnly();
     try
     {
         const std::optional<std::vector<std::wstring>> arguments = Arguments(count, values);
