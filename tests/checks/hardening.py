@@ -1,0 +1,74 @@
+"""The programs and the module bear what distributions ask of programs that read files of any origin.
+
+    hardening.py FILE...
+"""
+import re
+import subprocess
+import sys
+
+# What Windows itself loads from the system's folder, whatever lies beside a program; the controls come from the system's
+# store of assemblies, by the manifest.
+SYSTEM_LIBRARIES = {"ADVAPI32.dll", "COMCTL32.dll", "comdlg32.dll", "KERNEL32.dll", "msvcrt.dll", "SHELL32.dll", "USER32.dll"}
+
+HIGH_ENTROPY, DYNAMIC_BASE, NX = 0x20, 0x40, 0x100
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, check=True, encoding="utf-8", errors="replace").stdout
+
+
+def elf_faults(path):
+    headers = output("readelf", "-Wlhd", path)
+    symbols = output("readelf", "-Ws", "--dyn-syms", path)
+    code = output("objdump", "-d", "--no-show-raw-insn", path)
+    is_x86 = "X86-64" in headers
+    rules = {
+        "position independent": re.search(r"Type:\s+DYN", headers),
+        "relocations read-only": "GNU_RELRO" in headers,
+        "bound at once": re.search(r"FLAGS.*\bBIND_NOW\b|FLAGS_1.*\bNOW\b", headers),
+        "stack not executable": re.search(r"GNU_STACK.* RW ", headers),
+        "nothing writable and executable": not re.search(r"LOAD.* RWE ", headers),
+        "stack protector": "__stack_chk_fail" in symbols,
+        "checked functions": re.search(r"__\w+_chk\b(?<!__stack_chk)", symbols.replace("__stack_chk_fail", "")),
+        "control flow": not is_x86 or code.count("endbr64") > 1000,
+        "no folder of libraries of its own": not re.search(r"RPATH|RUNPATH", headers),
+    }
+    return [rule for rule, holds in rules.items() if not holds]
+
+
+def pe_faults(path):
+    headers = output("x86_64-w64-mingw32-objdump", "-p", "-h", path)
+    characteristics = int(re.search(r"DllCharacteristics\s+([0-9a-f]+)", headers).group(1), 16)
+    imports = set(re.findall(r"DLL Name: (\S+)", headers))
+    with open(path, "rb") as file:
+        content = file.read()
+    rules = {
+        "anywhere in memory": characteristics & DYNAMIC_BASE,
+        "anywhere in all of memory": characteristics & HIGH_ENTROPY,
+        "data not executable": characteristics & NX,
+        "can be moved": ".reloc" in headers,
+        "no debug sections": ".debug" not in headers,
+        "stack protector": b"stack smashing detected" in content,
+        "system libraries only": imports and imports <= SYSTEM_LIBRARIES,
+        "a manifest": b"urn:schemas-microsoft-com:asm.v1" in content,
+        "a version for Japanese": "041104B0".encode("utf-16-le") in content,
+        "a version for everybody else": "040904B0".encode("utf-16-le") in content,
+        "no time of linking": re.search(r"Time/Date\s+(Thu Jan  1 00:00:00 1970|0)", headers),
+    }
+    if path.endswith(".exe"):
+        rules["later libraries from the system's folder"] = b"SetDefaultDllDirectories" in content
+        rules["long paths"] = b"longPathAware" in content
+    return [rule for rule, holds in rules.items() if not holds]
+
+
+def main(paths):
+    failed = False
+    for path in paths:
+        for fault in pe_faults(path) if path.endswith((".exe", ".dll")) else elf_faults(path):
+            print(f"{path}: {fault}: no")
+            failed = True
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
