@@ -24,6 +24,7 @@ TIME_LIMIT = 300
 ELSEWHERE = {
     "docs/batch.md": "tests/cli/batch.py runs them, on folders of which one is broken",
     "docs/performance.md": "benchmarks, of half an hour and on a quiet machine",
+    "docs/hosts.md": "tests/checks/installed.py builds hosts like that",
     "CONTRIBUTING.md": "builds and tests of the whole, which the continuous build runs",
 }
 # Blocks that aren't run, by document and first line.
@@ -32,6 +33,10 @@ NOT_RUN = {
         "sets the machine up and builds: the continuous build begins like that",
     ("README.ja.md", "./run.sh      # 準備、ビルド、examples/roadの変換を行い、出力ファイルの場所を表示します"):
         "sets the machine up and builds: the continuous build begins like that",
+    ("README.md", "./run.sh --install PREFIX     # programs, module, header, manual pages, completions, documents and examples"):
+        "tests/checks/installed.py installs, and the continuous build packs",
+    ("README.ja.md", "./run.sh --install PREFIX     # プログラム、モジュール、ヘッダー、manページ、シェルの補完、説明書、例"):
+        "tests/checks/installed.py installs, and the continuous build packs",
 }
 # What a reader fills in where printed settings hold null.
 COMPLETED = {"roadClassification": "第3種第2級", "normalCrown": "2.0", "desc": "用地境界（右）", "alignmentRefs": "線形1",

@@ -1,0 +1,42 @@
+# Gives what goes into a package the form that the package wants. CPack runs it once for each package, after the files were
+# installed into a folder and before they are packed.
+cmake_minimum_required(VERSION 3.25)
+
+set(root ${CPACK_TEMPORARY_DIRECTORY})
+
+function(run)
+    execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${root} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# Debian's manual pages and logs of changes are compressed, the notices have one name, and zsh and pkg-config look elsewhere.
+function(prepare_debian_package)
+    set(documents ${root}/usr/share/doc/jlandxml-convert)
+    file(RENAME ${root}/usr/share/zsh/site-functions ${root}/usr/share/zsh/vendor-completions)
+    file(READ ${root}/usr/lib/pkgconfig/jlandxmlconvert.pc pkgconfig)
+    string(REPLACE "pcfiledir}/.." "pcfiledir}/../.." pkgconfig "${pkgconfig}") # one folder deeper
+    file(REMOVE_RECURSE ${root}/usr/lib/pkgconfig)
+    file(WRITE ${root}/usr/lib/${CPACK_LIBRARY_ARCHITECTURE}/pkgconfig/jlandxmlconvert.pc "${pkgconfig}")
+    file(READ ${documents}/NOTICES.txt notices)
+    file(WRITE ${documents}/copyright
+        "Copyright: the authors of the J-LandXML converter. They have chosen no licence yet: all rights are theirs.\n\n${notices}")
+    file(REMOVE ${documents}/NOTICES.txt)
+    file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
+    string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+    file(WRITE ${documents}/changelog.Debian
+        "jlandxml-convert (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) unstable; urgency=medium\n\n"
+        "  * Changes are told in changelog.gz.\n\n -- ${CPACK_PACKAGE_CONTACT}  ${date}\n")
+    file(MAKE_DIRECTORY ${root}/usr/share/lintian/overrides)
+    file(COPY_FILE ${CPACK_PACKAGING_FOLDER}/debian/lintian-overrides ${root}/usr/share/lintian/overrides/jlandxml-convert)
+    file(GLOB_RECURSE pages ${root}/usr/share/man/*.1)
+    run(gzip -9n ${documents}/changelog ${documents}/changelog.Debian ${pages})
+    run(chmod -R go-w,a+rX .)
+endfunction()
+
+if(CPACK_GENERATOR STREQUAL DEB)
+    prepare_debian_package()
+endif()
+
+# The times of building would make two packages of one commit differ.
+if(DEFINED ENV{SOURCE_DATE_EPOCH})
+    run(find . -exec touch --no-dereference --date=@$ENV{SOURCE_DATE_EPOCH} {} +)
+endif()
