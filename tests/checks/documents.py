@@ -4,8 +4,9 @@
     documents.py SOURCE CONVERT INSPECT SCRATCH [PAGES]
 
 Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it; what
-another test runs or nobody can run here is listed below with the reason. Options stand in the manual and both READMEs, links
-and paths lead somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
+another test runs or nobody can run here is listed below with the reason. A block of JSON that bears a file's name is there as
+that file. Options stand in the manual and both READMEs, links and paths lead somewhere, and blocks of JSON are JSON. PAGES is
+the folder of the manual's pages, where those were made.
 """
 
 import html.parser
@@ -94,6 +95,9 @@ class Commands:
         place = None
         for language, code in blocks(text):
             key = (name, code.split("\n", 1)[0])
+            if language.startswith("json "):
+                place = place or self.prepare(name)
+                (place / language.removeprefix("json ")).write_text(code, encoding="utf-8")
             if language != "sh":
                 continue
             if name in ELSEWHERE or key in NOT_RUN:
@@ -127,7 +131,7 @@ def check_blocks(name, text):
     for language, code in blocks(text):
         if not language:
             yield f"{name}: a code block without its language: {code.splitlines()[0]}"
-        if language == "json":
+        if language.startswith("json"):
             try:
                 json.loads(code)
             except json.JSONDecodeError as error:
