@@ -84,6 +84,11 @@ std::wstring TextOfHeight(const std::optional<Line>& line, double station, int d
 
 } // namespace
 
+double ProfilePoint::CurveRadius() const
+{
+    return radius > 0 ? radius : (lengthIn + lengthOut) / std::abs(gradientOut - gradientIn);
+}
+
 ProfileLine::ProfileLine(const ProfAlign& profile)
 {
     for (const ProfileElement& element : profile.elements)
@@ -142,9 +147,9 @@ const Figure* ProfileLine::OwnHeightAt(double station) const
     return isThere && !at->HasCurve() ? &at->element->height : nullptr;
 }
 
-GroundLine::GroundLine(const ProfSurf& ground)
+GroundLine::GroundLine(const std::vector<PairList>& lists)
 {
-    for (const PairList& list : ground.lists)
+    for (const PairList& list : lists)
     {
         bool isConnected = false;
         for (const FigurePair& pair : list.pairs)

@@ -22,6 +22,8 @@ struct ProfilePoint
     const ProfileElement* element;
 
     bool HasCurve() const { return lengthIn > 0 || lengthOut > 0; }
+    /// L / |g2 - g1|, of a circle its own.
+    double CurveRadius() const;
     double CurveStart() const { return station - lengthIn; }
     double CurveEnd() const { return station + lengthOut; }
 };
@@ -47,12 +49,13 @@ class ProfileLine
     bool isRising_ = true;
 };
 
-/// A ground line: straight between its points, with gaps between its lists.
+/// A ground line of a profile or, with offsets in the place of stations, of a cross section: straight between its
+/// points, with gaps between its lists.
 class GroundLine
 {
   public:
     /// Points that don't lie behind those before them are left out.
-    explicit GroundLine(const ProfSurf& ground);
+    explicit GroundLine(const std::vector<PairList>& lists);
 
     /// The height at a station; nothing outside the line and in its gaps.
     std::optional<double> HeightAt(double station) const;

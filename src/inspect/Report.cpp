@@ -142,8 +142,8 @@ class PageWriter
                 {
                     page_.Raw("<figure");
                     DrawId(drawing_, section.line);
-                    page_.Raw("><figcaption>").Text(NameOf(section)).Text(L"　" + std::wstring(section.station.text));
-                    page_.Raw(" m</figcaption>");
+                    page_.Raw("><figcaption>").Text(section.name).Text(L"　" + std::wstring(section.station.text));
+                    page_.Raw(" m").Text(CentreHeights(alignment, section)).Raw("</figcaption>");
                     DrawCrossSection(drawing_, alignment, section);
                     page_.Raw("</figure>");
                 }
@@ -170,7 +170,13 @@ class PageWriter
 
     void WriteTable(const Table& table)
     {
-        page_.Raw("<section>").Words("h2", table.title, EnglishOf(table.title)).Raw("<table><thead><tr>");
+        page_.Raw("<section>").Words("h2", table.title, EnglishOf(table.title));
+        if (table.rows.empty())
+        {
+            page_.Words("p", L"このファイルにはありません。", L"There are none in this file.").Raw("</section>");
+            return;
+        }
+        page_.Raw("<table><thead><tr>");
         for (const wchar_t* const column : table.columns)
         {
             page_.Words("th", column, EnglishOf(column));

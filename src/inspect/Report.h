@@ -26,6 +26,10 @@ struct Drawing
 /// The id of what stands at a line of the file; nothing the second time.
 void DrawId(Drawing& drawing, std::size_t line);
 
+/// A bar of 1, 2 or 5 times a power of ten metres, about a sixth of a drawing whose unit is the metre and whose lower
+/// left corner and width are given.
+void DrawScaleBar(Html& page, double left, double bottom, double width);
+
 /// What all plans show in the same place: the surfaces' outlines and contours, hidden, to be used by each.
 void DrawSurfaces(Drawing& drawing, const LandXmlFile& file);
 
@@ -34,6 +38,10 @@ void DrawPlan(Drawing& drawing, const LandXmlFile& file, const Alignment& alignm
 
 /// Its profile, with the bands below it.
 void DrawProfile(Drawing& drawing, const Alignment& alignment);
+
+/// The heights at a section's centre line, FH of the design profile and GH of the first ground line, behind a blank;
+/// those that there are.
+std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section);
 
 /// A cross section, with its heights as elevations where the profile gives one to stand on.
 void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section);

@@ -78,7 +78,7 @@ class PlanDrawer
         DrawMainPoints();
         DrawPoints();
         DrawStations();
-        DrawScale();
+        DrawScaleBar(page_, left_, bottom_, width_);
         page_.Raw("</svg>");
     }
 
@@ -89,7 +89,7 @@ class PlanDrawer
         y_.Take(corner_.Y(north));
     }
 
-    /// The view holds the alignment and its points; surfaces may reach beyond.
+    /// The view holds the alignment and its points; surfaces and control points may lie beyond.
     void MeasureView()
     {
         for (const PlanElement& element : alignment_.elements)
@@ -97,16 +97,21 @@ class PlanDrawer
             Take(element.start.north.value, element.start.east.value);
             Take(element.end.north.value, element.end.east.value);
         }
-        ForEachPoint(
-            [this](const PointGroup&, const CgPoint& point) { Take(point.point.north.value, point.point.east.value); });
+        ForEachPoint([this](const PointGroup& group, const CgPoint& point) {
+            if (!group.alignmentRefs.empty())
+            {
+                Take(point.point.north.value, point.point.east.value);
+            }
+        });
     }
 
+    /// The points of the alignment's groups and of those that belong to none, such as control points.
     template <class Visit>
     void ForEachPoint(Visit&& visit) const
     {
         for (const PointGroup& group : file_.pointGroups)
         {
-            if (group.alignmentRefs == alignment_.name)
+            if (group.alignmentRefs == alignment_.name || group.alignmentRefs.empty())
             {
                 for (const CgPoint& point : group.points)
                 {
@@ -207,8 +212,10 @@ class PlanDrawer
     {
         for (const PlanElement& element : alignment_.elements)
         {
-            DrawMainPoint(element.start, false);
-            DrawMainPoint(element.end, &element == &alignment_.elements.back());
+            const bool isLast = &element == &alignment_.elements.back();
+            DrawMainPoint(element.start, !element.start.name.empty());
+            DrawMainPoint(element.end,
+                          isLast || (!element.end.name.empty() && (&element)[1].start.name != element.end.name));
         }
         for (const PlanPoint& point : alignment_.intersections)
         {
@@ -221,8 +228,8 @@ class PlanDrawer
         }
     }
 
-    /// Only a start is drawn, since the end before it lies there too; an end has its id all the same.
-    void DrawMainPoint(const PlanPoint& point, bool isLast)
+    /// As a rule an end lies where the next start does and has its name: then it isn't named again.
+    void DrawMainPoint(const PlanPoint& point, bool isNamed)
     {
         if (!point.IsPlaced())
         {
@@ -234,7 +241,7 @@ class PlanDrawer
         Place(point);
         page_.Raw("h0\"><title>").Text(point.name).Text(L"\nX=").Text(point.north.text).Text(L"\nY=");
         page_.Text(point.east.text).Raw("</title></path>");
-        if (isLast || !point.name.empty())
+        if (isNamed)
         {
             Label(point.north.value, point.east.value, "name", point.name);
         }
@@ -295,6 +302,11 @@ class PlanDrawer
         }
     }
 
+    static const char* ClassOf(const PointGroup& group)
+    {
+        return group.IsWidthStakes() ? "stake" : group.IsIntermediate() ? "intermediate" : "control";
+    }
+
     void DrawPoints()
     {
         ForEachPoint([this](const PointGroup& group, const CgPoint& one) {
@@ -303,7 +315,7 @@ class PlanDrawer
             {
                 return;
             }
-            page_.Raw("<path class=\"").Raw(group.IsWidthStakes() ? "stake" : "intermediate").Raw("\"");
+            page_.Raw("<path class=\"").Raw(ClassOf(group)).Raw("\"");
             DrawId(drawing_, point.line);
             page_.Raw(" d=\"M");
             Place(point);
@@ -311,18 +323,6 @@ class PlanDrawer
             page_.Text(L"\nY=").Text(point.east.text).Text(L"\nH=").Text(point.height.text).Raw("</title></path>");
             Label(point.north.value, point.east.value, "point", point.name);
         });
-    }
-
-    /// A bar of 1, 2 or 5 times a power of ten metres, about a sixth of the view.
-    void DrawScale()
-    {
-        const double power = std::pow(10, std::floor(std::log10(width_ / 6)));
-        const double length = power * (width_ / 6 >= 5 * power ? 5 : width_ / 6 >= 2 * power ? 2 : 1);
-        const double x = left_ + width_ * 0.02;
-        const double y = bottom_ - width_ * 0.015;
-        page_.Raw("<path class=\"scale\" d=\"M").Number(x).Raw(" ").Number(y).Raw("h").Number(length).Raw("\"/>");
-        page_.Raw("<text class=\"scale\" x=\"").Number(x).Raw("\" y=\"").Number(y - width_ * 0.005).Raw("\">");
-        page_.Number(length).Raw(" m</text>");
     }
 
     Drawing& drawing_;
@@ -356,6 +356,17 @@ void DrawId(Drawing& drawing, std::size_t line)
     {
         drawing.page.Raw(" id=\"l").Number(static_cast<double>(line), 0).Raw("\"");
     }
+}
+
+void DrawScaleBar(Html& page, double left, double bottom, double width)
+{
+    const double power = std::pow(10, std::floor(std::log10(width / 6)));
+    const double length = power * (width / 6 >= 5 * power ? 5 : width / 6 >= 2 * power ? 2 : 1);
+    const double x = left + width * 0.02;
+    const double y = bottom - width * 0.015;
+    page.Raw("<path class=\"scale\" d=\"M").Number(x).Raw(" ").Number(y).Raw("h").Number(length).Raw("\"/>");
+    page.Raw("<text class=\"scale\" x=\"").Number(x).Raw("\" y=\"").Number(y - width * 0.005).Raw("\">");
+    page.Number(length).Raw(" m</text>");
 }
 
 void DrawSurfaces(Drawing& drawing, const LandXmlFile& file)

@@ -1,5 +1,6 @@
 // Profiles with the bands under them, as they are drawn in Japan: heights drawn out to the height of the graph, and
-// below, to the same stations, heights, stations, the curves of the plan, superelevation and widening.
+// below, to the same stations, gradients, heights, fill and cut, distances, stations, the curves of the plan,
+// superelevation and widening.
 
 #include "base/Numbers.h"
 #include "inspect/Course.h"
@@ -22,9 +23,10 @@ namespace
 
 // Sizes on the sheet, in pixels.
 constexpr double LEFT = 110;
-constexpr double TOP = 20;
+constexpr double TOP = 30;
 constexpr double GRAPH = 300;
-constexpr double TEXT_BAND = 62;
+constexpr double TEXT_BAND = 52;
+constexpr int TEXT_BANDS = 7; ///< heights, fill, cut, distances, stations
 constexpr double DIAGRAM_BAND = 70;
 constexpr double STATION_GAP = 26; ///< between main stations, so that texts on end stand apart
 constexpr double NARROWEST = 900;
@@ -34,6 +36,7 @@ constexpr double WIDEST = 20000;
 constexpr double TEXT_GAP = 13;
 
 constexpr int HEIGHT_DECIMALS = 3;
+constexpr int DISTANCE_DECIMALS = 3;
 
 class ProfileDrawer
 {
@@ -59,7 +62,9 @@ class ProfileDrawer
         width_ = LEFT + graph + 30;
         MeasureHeights();
         page_.Raw("<svg class=\"profile\" width=\"").Number(width_, 0).Raw("\" height=\"").Number(Height(), 0);
-        page_.Raw("\" viewBox=\"0 0 ").Number(width_, 0).Raw(" ").Number(Height(), 0).Raw("\">");
+        page_.Raw("\" viewBox=\"0 0 ").Number(width_, 0).Raw(" ").Number(Height(), 0);
+        TellScales();
+        page_.Raw("\">");
         DrawGrid();
         DrawGrounds();
         DrawDesigns();
@@ -73,8 +78,18 @@ class ProfileDrawer
 
     double Height() const
     {
-        const int diagrams = 1 + (HasSlopes() ? 1 : 0) + (HasWidening() ? 1 : 0);
-        return TOP + GRAPH + 3 * TEXT_BAND + diagrams * DIAGRAM_BAND + 20;
+        const int diagrams = 2 + (HasSlopes() ? 1 : 0) + (HasWidening() ? 1 : 0);
+        return TOP + GRAPH + TEXT_BANDS * TEXT_BAND + diagrams * DIAGRAM_BAND + 20;
+    }
+
+    /// By which pixels are stations and heights again: a place and what is there, and the pixels of a metre.
+    void TellScales()
+    {
+        constexpr int DECIMALS = 9;
+        page_.Raw("\" data-x=\"").Number(LEFT).Raw("\" data-station=\"").Number(course_.StaStart(), DECIMALS);
+        page_.Raw("\" data-along=\"").Number(scale_, DECIMALS).Raw("\" data-y=\"").Number(TOP + GRAPH);
+        page_.Raw("\" data-height=\"").Number(lowest_, DECIMALS).Raw("\" data-up=\"");
+        page_.Number(GRAPH / (highest_ - lowest_), DECIMALS);
     }
 
     double X(double station) const { return LEFT + (station - course_.StaStart()) * scale_; }
@@ -146,6 +161,7 @@ class ProfileDrawer
         {
             Line("grid", X(station), TOP, X(station), TOP + GRAPH);
         }
+        page_.Words("text class=\"axis\" x=\"10\" y=\"16\"", L"標高（m）", L"Elevation (m)");
     }
 
     void DrawGrounds()
@@ -256,11 +272,10 @@ class ProfileDrawer
             if (point.HasCurve())
             {
                 const double length = point.lengthIn + point.lengthOut;
-                const double change = std::abs(point.gradientOut - point.gradientIn);
                 Label("curvature", X(point.station),
                       Y(point.height) + (point.gradientOut < point.gradientIn ? -10 : 20),
                       L"VCL=" + OwnOr(point.element->length, length) + L" VCR=" +
-                          OwnOr(point.element->radius, length / change));
+                          OwnOr(point.element->radius, point.CurveRadius()));
             }
         }
     }
@@ -276,13 +291,24 @@ class ProfileDrawer
         {
             if (!ground && !profile.grounds.empty())
             {
-                ground.emplace(profile.grounds.front());
+                ground.emplace(profile.grounds.front().lists);
             }
         }
+        const auto fill = [&](double station) -> std::optional<double> {
+            const std::optional<double> road = line ? line->HeightAt(station) : std::nullopt;
+            const std::optional<double> soil = ground ? ground->HeightAt(station) : std::nullopt;
+            return road && soil ? std::optional(*road - *soil) : std::nullopt;
+        };
         double top = TOP + GRAPH;
+        GradientBand(top, line);
         TextBand(top, L"計画高", L"Design", [&](double station) { return HeightText(line, station, HEIGHT_DECIMALS); });
         TextBand(top, L"地盤高", L"Ground",
                  [&](double station) { return HeightText(ground, station, HEIGHT_DECIMALS); });
+        TextBand(top, L"盛土高", L"Fill", [&](double station) { return Positive(fill(station), 1); });
+        TextBand(top, L"切土高", L"Cut", [&](double station) { return Positive(fill(station), -1); });
+        TextBand(top, L"追加距離", L"Distance",
+                 [&](double station) { return DistanceText(station - course_.StaStart()); });
+        TextBand(top, L"単距離", L"Interval", [&](double station) { return IntervalTo(station); });
         TextBand(top, L"測点", L"Station", [&](double station) { return labels_.At(station); });
         CurveBand(top);
         if (HasSlopes())
@@ -323,6 +349,45 @@ class ProfileDrawer
             }
         }
         top += TEXT_BAND;
+    }
+
+    /// What a difference in height, counted up or down, has above nothing.
+    static std::wstring Positive(const std::optional<double>& difference, int sign)
+    {
+        return difference && std::isfinite(*difference) && sign * *difference > 0
+                   ? FormatFixed(std::abs(*difference), HEIGHT_DECIMALS)
+                   : std::wstring();
+    }
+
+    /// From the main station in front.
+    std::wstring IntervalTo(double station) const
+    {
+        const auto place = std::lower_bound(stations_.begin(), stations_.end(), station);
+        return DistanceText(place == stations_.begin() ? 0 : station - place[-1]);
+    }
+
+    /// A negative zero would show its sign.
+    static std::wstring DistanceText(double distance) { return FormatFixed(distance + 0.0, DISTANCE_DECIMALS); }
+
+    /// Between two gradient changes a line that rises or falls as the road does, over it the gradient, under it the
+    /// length in metres.
+    void GradientBand(double& top, const std::optional<ProfileLine>& line)
+    {
+        BandHead(top, DIAGRAM_BAND, L"縦断勾配", L"Gradient");
+        const double rise = DIAGRAM_BAND * 0.3;
+        const double middle = top + DIAGRAM_BAND / 2;
+        for (std::size_t index = 1; line && index < line->Points().size(); ++index)
+        {
+            const ProfilePoint& from = line->Points()[index - 1];
+            const ProfilePoint& to = line->Points()[index];
+            const double up = from.gradientOut > 0 ? rise : from.gradientOut < 0 ? -rise : 0;
+            Line("diagram", X(from.station), middle + up, X(to.station), middle - up);
+            Line("grid", X(to.station), top, X(to.station), top + DIAGRAM_BAND);
+            const double x = (X(from.station) + X(to.station)) / 2;
+            Label("data", x, middle - 6, L"i=" + ShortNumber(from.gradientOut * 100, 3) + L"%");
+            Label("data", x, middle + 14, L"L=" + ShortNumber(to.station - from.station, 3) + L"m");
+        }
+        top += DIAGRAM_BAND;
     }
 
     /// A curve to the right stands above the band's middle line, one to the left below it; a clothoid leads there.

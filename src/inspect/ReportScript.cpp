@@ -29,12 +29,12 @@ svg text { fill: #222; }
 .plan text, .section text { font-size: calc(var(--u) * 11px); paint-order: stroke; stroke: #fff;
   stroke-width: calc(var(--u) * 2.5px); }
 .plan text { transform: translate(calc(var(--u) * var(--x, 6) * 1px), calc(var(--u) * var(--y, -5) * 1px)); }
-.section text { transform: translate(0, calc(var(--u) * -4px)); }
+.section text { transform: translate(calc(var(--u) * var(--x, 0) * 1px), calc(var(--u) * var(--y, -4) * 1px)); }
 .element { stroke-width: 2.5; } .line { stroke: #1b4f9c; } .curve { stroke: #c0392b; } .spiral { stroke: #1e8449; }
 .irregular { stroke: #7d3c98; }
 .tick { stroke: #555; } .equation { fill: #c0392b; } text.station { fill: #555; }
-.main, .stake, .intermediate, .intersection, .vertex { stroke-linecap: round; stroke-width: 7; stroke: #222; }
-.intersection { stroke: #999; } .stake { stroke: #b9770e; } .intermediate { stroke: #2e86c1; }
+.main, .stake, .intermediate, .control, .intersection, .vertex { stroke-linecap: round; stroke-width: 7; stroke: #222; }
+.intersection { stroke: #999; } .stake { stroke: #b9770e; } .intermediate { stroke: #2e86c1; } .control { stroke: #8e44ad; }
 .stakes { stroke: #b9770e; stroke-dasharray: 6 3; }
 /* What is used from elsewhere doesn't know the plan's scale but by --u. */
 .outline, .contour { vector-effect: none; stroke-width: calc(var(--u) * 1px); }
@@ -52,7 +52,7 @@ path.scale { stroke: #222; stroke-width: 3; }
 @media screen { .sections.leafed { display: block; } }
 .sections figure { border: 1px solid #ccc; padding: 4px; break-inside: avoid; }
 svg.section { display: block; width: 100%; max-height: 420px; } .centre { stroke: #999; stroke-dasharray: 8 3 2 3; }
-svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: middle; }
+svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: middle; } .section text.scale { text-anchor: start; }
 :target { outline: 3px solid #e67e22; stroke: #e67e22 !important; }
 .hidden { visibility: hidden; }
 canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
@@ -63,15 +63,36 @@ canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #
 
 const char* const REPORT_SCRIPT = R"js(
 'use strict';
-// Texts that would lie over others are hidden, those that come first in the drawing stay.
+// Where a name may stand beside its point, in pixels, in the order of preference.
+const BESIDE_A_POINT = [[6, -5, 'start'], [6, 14, 'start'], [-6, -5, 'end'], [-6, 14, 'end']];
+const PLACES = { 'plan name': BESIDE_A_POINT, 'plan point': BESIDE_A_POINT,
+  'section data': [[0, -4, 'middle'], [0, 14, 'middle'], [0, -18, 'middle'], [0, 28, 'middle'], [0, -32, 'middle']] };
+function moveText(text, [x, y, anchor]) {
+  text.style.setProperty('--x', x);
+  text.style.setProperty('--y', y);
+  text.style.textAnchor = anchor;
+}
+// Texts that would lie over others move aside or, where there is no room, are hidden; those that come first in the drawing stay.
 function declutter(svg) {
-  const shown = [];
-  for (const text of svg.querySelectorAll('text')) {
+  const texts = [...svg.querySelectorAll('text')], shown = [];
+  const placesOf = text => PLACES[svg.getAttribute('class') + ' ' + text.classList[0]];
+  for (const text of texts) {
     text.classList.remove('hidden');
-    const box = text.getBoundingClientRect();
-    const overlaps = other => box.left < other.right && other.left < box.right && box.top < other.bottom && other.top < box.bottom;
-    if (shown.some(overlaps)) text.classList.add('hidden'); else shown.push(box);
+    if (placesOf(text)) moveText(text, placesOf(text)[0]);
   }
+  const boxes = texts.map(text => text.getBoundingClientRect());
+  texts.forEach((text, index) => {
+    const box = boxes[index], places = placesOf(text) || [[0, 0, 'start']], [x, y, anchor] = places[0];
+    const at = places.map(place => {
+      const left = box.left + place[0] - x - (place[2] === anchor ? 0 : box.width);
+      return { left, right: left + box.width, top: box.top + place[1] - y, bottom: box.bottom + place[1] - y };
+    });
+    const free = at.findIndex(one => !shown.some(other =>
+      one.left < other.right && other.left < one.right && one.top < other.bottom && other.top < one.bottom));
+    if (free < 0) { text.classList.add('hidden'); return; }
+    if (free > 0) moveText(text, places[free]);
+    shown.push(at[free]);
+  });
 }
 // The metres of a pixel, so that texts keep their size.
 function setUnit(svg) {

@@ -69,6 +69,7 @@ class SectionDrawer
         {
             DrawDesign(surface);
         }
+        DrawScaleBar(page_, x_.Smallest() - margin, -y_.Smallest() + margin, width);
         page_.Raw("</svg>");
         DrawLegend();
     }
@@ -140,7 +141,26 @@ class SectionDrawer
                 }
             }
             page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
+            LabelGround(ground);
         }
+    }
+
+    /// The name above the first piece of the line, which as a rule lies farthest from the road.
+    void LabelGround(const CrossSectSurf& ground)
+    {
+        if (!ground.lists.empty() && ground.lists.front().pairs.size() > 1)
+        {
+            const FigurePair& first = ground.lists.front().pairs[0];
+            const FigurePair& next = ground.lists.front().pairs[1];
+            Label((first.first.value + next.first.value) / 2, (first.second.value + next.second.value) / 2,
+                  ground.name);
+        }
+    }
+
+    void Label(double offset, double height, std::wstring_view text)
+    {
+        page_.Raw("<text class=\"data\" x=\"").Number(offset).Raw("\" y=\"").Number(-height).Raw("\">");
+        page_.Text(text).Raw("</text>");
     }
 
     void DrawDesign(const DesignCrossSectSurf& surface)
@@ -179,9 +199,8 @@ class SectionDrawer
     {
         const CrossSectPnt& first = surface.points.front();
         const CrossSectPnt& last = surface.points.back();
-        page_.Raw("<text class=\"data\" x=\"").Number((first.offset.value + last.offset.value) / 2).Raw("\" y=\"");
-        page_.Number(-(Elevation(surface, first) + Elevation(surface, last)) / 2).Raw("\">").Text(surface.name);
-        page_.Raw("</text>");
+        Label((first.offset.value + last.offset.value) / 2, (Elevation(surface, first) + Elevation(surface, last)) / 2,
+              surface.name);
     }
 
     Drawing& drawing_;
@@ -192,7 +211,26 @@ class SectionDrawer
     Range y_;
 };
 
+constexpr int HEIGHT_DECIMALS = 3;
+
 } // namespace
+
+std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section)
+{
+    std::wstring text;
+    const auto tell = [&](const wchar_t* label, const std::wstring& height) {
+        text.append(height.empty() ? L"" : label).append(height);
+    };
+    if (const ProfAlign* const design = DesignProfile(alignment))
+    {
+        tell(L"　FH=", HeightText(std::optional(ProfileLine(*design)), section.station.value, HEIGHT_DECIMALS));
+    }
+    if (!section.grounds.empty())
+    {
+        tell(L"　GH=", HeightText(std::optional(GroundLine(section.grounds.front().lists)), 0, HEIGHT_DECIMALS));
+    }
+    return text;
+}
 
 void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section)
 {

@@ -158,7 +158,7 @@ void AddStations(const Alignment& alignment, Table& table)
     const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
     const ProfSurf* const firstGround = FirstGround(alignment);
     const std::optional<GroundLine> ground =
-        firstGround != nullptr ? std::optional<GroundLine>(*firstGround) : std::nullopt;
+        firstGround != nullptr ? std::optional<GroundLine>(firstGround->lists) : std::nullopt;
     const StationLabels labels(alignment);
     for (const ListedStation& one : ListedStations(alignment, course, labels))
     {
@@ -186,7 +186,6 @@ void AddProfile(const Alignment& alignment, const ProfAlign& design, Table& tabl
         const bool isFirst = &point == &line.Points().front();
         const bool isLast = &point == &line.Points().back();
         const double length = point.lengthIn + point.lengthOut;
-        const double change = std::abs(point.gradientOut - point.gradientIn);
         Row row{NameOf(alignment),
                 std::wstring(design.name),
                 labels.At(point.station),
@@ -199,7 +198,7 @@ void AddProfile(const Alignment& alignment, const ProfAlign& design, Table& tabl
                 ? Row{point.element->length.IsWritten() ? Own(point.element->length)
                                                         : Computed(length, STATION_DECIMALS),
                       point.element->radius.IsWritten() ? Own(point.element->radius)
-                                                        : Computed(length / change, STATION_DECIMALS),
+                                                        : Computed(point.CurveRadius(), STATION_DECIMALS),
                       Computed(point.CurveStart(), STATION_DECIMALS), Computed(point.CurveEnd(), STATION_DECIMALS),
                       Computed(line.HeightAt(point.station), COORDINATE_DECIMALS)}
                 : Row{L"", L"", L"", L"", Own(point.element->height)};

@@ -114,6 +114,20 @@ TEST(ReportPage, DrawsPlacesFromTheNorthWestCorner)
               "<path class=\"element line\" id=\"l69\" d=\"M7 96L104.571 45.208\">");
 }
 
+TEST(ReportPage, DrawsControlPointsInEveryPlanWithoutWideningIt)
+{
+    const std::string page =
+        PageOf(SoundFile({{"<CgPoints name=\"左幅杭\"", "<CgPoints name=\"基準点\"><CgPoint name=\"T-1\">12000. 18000. "
+                                                        "5.</CgPoint></CgPoints><CgPoints name=\"左幅杭\""}}));
+    const std::string plain = PageOf(SoundFile());
+    EXPECT_NE(page.find("基準点／T-1\nX=12000.\nY=18000.\nH=5.</title>"), std::string::npos);
+    const auto size = [](const std::string& of) {
+        const std::string plan = Tag(of, "<svg class=\"plan\"");
+        return plan.substr(plan.rfind(' ', plan.find("\" style")));
+    };
+    EXPECT_EQ(size(page), size(plain));
+}
+
 TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
 {
     const std::string page = PageOf(SoundFile());
@@ -131,11 +145,79 @@ TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
     }
 }
 
+TEST(ReportPage, TellsTheHeightsAtTheCentreOfACrossSection)
+{
+    // The design line climbs 3 % from 105 m; the ground line has a point at the centre.
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), "No.3　60.000 m　FH=106.800　GH=107.495</figcaption>"), 1U);
+}
+
+TEST(ReportPage, HasTheBandsOfAProfileInTheOrderOfDrawings)
+{
+    const std::string page = PageOf(SoundFile());
+    std::vector<std::string> heads;
+    for (std::size_t place = page.find("<text class=\"head\""); place != std::string::npos;
+         place = page.find("<text class=\"head\"", place + 1))
+    {
+        const std::size_t begin = page.find('>', place) + 1;
+        heads.push_back(page.substr(begin, page.find('<', begin) - begin));
+    }
+    EXPECT_EQ(heads, (std::vector<std::string>{"縦断勾配", "計画高", "地盤高", "盛土高", "切土高", "追加距離", "単距離",
+                                               "測点", "平面曲線", "片勾配（％）", "拡幅（m）"}));
+}
+
+/// The texts on end in a band of the profile.
+std::vector<std::string> BandTexts(const std::string& page, const std::string& band)
+{
+    std::vector<std::string> texts;
+    const std::size_t head = page.find(">" + band + "</text>");
+    const std::size_t end = page.find("<rect", head);
+    for (std::size_t place = page.find("<text class=\"upright\"", head); place < end;
+         place = page.find("<text class=\"upright\"", place + 1))
+    {
+        const std::size_t begin = page.find('>', place) + 1;
+        texts.push_back(page.substr(begin, page.find('<', begin) - begin));
+    }
+    return texts;
+}
+
+TEST(ReportPage, CountsFillCutAndDistancesAtTheMainStations)
+{
+    const std::string page = PageOf(SoundFile());
+    // 105 m over 104.3 m of ground; 107.4 m at 80 m under 108.071 m.
+    EXPECT_EQ(BandTexts(page, "盛土高")[0], "0.700");
+    EXPECT_EQ(BandTexts(page, "盛土高")[4], "");
+    EXPECT_EQ(BandTexts(page, "切土高")[0], "");
+    EXPECT_EQ(BandTexts(page, "切土高")[4], "0.671");
+    // An equation lies between 140 m and the next main station at 150 m, whose label is No.8.
+    EXPECT_EQ(BandTexts(page, "追加距離")[0], "0.000");
+    EXPECT_EQ(BandTexts(page, "追加距離")[8], "150.000");
+    EXPECT_EQ(BandTexts(page, "単距離")[0], "0.000");
+    EXPECT_EQ(BandTexts(page, "単距離")[1], "20.000");
+    EXPECT_EQ(BandTexts(page, "単距離")[8], "10.000");
+}
+
+TEST(ReportPage, DrawsNoSurfaceOfACrossSectionByItsSlopes)
+{
+    const std::string carriageways = "<title>Carriageway left</title>";
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), carriageways), 2U);
+    EXPECT_EQ(CountOf(PageOf(SoundFile({{"<CrossSectPnt code=\"CW\">",
+                                         "<CrossSectPnt code=\"CW\" dataFormat=\"Slope Distance\">"}})),
+                      carriageways),
+              1U);
+}
+
 TEST(ReportPage, LeadsFromAFindingToTheDrawing)
 {
     const std::string page = PageOf(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}));
     EXPECT_NE(page.find("<td>69</td><td><a href=\"#l69\">線形1／直線 BP～KA.1-1</a></td>"), std::string::npos);
     EXPECT_EQ(CountOf(page, "id=\"l69\""), 1U);
+}
+
+TEST(ReportPage, SaysOfASheetThatTheFileHasNothingForIt)
+{
+    const std::string none = ">このファイルにはありません。</p>";
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), none), 0U);
+    EXPECT_EQ(CountOf(PageOf(ReadLandXmlBytes("<LandXML/>", L"空.xml")), none), 5U);
 }
 
 TEST(ReportPage, SaysThatNothingWasFound)

@@ -51,6 +51,14 @@ TEST(Tables, ShowTheFilesOwnTextOfItsFigures)
         Rows{"線形1|計画|No.11+10.000|220.000|111.600|3.0000|-2.0000|100.000|2000.000|170.000|270.000|110.9750|"});
 }
 
+TEST(Tables, ComputeTheRadiusOfACircleByTheSlopesOfItsTangents)
+{
+    // From 2 % down to 18 % up over 40 m: 200 m for a parabola.
+    const LandXmlFile file = SoundFile({{" radius=\"800.000\"", ""}, {"<PVI>400.000 113.000", "<PVI>400.000 128.000"}});
+    EXPECT_EQ(RowsWith(ProfileTable(file), L"300.000").front(),
+              "線形1|計画|No.15+15.000|300.000|110.000|-2.0000|18.0000|40.000|202.892|280.000|320.000|111.0024|");
+}
+
 TEST(Tables, CountMainStationsByTheirLabels)
 {
     const LandXmlFile file = SoundFile();
