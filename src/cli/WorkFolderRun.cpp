@@ -18,6 +18,7 @@
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
 #include "inspect/Report.h"
+#include "inspect/RunJournal.h"
 #include "run/ConversionContext.h"
 #include "run/LoadRun.h"
 #include "run/module/ExecuteQuorvane.h"
@@ -185,7 +186,7 @@ class BatchRun
         const TraceScope trace(options_.json || options_.printSettings);
         const WritingScope writing([this] { return MayWrite(); });
         GetConversionContext().fileWritten = false;
-        GetConversionContext().keepsJournal = !options_.changesFile.empty();
+        GetConversionContext().keepsJournal = !options_.changesFile.empty() || !options_.reportFile.empty();
         const std::int32_t routes = RouteCount(options_, result_.folder);
         if (options_.routes)
         {
@@ -413,6 +414,15 @@ void TakeFindings(const std::vector<inspect::Finding>& findings, RunResult& resu
     }
 }
 
+/// What the run has changed in its document, for the report.
+inspect::RunJournal GatheredChanges()
+{
+    inspect::RunJournal gathered;
+    GetConversionContext().document.appDocument->journal->ForEachChange(
+        [&](const WcXmChange& change) { gathered.Take(change); });
+    return gathered;
+}
+
 /// Judges and draws the file that was just written. An 誤り in it is status 1; the file stays.
 void InspectOutput(const ConvertOptions& options, RunResult& result)
 {
@@ -422,7 +432,8 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
         const std::vector<inspect::Finding> findings = inspect::Inspect(file, inspect::EveryCheck());
         if (!options.reportFile.empty())
         {
-            inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings));
+            const inspect::RunJournal journal = GatheredChanges();
+            inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings, &journal));
         }
         if (options.check)
         {

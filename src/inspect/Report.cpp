@@ -3,6 +3,7 @@
 #include "inspect/CheckSheet.h"
 #include "inspect/EnglishWords.h"
 #include "inspect/Names.h"
+#include "inspect/RunJournal.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
 
@@ -22,7 +23,11 @@ constexpr std::size_t MOST_ROWS = 3000;
 class PageWriter
 {
   public:
-    PageWriter(const LandXmlFile& file, const std::vector<Finding>& findings) : file_(file), findings_(findings) {}
+    PageWriter(const LandXmlFile& file, const std::vector<Finding>& findings, const RunJournal* journal)
+        : file_(file),
+          findings_(findings),
+          journal_(journal)
+    {}
 
     std::string Write()
     {
@@ -45,7 +50,7 @@ class PageWriter
         // Behind the drawings, since only then it is known where findings can lead.
         WriteFindings();
         WriteCheckSheet();
-        WriteRunJournal();
+        WriteRunJournal(page_, journal_);
         page_.Raw("<script>")
             .Raw(REPORT_SCRIPT)
             .Raw(SECTIONS_SCRIPT)
@@ -66,6 +71,7 @@ class PageWriter
         page_.Raw("</h1><button id=\"language\" type=\"button\">English</button></header>");
         page_.Raw("<nav><a href=\"#findings\">").Words("span", L"検査結果", L"Findings");
         page_.Raw("</a> <a href=\"#checksheet\">").Words("span", L"チェックシート", L"Check sheet");
+        page_.Raw("</a> <a href=\"#journal\">").Words("span", L"変換の記録", L"Record of the conversion");
         page_.Raw("</a>");
         std::size_t number = 0;
         ForEachAlignment(file_, [&](const Alignment& alignment) {
@@ -87,17 +93,6 @@ class PageWriter
     {
         page_.Raw("<section>").Words("h2", L"概要", L"Summary");
         page_.Words("pre", SummaryText(file_), SummaryText(file_, Language::English)).Raw("</section>");
-    }
-
-    /// What changed on the way to the file isn't in it.
-    void WriteRunJournal()
-    {
-        page_.Raw("<section id=\"journal\">").Words("h2", L"変換の記録", L"Record of the conversion");
-        page_.Words(
-            "p", L"このページは完成したファイルだけから作成しました。変換で変更、追加、削除した値の記録はありません。",
-            L"This page was made from the finished file alone. There is no record of what the conversion "
-            L"changed, added or dropped.");
-        page_.Raw("</section>");
     }
 
     void TellLeftOut(std::size_t count, std::size_t most, const Sentence& what)
@@ -243,6 +238,7 @@ class PageWriter
 
     const LandXmlFile& file_;
     const std::vector<Finding>& findings_;
+    const RunJournal* journal_; ///< null: there is none
     Html page_;
     std::set<std::size_t> drawn_;
     Drawing drawing_{page_, drawn_};
@@ -252,9 +248,9 @@ class PageWriter
 
 } // namespace
 
-std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& findings)
+std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& findings, const RunJournal* journal)
 {
-    return PageWriter(file, findings).Write();
+    return PageWriter(file, findings, journal).Write();
 }
 
 } // namespace jlandxml::inspect

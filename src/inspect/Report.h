@@ -11,9 +11,12 @@
 namespace jlandxml::inspect
 {
 
+class RunJournal;
+
 /// The report on a file: one HTML page that needs nothing else, with plans, profiles, cross sections, calculation
-/// sheets, findings and a check sheet. UTF-8.
-std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& findings);
+/// sheets, findings and a check sheet, and what the run that made the file changed, if its journal is there. UTF-8.
+std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& findings,
+                       const RunJournal* journal = nullptr);
 
 /// What the drawings of a page share.
 struct Drawing

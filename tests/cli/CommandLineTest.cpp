@@ -182,6 +182,18 @@ TEST_F(CommandLineTest, AReportOnTheWrittenFileIsAPage)
     EXPECT_TRUE(folder.Read(L"out.html").ends_with("</html>\n"));
 }
 
+TEST_F(CommandLineTest, AReportTellsWhatTheRunChanged)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--report", folder.Name(L"out.html")});
+    const std::string page = folder.Read(L"out.html");
+    const std::string record = page.substr(page.find("<section id=\"journal\">"));
+    EXPECT_NE(record.find(">追加したもの（"), std::string::npos) << record;
+    EXPECT_NE(record.find(">属性 name：3件</summary>"), std::string::npos) << record;
+    EXPECT_NE(record.find("name=&quot;Horizontal&quot;"), std::string::npos) << record;
+    EXPECT_EQ(record.find("完成したファイルだけから作成しました"), std::string::npos);
+}
+
 TEST_F(CommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
 {
     WorkFile(COMPLETE_WORK_FILE);
