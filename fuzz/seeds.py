@@ -55,7 +55,7 @@ def write_finished(folder):
     finished = {"sound": "tests/inspect/sound.xml"}
     finished.update({path.split("/")[2]: path for path in glob.glob("tests/e2e/*/expected.xml")})
     for name, path in finished.items():
-        for target in ("FuzzInspect", "FuzzLoader", "FuzzFinished"):
+        for target in ("FuzzInspect", "FuzzLoader", "FuzzFinished", "FuzzSchema"):
             write(folder, target, name, content(path))
     sound = content(finished["sound"])
     for number, arguments in enumerate((
@@ -93,7 +93,8 @@ def damaged(text, part):
 def write_damaged(folder):
     sound = content("tests/inspect/sound.xml")
     for part in range(PARTS):
-        write(folder, "FuzzInspect", f"damaged-{part}", damaged(sound, part))
+        for target in ("FuzzInspect", "FuzzSchema"):
+            write(folder, target, f"damaged-{part}", damaged(sound, part))
         for example in ("road", "river", "two-routes"):
             side_files = [content(f"examples/{example}/{side}_temp_1.csv") for side in SIDE_FILES]
             write(folder, "FuzzRun", f"damaged-{example}-{part}", damaged(content(f"examples/{example}/Landxml_temp.xml"), part),
@@ -108,7 +109,7 @@ PASSAGES = (" <P  id='1'>\t1 2\n3 </P >", "<P id='1'>1 2 3</P><!-- <P id='9'>0 0
 
 def write_encodings(folder):
     sound = content("tests/inspect/sound.xml").decode()
-    for target in ("FuzzInspect", "FuzzLoader", "FuzzFinished"):
+    for target in ("FuzzInspect", "FuzzLoader", "FuzzFinished", "FuzzSchema"):
         for encoding in ("utf-16", "utf-16-be", "utf-32", "utf-8-sig"):
             write(folder, target, encoding, (("\uFEFF" if encoding.endswith("be") else "") + sound + "<!--𠮷-->").encode(encoding))
         write(folder, target, "cp932", b"<?xml version='1.0' encoding='Shift_JIS'?>" + sound.split("?>", 1)[-1].encode("cp932", "replace"))

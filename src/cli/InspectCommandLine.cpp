@@ -10,6 +10,7 @@
 #include "inspect/Printing.h"
 #include "inspect/ReadLandXml.h"
 #include "inspect/Report.h"
+#include "inspect/SchemaValidation.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
 
@@ -236,13 +237,15 @@ void WriteTables(const LandXmlFile& file, const std::wstring& folder)
     }
 }
 
-InspectStatus InspectFile(const InspectOptions& options, const std::wstring& path)
+InspectStatus InspectFile(const InspectOptions& options, std::optional<inspect::XmlSchema>& schema,
+                          const std::wstring& path)
 {
     LandXmlFile file = inspect::ReadLandXmlFile(path);
     if (!options.schemaFile.empty())
     {
-        file.schemaFaults =
-            inspect::ValidateAgainstSchema(ReadWholeFile(path).value_or(std::string()), options.schemaFile);
+        // One that can't be read is told of each file.
+        const inspect::XmlSchema& read = schema ? *schema : schema.emplace(options.schemaFile);
+        file.schemaFaults = read.Validate(ReadWholeFile(path).value_or(std::string()));
     }
     const std::vector<Finding> findings = Inspect(file, options.checks);
     if (!options.csvFolder.empty())
@@ -264,11 +267,12 @@ InspectStatus InspectFile(const InspectOptions& options, const std::wstring& pat
     return fails ? InspectStatus::Findings : InspectStatus::NothingFound;
 }
 
-InspectStatus InspectFileSafely(const InspectOptions& options, const std::wstring& path)
+InspectStatus InspectFileSafely(const InspectOptions& options, std::optional<inspect::XmlSchema>& schema,
+                                const std::wstring& path)
 {
     try
     {
-        return InspectFile(options, path);
+        return InspectFile(options, schema, path);
     }
     catch (const CException& exception)
     {
@@ -302,9 +306,10 @@ InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
         return InspectStatus::NotRead;
     }
     InspectStatus status = InspectStatus::NothingFound;
+    std::optional<inspect::XmlSchema> schema;
     for (const std::wstring& path : options.files)
     {
-        status = std::max(status, InspectFileSafely(options, path));
+        status = std::max(status, InspectFileSafely(options, schema, path));
     }
     return status;
 }

@@ -147,20 +147,115 @@ void BlankDeclaration(std::string& text)
     }
 }
 
+/// Where other schemas lie is written as people name files; a reference has letters beyond ASCII and blanks escaped
+/// (RFC 3986, 2.1).
+std::string WithLocationsEscaped(const std::string& text)
+{
+    constexpr std::string_view LABEL = "schemaLocation";
+    constexpr const char* DIGITS = "0123456789ABCDEF";
+    std::string escaped;
+    std::size_t done = 0;
+    for (std::size_t label = text.find(LABEL); label != std::string::npos;
+         label = text.find(LABEL, std::max(done, label + LABEL.size())))
+    {
+        const std::size_t open = text.find_first_not_of("= \t\r\n", label + LABEL.size());
+        const bool isQuote = open != std::string::npos && (text[open] == '"' || text[open] == '\'');
+        const std::size_t close = isQuote ? text.find(text[open], open + 1) : std::string::npos;
+        if (close == std::string::npos)
+        {
+            continue;
+        }
+        escaped.append(text, done, open + 1 - done);
+        for (done = open + 1; done < close; ++done)
+        {
+            const auto byte = static_cast<unsigned char>(text[done]);
+            if (byte == ' ' || byte >= 0x80)
+            {
+                escaped.append({'%', DIGITS[byte >> 4U], DIGITS[byte & 15U]});
+            }
+            else
+            {
+                escaped += text[done];
+            }
+        }
+    }
+    return escaped.append(text, done);
+}
+
+/// The text of a schema for the library; nothing if it can't be opened.
+std::optional<std::string> SchemaText(const std::wstring& path)
+{
+    std::optional<std::string> bytes = ReadWholeFile(path);
+    if (!bytes)
+    {
+        return {};
+    }
+    std::string text = DecodedText(*std::move(bytes));
+    BlankDeclaration(text);
+    text = WithLocationsEscaped(text);
+    return text.size() > INT_MAX ? std::nullopt : std::optional(std::move(text));
+}
+
+/// Opens a schema that another one includes, by the name that users see. No exception may pass through the library.
+xmlParserInputPtr OpenIncluded(const char* uri, const char*, xmlParserCtxtPtr context)
+{
+    try
+    {
+        const XmlText path(reinterpret_cast<xmlChar*>(xmlURIUnescapeString(uri == nullptr ? "" : uri, 0, nullptr)));
+        const std::optional<std::string> text = SchemaText(Wide(reinterpret_cast<const char*>(path.get())));
+        const xmlParserInputBufferPtr buffer =
+            text ? xmlParserInputBufferCreateMem(text->data(), static_cast<int>(text->size()), XML_CHAR_ENCODING_NONE)
+                 : nullptr;
+        const xmlParserInputPtr input =
+            buffer != nullptr ? xmlNewIOInputStream(context, buffer, XML_CHAR_ENCODING_NONE) : nullptr;
+        if (input != nullptr)
+        {
+            // From there it includes others.
+            input->filename = reinterpret_cast<char*>(xmlStrdup(reinterpret_cast<const xmlChar*>(uri)));
+        }
+        return input;
+    }
+    catch (...)
+    {
+        return nullptr;
+    }
+}
+
+/// While schemas are read, they are opened as all other files are, and what the library says of them isn't printed.
+class ReadingScope
+{
+  public:
+    ReadingScope() : former_(xmlGetExternalEntityLoader())
+    {
+        xmlSetExternalEntityLoader(OpenIncluded);
+        xmlSetStructuredErrorFunc(nullptr, Ignore);
+    }
+    ReadingScope(const ReadingScope&) = delete;
+    ReadingScope& operator=(const ReadingScope&) = delete;
+    ~ReadingScope()
+    {
+        xmlSetExternalEntityLoader(former_);
+        xmlSetStructuredErrorFunc(nullptr, nullptr);
+    }
+
+  private:
+    xmlExternalEntityLoader former_;
+};
+
 Schema ReadSchema(const std::wstring& path)
 {
-    const std::optional<std::string> bytes = ReadWholeFile(path);
-    if (!bytes || bytes->size() > INT_MAX)
+    const std::optional<std::string> text = SchemaText(path);
+    if (!text)
     {
         throw CFileException(L"スキーマを開けません: " + path);
     }
-    xmlSetStructuredErrorFunc(nullptr, Ignore);
+    const ReadingScope reading;
     // Under its path, from which it includes others.
     std::string place = Utf8FromWide(path);
     std::replace(place.begin(), place.end(), '\\', '/');
     const XmlText uri(
         xmlURIEscapeStr(reinterpret_cast<const xmlChar*>(place.c_str()), reinterpret_cast<const xmlChar*>("/:")));
-    const Document document(xmlReadMemory(bytes->data(), static_cast<int>(bytes->size()),
+    const Document document(xmlReadMemory(text->data(), static_cast<int>(text->size()),
                                           reinterpret_cast<const char*>(uri.get()), nullptr, XML_PARSE_NONET));
     const ParserContext context(document == nullptr ? nullptr : xmlSchemaNewDocParserCtxt(document.get()));
     Schema schema;
@@ -169,7 +264,6 @@ Schema ReadSchema(const std::wstring& path)
         xmlSchemaSetParserStructuredErrors(context.get(), Ignore, nullptr);
         schema.reset(xmlSchemaParse(context.get()));
     }
-    xmlSetStructuredErrorFunc(nullptr, nullptr);
     if (schema == nullptr)
     {
         throw CFileException(L"スキーマとして読み込めません: " + path);
@@ -184,16 +278,24 @@ bool CanValidate()
     return true;
 }
 
-SchemaFaults ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath)
+struct XmlSchema::Parsed
 {
-    const Schema schema = ReadSchema(schemaPath);
+    Schema schema;
+};
+
+XmlSchema::XmlSchema(const std::wstring& path) : parsed_(std::make_unique<Parsed>(Parsed{ReadSchema(path)})) {}
+
+XmlSchema::~XmlSchema() = default;
+
+SchemaFaults XmlSchema::Validate(std::string bytes) const
+{
     std::string text = DecodedText(std::move(bytes));
     BlankDeclaration(text);
     if (text.size() > INT_MAX)
     {
         throw CFileException(L"ファイルが大きすぎるため、スキーマと照合できません");
     }
-    const Validation validation(xmlSchemaNewValidCtxt(schema.get()));
+    const Validation validation(xmlSchemaNewValidCtxt(parsed_->schema.get()));
     // A copy of the text, which the validation frees.
     const xmlParserInputBufferPtr input =
         xmlParserInputBufferCreateMem(text.data(), static_cast<int>(text.size()), XML_CHAR_ENCODING_NONE);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,8 +28,23 @@ struct SchemaFaults
 /// True if the program was built with the library that validates.
 bool CanValidate();
 
-/// Holds the bytes of a file against an XML schema (W3C XML Schema 1.0) and those that it includes from beside it,
-/// reading it once through without a tree. Throws CFileException if the schema can't be read, or isn't one.
-SchemaFaults ValidateAgainstSchema(std::string bytes, const std::wstring& schemaPath);
+/// An XML schema (W3C XML Schema 1.0) with those that it includes from beside it, read once for all the files that are
+/// held against it.
+class XmlSchema
+{
+  public:
+    /// Throws CFileException if the schema can't be read, or isn't one.
+    explicit XmlSchema(const std::wstring& path);
+    ~XmlSchema();
+    XmlSchema(const XmlSchema&) = delete;
+    XmlSchema& operator=(const XmlSchema&) = delete;
+
+    /// Where the bytes of a file don't follow it. The file is read once through without a tree.
+    SchemaFaults Validate(std::string bytes) const;
+
+  private:
+    struct Parsed;
+    std::unique_ptr<Parsed> parsed_;
+};
 
 } // namespace jlandxml::inspect

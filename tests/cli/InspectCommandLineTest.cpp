@@ -277,17 +277,57 @@ TEST_F(InspectSchema, EveryFaultOfAFileThatIsWrongFromEndToEndIsCounted)
     EXPECT_TRUE(said.ends_with("    誤り S01: スキーマに合いません（ほか1300件）\n")) << said.substr(said.size() - 200);
 }
 
-TEST_F(InspectSchema, ASchemaMayIncludeOthersFromBesideIt)
+/// How a schema names one that it includes, and the file's own name.
+struct Inclusion
+{
+    const char* name;
+    const char* location;
+    const wchar_t* file;
+};
+
+class InspectInclusions : public InspectSchema, public testing::WithParamInterface<Inclusion>
+{};
+
+TEST_P(InspectInclusions, AreReadFromBesideTheSchema)
 {
     const std::string type = "<xs:complexType name='T'><xs:attribute name='name' use='required'/></xs:complexType>";
     const std::string head = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>";
-    folder_.Write(L"type 1.xsd", head + type + "</xs:schema>");
-    const std::wstring schema = folder_.Write(
-        L"主 1.xsd",
-        head + "<xs:include schemaLocation='type%201.xsd'/><xs:element name='LandXML' type='T'/></xs:schema>");
+    const auto including = [&](const std::string& location) {
+        return head + "<xs:include schemaLocation=\"" + location + "\"/>";
+    };
+    // The second one includes a third.
+    folder_.Write(GetParam().file, including("下位.xsd") + "</xs:schema>");
+    folder_.Write(L"下位.xsd", head + type + "</xs:schema>");
+    const std::wstring schema = folder_.Write(L"主 1.xsd", including(GetParam().location) +
+                                                               "<xs:element name='LandXML' type='T'/></xs:schema>");
     EXPECT_EQ(Run({L"--checks", L"S", L"--schema", schema, File("<LandXML name='a'/>")}).status,
               InspectStatus::NothingFound);
     EXPECT_EQ(Run({L"--checks", L"S", L"--schema", schema, File("<LandXML/>")}).status, InspectStatus::Findings);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, InspectInclusions,
+                         testing::Values(Inclusion{"Plain", "type.xsd", L"type.xsd"},
+                                         Inclusion{"ABlank", "type 1.xsd", L"type 1.xsd"},
+                                         Inclusion{"AnEscapedBlank", "type%201.xsd", L"type 1.xsd"},
+                                         Inclusion{"Japanese", "型の定義.xsd", L"型の定義.xsd"},
+                                         Inclusion{"EscapedJapanese", "%E5%9E%8B.xsd", L"型.xsd"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(InspectSchema, ASchemaInCodePage932IsReadAsSuch)
+{
+    const std::wstring schema = folder_.Write(
+        L"主.xsd", Cp932FromWide(L"<?xml version='1.0' encoding='Shift_JIS'?><xs:schema "
+                                 L"xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='路線'/></xs:schema>"));
+    EXPECT_EQ(Run({L"--checks", L"S", L"--schema", schema, File("<LandXML/>")}).status, InspectStatus::Findings);
+}
+
+TEST_F(InspectSchema, OfSeveralFilesIsReadForEach)
+{
+    const std::wstring schema = folder_.Write(L"基準.xsd", SCHEMA);
+    const InspectOutcome outcome = Run({L"--checks", L"S", L"--schema", schema, File("<LandXML/>", L"a.xml"),
+                                        File("<LandXML><Project name='a'/></LandXML>", L"b.xml")});
+    EXPECT_NE(outcome.out.find("検査結果: 誤り 1、"), std::string::npos) << outcome.out;
+    EXPECT_NE(outcome.out.find("検査結果: 誤り 0、"), std::string::npos) << outcome.out;
 }
 
 TEST_F(InspectSchema, ThatCannotBeReadIsStatusThree)
