@@ -9,6 +9,7 @@
 #include "support/generator/WorkFolderGenerator.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 
@@ -275,6 +276,7 @@ TEST_F(InspectedFolders, ShowNothingButWhatTheGeneratorMeant)
     const std::vector<const inspect::Check*> checks = inspect::EveryCheck();
     std::size_t finished = 0;
     std::set<std::wstring> saidOfHosts;
+    std::map<std::string, int> counts; // for --gtest_output: how often each check spoke, and of what
     for (std::uint32_t number = 1; finished < FILES; ++number)
     {
         const WorkFolder work = MakeWorkFolder(INSPECTED_SEED, number);
@@ -291,11 +293,16 @@ TEST_F(InspectedFolders, ShowNothingButWhatTheGeneratorMeant)
                 << "folder " << number << (work.hostLike ? " (as hosts write it): " : ": ")
                 << Utf8FromWide(finding.check->code + (L" " + finding.object) + L": " + finding.text)
                 << Told(work.oddities);
+            ++counts[Utf8FromWide(finding.check->code) + (IsOfHosts(*file, finding) ? "-of-hosts" : "-put-in")];
             if (work.hostLike)
             {
                 saidOfHosts.insert(finding.check->code);
             }
         }
+    }
+    for (const auto& [code, count] : counts)
+    {
+        RecordProperty(code, count);
     }
     for (const Explained& one : OF_HOSTS)
     {

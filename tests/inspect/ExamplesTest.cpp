@@ -3,6 +3,7 @@
 #include "inspect/Checks.h"
 
 #include "SoundFile.h"
+#include "inspect/CheckSheet.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -62,8 +63,9 @@ const ExampleChange EXAMPLE_CHANGES[] = {
      {"警告 H02 " + ROAD_LINE, "誤り T08 IntermediatePnts-1／No.0", "誤り T08 IntermediatePnts-1／No.2+10.000"}},
     {"AnEndMovedByTwentyCentimetres",
      {END, "<End name=\"KA.1-1\">12500.99234746"},
-     {"誤り H02 " + ROAD_LINE, "警告 H03 " + ROAD_LINE, "警告 H05 " + ROAD_LINE, "誤り T07 IntermediatePnts-1／No.2+10.000",
-      "誤り T08 IntermediatePnts-1／No.0", "誤り T08 IntermediatePnts-1／No.2+10.000"}},
+     {"誤り H02 " + ROAD_LINE, "警告 H03 " + ROAD_LINE, "警告 H05 " + ROAD_LINE,
+      "誤り T07 IntermediatePnts-1／No.2+10.000", "誤り T08 IntermediatePnts-1／No.0",
+      "誤り T08 IntermediatePnts-1／No.2+10.000"}},
     {"ACurveTurnedRound",
      {"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""},
      {"誤り H08 " + ROAD_CURVE, "誤り T07 IntermediatePnts-1／No.10", "誤り T08 IntermediatePnts-1／No.10"}},
@@ -246,31 +248,76 @@ TEST(ExampleChange, IsThereForEveryCheck)
     EXPECT_EQ(silent, std::set<std::string>{"S01"}) << "which has a test of its own";
 }
 
-TEST(FinishedFiles, ShowNothingThatIsNotExplained)
+/// Visits the finished file of each whole run that has one, with the run's name; how many there are.
+template <class Visit>
+std::size_t ForEachFinishedFile(Visit&& visit)
 {
-    const std::vector<const Check*> checks = EveryCheck();
     std::size_t count = 0;
     const std::filesystem::path cases = std::filesystem::path(JLANDXML_SOURCE_DIR) / "tests" / "e2e";
     for (const auto& folder : std::filesystem::directory_iterator(cases))
     {
         const std::filesystem::path path = folder.path() / "expected.xml";
-        if (!std::filesystem::exists(path))
+        if (std::filesystem::exists(path))
         {
-            continue;
+            ++count;
+            const std::u8string utf8Name = folder.path().filename().u8string();
+            const std::u8string utf8Path = path.u8string();
+            visit(std::string(utf8Name.begin(), utf8Name.end()),
+                  WideFromUtf8(std::string(utf8Path.begin(), utf8Path.end())));
         }
-        ++count;
-        const std::u8string utf8Name = folder.path().filename().u8string();
-        const std::string example(utf8Name.begin(), utf8Name.end());
-        const std::u8string utf8Path = path.u8string();
-        const LandXmlFile file = ReadLandXmlFile(WideFromUtf8(std::string(utf8Path.begin(), utf8Path.end())));
+    }
+    return count;
+}
+
+TEST(FinishedFiles, ShowNothingThatIsNotExplained)
+{
+    const std::vector<const Check*> checks = EveryCheck();
+    const std::size_t count = ForEachFinishedFile([&](const std::string& example, const std::wstring& path) {
+        const LandXmlFile file = ReadLandXmlFile(path);
         for (const Finding& finding : Inspect(file, checks))
         {
             EXPECT_TRUE(IsExplained(example, finding))
                 << example << ": "
                 << Utf8FromWide(finding.check->code + (L" " + finding.object) + L": " + finding.text);
         }
-    }
+    });
     EXPECT_GE(count, 9U);
+}
+
+/// The figures with a decimal point in a text.
+std::vector<std::string> FiguresOf(const std::string& text)
+{
+    constexpr const char* DIGITS = "0123456789";
+    std::vector<std::string> figures;
+    for (std::size_t begin = text.find_first_of(DIGITS); begin != std::string::npos;
+         begin = text.find_first_of(DIGITS, begin))
+    {
+        const std::size_t end = std::min(text.find_first_not_of("0123456789.", begin), text.size());
+        const std::string figure = text.substr(begin, end - begin);
+        if (figure.find('.') != std::string::npos)
+        {
+            figures.push_back((begin > 0 && text[begin - 1] == '-' ? "-" : "") + figure);
+        }
+        begin = end;
+    }
+    return figures;
+}
+
+TEST(FinishedFiles, HaveCheckSheetsInTheirOwnFigures)
+{
+    std::size_t figures = 0;
+    ForEachFinishedFile([&](const std::string& example, const std::wstring& path) {
+        const std::string text = ReadWholeFile(path).value_or("");
+        for (const CheckSheetRow& row : CheckSheet(ReadLandXmlFile(path)))
+        {
+            for (const std::string& figure : FiguresOf(Utf8FromWide(row.value.japanese)))
+            {
+                ++figures;
+                EXPECT_NE(text.find(figure), std::string::npos) << example << ": " << figure;
+            }
+        }
+    });
+    EXPECT_GE(figures, 100U);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Looks at reports in a headless browser: no script fails, drawn places are the file's, texts don't lie over one another,
-nothing of a hostile file is run, cross sections can be leafed through, surfaces are drawn, and the page speaks English.
-A picture of each page stays in the work folder.
+"""Looks at reports in a headless browser: no script fails, what plans, profiles and cross sections show lies where the
+file's figures say, texts don't lie over one another at two zooms, nothing of a hostile file is run, cross sections can be
+leafed through, surfaces are drawn, and the page speaks English. A picture of each page stays in the work folder.
 
     browse.py BROWSER PROGRAM WORK_FOLDER FILE...    (PROGRAM with what runs it in front, parted by semicolons)
 """
@@ -11,6 +11,10 @@ import re
 import subprocess
 import sys
 import tempfile
+import xml.etree.ElementTree as ElementTree
+
+import recompute
+from recompute import children, properties
 
 WATCH = "<script>window.faults = []; window.onerror = (message) => { window.faults.push(message); };</script>"
 
@@ -19,7 +23,7 @@ const faults = window.faults;
 let places = 0, texts = 0, sections = 0, drawn = 0;
 for (const svg of document.querySelectorAll('svg.plan')) {
   const north = Number(svg.dataset.north), east = Number(svg.dataset.east);
-  for (const path of svg.querySelectorAll('path.main, path.stake, path.intermediate')) {
+  for (const path of svg.querySelectorAll('path.main, path.stake, path.intermediate, path.control')) {
     const place = /^M(\S+) (\S+)h0$/.exec(path.getAttribute('d'));
     const told = /X=(\S+)\s+Y=(\S+)/.exec(path.querySelector('title').textContent);
     const off = Math.hypot(north - Number(place[2]) - Number(told[1]), east + Number(place[1]) - Number(told[2]));
@@ -39,6 +43,12 @@ function overlaps(svg, when) {
   });
 }
 for (const svg of document.querySelectorAll('svg.plan, svg.profile')) overlaps(svg, 'at first');
+// What is drawn, for the script to hold against the file.
+const paths = (svg, kind) => [...svg.querySelectorAll('path.' + kind)].map(path => path.getAttribute('d'));
+const profiles = [...document.querySelectorAll('svg.profile')].map(svg => ({
+  scales: { ...svg.dataset }, vertices: paths(svg, 'vertex'), grounds: paths(svg, 'ground'), designs: paths(svg, 'design') }));
+const crossSections = [...document.querySelectorAll('svg.section')].map(svg => ({
+  grounds: paths(svg, 'ground'), designs: paths(svg, 'design'), layers: paths(svg, 'layer') }));
 for (const svg of document.querySelectorAll('svg.plan')) {
   const frame = svg.getBoundingClientRect();
   const before = svg.viewBox.baseVal.width;
@@ -71,6 +81,12 @@ for (const leaf of document.querySelectorAll('.leaf')) {
     if (seen()[0] !== figures[figures.length - 1]) faults.push('a link to a section does not lead there');
   }
 }
+// The page enlarged, as by the browser's own zoom.
+document.documentElement.style.zoom = 1.5;
+window.dispatchEvent(new Event('resize'));
+for (const svg of document.querySelectorAll('svg.plan, svg.profile, svg.section')) overlaps(svg, 'enlarged');
+document.documentElement.style.zoom = 1;
+window.dispatchEvent(new Event('resize'));
 for (const canvas of document.querySelectorAll('canvas.terrain')) {
   const gl = canvas.getContext('webgl2'), pixels = new Uint8Array(canvas.width * canvas.height * 4);
   const count = () => {
@@ -87,7 +103,7 @@ for (const word of document.querySelectorAll('h2[data-en], h3[data-en], th[data-
   if (/[\u3040-\u30ff]/.test(word.textContent)) faults.push('there is no English for ' + word.textContent);
 }
 if (document.documentElement.lang !== 'en') faults.push('the language is not switched');
-document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts, sections, drawn }) + 'END';
+document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts, sections, drawn, profiles, crossSections }) + 'END';
 </script>"""
 
 # In every name of a file: what would run if it weren't escaped.
@@ -117,6 +133,85 @@ def look(browser, page):
     return json.loads(result.group(1).replace("&amp;", "&").replace("&lt;", "<").replace("&gt;", ">"))
 
 
+def places(path):
+    """The pairs of figures of a path's steps."""
+    return [tuple(map(float, step.split())) for step in re.findall(r"[ML]([^MLZh]+)", path)]
+
+
+def pairs(node):
+    """The pairs of all point lists of a ground line, one after the other."""
+    return [pair for line in children(node, "PntList2D")
+            for figures in [list(map(float, line.text.split()))] for pair in zip(figures[::2], figures[1::2])]
+
+
+def expect_places(drawn, expected, tolerance, what):
+    assert len(drawn) == len(expected), f"{what}: {len(drawn)} places are drawn, not {len(expected)}"
+    for one, other in zip(drawn, expected):
+        off = max(abs(one[0] - other[0]), abs(one[1] - other[1]))
+        assert off <= tolerance, f"{what}: {other} is drawn at {one}"
+
+
+def check_profile(drawn, alignment, what):
+    """In hundredths of a pixel, as paths have them."""
+    scales = {key: float(value) for key, value in drawn["scales"].items()}
+
+    def place(station, height):
+        return (scales["x"] + (station - scales["station"]) * scales["along"], scales["y"] - (height - scales["height"]) * scales["up"])
+
+    assert abs(scales["station"] - alignment.start) < 1e-6, f"{what}: begins at {scales['station']}"
+    designs = [recompute.Profile(design) for design in alignment.designs]
+    vertices = [place(*point[:2]) for design in designs for point in design.points]
+    expect_places([places(path)[0] for path in drawn["vertices"]], vertices, 0.0051, f"{what}, gradient changes")
+    grounds = [[place(*pair) for pair in pairs(ground)] for profile in children(alignment.node, "Profile")
+               for ground in children(profile, "ProfSurf")]
+    assert len(drawn["grounds"]) == len(grounds), what
+    for path, ground in zip(drawn["grounds"], grounds):
+        expect_places(places(path), ground, 0.0051, f"{what}, ground line")
+    assert len(drawn["designs"]) == len(designs), what
+    for path, design in zip(drawn["designs"], designs):
+        for x, y in places(path):
+            station = scales["station"] + (x - scales["x"]) / scales["along"]
+            # Where a station is drawn to a hundredth of a pixel, its height is off by what the road climbs there.
+            steep = 0.0051 * scales["up"] / scales["along"] * 0.2
+            off = abs(y - place(station, design.height(station))[1])
+            assert off <= 0.0051 + steep, f"{what}: the design line at {station} is drawn {off} pixels off"
+    return len(vertices) + sum(map(len, grounds))
+
+
+def check_section(drawn, alignment, section, what):
+    """In metres, to the millimetre."""
+    height = alignment.height(float(section.get("sta"))) or 0
+    designs = {"true": [], "": []}
+    for surface in children(section, "DesignCrossSectSurf"):
+        points = children(surface, "CrossSectPnt")
+        if points and all(point.get("dataFormat", "Offset Elevation") == "Offset Elevation" for point in points):
+            base = height if "fhOffset" in properties(surface, "heightType") else 0
+            figures = [tuple(map(float, point.text.split())) for point in points]
+            designs[surface.get("closedArea") or ""].append([(offset, -(base + up)) for offset, up in figures])
+    grounds = [[(offset, -up) for offset, up in pairs(ground)] for ground in children(section, "CrossSectSurf")]
+    count = 0
+    for kind, expected in (("grounds", grounds), ("layers", designs["true"]), ("designs", designs[""])):
+        assert len(drawn[kind]) == len(expected), f"{what}: {len(drawn[kind])} {kind}, not {len(expected)}"
+        for path, line in zip(drawn[kind], expected):
+            expect_places(places(path), line, 0.000501, f"{what}, {kind}")
+            count += len(line)
+    return count
+
+
+def check_drawings(name, result):
+    """Profiles and cross sections against the file's own figures, read without the program."""
+    root = ElementTree.parse(name).getroot()
+    alignments = [recompute.Alignment(node, False) for route in children(root, "Alignments") for node in children(route, "Alignment")]
+    assert len(result["profiles"]) == len(alignments), f"{name}: {len(result['profiles'])} profiles"
+    count = sum(check_profile(drawn, alignment, f"{name}, {alignment.name}, profile")
+                for drawn, alignment in zip(result["profiles"], alignments))
+    sections = [(alignment, section) for alignment in alignments for sects in children(alignment.node, "CrossSects")
+                for section in children(sects, "CrossSect")]
+    assert len(result["crossSections"]) == len(sections), f"{name}: {len(result['crossSections'])} sections"
+    return count + sum(check_section(drawn, *one, f"{name}, section {one[1].get('sta')}")
+                       for drawn, one in zip(result["crossSections"], sections))
+
+
 def hostile(name, target):
     """The file with something hostile behind every name, reference and note."""
     text = pathlib.Path(name).read_text(encoding="utf-8")
@@ -138,7 +233,10 @@ def main(browser, program, folder, *files):
         assert not result["faults"], f"{name}: {result['faults']}"
         assert result["places"] >= 10 and result["texts"] >= 50 and result["sections"] >= 2, f"{name}: {result}"
         assert result["drawn"] > 0, f"{name}: {result}"
-        print(name, result["places"], "places,", result["texts"], "texts,", result["sections"], "sections")
+        # The hostile file lies where the first one does, and is none that other readers read.
+        drawn = check_drawings(name, result) if name in files else 0
+        print(name, result["places"], "places in plans,", drawn, "in profiles and sections,", result["texts"], "texts,",
+              result["sections"], "sections")
 
 
 if __name__ == "__main__":

@@ -4,12 +4,13 @@
     recompute.py PROGRAM WORK_FOLDER FILE...    (PROGRAM with what runs it in front, parted by semicolons)
 
 Clothoids by the power series of Fresnel's integrals, circles by their centres, parabolas by their equation, also in the
-profile: nothing is
-shared with the program. Coordinates may differ by 0.5 mm, azimuths by a tenth of a second, heights by 0.5 mm.
+profile: nothing is shared with the program. Coordinates, stations, heights and radii may differ by 0.5 mm, azimuths by a
+tenth of a second; what stands in the file has to be the file's own text.
 """
 import csv
 import math
 import pathlib
+import re
 import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
@@ -89,25 +90,29 @@ class Element:
                 e0 + along * math.sin(frame) + across * math.cos(frame), azimuth + self.turn * turned)
 
 
-class Alignment:
-    def __init__(self, node):
-        self.start = float(node.get("staStart"))
-        self.elements = [Element(child) for child in node.find(NAMESPACE + "CoordGeom")]
-        wanted = [prop.get("value") for prop in node.iterfind(f"{NAMESPACE}CrossSects/{NAMESPACE}Feature/*")
-                  if prop.get("label") == "profAlignRefs"]
-        designs = node.findall(f"{NAMESPACE}Profile/{NAMESPACE}ProfAlign")
-        design = next((one for one in designs if one.get("name") in wanted), designs[0] if designs else None)
-        self.profile = [(*map(float, one.text.split()), float(one.get("length", 0)),
-                         float(one.get("radius")) if one.tag == NAMESPACE + "CircCurve" else None)
-                        for one in (design if design is not None else [])]
+def name_of(node):
+    return node.tag[len(NAMESPACE):]
 
-    def at(self, station):
-        distance = station - self.start
-        for element in self.elements:
-            if distance <= element.length + 1e-6:
-                return element.at(distance)
-            distance -= element.length
-        raise ValueError(station)
+
+def children(node, *names):
+    return [child for child in node if name_of(child) in names]
+
+
+def properties(node, label, feature=None):
+    """The values of that label in the features right below an element, of all or of one name."""
+    return [prop.get("value") for one in children(node, "Feature") if feature is None or one.get("name") == feature
+            for prop in one if prop.get("label") == label]
+
+
+def close(one, other, tolerance=COORDINATE_TOLERANCE):
+    return abs(float(one) - float(other)) <= tolerance
+
+
+class Profile:
+    def __init__(self, node):
+        self.points = [(*map(float, one.text.split()), float(one.get("length", 0)),
+                        float(one.get("radius")) if name_of(one) == "CircCurve" else None)
+                       for one in children(node, "PVI", "ParaCurve", "CircCurve")]
 
     @staticmethod
     def arc_height(before, here, behind, station):
@@ -123,8 +128,7 @@ class Alignment:
         return centre[1] - side * math.sqrt(radius ** 2 - (station - centre[0]) ** 2)
 
     def height(self, station):
-        profile = self.profile
-        for before, here, behind in zip(profile, profile[1:], profile[2:]):
+        for before, here, behind in zip(self.points, self.points[1:], self.points[2:]):
             if here[3]:
                 height = self.arc_height(before, here, behind, station)
                 if height is not None:
@@ -134,10 +138,72 @@ class Alignment:
                 out = (behind[1] - here[1]) / (behind[0] - here[0])
                 x = station - (here[0] - here[2] / 2)
                 return here[1] - into * here[2] / 2 + into * x + (out - into) / (2 * here[2]) * x * x
-        for before, here in zip(profile, profile[1:]):
-            if before[0] - 1e-6 <= station <= here[0] + 1e-6:
-                return before[1] + (here[1] - before[1]) * (station - before[0]) / (here[0] - before[0])
-        return None
+        return on_line([point[:2] for point in self.points], station)
+
+    def gradient(self, index):
+        """From a point to the next one, in percent; none where there is none."""
+        if not 0 <= index < len(self.points) - 1:
+            return None
+        (s0, h0, *_), (s1, h1, *_) = self.points[index:index + 2]
+        return 100 * (h1 - h0) / (s1 - s0)
+
+
+def on_line(points, station):
+    """The height of a line of straight pieces; none in front of it and behind it."""
+    for (s0, h0), (s1, h1) in zip(points, points[1:]):
+        if s0 - 1e-6 <= station <= s1 + 1e-6:
+            return h0 + (h1 - h0) * (station - s0) / (s1 - s0)
+    return None
+
+
+class Alignment:
+    def __init__(self, node, is_river):
+        self.node = node
+        self.name = node.get("name")
+        self.is_river = is_river
+        self.start = float(node.get("staStart"))
+        self.nodes = list(node.find(NAMESPACE + "CoordGeom"))
+        self.elements = [Element(child) for child in self.nodes]
+        self.interval = float((properties(node, "main", "Interval") or ["20"])[0])
+        self.equations = sorted((float(one.get("staInternal")), float(one.get("staAhead")))
+                                for one in children(node, "StaEquation"))
+        self.designs = [design for profile in children(node, "Profile") for design in children(profile, "ProfAlign")]
+        wanted = [value for one in children(node, "CrossSects") for value in properties(one, "profAlignRefs")]
+        design = next((one for one in self.designs if one.get("name") in wanted), (self.designs or [None])[0])
+        self.profile = Profile(design) if design is not None else None
+        grounds = [ground for profile in children(node, "Profile") for ground in children(profile, "ProfSurf")]
+        self.ground = []
+        for line in children(grounds[0], "PntList2D") if grounds else []:
+            figures = list(map(float, line.text.split()))
+            self.ground.append(list(zip(figures[::2], figures[1::2])))
+
+    def at(self, station):
+        distance = station - self.start
+        for element in self.elements:
+            if distance <= element.length + 1e-6:
+                return element.at(distance)
+            distance -= element.length
+        raise ValueError(station)
+
+    def height(self, station):
+        return self.profile.height(station) if self.profile else None
+
+    def ground_height(self, station):
+        heights = [on_line(line, station) for line in self.ground]
+        return next((height for height in heights if height is not None), None)
+
+    def count(self, station):
+        """What the station's label says, by the equations in front of it."""
+        shift = 0
+        for internal, ahead in self.equations:
+            if internal <= station + 1e-9:
+                shift = ahead - internal
+        return station + shift
+
+    def is_label_of(self, label, station):
+        parts = re.fullmatch(r"(-?\d+)k(\d\d\d(?:\.\d+)?)" if self.is_river else r"No\.(-?\d+)(?:\+(\d+\.\d+))?", label)
+        unit = 1000 if self.is_river else self.interval
+        return parts is not None and close(int(parts[1]) * unit + float(parts[2] or 0), self.count(station), 0.000501)
 
 
 def degrees(text):
@@ -145,26 +211,178 @@ def degrees(text):
     return int(whole) + int(minutes) / 60 + float(seconds) / 3600
 
 
+def off_by(azimuth, text_degrees):
+    return (math.degrees(azimuth) - text_degrees + 180) % 360 - 180
+
+
+def is_height(text, height):
+    return text == "" if height is None else text != "" and close(text, height)
+
+
+class Sheets:
+    """The sheets of a file beside its own elements."""
+
+    def __init__(self, file, folder):
+        self.file, self.folder = file, folder
+        self.root = ElementTree.parse(file).getroot()
+        self.alignments = {}
+        for route in children(self.root, "Alignments"):
+            is_river = properties(route, "designGmType") == ["河川"]
+            for node in children(route, "Alignment"):
+                self.alignments[node.get("name")] = Alignment(node, is_river)
+
+    def rows(self, title):
+        with open(self.folder / f"{self.file.stem}-{title}.csv", encoding="utf-8-sig", newline="") as sheet:
+            return list(csv.DictReader(sheet))
+
+    def expect(self, holds, row, what):
+        assert holds, f"{self.file}: {what} in {row}"
+
+    def check_main_points(self):
+        """線形計算書: every element from its start, and the end of the last one."""
+        rows = self.rows("線形計算書")
+        expected = []
+        for alignment in self.alignments.values():
+            station = alignment.start
+            for node, element in zip(alignment.nodes, alignment.elements):
+                expected.append((alignment, node, children(node, "Start")[0], station, element.at(0)[2]))
+                station += element.length
+            expected.append((alignment, None, children(node, "End")[0], station, element.at(element.length)[2]))
+        assert len(rows) == len(expected), f"{self.file}: {len(rows)} main points"
+        for row, (alignment, node, point, station, azimuth) in zip(rows, expected):
+            north, east = point.text.split()[:2]
+            self.expect((row["線形"], row["主要点"], row["X"], row["Y"]) ==
+                        (alignment.name, point.get("name") or "", north, east), row, "another point")
+            self.expect(close(row["測点（m）"], station), row, f"not station {station}")
+            self.expect(alignment.is_label_of(row["測点"], station), row, f"no label of {station}")
+            self.expect(abs(off_by(azimuth, degrees(row["方向角"]))) <= AZIMUTH_TOLERANCE, row, f"not {math.degrees(azimuth)}")
+            own = ["", "", "", "", ""]
+            if node is not None:
+                radii = [node.get("radius") or node.get(key) or "" for key in ("radiusStart", "radiusEnd")]
+                own = [*radii, *(properties(node, "A") or [""]), node.get("length") or "", node.get("rot") or ""]
+            self.expect([row[key] for key in ("半径（始点）", "半径（終点）", "A", "長さ", "向き")] == own, row, f"not {own}")
+        return len(rows)
+
+    def check_stations(self):
+        """測点座標一覧"""
+        rows = self.rows("測点座標一覧")
+        assert len(rows) >= 10, f"{self.file}: only {len(rows)} stations"
+        for row in rows:
+            alignment = self.alignments[row["線形"]]
+            station = float(row["測点（m）"])
+            north, east, azimuth = alignment.at(station)
+            self.expect(close(row["X"], north) and close(row["Y"], east), row, f"not {north} {east}")
+            is_joint = row["主要点"] != ""  # where a line may bend, the sheet shows the direction behind
+            self.expect(abs(off_by(azimuth, degrees(row["方向角"]))) <= AZIMUTH_TOLERANCE or is_joint, row,
+                        f"not {math.degrees(azimuth)}")
+            self.expect(alignment.is_label_of(row["測点"], station), row, f"no label of {station}")
+            self.expect(is_height(row["計画高"], alignment.height(station)), row, f"not {alignment.height(station)}")
+            self.expect(is_height(row["地盤高"], alignment.ground_height(station)), row, f"not {alignment.ground_height(station)}")
+        return len(rows)
+
+    def check_profiles(self):
+        """縦断計算書"""
+        rows = self.rows("縦断計算書")
+        expected = [(alignment, design, Profile(design), index) for alignment in self.alignments.values()
+                    for design in alignment.designs for index in range(len(design.findall("*[@length]") + children(design, "PVI")))]
+        assert len(rows) == len(expected), f"{self.file}: {len(rows)} points of profiles"
+        for row, (alignment, design, profile, index) in zip(rows, expected):
+            node = children(design, "PVI", "ParaCurve", "CircCurve")[index]
+            station, height, length, radius = profile.points[index]
+            self.expect((row["線形"], row["縦断線形"], row["測点（m）"], row["高さ"]) ==
+                        (alignment.name, design.get("name"), *node.text.split()), row, "another point")
+            self.expect(alignment.is_label_of(row["測点"], station), row, f"no label of {station}")
+            into, out = profile.gradient(index - 1), profile.gradient(index)
+            for key, gradient in (("勾配（手前）％", into), ("勾配（先）％", out)):
+                self.expect(row[key] == "" if gradient is None else close(row[key], gradient, 0.000051), row, f"{key} is {gradient}")
+            self.expect(row["縦断曲線長"] == (node.get("length") or ""), row, "another length")
+            if length:
+                computed = radius or length / abs(out - into) * 100
+                self.expect(row["縦断曲線半径"] == node.get("radius") if radius else close(row["縦断曲線半径"], computed), row,
+                            f"radius {computed}")
+                self.expect(close(row["曲線始点（m）"], station - length / 2) and close(row["曲線終点（m）"], station + length / 2), row,
+                            "another curve")
+            self.expect(is_height(row["計画高"], profile.height(station)), row, f"not {profile.height(station)}")
+        return len(rows)
+
+    def check_cross_slopes(self):
+        """片勾配・拡幅表"""
+        words = {"BeginRunoutSta": "片勾配すりつけ開始", "BeginRunoffSta": "直線勾配から曲線勾配への移行開始",
+                 "FullSuperSta": "最大片勾配開始", "RunoffSta": "最大片勾配終了", "StartofRunoutSta": "直線勾配への移行終了",
+                 "EndofRunoutSta": "片勾配すりつけ終了", "ReverseCrown": "逆勾配と同じ勾配", "FlatSta": "水平"}
+        expected = []
+        for alignment in self.alignments.values():
+            rows = []
+            for one in children(alignment.node, "Superelevation"):
+                full = (one.findtext(NAMESPACE + "FullSuperelev") or "").strip()
+                for node in one:
+                    if name_of(node) in words:
+                        is_full = name_of(node) in ("FullSuperSta", "RunoffSta")
+                        rows.append((words[name_of(node)], node.text.strip(), full if is_full else "", "", ""))
+                for feature in ("ReverseCrown", "FlatSta"):
+                    rows += [(words[feature], station, "", "", "") for station in properties(one, "sta", feature)]
+            for label, word, place in (("slopeValue", "横断勾配", None), ("widthLeftValue", "左拡幅", 0),
+                                       ("widthRightValue", "右拡幅", 1)):
+                for value in properties(alignment.node, label):
+                    figures = [*value.split(), "", ""]
+                    sides = figures[1:3] if place is None else ["", ""]
+                    if place is not None:
+                        sides[place] = figures[1]
+                    rows.append((word, figures[0], "", *sides))
+            expected += [(alignment.name, *row) for row in sorted(rows, key=lambda row: (float(row[1]), row))]
+        rows = self.rows("片勾配・拡幅表")
+        keys = ("線形", "種別", "測点（m）", "片勾配％", "左", "右")
+        told = [tuple(row[key] for key in keys) for row in rows]
+        order = list(self.alignments)
+        assert sorted(told, key=lambda row: (order.index(row[0]), float(row[2]), row[1:])) == \
+            sorted(expected, key=lambda row: (order.index(row[0]), float(row[2]), row[1:])), f"{self.file}: {told}, not {expected}"
+        for row, following in zip(rows, rows[1:] + [None]):
+            self.expect(self.alignments[row["線形"]].is_label_of(row["測点"], float(row["測点（m）"])), row, "no label of the station")
+            self.expect(following is None or following["線形"] != row["線形"] or
+                        float(following["測点（m）"]) >= float(row["測点（m）"]), row, "the next station lies in front")
+        return len(rows)
+
+    def check_points(self):
+        """中間点・幅杭一覧: the file's own texts; what lies on a centre line is computed."""
+        rows = iter(self.rows("中間点・幅杭一覧"))
+        count = 0
+        unit = next(self.root.iter(NAMESPACE + "Metric")).get("directionUnit")
+        for group in children(self.root, "CgPoints"):
+            kinds = {one.get("name"): word for one in children(group, "Feature")
+                     for name, word in (("IntermediatePnts", "中間点"), ("WidthStakePnts", "幅杭")) if one.get("name") == name}
+            feature, kind = next(iter(kinds.items()), (None, "座標点"))
+            alignment = (properties(group, "alignmentRefs", feature) or [""])[0] if feature else ""
+            for point in children(group, "CgPoint"):
+                row = next(rows)
+                reference = point.get("featureRef")
+                own = [(properties(group, label, reference) or [""])[0] if reference else ""
+                       for label in ("sta", "tangentDirectionAngle")]
+                self.expect([row[key] for key in ("種別", "組", "注記", "線形", "点名", "X", "Y", "高さ", "測点（m）", "接線方向角")] ==
+                            [kind, group.get("name") or "", group.get("desc") or "", alignment, point.get("name") or "",
+                             *(point.text.split() + [""])[:3], *own], row, "another point")
+                self.check_on_line(row, alignment, unit)
+                count += 1
+        assert next(rows, None) is None, f"{self.file}: more points than the file has"
+        return count
+
+    def check_on_line(self, row, alignment, unit):
+        if row["測点（m）"] in ("", ".") or alignment not in self.alignments:
+            return
+        north, east, azimuth = self.alignments[alignment].at(float(row["測点（m）"]))
+        self.expect(close(row["X"], north) and close(row["Y"], east), row, f"not {north} {east}")
+        text = row["接線方向角"]
+        if text in ("", ".") or unit != "decimal dd.mm.ss":
+            return
+        whole, _, fraction = text.partition(".")
+        fraction = fraction.ljust(4, "0")
+        direction = int(whole) + int(fraction[:2]) / 60 + float(fraction[2:4] + "." + fraction[4:]) / 3600
+        self.expect(abs(off_by(azimuth, direction)) <= AZIMUTH_TOLERANCE, row, f"not {math.degrees(azimuth)}")
+
+
 def check(file, folder):
-    alignments = {node.get("name"): Alignment(node) for node in ElementTree.parse(file).iter(NAMESPACE + "Alignment")}
-    with open(folder / f"{file.stem}-測点座標一覧.csv", encoding="utf-8-sig", newline="") as sheet:
-        rows = list(csv.DictReader(sheet))
-    assert len(rows) >= 10, f"{file}: only {len(rows)} stations"
-    for row in rows:
-        alignment = alignments[row["線形"]]
-        station = float(row["測点（m）"])
-        north, east, azimuth = alignment.at(station)
-        where = f"{file}: {row['線形']} {row['測点']}"
-        assert abs(north - float(row["X"])) <= COORDINATE_TOLERANCE, f"{where}: X {row['X']}, not {north}"
-        assert abs(east - float(row["Y"])) <= COORDINATE_TOLERANCE, f"{where}: Y {row['Y']}, not {east}"
-        off = (math.degrees(azimuth) - degrees(row["方向角"]) + 180) % 360 - 180
-        is_joint = row["主要点"] != ""  # where a line may bend, the sheet shows the direction behind
-        assert abs(off) <= AZIMUTH_TOLERANCE or is_joint, f"{where}: {row['方向角']} is {off * 3600} seconds off"
-        height = alignment.height(station)
-        assert (height is None) == (row["計画高"] == ""), f"{where}: 計画高 {row['計画高']}"
-        if height is not None:
-            assert abs(height - float(row["計画高"])) <= COORDINATE_TOLERANCE, f"{where}: {row['計画高']}, not {height}"
-    return len(rows)
+    sheets = Sheets(file, folder)
+    return (f"{sheets.check_main_points()} main points, {sheets.check_stations()} stations, {sheets.check_profiles()} points of "
+            f"profiles, {sheets.check_cross_slopes()} cross slopes, {sheets.check_points()} points")
 
 
 def main(program, folder, *files):
@@ -173,7 +391,7 @@ def main(program, folder, *files):
         target = folder / str(number)
         command = [part for part in program.split(";") if part]
         subprocess.run([*command, "--csv", str(target), name], stdout=subprocess.DEVNULL, check=False)
-        print(name, check(pathlib.Path(name), target), "stations")
+        print(name, check(pathlib.Path(name), target))
 
 
 if __name__ == "__main__":
