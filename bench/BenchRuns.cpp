@@ -1,11 +1,15 @@
 // Measures whole runs (work file in, finished file out) beside what bare pugixml needs to load and save the same file,
-// and prints the ratios of time and peak memory. Each run has a process of its own, so that memory is counted from
-// zero.
+// and the inspection of the finished file beside the run that made it, and prints the ratios of time and peak memory.
+// Each run has a process of its own, so that memory is counted from zero.
 //
 //   bench_runs [CASE [SIZE]]      without a case: all of them
 
 #include "BenchDocuments.h"
 #include "base/Text.h"
+#include "inspect/Checks.h"
+#include "inspect/Printing.h"
+#include "inspect/ReadLandXml.h"
+#include "inspect/Summary.h"
 #include "run/ConversionContext.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
@@ -81,6 +85,38 @@ void WholeRun(const std::string& in, const std::string& out)
     }
 }
 
+/// All that jlandxml-inspect does to a file when it is asked for nothing but the file.
+void Inspection(const std::string& finished)
+{
+    using namespace inspect;
+    const LandXmlFile file = ReadLandXmlFile(WideFromUtf8(finished));
+    const std::vector<Finding> findings = Inspect(file, EveryCheck());
+    if ((SummaryText(file) + FindingsText(findings)).empty())
+    {
+        ::_exit(1);
+    }
+}
+
+double Megabytes(const std::string& file)
+{
+    return static_cast<double>(std::filesystem::file_size(file)) / 1e6;
+}
+
+void PrintInspection(const BenchDocument& document, int size, const std::string& finished, const Measure& run)
+{
+    std::array<Measure, ROUNDS> inspections{};
+    for (Measure& inspection : inspections)
+    {
+        inspection = Run([&] { Inspection(finished); });
+    }
+    const Measure measure = Median(inspections);
+    std::printf("%-16s %9d %8.1f MB  run %7.3f s  inspection %7.3f s %7.1f MB  time x%.2f of the run  memory x%.2f of "
+                "the file\n",
+                document.name.data(), size, Megabytes(finished), run.seconds, measure.seconds, measure.megabytes,
+                measure.seconds / run.seconds, measure.megabytes * 1.048576 / Megabytes(finished));
+    std::fflush(stdout);
+}
+
 /// Loading side files, by themselves: time and memory for each row.
 void BenchSideFiles(const BenchDocument& document, int rows)
 {
@@ -124,10 +160,9 @@ void BenchWholeRun(const BenchDocument& document, int size)
     const Measure one = Median(bare);
     const Measure other = Median(run);
     std::printf("%-16s %9d %8.1f MB  pugixml %7.3f s %7.1f MB  run %7.3f s %7.1f MB  time x%.2f  memory x%.2f\n",
-                document.name.data(), size, static_cast<double>(std::filesystem::file_size(in)) / 1e6, one.seconds,
-                one.megabytes, other.seconds, other.megabytes, other.seconds / one.seconds,
-                other.megabytes / one.megabytes);
-    std::fflush(stdout);
+                document.name.data(), size, Megabytes(in), one.seconds, one.megabytes, other.seconds, other.megabytes,
+                other.seconds / one.seconds, other.megabytes / one.megabytes);
+    PrintInspection(document, size, runOut, other);
 }
 
 } // namespace

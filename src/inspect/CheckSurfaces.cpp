@@ -1,7 +1,7 @@
 #include "inspect/CheckSurfaces.h"
 
 #include "inspect/Names.h"
-#include "inspect/PointIndex.h"
+#include "inspect/SurfaceEdges.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,10 +66,9 @@ void CheckPointIdsUnique(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        const PointIndex index(surface.points);
         for (const SurfacePoint& point : surface.points)
         {
-            if (point.id != 0 && &surface.points[index.Find(point.id)] != &point)
+            if (point.id != 0 && &surface.points[surface.index.Find(point.id)] != &point)
             {
                 findings.Report(PointName(surface, point), point.line);
             }
@@ -81,9 +80,10 @@ void CheckFaceCorners(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
+        const std::size_t corners = CornersOf(surface);
         for (const SurfaceFace& face : surface.faces)
         {
-            if (face.cornerCount != CornersOf(surface))
+            if (face.cornerCount != corners)
             {
                 findings.Report(FaceName(surface, face), face.line,
                                 {{L"{}点", L"{} corners"}, {std::to_wstring(face.cornerCount)}});
@@ -96,12 +96,11 @@ void CheckFacePoints(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        const PointIndex index(surface.points);
         for (const SurfaceFace& face : surface.faces)
         {
             const auto* const end = face.corners.data() + std::min<std::size_t>(face.cornerCount, face.corners.size());
             const auto* const missing = std::find_if(
-                face.corners.data(), end, [&](std::uint32_t corner) { return index.Find(corner) == NO_POINT; });
+                face.corners.data(), end, [&](std::uint32_t corner) { return surface.index.Find(corner) == NO_POINT; });
             if (missing != end)
             {
                 findings.Report(FaceName(surface, face), face.line,
@@ -117,10 +116,9 @@ void CheckFaceAreas(const LandXmlFile& file, Findings& findings)
     constexpr double NO_AREA = 1e-6;
     for (const Surface& surface : file.surfaces)
     {
-        const PointIndex index(surface.points);
         for (const SurfaceFace& face : surface.faces)
         {
-            const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
+            const auto places = face.isHidden ? std::nullopt : surface.index.PlacesOf(face);
             if (!places)
             {
                 continue;
@@ -143,20 +141,14 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        const std::vector<std::uint64_t> edges = SortedEdges(surface, PointIndex(surface.points));
-        for (auto edge = edges.begin(); edge != edges.end();)
-        {
-            const auto next = std::find_if(edge, edges.end(), [&](std::uint64_t other) { return other != *edge; });
-            if (next - edge > 2)
+        SurfaceEdges(surface).ForEach([&](std::uint32_t first, std::uint32_t second, std::size_t faces) {
+            if (faces > 2)
             {
-                const SurfacePoint& from = surface.points[FirstOf(*edge)];
-                const SurfacePoint& to = surface.points[SecondOf(*edge)];
-                findings.Report(
-                    Path(NameOf(surface), L"辺 " + std::to_wstring(from.id) + L" " + std::to_wstring(to.id)),
-                    surface.line, {{L"{}面", L"{} faces"}, {std::to_wstring(next - edge)}});
+                findings.Report(Path(NameOf(surface), L"辺 " + std::to_wstring(surface.points[first].id) + L" " +
+                                                          std::to_wstring(surface.points[second].id)),
+                                surface.line, {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}});
             }
-            edge = next;
-        }
+        });
     }
 }
 
@@ -164,13 +156,12 @@ void CheckPointsUsed(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        const PointIndex index(surface.points);
         std::vector<bool> isUsed(surface.points.size());
         for (const SurfaceFace& face : surface.faces)
         {
             for (const std::uint32_t corner : face.corners)
             {
-                const std::uint32_t place = corner != 0 ? index.Find(corner) : NO_POINT;
+                const std::uint32_t place = corner != 0 ? surface.index.Find(corner) : NO_POINT;
                 if (place != NO_POINT)
                 {
                     isUsed[place] = true;

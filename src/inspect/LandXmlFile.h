@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inspect/Figure.h"
+#include "inspect/PointIndex.h"
 #include "inspect/SchemaValidation.h"
 #include "inspect/SourceText.h"
 
@@ -328,6 +329,7 @@ struct Surface
     std::wstring_view type; ///< TIN or grid
     std::vector<SurfacePoint> points;
     std::vector<SurfaceFace> faces;
+    PointIndex index;                      ///< of the points, once all of them are read
     std::array<FarthestPoint, 6> farthest; ///< to the south, west, bottom, north, east and top
     std::vector<Feature> features;         ///< alignmentRefs
     std::size_t line = 0;

@@ -193,6 +193,7 @@ class FileReader
         surface.line = reader_.Line(element);
         reader_.ForEachChild(element, {{L"Definition", [&](Node child) { ReadDefinition(surface, child); }},
                                        {L"Feature", FeatureInto(surface.features)}});
+        surface.index = PointIndex(surface.points);
         TakeFarthest(surface);
         file_.surfaces.push_back(std::move(surface));
     }

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -147,11 +148,11 @@ void SourceText::CutPassages(std::string_view bytes)
         const std::size_t nameOffset = text_.size();
         Append(bytes.substr(tag->name, tag->content - tag->name));
         done = tag->content;
-        if (std::optional<SurfacePassage> passage = ReadSurfacePassage(bytes.substr(done), lineStarts_.size()))
+        if (std::optional<SurfacePassage> passage = ReadSurfacePassage(bytes.substr(done), lineStarts_.back().line))
         {
             done += passage->length;
             tag->content = done;
-            lineStarts_.insert(lineStarts_.end(), passage->lines, text_.size());
+            lineStarts_.push_back({text_.size(), lineStarts_.back().line + passage->lines});
             passages_.emplace(nameOffset, *std::move(passage));
         }
     }
@@ -165,15 +166,17 @@ void SourceText::Append(std::string_view bytes)
     text_ += WideFromUtf8(bytes);
     while ((place = text_.find(L'\n', place)) != std::wstring::npos)
     {
-        lineStarts_.push_back(++place);
+        lineStarts_.push_back({++place, lineStarts_.back().line + 1});
     }
 }
 
 std::size_t SourceText::LineAt(std::ptrdiff_t offset) const
 {
     const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0));
-    return static_cast<std::size_t>(std::upper_bound(lineStarts_.begin(), lineStarts_.end(), place) -
-                                    lineStarts_.begin());
+    const auto behind =
+        std::upper_bound(lineStarts_.begin(), lineStarts_.end(), place,
+                         [](std::size_t value, const LineStart& start) { return value < start.offset; });
+    return std::prev(behind)->line;
 }
 
 SurfacePassage* SourceText::PassageAt(std::ptrdiff_t offset)

@@ -39,7 +39,13 @@ class SourceText
     void Append(std::string_view bytes);
 
     std::wstring text_;
-    std::vector<std::size_t> lineStarts_{0}; ///< offsets; a cut passage's lines all start where it was
+    /// A line that begins in the text, or behind a passage that was cut out of it.
+    struct LineStart
+    {
+        std::size_t offset;
+        std::size_t line;
+    };
+    std::vector<LineStart> lineStarts_{{0, 1}};
     std::map<std::size_t, SurfacePassage> passages_;
     bool hasMalformedBytes_ = false;
 };

@@ -1,8 +1,8 @@
 #include "inspect/SurfaceLines.h"
 
 #include "inspect/Limits.h"
-#include "inspect/PointIndex.h"
 #include "inspect/Summary.h"
+#include "inspect/SurfaceEdges.h"
 
 #include <algorithm>
 #include <cmath>
@@ -101,16 +101,12 @@ std::size_t SegmentCount(const std::vector<Contour>& contours)
 std::vector<PlanSegment> OutlineOf(const Surface& surface)
 {
     std::vector<PlanSegment> outline;
-    const std::vector<std::uint64_t> edges = SortedEdges(surface, PointIndex(surface.points));
-    for (std::size_t index = 0; index < edges.size() && outline.size() < MOST_SEGMENTS; ++index)
-    {
-        const bool isSame = (index > 0 && edges[index - 1] == edges[index]) ||
-                            (index + 1 < edges.size() && edges[index + 1] == edges[index]);
-        if (!isSame)
+    SurfaceEdges(surface).ForEach([&](std::uint32_t first, std::uint32_t second, std::size_t faces) {
+        if (faces == 1 && outline.size() < MOST_SEGMENTS)
         {
-            outline.push_back(Between(surface.points[FirstOf(edges[index])], surface.points[SecondOf(edges[index])]));
+            outline.push_back(Between(surface.points[first], surface.points[second]));
         }
-    }
+    });
     return outline;
 }
 
@@ -133,10 +129,9 @@ std::vector<Contour> ContoursOf(const Surface& surface)
     {
         contours.push_back({number * interval, {}});
     }
-    const PointIndex index(surface.points);
     for (const SurfaceFace& face : surface.faces)
     {
-        const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
+        const auto places = face.isHidden ? std::nullopt : surface.index.PlacesOf(face);
         for (std::size_t corner = 2; places && corner < face.cornerCount; ++corner)
         {
             AddTriangle({&surface.points[(*places)[0]], &surface.points[(*places)[corner - 1]],

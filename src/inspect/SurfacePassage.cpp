@@ -1,7 +1,10 @@
 #include "inspect/SurfacePassage.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <limits>
 
 namespace jlandxml::inspect
@@ -97,6 +100,76 @@ std::uint32_t ReadId(std::string_view word)
     return read.ec == std::errc() && read.ptr == end ? value : 0;
 }
 
+/// Reads an element as programs write it as a rule, without a blank or a line end more than there must be. What it
+/// doesn't read may still be plain.
+class PlainestReader
+{
+  public:
+    explicit PlainestReader(const char* at) : at_(at) {}
+
+    /// No such element is longer.
+    static constexpr std::size_t LONGEST = 128;
+
+    const char* At() const { return at_; }
+
+    template <std::size_t SIZE>
+    bool Take(const char (&text)[SIZE])
+    {
+        const bool isThere = std::memcmp(at_, text, SIZE - 1) == 0;
+        at_ += isThere ? SIZE - 1 : 0;
+        return isThere;
+    }
+
+    bool TakeId(std::uint32_t& id)
+    {
+        constexpr std::ptrdiff_t MOST_DIGITS = 9;
+        const char* const begin = at_;
+        std::uint64_t digits = 0;
+        TakeDigits(begin + MOST_DIGITS, digits);
+        id = static_cast<std::uint32_t>(digits);
+        return at_ != begin;
+    }
+
+    /// A decimal number of up to 15 digits, read as ReadPlainDecimal does.
+    bool TakeCoordinate(double& value)
+    {
+        constexpr std::ptrdiff_t MOST_DIGITS = 15;
+        const bool isNegative = *at_ == '-';
+        at_ += isNegative ? 1 : 0;
+        const char* const begin = at_;
+        std::uint64_t digits = 0;
+        TakeDigits(begin + MOST_DIGITS, digits);
+        std::ptrdiff_t count = at_ - begin;
+        std::ptrdiff_t decimals = 0;
+        if (*at_ == '.')
+        {
+            const char* const point = at_++;
+            TakeDigits(point + 1 + (MOST_DIGITS - count), digits);
+            decimals = at_ - point - 1;
+            count += decimals;
+        }
+        const double plain = static_cast<double>(digits) / POWERS_OF_TEN[decimals];
+        value = isNegative ? -plain : plain;
+        return count > 0;
+    }
+
+  private:
+    void TakeDigits(const char* end, std::uint64_t& number)
+    {
+        for (; at_ != end; ++at_)
+        {
+            const auto digit = static_cast<unsigned>(*at_ - '0');
+            if (digit > 9)
+            {
+                return;
+            }
+            number = number * 10 + digit;
+        }
+    }
+
+    const char* at_;
+};
+
 /// A scan over bytes that stops at anything that isn't plain.
 class PassageScanner
 {
@@ -111,6 +184,8 @@ class PassageScanner
         {
             if (Has("</"))
             {
+                GiveBackRoom(passage.points);
+                GiveBackRoom(passage.faces);
                 passage.length = position_;
                 passage.lines = line_ - firstLine;
                 for (std::size_t side = 0; side < farthest_.sides.size(); ++side)
@@ -124,11 +199,42 @@ class PassageScanner
             {
                 return {};
             }
+            MakeRoom(passage);
         }
         return {};
     }
 
   private:
+    /// Once it is known how long elements are here, makes room for as many as the rest of the file can hold: growing
+    /// step by step would move them again and again. Room that nothing is put into costs no memory.
+    void MakeRoom(SurfacePassage& passage) const
+    {
+        constexpr std::size_t ENOUGH = 200;
+        const std::size_t count = passage.points.size() + passage.faces.size();
+        if (count == ENOUGH)
+        {
+            const std::size_t most = count + (bytes_.size() - position_) / (position_ / count) * 9 / 8;
+            if (passage.faces.empty())
+            {
+                passage.points.reserve(most);
+            }
+            else
+            {
+                passage.faces.reserve(most);
+            }
+        }
+    }
+
+    /// A short passage of a long file.
+    template <class Element>
+    static void GiveBackRoom(std::vector<Element>& elements)
+    {
+        if (elements.capacity() / 4 > elements.size())
+        {
+            elements.shrink_to_fit();
+        }
+    }
+
     bool AtEnd() const { return position_ >= bytes_.size(); }
     bool Has(std::string_view text) const { return bytes_.substr(position_, text.size()) == text; }
 
@@ -151,6 +257,68 @@ class PassageScanner
 
     bool ScanElement(SurfacePassage& passage)
     {
+        return bytes_.size() - position_ >= PlainestReader::LONGEST
+                   ? ScanPlainestPoint(passage) || ScanPlainestFace(passage) || ScanAnyElement(passage)
+                   : ScanAnyElement(passage);
+    }
+
+    bool ScanPlainestPoint(SurfacePassage& passage)
+    {
+        PlainestReader reader(bytes_.data() + position_);
+        SurfacePoint point{};
+        if (!reader.Take("<P id=\"") || !reader.TakeId(point.id) || !reader.Take("\">"))
+        {
+            return false;
+        }
+        const char* const text = reader.At();
+        if (!reader.TakeCoordinate(point.north) || !reader.Take(" ") || !reader.TakeCoordinate(point.east) ||
+            !reader.Take(" ") || !reader.TakeCoordinate(point.height))
+        {
+            return false;
+        }
+        const std::string_view figures(text, static_cast<std::size_t>(reader.At() - text));
+        if (!reader.Take("</P>"))
+        {
+            return false;
+        }
+        point.line = static_cast<std::uint32_t>(line_);
+        passage.points.push_back(point);
+        farthest_.Take(point, figures);
+        MoveTo(reader.At());
+        return true;
+    }
+
+    bool ScanPlainestFace(SurfacePassage& passage)
+    {
+        PlainestReader reader(bytes_.data() + position_);
+        SurfaceFace face{{}, static_cast<std::uint32_t>(line_), 3, false};
+        if (!reader.Take("<F>") || !reader.TakeId(face.corners[0]) || !reader.Take(" ") ||
+            !reader.TakeId(face.corners[1]) || !reader.Take(" ") || !reader.TakeId(face.corners[2]))
+        {
+            return false;
+        }
+        if (reader.Take(" "))
+        {
+            face.cornerCount = 4;
+            if (!reader.TakeId(face.corners[3]))
+            {
+                return false;
+            }
+        }
+        if (!reader.Take("</F>"))
+        {
+            return false;
+        }
+        passage.faces.push_back(face);
+        MoveTo(reader.At());
+        return true;
+    }
+
+    void MoveTo(const char* at) { position_ = static_cast<std::size_t>(at - bytes_.data()); }
+
+    bool ScanAnyElement(SurfacePassage& passage)
+    {
+        const std::size_t begin = position_;
         const auto line = static_cast<std::uint32_t>(line_);
         const bool isPoint = Take("<P");
         if (!isPoint && !Take("<F"))
@@ -163,7 +331,7 @@ class PassageScanner
             return false;
         }
         const std::optional<std::string_view> text = ScanText();
-        if (!text || !Take(isPoint ? "</P>" : "</F>"))
+        if (!text || !Take(isPoint ? "</P>" : "</F>") || !IsWellFormedUtf8(bytes_.substr(begin, position_ - begin)))
         {
             return false;
         }

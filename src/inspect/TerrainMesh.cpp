@@ -1,7 +1,6 @@
 #include "inspect/TerrainMesh.h"
 
 #include "inspect/Limits.h"
-#include "inspect/PointIndex.h"
 #include "inspect/Summary.h"
 
 #include <algorithm>
@@ -26,10 +25,9 @@ std::vector<Triangle> TrianglesOf(const Surface& surface)
 {
     std::vector<Triangle> triangles;
     triangles.reserve(surface.faces.size());
-    const PointIndex index(surface.points);
     for (const SurfaceFace& face : surface.faces)
     {
-        const auto places = face.isHidden ? std::nullopt : index.PlacesOf(face);
+        const auto places = face.isHidden ? std::nullopt : surface.index.PlacesOf(face);
         for (std::size_t corner = 2; places && corner < face.cornerCount; ++corner)
         {
             const Triangle triangle{(*places)[0], (*places)[corner - 1], (*places)[corner]};

@@ -316,6 +316,7 @@ Surface WavyGrid(std::uint32_t side)
             surface.faces.push_back({{corner + 1, corner + side + 2, corner + side + 1}, 1, 3, false});
         }
     }
+    surface.index = PointIndex(surface.points);
     return surface;
 }
 
