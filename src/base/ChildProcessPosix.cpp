@@ -12,8 +12,6 @@
 #include <unistd.h>
 #include <utility>
 
-extern char** environ;
-
 namespace jlandxml
 {
 
@@ -75,6 +73,7 @@ class SpawnPlan
     std::optional<pid_t> Spawn(const std::string& program, std::vector<std::string> words) const
     {
         std::vector<char*> values;
+        values.reserve(words.size() + 1);
         for (std::string& word : words)
         {
             values.push_back(word.data());

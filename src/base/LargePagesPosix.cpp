@@ -2,7 +2,7 @@
 
 #include "base/LargePages.h"
 
-#include <cstdint>
+#include <memory>
 #include <sys/mman.h>
 
 namespace jlandxml
@@ -11,13 +11,12 @@ namespace jlandxml
 void PreferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) noexcept
 {
 #ifdef MADV_HUGEPAGE
-    const auto start = reinterpret_cast<std::uintptr_t>(memory);
-    const std::uintptr_t first = (start + LARGE_PAGE - 1) / LARGE_PAGE * LARGE_PAGE;
-    const std::uintptr_t end = (start + size) / LARGE_PAGE * LARGE_PAGE;
-    if (first < end)
+    void* first = memory;
+    std::size_t rest = size;
+    if (std::align(LARGE_PAGE, LARGE_PAGE, first, rest) != nullptr)
     {
         // What it asks for is no more than a wish.
-        ::madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+        ::madvise(first, rest / LARGE_PAGE * LARGE_PAGE, MADV_HUGEPAGE);
     }
 #endif
 }

@@ -317,6 +317,7 @@ class ConvertUsage
     std::vector<std::string> WorkFiles() const
     {
         std::vector<std::string> files;
+        files.reserve(options_.workFolders.size());
         for (const std::wstring& folder : options_.workFolders)
         {
             files.push_back(Utf8FromWide(WorkFileOf(folder)));

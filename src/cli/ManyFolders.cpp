@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <mutex>
 #include <optional>
 #include <sstream>
@@ -94,7 +95,7 @@ class ProgressBar
     std::wstring TimeLeft(std::size_t done) const
     {
         const double each = SecondsSince(begun_) / static_cast<double>(done);
-        const auto seconds = static_cast<long long>(each * static_cast<double>(folders_ - done) + 0.5);
+        const long long seconds = std::llround(each * static_cast<double>(folders_ - done));
         const std::wstring rest = std::to_wstring(seconds % MINUTE);
         return std::to_wstring(seconds / MINUTE) + (rest.size() < 2 ? L":0" : L":") + rest;
     }
