@@ -18,5 +18,5 @@ section:has($4), .sections:has($4) { display: block !important; } $4 { display: 
 }
 mkdir -p docs/images
 picture plan 1400 640 '.planbox'
-picture profile 1140 1040 'figure.scroll'
+picture profile 1140 1060 'figure.scroll'
 picture section 1400 320 '.sections > figure:first-child'

@@ -24,10 +24,10 @@ namespace
 // Sizes on the sheet, in pixels.
 constexpr double LEFT = 110;
 constexpr double TOP = 30;
-constexpr double GRAPH = 300;
-constexpr double TEXT_BAND = 52;
-constexpr int TEXT_BANDS = 7; ///< heights, fill, cut, distances, stations
-constexpr double DIAGRAM_BAND = 70;
+constexpr double GRAPH = 280;
+constexpr double TEXT_BAND = 60; ///< a distance of five digits before its point fits
+constexpr int TEXT_BANDS = 7;    ///< heights, fill, cut, distances, stations
+constexpr double DIAGRAM_BAND = 64;
 constexpr double STATION_GAP = 26; ///< between main stations, so that texts on end stand apart
 constexpr double NARROWEST = 900;
 constexpr double WIDEST = 20000;

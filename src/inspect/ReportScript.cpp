@@ -58,7 +58,8 @@ svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: mid
 canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
 .meshes { display: flex; flex-wrap: wrap; gap: 4px 16px; } .swatch { display: inline-block; width: 12px; height: 12px; margin: 0 4px; }
 .terrainbox { position: relative; } .compass { position: absolute; right: 14px; top: 8px; font-weight: bold; }
-@media print { nav, button, .leaf { display: none; } .sheet { break-before: page; } section { overflow: visible; } }
+@media print { nav, button, .leaf { display: none; } .sheet { break-before: page; } section, .scroll { overflow: visible; }
+  svg.profile { max-width: 100%; height: auto; break-inside: avoid; } }
 )css";
 
 const char* const REPORT_SCRIPT = R"js(
@@ -85,7 +86,8 @@ function declutter(svg) {
     const box = boxes[index], places = placesOf(text) || [[0, 0, 'start']], [x, y, anchor] = places[0];
     const at = places.map(place => {
       const left = box.left + place[0] - x - (place[2] === anchor ? 0 : box.width);
-      return { left, right: left + box.width, top: box.top + place[1] - y, bottom: box.bottom + place[1] - y };
+      // A pixel to spare: texts that are moved aren't measured again.
+      return { left: left - 0.5, right: left + box.width + 0.5, top: box.top + place[1] - y, bottom: box.bottom + place[1] - y };
     });
     const free = at.findIndex(one => !shown.some(other =>
       one.left < other.right && other.left < one.right && one.top < other.bottom && other.top < one.bottom));

@@ -43,6 +43,7 @@ function overlaps(svg, when) {
   });
 }
 for (const svg of document.querySelectorAll('svg.plan, svg.profile')) overlaps(svg, 'at first');
+for (const text of document.querySelectorAll('svg.profile text.upright.hidden')) faults.push('there is no room for ' + text.textContent);
 // What is drawn, for the script to hold against the file.
 const paths = (svg, kind) => [...svg.querySelectorAll('path.' + kind)].map(path => path.getAttribute('d'));
 const profiles = [...document.querySelectorAll('svg.profile')].map(svg => ({
