@@ -13,7 +13,7 @@ namespace
 constexpr const char* DESC = "構築物情報 = 道路 設計交通量 = 450 主測点間隔 = 20 副測点間隔 = 10 "
                              "直線部横断勾配 = 2";
 
-/// A terrain of triangles: what most of a large file's bytes are.
+/// A terrain of triangles, two to a point: what most of a large file's bytes are.
 void WriteTerrain(std::ostream& out, int points)
 {
     out << "<Surfaces><Surface name=\"現況地形\" desc=\"ExistingGround\"><Definition surfType=\"TIN\"><Pnts>\n";
@@ -23,9 +23,10 @@ void WriteTerrain(std::ostream& out, int points)
             << 12 + point % 7 << ".375</P>\n";
     }
     out << "</Pnts><Faces>\n";
-    for (int face = 0; face + 1000 < points; ++face)
+    for (int corner = 0; corner + 1001 < points; ++corner)
     {
-        out << "<F>" << face << ' ' << face + 1 << ' ' << face + 1000 << "</F>\n";
+        out << "<F>" << corner << ' ' << corner + 1 << ' ' << corner + 1000 << "</F>\n<F>" << corner + 1 << ' '
+            << corner + 1001 << ' ' << corner + 1000 << "</F>\n";
     }
     out << "</Faces></Definition></Surface></Surfaces>\n";
 }

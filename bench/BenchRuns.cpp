@@ -131,7 +131,10 @@ void BenchSideFiles(const BenchDocument& document, int rows)
     for (Measure& run : runs)
     {
         run = Run([&] {
-            std::freopen("/dev/null", "w", stdout);
+            if (std::freopen("/dev/null", "w", stdout) == nullptr)
+            {
+                ::_exit(1);
+            }
             LoadRun((folder.Path() / "Landxml_temp.xml").wstring());
             LoadSideFiles(folder.Path().wstring(), 1);
         });
