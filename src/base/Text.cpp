@@ -266,7 +266,14 @@ std::wstring WideFromUtf8(std::string_view text)
 
 std::size_t DecodeUtf8(std::string_view text, wchar_t* out)
 {
+    bool isWellFormed = true;
+    return DecodeUtf8(text, out, isWellFormed);
+}
+
+std::size_t DecodeUtf8(std::string_view text, wchar_t* out, bool& isWellFormed)
+{
     const wchar_t* const begin = out;
+    isWellFormed = true;
     for (;;)
     {
         const std::size_t ascii = WidenAscii(text, out);
@@ -277,6 +284,7 @@ std::size_t DecodeUtf8(std::string_view text, wchar_t* out)
             return static_cast<std::size_t>(out - begin);
         }
         const Utf8Sequence sequence = NextSequence(text);
+        isWellFormed = isWellFormed && sequence.wellFormed;
         out = PutWide(out, sequence.codePoint);
         text.remove_prefix(sequence.length);
     }
@@ -334,20 +342,26 @@ std::string Utf8FromWide(std::wstring_view text)
 
 bool IsWellFormedUtf8(std::string_view text)
 {
-    while (!text.empty())
+    return WellFormedUtf8Length(text) == text.size();
+}
+
+std::size_t WellFormedUtf8Length(std::string_view text)
+{
+    std::string_view rest = text;
+    while (!rest.empty())
     {
-        text.remove_prefix(AsciiPrefix(text));
-        if (!text.empty())
+        rest.remove_prefix(AsciiPrefix(rest));
+        if (!rest.empty())
         {
-            const Utf8Sequence sequence = NextSequence(text);
+            const Utf8Sequence sequence = NextSequence(rest);
             if (!sequence.wellFormed)
             {
-                return false;
+                break;
             }
-            text.remove_prefix(sequence.length);
+            rest.remove_prefix(sequence.length);
         }
     }
-    return true;
+    return text.size() - rest.size();
 }
 
 std::string RepairUtf8(std::string_view text)

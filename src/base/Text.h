@@ -68,6 +68,9 @@ std::wstring WideFromUtf8(std::string_view text);
 /// The same into memory that has room for as many units as the text has bytes. The number of units.
 std::size_t DecodeUtf8(std::string_view text, wchar_t* out);
 
+/// The same, and whether the text was well formed.
+std::size_t DecodeUtf8(std::string_view text, wchar_t* out, bool& isWellFormed);
+
 /// Encodes as UTF-8. A surrogate that has no partner becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);
 
@@ -85,6 +88,9 @@ inline constexpr std::string_view UTF8_BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 /// True if the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool IsWellFormedUtf8(std::string_view text);
+
+/// How many bytes at the front are well-formed UTF-8.
+std::size_t WellFormedUtf8Length(std::string_view text);
 
 /// Well-formed UTF-8 made of any bytes: each malformed sequence becomes U+FFFD.
 std::string RepairUtf8(std::string_view text);

@@ -36,9 +36,16 @@ enum class WarningCause
     EmptySlopeRow,
     CommaInName,
     SurplusRegions,
+    UnknownWideningSide,
+    UnknownWideningCode,
+    StakeNoteLeftOut,
     // What is bent
     NumberNotWhole,
+    GroundLineWithoutPoints,
     FurtherPointList,
+    GroundLineContentLeftOut,
+    VerticalCurveLeftOut,
+    NearPointLeftOut,
     OddNumberCount,
     PointNotRead,
     SideGuessed,
@@ -46,9 +53,11 @@ enum class WarningCause
     // What is removed
     GroundLineRemoved,
     OpenPavementRemoved,
+    FormationLeftOut,
     CgPointsRemoved,
     DanglingPntRef,
     SuperelevationRemoved,
+    SlopeListRemoved,
     AdverseRemoved,
     WidthStakesLeftOut,
     EmptyCrossSectsRemoved,
@@ -56,6 +65,7 @@ enum class WarningCause
     // What is left out
     ProfAlignRefsLeftOut,
     ClothoidParameterLeftOut,
+    DesignValueLeftOut,
     // What is doubtful
     SameGroupName,
     NoSuchAlignment,

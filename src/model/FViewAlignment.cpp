@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <set>
 #include <variant>
 
 namespace jlandxml
@@ -30,7 +32,11 @@ struct TextField
     std::wstring FViewAlignment::*field;
 
     void TakeDesc(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = text; }
-    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = text; }
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        alignment.*field = text;
+        return true;
+    }
 
     void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
     {
@@ -48,7 +54,11 @@ struct NumberField
     int digits;
 
     void TakeDesc(FViewAlignment& alignment, const std::wstring& text) const { alignment.*field = ReadNumber(text); }
-    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const { TakeDesc(alignment, text); }
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        TakeDesc(alignment, text);
+        return true;
+    }
 
     void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
     {
@@ -69,9 +79,10 @@ struct FlagField
     {
         alignment.*field = text == zeroInDesc ? 0 : 1;
     }
-    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
     {
         alignment.*field = text == format_word::TRUE_TEXT ? 1 : 0;
+        return true;
     }
 
     void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
@@ -88,13 +99,15 @@ struct SlopesField
 {
     PiCmCopyList<FViewSlopeValue> FViewAlignment::*list;
 
-    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
     {
         FViewSlopeValue slopeValue;
-        if (ParseSlopeValueText(text, slopeValue))
+        const bool isSlope = ParseSlopeValueText(text, slopeValue);
+        if (isSlope)
         {
             (alignment.*list).push_back(std::move(slopeValue));
         }
+        return isSlope;
     }
 
     void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
@@ -111,13 +124,19 @@ struct WideningsField
 {
     PiCmCopyList<FViewWidening> FViewAlignment::*list;
 
-    void TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
     {
         FViewWidening widening;
-        if (ParseWideningText(text, widening.station, widening.width, widening.code))
+        if (!ParseWideningText(text, widening.station, widening.width, widening.code))
         {
-            (alignment.*list).push_back(std::move(widening));
+            return false;
         }
+        if (const std::optional<std::wstring> remark = WideningCodeRemark(widening.code))
+        {
+            WarnOfValue(WarningCause::UnknownWideningCode, *remark);
+        }
+        (alignment.*list).push_back(std::move(widening));
+        return true;
     }
 
     void Add(const FViewAlignment& alignment, const wchar_t* label, PiCmCopyList<FViewProperty>& properties) const
@@ -136,6 +155,12 @@ struct DesignValue
     const wchar_t* label;
     std::variant<TextField, NumberField, FlagField, SlopesField, WideningsField> field;
     std::array<const wchar_t*, 2> descKeys; ///< null: none. The second wins
+
+    /// False for a text that isn't such a value.
+    bool TakeProperty(FViewAlignment& alignment, const std::wstring& text) const
+    {
+        return std::visit([&](const auto& one) { return one.TakeProperty(alignment, text); }, field);
+    }
 };
 
 constexpr const wchar_t* HORIZONTAL = L"Horizontal";
@@ -167,16 +192,18 @@ constexpr DesignValue DESIGN_VALUES[] = {
 struct DesignFeature
 {
     const wchar_t* name;
+    bool isMadeAnew; ///< the first one that is there goes, with whatever else it holds
     bool (*applies)(const FViewAlignment& alignment);
 };
 
 /// In the order in which they are written.
 constexpr DesignFeature DESIGN_FEATURES[] = {
-    {HORIZONTAL, [](const FViewAlignment&) { return true; }},
-    {INTERVAL, [](const FViewAlignment&) { return true; }},
-    {SUPERELEVATION_CONFIG, [](const FViewAlignment&) { return true; }},
-    {SLOPE_LIST, [](const FViewAlignment& alignment) { return alignment.useSlopeList != 0; }},
-    {WIDENING_LIST, [](const FViewAlignment& alignment) { return alignment.version >= FIRST_WITH_WIDENING_LIST; }},
+    {HORIZONTAL, false, [](const FViewAlignment&) { return true; }},
+    {INTERVAL, true, [](const FViewAlignment&) { return true; }},
+    {SUPERELEVATION_CONFIG, true, [](const FViewAlignment&) { return true; }},
+    {SLOPE_LIST, true, [](const FViewAlignment& alignment) { return alignment.useSlopeList != 0; }},
+    {WIDENING_LIST, true,
+     [](const FViewAlignment& alignment) { return alignment.version >= FIRST_WITH_WIDENING_LIST; }},
 };
 
 struct ProjectText
@@ -193,10 +220,12 @@ constexpr ProjectText PROJECT_TEXTS[] = {
     {desc_key::PROJECT_NAME, &FViewAlignment::projectName},
 };
 
-bool IsDesignFeature(std::wstring_view name)
+/// Null for a name of none.
+const DesignFeature* FindDesignFeature(std::wstring_view name)
 {
-    return std::any_of(std::begin(DESIGN_FEATURES), std::end(DESIGN_FEATURES),
-                       [&](const DesignFeature& row) { return row.name == name; });
+    const auto* const row = std::find_if(std::begin(DESIGN_FEATURES), std::end(DESIGN_FEATURES),
+                                         [&](const DesignFeature& one) { return one.name == name; });
+    return row != std::end(DESIGN_FEATURES) ? row : nullptr;
 }
 
 /// The value of a key; an empty one counts as absent.
@@ -252,12 +281,12 @@ bool FViewAlignment::ReadElement(const WcXmNode& node)
     {
         ReadDesc(*desc);
     }
-    ForEachChild(node, element_name::FEATURE, [this](const WcXmNode& child) {
-        if (IsDesignFeature(FeatureName(child)))
+    std::set<const DesignFeature*> known;
+    ForEachChild(node, element_name::FEATURE, [&](const WcXmNode& child) {
+        if (const DesignFeature* const design = FindDesignFeature(FeatureName(child)))
         {
-            FViewFeature feature;
-            feature.ReadElement(child);
-            ReadDesignFeature(feature);
+            const bool isFirst = known.insert(design).second;
+            ReadDesignFeature(child, isFirst && design->isMadeAnew);
         }
     });
     ReadFirstChild(node, coordGeom);
@@ -299,16 +328,21 @@ void FViewAlignment::ReadDesc(std::wstring_view desc)
     }
 }
 
-void FViewAlignment::ReadDesignFeature(const FViewFeature& feature)
+void FViewAlignment::ReadDesignFeature(const WcXmNode& node, bool isMadeAnew)
 {
+    FViewFeature feature;
+    feature.ReadElement(node);
     for (const FViewProperty& property : feature.properties)
     {
+        bool isTaken = false;
         for (const DesignValue& row : DESIGN_VALUES)
         {
-            if (property.label == row.label)
-            {
-                std::visit([&](const auto& field) { field.TakeProperty(*this, property.value); }, row.field);
-            }
+            isTaken = (property.label == row.label && row.TakeProperty(*this, property.value)) || isTaken;
+        }
+        if (isMadeAnew && !isTaken && !property.value.empty())
+        {
+            WarnOfElement(WarningCause::DesignValueLeftOut, node,
+                          [&] { return property.label + L"「" + property.value + L"」"; });
         }
     }
 }
@@ -316,11 +350,23 @@ void FViewAlignment::ReadDesignFeature(const FViewFeature& feature)
 bool FViewAlignment::WriteElement(const WcXmNode& node)
 {
     WriteTextAttribute(node, attribute_name::NAME, name);
+    WarnOfUnusedSlopeList(node);
     RemoveOldDesignFeatures(node);
     RemoveSlopeListFeature(node);
     RemoveWideningListFeature(node);
     return WriteDesignFeatures(node) && WriteFirstChild(node, coordGeom) && WriteCrossSects(node) &&
            WriteFirstChild(node, profile) && WriteSuperelevations(node);
+}
+
+void FViewAlignment::WarnOfUnusedSlopeList(const WcXmNode& node) const
+{
+    if (useSlopeList == 0)
+    {
+        ForEachFeature(node, SLOPE_LIST, [](const WcXmNode& feature) {
+            WarnOfElement(WarningCause::SlopeListRemoved, feature);
+            return false; // a second one stays
+        });
+    }
 }
 
 bool FViewAlignment::WriteDesignFeatures(const WcXmNode& node) const

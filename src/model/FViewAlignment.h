@@ -89,7 +89,8 @@ class FViewAlignment final : public FViewLandXMLBase
 
   private:
     void ReadDesc(std::wstring_view desc);
-    void ReadDesignFeature(const FViewFeature& feature);
+    void ReadDesignFeature(const WcXmNode& node, bool isMadeAnew);
+    void WarnOfUnusedSlopeList(const WcXmNode& node) const;
     bool WriteDesignFeatures(const WcXmNode& node) const;
     bool WriteCrossSects(const WcXmNode& node);
     bool WriteSuperelevations(const WcXmNode& node);

@@ -20,6 +20,10 @@ constexpr const wchar_t* CL_OFFSET = L"clOffset";
 constexpr const wchar_t* EXISTING_GROUND = L"ExistingGround";
 constexpr int FORMATION_DIGITS = 4;
 
+// Why the offsets of a formation surface aren't those of its cross section.
+constexpr const wchar_t* NO_FORMATION_POINT = L"codeがFormationの、離れと高さの構成点がありません";
+constexpr const wchar_t* FURTHER_FORMATION = L"前のFormationの値を出力します";
+
 /// The text without the digits, points and signs at its end.
 std::wstring_view WithoutNumberAtEnd(std::wstring_view text)
 {
@@ -125,11 +129,27 @@ void FViewCrossSect::ReadFormationFromSurfaces(const WcXmNode& node)
 {
     bool found = false;
     ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& surface) {
-        if (HasName(surface, FORMATION))
+        if (!HasName(surface, FORMATION))
         {
-            found = found || ReadFormationPoints(surface, clOffset, fhOffset);
-            node.RemoveChild(surface.appNode);
+            return;
         }
+        double cl = UNSET_DOUBLE;
+        double fh = UNSET_DOUBLE;
+        if (!ReadFormationPoints(surface, cl, fh))
+        {
+            WarnOfElement(WarningCause::FormationLeftOut, surface, [] { return NO_FORMATION_POINT; });
+        }
+        else if (!found)
+        {
+            found = true;
+            clOffset = cl;
+            fhOffset = fh;
+        }
+        else if (cl != clOffset || fh != fhOffset)
+        {
+            WarnOfElement(WarningCause::FormationLeftOut, surface, [] { return FURTHER_FORMATION; });
+        }
+        node.RemoveChild(surface.appNode);
     });
 }
 

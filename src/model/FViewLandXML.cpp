@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace jlandxml
@@ -79,14 +78,6 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
     return true;
 }
 
-/// Groups of points of the input go, and with them what other points refer to.
-void RemovePoints(const WcXmNode& node)
-{
-    const std::unordered_set<std::wstring> names = WarnOfPoints(node);
-    RemoveChildren(node, element_name::CG_POINTS);
-    WarnOfReferencesTo(names, node);
-}
-
 /// The standard gives pressures in hectopascals.
 void WritePressureUnit(const WcXmNode& node)
 {
@@ -107,6 +98,7 @@ void FViewLandXML::Clear()
     widthStakePoints.clear();
     alignments.clear();
     surfaces.clear();
+    removedPoints.clear();
 }
 
 void FViewLandXML::SetOutputVersion(std::int32_t newVersion)
@@ -125,7 +117,8 @@ bool FViewLandXML::ReadElement(const WcXmNode& node)
     ReadFirstChild(node, project);
     ReadFirstChild(node, coordinateSystem);
     WarnOfInput(node);
-    RemovePoints(node);
+    removedPoints = WarnOfPoints(node);
+    RemoveChildren(node, element_name::CG_POINTS);
     ReadChildren<FViewAlignments>(node, alignments);
     if (alignments.empty())
     {
@@ -161,6 +154,7 @@ bool FViewLandXML::WriteElement(const WcXmNode& node)
 {
     const WcXmSharedTexts shared(*node.document);
     WarnOfDoubtful(*this, node);
+    WarnOfMissingPoints(node);
     LinkCrossSections();
     if (!WriteFirstChild(node, project))
     {
@@ -174,6 +168,31 @@ bool FViewLandXML::WriteElement(const WcXmNode& node)
     }
     WriteSurfaces(node);
     return true;
+}
+
+/// A side file may bring back a point of the name that a removed one had.
+void FViewLandXML::WarnOfMissingPoints(const WcXmNode& node) const
+{
+    if (removedPoints.empty())
+    {
+        return;
+    }
+    std::unordered_set<std::wstring> missing = removedPoints;
+    const auto findAgain = [&](const auto& groups) {
+        for (const auto& group : groups)
+        {
+            for (const auto& point : group.points)
+            {
+                missing.erase(point.name.Wide());
+            }
+        }
+    };
+    findAgain(intermediatePoints);
+    if (project.version >= FIRST_WITH_WIDTH_STAKES)
+    {
+        findAgain(widthStakePoints);
+    }
+    WarnOfReferencesTo(missing, node);
 }
 
 void FViewLandXML::LinkCrossSections()

@@ -6,6 +6,9 @@
 #include "model/FViewProject.h"
 #include "model/FViewSurfaces.h"
 
+#include <string>
+#include <unordered_set>
+
 namespace jlandxml
 {
 
@@ -37,9 +40,11 @@ class FViewLandXML final : public FViewLandXMLBase
     FViewCgPointsWidthStakeList widthStakePoints;     ///< from side files alone
     FViewAlignmentsList alignments;
     FViewSurfacesList surfaces;
+    std::unordered_set<std::wstring> removedPoints; ///< names of the points that the input held
 
   private:
     void TakeProjectDataOfFirstAlignment();
+    void WarnOfMissingPoints(const WcXmNode& node) const;
     void LinkCrossSections();
     bool WriteIntermediatePoints(const WcXmNode& node);
     bool WriteWidthStakes(const WcXmNode& node);

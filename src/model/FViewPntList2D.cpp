@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace jlandxml
 {
@@ -49,10 +50,12 @@ bool FViewPntList2D::WriteElement(const WcXmNode& node)
 {
     std::wstring text;
     PiGmPoint last;
+    std::size_t differing = 0; // of those that are left out
     for (const PiGmPoint& point : points)
     {
         if (Repeats(point, last))
         {
+            differing += point.x != last.x || point.y != last.y ? 1 : 0;
             continue;
         }
         if (!text.empty())
@@ -63,6 +66,10 @@ bool FViewPntList2D::WriteElement(const WcXmNode& node)
         text += SEPARATOR;
         AppendNumberText(text, point.y, POINT_DIGITS);
         last = point;
+    }
+    if (differing > 0)
+    {
+        WarnOfElement(WarningCause::NearPointLeftOut, node, [&] { return std::to_wstring(differing) + L"点"; });
     }
     WcXmNode element = node;
     node.AppendChildElement(GetElementName(), &element);

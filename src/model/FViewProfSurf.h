@@ -23,6 +23,9 @@ class FViewProfSurf final : public FViewLandXMLBase
 
     std::wstring name;
     FViewPntList2D pntList2D;
+
+  private:
+    void WarnOfContent(const WcXmNode& node) const;
 };
 
 } // namespace jlandxml

@@ -15,6 +15,9 @@ namespace
 constexpr const wchar_t* PROF_ALIGN = L"ProfAlign";
 constexpr const wchar_t* PVI = L"PVI";
 
+/// What rounds the grades of a vertical alignment.
+constexpr std::wstring_view VERTICAL_CURVES[] = {L"ParaCurve", L"UnsymParaCurve", L"CircCurve"};
+
 /// How the host marks a vertical alignment that is a ground line.
 constexpr std::wstring_view GROUND_LINE_MARK = L"ProfSurf_";
 
@@ -32,6 +35,22 @@ double FirstStation(const WcXmNode& node)
     Element element;
     ReadFirstChild(node, element);
     return element.station;
+}
+
+/// Of a marked alignment its name and its points become a ground line; whatever else it holds is gone then.
+void WarnOfContent(const WcXmNode& profAlign)
+{
+    WarnOfAttributes(WarningCause::GroundLineContentLeftOut, profAlign, attribute_name::NAME);
+    ForEachElementIn(profAlign, [](const WcXmNode& child) {
+        if (child.HasName(PVI))
+        {
+            WarnOfAttributes(WarningCause::GroundLineContentLeftOut, child);
+            return;
+        }
+        const bool isCurve = std::find(std::begin(VERTICAL_CURVES), std::end(VERTICAL_CURVES), child.NodeName()) !=
+                             std::end(VERTICAL_CURVES);
+        WarnOfElement(isCurve ? WarningCause::VerticalCurveLeftOut : WarningCause::GroundLineContentLeftOut, child);
+    });
 }
 
 } // namespace
@@ -111,6 +130,14 @@ bool FViewProfile::ReadElement(const WcXmNode& node)
         FViewProfSurf& surface = profSurfs.emplace_back();
         surface.name = ReplaceAll(name, GROUND_LINE_MARK, L"");
         ConvertToProfSurf(child, surface);
+        if (surface.pntList2D.points.empty())
+        {
+            WarnOfElement(WarningCause::GroundLineWithoutPoints, child);
+        }
+        else
+        {
+            WarnOfContent(child);
+        }
         node.RemoveChild(child.appNode);
     });
     ChooseDesignProfile(profAligns);

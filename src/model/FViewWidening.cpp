@@ -44,6 +44,17 @@ bool ParseWideningText(std::wstring_view text, double& station, double& width, C
     return true;
 }
 
+std::optional<std::wstring> WideningCodeRemark(const CompactText& code)
+{
+    const std::string_view text = code.Bytes();
+    if (text.empty() || (text.size() == 1 && text.front() >= '0' && text.front() <= '0' + LAST_CODE))
+    {
+        return std::nullopt;
+    }
+    const std::wstring wide = code.Wide();
+    return L"「" + wide + L"」" + (IsKnownCode(wide) ? L"のまま出力します" : L"を「0」と出力します");
+}
+
 std::wstring FormatWideningText(const FViewWidening& widening)
 {
     std::wstring text = NumberText(widening.station, STATION_DIGITS) + L" " + NumberText(widening.width, WIDTH_DIGITS);

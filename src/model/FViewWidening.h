@@ -3,6 +3,7 @@
 #include "base/CompactText.h"
 #include "model/FViewLandXMLBase.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,9 @@ class FViewWidening final : public FViewLandXMLBase
 /// Reads the value of a "widthLeftValue" or "widthRightValue" `Property`: station, width and, where given, code,
 /// separated by blanks. False, with nothing changed, if the text has no blank.
 bool ParseWideningText(std::wstring_view text, double& station, double& width, CompactText& code);
+
+/// What is to be said of a code that the format doesn't have. Nothing for one that it has, and where there is none.
+std::optional<std::wstring> WideningCodeRemark(const CompactText& code);
 
 /// The value of such a `Property`: the station with at most six decimals, the width with at most four, and the code
 /// where there is one. A code whose number lies outside 0 to 4 becomes 0.

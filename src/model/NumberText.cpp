@@ -165,6 +165,14 @@ NumberPlace::~NumberPlace()
     numberPlace = former_;
 }
 
+void WarnOfValue(WarningCause cause, std::wstring_view remark)
+{
+    if (numberPlace != nullptr)
+    {
+        WarnOfElement(cause, *numberPlace, [=] { return Excerpt(std::wstring(remark)); });
+    }
+}
+
 double WithoutNegativeZero(double value, int digits)
 {
     // Written out, since the last bit of a power depends on the platform's library.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Numbers.h"
+#include "base/Warnings.h"
 #include "model/UnsetDouble.h"
 #include "xml/WcXmNode.h"
 
@@ -43,6 +44,9 @@ class NumberPlace
   private:
     const WcXmNode* former_;
 };
+
+/// Notes something about the element that numbers are being read from, where that is told.
+void WarnOfValue(WarningCause cause, std::wstring_view remark);
 
 /// How many decimals a text may have; a number of decimals outside 0 to this counts as the nearest of the two.
 inline constexpr int MOST_DIGITS = 20;

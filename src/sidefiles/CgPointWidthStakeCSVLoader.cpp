@@ -2,8 +2,11 @@
 
 #include "run/ConversionContext.h"
 
+#include <algorithm>
+#include <array>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 namespace jlandxml
@@ -30,6 +33,9 @@ enum : std::size_t
 };
 } // namespace stake_column
 
+/// Whether the stakes of a group enclose an area.
+constexpr std::array<std::string_view, 2> GROUP_TYPES = {"open", "closed"};
+
 /// A comma in a name moves the columns behind it: the station is empty or a text then.
 bool IsStakeShifted(const CsvRow& row)
 {
@@ -40,6 +46,28 @@ bool IsStakeShifted(const CsvRow& row)
         isStation = isStation && !row[stake_column::STATION].empty();
     }
     return !isStation;
+}
+
+bool IsGroupType(std::string_view field)
+{
+    return std::find(GROUP_TYPES.begin(), GROUP_TYPES.end(), field) != GROUP_TYPES.end();
+}
+
+/// A comma in the note puts the type behind the last column.
+bool IsTypeShifted(const CsvRow& row)
+{
+    bool isFurther = false;
+    for (std::size_t column = stake_column::STAKE_COLUMNS; column < row.Size(); ++column)
+    {
+        isFurther = isFurther || IsGroupType(row[column]);
+    }
+    return isFurther && !IsGroupType(row[stake_column::GROUP_TYPE]);
+}
+
+/// An empty field says nothing that could be lost.
+bool Differs(const CompactText& field, const CompactText& first)
+{
+    return !field.empty() && !(field == first);
 }
 
 /// A group takes its description and its type from its first stake.
@@ -63,7 +91,7 @@ bool CgPointWidthStakeCSVLoader::Load(const std::wstring& path)
 FViewCgPointWidthStake CgPointWidthStakeCSVLoader::MakeStake(const CsvRow& row) const
 {
     const bool isShifted = IsStakeShifted(row);
-    if (isShifted)
+    if (isShifted || IsTypeShifted(row))
     {
         WarnOfRow(WarningCause::CommaInName);
     }
@@ -105,6 +133,11 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
             groups.push_back(MakeGroup(stake, rows.Path()));
             const auto count = room.find(std::string(row[stake_column::GROUP_NAME]));
             groups.back().points.reserve(count != room.end() ? count->second : 0);
+        }
+        else if (const FViewCgPointWidthStake& first = groups[entry->second].points.front();
+                 Differs(stake.groupDesc, first.groupDesc) || Differs(stake.groupType, first.groupType))
+        {
+            WarnOfRow(WarningCause::StakeNoteLeftOut);
         }
         groups[entry->second].points.push_back(std::move(stake));
     }

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "base/Warnings.h"
 #include "model/NumberText.h"
+#include "xml/LoadContent.h"
 
 #include <algorithm>
 #include <cstring>
@@ -137,15 +138,6 @@ void LineReader::ThrowUnreadable() const
 namespace
 {
 
-/// True for a line that only code page 932 explains: not ASCII, not UTF-8.
-bool IsLineOfCp932(std::string_view line)
-{
-    std::wstring room(line.size(), L'\0');
-    return DecodeCp932(line, room.data()).has_value();
-}
-
-/// True if each line of a file that isn't ASCII is code page 932 and not UTF-8: one line alone may be cut UTF-8, which
-/// often can be read as either.
 bool IsShiftJis(const std::wstring& path)
 {
     try
@@ -155,9 +147,7 @@ bool IsShiftJis(const std::wstring& path)
         std::string_view line;
         while (lines.Next(line))
         {
-            const bool isAscii =
-                std::all_of(line.begin(), line.end(), [](char one) { return static_cast<unsigned char>(one) < 0x80; });
-            if (!isAscii && (IsWellFormedUtf8(line) || !IsLineOfCp932(line)))
+            if (SpeaksAgainstShiftJis(line))
             {
                 return false;
             }

@@ -80,16 +80,34 @@ bool IsRiverRoute()
 /// Which of a route's side files are there.
 using FilesThere = std::array<bool, SIDE_FILES.size()>;
 
+/// How many files there are behind the first one, and their names, which stand behind so many characters of their
+/// paths.
+std::wstring OtherFiles(const std::vector<std::wstring>& paths, std::size_t folderLength)
+{
+    std::wstring names;
+    for (std::size_t file = 1; file < paths.size(); ++file)
+    {
+        names += (names.empty() ? L"" : L"、") + paths[file].substr(folderLength);
+    }
+    return names.empty() ? names : L"ほか" + std::to_wstring(paths.size() - 1) + L"件: " + names;
+}
+
 void WarnOfMissingFiles(const std::wstring& folder, std::int32_t route, const FilesThere& isThere)
 {
     const std::size_t wanted = IsRiverRoute() ? RIVER_SIDE_FILES : SIDE_FILES.size();
     const bool isAnyThere = std::find(isThere.begin(), isThere.end(), true) != isThere.end();
+    std::vector<std::wstring> missing;
     for (std::size_t file = 0; file < wanted && isAnyThere; ++file)
     {
         if (!isThere[file])
         {
-            WarnOf(WarningCause::MissingSideFile, SideFilePath(folder, SIDE_FILES[file], route));
+            missing.push_back(SideFilePath(folder, SIDE_FILES[file], route));
         }
+    }
+    if (!missing.empty())
+    {
+        WarnOf(WarningCause::MissingSideFile,
+               WarningPlace{.file = missing.front(), .remark = OtherFiles(missing, folder.size() + 1)});
     }
 }
 

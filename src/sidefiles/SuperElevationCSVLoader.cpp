@@ -34,6 +34,10 @@ constexpr std::array<std::string_view, 2> ENDS = {"Begin Alignment", "End Alignm
 constexpr std::string_view IN_BOTH_ENDS = " Alignment";
 constexpr std::string_view REVERSE_CROWN = "ReverseCrown";
 
+// Units behind a number, as the host writes them.
+constexpr char METRE = 'm';
+constexpr char PERCENT = '%';
+
 constexpr std::int32_t NO_REGION = std::numeric_limits<std::int32_t>::min();
 constexpr double METRES_PER_KILOMETRE = 1000.0;
 constexpr int STATION_DIGITS = 6;
@@ -63,17 +67,37 @@ std::string WithOppositeSign(const std::string& slope)
     return slope.starts_with('-') ? slope.substr(1) : "-" + slope;
 }
 
-/// True for kilometres and metres with a sign between them.
-bool IsStationText(std::string_view station)
+/// The sign between kilometres and metres: the first plus, or else the first minus.
+std::size_t FindStationSign(std::string_view station)
 {
-    const std::size_t sign = std::min(station.find('+'), station.find('-'));
-    return sign != std::string_view::npos && IsNumericText(station.substr(0, sign)) &&
-           IsNumericText(station.substr(sign + 1));
+    const std::size_t plus = station.find('+');
+    return plus != std::string_view::npos ? plus : station.find('-');
 }
 
-std::wstring StationRemark(const CompactText& station)
+std::string_view WithoutUnit(std::string_view text, char unit)
 {
-    return std::to_wstring(slope_column::STATION + 1) + L"列目「" + station.Wide() + L"」";
+    text.remove_suffix(text.ends_with(unit) ? 1 : 0);
+    return text;
+}
+
+/// True for kilometres and metres with a sign between them. Without kilometres the metres aren't read either.
+bool IsStationText(std::string_view station)
+{
+    const std::size_t sign = FindStationSign(station);
+    if (sign == std::string_view::npos)
+    {
+        return false;
+    }
+    const std::string_view kilometres = WithoutUnit(station.substr(0, sign), METRE);
+    return IsNumericText(kilometres) && !TrimmedNumberText(kilometres).empty() &&
+           IsNumericText(WithoutUnit(station.substr(sign + 1), METRE));
+}
+
+/// True for a number with or without its unit behind it, of which a number has been kept.
+bool IsSlopeText(std::string_view field, std::string_view kept)
+{
+    return IsNumericText(WithoutUnit(field, PERCENT)) && IsNumericText(kept) &&
+           kept.find_first_of("0123456789") != std::string_view::npos;
 }
 
 double TotalStation(const StationParts& parts)
@@ -139,10 +163,7 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
         WarnOfRow(WarningCause::EmptySlopeRow);
         return slopeValue;
     }
-    if (!IsStationText(slope->station.Bytes()))
-    {
-        WarnOfRow(WarningCause::NumberNotWhole, StationRemark(slope->station));
-    }
+    WarnOfNumbers(row, *slope);
     FixedBuffer buffer;
     const std::string_view total = FormatFixed(TotalStation(ParseStationText(slope->station)), STATION_DIGITS, buffer);
     MakeSlopeStationTexts(CompactText::FromUtf8(TrimmedNumberText(total)), alignment, slopeValue);
@@ -150,11 +171,34 @@ FViewSlopeValue SuperElevationCSVLoader::MakeSlopeValue(const CsvRow& row, const
     slopeValue.rightSlope = slope->rightSlope;
     if (alignment.useSlopeList == 0 && row[slope_column::DESCRIPTION] == REVERSE_CROWN)
     {
-        const std::int32_t region =
-            row[slope_column::REGION].empty() ? NO_REGION : ParseInt(WideFromUtf8(row[slope_column::REGION])).value;
-        reverseCrownGroups_[region].push_back(slopeValue.staValue);
+        reverseCrownGroups_[RegionOf(row)].push_back(slopeValue.staValue);
     }
     return slopeValue;
+}
+
+std::int32_t SuperElevationCSVLoader::RegionOf(const CsvRow& row) const
+{
+    const std::wstring text = WideFromUtf8(row[slope_column::REGION]);
+    const ParsedInt region = ParseInt(text);
+    WarnUnless(region.length == text.size(), row, slope_column::REGION);
+    return text.empty() ? NO_REGION : region.value;
+}
+
+void SuperElevationCSVLoader::WarnOfNumbers(const CsvRow& row, const SlopeRow& slope) const
+{
+    WarnUnless(IsStationText(row[slope_column::STATION]), row, slope_column::STATION);
+    WarnUnless(IsSlopeText(row[slope_column::LEFT_SLOPE], slope.leftSlope.Bytes()), row, slope_column::LEFT_SLOPE);
+    WarnUnless(IsSlopeText(ClosedField(row, slope_column::RIGHT_SLOPE), slope.rightSlope.Bytes()), row,
+               slope_column::RIGHT_SLOPE);
+}
+
+void SuperElevationCSVLoader::WarnUnless(bool isWhole, const CsvRow& row, std::size_t column) const
+{
+    if (!isWhole)
+    {
+        WarnOfRow(WarningCause::NumberNotWhole,
+                  std::to_wstring(column + 1) + L"列目「" + WideFromUtf8(ClosedField(row, column)) + L"」");
+    }
 }
 
 /// The regions of the file go to the superelevations of the alignment in turn; what is left over on either side stays
@@ -185,10 +229,10 @@ std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
         return std::nullopt;
     }
     SlopeRow slope;
-    slope.station = CompactText::FromUtf8(Without(ClosedField(row, slope_column::STATION), 'm'));
-    slope.leftSlope = CompactText::FromUtf8(Without(ClosedField(row, slope_column::LEFT_SLOPE), '%'));
+    slope.station = CompactText::FromUtf8(Without(ClosedField(row, slope_column::STATION), METRE));
+    slope.leftSlope = CompactText::FromUtf8(Without(ClosedField(row, slope_column::LEFT_SLOPE), PERCENT));
     slope.rightSlope =
-        CompactText::FromUtf8(WithOppositeSign(Without(ClosedField(row, slope_column::RIGHT_SLOPE), '%')));
+        CompactText::FromUtf8(WithOppositeSign(Without(ClosedField(row, slope_column::RIGHT_SLOPE), PERCENT)));
     if (slope.station.empty() || slope.leftSlope.empty() || slope.rightSlope.empty())
     {
         return std::nullopt;
@@ -198,14 +242,10 @@ std::optional<SlopeRow> ParseSlopeRow(const CsvRow& row)
 
 StationParts ParseStationText(const CompactText& text)
 {
-    const std::string station = Without(text.Bytes(), 'm');
+    const std::string station = Without(text.Bytes(), METRE);
     StationParts parts;
-    std::size_t sign = station.find('+');
-    if (sign == std::string::npos)
-    {
-        parts.minus = true;
-        sign = station.find('-');
-    }
+    const std::size_t sign = FindStationSign(station);
+    parts.minus = sign == std::string::npos || station[sign] == '-';
     if (sign == std::string::npos)
     {
         return parts;

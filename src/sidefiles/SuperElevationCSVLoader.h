@@ -19,6 +19,8 @@ class SuperElevationCSVLoadException : public CException
     using CException::CException;
 };
 
+struct SlopeRow;
+
 /// Reads the cross slopes along a route into the slope list of its alignment, and, where the superelevation counts, the
 /// stations of the reversed crown into its regions.
 class SuperElevationCSVLoader final : public CSVLoaderBase
@@ -29,6 +31,9 @@ class SuperElevationCSVLoader final : public CSVLoaderBase
   private:
     void ReadSlopes(FViewAlignment& alignment);
     FViewSlopeValue MakeSlopeValue(const CsvRow& row, const FViewAlignment& alignment);
+    std::int32_t RegionOf(const CsvRow& row) const;
+    void WarnOfNumbers(const CsvRow& row, const SlopeRow& slope) const;
+    void WarnUnless(bool isWhole, const CsvRow& row, std::size_t column) const;
     void ReplaceReverseCrowns(FViewAlignment& alignment) const;
 
     /// Stations of the reversed crown by the number of their region.

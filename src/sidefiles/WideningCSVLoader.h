@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Exceptions.h"
+#include "model/FViewWidening.h"
 #include "sidefiles/CSVLoaderBase.h"
 
 namespace jlandxml
@@ -21,6 +22,8 @@ class WideningCSVLoader final : public CSVLoaderBase
 
   private:
     void ReadWidening();
+    /// Notes a side and a code that the format doesn't have.
+    void WarnOfWords(const CsvRow& row, const FViewWidening& widening) const;
 };
 
 } // namespace jlandxml

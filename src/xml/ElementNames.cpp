@@ -147,6 +147,19 @@ void ForEachElement(const WcXmNode& top, const std::function<void(const WcXmNode
     }
 }
 
+void ForEachElementIn(const WcXmNode& parent, const std::function<void(const WcXmNode& element)>& visit)
+{
+    WcXmNode element = parent;
+    for (const pugi::xml_node& child : parent.appNode.node.children())
+    {
+        if (IsElement(child))
+        {
+            element.appNode.node = child;
+            visit(element);
+        }
+    }
+}
+
 pugi::xml_node NextInOrder(pugi::xml_node node, const pugi::xml_node& top)
 {
     if (const pugi::xml_node child = node.first_child())
@@ -171,6 +184,17 @@ void WarnOfElement(WarningCause cause, const WcXmNode& node, const std::function
         place.remark = remark ? remark() : std::wstring();
         return place;
     });
+}
+
+void WarnOfAttributes(WarningCause cause, const WcXmNode& node, std::wstring_view except) noexcept
+{
+    for (const pugi::xml_attribute& attribute : node.appNode.node.attributes())
+    {
+        if (attribute.value()[0] != L'\0' && !EqualsText(attribute.name(), except))
+        {
+            WarnOfElement(cause, node, [&] { return std::wstring(attribute.name()); });
+        }
+    }
 }
 
 } // namespace jlandxml

@@ -47,8 +47,14 @@ pugi::xml_node NextInOrder(pugi::xml_node node, const pugi::xml_node& top);
 /// be changed, but not the order of the elements.
 void ForEachElement(const WcXmNode& top, const std::function<void(const WcXmNode& element)>& visit);
 
+/// Visits the elements in an element, not those below them. Nothing may be added or removed meanwhile.
+void ForEachElementIn(const WcXmNode& parent, const std::function<void(const WcXmNode& element)>& visit);
+
 /// Notes something about an element of the document that was loaded. What is to be remarked is asked for only where it
 /// is kept.
 void WarnOfElement(WarningCause cause, const WcXmNode& node, const std::function<std::wstring()>& remark = {}) noexcept;
+
+/// Notes each attribute of an element that isn't empty, but for one.
+void WarnOfAttributes(WarningCause cause, const WcXmNode& node, std::wstring_view except = {}) noexcept;
 
 } // namespace jlandxml

@@ -74,9 +74,10 @@ ParserBuffer RepairedUtf8(std::string_view bytes)
 }
 
 /// Mends what the parser would make different things of on different platforms.
-void Repair(ParserBuffer& content, pugi::xml_encoding encoding)
+void Repair(ParserBuffer& content, pugi::xml_encoding encoding, bool& isUtf8Mended)
 {
-    if (encoding == pugi::encoding_utf8 && !IsWellFormedUtf8(content.View()))
+    isUtf8Mended = encoding == pugi::encoding_utf8 && !IsWellFormedUtf8(content.View());
+    if (isUtf8Mended)
     {
         content = RepairedUtf8(content.View());
     }
@@ -129,11 +130,13 @@ bool IsDeclarationInProbe(std::string_view bytes)
 }
 
 /// The text of a UTF-8 file as the parser takes it, with its terminator. What is malformed becomes U+FFFD on the way.
-ParserBuffer DecodedUtf8(std::string_view bytes)
+ParserBuffer DecodedUtf8(std::string_view bytes, bool& isUtf8Mended)
 {
     ParserBuffer content((bytes.size() + 1) * sizeof(wchar_t));
     auto* const units = reinterpret_cast<wchar_t*>(content.Data());
-    const std::size_t count = DecodeUtf8(bytes, units);
+    bool isWellFormed = true;
+    const std::size_t count = DecodeUtf8(bytes, units, isWellFormed);
+    isUtf8Mended = !isWellFormed;
     units[count] = L'\0';
     content.Shorten((count + 1) * sizeof(wchar_t));
     return content;
@@ -142,30 +145,31 @@ ParserBuffer DecodedUtf8(std::string_view bytes)
 /// Decodes and parses in one pass what is UTF-8 for certain. The bytes are gone before the tree grows. A text that
 /// stands first in its element becomes the element's own value and no node, as most texts do; an empty one, which only
 /// a reference can leave, couldn't be told from none.
-bool LoadUtf8(pugi::xml_document& document, ParserBuffer bytes, unsigned int options)
+bool LoadUtf8(pugi::xml_document& document, ParserBuffer bytes, unsigned int options, bool& isUtf8Mended)
 {
     const bool holdsReferences = bytes.View().find(REFERENCE) != std::string_view::npos;
     if (!holdsReferences || RepairReferences({bytes.Data(), bytes.Size(), 1, false}))
     {
         options |= pugi::parse_embed_pcdata;
     }
-    ParserBuffer content = DecodedUtf8(bytes.View());
+    ParserBuffer content = DecodedUtf8(bytes.View(), isUtf8Mended);
     bytes = ParserBuffer();
     return Parse(document, std::move(content), pugi::encoding_wchar, options);
 }
 
 /// Leaves all but the mending to the parser.
-bool LoadByParser(pugi::xml_document& document, ParserBuffer content, unsigned int options)
+bool LoadByParser(pugi::xml_document& document, ParserBuffer content, unsigned int options, bool& isUtf8Mended)
 {
-    Repair(content, DetectEncoding(content.View()));
+    Repair(content, DetectEncoding(content.View()), isUtf8Mended);
     return Parse(document, std::move(content), pugi::encoding_auto, options);
 }
 
-bool LoadPlain(pugi::xml_document& document, ParserBuffer content, unsigned int options = PARSE_OPTIONS)
+bool LoadPlain(pugi::xml_document& document, ParserBuffer content, bool& isUtf8Mended,
+               unsigned int options = PARSE_OPTIONS)
 {
     const bool isUtf8 = IsDeclarationInProbe(content.View()) && DetectEncoding(content.View()) == pugi::encoding_utf8;
-    return isUtf8 ? LoadUtf8(document, std::move(content), options)
-                  : LoadByParser(document, std::move(content), options);
+    return isUtf8 ? LoadUtf8(document, std::move(content), options, isUtf8Mended)
+                  : LoadByParser(document, std::move(content), options, isUtf8Mended);
 }
 
 /// What the parser gets of a document with passages: each of them as its placeholder.
@@ -190,10 +194,11 @@ ParserBuffer WithPlaceholders(const WcXmPassages& passages)
 }
 
 /// Of instructions there are none in the tree but the placeholders.
-bool LoadWithPassages(pugi::xml_document& document, WcXmPassages& passages, std::string_view content)
+bool LoadWithPassages(pugi::xml_document& document, WcXmPassages& passages, std::string_view content,
+                      bool& isUtf8Mended)
 {
     const bool loaded = DetectEncoding(content) == pugi::encoding_utf8 && passages.Find(content) &&
-                        LoadPlain(document, WithPlaceholders(passages), PARSE_OPTIONS | pugi::parse_pi) &&
+                        LoadPlain(document, WithPlaceholders(passages), isUtf8Mended, PARSE_OPTIONS | pugi::parse_pi) &&
                         passages.AreIn(document);
     if (!loaded)
     {
@@ -249,17 +254,44 @@ std::optional<ParserBuffer> ReadContent(const std::wstring& path)
     }
 }
 
-bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content)
+bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content, bool& isUtf8Mended)
 {
+    isUtf8Mended = false;
     if (FirstLineNamesShiftJis(content.View()))
     {
-        return LoadShiftJis(document, content.View()) || LoadPlain(document, std::move(content));
+        return LoadShiftJis(document, content.View()) || LoadPlain(document, std::move(content), isUtf8Mended);
     }
     if (passages == nullptr)
     {
-        return LoadByParser(document, std::move(content), PARSE_OPTIONS);
+        return LoadByParser(document, std::move(content), PARSE_OPTIONS, isUtf8Mended);
     }
-    return LoadWithPassages(document, *passages, content.View()) || LoadPlain(document, std::move(content));
+    return LoadWithPassages(document, *passages, content.View(), isUtf8Mended) ||
+           LoadPlain(document, std::move(content), isUtf8Mended);
+}
+
+namespace
+{
+
+/// The place behind the last character of a text.
+FaultPlace PlaceBehind(std::wstring_view text)
+{
+    const std::size_t lineStart = text.rfind(L'\n') + 1; // 0 in the first line
+    return {static_cast<std::size_t>(std::count(text.begin(), text.end(), L'\n')) + 1, text.size() - lineStart + 1};
+}
+
+} // namespace
+
+bool SpeaksAgainstShiftJis(std::string_view line)
+{
+    const bool isAscii =
+        std::all_of(line.begin(), line.end(), [](char one) { return static_cast<unsigned char>(one) < 0x80; });
+    return !isAscii && (IsWellFormedUtf8(line) || !WideFromCp932(line));
+}
+
+FaultPlace FindMalformedUtf8(std::string_view content)
+{
+    content.remove_prefix(content.starts_with(UTF8_BYTE_ORDER_MARK) ? UTF8_BYTE_ORDER_MARK.size() : 0);
+    return PlaceBehind(WideFromUtf8(content.substr(0, WellFormedUtf8Length(content))));
 }
 
 std::optional<FaultPlace> FindFault(std::string_view content)
@@ -274,11 +306,8 @@ std::optional<FaultPlace> FindFault(std::string_view content)
     {
         return std::nullopt;
     }
-    const std::wstring_view front =
-        std::wstring_view(text).substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)));
-    const std::size_t lineStart = front.rfind(L'\n') + 1; // 0 in the first line
-    return FaultPlace{static_cast<std::size_t>(std::count(front.begin(), front.end(), L'\n')) + 1,
-                      front.size() - lineStart + 1};
+    return PlaceBehind(
+        std::wstring_view(text).substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0))));
 }
 
 } // namespace jlandxml

@@ -20,9 +20,9 @@ std::optional<ParserBuffer> ReadContent(const std::wstring& path);
 /// 932; if that isn't what it is, and for all other, the parser tells UTF-8, UTF-16, UTF-32 and Latin-1 apart. What is
 /// malformed or no character of Unicode becomes U+FFFD. With `passages` what can stay bytes does, and the content stays
 /// for them; UTF-8 is decoded on the way to the parser, and a text that stands first in its element becomes the
-/// element's value. Without, the parser alone takes the content. False if it isn't well formed. Throws std::bad_alloc
-/// if there is no memory for it.
-bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content);
+/// element's value. Without, the parser alone takes the content. `isUtf8Mended` tells whether something malformed was
+/// in UTF-8. False if the document isn't well formed. Throws std::bad_alloc if there is no memory for it.
+bool LoadContent(pugi::xml_document& document, WcXmPassages* passages, ParserBuffer& content, bool& isUtf8Mended);
 
 /// A place in a text, counted from 1 as editors show it.
 struct FaultPlace
@@ -30,6 +30,14 @@ struct FaultPlace
     std::size_t line;
     std::size_t column; ///< in characters
 };
+
+/// True for a line that isn't in Shift_JIS as it is used in Japan (code page 932), or that may be UTF-8 as well. ASCII
+/// alone says nothing. A file is only called that if no line speaks against it: one line may be cut UTF-8, which often
+/// can be read as either.
+bool SpeaksAgainstShiftJis(std::string_view line);
+
+/// Where the first bytes stand that aren't UTF-8; the end where all are.
+FaultPlace FindMalformedUtf8(std::string_view content);
 
 /// Where the parser gave up on content that isn't well formed; nothing if it is. Throws std::bad_alloc if there is no
 /// memory for it.

@@ -43,23 +43,58 @@ bool Succeeds(Step&& step)
 /// Finding a fault takes many times a file's size. A larger one than this is told without the place.
 constexpr std::size_t LARGEST_SEARCHED = std::size_t{16} << 20;
 
-/// Tells where a file isn't well formed, as far as it can be read a second time.
-void WarnOfFault(const std::wstring& path, std::size_t size)
+/// Notes a file's fault with its place, as far as the file can be read a second time. What looks for the place is no
+/// parameter of the function's: with it the closure would ask for memory, and here nobody may raise for want of it.
+template <WarningPlace (*FIND)(std::string_view content)>
+void WarnOfFault(WarningCause cause, const std::wstring& path, std::size_t size)
 {
-    WarnOf(WarningCause::MalformedXml, path, [&] {
+    WarnOf(cause, path, [&] {
         WarningPlace place;
         Succeeds([&] {
             const std::optional<ParserBuffer> content = size <= LARGEST_SEARCHED ? ReadContent(path) : std::nullopt;
-            const std::optional<FaultPlace> fault = content ? FindFault(content->View()) : std::nullopt;
-            if (fault)
+            if (content)
             {
-                place.row = fault->line;
-                place.remark = std::to_wstring(fault->column) + L"文字目";
+                place = FIND(content->View());
             }
-            return fault.has_value();
+            return content.has_value();
         });
         return place;
     });
+}
+
+WarningPlace PlaceOf(const FaultPlace& fault)
+{
+    WarningPlace place;
+    place.row = fault.line;
+    place.remark = std::to_wstring(fault.column) + L"文字目";
+    return place;
+}
+
+WarningPlace PlaceOfFault(std::string_view content)
+{
+    const std::optional<FaultPlace> fault = FindFault(content);
+    return fault ? PlaceOf(*fault) : WarningPlace();
+}
+
+bool IsShiftJis(std::string_view content)
+{
+    while (!content.empty())
+    {
+        const std::size_t end = std::min(content.find('\n'), content.size() - 1) + 1;
+        if (SpeaksAgainstShiftJis(content.substr(0, end)))
+        {
+            return false;
+        }
+        content.remove_prefix(end);
+    }
+    return true;
+}
+
+WarningPlace PlaceOfMalformedUtf8(std::string_view content)
+{
+    WarningPlace place = PlaceOf(FindMalformedUtf8(content));
+    place.remark += IsShiftJis(content) ? L"、Shift_JISのファイルです" : L"";
+    return place;
 }
 
 /// Turns the parser's wide output, which it never cuts within a surrogate pair, into UTF-8.
@@ -192,8 +227,9 @@ WcXmAppDocument::Loaded WcXmAppDocument::Load(Source&& source)
             return Loaded::Unread;
         }
         source_ = *std::move(content);
-        return LoadContent(*xmlDocument, keepsPassages ? &passages : nullptr, source_) ? Loaded::Whole
-                                                                                       : Loaded::Malformed;
+        return LoadContent(*xmlDocument, keepsPassages ? &passages : nullptr, source_, isUtf8Mended_)
+                   ? Loaded::Whole
+                   : Loaded::Malformed;
     };
     try
     {
@@ -215,7 +251,11 @@ bool WcXmAppDocument::LoadDocument(const std::wstring& path)
     });
     if (loaded == Loaded::Malformed)
     {
-        WarnOfFault(path, size);
+        WarnOfFault<PlaceOfFault>(WarningCause::MalformedXml, path, size);
+    }
+    else if (loaded == Loaded::Whole && isUtf8Mended_)
+    {
+        WarnOfFault<PlaceOfMalformedUtf8>(WarningCause::NotUtf8, path, size);
     }
     else if (loaded == Loaded::NoMemory)
     {

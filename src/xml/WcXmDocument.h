@@ -95,7 +95,8 @@ class WcXmAppDocument
         }
     }
 
-    ParserBuffer source_; ///< the bytes of the passages
+    ParserBuffer source_;       ///< the bytes of the passages
+    bool isUtf8Mended_ = false; ///< of the file that was loaded
     bool isWhole_ = true;
 };
 

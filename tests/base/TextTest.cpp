@@ -124,6 +124,11 @@ TEST_P(MalformedUtf8, BecomesAReplacementCharacter)
 {
     EXPECT_EQ(WideFromUtf8(GetParam().bytes), GetParam().text);
     EXPECT_FALSE(IsWellFormedUtf8(GetParam().bytes));
+    std::wstring decoded(std::string_view(GetParam().bytes).size(), L'\0');
+    bool isWellFormed = true;
+    decoded.resize(DecodeUtf8(GetParam().bytes, decoded.data(), isWellFormed));
+    EXPECT_EQ(decoded, GetParam().text);
+    EXPECT_FALSE(isWellFormed);
     EXPECT_EQ(RepairUtf8(GetParam().bytes), Utf8FromWide(GetParam().text));
 }
 
@@ -156,6 +161,19 @@ TEST(Text, Utf8RoundTripsEveryCharacter)
     EXPECT_EQ(WideFromUtf8(bytes), text);
     EXPECT_EQ(RepairUtf8(bytes), bytes);
     EXPECT_EQ(Utf8FromWide(L"😀"), "\xF0\x9F\x98\x80");
+}
+
+TEST(Text, WellFormedUtf8EndsWhereTheFirstMalformedSequenceBegins)
+{
+    EXPECT_EQ(WellFormedUtf8Length(""), 0U);
+    EXPECT_EQ(WellFormedUtf8Length("abcdefghijklmnop"), 16U);
+    EXPECT_EQ(WellFormedUtf8Length("abcdefgh\xE8\xB7\xAF\xFFz\xFF"), 11U);
+    EXPECT_EQ(WellFormedUtf8Length("\xE8\xB7"), 0U);
+    // The replacement character itself is well formed.
+    wchar_t decoded[3]{};
+    bool isWellFormed = false;
+    EXPECT_EQ(DecodeUtf8("\xEF\xBF\xBD", decoded, isWellFormed), 1U);
+    EXPECT_TRUE(isWellFormed);
 }
 
 TEST(Text, LoneSurrogatesAreReplacedAndPairsAreJoined)

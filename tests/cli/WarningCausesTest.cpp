@@ -64,6 +64,12 @@ constexpr const wchar_t* STAKES = L"widthStake_temp_1.csv";
 constexpr const wchar_t* SLOPES = L"superElevation_temp_1.csv";
 constexpr const wchar_t* WIDENING = L"widening_temp_1.csv";
 
+/// Instead of a side file's content: a folder stands there.
+constexpr const char* FOLDER_IN_ITS_PLACE = "/";
+
+constexpr const char* STAKE_TYPE_SETTINGS = R"({"routes": [{"roadClassification": "第1種第1級", "trafficVolume": "1",
+    "alignments": [{"mainInterval": "20", "normalCrown": "2"}]}], "widthStakes": [{"type": "open", "desc": "注記"}]})";
+
 constexpr const char* STAKE_SETTINGS = R"({"routes": [{"roadClassification": "第1種第1級", "trafficVolume": "1",
     "alignments": [{"mainInterval": "20", "normalCrown": "2"}]}], "widthStakes": [{"desc": "注記"}]})";
 
@@ -102,6 +108,17 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
      .warning = "XMLとして正しくないため、読み込みません。\t$/Landxml_temp.xml 2行目（12文字目）",
      .wholeFile = "<LandXML>\n<Project></Projekt></LandXML>"},
 
+    {.name = "WorkFileNotUtf8",
+     .warning = "UTF-8ではない文字があり、正しく読み込めません。\t$/Landxml_temp.xml 2行目（39文字目）",
+     .wholeFile = "<LandXML><Project/><CoordinateSystem horizontalDatum='JGD2011' horizontalCoordinateSystemName="
+                  "'9(X,Y)'/>\n<Alignments name='国'><Alignment name='\xFF' desc='プロジェクト名 = 名'/></Alignments>"
+                  "</LandXML>"},
+    {.name = "WorkFileInShiftJis",
+     .warning = "UTF-8ではない文字があり、正しく読み込めません。\t$/Landxml_temp.xml "
+                "1行目（134文字目、Shift_JISのファイルです）",
+     .wholeFile = "<LandXML><Project/><CoordinateSystem horizontalDatum='JGD2011' horizontalCoordinateSystemName="
+                  "'9(X,Y)'/><Alignments><Alignment name='\x91\xAA\x93\x5F'/></Alignments></LandXML>"},
+
     // Side files
     {.name = "BeyondTheRouteCount",
      .warning = "指定の路線数を超える番号の付属CSVファイルは読み込みません。\t$ 路線1",
@@ -109,6 +126,12 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
     {.name = "MissingPoints",
      .warning = "同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。\t$/intermediatePts_temp_1.csv",
      .sideFile = {POINTS, nullptr}},
+    {.name = "MissingStakes",
+     .warning = "同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。\t$/widthStake_temp_1.csv",
+     .sideFile = {STAKES, nullptr}},
+    {.name = "MissingSlopes",
+     .warning = "同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。\t$/superElevation_temp_1.csv",
+     .sideFile = {SLOPES, nullptr}},
     {.name = "MissingWidening",
      .warning = "同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。\t$/widening_temp_1.csv",
      .sideFile = {WIDENING, nullptr}},
@@ -123,6 +146,9 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
      .warning = "UTF-8ではない文字があり、正しく読み込めません。\t$/intermediatePts_temp_1.csv 2行目"
                 "（Shift_JISのファイルです）",
      .sideFile = {POINTS, "name,A\n\x91\xAA\x93\x5F\n"}},
+    {.name = "UnreadableWidening",
+     .warning = "ファイルを読み込めません。\t$/widening_temp_1.csv（通常のファイルではありません）",
+     .sideFile = {WIDENING, FOLDER_IN_ITS_PLACE}},
     {.name = "ShortPointRows",
      .warning = "列の足りない行を読み飛ばしました。\t$/intermediatePts_temp_1.csv 3行目、4行目、6行目ほか1件",
      .sideFile = {POINTS, "線形名,A\n見出し\n1,2\n1,2\n1,2,3,4,5,6\n1,2\n1,2\n"}},
@@ -146,6 +172,23 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
      .warning = "列が多く、値の位置がずれています。名前にコンマを使っていないか確認してください。\t"
                 "$/intermediatePts_temp_1.csv 1行目",
      .sideFile = {POINTS, "線形名,A,支線\n見出し\n"}},
+    {.name = "ACommaInAStakesName",
+     .warning = "列が多く、値の位置がずれています。名前にコンマを使っていないか確認してください。\t"
+                "$/widthStake_temp_1.csv 3行目",
+     .sideFile = {STAKES, "幅杭\n見出し\n左,K1,側,,0,1,2,3,4,注記,open\n"},
+     .settings = STAKE_TYPE_SETTINGS},
+    {.name = "ACommaInAStakesNote",
+     .warning = "列が多く、値の位置がずれています。名前にコンマを使っていないか確認してください。\t"
+                "$/widthStake_temp_1.csv 3行目",
+     .sideFile = {STAKES, "幅杭\n見出し\n左,K1,,0,1,2,3,4,用地,境界,open\n"},
+     .settings = STAKE_TYPE_SETTINGS},
+    {.name = "ANoteThatIsNotTheGroups",
+     .warning = "幅杭のグループの最初の行と異なる注記または種別を出力しません。\t$/widthStake_temp_1.csv 4行目",
+     .sideFile = {STAKES, "幅杭\n見出し\n左,K1,,0,1,2,3,4,注記,open\n左,K2,,5,1,2,3,4,別の注記,open\n"},
+     .settings = STAKE_SETTINGS},
+    {.name = "NoSuchAlignmentForPoints",
+     .warning = "参照先の線形がありません。\t$/intermediatePts_temp_1.csv IntermediatePnts-1（線形「B」）",
+     .sideFile = {POINTS, "線形名,B\n見出し\nNo.1,1,2,3,4,5\n"}},
     {.name = "NoSuchAlignmentForSlopes",
      .warning = "線形名の一致する線形がないため、ファイルの内容を使いません。\t$/superElevation_temp_1.csv A",
      .sideFile = {SLOPES, "片勾配\n見出し\n1,0+000.0m,x,,,-2.0 %,,,,-2.0 %,\n"},
@@ -158,6 +201,39 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
     {.name = "ACsvNumberWithMoreBehindIt",
      .warning = "数値として読み取れない部分のある値があります。\t$/widening_temp_1.csv 3行目（2列目「10m」）",
      .sideFile = {WIDENING, "拡幅\n見出し\nLeft,10m,2,0\n"}},
+    {.name = "AWideningOnNoKnownSide",
+     .warning = "LeftでもRightでもない拡幅を左側に出力します。\t$/widening_temp_1.csv 3行目（「right」）",
+     .sideFile = {WIDENING, "拡幅\n見出し\nright,10,2,0\n"}},
+    {.name = "AWideningsCodeThatBecomesZero",
+     .warning = "拡幅のコードが0～4ではありません。\t$/widening_temp_1.csv 3行目（「7」を「0」と出力します）",
+     .sideFile = {WIDENING, "拡幅\n見出し\nLeft,10,2,7\n"}},
+    {.name = "AWideningsCodeThatStays",
+     .warning = "拡幅のコードが0～4ではありません。\t$/widening_temp_1.csv 3行目（「円」のまま出力します）",
+     .sideFile = {WIDENING, "拡幅\n見出し\nLeft,10,2,円\n"}},
+    {.name = "AStationWithoutKilometres",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目"
+                "（2列目「+10.0m」）",
+     .sideFile = {SLOPES, "片勾配\n見出し\n1,+10.0m,x,,,-2.0 %,,,,-2.0 %,\n"}},
+    {.name = "AUnitWithinAStation",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目"
+                "（2列目「0+1m0」）",
+     .sideFile = {SLOPES, "片勾配\n見出し\n1,0+1m0,x,,,-2.0 %,,,,-2.0 %,\n"}},
+    {.name = "ALeftSlopeThatIsNone",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目"
+                "（6列目「abc%」）",
+     .sideFile = {SLOPES, "片勾配\n見出し\n1,0+010.0m,x,,,abc %,,,,-2.0 %,\n"}},
+    {.name = "ARightSlopeWithAPlus",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目"
+                "（10列目「+2.0%」）",
+     .sideFile = {SLOPES, "片勾配\n見出し\n1,0+010.0m,x,,,-2.0 %,,,,+2.0 %,\n"}},
+    {.name = "ARightSlopeWithoutAComma",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目"
+                "（10列目「」）",
+     .sideFile = {SLOPES, "片勾配\n見出し\n1,0+010.0m,x,,,-2.0 %,,,,-2.0 %\n"}},
+    {.name = "ARegionThatIsNoNumber",
+     .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目（1列目「1x」）",
+     .work = {.alignment = "<Superelevation/>"},
+     .sideFile = {SLOPES, "片勾配\n見出し\n1x,0+010.0m,ReverseCrown,,,-2.0 %,,,,-2.0 %,\n"}},
     {.name = "AStationThatIsNone",
      .warning = "数値として読み取れない部分のある値があります。\t$/superElevation_temp_1.csv 3行目（2列目「No.1」）",
      .sideFile = {SLOPES, "片勾配\n見出し\n1,No.1,x,,,-2.0 %,,,,-2.0 %,\n"}},
@@ -170,6 +246,39 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
      .warning = "数値として読み取れない部分のある値があります。\t$/Landxml_temp.xml "
                 "R／A／縦断／地盤／PntList2D（「100 10」）、R／A／縦断／地盤／PntList2D（「101 20」）",
      .work = {.alignment = "<Profile><ProfSurf name='地盤'><PntList2D>0 100\n10 101\n20 102</PntList2D></ProfSurf>"
+                           "</Profile>"}},
+    {.name = "ATabBetweenNumbers",
+     .warning = "数値として読み取れない部分のある値があります。\t$/Landxml_temp.xml R／A／縦断／地盤／PntList2D（「0 "
+                "100」）",
+     .work = {.alignment = "<Profile><ProfSurf name='地盤'><PntList2D>0\t100 5 10 101</PntList2D></ProfSurf>"
+                           "</Profile>"}},
+    {.name = "AGroundLineWithoutPoints",
+     .warning = "点のない縦断地盤線を出力しません。\t$/Landxml_temp.xml R／A／縦断／地盤",
+     .work = {.alignment = "<Profile><ProfSurf name='地盤' desc='注'><PntList2D/></ProfSurf></Profile>"}},
+    {.name = "AMarkedAlignmentWithoutPoints",
+     .warning = "点のない縦断地盤線を出力しません。\t$/Landxml_temp.xml R／A／縦断／ProfSurf_地盤",
+     .work = {.alignment = "<Profile><ProfAlign name='ProfSurf_地盤'/></Profile>"}},
+    {.name = "ANoteOnAGroundLine",
+     .warning = "縦断地盤線の名前と点列のほかの内容を出力しません。\t$/Landxml_temp.xml R／A／縦断／地盤（desc）",
+     .work = {.alignment = "<Profile><ProfSurf name='地盤' desc='注' state=''><PntList2D>0 1</PntList2D></ProfSurf>"
+                           "</Profile>"}},
+    {.name = "AFeatureOfAGroundLine",
+     .warning = "縦断地盤線の名前と点列のほかの内容を出力しません。\t$/Landxml_temp.xml R／A／縦断／地盤／Feature",
+     .work = {.alignment = "<Profile><ProfSurf name='地盤'><PntList2D>0 1</PntList2D><Feature/></ProfSurf>"
+                           "</Profile>"}},
+    {.name = "ANoteOnAMarkedPoint",
+     .warning = "縦断地盤線の名前と点列のほかの内容を出力しません。\t$/Landxml_temp.xml "
+                "R／A／縦断／ProfSurf_地盤／縦断変化点（desc）",
+     .work = {.alignment = "<Profile><ProfAlign name='ProfSurf_地盤'><PVI desc='注'>0 1</PVI></ProfAlign></Profile>"}},
+    {.name = "ACurveOfAMarkedAlignment",
+     .warning = "縦断地盤線の縦断曲線を出力しません。\t$/Landxml_temp.xml R／A／縦断／ProfSurf_地盤／縦断曲線、"
+                "R／A／縦断／ProfSurf_地盤／CircCurve",
+     .work = {.alignment = "<Profile><ProfAlign name='ProfSurf_地盤'><PVI>0 1</PVI><ParaCurve length='9'>5 2"
+                           "</ParaCurve><CircCurve radius='9'>9 2</CircCurve></ProfAlign></Profile>"}},
+    {.name = "APointNearTheLast",
+     .warning =
+         "縦断地盤線の、直前の点との差がごく小さい点を出力しません。\t$/Landxml_temp.xml R／A／縦断／地盤（1点）",
+     .work = {.alignment = "<Profile><ProfSurf name='地盤'><PntList2D>0 1 0 1 0 1.00000001 5 1</PntList2D></ProfSurf>"
                            "</Profile>"}},
     {.name = "AFurtherPointList",
      .warning = "縦断地盤線（ProfSurf）の2つ目以降のPntList2Dを出力しません。\t$/Landxml_temp.xml "
@@ -196,7 +305,39 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
                            "<CrossSectPnt code='x'>3 1</CrossSectPnt></DesignCrossSectSurf></CrossSect></CrossSects>"
                            "<Profile><ProfAlign name='P'><PVI>0 1</PVI></ProfAlign></Profile>"}},
 
+    {.name = "AWideningsCodeOfTheWorkFile",
+     .warning = "拡幅のコードが0～4ではありません。\t$/Landxml_temp.xml R／A（「5」を「0」と出力します）",
+     .work = {.alignment = "<Feature name='WideningList'><Property label='widthLeftValue' value='0 1 5'/></Feature>"}},
+
     // What is removed
+    {.name = "AFormationWithoutAPoint",
+     .warning = "取り除いたFormationの離れと高さを出力しません。\t$/Landxml_temp.xml R／A／横断／No.1／Formation"
+                "（codeがFormationの、離れと高さの構成点がありません）",
+     .work = {.alignment = "<CrossSects><CrossSect name='No.1'><DesignCrossSectSurf name='Formation'><CrossSectPnt "
+                           "code='x'>3 1</CrossSectPnt></DesignCrossSectSurf><DesignCrossSectSurf name='Track'>"
+                           "<CrossSectPnt code='x'>3 1</CrossSectPnt></DesignCrossSectSurf></CrossSect></CrossSects>"
+                           "<Profile><ProfAlign name='P'><PVI>0 1</PVI></ProfAlign></Profile>"}},
+    {.name = "AFormationThatContradictsTheFirst",
+     .warning = "取り除いたFormationの離れと高さを出力しません。\t$/Landxml_temp.xml R／A／横断／No.1／Formation"
+                "（前のFormationの値を出力します）",
+     .work = {.alignment =
+                  "<CrossSects><CrossSect name='No.1'><DesignCrossSectSurf name='Formation'><CrossSectPnt code="
+                  "'Formation'>0 1</CrossSectPnt></DesignCrossSectSurf><DesignCrossSectSurf name='Formation'>"
+                  "<CrossSectPnt code='Formation'>0 1</CrossSectPnt></DesignCrossSectSurf><DesignCrossSectSurf name="
+                  "'Formation'><CrossSectPnt code='Formation'>0 2</CrossSectPnt></DesignCrossSectSurf>"
+                  "<DesignCrossSectSurf name='Track'><CrossSectPnt code='x'>3 1</CrossSectPnt></DesignCrossSectSurf>"
+                  "</CrossSect></CrossSects><Profile><ProfAlign name='P'><PVI>0 1</PVI></ProfAlign></Profile>"}},
+    {.name = "AGroundLineOfNoExistingGround",
+     .warning = "横断の地盤線を取り除きました。\t$/Landxml_temp.xml R／A／横断／No.1／EG"
+                "（現況地盤のサーフェスではありません）",
+     .work = {.alignment = "<CrossSects><CrossSect name='No.1'><CrossSectSurf name='EG_1'/><DesignCrossSectSurf name="
+                           "'Track'><CrossSectPnt code='x'>3 1</CrossSectPnt></DesignCrossSectSurf></CrossSect>"
+                           "</CrossSects><Profile><ProfAlign name='P'><PVI>0 1</PVI></ProfAlign></Profile>",
+              .end = "<Surfaces><Surface name='EG' desc='岩盤'/></Surfaces>"}},
+    {.name = "ASlopeListThatIsNotUsed",
+     .warning = "任意横断勾配リストを使わない線形のため、任意横断勾配リスト（SlopeList）を取り除きました。\t"
+                "$/Landxml_temp.xml R／A／SlopeList",
+     .work = {.alignment = "<Feature name='SlopeList'><Property label='slopeValue' value='0 2 2'/></Feature>"}},
     {.name = "AGroundLineWithoutASurface",
      .warning = "横断の地盤線を取り除きました。\t$/Landxml_temp.xml R／A／横断／No.1／EG_1（サーフェスがありません）",
      .work = {.alignment = "<CrossSects><CrossSect name='No.1'><CrossSectSurf name='EG_1'/><DesignCrossSectSurf name="
@@ -258,6 +399,15 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
                 "R／A／平面線形／クロソイド（「inf.」と出力します）",
      .work = {.alignment = "<CoordGeom><Spiral length='50' radiusStart='100' radiusEnd='100'/></CoordGeom>"}},
 
+    {.name = "ADesignValueThatIsNone",
+     .warning = "作り直す設計値のFeatureの、読み取れないPropertyを出力しません。\t$/Landxml_temp.xml "
+                "R／A／WideningList（widthLeftValue「100」）",
+     .work = {.alignment = "<Feature name='WideningList'><Property label='widthLeftValue' value='100'/></Feature>"}},
+    {.name = "ADesignValueOfAnotherName",
+     .warning = "作り直す設計値のFeatureの、読み取れないPropertyを出力しません。\t$/Landxml_temp.xml "
+                "R／A／Interval（step「5」）",
+     .work = {.alignment = "<Feature name='Interval'><Property label='step' value='5'/></Feature>"}},
+
     // What is doubtful
     {.name = "ASurfaceOfAnAlignmentThatIsNotThere",
      .warning = "参照先の線形がありません。\t$/Landxml_temp.xml S（線形「B」）",
@@ -281,6 +431,9 @@ constexpr ProvokedCause PROVOKED_CAUSES[] = {
      .warning = "幅杭のグループに名前がないため、スキーマに適合しません。\t$/widthStake_temp_1.csv 名前のないグループ",
      .sideFile = {STAKES, "幅杭\n見出し\n,K1,,0,1,2,3,4,注記,open\n"},
      .settings = STAKE_SETTINGS},
+    {.name = "AStakeGroupWithoutAType",
+     .warning = "幅杭のグループに種別がないため、スキーマに適合しません。\t$/widthStake_temp_1.csv 左",
+     .sideFile = {STAKES, "幅杭\n見出し\n左,K1,,0,1,2,3,4,注記,\n"}},
 };
 
 class WarningCauses : public RunTest, public testing::WithParamInterface<ProvokedCause>
@@ -321,7 +474,11 @@ TEST_P(WarningCauses, AreEachToldOnceWithTheirObjectAndFile)
         const bool isReplaced = cause.sideFile.name != nullptr && std::wstring_view(cause.sideFile.name) == sound.name;
         const SideFileRow& file = isReplaced ? cause.sideFile : sound;
         const bool isWanted = cause.wholeFile == nullptr || cause.sideFile.name != nullptr;
-        if (file.content != nullptr && isWanted)
+        if (file.content == FOLDER_IN_ITS_PLACE)
+        {
+            std::filesystem::create_directory(folder.Path() / NativePath(file.name));
+        }
+        else if (file.content != nullptr && isWanted)
         {
             folder.Write(file.name, file.content);
         }
@@ -375,6 +532,31 @@ TEST_F(WarningsOfRuns, TellBothOfRemovedPointsAndOfWhatReferredToThem)
                         folder.Name(L"out.xml")}),
               "作業ファイルの座標点（CgPoints）を取り除きました。\t" + path +
                   " G\n取り除いた座標点をpntRefが参照しています。\t" + path + " R／A／平面線形／直線／始点（1）\n");
+}
+
+TEST_F(WarningsOfRuns, SayNothingOfAReferenceToAPointThatASideFileBringsBack)
+{
+    WorkFile(WorkFileOf({.top = "<CgPoints name='G'><CgPoint name='1'>1 2</CgPoint></CgPoints>",
+                         .alignment = "<CoordGeom><Line><Start pntRef='1'/><End pntRef='2'/></Line></CoordGeom>"}));
+    for (const SideFileRow& sound : SOUND_FILES)
+    {
+        folder.Write(sound.name, sound.content);
+    }
+    folder.Write(POINTS, "線形名,A\n見出し\n1,0,1,2,3,4\n");
+    EXPECT_EQ(Warnings({folder.Name(), L"-s", folder.Write(L"settings.json", WARNING_SETTINGS), L"-o",
+                        folder.Name(L"out.xml")}),
+              "作業ファイルの座標点（CgPoints）を取り除きました。\t" + Utf8FromWide(folder.Name()) +
+                  "/Landxml_temp.xml G\n");
+}
+
+TEST_F(WarningsOfRuns, NameAllMissingSideFilesOfARouteInOne)
+{
+    WorkFile(WorkFileOf({}));
+    folder.Write(POINTS, "線形名,A\n見出し\n");
+    EXPECT_EQ(Warnings({folder.Name(), L"-s", folder.Write(L"settings.json", WARNING_SETTINGS), L"-o",
+                        folder.Name(L"out.xml")}),
+              "同じ路線のほかの付属CSVファイルがあるのに、このファイルがありません。\t" + Utf8FromWide(folder.Name()) +
+                  "/widthStake_temp_1.csv（ほか2件: superElevation_temp_1.csv、widening_temp_1.csv）\n");
 }
 
 TEST_F(WarningsOfRuns, TellOfAGroupNameThatTwoRoutesShare)

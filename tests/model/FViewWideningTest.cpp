@@ -79,6 +79,18 @@ TEST(FViewWidening, UnsetNumbersAreFormattedAsPoints)
     EXPECT_EQ(FormatWideningText(widening), L". .");
 }
 
+TEST(FViewWidening, ACodeThatTheFormatDoesNotHaveIsRemarkedOn)
+{
+    for (const wchar_t* const code : {L"", L"0", L"1", L"2", L"3", L"4"})
+    {
+        EXPECT_EQ(WideningCodeRemark(code), std::nullopt);
+    }
+    EXPECT_EQ(WideningCodeRemark(L"5"), L"「5」を「0」と出力します");
+    EXPECT_EQ(WideningCodeRemark(L"-1"), L"「-1」を「0」と出力します");
+    EXPECT_EQ(WideningCodeRemark(L"02"), L"「02」のまま出力します");
+    EXPECT_EQ(WideningCodeRemark(L"円"), L"「円」のまま出力します");
+}
+
 TEST(FViewWidening, ClearMeansZeroNotUnset)
 {
     FViewWidening widening;

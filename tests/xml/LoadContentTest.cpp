@@ -49,5 +49,16 @@ TEST(FindFault, KnowsTheEncodingsThatFilesComeIn)
     EXPECT_EQ(Fault(declared + "\n<a n='\x98\x48'><b></a>"), Fault(declared + "\n<a n='x'><b></a>"));
 }
 
+TEST(FindMalformedUtf8, CountsLinesAndCharactersAsEditorsDo)
+{
+    const auto place = [](std::string_view content) {
+        const FaultPlace found = FindMalformedUtf8(content);
+        return std::to_string(found.line) + ":" + std::to_string(found.column);
+    };
+    EXPECT_EQ(place("\xFF"), "1:1");
+    EXPECT_EQ(place("<a>\n<b n='\xE8\xB7\xAF\xFF'/>\n\xFF"), "2:8");
+    EXPECT_EQ(place("\xEF\xBB\xBF<\xFF"), "1:2");
+}
+
 } // namespace
 } // namespace jlandxml
