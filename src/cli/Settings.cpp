@@ -381,6 +381,34 @@ Json WithoutComments(const Json& json)
     return plain;
 }
 
+/// RFC 7396, without comments.
+void MergePatch(Json& target, const Json& patch)
+{
+    if (!target.is_object())
+    {
+        target = Json::object();
+    }
+    for (const auto& [name, value] : patch.items())
+    {
+        if (IsComment(name))
+        {
+            continue;
+        }
+        if (value.is_object())
+        {
+            MergePatch(target[name], value);
+        }
+        else if (value.is_null())
+        {
+            target.erase(name);
+        }
+        else
+        {
+            target[name] = value.is_array() ? WithoutComments(value) : value;
+        }
+    }
+}
+
 /// Control characters come from the file; a message stays one line whatever they are.
 std::string OneLine(std::string text)
 {
@@ -456,29 +484,12 @@ Json ReadSettings(const std::wstring& path)
 
 void MergeSettings(Json& settings, const Json& patch)
 {
-    if (!settings.is_object())
+    if (settings.empty())
     {
-        settings = Json::object();
+        settings = WithoutComments(patch);
+        return;
     }
-    for (const auto& [name, value] : patch.items())
-    {
-        if (IsComment(name))
-        {
-            continue;
-        }
-        if (value.is_object())
-        {
-            MergeSettings(settings[name], value);
-        }
-        else if (value.is_null())
-        {
-            settings.erase(name);
-        }
-        else
-        {
-            settings[name] = value.is_array() ? WithoutComments(value) : value;
-        }
-    }
+    MergePatch(settings, patch);
 }
 
 std::string SettingsText(const Json& settings)

@@ -90,7 +90,8 @@ std::string EntryPath(const std::string& path, std::size_t index);
 Json ReadSettings(const std::wstring& path);
 
 /// Puts settings that were read over others, as a JSON merge patch (RFC 7396): objects are merged key by key, an array
-/// takes the place of what stood there, null takes a key away. Comments are left out.
+/// takes the place of what stood there, null takes a key away. Over empty ones they are taken as they stand, so that
+/// null, which names an object to be left alone, means the same with and without an empty file. Comments are left out.
 void MergeSettings(Json& settings, const Json& patch);
 
 /// Settings that were read, in a form to be handed on.

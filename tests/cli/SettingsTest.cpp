@@ -311,6 +311,10 @@ constexpr MergeCase MERGES[] = {
     {"ObjectsAreMergedKeyByKey", R"({"routes": {"*": {"side": "a", "trafficVolume": "1"}, "国道": {}}})",
      R"({"routes": {"*": {"side": null}, "国道": {"side": "b"}, "県道": {"side": "c"}}})",
      R"({"routes": {"*": {"trafficVolume": "1"}, "国道": {"side": "b"}, "県道": {"side": "c"}}})"},
+    {"AnEmptyPatchLeavesNullWhereItStands", R"({"routes": {"国道": null, "*": {}}})", R"({})",
+     R"({"routes": {"国道": null, "*": {}}})"},
+    {"OverEmptySettingsNullStaysToo", R"({})", R"({"routes": {"国道": null, "*": {}}, "projectName": null})",
+     R"({"routes": {"国道": null, "*": {}}, "projectName": null})"},
     {"CommentsAreLeftOut", R"({})",
      R"({"_a": {"b": 1}, "routes": [{"_name": "x", "side": "a"}], "surfaceSets": {"_c": 1}})",
      R"({"routes": [{"side": "a"}], "surfaceSets": {}})"},
@@ -397,12 +401,12 @@ TEST_P(SettingsNoJson, IsAnErrorThatNamesTheLine)
 INSTANTIATE_TEST_SUITE_P(Cli, SettingsNoJson, testing::ValuesIn(NO_JSON),
                          [](const auto& one) { return std::string(one.param.name); });
 
-/// The settings file that a text shows, indented by four.
+/// The settings file that a text shows as its first block of JSON.
 std::string ShownExample(const std::string& text)
 {
-    const std::size_t begin = text.find("\n    {\n");
-    const std::size_t end = text.find("\n    }\n", begin);
-    return text.substr(begin, end + std::string_view("\n    }").size() - begin);
+    constexpr std::string_view FENCE = "\n```json\n";
+    const std::size_t begin = text.find(FENCE) + FENCE.size();
+    return text.substr(begin, text.find("\n```\n", begin) - begin);
 }
 
 TEST_F(SettingsFile, ExamplesOfTheReadmesHoldEveryKey)
