@@ -145,7 +145,8 @@ TEST_F(ChangesFileTest, ChangesAppliedToTheWorkFileGiveTheFinishedFile)
     constexpr std::uint64_t SEED = 13;
     constexpr std::uint32_t FOLDERS = HAS_SANITIZERS ? 25 : 500;
     std::uint32_t finished = 0;
-    for (std::uint32_t number = 1; number <= FOLDERS; ++number)
+    // So many that end with a file, as all of a host's do and most of the others.
+    for (std::uint32_t number = 1; finished < FOLDERS && number <= 2 * FOLDERS; ++number)
     {
         SCOPED_TRACE("folder " + std::to_string(number));
         const WorkFolder work = MakeWorkFolder(SEED, number);
@@ -157,6 +158,7 @@ TEST_F(ChangesFileTest, ChangesAppliedToTheWorkFileGiveTheFinishedFile)
                                        folder.Name(L"out.xml"), L"--changes", folder.Name(L"changes.jsonl")});
         if (status != ExitStatus::FileWritten)
         {
+            EXPECT_FALSE(work.hostLike) << said;
             continue;
         }
         ++finished;
@@ -168,7 +170,7 @@ TEST_F(ChangesFileTest, ChangesAppliedToTheWorkFileGiveTheFinishedFile)
         const ReplayChanges replay(*document.appDocument->xmlDocument, changes);
         ASSERT_EQ(FinishedBytes(document), folder.Read(L"out.xml"));
     }
-    EXPECT_GE(finished, FOLDERS / 2);
+    EXPECT_EQ(finished, FOLDERS);
 }
 
 } // namespace

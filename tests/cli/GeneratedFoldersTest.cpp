@@ -125,7 +125,8 @@ class GeneratedFolders : public RunTest
 
 TEST_F(GeneratedFolders, EndAsPredictedWithAWellFormedFileAndAgainTheSame)
 {
-    for (std::uint32_t number = 1; number <= FOLDERS; ++number)
+    std::uint32_t finished = 0;
+    for (std::uint32_t number = 1; finished < FOLDERS && number <= 2 * FOLDERS; ++number)
     {
         SCOPED_TRACE("folder " + std::to_string(number));
         const WorkFolder work = MakeWorkFolder(FOLDERS_SEED, number);
@@ -137,6 +138,7 @@ TEST_F(GeneratedFolders, EndAsPredictedWithAWellFormedFileAndAgainTheSame)
         EXPECT_EQ(first.file.empty(), first.status != ExitStatus::FileWritten);
         if (!first.file.empty())
         {
+            ++finished;
             EXPECT_TRUE(pugi::xml_document().load_buffer(first.file.data(), first.file.size()));
         }
         const Outcome second = Run(work);
@@ -145,6 +147,7 @@ TEST_F(GeneratedFolders, EndAsPredictedWithAWellFormedFileAndAgainTheSame)
         EXPECT_EQ(second.err, first.err);
         EXPECT_EQ(second.file, first.file);
     }
+    EXPECT_EQ(finished, FOLDERS);
 }
 
 /// Gives every null of printed settings a value: the first that its list offers, or a number, which a text may be too.
@@ -182,8 +185,8 @@ bool CanBeGiven(const FilledJson& settings, const std::string& path)
 
 TEST_F(GeneratedFolders, PrintedSettingsLeadToAFileOnceEveryNullIsFilled)
 {
-    std::size_t finished = 0;
-    for (std::uint32_t number = 1; number <= FOLDERS; ++number)
+    std::uint32_t finished = 0;
+    for (std::uint32_t number = 1; finished < FOLDERS && number <= 2 * FOLDERS; ++number)
     {
         SCOPED_TRACE("folder " + std::to_string(number));
         const WorkFolder work = MakeWorkFolder(FOLDERS_SEED, number);
@@ -210,7 +213,7 @@ TEST_F(GeneratedFolders, PrintedSettingsLeadToAFileOnceEveryNullIsFilled)
             EXPECT_FALSE(finding.contains("path") && CanBeGiven(settings, finding["path"])) << finding;
         }
     }
-    EXPECT_GT(finished, FOLDERS / 2);
+    EXPECT_EQ(finished, FOLDERS);
 }
 
 } // namespace
