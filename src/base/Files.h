@@ -58,6 +58,9 @@ std::optional<std::wstring> TemporaryFolder();
 /// The part up to and with the last separator; empty if there is none.
 std::wstring_view FolderOf(std::wstring_view path);
 
+/// What the names of one file have in common: on a system that doesn't tell capitals from small letters, the capitals.
+std::wstring FileNameKey(const std::wstring& name);
+
 /// Removes a file. False if it could not be removed.
 bool RemoveFile(const std::wstring& path) noexcept;
 

@@ -413,6 +413,11 @@ NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose purpose)
 }
 
 /// No memory is asked for: what is in the way must go where there is none.
+std::wstring FileNameKey(const std::wstring& name)
+{
+    return name;
+}
+
 bool RemoveFile(const std::wstring& path) noexcept
 {
     const NativePath name(path);

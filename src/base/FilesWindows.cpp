@@ -250,6 +250,15 @@ NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose /*purpose*/)
     return made;
 }
 
+std::wstring FileNameKey(const std::wstring& name)
+{
+    std::wstring key(name.size(), L'\0');
+    const int length = static_cast<int>(name.size());
+    const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), length, key.data(), length,
+                                     nullptr, nullptr, 0);
+    return mapped == length ? key : name;
+}
+
 bool RemoveFile(const std::wstring& path) noexcept
 {
     return DeleteFileW(path.c_str()) != 0;

@@ -2,6 +2,7 @@
 
 #include "base/Streams.h"
 #include "base/Text.h"
+#include "base/Warnings.h"
 #include "cli/ConvertOptions.h"
 #include "cli/HostCall.h"
 #include "cli/ManyFolders.h"
@@ -13,6 +14,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
+#include <vector>
 
 namespace jlandxml
 {
@@ -64,7 +67,7 @@ ExitStatus CallHostModule(const ConvertOptions& options)
     switch (CallModule(folder, RouteCount(options, folder)))
     {
     case ModuleCall::NotLoaded:
-        WriteStandardError(L"モジュールを読み込めません: " + ModulePath() + L"\n");
+        TellLine(L"", PlainLine("no-module", L"モジュールを読み込めません", ModulePath()));
         return ExitStatus::NoFile;
     case ModuleCall::NoDisplay: // which the module has told
         return ExitStatus::NoFile;
@@ -90,12 +93,12 @@ ExitStatus ConvertOne(const ConvertOptions& options, const Json& settings)
     return result.status;
 }
 
-/// What is wrong with the settings of all work folders is told once, and stands in the JSON of each.
-ExitStatus TellWrongSettings(const ConvertOptions& options, const SettingsError& error)
+/// What stands in the way of all work folders is told once, and stands in the JSON of each.
+ExitStatus TellOfAll(const ConvertOptions& options, ExitStatus status, std::vector<ToldLine> findings)
 {
     RunResult result;
-    result.status = ExitStatus::WrongUsage;
-    result.findings = SettingsLines(error, options.settingsFiles.size() > 1);
+    result.status = status;
+    result.findings = std::move(findings);
     TellFindings(result.findings);
     for (const std::wstring& folder : options.workFolders)
     {
@@ -109,16 +112,29 @@ ExitStatus TellWrongSettings(const ConvertOptions& options, const SettingsError&
     return result.status;
 }
 
+/// Whether an output folder is wanted.
+bool WritesInto(const ConvertOptions& options)
+{
+    return !options.outputFolder.empty() && !options.dryRun;
+}
+
+ToldLine NoOutputFolderLine(const std::wstring& folder, int error)
+{
+    ToldLine line =
+        PlainLine("no-output-folder", L"出力フォルダーを作れません", folder + L"（" + ReasonText(error) + L"）");
+    line.file = folder;
+    return line;
+}
+
 ExitStatus RunOptions(const ConvertOptions& options, const std::wstring& program)
 {
     if (options.dialog)
     {
         return CallHostModule(options);
     }
-    if (!options.outputFolder.empty() && !options.dryRun && !MakeFolder(options.outputFolder))
+    if (const int error = WritesInto(options) ? MakeFolder(options.outputFolder) : 0; error != 0)
     {
-        TellLine(L"", PlainLine("no-output-folder", options.outputFolder + L": フォルダーを作れません"));
-        return ExitStatus::NoFile;
+        return TellOfAll(options, ExitStatus::NoFile, {NoOutputFolderLine(options.outputFolder, error)});
     }
     try
     {
@@ -127,7 +143,7 @@ ExitStatus RunOptions(const ConvertOptions& options, const std::wstring& program
     }
     catch (const SettingsError& error)
     {
-        return TellWrongSettings(options, error);
+        return TellOfAll(options, ExitStatus::WrongUsage, SettingsLines(error, options.settingsFiles.size() > 1));
     }
 }
 

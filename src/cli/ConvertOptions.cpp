@@ -289,11 +289,12 @@ class ConvertUsage
     std::vector<std::string> Outputs() const
     {
         const CLI::Option& option = options_.outputFolder.empty() ? *output_ : *outputFolder_;
-        std::set<std::wstring> outputs;
+        std::vector<std::string> names;
+        std::set<std::wstring> keys;
         for (const std::wstring& folder : options_.workFolders)
         {
             const std::wstring output = OutputOf(options_, folder);
-            if (output.empty() || !outputs.insert(output).second)
+            if (output.empty() || !keys.insert(FileNameKey(output)).second)
             {
                 throw WrongArgument("--output-dir",
                                     output.empty() ? "名前のない作業フォルダーです: " + Utf8FromWide(folder)
@@ -304,10 +305,6 @@ class ConvertUsage
             {
                 RefuseOverwriting(option, Utf8FromWide(output), WorkFiles());
             }
-        }
-        std::vector<std::string> names;
-        for (const std::wstring& output : outputs)
-        {
             names.push_back(Utf8FromWide(output));
         }
         return names;
@@ -378,6 +375,28 @@ ParsedConvert ParseConvert(const std::vector<std::wstring>& arguments)
         break;
     }
     return parsed;
+}
+
+std::vector<std::string> ConvertOptionNames()
+{
+    ConvertOptions options;
+    CLI::App app;
+    PrepareUsage(app, "jlandxml-convert");
+    ConvertUsage usage(options);
+    usage.Declare(app);
+    std::vector<std::string> names;
+    for (const CLI::Option* const option : app.get_options([](const CLI::Option* one) { return one->nonpositional(); }))
+    {
+        for (const std::string& name : option->get_lnames())
+        {
+            names.push_back("--" + name);
+        }
+        for (const std::string& name : option->get_snames())
+        {
+            names.push_back("-" + name);
+        }
+    }
+    return names;
 }
 
 std::wstring OutputOf(const ConvertOptions& options, const std::wstring& workFolder)

@@ -42,6 +42,9 @@ struct ParsedConvert
 /// Reads the arguments of jlandxml-convert. What is wrong with them has been told.
 ParsedConvert ParseConvert(const std::vector<std::wstring>& arguments);
 
+/// The long and short names of all options, as they are declared.
+std::vector<std::string> ConvertOptionNames();
+
 /// The finished file of a work folder; empty where none is asked for.
 std::wstring OutputOf(const ConvertOptions& options, const std::wstring& workFolder);
 

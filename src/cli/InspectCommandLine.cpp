@@ -300,7 +300,7 @@ InspectStatus RunInspectCommandLine(const std::vector<std::wstring>& arguments)
                    ? InspectStatus::NothingFound
                    : InspectStatus::NotRead;
     }
-    if (!options.csvFolder.empty() && !MakeFolder(options.csvFolder))
+    if (!options.csvFolder.empty() && MakeFolder(options.csvFolder) != 0)
     {
         WriteStandardError(options.csvFolder + L": フォルダーを作れません\n");
         return InspectStatus::NotRead;

@@ -9,10 +9,12 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <condition_variable>
 #include <mutex>
 #include <optional>
 #include <sstream>
 #include <string_view>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -132,11 +134,7 @@ class FolderQueue
     {
         const InterruptScope interrupts;
         bar_.Show(0);
-        std::vector<std::thread> workers;
-        for (std::size_t number = WorkerCount(); number > 0; --number)
-        {
-            workers.emplace_back([this] { Work(); });
-        }
+        std::vector<std::thread> workers = StartWorkers();
         for (std::thread& worker : workers)
         {
             worker.join();
@@ -156,6 +154,27 @@ class FolderQueue
         const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
         const std::size_t wanted = options_.jobs > 0 ? options_.jobs : cores;
         return std::min(wanted, outcomes_.size());
+    }
+
+    /// Fewer than are wanted where the system has no more; one at least, which then is this thread.
+    std::vector<std::thread> StartWorkers()
+    {
+        std::vector<std::thread> workers;
+        try
+        {
+            for (std::size_t number = WorkerCount(); number > 0; --number)
+            {
+                workers.emplace_back([this] { Work(); });
+            }
+        }
+        catch (const std::system_error&)
+        {
+            if (workers.empty())
+            {
+                Work();
+            }
+        }
+        return workers;
     }
 
     void Work()
@@ -207,14 +226,39 @@ class FolderQueue
         return arguments;
     }
 
-    Outcome RunProcess(const std::wstring& folder) const
+    /// Where the system has no handles or processes left for one more, it has when one of those that run has ended.
+    std::optional<ChildProcess> StartProcess(const std::wstring& folder)
     {
-        const Clock::time_point begun = Clock::now();
-        std::optional<ChildProcess> process = ChildProcess::Start(program_, ArgumentsFor(folder));
+        const std::vector<std::wstring> arguments = ArgumentsFor(folder);
+        std::unique_lock lock(starting_);
+        std::optional<ChildProcess> process = ChildProcess::Start(program_, arguments);
+        while (!process && running_ > 0 && !InterruptScope::IsInterrupted())
+        {
+            const std::size_t running = running_;
+            oneEnded_.wait(lock, [&] { return running_ < running; });
+            process = ChildProcess::Start(program_, arguments);
+        }
+        running_ += process ? 1 : 0;
+        return process;
+    }
+
+    void EndProcess(std::optional<ChildProcess>& process)
+    {
+        const std::scoped_lock lock(starting_);
+        process.reset(); // and with it its handles
+        --running_;
+        oneEnded_.notify_all();
+    }
+
+    Outcome RunProcess(const std::wstring& folder)
+    {
+        std::optional<ChildProcess> process = StartProcess(folder);
         if (!process)
         {
-            return EndedBy(NOT_STARTED, "not-started");
+            return InterruptScope::IsInterrupted() ? EndedBy(INTERRUPTED, "interrupted")
+                                                   : EndedBy(NOT_STARTED, "not-started");
         }
+        const Clock::time_point begun = Clock::now();
         Outcome outcome;
         // All three at a time: a full pipe that nobody empties would stop the process.
         std::thread feeding([&] {
@@ -226,6 +270,7 @@ class FolderQueue
         feeding.join();
         listening.join();
         const std::optional<int> status = process->Wait();
+        EndProcess(process);
         if (!status || *status < 0 || *status > HIGHEST_STATUS)
         {
             outcome = EndedBy(BROKEN_OFF, "broken-off");
@@ -255,10 +300,10 @@ class FolderQueue
         std::istringstream lines(outcome.lines);
         for (std::string line; std::getline(lines, line);)
         {
-            WriteStandardError(folder + L": " + WideFromUtf8(line) + L"\n");
+            TellLineOf(folder, WideFromUtf8(line));
         }
         const std::wstring output = OutputOf(options_, folder);
-        TellLine((folder + L": ").c_str(), ResultLine(outcome, output));
+        TellLine(folder + L": ", ResultLine(outcome, output));
         if (!options_.json)
         {
             return;
@@ -300,6 +345,9 @@ class FolderQueue
     const ConvertOptions& options_;
     const std::string settings_;
     const std::wstring& program_;
+    std::mutex starting_; ///< for the two below: one process is started at a time
+    std::size_t running_ = 0;
+    std::condition_variable oneEnded_;
     std::mutex mutex_; ///< for all below
     std::vector<std::optional<Outcome>> outcomes_;
     std::size_t next_ = 0;

@@ -25,6 +25,14 @@ void AddText(PrintedJson& json, const char* key, const std::wstring& text)
     }
 }
 
+/// True for a detail that other parts of the line don't hold already.
+bool SaysMore(const ToldLine& line)
+{
+    const bool isRepeated = line.detail == line.path || line.detail == line.object || line.detail == line.file ||
+                            line.detail == line.path + L"（" + line.object + L"）";
+    return !line.detail.empty() && !isRepeated;
+}
+
 PrintedJson LineJson(const ToldLine& line)
 {
     PrintedJson json;
@@ -33,6 +41,10 @@ PrintedJson LineJson(const ToldLine& line)
     AddText(json, "path", line.path);
     AddText(json, "object", line.object);
     AddText(json, "file", line.file);
+    if (SaysMore(line))
+    {
+        json["detail"] = Utf8FromWide(line.detail);
+    }
     if (line.row)
     {
         json["row"] = *line.row;
@@ -72,13 +84,20 @@ void TellLines(const wchar_t* front, const std::vector<ToldLine>& lines)
     }
 }
 
-/// Values of the input may hold line feeds; a line stays one whatever they are.
+/// A line feed, or what a terminal or a reader takes for one or for a command.
+bool IsControl(wchar_t character)
+{
+    return character < L' ' || (character >= L'\x7F' && character <= L'\x9F') || character == L'\x2028' ||
+           character == L'\x2029';
+}
+
+} // namespace
+
 void WriteWithinLine(std::wstring_view text)
 {
     while (!text.empty())
     {
-        const auto* const control =
-            std::find_if(text.data(), text.data() + text.size(), [](wchar_t character) { return character < L' '; });
+        const auto* const control = std::find_if(text.data(), text.data() + text.size(), IsControl);
         const auto length = static_cast<std::size_t>(control - text.data());
         WriteStandardError(text.substr(0, length));
         if (length < text.size())
@@ -89,18 +108,24 @@ void WriteWithinLine(std::wstring_view text)
     }
 }
 
-} // namespace
-
 /// In pieces, since there may be no memory to join them.
-void TellLine(const wchar_t* front, const ToldLine& line)
+void TellLine(std::wstring_view front, const ToldLine& line)
 {
-    WriteStandardError(front);
-    WriteStandardError(line.text);
+    WriteWithinLine(front);
+    WriteWithinLine(line.text);
     if (!line.detail.empty())
     {
         WriteStandardError(L"\t");
         WriteWithinLine(line.detail);
     }
+    WriteStandardError(L"\n");
+}
+
+void TellLineOf(const std::wstring& folder, std::wstring_view toldLine)
+{
+    WriteWithinLine(folder);
+    WriteStandardError(L": ");
+    WriteStandardError(toldLine);
     WriteStandardError(L"\n");
 }
 

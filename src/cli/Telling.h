@@ -4,6 +4,7 @@
 #include "cli/Settings.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace jlandxml
@@ -13,7 +14,14 @@ namespace jlandxml
 // programs.
 
 /// Tells a line on standard error, what is in front of the text first.
-void TellLine(const wchar_t* front, const ToldLine& line);
+void TellLine(std::wstring_view front, const ToldLine& line);
+
+/// Tells a line of a work folder, its text and detail as a run of its own has told them.
+void TellLineOf(const std::wstring& folder, std::wstring_view toldLine);
+
+/// Writes a text on standard error with blanks for what would break its line: names of folders and values of the input
+/// may hold anything.
+void WriteWithinLine(std::wstring_view text);
 
 /// Tells lines that stand in the way of a file.
 void TellFindings(const std::vector<ToldLine>& findings);

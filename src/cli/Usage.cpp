@@ -3,8 +3,10 @@
 #include "base/Streams.h"
 #include "base/Text.h"
 #include "cli/Paths.h"
+#include "cli/Telling.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
@@ -194,12 +196,18 @@ void RefuseFurtherArguments(const CLI::App& app)
     }
 }
 
-bool MakeFolder(const std::wstring& folder)
+int MakeFolder(const std::wstring& folder)
 {
     std::error_code failure;
+    std::error_code unknown;
     const std::filesystem::path path = PathOf(folder);
     std::filesystem::create_directories(path, failure);
-    return std::filesystem::is_directory(path, failure);
+    if (std::filesystem::is_directory(path, unknown))
+    {
+        return 0;
+    }
+    const int error = failure.default_error_condition().value();
+    return std::filesystem::exists(path, unknown) || error == 0 ? EEXIST : error;
 }
 
 bool WriteAnswer(std::wstring_view text)
@@ -230,7 +238,8 @@ ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& argu
     }
     catch (const CLI::ParseError& error)
     {
-        WriteStandardError(WideFromUtf8(Problem(error, missing)) + L"\n");
+        WriteWithinLine(WideFromUtf8(Problem(error, missing)));
+        WriteStandardError(L"\n");
         return ArgumentsRead::Wrong;
     }
     return ArgumentsRead::Whole;

@@ -33,8 +33,8 @@ void RefuseOverwriting(const CLI::Option& option, const std::string& path, const
 /// option that it may be meant for.
 void RefuseFurtherArguments(const CLI::App& app);
 
-/// Makes a folder with those above it. False if there is none afterwards.
-bool MakeFolder(const std::wstring& folder);
+/// Makes a folder with those above it. An error number of the C library if there is none afterwards, else 0.
+int MakeFolder(const std::wstring& folder);
 
 /// Writes what the user asked for on standard output. False, with a line on standard error, if not all of it was taken.
 bool WriteAnswer(std::wstring_view text);

@@ -245,6 +245,7 @@ class BatchRun
         }
         catch (const SettingsError& error)
         {
+            TellPassedOver(user);
             settingsFaults_ = SettingsLines(error, false);
         }
     }
@@ -352,7 +353,11 @@ class BatchRun
         {
             return WriteAnswer(*printed_) ? ExitStatus::FileWritten : ExitStatus::NoFile;
         }
-        if (!found_.empty() || isTooStrict_)
+        if (isTooStrict_)
+        {
+            found_.push_back(PlainLine("strict", L"警告があるため、ファイルを出力しません"));
+        }
+        if (!found_.empty())
         {
             result_.findings = std::move(found_);
             return ExitStatus::Findings;
@@ -409,7 +414,7 @@ void TakeFindings(const std::vector<inspect::Finding>& findings, RunResult& resu
         result.findings.push_back(CheckLine(finding, result.output));
         if (finding.severity == inspect::Severity::Error)
         {
-            result.status = ExitStatus::Findings;
+            result.status = std::max(result.status, ExitStatus::Findings);
         }
     }
 }
@@ -423,6 +428,29 @@ inspect::RunJournal GatheredChanges()
     return gathered;
 }
 
+/// What kept a file that was asked for beside the finished one from being written.
+void TellUnwritten(std::string_view code, const wchar_t* text, const std::wstring& path, RunResult& result)
+{
+    const std::wstring trouble = TargetTrouble(path, 0);
+    result.findings.push_back(PlainLine(code, text, trouble == path ? path : path + L": " + trouble));
+    result.findings.back().file = path;
+    result.status = ExitStatus::NoFile;
+}
+
+void WriteReport(const std::wstring& path, const inspect::LandXmlFile& file,
+                 const std::vector<inspect::Finding>& findings, RunResult& result)
+{
+    try
+    {
+        const inspect::RunJournal journal = GatheredChanges();
+        inspect::WriteOutputFile(path, inspect::ReportPage(file, findings, &journal));
+    }
+    catch (const CException&)
+    {
+        TellUnwritten("report", L"図面と計算書（--report）を書き込めません", path, result);
+    }
+}
+
 /// Judges and draws the file that was just written. An 誤り in it is status 1; the file stays.
 void InspectOutput(const ConvertOptions& options, RunResult& result)
 {
@@ -432,8 +460,7 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
         const std::vector<inspect::Finding> findings = inspect::Inspect(file, inspect::EveryCheck());
         if (!options.reportFile.empty())
         {
-            const inspect::RunJournal journal = GatheredChanges();
-            inspect::WriteOutputFile(options.reportFile, inspect::ReportPage(file, findings, &journal));
+            WriteReport(options.reportFile, file, findings, result);
         }
         if (options.check)
         {
@@ -442,7 +469,9 @@ void InspectOutput(const ConvertOptions& options, RunResult& result)
     }
     catch (const CException& exception)
     {
-        result.findings.push_back(PlainLine("check", result.output + L": " + ErrorText(exception)));
+        result.findings.push_back(PlainLine("check", L"出力したファイルを読み込めません",
+                                            result.output + L"（" + ErrorText(exception) + L"）"));
+        result.findings.back().file = result.output;
         result.status = ExitStatus::NoFile;
     }
 }
@@ -454,15 +483,13 @@ void TellChanges(const ConvertOptions& options, RunResult& result)
     {
         WriteChanges(options.changesFile, *GetConversionContext().document.appDocument->journal);
     }
-    catch (const CException& exception)
+    catch (const CException&)
     {
-        result.findings.push_back(PlainLine("changes", options.changesFile + L": " + ErrorText(exception)));
-        result.findings.back().file = options.changesFile;
-        result.status = ExitStatus::NoFile;
+        TellUnwritten("changes", L"変更の記録（--changes）を書き込めません", options.changesFile, result);
     }
 }
 
-/// The settings of the folder's own over those of all. The settings stay until the process ends: freeing them asks for
+/// The settings of the folder's own over those of all. They stay until the process ends: freeing them asks for
 /// memory, and the file is written by then.
 const Json& SettingsOf(const ConvertOptions& options, const std::wstring& folder, const Json& settings)
 {
@@ -538,7 +565,7 @@ bool IsFolder(const std::wstring& path)
 
 ToldLine NoFolderLine(const std::wstring& folder)
 {
-    ToldLine line = PlainLine("no-folder", folder + L": 作業フォルダーが見つかりません");
+    ToldLine line = PlainLine("no-folder", L"作業フォルダーが見つかりません", folder);
     line.file = folder;
     return line;
 }

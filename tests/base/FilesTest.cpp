@@ -1215,6 +1215,18 @@ TEST(Files, ATemporaryFolderHas259CharactersAtMost)
 
 #endif
 
+TEST(Files, NamesThatAreOneToTheSystemHaveOneKey)
+{
+#ifdef _WIN32
+    EXPECT_EQ(FileNameKey(L"out/Route Ａ路線.xml"), FileNameKey(L"OUT/route ａ路線.XML"));
+#else
+    EXPECT_NE(FileNameKey(L"A"), FileNameKey(L"a"));
+#endif
+    EXPECT_EQ(FileNameKey(L"路線1"), FileNameKey(L"路線1"));
+    EXPECT_NE(FileNameKey(L"路線1"), FileNameKey(L"路線2"));
+    EXPECT_EQ(FileNameKey(L""), L"");
+}
+
 TEST(Files, TheTemporaryFolderEndsWithASeparator)
 {
     const TestFolder folder;

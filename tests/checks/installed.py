@@ -139,7 +139,7 @@ class Installed:
         status, _, err = output(self.program("jlandxml-convert") + ["--dialog", str(self.documents / "examples" / "road")],
                                 cwd=folder, env=environment)
         away.rename(module)
-        expect(status == 3 and err.startswith("モジュールを読み込めません: "), f"without a module: status {status}: {err}")
+        expect(status == 3 and err.startswith("モジュールを読み込めません\t"), f"without a module: status {status}: {err}")
 
     def build_host(self, name):
         build = self.work / name

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "cli/ConvertOptions.h"
 #include "support/FailingAllocation.h"
 #include "support/FullStandardOutput.h"
 #include "support/MountedFolder.h"
@@ -10,9 +11,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <optional>
+#include <sstream>
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -201,7 +204,8 @@ TEST_F(CommandLineTest, AReportThatCannotBeWrittenIsStatusThree)
     const Outcome outcome =
         Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--report", report});
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
-    EXPECT_EQ(outcome.err, Utf8FromWide(Output() + L": 書き込めません: " + report + L"\n"));
+    EXPECT_EQ(outcome.err, "図面と計算書（--report）を書き込めません\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(report + L": " + folder.Name(L"no folder/") + L"（ありません）\n"));
 }
 
 TEST_F(CommandLineTest, NothingIsCheckedWhereNoFileWasWritten)
@@ -517,7 +521,39 @@ TEST_F(CommandLineTest, AnOutputFolderThatCannotBeMadeIsStatusThree)
     const std::wstring file = WorkFile(COMPLETE_WORK_FILE);
     const Outcome outcome = Run({folder.Name(), L"--output-dir", file});
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
-    EXPECT_EQ(outcome.err, Utf8FromWide(file) + ": フォルダーを作れません\n");
+    EXPECT_EQ(outcome.err, "出力フォルダーを作れません\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(file) + "（同じ名前のファイルがあります）\n");
+}
+
+TEST_F(CommandLineTest, AnOutputFolderThatCannotBeMadeIsALineOfJsonForEachFolder)
+{
+    const std::wstring file = WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run({L"一", L"二", L"--output-dir", file, L"--json"});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, "出力フォルダーを作れません\n");
+    std::istringstream lines(outcome.out);
+    for (const char* const name : {"一", "二"})
+    {
+        std::string text;
+        std::getline(lines, text);
+        const OrderedJson line = OrderedJson::parse(text);
+        EXPECT_EQ(line["folder"], name);
+        EXPECT_EQ(line["status"], 3);
+        EXPECT_EQ(line["findings"][0].dump(),
+                  OrderedJson({{"code", "no-output-folder"},
+                               {"text", "出力フォルダーを作れません"},
+                               {"file", Utf8FromWide(file)},
+                               {"detail", outcome.details.substr(0, outcome.details.size() - 1)}})
+                      .dump());
+    }
+}
+
+TEST_F(CommandLineTest, ALineFeedInTheNameOfAFolderBreaksNoLine)
+{
+    const Outcome missing = Run({L"無\nい", L"-o", Output()});
+    EXPECT_EQ(missing.err + missing.details, "作業フォルダーが見つかりません\n無 い\n");
+    const Outcome refused = Run({L"a/x\ny", L"b/x\ny", L"--output-dir", L"out"});
+    EXPECT_EQ(refused.err, "--output-dir: 同じ名前の作業フォルダーが2つあります: b/x y\n");
 }
 
 TEST_F(CommandLineTest, ADryRunDoesAllButTheWriting)
@@ -558,9 +594,14 @@ TEST_F(CommandLineTest, AWarningIsAFindingWhereThatIsAskedFor)
     strict.push_back(L"--strict");
     const Outcome outcome = Run(strict);
     EXPECT_EQ(outcome.status, ExitStatus::Findings);
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.err, "警告があるため、ファイルを出力しません\n");
     EXPECT_TRUE(outcome.warnings.starts_with("警告: ファイルを読み込めません。\t"));
     EXPECT_FALSE(PathExists(Output()));
+    std::vector<std::wstring> inJson = strict;
+    inJson.push_back(L"--json");
+    const OrderedJson line = OrderedJson::parse(Run(inJson).out);
+    EXPECT_EQ(line["status"], 1);
+    EXPECT_EQ(line["findings"].dump(), R"([{"code":"strict","text":"警告があるため、ファイルを出力しません"}])");
     EXPECT_EQ(Run(arguments).status, ExitStatus::FileWritten);
     std::filesystem::remove(folder.Path() / "widening_temp_1.csv");
     EXPECT_EQ(Run(strict).status, ExitStatus::FileWritten);
@@ -596,7 +637,32 @@ TEST_F(CommandLineTest, ASettingThatIsPassedOverIsAWarning)
               "警告: routes.県道: この名前の路線はありません（あるもの: 国道）（この設定を読み飛ばしました）\n");
 }
 
+TEST_F(CommandLineTest, WhatIsPassedOverIsToldBesideWhatIsWrong)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run({folder.Name(), L"-o", Output(), L"--skip-locked", L"-s",
+                                 Settings(R"({"projectPhase": "x", "routes": [{"side": "左岸"}]})")});
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "projectPhase: 「x」は選択できません（選択肢: 概略、予備、詳細、施工）\n");
+    EXPECT_EQ(outcome.warnings,
+              "警告: routes[0].side: 道路の路線では入力できません（この設定を読み飛ばしました）\t路線1\n");
+}
+
 // Lines for programs
+
+TEST_F(CommandLineTest, ALineOfJsonHoldsTheDetailThatIsShownToEyes)
+{
+    folder.Write(L"Landxml_temp.xml", "<LandXML>");
+    const Outcome outcome = Run({folder.Name(), L"-o", Output(), L"--json"});
+    const OrderedJson warning = OrderedJson::parse(outcome.out)["warnings"][0];
+    EXPECT_EQ(outcome.warnings,
+              "警告: " + warning["text"].get<std::string>() + "\t" + warning["detail"].get<std::string>() + "\n");
+    EXPECT_TRUE(warning["detail"].get<std::string>().ends_with("/Landxml_temp.xml 1行目（9文字目）")) << warning;
+    std::filesystem::create_directory(folder.Path() / "out.xml");
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome failed = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--json"});
+    EXPECT_EQ(OrderedJson::parse(failed.out)["findings"][0]["detail"].get<std::string>() + "\n", failed.details);
+}
 
 TEST_F(CommandLineTest, AWrittenFileIsALineOfJsonThatCountsWhatItHolds)
 {
@@ -864,9 +930,9 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AReportInThePlaceOfTheWorkFile",
      {L".", L"-o", L"x", L"--report", L"Landxml_temp.xml"},
      "--report: ほかに読み書きするファイルです: Landxml_temp.xml\n"},
-    {"AMissingFolder", {L"無い", L"-o", L"x"}, "無い: 作業フォルダーが見つかりません\n"},
-    {"AMissingFolderToPrint", {L"無い", L"--print-settings"}, "無い: 作業フォルダーが見つかりません\n"},
-    {"AMissingFolderForTheDialog", {L"無い", L"--dialog"}, "無い: 作業フォルダーが見つかりません\n"},
+    {"AMissingFolder", {L"無い", L"-o", L"x"}, "作業フォルダーが見つかりません\n"},
+    {"AMissingFolderToPrint", {L"無い", L"--print-settings"}, "作業フォルダーが見つかりません\n"},
+    {"AMissingFolderForTheDialog", {L"無い", L"--dialog"}, "作業フォルダーが見つかりません\n"},
 };
 
 class CommandLineArguments : public CommandLineTest, public testing::WithParamInterface<WrongArguments>
@@ -888,7 +954,20 @@ TEST_F(CommandLineTest, AFileIsNoWorkFolder)
     const std::wstring file = WorkFile(COMPLETE_WORK_FILE);
     const Outcome outcome = Run({file, L"-o", Output()});
     EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
-    EXPECT_EQ(outcome.err, Utf8FromWide(file) + ": 作業フォルダーが見つかりません\n");
+    EXPECT_EQ(outcome.err, "作業フォルダーが見つかりません\n");
+    EXPECT_EQ(outcome.details, Utf8FromWide(file) + "\n");
+}
+
+TEST_F(CommandLineTest, TwoFoldersWhoseNamesDifferInCaseAloneHaveTwoTargetsOnlyWhereFilesDo)
+{
+    const Outcome outcome = Run({L"a/路線Ａ", L"b/路線ａ", L"--output-dir", folder.Name(L"out")});
+#ifdef _WIN32
+    EXPECT_EQ(outcome.status, ExitStatus::WrongUsage);
+    EXPECT_EQ(outcome.err, "--output-dir: 同じ名前の作業フォルダーが2つあります: b/路線ａ\n");
+#else
+    // Both are begun, as far as that goes without the program.
+    EXPECT_EQ(outcome.err, "a/路線Ａ: 処理を開始できませんでした\nb/路線ａ: 処理を開始できませんでした\n");
+#endif
 }
 
 TEST_F(CommandLineTest, AWorkFolderMayEndInASeparator)
@@ -909,6 +988,38 @@ TEST_F(CommandLineTest, HelpNamesEveryOption)
           "--json", "--strict", "-q,--quiet", "--skip-locked", "--folder-settings NAME"})
     {
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
+    }
+}
+
+/// True if a text holds the name of an option, and not only that of a longer one.
+bool NamesOption(const std::string& text, const std::string& option)
+{
+    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at + 1))
+    {
+        const char before = at == 0 ? ' ' : text[at - 1];
+        const char behind = at + option.size() < text.size() ? text[at + option.size()] : ' ';
+        const auto isPart = [](char character) { return character == '-' || (character >= 'a' && character <= 'z'); };
+        if (!isPart(before) && !isPart(behind))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(CommandLineTest, HelpAndBothReadmesNameEveryOptionThatIsDeclared)
+{
+    const std::vector<std::string> options = ConvertOptionNames();
+    EXPECT_NE(std::find(options.begin(), options.end(), "--changes"), options.end());
+    const std::string help = Run({L"--help"}).out;
+    for (const std::string& option : options)
+    {
+        EXPECT_TRUE(NamesOption(help, option)) << option;
+        for (const wchar_t* const readme : {L"/README.md", L"/README.ja.md"})
+        {
+            const std::string text = ReadWholeFile(std::wstring(JLANDXML_SOURCE_DIR) + readme).value();
+            EXPECT_TRUE(NamesOption(text, option)) << option << " in " << Utf8FromWide(readme);
+        }
     }
 }
 
@@ -992,7 +1103,8 @@ TEST_F(CommandLineTest, WithoutTheModuleBesideTheProgramTheDialogIsStatusThree)
     const Outcome outcome = Run({folder.Name(), L"--dialog"});
     EXPECT_EQ(outcome.status, ExitStatus::NoFile);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_TRUE(outcome.err.starts_with("モジュールを読み込めません: "));
+    EXPECT_EQ(outcome.err, "モジュールを読み込めません\n");
+    EXPECT_NE(outcome.details.find("JLandXmlConvert."), std::string::npos) << outcome.details;
 }
 
 // --print-settings

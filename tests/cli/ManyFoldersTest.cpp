@@ -16,6 +16,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 #endif
 #ifdef __linux__
@@ -132,6 +133,12 @@ TEST_F(ManyFolders, GiveTheFilesOfSingleRunsAndOneBrokenFolderStopsNone)
         EXPECT_EQ(line["status"], number == BROKEN_FOLDER ? 2 : 0);
         EXPECT_EQ(Finished(number), number == BROKEN_FOLDER ? "" : single[number]);
     }
+    std::uint32_t written = 0;
+    for (std::uint32_t number = 0; number < MANY_FOLDERS; ++number)
+    {
+        written += Finished(number).empty() ? 0 : 1;
+    }
+    EXPECT_EQ(written, MANY_FOLDERS - 1);
     const std::string broken = Utf8FromWide(folders[BROKEN_FOLDER]) + ": ";
     std::vector<std::string> told;
     std::copy_if(outcome.err.begin(), outcome.err.end(), std::back_inserter(told),
@@ -164,7 +171,7 @@ TEST_F(ManyFolders, AFolderThatIsNotThereIsItsOwnFailure)
     folders.insert(folders.begin(), L"無い");
     const Outcome outcome = Run(Arguments(folders, {L"-q"}));
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err.front(), "無い: 無い: 作業フォルダーが見つかりません");
+    EXPECT_EQ(outcome.err.front(), "無い: 作業フォルダーが見つかりません\t無い");
     EXPECT_FALSE(Finished(0).empty());
 }
 
@@ -206,7 +213,77 @@ TEST_F(ManyFolders, ADryRunWritesNothing)
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "out"));
 }
 
+TEST_F(ManyFolders, NullInTheFoldersOwnSettingsMeansTheSameAsInARunOfItsOwn)
+{
+    folder.Write(L"settings.json", R"({"routes": {"国道": null, "*": {"trafficVolume": "x"}}})");
+    folder.Write(L"empty.json", "{}");
+    WorkFile("<LandXML><Alignments name='国道'><Alignment name='A'/></Alignments></LandXML>");
+    const std::wstring other = folder.Name(L"other");
+    std::filesystem::create_directory(NativePath(other));
+    const std::wstring own = folder.Name(L"settings.json");
+    const std::wstring empty = folder.Name(L"empty.json");
+    const std::vector<std::wstring> ways[] = {{L"-s", own},
+                                              {L"-s", own, L"-s", empty},
+                                              {L"-s", empty, L"-s", own},
+                                              {L"--folder-settings", L"settings.json"},
+                                              {L"-s", empty, L"--folder-settings", L"settings.json"},
+                                              {L"-s", own, L"--folder-settings", L"empty.json"},
+                                              {other, L"-s", own},
+                                              {other, L"--folder-settings", L"settings.json"}};
+    for (const std::vector<std::wstring>& way : ways)
+    {
+        std::vector<std::wstring> arguments{folder.Name(), L"--dry-run", L"--json", L"-q"};
+        arguments.insert(arguments.end(), way.begin(), way.end());
+        // The one route is left alone: nobody types the traffic volume that would be refused.
+        EXPECT_EQ(ManyJson::parse(LinesOf(Run(arguments).out).front())["status"], 1) << Utf8FromWide(way.back());
+    }
+}
+
 #ifndef _WIN32
+
+/// So many open files at most for as long as the object lives.
+class OpenFilesLimit
+{
+  public:
+    explicit OpenFilesLimit(rlim_t files)
+    {
+        ::getrlimit(RLIMIT_NOFILE, &former_);
+        const rlimit limit{files, former_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    OpenFilesLimit(const OpenFilesLimit&) = delete;
+    OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
+    ~OpenFilesLimit() { ::setrlimit(RLIMIT_NOFILE, &former_); }
+
+  private:
+    rlimit former_{};
+};
+
+TEST_F(ManyFolders, MoreAtATimeThanTheSystemHasHandlesForWaitForOneAnother)
+{
+    constexpr std::uint32_t AT_A_TIME = 40;
+    const std::vector<std::wstring> folders = MakeFolders(AT_A_TIME);
+    const Outcome outcome = [&] {
+        const OpenFilesLimit limit(32); // each process takes six, and keeps three
+        return Run(Arguments(folders, {L"-q", L"--jobs", std::to_wstring(AT_A_TIME)}));
+    }();
+    EXPECT_EQ(outcome.status, 0);
+    ASSERT_EQ(outcome.err.size(), AT_A_TIME);
+    for (std::uint32_t number = 0; number < AT_A_TIME; ++number)
+    {
+        EXPECT_NE(outcome.err[number].find(": 出力しました\t"), std::string::npos) << outcome.err[number];
+        EXPECT_FALSE(Finished(number).empty()) << number;
+    }
+}
+
+TEST_F(ManyFolders, ALineFeedInTheNameOfAFolderBreaksNoLine)
+{
+    const Outcome outcome = Run(Arguments({L"無\nい", L"他"}, {}));
+    EXPECT_EQ(outcome.status, 2);
+    ASSERT_EQ(outcome.err.size(), 4U);
+    EXPECT_EQ(outcome.err[0], "無 い: 作業フォルダーが見つかりません\t無 い");
+    EXPECT_TRUE(outcome.err[1].starts_with("無 い: 失敗しました（終了コード2）\t")) << outcome.err[1];
+}
 
 /// A terminal in the place of standard error for as long as the object lives.
 class TerminalScope
@@ -229,12 +306,17 @@ class TerminalScope
         ::close(terminal_);
     }
 
-    /// What was written there, once.
+    /// All that was written there. Nothing more can be: only then does the terminal come to an end.
     std::string Read() const
     {
-        std::string text(4096, '\0');
-        const ssize_t length = ::read(terminal_, text.data(), text.size());
-        return text.substr(0, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+        ::dup2(former_, STDERR_FILENO);
+        std::string text;
+        std::string block(4096, '\0');
+        for (ssize_t length = 0; (length = ::read(terminal_, block.data(), block.size())) > 0;)
+        {
+            text.append(block, 0, static_cast<std::size_t>(length));
+        }
+        return text;
     }
 
   private:
