@@ -38,6 +38,6 @@ fi
 
 nice cmake --build "$build" -- --quiet -j2
 ctest --test-dir "$build" -R "${1:-.}" -E '^(checks/|schema/|inspect/(large|browse))' --output-on-failure || true
-mapfile -t programs < <(find "$build" -type f -executable \( -name '*_tests' -o -name 'jlandxml-*' -o -name 'libJLandXmlConvert.so' \
+mapfile -t programs < <(find "$build" -type f -executable \( -name '*_tests' -o -name 'jlandxml-*' -o -name 'libJLandXmlConvert.so*' \
     -o -name 'ui_*' -o -name 'play_case' -o -name host \) | sort)
 exec python3 tools/coverage.py "$build" uncovered.txt '/windows/win32/' "${programs[@]}"

@@ -11,7 +11,7 @@ packages=$PWD/build/packages
 work=$PWD/build/try
 version=$(sed -n 's/^project(JLandXmlConvert VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 documents=share/doc/jlandxml-convert
-for_hosts=(python3 xdotool gcc g++ cmake ninja-build pkg-config qt6-base-dev man-db)
+for_hosts=(python3 xdotool gcc g++ cmake ninja-build pkg-config qt6-base-dev man-db locales)
 
 missing=()
 for package in debootstrap unzip nsis xdotool imagemagick lintian; do
@@ -111,15 +111,14 @@ try_deb() {
     told "the .deb: lintian"
     lintian --fail-on error,warning --info "$packages"/*.deb
     new_debian "$root"
-    find "$root" -xdev | sort >"$work/before"
     cp "$packages"/*.deb "$root/tmp/package.deb"
     install_within "$root" /tmp/package.deb
     told "installed: $(within "$root" dpkg -s jlandxml-convert | grep '^Depends')"
     use_programs "$root" /usr deb
     build_hosts "$root" /usr
-
-    within "$root" man -P cat jlandxml-convert | sed -n 1,6p
-    within "$root" env LC_ALL=ja_JP.UTF-8 MANPATH=/usr/share/man man -L ja -P cat jlandxml-inspect | sed -n 1,6p
+    within "$root" man -P cat jlandxml-convert | sed -n 1,8p
+    within "$root" localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
+    within "$root" env LC_ALL=ja_JP.UTF-8 man -P cat jlandxml-inspect | sed -n 1,8p
     within "$root" apt-get purge -y -qq jlandxml-convert >>"$work/apt.log" 2>&1
     none_left "$root"
 }
@@ -159,6 +158,16 @@ try_zip() {
     none_left "$WINEPREFIX"
 }
 
+in_registry() {
+    local root key found=1
+    for root in HKCU HKLM; do
+        for key in 'Software\Microsoft\Windows\CurrentVersion\Uninstall\JLandXmlConvert' 'Software\JLandXmlConvert'; do
+            tools/wine.sh reg query "$root\\$key" >"$work/key" 2>&1 && iconv -f CP932 -t UTF-8 "$work/key" && found=0
+        done
+    done
+    return $found
+}
+
 try_installer() {
     local who folder
     for who in CurrentUser AllUsers; do
@@ -167,16 +176,14 @@ try_installer() {
         tools/wine.sh "$packages"/*.exe /S "/$who"
         folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' | head -1)
         told "installed in ${folder#"$WINEPREFIX"/}"
-        grep -h -A3 'Uninstall.*JLandXmlConvert' "$WINEPREFIX"/*.reg
+        in_registry
         use_on_windows "$folder" "installer-$who"
         tools/wine.sh "$folder/uninstall.exe" "/$who" /S
         for _ in $(seq 100); do
             [ -d "$folder" ] || break
             sleep 0.2
         done
-        tools/wine.sh wineboot --shutdown >/dev/null 2>&1 || true
-        sleep 3 # until the registry is written
-        if grep -i jlandxml "$WINEPREFIX"/*.reg; then
+        if in_registry; then
             echo "left in the registry"
             exit 1
         fi
