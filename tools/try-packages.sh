@@ -112,7 +112,7 @@ try_deb() {
     lintian --fail-on error,warning --info "$packages"/*.deb
     new_debian "$root"
     cp "$packages"/*.deb "$root/tmp/package.deb"
-    install_within "$root" /tmp/package.deb
+    install_within "$root" --install-recommends /tmp/package.deb # as users do: a Japanese font comes along
     told "installed: $(within "$root" dpkg -s jlandxml-convert | grep '^Depends')"
     use_programs "$root" /usr deb
     build_hosts "$root" /usr
@@ -127,7 +127,7 @@ try_tgz() {
     local root=$work/tgz
     told "the .tar.gz"
     new_debian "$root"
-    install_within "$root" libqt6widgets6 libicu72
+    install_within "$root" libqt6widgets6 libicu72 fonts-ipafont-gothic
     mkdir "$root/opt/converter"
     tar -C "$root/opt/converter" --strip-components=1 -xf "$packages"/*.tar.gz
     use_programs "$root" /opt/converter tgz
