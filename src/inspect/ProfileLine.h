@@ -77,6 +77,9 @@ class GroundLine
     std::vector<Point> points_;
 };
 
+/// What drawings show of a computed height, metres.
+inline constexpr int HEIGHT_DECIMALS = 3;
+
 /// The height at a station as sheets show it: the file's own figure if it has one there, else the computed one with so
 /// many decimals; empty where there is none.
 std::wstring HeightText(const std::optional<ProfileLine>& line, double station, int decimals);

@@ -35,7 +35,6 @@ constexpr double WIDEST = 20000;
 /// Texts on end that stand nearer than this to one another can't be read.
 constexpr double TEXT_GAP = 13;
 
-constexpr int HEIGHT_DECIMALS = 3;
 constexpr int DISTANCE_DECIMALS = 3;
 
 class ProfileDrawer

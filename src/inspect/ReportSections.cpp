@@ -211,8 +211,6 @@ class SectionDrawer
     Range y_;
 };
 
-constexpr int HEIGHT_DECIMALS = 3;
-
 } // namespace
 
 std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section)

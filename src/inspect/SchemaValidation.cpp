@@ -280,10 +280,15 @@ bool CanValidate()
 
 struct XmlSchema::Parsed
 {
-    Schema schema;
+    explicit Parsed(const std::wstring& path) : schema(ReadSchema(path).release()) {}
+    Parsed(const Parsed&) = delete;
+    Parsed& operator=(const Parsed&) = delete;
+    ~Parsed() { xmlSchemaFree(schema); }
+
+    xmlSchema* const schema;
 };
 
-XmlSchema::XmlSchema(const std::wstring& path) : parsed_(std::make_unique<Parsed>(Parsed{ReadSchema(path)})) {}
+XmlSchema::XmlSchema(const std::wstring& path) : parsed_(std::make_unique<Parsed>(path)) {}
 
 XmlSchema::~XmlSchema() = default;
 
@@ -295,7 +300,7 @@ SchemaFaults XmlSchema::Validate(std::string bytes) const
     {
         throw CFileException(L"ファイルが大きすぎるため、スキーマと照合できません");
     }
-    const Validation validation(xmlSchemaNewValidCtxt(parsed_->schema.get()));
+    const Validation validation(xmlSchemaNewValidCtxt(parsed_->schema));
     // A copy of the text, which the validation frees.
     const xmlParserInputBufferPtr input =
         xmlParserInputBufferCreateMem(text.data(), static_cast<int>(text.size()), XML_CHAR_ENCODING_NONE);
