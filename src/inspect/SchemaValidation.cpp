@@ -152,7 +152,7 @@ void BlankDeclaration(std::string& text)
 std::string WithLocationsEscaped(const std::string& text)
 {
     constexpr std::string_view LABEL = "schemaLocation";
-    constexpr const char* DIGITS = "0123456789ABCDEF";
+    constexpr const char* HEXADECIMAL = "0123456789ABCDEF";
     std::string escaped;
     std::size_t done = 0;
     for (std::size_t label = text.find(LABEL); label != std::string::npos;
@@ -171,7 +171,7 @@ std::string WithLocationsEscaped(const std::string& text)
             const auto byte = static_cast<unsigned char>(text[done]);
             if (byte == ' ' || byte >= 0x80)
             {
-                escaped.append({'%', DIGITS[byte >> 4U], DIGITS[byte & 15U]});
+                escaped.append({'%', HEXADECIMAL[byte >> 4U], HEXADECIMAL[byte & 15U]});
             }
             else
             {

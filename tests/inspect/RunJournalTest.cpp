@@ -11,7 +11,7 @@ namespace
 
 using Kind = WcXmChange::Kind;
 
-WcXmChange Change(Kind kind, std::wstring object, std::wstring name, std::wstring before, std::wstring after)
+WcXmChange ChangeOf(Kind kind, std::wstring object, std::wstring name, std::wstring before, std::wstring after)
 {
     WcXmChange change;
     change.kind = kind;
@@ -24,7 +24,7 @@ WcXmChange Change(Kind kind, std::wstring object, std::wstring name, std::wstrin
 
 WcXmChange ChangedLength(const std::wstring& object, const std::wstring& after)
 {
-    return Change(Kind::AttributeChanged, object, L"length", L"1", after);
+    return ChangeOf(Kind::AttributeChanged, object, L"length", L"1", after);
 }
 
 std::string Written(const RunJournal& journal)
@@ -34,17 +34,17 @@ std::string Written(const RunJournal& journal)
     return page.Take();
 }
 
-bool Has(const std::string& page, const std::string& part)
+bool HasPart(const std::string& page, const std::string& part)
 {
     return page.find(part) != std::string::npos;
 }
 
 TEST(RunJournal, WithoutAChangeSaysSo)
 {
-    EXPECT_TRUE(Has(Written({}), ">変換で変わったものはありません。</p>"));
+    EXPECT_TRUE(HasPart(Written({}), ">変換で変わったものはありません。</p>"));
     Html page;
     WriteRunJournal(page, nullptr);
-    EXPECT_TRUE(Has(page.Take(), ">このページは完成したファイルだけから作成しました。"));
+    EXPECT_TRUE(HasPart(page.Take(), ">このページは完成したファイルだけから作成しました。"));
 }
 
 /// A change and where it is told.
@@ -63,14 +63,14 @@ class ToldChanges : public testing::TestWithParam<ToldChange>
 TEST_P(ToldChanges, StandInTheirChapterUnderTheirName)
 {
     const ToldChange& row = GetParam();
-    WcXmChange change = Change(row.kind, L"線形1", L"x", L"前", L"後");
+    WcXmChange change = ChangeOf(row.kind, L"線形1", L"x", L"前", L"後");
     change.sameNumbers = row.sameNumbers;
     RunJournal journal;
     journal.Take(change);
     const std::string page = Written(journal);
-    EXPECT_TRUE(Has(page, std::string(">") + row.chapter + "（1件）</h3><details>")) << page;
-    EXPECT_TRUE(Has(page, std::string(">") + row.group + "：1件</summary>")) << page;
-    EXPECT_TRUE(Has(page, "<tr><td>線形1</td><td>前</td><td>後</td></tr>")) << page;
+    EXPECT_TRUE(HasPart(page, std::string(">") + row.chapter + "（1件）</h3><details>")) << page;
+    EXPECT_TRUE(HasPart(page, std::string(">") + row.group + "：1件</summary>")) << page;
+    EXPECT_TRUE(HasPart(page, "<tr><td>線形1</td><td>前</td><td>後</td></tr>")) << page;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,7 +89,7 @@ TEST(RunJournal, TellsChangesOfOneNameTogether)
 {
     RunJournal journal;
     journal.Take(ChangedLength(L"線形1", L"2"));
-    journal.Take(Change(Kind::ElementRemoved, L"線形1", L"length", L"<length/>", L""));
+    journal.Take(ChangeOf(Kind::ElementRemoved, L"線形1", L"length", L"<length/>", L""));
     journal.Take(ChangedLength(L"線形2", L"3"));
     ASSERT_EQ(journal.Groups().size(), 2U);
     EXPECT_EQ(journal.Groups()[0].count, 2U);
@@ -105,10 +105,10 @@ TEST(RunJournal, CutsALongListAndSaysHowLongItIs)
         journal.Take(ChangedLength(L"線形" + std::to_wstring(number), L"2"));
     }
     const std::string page = Written(journal);
-    EXPECT_TRUE(Has(page, ">属性 length：42件</summary>"));
-    EXPECT_TRUE(Has(page, "<td>線形30</td>"));
-    EXPECT_FALSE(Has(page, "<td>線形31</td>"));
-    EXPECT_TRUE(Has(page, "data-en=\"Another 12 are left out.\">ほか12件は省略しました。</p></details>"));
+    EXPECT_TRUE(HasPart(page, ">属性 length：42件</summary>"));
+    EXPECT_TRUE(HasPart(page, "<td>線形30</td>"));
+    EXPECT_FALSE(HasPart(page, "<td>線形31</td>"));
+    EXPECT_TRUE(HasPart(page, "data-en=\"Another 12 are left out.\">ほか12件は省略しました。</p></details>"));
 }
 
 TEST(RunJournal, CountsWhatGoesBeyondTheMostNames)
@@ -116,11 +116,11 @@ TEST(RunJournal, CountsWhatGoesBeyondTheMostNames)
     RunJournal journal;
     for (std::size_t number = 0; number < RunJournal::MOST_GROUPS + 3; ++number)
     {
-        journal.Take(Change(Kind::AttributeAdded, L"線形1", L"a" + std::to_wstring(number), L"", L"1"));
+        journal.Take(ChangeOf(Kind::AttributeAdded, L"線形1", L"a" + std::to_wstring(number), L"", L"1"));
     }
     const std::string page = Written(journal);
-    EXPECT_TRUE(Has(page, ">追加したもの（203件）</h3>"));
-    EXPECT_TRUE(Has(page, ">ほかの名称の3件は省略しました。</p></section>"));
+    EXPECT_TRUE(HasPart(page, ">追加したもの（203件）</h3>"));
+    EXPECT_TRUE(HasPart(page, ">ほかの名称の3件は省略しました。</p></section>"));
 }
 
 TEST(RunJournal, CutsALongTextAndSaysHowLongItIs)
@@ -137,11 +137,11 @@ TEST(RunJournal, CutsALongTextAndSaysHowLongItIs)
 TEST(RunJournal, LeavesNoMarkupOfAFileInItsTexts)
 {
     RunJournal journal;
-    journal.Take(Change(Kind::ElementAdded, L"</script>", L"<b>", L"", L"<Feature name=\"'\"/>"));
+    journal.Take(ChangeOf(Kind::ElementAdded, L"</script>", L"<b>", L"", L"<Feature name=\"'\"/>"));
     const std::string page = Written(journal);
-    EXPECT_FALSE(Has(page, "<b>"));
-    EXPECT_FALSE(Has(page, "<Feature"));
-    EXPECT_TRUE(Has(page, "&lt;Feature name=&quot;&#39;&quot;/&gt;"));
+    EXPECT_FALSE(HasPart(page, "<b>"));
+    EXPECT_FALSE(HasPart(page, "<Feature"));
+    EXPECT_TRUE(HasPart(page, "&lt;Feature name=&quot;&#39;&quot;/&gt;"));
 }
 
 } // namespace
