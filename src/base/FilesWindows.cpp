@@ -189,10 +189,23 @@ bool PathExists(const std::wstring& path)
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+namespace
+{
+
+/// A folder can't be opened here, for want of rights as the library puts it.
+bool IsAFolder(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+} // namespace
+
 FileHandle OpenForReading(const std::wstring& path)
 {
     FileHandle file(_wfopen(path.c_str(), L"rbN"));
-    const int error = file ? EISDIR : errno;
+    const int failure = errno;
+    const int error = file || IsAFolder(path) ? EISDIR : failure;
     const bool isPlain =
         file && GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file.get())))) == FILE_TYPE_DISK;
     if (!isPlain)
