@@ -1,20 +1,15 @@
 #include "xml/WcXmPassages.h"
 
-#include "base/Text.h"
+#include "xml/PlainMarkup.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 
 namespace jlandxml
 {
 
 namespace
 {
-
-constexpr std::string_view EMPTY_NAMESPACE = " xmlns=\"\"";
 
 /// Where passages stand: in the element of this path below the document element.
 constexpr std::array<std::string_view, 3> PASSAGE_PARENTS = {"Surfaces", "Surface", "Definition"};
@@ -23,223 +18,21 @@ constexpr std::array<std::string_view, 2> PASSAGE_ELEMENTS = {"Pnts", "Faces"};
 /// Deeper than any document of the format; what is nested deeper is the parser's.
 constexpr std::size_t DEEPEST = 256;
 
-/// What a byte may be part of in a passage.
-enum ByteClass : std::uint8_t
-{
-    NAME = 1,        ///< a name
-    BLANK = 2,       ///< white space between elements and attributes
-    IN_TAG_NAME = 4, ///< all that doesn't end the name of a tag
-    IN_TAG = 8,      ///< all that neither ends a tag nor begins a value
-};
-
-constexpr std::array<std::uint8_t, 256> BYTE_CLASSES = [] {
-    std::array<std::uint8_t, 256> classes{};
-    for (std::size_t byte = 0; byte < classes.size(); ++byte)
-    {
-        const bool isName =
-            (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte == '_';
-        const bool isBlank = byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
-        const bool isInTagName = !isBlank && byte != '/' && byte != '>';
-        const bool isInTag = byte != '<' && byte != '>' && byte != '"' && byte != '\'';
-        classes[byte] = static_cast<std::uint8_t>((isName ? NAME : 0) | (isBlank ? BLANK : 0) |
-                                                  (isInTagName ? IN_TAG_NAME : 0) | (isInTag ? IN_TAG : 0));
-    }
-    return classes;
-}();
-
-/// The same byte eight times.
-constexpr std::uint64_t Eight(char byte)
-{
-    return 0x0101010101010101U * static_cast<std::uint8_t>(byte);
-}
-
-/// The highest bit of the first of eight bytes, in memory order, that isn't plain ASCII text: a control character, one
-/// that is decoded or escaped, or a part of a longer character. Bits behind it mean nothing; 0 if all are plain.
-constexpr std::uint64_t NotPlain(std::uint64_t bytes)
-{
-    const auto zero = [](std::uint64_t eight) { return (eight - Eight(1)) & ~eight; };
-    const std::uint64_t control = (bytes - Eight(' ')) & ~bytes;
-    return (bytes | control | zero(bytes ^ Eight('&')) | zero(bytes ^ Eight('<')) | zero(bytes ^ Eight('>')) |
-            zero(bytes ^ Eight('"')) | zero(bytes ^ Eight('\x7F'))) &
-           Eight('\x80');
-}
-
-/// A position in bytes that are read from front to end; it never runs past the end.
-class Reader
-{
-  public:
-    explicit Reader(std::string_view bytes) : at_(bytes.data()), end_(bytes.data() + bytes.size()) {}
-
-    bool AtEnd() const { return at_ == end_; }
-    const char* At() const { return at_; }
-    void MoveTo(const char* position) { at_ = position; }
-    bool StartsWith(std::string_view text) const
-    {
-        return static_cast<std::size_t>(end_ - at_) >= text.size() && std::equal(text.begin(), text.end(), at_);
-    }
-    std::string_view Rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
-
-    bool Skip(char character)
-    {
-        if (at_ == end_ || *at_ != character)
-        {
-            return false;
-        }
-        ++at_;
-        return true;
-    }
-
-    bool Skip(std::string_view text)
-    {
-        if (!StartsWith(text))
-        {
-            return false;
-        }
-        at_ += text.size();
-        return true;
-    }
-
-    /// Moves behind the next `text`. False if there is none.
-    bool SkipBehind(std::string_view text)
-    {
-        const std::size_t hit = Rest().find(text);
-        at_ = hit == std::string_view::npos ? end_ : at_ + hit + text.size();
-        return hit != std::string_view::npos;
-    }
-
-    /// Takes a text or the value of an attribute, up to what would be decoded or escaped. False if it is malformed.
-    bool TakeText(std::string_view& text)
-    {
-        const char* const begin = at_;
-        bool isAscii = true;
-        for (SkipPlain(); at_ != end_ && static_cast<signed char>(*at_) < 0; SkipPlain())
-        {
-            isAscii = false;
-            ++at_;
-        }
-        text = {begin, static_cast<std::size_t>(at_ - begin)};
-        return isAscii || IsWellFormedUtf8(text);
-    }
-
-    std::string_view Take(ByteClass wanted)
-    {
-        const char* const begin = at_;
-        while (at_ != end_ && (BYTE_CLASSES[static_cast<std::uint8_t>(*at_)] & wanted) != 0)
-        {
-            ++at_;
-        }
-        return {begin, static_cast<std::size_t>(at_ - begin)};
-    }
-
-  private:
-    void SkipPlain()
-    {
-        static_assert(std::endian::native == std::endian::little);
-        std::uint64_t bytes = 0;
-        while (static_cast<std::size_t>(end_ - at_) >= sizeof(bytes))
-        {
-            std::memcpy(&bytes, at_, sizeof(bytes));
-            if (const std::uint64_t found = NotPlain(bytes))
-            {
-                at_ += std::countr_zero(found) / 8;
-                return;
-            }
-            at_ += sizeof(bytes);
-        }
-        while (at_ != end_ && NotPlain(Eight(*at_)) == 0)
-        {
-            ++at_;
-        }
-    }
-
-    const char* at_;
-    const char* end_;
-};
-
-/// Takes a name that begins as one.
-std::string_view TakeName(Reader& reader)
-{
-    return reader.AtEnd() || (*reader.At() >= '0' && *reader.At() <= '9') ? std::string_view() : reader.Take(NAME);
-}
-
-/// Takes `name="value"`. An empty view if there is none that is plain.
-std::string_view TakeAttribute(Reader& reader)
-{
-    const char* const begin = reader.At();
-    if (TakeName(reader).empty() || !reader.Skip("=\""))
-    {
-        return {};
-    }
-    std::string_view value;
-    return reader.TakeText(value) && reader.Skip('"')
-               ? std::string_view(begin, static_cast<std::size_t>(reader.At() - begin))
-               : std::string_view();
-}
-
-/// One element of a passage.
-struct PassageElement
-{
-    std::string_view name;
-    std::string_view text;   ///< empty if it has none
-    bool isAsPrinted = true; ///< spelt as it is printed
-};
-
-/// Reads an element from its "<" to behind it, and hands `attribute` each of its attributes. False if it isn't of the
-/// plainest form.
-template <class Attribute>
-bool TakeElement(Reader& reader, PassageElement& element, Attribute&& attribute)
-{
-    if (!reader.Skip('<') || (element.name = TakeName(reader)).empty())
-    {
-        return false;
-    }
-    std::string_view blanks = reader.Take(BLANK);
-    while (!reader.AtEnd() && *reader.At() != '>' && *reader.At() != '/')
-    {
-        const std::string_view found = blanks.empty() ? std::string_view() : TakeAttribute(reader);
-        if (found.empty())
-        {
-            return false;
-        }
-        element.isAsPrinted = element.isAsPrinted && blanks == " " && found != EMPTY_NAMESPACE.substr(1);
-        attribute(found);
-        blanks = reader.Take(BLANK);
-    }
-    if (reader.Skip("/>"))
-    {
-        element.isAsPrinted = element.isAsPrinted && blanks == " ";
-        return true;
-    }
-    if (!reader.Skip('>'))
-    {
-        return false;
-    }
-    // A text of blanks alone isn't kept by the parser.
-    if (!reader.TakeText(element.text) || !reader.Skip("</") || !reader.Skip(element.name) ||
-        (!element.text.empty() && element.text.find_first_not_of(' ') == std::string_view::npos))
-    {
-        return false;
-    }
-    element.isAsPrinted = element.isAsPrinted && blanks.empty() && !element.text.empty() && reader.StartsWith(">");
-    reader.Take(BLANK);
-    return reader.Skip('>');
-}
-
 /// Reads the content of an element up to its end tag. False if it isn't a passage.
-bool TakePassage(Reader& reader, WcXmPassage& passage)
+bool TakePassage(MarkupReader& reader, WcXmPassage& passage)
 {
     const char* const begin = reader.At();
     passage.isPlainLines = true;
     bool holdsElement = false;
     for (;;)
     {
-        const std::string_view between = reader.Take(BLANK);
+        const std::string_view between = reader.Take(MarkupReader::BLANK);
         if (reader.StartsWith("</"))
         {
             passage.content = {begin, static_cast<std::size_t>(reader.At() - begin)};
             return holdsElement;
         }
-        PassageElement element;
+        PlainElement element;
         if (!TakeElement(reader, element, [](std::string_view) {}))
         {
             return false;
@@ -331,7 +124,7 @@ class Dissection
         const char* const begin = reader_.At();
         reader_.Skip("<?");
         const std::string_view target = TakeTarget();
-        const bool isEnded = reader_.StartsWith("?>") || !reader_.Take(BLANK).empty();
+        const bool isEnded = reader_.StartsWith("?>") || !reader_.Take(MarkupReader::BLANK).empty();
         if (!open_.empty() || target.empty() || !isEnded || EqualsIgnoreCase(WideFromUtf8(target), L"xml") ||
             !reader_.SkipBehind("?>") || std::find(begin, reader_.At(), '\0') != reader_.At())
         {
@@ -350,7 +143,7 @@ class Dissection
         {
             return {};
         }
-        while (reader_.Skip('-') || reader_.Skip('.') || !reader_.Take(NAME).empty())
+        while (reader_.Skip('-') || reader_.Skip('.') || !reader_.Take(MarkupReader::NAME).empty())
         {}
         return {begin, static_cast<std::size_t>(reader_.At() - begin)};
     }
@@ -362,14 +155,14 @@ class Dissection
             return false;
         }
         open_.pop_back();
-        reader_.Take(BLANK);
+        reader_.Take(MarkupReader::BLANK);
         return reader_.Skip('>');
     }
 
     bool StartTag()
     {
         reader_.Skip('<');
-        open_.push_back(reader_.Take(IN_TAG_NAME));
+        open_.push_back(reader_.Take(MarkupReader::IN_TAG_NAME));
         if (open_.back().empty() || open_.size() > DEEPEST || !SkipTagEnd())
         {
             return false;
@@ -390,7 +183,7 @@ class Dissection
     {
         for (;;)
         {
-            reader_.Take(IN_TAG);
+            reader_.Take(MarkupReader::IN_TAG);
             if (reader_.Skip('>'))
             {
                 return true;
@@ -413,7 +206,7 @@ class Dissection
 
     void CutPassage()
     {
-        Reader ahead = reader_;
+        MarkupReader ahead = reader_;
         WcXmPassage passage{};
         if (!TakePassage(ahead, passage))
         {
@@ -428,7 +221,7 @@ class Dissection
 
     void Keep(const char* end) { pieces_.push_back({{kept_, static_cast<std::size_t>(end - kept_)}, false}); }
 
-    Reader reader_;
+    MarkupReader reader_;
     const char* kept_;                  ///< up to where the pieces reach
     const char* declaration_ = nullptr; ///< the question mark that begins the declaration
     std::vector<std::string_view> open_;
@@ -464,8 +257,8 @@ void AppendLineStart(ByteBlocks& target, std::size_t depth, std::string_view lin
 /// For content that is spelt as it is printed: only what stands between the elements changes.
 void AppendLines(ByteBlocks& target, std::string_view content, std::size_t depth, std::string_view lineEnd)
 {
-    Reader reader(content);
-    for (reader.Take(BLANK); !reader.AtEnd(); reader.Take(BLANK))
+    MarkupReader reader(content);
+    for (reader.Take(MarkupReader::BLANK); !reader.AtEnd(); reader.Take(MarkupReader::BLANK))
     {
         const std::string_view rest = reader.Rest();
         const std::string_view line = rest.substr(0, rest.find('\n'));
@@ -475,15 +268,15 @@ void AppendLines(ByteBlocks& target, std::string_view content, std::size_t depth
     }
 }
 
-void AppendElement(ByteBlocks& target, Reader& reader)
+void AppendElement(ByteBlocks& target, MarkupReader& reader)
 {
-    PassageElement element;
-    Reader head = reader;
+    PlainElement element;
+    MarkupReader head = reader;
     head.Skip('<');
     target.Append('<');
     target.Append(TakeName(head));
     TakeElement(reader, element, [&](std::string_view attribute) {
-        if (attribute != EMPTY_NAMESPACE.substr(1))
+        if (attribute != EMPTY_NAMESPACE_ATTRIBUTE.substr(1))
         {
             target.Append(' ');
             target.Append(attribute);
@@ -564,8 +357,8 @@ void AppendPassage(ByteBlocks& target, const WcXmPassage& passage, std::size_t d
         AppendLines(target, passage.content, depth, lineEnd);
         return;
     }
-    Reader reader(passage.content);
-    for (reader.Take(BLANK); !reader.AtEnd(); reader.Take(BLANK))
+    MarkupReader reader(passage.content);
+    for (reader.Take(MarkupReader::BLANK); !reader.AtEnd(); reader.Take(MarkupReader::BLANK))
     {
         AppendLineStart(target, depth, lineEnd);
         AppendElement(target, reader);
