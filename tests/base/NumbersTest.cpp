@@ -44,9 +44,9 @@ INSTANTIATE_TEST_SUITE_P(
                     DoubleCase{L"0x", 0.0, 1}, DoubleCase{L"0xg", 0.0, 1}, DoubleCase{L"0x1p", 1.0, 3},
                     DoubleCase{L"inf", BEYOND_ALL, 3}, DoubleCase{L"-INFINITY", -BEYOND_ALL, 9},
                     DoubleCase{L"infinit", BEYOND_ALL, 3}, DoubleCase{L"1e400", BEYOND_ALL, 5},
-                    DoubleCase{L"-1e400", -BEYOND_ALL, 6}, DoubleCase{L"1e-400", 0.0, 6}, DoubleCase{L"-1e-400", -0.0, 7},
-                    DoubleCase{L"0e999999999999", 0.0, 14}, DoubleCase{L"0x1p9999", BEYOND_ALL, 8},
-                    DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
+                    DoubleCase{L"-1e400", -BEYOND_ALL, 6}, DoubleCase{L"1e-400", 0.0, 6},
+                    DoubleCase{L"-1e-400", -0.0, 7}, DoubleCase{L"0e999999999999", 0.0, 14},
+                    DoubleCase{L"0x1p9999", BEYOND_ALL, 8}, DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
                     DoubleCase{L"\x3000"
                                L"5",
                                0.0, 0}),

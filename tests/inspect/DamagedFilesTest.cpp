@@ -126,7 +126,8 @@ void ExpectIsToldOf(const LandXmlFile& file, std::size_t lines)
     }
 }
 
-/// Under the sanitizers, where a page takes ten times as long, each fourth place; the fuzz targets try the others there.
+/// Under the sanitizers, where a page takes ten times as long, each fourth place; the fuzz targets try the others
+/// there.
 constexpr std::size_t STEP = HAS_SANITIZERS ? 4 : 1;
 
 class DamagedFile : public testing::TestWithParam<Damage>
