@@ -13,6 +13,11 @@ namespace
 constexpr const char* DESC = "構築物情報 = 道路 設計交通量 = 450 主測点間隔 = 20 副測点間隔 = 10 "
                              "直線部横断勾配 = 2";
 
+void BeginAlignment(std::ostream& out, int alignment)
+{
+    out << "<Alignment name=\"A" << alignment << "\" length=\"10000\" staStart=\"0\" desc=\"" << DESC << "\">\n";
+}
+
 /// A terrain of triangles, two to a point: what most of a large file's bytes are.
 void WriteTerrain(std::ostream& out, int points)
 {
@@ -37,8 +42,8 @@ void WriteAlignments(std::ostream& out, int alignments)
     out << "<Alignments name=\"bench\">\n";
     for (int alignment = 0; alignment < alignments; ++alignment)
     {
-        out << "<Alignment name=\"A" << alignment << "\" length=\"10000\" staStart=\"0\" desc=\"" << DESC
-            << "\">\n<CoordGeom>\n";
+        BeginAlignment(out, alignment);
+        out << "<CoordGeom>\n";
         for (int element = 0; element < 50; ++element)
         {
             out << "<Line length=\"50\"><Start>-36000.125 -7000.5</Start><End>-36010.125 -7010.5</End></Line>\n"
@@ -107,8 +112,8 @@ void WriteDialogTree(std::ostream& out, int alignments)
     out << "<Alignments name=\"bench\">\n";
     for (int alignment = 0; alignment < alignments; ++alignment)
     {
-        out << "<Alignment name=\"A" << alignment << "\" length=\"10000\" staStart=\"0\" desc=\"" << DESC
-            << "\">\n<CoordGeom>\n";
+        BeginAlignment(out, alignment);
+        out << "<CoordGeom>\n";
         for (int element = 0; element < 10; ++element)
         {
             out << "<Line length=\"50\"><Start>-36000.125 -7000.5</Start><End>-36010.125 -7010.5</End></Line>\n";

@@ -412,12 +412,12 @@ NewFile MakeNewFile(const std::wstring& folder, WorkFile::Purpose purpose)
     return made;
 }
 
-/// No memory is asked for: what is in the way must go where there is none.
 std::wstring FileNameKey(const std::wstring& name)
 {
     return name;
 }
 
+/// No memory is asked for: what is in the way must go where there is none.
 bool RemoveFile(const std::wstring& path) noexcept
 {
     const NativePath name(path);

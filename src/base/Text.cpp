@@ -65,6 +65,13 @@ Utf8Sequence NextSequence(std::string_view text)
     return {lead->length, true, codePoint};
 }
 
+/// True where the two halves of a character beyond U+FFFF stand.
+bool IsPairAt(std::wstring_view text, std::size_t index)
+{
+    return index + 1 < text.size() && IsHighSurrogate(static_cast<char32_t>(text[index])) &&
+           IsLowSurrogate(static_cast<char32_t>(text[index + 1]));
+}
+
 /// The number of ASCII bytes at the front, looked at eight at a time.
 std::size_t AsciiPrefix(std::string_view text)
 {
@@ -311,8 +318,7 @@ std::size_t EncodeUtf8(std::wstring_view text, char* const target) noexcept
             *out++ = static_cast<char>(codePoint);
             continue;
         }
-        if (IsHighSurrogate(codePoint) && index + 1 < text.size() &&
-            IsLowSurrogate(static_cast<char32_t>(text[index + 1])))
+        if (IsPairAt(text, index))
         {
             ++index;
             codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (static_cast<char32_t>(text[index]) - 0xDC00);
@@ -362,6 +368,31 @@ std::size_t WellFormedUtf8Length(std::string_view text)
         }
     }
     return text.size() - rest.size();
+}
+
+std::size_t CountCharacters(std::wstring_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t index = 0; index < text.size(); index += IsPairAt(text, index) ? 2 : 1)
+    {
+        ++count;
+    }
+    return count;
+}
+
+std::wstring_view FirstCharacters(std::wstring_view text, std::size_t count)
+{
+    std::size_t length = 0;
+    for (; length < text.size() && count > 0; --count)
+    {
+        length += IsPairAt(text, length) ? 2 : 1;
+    }
+    return text.substr(0, length);
+}
+
+bool SpeaksAgainstShiftJis(std::string_view line)
+{
+    return AsciiPrefix(line) < line.size() && (IsWellFormedUtf8(line) || !WideFromCp932(line));
 }
 
 std::string RepairUtf8(std::string_view text)

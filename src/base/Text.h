@@ -86,11 +86,22 @@ void AppendUtf8(std::string& target, std::wstring_view text);
 /// What a UTF-8 file may begin with.
 inline constexpr std::string_view UTF8_BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
+/// How many characters a text has; a surrogate pair is one.
+std::size_t CountCharacters(std::wstring_view text);
+
+/// The front of a text, at most so many characters of it.
+std::wstring_view FirstCharacters(std::wstring_view text, std::size_t count);
+
 /// True if the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool IsWellFormedUtf8(std::string_view text);
 
 /// How many bytes at the front are well-formed UTF-8.
 std::size_t WellFormedUtf8Length(std::string_view text);
+
+/// True for a line that isn't in Shift_JIS as it is used in Japan (code page 932), or that may be UTF-8 as well. ASCII
+/// alone says nothing. A file is only called that if no line speaks against it: one line may be cut UTF-8, which often
+/// can be read as either.
+bool SpeaksAgainstShiftJis(std::string_view line);
 
 /// Well-formed UTF-8 made of any bytes: each malformed sequence becomes U+FFFD.
 std::string RepairUtf8(std::string_view text);

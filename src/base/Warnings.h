@@ -114,6 +114,9 @@ void WarnOf(WarningCause cause, const std::wstring& file, const std::function<Wa
 /// gave no reason.
 void WarnOf(WarningCause cause, const std::wstring& file, int error = 0) noexcept;
 
+/// What is remarked of a file that should be UTF-8.
+inline constexpr const wchar_t* SHIFT_JIS_REMARK = L"Shift_JISのファイルです";
+
 /// A row of the table of causes.
 struct WarningText
 {

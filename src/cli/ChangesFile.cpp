@@ -7,7 +7,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -27,27 +26,15 @@ constexpr std::array<const char*, 6> KIND_WORDS = {"elementAdded",   "elementRem
 constexpr std::size_t LONGEST_TEXT = 200; ///< in characters
 constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 16;
 
-bool StartsCharacter(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-}
-
 /// Puts a text in, cut where it is long.
 void PutText(Record& record, const std::string& key, std::wstring_view text)
 {
-    std::string bytes = Utf8FromWide(text);
-    const auto length = static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), StartsCharacter));
+    const std::size_t length = CountCharacters(text);
     if (length > LONGEST_TEXT)
     {
-        std::size_t characters = 0;
-        const auto end = std::find_if(bytes.begin(), bytes.end(), [&](char byte) {
-            characters += StartsCharacter(byte) ? 1 : 0;
-            return characters > LONGEST_TEXT;
-        });
-        bytes.erase(end, bytes.end());
         record[key + "Length"] = length;
     }
-    record[key] = std::move(bytes);
+    record[key] = Utf8FromWide(FirstCharacters(text, LONGEST_TEXT));
 }
 
 std::string ChangeLine(const WcXmChange& change)

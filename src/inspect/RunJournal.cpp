@@ -1,5 +1,7 @@
 #include "inspect/RunJournal.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -51,14 +53,13 @@ std::size_t ChapterOf(const WcXmChange& change)
 /// A text as it is told: cut where it is long, with the length of the whole.
 Detail Told(std::wstring_view text)
 {
-    if (text.size() <= RunJournal::LONGEST_TEXT)
+    const std::size_t length = CountCharacters(text);
+    if (length <= RunJournal::LONGEST_TEXT)
     {
         return Detail(text);
     }
-    std::size_t end = RunJournal::LONGEST_TEXT;
-    // The first half of a character beyond the sixteenth bit stays with its other half.
-    end -= sizeof(wchar_t) == 2 && text[end - 1] >= 0xD800 && text[end - 1] < 0xDC00 ? 1 : 0;
-    return {{L"{}…（全{}文字）", L"{}… ({} characters in all)"}, {text.substr(0, end), std::to_wstring(text.size())}};
+    return {{L"{}…（全{}文字）", L"{}… ({} characters in all)"},
+            {FirstCharacters(text, RunJournal::LONGEST_TEXT), std::to_wstring(length)}};
 }
 
 std::wstring Count(std::size_t count)

@@ -44,49 +44,54 @@ class WordReader
 constexpr double POWERS_OF_TEN[] = {1,    1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-/// A plain decimal number of up to 15 digits: an integer below 2^53 over a power of ten, both exact, so that their
-/// quotient is the nearest double (Clinger, How to Read Floating Point Numbers Accurately, 1990).
-std::optional<double> ReadPlainDecimal(std::string_view word)
+/// Moves over digits, up to an end, and appends them to a number.
+const char* TakeDigits(const char* at, const char* end, std::uint64_t& number)
 {
-    constexpr std::size_t MOST_DIGITS = 15;
-    const bool isNegative = word.starts_with('-');
+    for (; at != end; ++at)
+    {
+        const auto digit = static_cast<unsigned>(*at - '0');
+        if (digit > 9)
+        {
+            break;
+        }
+        number = number * 10 + digit;
+    }
+    return at;
+}
+
+/// Moves over a plain decimal number of up to 15 digits: an integer below 2^53 over a power of ten, both exact, so that
+/// their quotient is the nearest double (Clinger, How to Read Floating Point Numbers Accurately, 1990). Null if there
+/// is none.
+const char* TakePlainDecimal(const char* at, const char* end, double& value)
+{
+    constexpr std::ptrdiff_t MOST_DIGITS = 15;
+    const bool isNegative = at != end && *at == '-';
+    const char* const begin = isNegative ? at + 1 : at;
     std::uint64_t digits = 0;
-    std::size_t count = 0;
-    std::size_t point = std::string_view::npos;
-    for (std::size_t index = isNegative ? 1 : 0; index < word.size(); ++index)
+    at = TakeDigits(begin, begin + std::min(MOST_DIGITS, end - begin), digits);
+    std::ptrdiff_t count = at - begin;
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.')
     {
-        const auto digit = static_cast<unsigned>(word[index] - '0');
-        if (digit <= 9)
-        {
-            digits = digits * 10 + digit;
-            ++count;
-        }
-        else if (word[index] == '.' && point == std::string_view::npos)
-        {
-            point = index;
-        }
-        else
-        {
-            return {};
-        }
+        const char* const behind = at + 1;
+        at = TakeDigits(behind, behind + std::min(MOST_DIGITS - count, end - behind), digits);
+        decimals = at - behind;
+        count += decimals;
     }
-    if (count == 0 || count > MOST_DIGITS)
-    {
-        return {};
-    }
-    const std::size_t decimals = point == std::string_view::npos ? 0 : word.size() - point - 1;
-    const double value = static_cast<double>(digits) / POWERS_OF_TEN[decimals];
-    return isNegative ? -value : value;
+    const double plain = static_cast<double>(digits) / POWERS_OF_TEN[decimals];
+    value = isNegative ? -plain : plain;
+    return count > 0 ? at : nullptr;
 }
 
 double ReadCoordinate(std::string_view word)
 {
-    if (const std::optional<double> plain = ReadPlainDecimal(word))
-    {
-        return *plain;
-    }
     double value = NOT_A_NUMBER;
     const char* const end = word.data() + word.size();
+    if (TakePlainDecimal(word.data(), end, value) == end)
+    {
+        return value;
+    }
+    value = NOT_A_NUMBER;
     const char* const begin = word.data() + (word.starts_with('+') ? 1 : 0);
     const std::from_chars_result read = std::from_chars(begin, end, value);
     return read.ec == std::errc() && read.ptr == end ? value : NOT_A_NUMBER;
@@ -125,48 +130,20 @@ class PlainestReader
         constexpr std::ptrdiff_t MOST_DIGITS = 9;
         const char* const begin = at_;
         std::uint64_t digits = 0;
-        TakeDigits(begin + MOST_DIGITS, digits);
+        at_ = TakeDigits(begin, begin + MOST_DIGITS, digits);
         id = static_cast<std::uint32_t>(digits);
         return at_ != begin;
     }
 
-    /// A decimal number of up to 15 digits, read as ReadPlainDecimal does.
     bool TakeCoordinate(double& value)
     {
-        constexpr std::ptrdiff_t MOST_DIGITS = 15;
-        const bool isNegative = *at_ == '-';
-        at_ += isNegative ? 1 : 0;
-        const char* const begin = at_;
-        std::uint64_t digits = 0;
-        TakeDigits(begin + MOST_DIGITS, digits);
-        std::ptrdiff_t count = at_ - begin;
-        std::ptrdiff_t decimals = 0;
-        if (*at_ == '.')
-        {
-            const char* const point = at_++;
-            TakeDigits(point + 1 + (MOST_DIGITS - count), digits);
-            decimals = at_ - point - 1;
-            count += decimals;
-        }
-        const double plain = static_cast<double>(digits) / POWERS_OF_TEN[decimals];
-        value = isNegative ? -plain : plain;
-        return count > 0;
+        constexpr std::ptrdiff_t MOST_CHARACTERS = 17; // a sign, 15 digits and a point
+        const char* const behind = TakePlainDecimal(at_, at_ + MOST_CHARACTERS, value);
+        at_ = behind != nullptr ? behind : at_;
+        return behind != nullptr;
     }
 
   private:
-    void TakeDigits(const char* end, std::uint64_t& number)
-    {
-        for (; at_ != end; ++at_)
-        {
-            const auto digit = static_cast<unsigned>(*at_ - '0');
-            if (digit > 9)
-            {
-                return;
-            }
-            number = number * 10 + digit;
-        }
-    }
-
     const char* at_;
 };
 

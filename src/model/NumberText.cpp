@@ -68,7 +68,8 @@ std::wstring Excerpt(std::wstring text)
 {
     std::replace_if(
         text.begin(), text.end(), [](wchar_t one) { return one == L'\n' || one == L'\r' || one == L'\t'; }, L' ');
-    return text.size() > LONGEST_REMARK ? text.substr(0, LONGEST_REMARK) + L"…" : text;
+    const std::wstring_view front = FirstCharacters(text, LONGEST_REMARK);
+    return front.size() < text.size() ? std::wstring(front) + L"…" : text;
 }
 
 template <class Character>

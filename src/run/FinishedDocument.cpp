@@ -2,6 +2,7 @@
 
 #include "base/Exceptions.h"
 #include "base/Text.h"
+#include "xml/PlainMarkup.h"
 #include "xml/WcXmDocument.h"
 
 #include <algorithm>
@@ -17,7 +18,6 @@ namespace
 constexpr std::string_view LINE_END = "\r\n";
 constexpr std::string_view STANDALONE_DECLARATION_END = " encoding=\"UTF-8\" standalone=\"no\"?>";
 constexpr std::string_view DECLARATION_END = "?>";
-constexpr std::string_view EMPTY_NAMESPACE = " xmlns=\"\"";
 constexpr const wchar_t* NAMESPACE = L"xmlns";
 
 /// Where a text stands decides what is escaped in it, and which of its characters need a look.
@@ -334,10 +334,10 @@ class Printer
             return;
         }
         out_->Append('"');
-        if (out_ == &lines_ && lines_.EndsWith(EMPTY_NAMESPACE) &&
-            lines_.Position() >= lastRemoval_ + EMPTY_NAMESPACE.size())
+        if (out_ == &lines_ && lines_.EndsWith(EMPTY_NAMESPACE_ATTRIBUTE) &&
+            lines_.Position() >= lastRemoval_ + EMPTY_NAMESPACE_ATTRIBUTE.size())
         {
-            lines_.TakeBack(EMPTY_NAMESPACE.size());
+            lines_.TakeBack(EMPTY_NAMESPACE_ATTRIBUTE.size());
             lastRemoval_ = lines_.Position();
         }
     }
@@ -367,7 +367,8 @@ class Printer
         {
             line.remove_suffix(1);
         }
-        lines_.Append(Replaced(Replaced(line, STANDALONE_DECLARATION_END, DECLARATION_END), EMPTY_NAMESPACE, {}));
+        lines_.Append(
+            Replaced(Replaced(line, STANDALONE_DECLARATION_END, DECLARATION_END), EMPTY_NAMESPACE_ATTRIBUTE, {}));
         lines_.Append(LINE_END);
         out_ = &lines_;
     }

@@ -28,14 +28,28 @@ void CSVLoaderBase::WarnOfRow(WarningCause cause, const std::wstring& remark) co
     });
 }
 
-double CSVLoaderBase::NumberOf(const CsvRow& row, std::size_t column) const
+bool CSVLoaderBase::IsPassedOver(const CsvRow& row, std::size_t leastColumns) const
+{
+    const bool isShort = row.Size() < leastColumns;
+    if (isShort)
+    {
+        WarnOfRow(WarningCause::ShortRow);
+    }
+    return isShort;
+}
+
+void CSVLoaderBase::WarnOfNumber(std::size_t column, std::string_view field) const
+{
+    WarnOfRow(WarningCause::NumberNotWhole, std::to_wstring(column + 1) + L"列目「" + WideFromUtf8(field) + L"」");
+}
+
+double CSVLoaderBase::NumberOf(const CsvRow& row, std::size_t column, bool isShifted) const
 {
     bool isWhole = true;
     const double number = CsvNumber(row[column], isWhole);
-    if (!isWhole)
+    if (!isWhole && !isShifted)
     {
-        WarnOfRow(WarningCause::NumberNotWhole,
-                  std::to_wstring(column + 1) + L"列目「" + WideFromUtf8(row[column]) + L"」");
+        WarnOfNumber(column, row[column]);
     }
     return number;
 }

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace jlandxml
@@ -50,8 +51,15 @@ class CSVLoaderBase
     /// Notes something about the row that was taken last.
     void WarnOfRow(WarningCause cause, const std::wstring& remark = {}) const;
 
-    /// The number of a column of a row; one that isn't read whole is warned of.
-    double NumberOf(const CsvRow& row, std::size_t column) const;
+    /// True for a row of fewer columns, which is noted.
+    bool IsPassedOver(const CsvRow& row, std::size_t leastColumns) const;
+
+    /// Notes a field that isn't read whole as a number.
+    void WarnOfNumber(std::size_t column, std::string_view field) const;
+
+    /// The number of a column of a row; one that isn't read whole is noted, but where a comma has moved the columns,
+    /// which has been noted then.
+    double NumberOf(const CsvRow& row, std::size_t column, bool isShifted = false) const;
 
     /// The rows of title in front of the data.
     static constexpr int TITLE_ROWS = 2;

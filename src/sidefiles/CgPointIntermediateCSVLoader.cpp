@@ -63,14 +63,13 @@ FViewCgPointIntermediate CgPointIntermediateCSVLoader::MakePoint(const CsvRow& r
     {
         WarnOfRow(WarningCause::CommaInName);
     }
-    const auto number = [&](std::size_t column) { return isShifted ? CsvNumber(row[column]) : NumberOf(row, column); };
     FViewCgPointIntermediate point;
     point.name = CompactText::FromUtf8(row[point_column::NAME]);
-    point.sta = number(point_column::STATION);
-    point.firstCoordinate = number(point_column::FIRST_COORDINATE);
-    point.secondCoordinate = number(point_column::SECOND_COORDINATE);
-    point.thirdCoordinate = number(point_column::THIRD_COORDINATE);
-    point.tangentDirectionAngle = number(point_column::TANGENT_DIRECTION_ANGLE);
+    point.sta = NumberOf(row, point_column::STATION, isShifted);
+    point.firstCoordinate = NumberOf(row, point_column::FIRST_COORDINATE, isShifted);
+    point.secondCoordinate = NumberOf(row, point_column::SECOND_COORDINATE, isShifted);
+    point.thirdCoordinate = NumberOf(row, point_column::THIRD_COORDINATE, isShifted);
+    point.tangentDirectionAngle = NumberOf(row, point_column::TANGENT_DIRECTION_ANGLE, isShifted);
     return point;
 }
 
@@ -89,9 +88,8 @@ void CgPointIntermediateCSVLoader::ReadPoints()
     group.points.reserve(rows.CountRows(point_column::POINT_COLUMNS));
     while (rows.Next(row))
     {
-        if (row.Size() < point_column::POINT_COLUMNS)
+        if (IsPassedOver(row, point_column::POINT_COLUMNS))
         {
-            WarnOfRow(WarningCause::ShortRow);
             continue;
         }
         group.points.push_back(MakePoint(row));

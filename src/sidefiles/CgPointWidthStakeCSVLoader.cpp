@@ -95,16 +95,15 @@ FViewCgPointWidthStake CgPointWidthStakeCSVLoader::MakeStake(const CsvRow& row) 
     {
         WarnOfRow(WarningCause::CommaInName);
     }
-    const auto number = [&](std::size_t column) { return isShifted ? CsvNumber(row[column]) : NumberOf(row, column); };
     FViewCgPointWidthStake stake;
     stake.groupName = CompactText::FromUtf8(row[stake_column::GROUP_NAME]);
     stake.name = CompactText::FromUtf8(row[stake_column::NAME]);
     stake.stakeText = CompactText::FromUtf8(row[stake_column::STAKE_TEXT]);
-    stake.sta = number(stake_column::STATION);
-    stake.firstCoordinate = number(stake_column::FIRST_COORDINATE);
-    stake.secondCoordinate = number(stake_column::SECOND_COORDINATE);
-    stake.thirdCoordinate = number(stake_column::THIRD_COORDINATE);
-    stake.stakeValue = number(stake_column::STAKE_VALUE);
+    stake.sta = NumberOf(row, stake_column::STATION, isShifted);
+    stake.firstCoordinate = NumberOf(row, stake_column::FIRST_COORDINATE, isShifted);
+    stake.secondCoordinate = NumberOf(row, stake_column::SECOND_COORDINATE, isShifted);
+    stake.thirdCoordinate = NumberOf(row, stake_column::THIRD_COORDINATE, isShifted);
+    stake.stakeValue = NumberOf(row, stake_column::STAKE_VALUE, isShifted);
     stake.groupDesc = CompactText::FromUtf8(row[stake_column::GROUP_DESC]);
     stake.groupType = CompactText::FromUtf8(row[stake_column::GROUP_TYPE]);
     return stake;
@@ -120,9 +119,8 @@ void CgPointWidthStakeCSVLoader::ReadStakes()
     const auto room = rows.CountByFirstField(stake_column::STAKE_COLUMNS);
     while (rows.Next(row))
     {
-        if (row.Size() < stake_column::STAKE_COLUMNS)
+        if (IsPassedOver(row, stake_column::STAKE_COLUMNS))
         {
-            WarnOfRow(WarningCause::ShortRow);
             continue;
         }
         FViewCgPointWidthStake stake = MakeStake(row);

@@ -5,7 +5,6 @@
 #include "base/Text.h"
 #include "base/Warnings.h"
 #include "model/NumberText.h"
-#include "xml/LoadContent.h"
 
 #include <algorithm>
 #include <cstring>
@@ -218,7 +217,7 @@ void CsvRows::WarnOfEncoding()
     WarnOf(WarningCause::NotUtf8, Path(), [this] {
         WarningPlace place;
         place.row = line_;
-        place.remark = IsShiftJis(Path()) ? L"Shift_JISのファイルです" : L"";
+        place.remark = IsShiftJis(Path()) ? SHIFT_JIS_REMARK : L"";
         return place;
     });
 }

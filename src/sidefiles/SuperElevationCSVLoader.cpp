@@ -142,11 +142,7 @@ void SuperElevationCSVLoader::ReadSlopes(FViewAlignment& alignment)
     alignment.slopeList.reserve(alignment.slopeList.size() + rows.CountRows(LEAST_SLOPE_COLUMNS, IN_BOTH_ENDS));
     while (rows.Next(row))
     {
-        if (row.Size() < LEAST_SLOPE_COLUMNS)
-        {
-            WarnOfRow(WarningCause::ShortRow);
-        }
-        else if (!IsEnd(row[slope_column::DESCRIPTION]))
+        if (!IsPassedOver(row, LEAST_SLOPE_COLUMNS) && !IsEnd(row[slope_column::DESCRIPTION]))
         {
             alignment.slopeList.push_back(MakeSlopeValue(row, alignment));
         }
@@ -196,8 +192,7 @@ void SuperElevationCSVLoader::WarnUnless(bool isWhole, const CsvRow& row, std::s
 {
     if (!isWhole)
     {
-        WarnOfRow(WarningCause::NumberNotWhole,
-                  std::to_wstring(column + 1) + L"列目「" + WideFromUtf8(ClosedField(row, column)) + L"」");
+        WarnOfNumber(column, ClosedField(row, column));
     }
 }
 

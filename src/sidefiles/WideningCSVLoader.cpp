@@ -58,9 +58,8 @@ void WideningCSVLoader::ReadWidening()
     while (rows.Next(row))
     {
         isEmpty = false;
-        if (row.Size() < LEAST_WIDENING_COLUMNS)
+        if (IsPassedOver(row, LEAST_WIDENING_COLUMNS))
         {
-            WarnOfRow(WarningCause::ShortRow);
             continue;
         }
         FViewWidening widening;

@@ -85,6 +85,16 @@ std::vector<pugi::xml_node> Line(pugi::xml_node element)
 
 } // namespace
 
+void AppendName(std::wstring& names, std::wstring_view name)
+{
+    names.append(names.empty() || name.empty() ? std::wstring_view() : NAME_SEPARATOR).append(name);
+}
+
+std::wstring PositionStep(std::size_t position)
+{
+    return L"/*[" + std::to_wstring(position) + L"]";
+}
+
 std::wstring ElementLabel(const pugi::xml_node& element, const PlaceAmongSame& place)
 {
     for (const wchar_t* const name : NAMING_ATTRIBUTES)
@@ -111,11 +121,7 @@ std::wstring NamedPath(const pugi::xml_node& element)
     std::wstring path;
     for (const pugi::xml_node& one : Line(element))
     {
-        const std::wstring label = ElementLabel(one, PlaceOf(one));
-        if (!label.empty())
-        {
-            path.append(path.empty() ? std::wstring_view() : NAME_SEPARATOR).append(label);
-        }
+        AppendName(path, ElementLabel(one, PlaceOf(one)));
     }
     return path.empty() ? element.name() : path;
 }
@@ -130,7 +136,7 @@ std::wstring PositionPath(const pugi::xml_node& element)
         {
             position += IsElement(other) ? 1 : 0;
         }
-        path += L"/*[" + std::to_wstring(position) + L"]";
+        path += PositionStep(position);
     }
     return path;
 }

@@ -21,6 +21,12 @@ inline bool IsElement(const pugi::xml_node& node)
 /// What separates the names in a path: 線形1／縦断／計画線.
 inline constexpr std::wstring_view NAME_SEPARATOR = L"／";
 
+/// Appends a name to a path of names; an empty one leaves it as it is.
+void AppendName(std::wstring& names, std::wstring_view name);
+
+/// A step of a path of positions, which are counted from 1.
+std::wstring PositionStep(std::size_t position);
+
 /// The place of an element among the children of the same name.
 struct PlaceAmongSame
 {

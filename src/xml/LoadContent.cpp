@@ -281,13 +281,6 @@ FaultPlace PlaceBehind(std::wstring_view text)
 
 } // namespace
 
-bool SpeaksAgainstShiftJis(std::string_view line)
-{
-    const bool isAscii =
-        std::all_of(line.begin(), line.end(), [](char one) { return static_cast<unsigned char>(one) < 0x80; });
-    return !isAscii && (IsWellFormedUtf8(line) || !WideFromCp932(line));
-}
-
 FaultPlace FindMalformedUtf8(std::string_view content)
 {
     content.remove_prefix(content.starts_with(UTF8_BYTE_ORDER_MARK) ? UTF8_BYTE_ORDER_MARK.size() : 0);

@@ -31,11 +31,6 @@ struct FaultPlace
     std::size_t column; ///< in characters
 };
 
-/// True for a line that isn't in Shift_JIS as it is used in Japan (code page 932), or that may be UTF-8 as well. ASCII
-/// alone says nothing. A file is only called that if no line speaks against it: one line may be cut UTF-8, which often
-/// can be read as either.
-bool SpeaksAgainstShiftJis(std::string_view line);
-
 /// Where the first bytes stand that aren't UTF-8; the end where all are.
 FaultPlace FindMalformedUtf8(std::string_view content);
 

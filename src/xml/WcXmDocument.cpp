@@ -93,7 +93,7 @@ bool IsShiftJis(std::string_view content)
 WarningPlace PlaceOfMalformedUtf8(std::string_view content)
 {
     WarningPlace place = PlaceOf(FindMalformedUtf8(content));
-    place.remark += IsShiftJis(content) ? L"、Shift_JISのファイルです" : L"";
+    place.remark += IsShiftJis(content) ? std::wstring(L"、") + SHIFT_JIS_REMARK : std::wstring();
     return place;
 }
 

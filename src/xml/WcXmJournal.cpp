@@ -392,7 +392,7 @@ class Comparison
     static std::size_t AfterPlace(const Siblings& siblings) { return siblings.next - 1; }
     static std::size_t BeforePlace(const Siblings& siblings) { return siblings.beforeOf[siblings.next - 1]; }
 
-    static std::wstring Step(std::size_t place) { return L"/*[" + std::to_wstring(place + 1) + L"]"; }
+    static std::wstring Step(std::size_t place) { return PositionStep(place + 1); }
 
     /// The path of the element whose children were entered last.
     std::wstring Path(std::size_t (*placeOf)(const Siblings&)) const
@@ -410,15 +410,13 @@ class Comparison
     std::wstring Within(const std::wstring& label, const pugi::xml_node& child) const
     {
         std::wstring names;
-        const auto add = [&](const std::wstring& one) {
-            names.append(names.empty() || one.empty() ? std::wstring_view() : NAME_SEPARATOR).append(one);
-        };
         for (std::size_t level = 0; level + (child ? 1 : 0) < open_.size(); ++level)
         {
             const Siblings& siblings = open_[level];
-            add(ElementLabel(siblings.after[AfterPlace(siblings)], siblings.numbering[AfterPlace(siblings)]));
+            AppendName(names,
+                       ElementLabel(siblings.after[AfterPlace(siblings)], siblings.numbering[AfterPlace(siblings)]));
         }
-        add(label);
+        AppendName(names, label);
         const Siblings& last = open_.back();
         return names.empty() ? (child ? child.name() : last.after[AfterPlace(last)].name()) : names;
     }

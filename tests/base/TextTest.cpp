@@ -268,5 +268,17 @@ TEST(Text, LongCodePage932TextSurvivesBlockBorders)
     EXPECT_EQ(Cp932FromWide(text), bytes);
 }
 
+TEST(Text, APairIsOneCharacter)
+{
+    const std::wstring text = L"a\xD83D\xDE00"
+                              L"b\xD83D";
+    EXPECT_EQ(CountCharacters(text), 4U);
+    EXPECT_EQ(CountCharacters(L""), 0U);
+    EXPECT_EQ(FirstCharacters(text, 0), L"");
+    EXPECT_EQ(FirstCharacters(text, 2), L"a\xD83D\xDE00");
+    EXPECT_EQ(FirstCharacters(text, 4), text);
+    EXPECT_EQ(FirstCharacters(text, 9), text);
+}
+
 } // namespace
 } // namespace jlandxml

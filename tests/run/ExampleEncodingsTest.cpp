@@ -1,6 +1,7 @@
 #include "base/Text.h"
 #include "run/ExportRun.h"
 #include "run/LoadRun.h"
+#include "support/Encodings.h"
 #include "support/RunFixture.h"
 
 #include "base/Files.h"
@@ -18,24 +19,11 @@ struct EncodedExample
     std::string (*encode)(const std::wstring& text);
 };
 
-std::string Utf16(const std::wstring& text, bool bigEndian)
-{
-    std::string bytes;
-    for (const wchar_t unit : L'\xFEFF' + text)
-    {
-        const auto low = static_cast<char>(unit & 0xFF);
-        const auto high = static_cast<char>(unit >> 8 & 0xFF);
-        bytes += bigEndian ? high : low;
-        bytes += bigEndian ? low : high;
-    }
-    return bytes;
-}
-
 const EncodedExample ENCODINGS[] = {
     {"Utf8", L"UTF-8", [](const std::wstring& text) { return Utf8FromWide(text); }},
     {"Utf8WithMark", L"UTF-8", [](const std::wstring& text) { return Utf8FromWide(L'\xFEFF' + text); }},
-    {"Utf16LittleEndian", L"UTF-16", [](const std::wstring& text) { return Utf16(text, false); }},
-    {"Utf16BigEndian", L"UTF-16", [](const std::wstring& text) { return Utf16(text, true); }},
+    {"Utf16LittleEndian", L"UTF-16", [](const std::wstring& text) { return Utf16(L'\xFEFF' + text, false); }},
+    {"Utf16BigEndian", L"UTF-16", [](const std::wstring& text) { return Utf16(L'\xFEFF' + text, true); }},
     {"ShiftJis", L"Shift_JIS", [](const std::wstring& text) { return Cp932FromWide(text); }},
 };
 

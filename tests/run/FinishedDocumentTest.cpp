@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "model/FViewLandXML.h"
 #include "model/OutputVersion.h"
+#include "support/Encodings.h"
 #include "support/Rounds.h"
 #include "support/XmlText.h"
 #include "xml/WcXmDocument.h"
@@ -301,17 +302,7 @@ class DocumentGenerator
             return Cp932FromWide(text);
         }
         const std::size_t size = Pick({"2", "4"}) == "2" ? 2 : 4;
-        const bool bigEndian = Below(2) == 0;
-        std::string bytes;
-        for (const wchar_t unit : text)
-        {
-            for (std::size_t byte = 0; byte < size; ++byte)
-            {
-                const std::size_t place = bigEndian ? size - 1 - byte : byte;
-                bytes += static_cast<char>(static_cast<std::uint32_t>(unit) >> (8 * place) & 0xFF);
-            }
-        }
-        return bytes;
+        return InUnits(text, size, Below(2) == 0);
     }
 
     std::string Blank() { return Pick({"", " ", "\n", "\r\n\t\t", "\n    "}); }

@@ -1,6 +1,7 @@
 #include "xml/LoadContent.h"
 
 #include "base/Text.h"
+#include "support/Encodings.h"
 
 #include <gtest/gtest.h>
 
@@ -18,17 +19,6 @@ std::string Fault(std::string_view content)
     return fault ? std::to_string(fault->line) + ":" + std::to_string(fault->column) : "-";
 }
 
-/// ASCII as UTF-16 in either order, with its mark.
-std::string Utf16(std::string_view ascii, bool bigEndian)
-{
-    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (const char character : ascii)
-    {
-        bytes += bigEndian ? std::string{'\0', character} : std::string{character, '\0'};
-    }
-    return bytes;
-}
-
 TEST(FindFault, CountsLinesAndCharactersAsEditorsDo)
 {
     EXPECT_EQ(Fault("<a/>"), "-");
@@ -43,8 +33,8 @@ TEST(FindFault, KnowsTheEncodingsThatFilesComeIn)
 {
     constexpr const char* BROKEN = "<a>\n<b></a>";
     const std::string place = Fault(BROKEN);
-    EXPECT_EQ(Fault(Utf16(BROKEN, false)), place);
-    EXPECT_EQ(Fault(Utf16(BROKEN, true)), place);
+    EXPECT_EQ(Fault(Utf16(L"\xFEFF" + WideFromUtf8(BROKEN), false)), place);
+    EXPECT_EQ(Fault(Utf16(L"\xFEFF" + WideFromUtf8(BROKEN), true)), place);
     const std::string declared = "<?xml version='1.0' encoding='Shift_JIS'?>";
     EXPECT_EQ(Fault(declared + "\n<a n='\x98\x48'><b></a>"), Fault(declared + "\n<a n='x'><b></a>"));
 }

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "support/Encodings.h"
 #include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
 #include "xml/WcXmNode.h"
@@ -37,19 +38,6 @@ class WcXmDocumentFiles : public testing::Test
     TestFolder folder;
     WcXmDocument document;
 };
-
-std::string Utf16(const std::wstring& text, bool bigEndian)
-{
-    std::string bytes;
-    for (const wchar_t unit : text)
-    {
-        const auto low = static_cast<char>(unit & 0xFF);
-        const auto high = static_cast<char>((unit >> 8) & 0xFF);
-        bytes += bigEndian ? high : low;
-        bytes += bigEndian ? low : high;
-    }
-    return bytes;
-}
 
 TEST_F(WcXmDocumentFiles, Utf8WithoutAMarkIsRead)
 {
