@@ -68,11 +68,13 @@ if(MINGW)
         ${packages_documents}/mingw-w64-x86-64-dev/copyright)
 endif()
 
-string(TIMESTAMP created UTC) # SOURCE_DATE_EPOCH where that is set
-string(UUID document NAMESPACE 6ba7b811-9dad-11d1-80b4-00c04fd430c8 TYPE SHA1
-    NAME "jlandxml-convert ${PROJECT_VERSION} ${CMAKE_SYSTEM_NAME} ${spdx_packages}")
-file(WRITE ${CMAKE_BINARY_DIR}/NOTICES.txt "${notices}")
-file(WRITE ${CMAKE_BINARY_DIR}/jlandxml-convert.spdx "SPDXVersion: SPDX-2.3
+# Writes both files.
+function(jlandxml_write_notices folder)
+    string(TIMESTAMP created UTC) # SOURCE_DATE_EPOCH where that is set
+    string(UUID document NAMESPACE 6ba7b811-9dad-11d1-80b4-00c04fd430c8 TYPE SHA1
+        NAME "jlandxml-convert ${PROJECT_VERSION} ${CMAKE_SYSTEM_NAME} ${spdx_packages}")
+    file(WRITE ${folder}/NOTICES.txt "${notices}")
+    file(WRITE ${folder}/jlandxml-convert.spdx "SPDXVersion: SPDX-2.3
 DataLicense: CC0-1.0
 SPDXID: SPDXRef-DOCUMENT
 DocumentName: jlandxml-convert-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}
@@ -90,4 +92,18 @@ PackageLicenseDeclared: NOASSERTION
 PackageCopyrightText: NOASSERTION
 Relationship: SPDXRef-DOCUMENT DESCRIBES SPDXRef-jlandxml-convert
 ${spdx_packages}")
+endfunction()
+
+jlandxml_write_notices(${CMAKE_BINARY_DIR})
 install(FILES ${CMAKE_BINARY_DIR}/NOTICES.txt ${CMAKE_BINARY_DIR}/jlandxml-convert.spdx DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# The installer holds parts of the tool that makes it too, and so does the uninstaller, which it leaves with the user: these
+# files take the places of the others there.
+set(JLANDXML_INSTALLER_NOTICES ${CMAKE_BINARY_DIR}/installer-notices)
+find_program(MAKENSIS_PROGRAM makensis)
+if(WIN32 AND MAKENSIS_PROGRAM)
+    execute_process(COMMAND ${MAKENSIS_PROGRAM} -VERSION OUTPUT_VARIABLE version COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX MATCH "[0-9]+([.][0-9]+)+" version "${version}")
+    jlandxml_inside(nsis ${version} "Zlib AND (CPL-1.0 WITH LZMA-exception)" ${packages_documents}/nsis/copyright)
+    jlandxml_write_notices(${JLANDXML_INSTALLER_NOTICES})
+endif()

@@ -8,6 +8,12 @@ function(run)
     execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${root} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
+# The manual's pages are left out where the tool that makes them is missing, which is well for a build, but not for a package.
+file(GLOB_RECURSE manual ${root}/*/manual.ja.html)
+if(NOT manual)
+    message(FATAL_ERROR "The manual's pages are missing: cmark-gfm makes them once the build is set up anew")
+endif()
+
 # Debian's manual pages and logs of changes are compressed, the notices have one name, and zsh and pkg-config look elsewhere.
 function(prepare_debian_package)
     set(documents ${root}/usr/share/doc/jlandxml-convert)
@@ -56,6 +62,7 @@ endfunction()
 if(CPACK_GENERATOR STREQUAL DEB)
     prepare_debian_package()
 elseif(CPACK_GENERATOR STREQUAL NSIS)
+    file(COPY ${CPACK_INSTALLER_NOTICES}/ DESTINATION ${root}/share/doc/jlandxml-convert)
     list_for_installer()
 endif()
 
