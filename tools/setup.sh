@@ -16,7 +16,7 @@ TEST_PACKAGES=(
     clang libclang-rt-dev python3 chromium doxygen
     make parallel openssh-client openssh-server rsync slurmctld slurmd slurm-client munge
     g++-mingw-w64-x86-64-posix wine64 xvfb xauth xdotool fonts-ipafont-gothic locales
-    nsis zip
+    nsis zip unzip lintian zsh
 )
 
 packages=("${BUILD_PACKAGES[@]}")

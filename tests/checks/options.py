@@ -1,5 +1,5 @@
 """Every option that a program's help names, and no other, stands in its manual pages and in both shells' completions; and
-bash completes them.
+both shells complete them.
 
     options.py SOURCE PROGRAM...
 """
@@ -7,6 +7,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 
 OPTION = re.compile(r"(?<![\w-])--?[a-zA-Z][a-z-]*")
 
@@ -45,12 +46,27 @@ def completed_by_bash(path, program, word):
     return set(run.stdout.split())
 
 
+def completed_by_zsh(path, program, options):
+    """What each long option becomes when all but its last letter has been typed, without what parts it from its value."""
+    options = sorted(option for option in options if option.startswith("--"))
+    with tempfile.TemporaryDirectory() as folder:
+        lines, made = pathlib.Path(folder) / "lines", pathlib.Path(folder) / "made"
+        lines.write_text("".join(f"{program} {option[:-1]}\n" for option in options))
+        subprocess.run(["zsh", "-f", pathlib.Path(__file__).with_name("complete.zsh"), path.parent, lines, made], check=True, timeout=60)
+        return {re.sub(f"^{program} ", "", line).rstrip(" =") for line in made.read_text().splitlines()}
+
+
+def zsh_faults(path):
+    return subprocess.run(["zsh", "-n", path], capture_output=True, check=False, encoding="utf-8").stderr
+
+
 def main(source, programs):
     failures = []
 
     def expect(what, found, expected):
         if found != expected:
-            failures.append(f"{what}: lacks {sorted(expected - found)}, has {sorted(found - expected)} too")
+            failures.append(f"{what}: {found}" if isinstance(found, str) else
+                            f"{what}: lacks {sorted(expected - found)}, has {sorted(found - expected)} too")
 
     for program in map(pathlib.Path, programs):
         options = of_help(program)
@@ -61,7 +77,10 @@ def main(source, programs):
         expect("manual page", of_page(source / "docs" / "man" / f"{program.name}.1"), options)
         expect("Japanese manual page", of_page(source / "docs" / "man" / "ja" / f"{program.name}.1"), options)
         expect("bash's list", of_bash(bash), options)
-        expect("zsh's list", of_zsh(completions / f"_{program.name}"), options)
+        zsh = completions / f"_{program.name}"
+        expect("zsh's list", of_zsh(zsh), options)
+        expect("what zsh makes of it", zsh_faults(zsh), "")
+        expect("zsh", completed_by_zsh(zsh, program.name, options), {option for option in options if option.startswith("--")})
         expect("bash after -", completed_by_bash(bash, program.name, "-"), options)
         expect("bash after --re", completed_by_bash(bash, program.name, "--re"), {"--report"})
     for failure in failures:
