@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <jlandxml/JLandXmlConvert.h>
 
@@ -30,6 +31,8 @@ int main(int count, char** values)
         // The call tells nothing, neither success nor cancel: the user has seen it.
         std::puts("The dialog was closed.");
     });
+    const QShortcut quit(QKeySequence(Qt::CTRL | Qt::Key_Q), &window);
+    QObject::connect(&quit, &QShortcut::activated, &window, &QMainWindow::close);
     window.setCentralWidget(&button);
     window.setWindowTitle(QStringLiteral("host-qt"));
     window.resize(400, 200);

@@ -3,13 +3,12 @@
 
     documents.py SOURCE CONVERT INSPECT SCRATCH [PAGES]
 
-Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it; what
-another test runs or nobody can run here is listed below with the reason. A block of JSON that bears a file's name is there as
+Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it, and so
+are the examples of the manual pages; what another test runs or nobody can run here is listed below with the reason. A block of JSON that bears a file's name is there as
 that file. Options stand in the manual and both READMEs, links and paths lead somewhere, and blocks of JSON are JSON. PAGES is
 the folder of the manual's pages, where those were made.
 """
 
-import html.parser
 import json
 import os
 import pathlib
@@ -17,7 +16,8 @@ import re
 import shutil
 import subprocess
 import sys
-import urllib.parse
+
+from pages import FENCED, blocks, check_links, check_pages, documents
 
 TIME_LIMIT = 300
 
@@ -25,9 +25,13 @@ TIME_LIMIT = 300
 ELSEWHERE = {
     "docs/batch.md": "tests/cli/batch.py runs them, on folders of which one is broken",
     "docs/performance.md": "benchmarks, of half an hour and on a quiet machine",
-    "docs/hosts.md": "tests/checks/installed.py builds hosts like that",
+    "docs/hosts.md": "tests/checks/installed.py runs them where the module is installed",
     "CONTRIBUTING.md": "builds and tests of the whole, which the continuous build runs",
 }
+# Manual pages, those of a language in one folder: the second inspects what the first has made.
+MANUAL_PAGES = {"docs/man": ["jlandxml-convert.1", "jlandxml-inspect.1"], "docs/man/ja": ["jlandxml-convert.1", "jlandxml-inspect.1"]}
+# Work folders whose files have findings, so that inspecting all files that were made would end with status 1.
+UNSOUND = ("県道 100号", "堤防")
 # Blocks that aren't run, by document and first line.
 NOT_RUN = {
     ("README.md", "./run.sh      # sets up, builds, converts examples/road and says where the finished file is"):
@@ -42,20 +46,6 @@ NOT_RUN = {
 # What a reader fills in where printed settings hold null.
 COMPLETED = {"roadClassification": "第3種第2級", "normalCrown": "2.0", "desc": "用地境界（右）", "alignmentRefs": "線形1",
              "subInterval": "10"}
-
-
-def documents(source):
-    found = [path for pattern in ("*.md", "docs/*.md", "examples/*.md") for path in source.glob(pattern)]
-    return {path.relative_to(source).as_posix(): path.read_text(encoding="utf-8") for path in sorted(found)}
-
-
-FENCED = re.compile(r"^( *)```([^\n]*)\n(.*?)^ *```$", re.M | re.S)
-
-
-def blocks(text):
-    """Language and content of each code block."""
-    for indent, language, code in FENCED.findall(text):
-        yield language, re.sub(f"^{indent}", "", code, flags=re.M)
 
 
 def complete(value):
@@ -105,15 +95,27 @@ class Commands:
                 self.look_for_scripts(name, code)
                 continue
             place = place or self.prepare(name)
-            settings = place / "settings.json"
-            if settings.exists():
-                completed = complete(json.loads(settings.read_text(encoding="utf-8")))
-                settings.write_text(json.dumps(completed, ensure_ascii=False), encoding="utf-8")
-            ended = subprocess.run(["bash", "-e", "-c", code], cwd=place, env=self.environment, timeout=TIME_LIMIT,
-                                   check=False, stdin=subprocess.DEVNULL, capture_output=True, text=True)
-            self.count += 1
-            if ended.returncode != 0:
-                self.problems.append(f"{name}: status {ended.returncode} of\n{code}{ended.stdout[-2000:]}{ended.stderr[-2000:]}")
+            self.run_block(name, code, place)
+
+    def run_manual_pages(self, folder, names):
+        place = self.prepare(folder)
+        for unsound in UNSOUND:
+            shutil.rmtree(place / "work" / unsound)
+        for page in names:
+            text = (self.source / folder / page).read_text(encoding="utf-8")
+            for code in re.findall(r"^\.nf\n(.*?)^\.fi$", text, re.M | re.S):
+                self.run_block(f"{folder}/{page}", code.replace("\\-", "-"), place)
+
+    def run_block(self, name, code, place):
+        settings = place / "settings.json"
+        if settings.exists():
+            completed = complete(json.loads(settings.read_text(encoding="utf-8")))
+            settings.write_text(json.dumps(completed, ensure_ascii=False), encoding="utf-8")
+        ended = subprocess.run(["bash", "-e", "-c", code], cwd=place, env=self.environment, timeout=TIME_LIMIT,
+                               check=False, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        self.count += 1
+        if ended.returncode != 0:
+            self.problems.append(f"{name}: status {ended.returncode} of\n{code}{ended.stdout[-2000:]}{ended.stderr[-2000:]}")
 
     def look_for_scripts(self, name, code):
         """What isn't run is there, at least."""
@@ -142,31 +144,6 @@ def check_blocks(name, text):
             yield f"{name}: a command outside a block of shell commands: {line}"
 
 
-# Links
-
-
-def anchor(heading):
-    """A heading as a link names it."""
-    text = re.sub(r"`|\[([^]]*)\]\([^)]*\)", r"\1", heading).strip().lower()
-    return re.sub(r"[^\w\- ]", "", text).replace(" ", "-")
-
-
-def check_links(source, texts):
-    anchors = {name: {anchor(one) for one in re.findall(r"^#+ (.*)$", FENCED.sub("", text), re.M)}
-               for name, text in texts.items()}
-    for name, text in texts.items():
-        for target in re.findall(r"\]\(([^)\s]+)\)", FENCED.sub("", text)):
-            path, _, heading = target.partition("#")
-            if re.match(r"[a-z]+:", target):
-                continue
-            file = (source / name).parent / path if path else source / name
-            relative = os.path.relpath(file, source).replace(os.sep, "/")
-            if not file.exists():
-                yield f"{name}: {target} isn't there"
-            elif heading and urllib.parse.unquote(heading) not in anchors.get(relative, set()):
-                yield f"{name}: {target}: no such heading"
-
-
 # Names of files that somebody is told to make.
 PLACEHOLDERS = {"src/model/FViewName.h", "tests/model/FViewNameTest.cpp"}
 FOLDERS = "bench|cmake|docs|examples|fuzz|include|packaging|src|tests|tools"
@@ -178,36 +155,6 @@ def check_paths(source, texts):
         for path in re.findall(rf"`((?:(?:{FOLDERS})/|\./)[\w./-]+)[` ]", FENCED.sub("", text)):
             if path not in PLACEHOLDERS and not (source / path).exists():
                 yield f"{name}: {path} isn't there"
-
-
-class Page(html.parser.HTMLParser):
-    def __init__(self, path):
-        super().__init__()
-        self.anchors, self.links, self.language = [], [], None
-        self.feed(path.read_text(encoding="utf-8"))
-
-    def handle_starttag(self, tag, attrs):
-        attributes = dict(attrs)
-        self.anchors += [attributes["id"]] if "id" in attributes else []
-        self.links += [attributes[key] for key in ("href", "src") if key in attributes]
-        self.language = attributes.get("lang", self.language) if tag == "html" else self.language
-
-
-def check_pages(folder):
-    pages = {path.name: Page(path) for path in folder.glob("*.html")}
-    if "manual.ja.html" not in pages:
-        yield f"{folder}: no manual"
-    for name, page in pages.items():
-        if page.language != ("ja" if ".ja." in name else "en"):
-            yield f"{name}: language {page.language}"
-        for twice in {one for one in page.anchors if page.anchors.count(one) > 1}:
-            yield f"{name}: two headings {twice}"
-        for link in page.links:
-            path, _, heading = urllib.parse.unquote(link).partition("#")
-            if not (folder / (path or name)).exists():
-                yield f"{name}: {link} isn't there"
-            elif heading and heading not in pages[path or name].anchors:
-                yield f"{name}: {link}: no such heading"
 
 
 # Options
@@ -284,6 +231,8 @@ def main():
     for name, text in texts.items():
         problems += check_blocks(name, text)
         commands.run(name, text)
+    for folder, names in MANUAL_PAGES.items():
+        commands.run_manual_pages(folder, names)
     commands.finish()
     problems += check_links(source, texts)
     problems += check_paths(source, texts)

@@ -1,9 +1,11 @@
 """What is installed works by itself, wherever it lies: the programs, the module that they find, and hosts that are built
 with it. Runs at a display of its own, since dialogs are opened, and closed again from outside.
 
-    installed.py install BUILD SOURCE WORK [EMULATOR]     installs the build first, and looks at what is there
+    installed.py install BUILD SOURCE WORK [EMULATOR]     installs the build first
     installed.py use PREFIX WORK VERSION [EMULATOR]       what somebody has installed, such as a package
+    installed.py folders BUILD SOURCE WORK                installs it as packagers do who want other folders
 """
+import json
 import os
 import pathlib
 import re
@@ -13,20 +15,27 @@ import subprocess
 import sys
 import time
 
+from pages import blocks, check_links, check_pages, documents
+
 DIALOG = "J-LandXML"  # how its title begins; the rest is told apart by programs in a Japanese locale alone
 PATIENCE = 120  # seconds
 
 # Of each kind of thing one that is there, and what has to be installed with it.
 PROGRAMS = ["bin/jlandxml-convert{exe}", "bin/jlandxml-inspect{exe}"]
-FOR_HOSTS = ["include/jlandxml/JLandXmlConvert.h", "lib/cmake/JLandXmlConvert/JLandXmlConvertConfig.cmake",
-             "lib/cmake/JLandXmlConvert/JLandXmlConvertConfigVersion.cmake"]
-DOCUMENTS = ["README.md", "README.ja.md", "CHANGELOG.md", "NOTICES.txt", "jlandxml-convert.spdx", "docs/warnings.md",
-             "docs/hosts.md", "docs/images/alignment-linux.png", "examples/road/settings.json", "examples/host-c/main.c",
-             "examples/host-qt/main.cpp"]
-ON_LINUX = ["lib/jlandxml/libJLandXmlConvert.so", "lib/jlandxml/libJLandXmlConvert.so.1", "lib/pkgconfig/jlandxmlconvert.pc",
+FOR_HOSTS = ["include/jlandxml/JLandXmlConvert.h", "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfig.cmake",
+             "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfigVersion.cmake"]
+DOCUMENTS = ["README.md", "README.ja.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md", "NOTICES.txt", "jlandxml-convert.spdx",
+             "docs/warnings.md", "docs/hosts.md", "docs/images/alignment-linux.png", "manual/manual.ja.html",
+             "manual/images/alignment-windows.png", "examples/road/settings.json", "examples/bypass/make.py",
+             "examples/bypass/settings.json", "examples/host-c/main.c", "examples/host-qt/main.cpp"]
+ON_LINUX = ["{lib}/jlandxml/libJLandXmlConvert.so", "{lib}/jlandxml/libJLandXmlConvert.so.1", "{lib}/pkgconfig/jlandxmlconvert.pc",
             "share/man/man1/jlandxml-convert.1", "share/man/ja/man1/jlandxml-inspect.1",
             "share/bash-completion/completions/jlandxml-convert", "share/zsh/site-functions/_jlandxml-inspect"]
-ON_WINDOWS = ["lib/jlandxml/JLandXmlConvert.dll", "lib/jlandxml/libJLandXmlConvert.dll.a", "lib/jlandxml/JLandXmlConvert.def"]
+ON_WINDOWS = ["{lib}/jlandxml/JLandXmlConvert.dll", "{lib}/jlandxml/libJLandXmlConvert.dll.a", "{lib}/jlandxml/JLandXmlConvert.def"]
+# What Debian's package has in another place or under another name.
+BY_DEBIAN = {"NOTICES.txt": "copyright", "CHANGELOG.md": "changelog.gz", "zsh/site-functions": "zsh/vendor-completions",
+             "lib/pkgconfig": "lib/*/pkgconfig", "man1/jlandxml-convert.1": "man1/jlandxml-convert.1.gz",
+             "man1/jlandxml-inspect.1": "man1/jlandxml-inspect.1.gz"}
 
 CROSS_BUILD = ["-DCMAKE_SYSTEM_NAME=Windows", "-DCMAKE_C_COMPILER=x86_64-w64-mingw32-gcc-posix"]
 
@@ -93,26 +102,41 @@ def finish(process, what, expected_out=None):
 class Installed:
     """An installed tree and the way to run what is in it."""
 
-    def __init__(self, prefix, emulator, work):
+    def __init__(self, prefix, emulator, work, lib="lib", documents="share/doc/jlandxml-convert"):
         self.prefix = prefix
+        self.lib = lib
         self.emulator = [emulator] if emulator else []
         self.is_windows = bool(emulator)
         self.exe = ".exe" if self.is_windows else ""
-        self.documents = prefix / "share" / "doc" / "jlandxml-convert"
+        self.documents = prefix / documents
+        self.is_debian = (self.documents / "copyright").is_file()
         self.work = work
 
     def program(self, name):
         return self.emulator + [str(self.prefix / "bin" / (name + self.exe))]
 
+    def place(self, folder, name):
+        """Where a file is, or should be."""
+        name = name.format(exe=self.exe, lib=self.lib)
+        for usual, other in BY_DEBIAN.items() if self.is_debian else ():
+            name = name.replace(usual, other)
+        return next(folder.glob(name), folder / name)
+
     def check_files(self):
-        files = [name.format(exe=self.exe) for name in PROGRAMS] + FOR_HOSTS + (ON_WINDOWS if self.is_windows else ON_LINUX)
-        for path in [self.prefix / name for name in files] + [self.documents / name for name in DOCUMENTS]:
+        files = [self.place(self.prefix, name) for name in PROGRAMS + FOR_HOSTS + (ON_WINDOWS if self.is_windows else ON_LINUX)]
+        for path in files + [self.place(self.documents, name) for name in DOCUMENTS]:
             expect(path.is_file(), f"{path} isn't installed")
-        notices = (self.documents / "NOTICES.txt").read_text(encoding="utf-8", errors="replace")
+        notices = self.place(self.documents, "NOTICES.txt").read_text(encoding="utf-8", errors="replace")
         listed = re.findall(r"^PackageName: (.*)$", (self.documents / "jlandxml-convert.spdx").read_text(encoding="utf-8"), re.M)
         expect(len(listed) > 3, f"{listed} are listed only")
         for name in listed[1:]:
             expect(re.search(rf"^{name} [0-9.]+", notices, re.M), f"no notice of {name}")
+
+    def check_documents(self):
+        """Whatever a reader follows is there."""
+        texts = documents(self.documents)
+        for problem in [*check_links(self.documents, texts), *check_pages(self.documents / "manual")]:
+            expect(False, problem)
 
     def check_programs(self, version):
         road = self.documents / "examples" / "road"
@@ -131,8 +155,8 @@ class Installed:
 
     def check_missing_module(self):
         """Only the two places count: not the current folder, nor what lies beside it, nor the search path."""
-        module = self.prefix / "lib" / "jlandxml"
-        away = self.prefix / "lib" / "away"
+        module = self.prefix / self.lib / "jlandxml"
+        away = module.with_name("away")
         module.rename(away)
         folder = planted(self.work)
         environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), WINEPATH=str(folder))
@@ -141,26 +165,52 @@ class Installed:
         away.rename(module)
         expect(status == 3 and err.startswith("モジュールを読み込めません\t"), f"without a module: status {status}: {err}")
 
-    def build_host(self, name):
+    def build_host(self, name, source=None):
+        """A build on Debian finds the package below lib/ and the folder of its own kind of machine, elsewhere it is told."""
         build = self.work / name
-        must(["cmake", "-G", "Ninja", "-S", self.documents / "examples" / name, "-B", build, f"-DCMAKE_PREFIX_PATH={self.prefix}",
-              *(CROSS_BUILD if self.is_windows else [])])
+        must(["cmake", "-G", "Ninja", "-S", source or self.documents / "examples" / name, "-B", build,
+              f"-DCMAKE_PREFIX_PATH={self.prefix}", *(CROSS_BUILD if self.is_windows else []),
+              *([f"-DJLandXmlConvert_DIR={self.prefix}/lib64/cmake/JLandXmlConvert"] if self.lib == "lib64" else [])])
         must(["cmake", "--build", build])
         return build / (name + self.exe)
 
-    def build_host_by_hand(self):
-        """Without CMake: what pkg-config says, or the import library."""
-        source = self.documents / "examples" / "host-c" / "main.c"
-        program = self.work / ("by-hand" + self.exe)
+    def build_hosts_by_page(self):
+        """What the page for makers of hosts tells them to write and to type, as it stands there."""
+        page = documents(self.documents)["docs/hosts.md"]
+        folder = self.work / "by-page"
+        (folder / "bin").mkdir(parents=True)
+        # A shell takes what pkg-config prints apart at blanks, and a person's folder may have some.
+        prefix = folder / "prefix"
+        prefix.symlink_to(self.prefix)
+        shutil.copy(self.documents / "examples" / "host-c" / "main.c", folder)
+        (folder / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.21)\nproject(Host C)\nadd_executable(host main.c)\n" +
+                                               "".join(code for language, code in blocks(page) if language == "cmake"))
         if self.is_windows:
-            must(["x86_64-w64-mingw32-gcc-posix", "-municode", source, "-I", self.prefix / "include",
-                  self.prefix / "lib" / "jlandxml" / "libJLandXmlConvert.dll.a", "-o", program])
-            shutil.copy(self.prefix / "lib" / "jlandxml" / "JLandXmlConvert.dll", self.work)
-            return program
-        environment = dict(os.environ, PKG_CONFIG_PATH=str(self.prefix / "lib" / "pkgconfig"))
-        flags = shlex.split(must(["pkg-config", "--cflags", "--libs", "jlandxmlconvert"], env=environment))
-        must(["cc", source, *flags, "-o", program])
-        return program
+            (folder / "bin" / "gcc").symlink_to(shutil.which("x86_64-w64-mingw32-gcc-posix"))
+            shutil.copy(self.prefix / self.lib / "jlandxml" / "JLandXmlConvert.dll", folder)
+        else:
+            yield self.build_host("host", folder)
+        environment = dict(os.environ, PATH=f"{folder / 'bin'}:{os.environ['PATH']}",
+                           PKG_CONFIG_PATH=str(self.place(prefix, "{lib}/pkgconfig/jlandxmlconvert.pc").parent))
+        commands = [code for language, code in blocks(page) if language == ("sh windows" if self.is_windows else "sh")]
+        expect(commands, "the page for hosts has no commands")
+        for command in commands:
+            must(["bash", "-ec", command.replace("PREFIX", "prefix")], cwd=folder, env=environment)
+            yield folder / ("host" + self.exe)
+
+    def try_host_by_page(self):
+        """The steps in which the page has a host tried."""
+        commands = re.findall(r"`(jlandxml-convert FOLDER [^`]*)`", documents(self.documents)["docs/hosts.md"])
+        expect(len(commands) == 3, f"the page for hosts has the commands {commands}")
+        folder = self.work / "tried"
+        shutil.copytree(self.documents / "examples" / "road", folder / "FOLDER")
+        (folder / "FOLDER" / "settings.json").rename(folder / "settings.json")
+        for command in commands:
+            name, *arguments = shlex.split(command)
+            process = subprocess.Popen(self.program(name) + arguments, cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+            if "--dialog" in arguments:
+                close_dialog(process, command)
+            finish(process, command)
 
     def run_host(self, program):
         process = subprocess.Popen(self.emulator + [str(program), str(self.documents / "examples" / "road"), "1"], cwd=self.work,
@@ -176,9 +226,8 @@ class Installed:
         if own:
             press("space", own)
             close_dialog(process, "host-qt")
-            output(["xdotool", "windowclose", own])
-            process.terminate()
-            process.wait()
+            press("ctrl+q", own)
+        finish(process, "host-qt", "The dialog was closed.")
 
 
 def planted(work):
@@ -194,26 +243,66 @@ def planted(work):
 def use(prefix, work, version, emulator=""):
     """All that is done with what is installed."""
     installed = Installed(prefix, emulator, work)
+    installed.check_files()
+    installed.check_documents()
     installed.check_programs(version)
     installed.open_dialog()
     installed.check_missing_module()
     installed.run_host(installed.build_host("host-c"))
-    installed.run_host(installed.build_host_by_hand())
+    for host in installed.build_hosts_by_page():
+        installed.run_host(host)
+    installed.try_host_by_page()
     if not installed.is_windows:
         installed.run_host_with_windows(installed.build_host("host-qt"))
+
+
+def install(build, source, work, emulator=""):
+    must(["cmake", "--install", build, "--prefix", work / "first"])
+    # What is found is found from where it lies.
+    prefix = (work / "first").rename(work / "installed tree")
+    version = re.search(r"project\(JLandXmlConvert VERSION (\S+)", (source / "CMakeLists.txt").read_text()).group(1)
+    use(prefix, work, version, emulator)
+
+
+# How packagers name the folder of libraries: below the prefix or whole, and the documents with the one or the other.
+FOLDERS = {"lib64": ["-DCMAKE_INSTALL_LIBDIR=lib64", "-DCMAKE_INSTALL_DOCDIR=share/doc/packages/converter"],
+           "lib/x86_64-linux-gnu": ["-DCMAKE_INSTALL_LIBDIR=/usr/lib/x86_64-linux-gnu",
+                                    "-DCMAKE_INSTALL_DOCDIR:PATH=/usr/share/doc/packages/converter"]}
+
+
+def install_in_folders(built, source, work):
+    """What was built is installed by builds that are set up for other folders."""
+    for lib, options in FOLDERS.items():
+        place = work / lib.replace("/", "-")
+        build = place / "build"
+        must(["cmake", "-G", "Ninja", "-S", source, "-B", build, "-DCMAKE_BUILD_TYPE=Release", "-DJLANDXML_TESTS=OFF",
+              "-DCMAKE_INSTALL_PREFIX=/usr", *options])
+        shutil.copytree(built / "manual", build / "manual", dirs_exist_ok=True)
+        for path in [*(built / "src").glob("jlandxml-*"), *(built / "src").glob("libJLandXmlConvert.so*")]:
+            shutil.copy(path, build / "src", follow_symlinks=False)
+        must(["cmake", "--install", build], env=dict(os.environ, DESTDIR=str(place / "root")))
+        expect([path.name for path in (place / "root").iterdir()] == ["usr"], f"{lib}: something is installed elsewhere")
+
+        (place / "work").mkdir()
+        installed = Installed(place / "root" / "usr", "", place / "work", lib, "share/doc/packages/converter")
+        installed.check_files()
+        installed.check_documents()
+        compiled = " ".join(one["command"] for one in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")))
+        expect(f'JLANDXML_MODULE_FOLDER=\\"../{lib}/jlandxml\\"' in compiled, f"{lib}: the module is looked for elsewhere")
+        page = (installed.prefix / "share" / "man" / "man1" / "jlandxml-convert.1").read_text(encoding="utf-8")
+        expect(f"../{lib}/jlandxml" in page, f"{lib}: the manual page names another folder of the module")
+        expect("share/doc/packages/converter" in page, f"{lib}: the manual page names another folder of the documents")
+        for host in installed.build_hosts_by_page():
+            installed.run_host(host)
 
 
 def main(mode, *arguments):
     if mode == "use":
         use(pathlib.Path(arguments[0]).resolve(), empty_folder(arguments[1]), *arguments[2:])
     elif mode == "install":
-        build, source, work = arguments[0], pathlib.Path(arguments[1]), empty_folder(arguments[2])
-        must(["cmake", "--install", build, "--prefix", work / "first"])
-        # What is found is found from where it lies.
-        prefix = (work / "first").rename(work / "installed tree")
-        version = re.search(r"project\(JLandXmlConvert VERSION (\S+)", (source / "CMakeLists.txt").read_text()).group(1)
-        Installed(prefix, *(arguments[3:] or [""]), work).check_files()
-        use(prefix, work, version, *arguments[3:])
+        install(arguments[0], pathlib.Path(arguments[1]), empty_folder(arguments[2]), *arguments[3:])
+    elif mode == "folders":
+        install_in_folders(pathlib.Path(arguments[0]), arguments[1], empty_folder(arguments[2]))
     return 1 if failures else 0
 
 
