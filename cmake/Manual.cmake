@@ -1,5 +1,5 @@
 # The manual as pages for a browser, made of the documents of the repository, with their pictures: target manual_html.
-set(JLANDXML_MANUAL_PAGES manual.ja manual warnings.ja warnings batch hosts)
+set(JLANDXML_MANUAL_PAGES manual.ja manual warnings batch hosts)
 set(JLANDXML_MANUAL_FOLDER ${CMAKE_BINARY_DIR}/manual)
 
 find_program(CMARK_PROGRAM cmark-gfm)

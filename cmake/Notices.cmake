@@ -16,17 +16,19 @@ endfunction()
 set(notices "What lies inside the J-LandXML converter ${PROJECT_VERSION} for ${CMAKE_SYSTEM_NAME}, and the notices of each.\n")
 set(spdx_packages)
 
+set(JLANDXML_NOTICES_DIR ${PROJECT_SOURCE_DIR}/.deps/notices CACHE PATH "A folder with NAME.txt, the notice of a library, for those that have it elsewhere than Debian")
+
 # Adds one library: its name, version, licence as SPDX writes it, and the first of some files that has its notice.
 macro(jlandxml_inside name version licence)
     set(found)
-    foreach(candidate ${ARGN})
+    foreach(candidate ${JLANDXML_NOTICES_DIR}/${name}.txt ${ARGN})
         if(NOT found AND EXISTS ${candidate})
             set(found ${candidate})
         endif()
     endforeach()
     if(NOT found)
         message(STATUS "No notice of ${name}: nothing can be installed")
-        install(CODE "message(FATAL_ERROR \"The notice of ${name} is missing: ${ARGN}\")")
+        install(CODE "message(FATAL_ERROR \"The notice of ${name} is missing: ${ARGN}; see JLANDXML_NOTICES_DIR\")")
     else()
         # As bytes: a notice may hold what CMake takes for a list.
         file(READ ${found} text)

@@ -4,9 +4,9 @@
     documents.py SOURCE CONVERT INSPECT SCRATCH [PAGES]
 
 Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it, and so
-are the examples of the manual pages; what another test runs or nobody can run here is listed below with the reason. A block of JSON that bears a file's name is there as
-that file. Options stand in the manual and both READMEs, links and paths lead somewhere, and blocks of JSON are JSON. PAGES is
-the folder of the manual's pages, where those were made.
+are the examples of the manual pages; what another test runs or nobody can run here is listed below with the reason. A block of
+JSON that bears a file's name is there as that file. Options stand in the manual and both READMEs, links and paths lead
+somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
 """
 
 import json

@@ -25,7 +25,7 @@ PROGRAMS = ["bin/jlandxml-convert{exe}", "bin/jlandxml-inspect{exe}"]
 FOR_HOSTS = ["include/jlandxml/JLandXmlConvert.h", "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfig.cmake",
              "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfigVersion.cmake"]
 DOCUMENTS = ["README.md", "README.ja.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md", "NOTICES.txt", "jlandxml-convert.spdx",
-             "docs/warnings.md", "docs/hosts.md", "docs/images/alignment-linux.png", "manual/manual.ja.html",
+             "docs/warnings.md", "docs/hosts.md", "docs/packages.md", "docs/images/alignment-linux.png", "manual/manual.ja.html",
              "manual/images/alignment-windows.png", "examples/road/settings.json", "examples/bypass/make.py",
              "examples/bypass/settings.json", "examples/host-c/main.c", "examples/host-qt/main.cpp"]
 ON_LINUX = ["{lib}/jlandxml/libJLandXmlConvert.so", "{lib}/jlandxml/libJLandXmlConvert.so.1", "{lib}/pkgconfig/jlandxmlconvert.pc",

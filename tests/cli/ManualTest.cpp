@@ -8,6 +8,7 @@
 #include "support/RunFixture.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -207,17 +208,22 @@ TEST_F(ManualTest, NamesWhatStandsInTheDialog)
     EXPECT_NE(manual.find(Utf8FromWide(convert_dlg::TEMPLATE.caption)), std::string::npos);
 }
 
-TEST_F(ManualTest, QuotesWarningsAsTheyAreTold)
+TEST_F(ManualTest, ListsTheWarningsThatAreTold)
 {
-    std::set<std::string> told;
-    for (const WarningText& warning : WarningTexts())
-    {
-        told.insert(Utf8FromWide(warning.text));
-    }
+    std::map<std::string, std::string> listed;
     for (const std::vector<std::string>& row : RowsOfTables(SectionOfManual("警告と対処")))
     {
-        EXPECT_TRUE(told.contains(row.front())) << row.front();
+        ASSERT_EQ(row.size(), 3U) << row.front();
+        EXPECT_FALSE(row[2].empty()) << row.front();
+        EXPECT_TRUE(listed.emplace(row[0], row[1]).second) << row.front() << " twice";
     }
+    std::map<std::string, std::string> told;
+    for (const WarningText& warning : WarningTexts())
+    {
+        told.emplace("`" + std::string(warning.code) + "`", Utf8FromWide(warning.text));
+    }
+    told.emplace("`setting-skipped`", "設定の誤りの文に（この設定を読み飛ばしました）"); // its text is the error's
+    EXPECT_EQ(listed, told);
 }
 
 TEST_F(ManualTest, ListsTheChecksOfFinishedFiles)

@@ -586,7 +586,7 @@ TEST_F(WarningsOfRuns, TellOfAGroupNameThatTwoRoutesShare)
 
 TEST(WarningTexts, StandInTheManualsInBothLanguages)
 {
-    for (const wchar_t* const manual : {L"/docs/warnings.md", L"/docs/warnings.ja.md"})
+    for (const wchar_t* const manual : {L"/docs/warnings.md", L"/docs/manual.ja.md"})
     {
         const std::string content = ReadWholeFile(std::wstring(JLANDXML_SOURCE_DIR) + manual).value();
         for (const WarningText& row : WarningTexts())
