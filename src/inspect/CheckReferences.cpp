@@ -1,6 +1,7 @@
 #include "inspect/CheckReferences.h"
 
 #include "base/Text.h"
+#include "inspect/AlignmentReferences.h"
 #include "inspect/Angles.h"
 #include "inspect/Names.h"
 #include "inspect/PlaneRectangular.h"
@@ -24,22 +25,6 @@ namespace
 constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
 
 using NameSet = std::unordered_set<std::wstring_view>;
-
-NameSet AlignmentNames(const LandXmlFile& file)
-{
-    NameSet names;
-    ForEachAlignment(file, [&](const Alignment& alignment) { names.insert(alignment.name); });
-    return names;
-}
-
-/// A list of alignments by their names: one name, which may hold blanks, or several with white space between them.
-bool LeadsSomewhere(const NameSet& names, std::wstring_view references)
-{
-    const std::vector<std::wstring_view> words = Words(references);
-    return names.count(Trim(references)) > 0 ||
-           (!words.empty() &&
-            std::all_of(words.begin(), words.end(), [&](std::wstring_view word) { return names.count(word) > 0; }));
-}
 
 /// Reports every name that stands twice among those of one kind.
 class UniqueNames
@@ -158,23 +143,26 @@ bool IsInsideWhenSwapped(const std::optional<int>& zone, const NamedPlace& place
     return zone && IsInZone(*zone, place.east, place.north, ZONE_MARGIN);
 }
 
-/// Where an alignment's points may lie: the box round its main points and what is built beside it.
+/// Where the points of alignments may lie: the box round their main points and what is built beside them.
 class Surroundings
 {
   public:
-    explicit Surroundings(const Alignment& alignment)
+    explicit Surroundings(const std::vector<const Alignment*>& alignments)
     {
-        for (const NamedPlace& place : PlacesOf(alignment).places)
+        for (const Alignment* const alignment : alignments)
         {
-            north_.Take(place.north);
-            east_.Take(place.east);
+            for (const NamedPlace& place : PlacesOf(*alignment).places)
+            {
+                north_.Take(place.north);
+                east_.Take(place.east);
+            }
         }
     }
 
     bool Hold(double north, double east) const
     {
         constexpr double MARGIN = 500;
-        return north >= north_.Smallest() - MARGIN && north <= north_.Largest() + MARGIN &&
+        return !north_.IsEmpty() && north >= north_.Smallest() - MARGIN && north <= north_.Largest() + MARGIN &&
                east >= east_.Smallest() - MARGIN && east <= east_.Largest() + MARGIN;
     }
 
@@ -294,23 +282,25 @@ void ForEachReference(const LandXmlFile& file, Visit&& visit)
 
 void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
 {
-    const NameSet names = AlignmentNames(file);
+    const AlignmentReferences alignments(file);
     const auto check = [&](const std::wstring& object, std::size_t line, std::wstring_view references) {
-        if (!LeadsSomewhere(names, references))
+        if (Trim(references).empty())
         {
-            findings.Report(object, line, references);
+            findings.Report(object, line, Detail(NOT_GIVEN, {}));
+            return;
         }
-    };
-    const auto checkFeature = [&](const std::wstring& object, const std::vector<Feature>& features,
-                                  std::wstring_view name) {
-        if (const Property* const property = FindProperty(features, name, L"alignmentRefs"))
+        for (const std::wstring_view name : alignments.Missing(references))
         {
-            check(object, property->line, property->value);
+            findings.Report(object, line, name);
         }
     };
     for (const PointGroup& group : file.pointGroups)
     {
-        checkFeature(NameOf(group), group.features, group.kind);
+        if (!group.kind.empty())
+        {
+            const Property* const property = FindProperty(group.features, group.kind, L"alignmentRefs");
+            check(NameOf(group), property != nullptr ? property->line : group.line, group.alignmentRefs);
+        }
     }
     for (const Roadway& roadway : file.roadways)
     {
@@ -318,7 +308,11 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
     }
     for (const Surface& surface : file.surfaces)
     {
-        checkFeature(NameOf(surface), surface.features, L"");
+        // A surface need not be of an alignment.
+        if (const Property* const property = FindProperty(surface.features, L"", L"alignmentRefs"))
+        {
+            check(NameOf(surface), property->line, property->value);
+        }
     }
 }
 
@@ -460,16 +454,10 @@ void CheckAxesInOrder(const LandXmlFile& file, Findings& findings)
     const auto report = [&](const auto& one) { ReportPlaces(zone, PlacesOf(one), findings, isWrong); };
     ForEachAlignment(file, report);
     // Near a zone's origin both orders lie in the zone, but only one of them beside the alignment.
-    const auto alignments = AlignmentsByName(file);
+    const AlignmentReferences alignments(file);
     for (const PointGroup& group : file.pointGroups)
     {
-        const auto alignment = alignments.find(group.alignmentRefs);
-        if (alignment == alignments.end())
-        {
-            report(group);
-            continue;
-        }
-        const Surroundings surroundings(*alignment->second);
+        const Surroundings surroundings(alignments.Named(group.alignmentRefs));
         ReportPlaces(zone, PlacesOf(group), findings, [&](const NamedPlace& place) {
             return isWrong(place) ||
                    (!surroundings.Hold(place.north, place.east) && surroundings.Hold(place.east, place.north));

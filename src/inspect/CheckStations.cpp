@@ -1,5 +1,6 @@
 #include "inspect/CheckStations.h"
 
+#include "inspect/AlignmentReferences.h"
 #include "inspect/Angles.h"
 #include "inspect/Course.h"
 #include "inspect/Limits.h"
@@ -96,23 +97,40 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
     return things;
 }
 
-/// Visits every intermediate point whose alignment is there, with the course of that.
+/// How far a point lies from where a course has its station; infinitely far if it has none there.
+double DistanceFrom(const Course& course, const CgPoint& point)
+{
+    double smallest = std::numeric_limits<double>::infinity();
+    for (const Position& place : course.At(point.station.value))
+    {
+        const double distance = Distance(place.north, place.east, point.point.north.value, point.point.east.value);
+        smallest = std::min(smallest, std::isnan(distance) ? smallest : distance);
+    }
+    return smallest;
+}
+
+/// Visits every intermediate point whose alignment is there, with the course of that: of several that the group names,
+/// the one at whose station the point lies nearest.
 template <class Visit>
 void ForEachIntermediatePoint(const LandXmlFile& file, Visit&& visit)
 {
-    const auto alignments = AlignmentsByName(file);
+    const AlignmentReferences references(file);
     std::unordered_map<const Alignment*, Course> courses;
+    const auto courseOf = [&](const Alignment* alignment) -> const Course& {
+        return courses.try_emplace(alignment, *alignment).first->second;
+    };
     for (const PointGroup& group : file.pointGroups)
     {
-        const auto alignment = group.IsIntermediate() ? alignments.find(group.alignmentRefs) : alignments.end();
-        if (alignment == alignments.end())
+        const std::vector<const Alignment*> alignments =
+            group.IsIntermediate() ? references.Named(group.alignmentRefs) : std::vector<const Alignment*>();
+        for (std::size_t index = 0; !alignments.empty() && index < group.points.size(); ++index)
         {
-            continue;
-        }
-        const Course& course = courses.try_emplace(alignment->second, *alignment->second).first->second;
-        for (const CgPoint& point : group.points)
-        {
-            visit(*alignment->second, course, group, point);
+            const CgPoint& point = group.points[index];
+            const Alignment* const nearest =
+                *std::min_element(alignments.begin(), alignments.end(), [&](const auto* first, const auto* second) {
+                    return DistanceFrom(courseOf(first), point) < DistanceFrom(courseOf(second), point);
+                });
+            visit(*nearest, courseOf(nearest), group, point);
         }
     }
 }

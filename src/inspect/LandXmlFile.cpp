@@ -37,13 +37,6 @@ bool DesignCrossSectSurf::HasPlace() const
                        [](const CrossSectPnt& point) { return point.IsOffsetAndHeight(); });
 }
 
-std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file)
-{
-    std::unordered_map<std::wstring_view, const Alignment*> byName;
-    ForEachAlignment(file, [&](const Alignment& alignment) { byName.emplace(alignment.name, &alignment); });
-    return byName;
-}
-
 const ProfAlign* DesignProfile(const Alignment& alignment)
 {
     const std::wstring_view wanted = alignment.crossSects.empty()

@@ -11,7 +11,6 @@
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -452,9 +451,6 @@ void ForEachStationList(const Alignment& alignment, Visit&& visit)
     visit(L"右拡幅", alignment.wideningRight);
     visit(L"横断勾配", alignment.slopes);
 }
-
-/// The alignments by their names; of several of one name the first.
-std::unordered_map<std::wstring_view, const Alignment*> AlignmentsByName(const LandXmlFile& file);
 
 /// The design profile that the cross sections hang on, or the first one; null if there is none.
 const ProfAlign* DesignProfile(const Alignment& alignment);

@@ -66,6 +66,10 @@ constexpr const char* LAST_FACE = "<F>3 6 5</F>";
 constexpr const char* STAKE = "<CgPoint name=\"L-1\">12461.0876 18224.2281";
 constexpr const char* BP = "<Start name=\"BP\">12450.00000000 18230.00000000</Start>";
 
+constexpr const char* FAR_ALIGNMENT =
+    "<Alignment name=\"線形2\" length=\"500\" staStart=\"0\"><CoordGeom><Line length=\"500\"><Start>13000 "
+    "18000</Start><End>13000 18500</End></Line></CoordGeom></Alignment></Alignments>";
+
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
 const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
@@ -217,6 +221,16 @@ const Case CASES[] = {
      L"T07",
      {{POINT, "featureRef=\"2\">12473.0894"}, {"value=\"線形1\"", "value=\" 線形1 \""}},
      {"誤り IntermediatePnts-1／No.2+10.000"}},
+    {"APointOffTheNearestOfSeveralLines",
+     L"T07",
+     {{POINT, "featureRef=\"2\">12473.0894"},
+      {"value=\"線形1\"", "value=\"線形2 線形1\""},
+      {"</Alignments>", FAR_ALIGNMENT}},
+     {"誤り IntermediatePnts-1／No.2+10.000"}},
+    {"PointsOnOneOfSeveralLines",
+     L"T07",
+     {{"value=\"線形1\"", "value=\"線形2 線形1\""}, {"</Alignments>", FAR_ALIGNMENT}},
+     {}},
     {"APointTwentyCentimetresOffTheLine",
      L"T07",
      {{POINT, "featureRef=\"2\">12473.2874"}},
@@ -398,6 +412,18 @@ const Case CASES[] = {
       {"value=\"線形1\"", "value=\"線形 1\""},
       {"value=\"線形1\"", "value=\"線形 1\""},
       {"value=\"線形1\"", "value=\"線形 1\""}},
+     {}},
+    {"PointsOfNoAlignment",
+     L"R01",
+     {{"<Property label=\"alignmentRefs\" value=\"線形1\" />", ""}},
+     {"誤り IntermediatePnts-1"}},
+    {"AMissingAlignmentInAList",
+     L"R01",
+     {{"value=\"線形1\"", "value=\"線形8 線形1 線形9\""}},
+     {"誤り IntermediatePnts-1", "誤り IntermediatePnts-1"}},
+    {"ASurfaceOfNoAlignment",
+     L"R01",
+     {{"<Feature>\n\t\t\t\t<Property label=\"alignmentRefs\" value=\"線形1\" />\n\t\t\t</Feature>", ""}},
      {}},
     {"AMissingFeature", L"R02", {{"featureRef=\"3\"", "featureRef=\"33\""}}, {"誤り IntermediatePnts-1／No.6+10.000"}},
     {"AMissingFeatureOfAMainPoint",
@@ -608,6 +634,11 @@ const TextCase TEXT_CASES[] = {
      L"R03",
      {{"<PI>12547.71076598 18417.70063507</PI>", "<PI name=\"IP.1\" pntRef=\"Q1\"/>"}},
      "pntRefの点がありません（Q1）"},
+    {"AMissingAlignmentOfAList",
+     L"R01",
+     {{"alignmentRefs=\"線形1\"", "alignmentRefs=\"線形1 線形9\""}},
+     "alignmentRefsの線形がありません（線形9）"},
+    {"NoReference", L"R01", {{"alignmentRefs=\"線形1\"", ""}}, "alignmentRefsの線形がありません（指定なし）"},
     {"ADatum",
      L"R11",
      {{"<Property label=\"differTP\" value=\"0.0000\" />", ""}, {"verticalDatum=\"T.P\"", "verticalDatum=\"A.P\""}},
