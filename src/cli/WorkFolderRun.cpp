@@ -398,7 +398,7 @@ ToldLine CheckLine(const inspect::Finding& finding, const std::wstring& file)
     std::wstring text = inspect::FindingLine(finding);
     text.pop_back(); // its line feed
     ToldLine line = PlainLine("check", std::move(text));
-    line.object = finding.object;
+    line.object = finding.object.japanese;
     line.file = file;
     if (finding.line > 0)
     {

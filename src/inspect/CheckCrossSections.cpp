@@ -50,20 +50,20 @@ void ForEachDesignSurface(const LandXmlFile& file, Visit&& visit)
     });
 }
 
-std::wstring SectionName(const Alignment& alignment, const CrossSect& section)
+Detail SectionName(const Alignment& alignment, const CrossSect& section)
 {
     return Path(NameOf(alignment), NameOf(section));
 }
 
-std::wstring SurfaceName(const Alignment& alignment, const CrossSect& section, const DesignCrossSectSurf& surface)
+Detail SurfaceName(const Alignment& alignment, const CrossSect& section, const DesignCrossSectSurf& surface)
 {
-    std::wstring name = NameOr(surface.name, L"（名称のない構築形状）");
+    Detail name = NameOr(surface.name, Sentence{L"（名称のない構築形状）", L"(design surface without a name)"});
     const std::wstring_view pavement = PropertyValue(surface.features, L"", L"pavementClass");
     for (const std::wstring_view part : {surface.side, pavement})
     {
         if (!part.empty())
         {
-            name.append(L" ").append(part);
+            name = name + L" " + part;
         }
     }
     return Path(SectionName(alignment, section), name);
@@ -213,9 +213,9 @@ double Overlap(const Outline& first, const Outline& second)
     return largest;
 }
 
-std::wstring SuperelevationName(const Alignment& alignment, const Superelevation& one)
+Detail SuperelevationName(const Alignment& alignment, const Superelevation& one)
 {
-    return Path(NameOf(alignment), L"片勾配すりつけ " + std::wstring(one.staStart.text));
+    return Path(NameOf(alignment), {{L"片勾配すりつけ {}", L"Superelevation {}"}, {one.staStart.text}});
 }
 
 /// Says of two stations of a transition that the second doesn't lie behind the first.
@@ -281,7 +281,7 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
 void CheckStationLists(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        ForEachStationList(alignment, [&](const wchar_t* name, const std::vector<StationEntry>& list) {
+        ForEachStationList(alignment, [&](const Sentence& name, const std::vector<StationEntry>& list) {
             double last = -std::numeric_limits<double>::infinity();
             for (const StationEntry& entry : list)
             {
@@ -436,8 +436,8 @@ void CheckGroundNames(const LandXmlFile& file, Findings& findings)
             {
                 if (names.count(ground.name) == 0)
                 {
-                    findings.Report(Path(NameOf(alignment), L"縦断地盤線 " + std::wstring(ground.name)), ground.line,
-                                    ground.name);
+                    findings.Report(Path(NameOf(alignment), {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}}),
+                                    ground.line, ground.name);
                 }
             }
         }

@@ -13,12 +13,13 @@ namespace jlandxml::inspect
 namespace
 {
 
-std::wstring NameOf(const Alignment& alignment, const ProfAlign& design)
+Detail NameOf(const Alignment& alignment, const ProfAlign& design)
 {
-    return Path(NameOf(alignment), L"縦断線形 " + NameOr(design.name, L"（名称なし）"));
+    return Path(NameOf(alignment),
+                {{L"縦断線形 {}", L"Profile {}"}, {NameOr(design.name, Sentence{L"（名称なし）", L"(no name)"})}});
 }
 
-std::wstring PointName(const Alignment& alignment, const ProfAlign& design, const ProfilePoint& point)
+Detail PointName(const Alignment& alignment, const ProfAlign& design, const ProfilePoint& point)
 {
     return Path(NameOf(alignment, design),
                 std::wstring(point.element->kind) + L" " + std::wstring(point.element->station.text));
@@ -42,7 +43,7 @@ void ForEachDesign(const LandXmlFile& file, Visit&& visit)
 class RisingStations
 {
   public:
-    RisingStations(Findings& findings, std::wstring name) : findings_(findings), name_(std::move(name)) {}
+    RisingStations(Findings& findings, Detail name) : findings_(findings), name_(std::move(name)) {}
 
     void Take(const Figure& station, std::size_t line)
     {
@@ -55,7 +56,7 @@ class RisingStations
 
   private:
     Findings& findings_;
-    std::wstring name_;
+    Detail name_;
     double last_ = -std::numeric_limits<double>::infinity();
 };
 
@@ -85,7 +86,8 @@ void CheckProfileStations(const LandXmlFile& file, Findings& findings)
         {
             for (const ProfSurf& ground : profile.grounds)
             {
-                RisingStations stations(findings, Path(NameOf(alignment), L"縦断地盤線 " + std::wstring(ground.name)));
+                RisingStations stations(
+                    findings, Path(NameOf(alignment), {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}}));
                 for (const PairList& list : ground.lists)
                 {
                     for (const FigurePair& pair : list.pairs)

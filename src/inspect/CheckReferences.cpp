@@ -23,6 +23,7 @@ namespace
 {
 
 constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
+constexpr Sentence COORDINATE_SYSTEM{L"座標参照系", L"Coordinate system"};
 
 using NameSet = std::unordered_set<std::wstring_view>;
 
@@ -30,19 +31,19 @@ using NameSet = std::unordered_set<std::wstring_view>;
 class UniqueNames
 {
   public:
-    UniqueNames(Findings& findings, std::wstring kind) : findings_(findings), kind_(std::move(kind)) {}
+    UniqueNames(Findings& findings, Detail kind) : findings_(findings), kind_(std::move(kind)) {}
 
     void Take(std::wstring_view name, std::size_t line)
     {
         if (!name.empty() && !names_.insert(name).second)
         {
-            findings_.Report(kind_ + L" " + std::wstring(name), line);
+            findings_.Report(kind_ + L" " + name, line);
         }
     }
 
   private:
     Findings& findings_;
-    std::wstring kind_;
+    Detail kind_;
     NameSet names_;
 };
 
@@ -68,7 +69,7 @@ std::optional<int> ZoneOf(const LandXmlFile& file)
 /// A place in the plane with the element that it belongs to.
 struct NamedPlace
 {
-    std::wstring name;
+    Detail name;
     std::size_t line;
     double north;
     double east;
@@ -79,10 +80,10 @@ struct NamedPlace
 /// The places of an alignment, of a group of points or of a surface.
 struct PlacesOfOne
 {
-    std::wstring name;
+    Detail name;
     std::vector<NamedPlace> places;
 
-    void Add(std::wstring place, const PlanPoint& point)
+    void Add(Detail place, const PlanPoint& point)
     {
         if (point.IsPlaced())
         {
@@ -122,8 +123,8 @@ PlacesOfOne PlacesOf(const Surface& surface)
         const FarthestPoint& one = surface.farthest[side];
         if (!one.northText.empty() && std::isfinite(one.point.north) && std::isfinite(one.point.east))
         {
-            all.places.push_back({Path(NameOf(surface), L"点 " + std::to_wstring(one.point.id)), one.point.line,
-                                  one.point.north, one.point.east, one.northText, one.eastText});
+            all.places.push_back({Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(one.point.id)}}),
+                                  one.point.line, one.point.north, one.point.east, one.northText, one.eastText});
         }
     }
     return all;
@@ -182,7 +183,7 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     {
         if (isWrong(place))
         {
-            names.insert(place.name);
+            names.insert(place.name.japanese);
             first = first != nullptr ? first : &place;
         }
     }
@@ -193,17 +194,15 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     const bool areMore = names.size() > 1;
     const Sentence words = areMore ? Sentence{L"X {}、Y {}、{}、ほか{}か所", L"X {}, Y {}, {}, and {} more places"}
                                    : Sentence{L"X {}、Y {}、{}", L"X {}, Y {}, {}"};
-    const Detail system = zone ? Detail({L"第{}系", L"zone {}"}, {std::to_wstring(*zone)}) : Detail(NOT_GIVEN, {});
+    const Detail system = zone ? Detail({L"第{}系", L"zone {}"}, {std::to_wstring(*zone)}) : Detail(NOT_GIVEN);
     const std::wstring north = NameOr(first->northText, ShortNumber(first->north));
     const std::wstring east = NameOr(first->eastText, ShortNumber(first->east));
     const std::wstring more = std::to_wstring(names.size() - 1);
-    Detail detail(words, {north, east, system.japanese, more});
-    detail.english = Detail(words, {north, east, system.english, more}).english;
-    findings.Report(areMore ? all.name : first->name, first->line, detail);
+    findings.Report(areMore ? all.name : first->name, first->line, {words, {north, east, system, more}});
 }
 
 /// Says of an angle in degrees, minutes and seconds that it is none.
-void CheckAngle(Findings& findings, const std::wstring& object, std::size_t line, const Figure& angle)
+void CheckAngle(Findings& findings, const Detail& object, std::size_t line, const Figure& angle)
 {
     const std::optional<DegreesMinutesSeconds> parts = ReadDegreesMinutesSeconds(angle.text);
     if (parts && (parts->minutes >= 60 || parts->seconds >= 60))
@@ -221,10 +220,10 @@ struct Reference
     std::wstring_view featureRef;
     std::wstring_view ownName;
     std::size_t line;
-    std::function<std::wstring()> object;
+    std::function<Detail()> object;
 };
 
-Reference ReferenceOf(const PlanPoint& point, std::function<std::wstring()> object)
+Reference ReferenceOf(const PlanPoint& point, std::function<Detail()> object)
 {
     return {point.pntRef, point.featureRef, point.name, point.line, std::move(object)};
 }
@@ -283,10 +282,10 @@ void ForEachReference(const LandXmlFile& file, Visit&& visit)
 void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
 {
     const AlignmentReferences alignments(file);
-    const auto check = [&](const std::wstring& object, std::size_t line, std::wstring_view references) {
+    const auto check = [&](const Detail& object, std::size_t line, std::wstring_view references) {
         if (Trim(references).empty())
         {
-            findings.Report(object, line, Detail(NOT_GIVEN, {}));
+            findings.Report(object, line, Detail(NOT_GIVEN));
             return;
         }
         for (const std::wstring_view name : alignments.Missing(references))
@@ -405,8 +404,8 @@ void CheckHorizontalDatum(const LandXmlFile& file, Findings& findings)
         file.coordinateSystem ? file.coordinateSystem->horizontalDatum : std::wstring_view();
     if (std::find(std::begin(HORIZONTAL_DATUMS), std::end(HORIZONTAL_DATUMS), datum) == std::end(HORIZONTAL_DATUMS))
     {
-        findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
-                        datum.empty() ? Detail(NOT_GIVEN, {}) : Detail(datum));
+        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem ? file.coordinateSystem->line : 0,
+                        datum.empty() ? Detail(NOT_GIVEN) : Detail(datum));
     }
 }
 
@@ -415,8 +414,8 @@ void CheckZone(const LandXmlFile& file, Findings& findings)
     if (!ZoneOf(file))
     {
         const std::wstring_view name = file.coordinateSystem ? file.coordinateSystem->zoneName : std::wstring_view();
-        findings.Report(L"座標参照系", file.coordinateSystem ? file.coordinateSystem->line : 0,
-                        name.empty() ? Detail(NOT_GIVEN, {}) : Detail(name));
+        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem ? file.coordinateSystem->line : 0,
+                        name.empty() ? Detail(NOT_GIVEN) : Detail(name));
     }
 }
 
@@ -427,7 +426,7 @@ void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
         file.coordinateSystem ? ZoneInDescription(file.coordinateSystem->desc) : std::nullopt;
     if (zone && described && *zone != *described)
     {
-        findings.Report(L"座標参照系", file.coordinateSystem->line,
+        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem->line,
                         {{L"第{}系、説明は第{}系", L"zone {}, described as zone {}"},
                          {std::to_wstring(*zone), std::to_wstring(*described)}});
     }
@@ -515,12 +514,12 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
     }
     if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
     {
-        findings.Report(L"座標参照系", system.line,
+        findings.Report(COORDINATE_SYSTEM, system.line,
                         {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}});
     }
     else if (nearest != nullptr)
     {
-        findings.Measure(L"座標参照系", system.line, differTp, nearest->differTp, system.verticalDatum);
+        findings.Measure(COORDINATE_SYSTEM, system.line, differTp, nearest->differTp, system.verticalDatum);
     }
 }
 
@@ -528,9 +527,9 @@ void CheckMetric(const LandXmlFile& file, Findings& findings)
 {
     if (!file.units || file.units->system != L"Metric" || file.units->linear != L"meter")
     {
-        findings.Report(L"単位系", file.units ? file.units->line : 0,
+        findings.Report(Sentence{L"単位系", L"Units"}, file.units ? file.units->line : 0,
                         file.units ? Detail(std::wstring(file.units->system) + L" " + std::wstring(file.units->linear))
-                                   : Detail(NOT_GIVEN, {}));
+                                   : Detail(NOT_GIVEN));
     }
 }
 
@@ -598,7 +597,7 @@ void CheckEncoding(const LandXmlFile& file, Findings& findings)
 {
     if (file.hasMalformedText)
     {
-        findings.Report(L"ファイル", 1);
+        findings.Report(Sentence{L"ファイル", L"File"}, 1);
     }
 }
 

@@ -16,7 +16,7 @@ constexpr Sentence NOTHING{L"なし", L"none"};
 
 Detail OrNothing(const std::wstring& text)
 {
-    return text.empty() ? Detail(NOTHING, {}) : Detail(text);
+    return text.empty() ? Detail(NOTHING) : Detail(text);
 }
 
 std::wstring Coordinates(const PlanPoint& point)

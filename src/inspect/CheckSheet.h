@@ -12,8 +12,8 @@ namespace jlandxml::inspect
 /// A line of the check sheet on which road engineers tick off that design data agree with the drawings.
 struct CheckSheetRow
 {
-    Sentence subject;       ///< 基準点, 平面線形, 縦断線形 or 横断形状
-    std::wstring alignment; ///< of which; empty: of the file
+    Sentence subject; ///< 基準点, 平面線形, 縦断線形 or 横断形状
+    Detail alignment; ///< of which; empty: of the file
     Sentence what;
     Detail value; ///< what the file has
 };

@@ -35,28 +35,34 @@ std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)
     return equations;
 }
 
-std::wstring EquationName(const Alignment& alignment, const StaEquation& equation)
+Detail EquationName(const Alignment& alignment, const StaEquation& equation)
 {
-    return Path(NameOf(alignment), L"測点定義 " + std::wstring(equation.internal.text));
+    return Path(NameOf(alignment), {{L"測点定義 {}", L"Station equation {}"}, {equation.internal.text}});
 }
 
 /// A station with what lies there.
 struct PlacedThing
 {
-    std::wstring name;
+    Detail name;
     Figure station;
     std::size_t line;
 };
+
+/// A station of a superelevation under its name in the file.
+Detail SuperelevationStation(std::wstring_view kind)
+{
+    return {{L"片勾配すりつけ {}", L"Superelevation {}"}, {kind}};
+}
 
 void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& things)
 {
     for (const Superelevation& one : alignment.superelevations)
     {
-        things.push_back({L"片勾配すりつけ staStart", one.staStart, one.line});
-        things.push_back({L"片勾配すりつけ staEnd", one.staEnd, one.line});
+        things.push_back({SuperelevationStation(L"staStart"), one.staStart, one.line});
+        things.push_back({SuperelevationStation(L"staEnd"), one.staEnd, one.line});
         for (const TransitionStation& station : one.stations)
         {
-            things.push_back({L"片勾配すりつけ " + std::wstring(station.kind), station.station, station.line});
+            things.push_back({SuperelevationStation(station.kind), station.station, station.line});
         }
         for (const Feature& feature : one.features)
         {
@@ -64,8 +70,7 @@ void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& th
             {
                 if (property.label == L"sta")
                 {
-                    things.push_back(
-                        {L"片勾配すりつけ " + std::wstring(feature.name), ReadFigure(property.value), property.line});
+                    things.push_back({SuperelevationStation(feature.name), ReadFigure(property.value), property.line});
                 }
             }
         }
@@ -78,7 +83,7 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
     std::vector<PlacedThing> things;
     for (const StaEquation& equation : alignment.equations)
     {
-        things.push_back({L"測点定義", equation.internal, equation.line});
+        things.push_back({Sentence{L"測点定義", L"Station equation"}, equation.internal, equation.line});
     }
     for (const CrossSects& sects : alignment.crossSects)
     {
@@ -88,7 +93,7 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
         }
     }
     AddSuperelevations(alignment, things);
-    ForEachStationList(alignment, [&](const wchar_t* name, const std::vector<StationEntry>& list) {
+    ForEachStationList(alignment, [&](const Sentence& name, const std::vector<StationEntry>& list) {
         for (const StationEntry& entry : list)
         {
             things.push_back({name, entry.Station(), entry.line});
@@ -261,7 +266,9 @@ void CheckStationsWithin(const LandXmlFile& file, Findings& findings)
     });
     ForEachIntermediatePoint(
         file, [&](const Alignment& alignment, const Course& course, const PointGroup&, const CgPoint& point) {
-            CheckWithin(alignment, course, {L"中間点 " + NameOf(point), point.station, point.point.line}, findings);
+            CheckWithin(alignment, course,
+                        {{{L"中間点 {}", L"Intermediate point {}"}, {NameOf(point)}}, point.station, point.point.line},
+                        findings);
         });
 }
 

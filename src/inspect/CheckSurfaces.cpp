@@ -12,19 +12,19 @@ namespace jlandxml::inspect
 namespace
 {
 
-std::wstring FaceName(const Surface& surface, const SurfaceFace& face)
+Detail FaceName(const Surface& surface, const SurfaceFace& face)
 {
     std::wstring corners;
     for (std::size_t corner = 0; corner < std::min<std::size_t>(face.cornerCount, face.corners.size()); ++corner)
     {
         corners += L" " + std::to_wstring(face.corners[corner]);
     }
-    return Path(NameOf(surface), L"面" + corners);
+    return Path(NameOf(surface), {{L"面{}", L"Face{}"}, {corners}});
 }
 
-std::wstring PointName(const Surface& surface, const SurfacePoint& point)
+Detail PointName(const Surface& surface, const SurfacePoint& point)
 {
-    return Path(NameOf(surface), L"点 " + std::to_wstring(point.id));
+    return Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(point.id)}});
 }
 
 bool IsPlaced(const SurfacePoint& point)
@@ -144,9 +144,10 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
         SurfaceEdges(surface).ForEach([&](std::uint32_t first, std::uint32_t second, std::size_t faces) {
             if (faces > 2)
             {
-                findings.Report(Path(NameOf(surface), L"辺 " + std::to_wstring(surface.points[first].id) + L" " +
-                                                          std::to_wstring(surface.points[second].id)),
-                                surface.line, {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}});
+                const std::wstring from = std::to_wstring(surface.points[first].id);
+                const std::wstring to = std::to_wstring(surface.points[second].id);
+                findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}), surface.line,
+                                {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}});
             }
         });
     }

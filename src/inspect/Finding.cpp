@@ -37,22 +37,6 @@ std::wstring InBrackets(const wchar_t* text, std::array<const wchar_t*, 3> marks
                        : open + detail + (detail.empty() || figures.empty() ? L"" : comma) + figures + close);
 }
 
-std::wstring Filled(std::wstring_view words, std::initializer_list<std::wstring_view> values)
-{
-    std::wstring text;
-    for (const std::wstring_view value : values)
-    {
-        const std::size_t place = words.find(L"{}");
-        if (place == std::wstring_view::npos)
-        {
-            break;
-        }
-        text.append(words.substr(0, place)).append(value);
-        words.remove_prefix(place + 2);
-    }
-    return text.append(words);
-}
-
 } // namespace
 
 std::wstring ShortNumber(double value, int decimals)
@@ -65,11 +49,6 @@ std::wstring ShortNumber(double value, int decimals)
     }
     return text == L"-0" ? L"0" : text;
 }
-
-Detail::Detail(Sentence words, std::initializer_list<std::wstring_view> values)
-    : japanese(Filled(words.japanese, values)),
-      english(Filled(words.english, values))
-{}
 
 void Findings::Run(const Check& check, const LandXmlFile& file)
 {
@@ -85,7 +64,7 @@ void Findings::Run(const Check& check, const LandXmlFile& file)
     }
 }
 
-void Findings::Add(Severity severity, const Detail& detail, const Detail& figures, std::wstring object,
+void Findings::Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object,
                    std::size_t line, std::optional<double> value, std::optional<double> expected,
                    std::optional<double> tolerance)
 {
@@ -96,13 +75,13 @@ void Findings::Add(Severity severity, const Detail& detail, const Detail& figure
     }
     all_.push_back({check_, severity,
                     InBrackets(check_->text.japanese, {L"（", L"、", L"）"}, detail.japanese, figures.japanese),
-                    InBrackets(check_->text.english, {L" (", L", ", L")"}, detail.english, figures.english),
-                    std::move(object), line, value, expected, tolerance});
+                    InBrackets(check_->text.english, {L" (", L", ", L")"}, detail.english, figures.english), object,
+                    line, value, expected, tolerance});
 }
 
-void Findings::Report(std::wstring object, std::size_t line, const Detail& detail)
+void Findings::Report(const Detail& object, std::size_t line, const Detail& detail)
 {
-    Add(check_->severity, detail, {}, std::move(object), line);
+    Add(check_->severity, detail, {}, object, line);
 }
 
 std::optional<Severity> Findings::Grade(double deviation, Severity highest, double& tolerance) const
@@ -119,7 +98,7 @@ std::optional<Severity> Findings::Grade(double deviation, Severity highest, doub
     return std::min({grade, highest, check_->severity});
 }
 
-void Findings::Measure(std::wstring object, std::size_t line, const Figure& value, double expected,
+void Findings::Measure(const Detail& object, std::size_t line, const Figure& value, double expected,
                        const Detail& detail, Severity highest)
 {
     double tolerance = 0;
@@ -130,11 +109,11 @@ void Findings::Measure(std::wstring object, std::size_t line, const Figure& valu
         const Detail figures({L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
                              {WithUnit(TextOf(value), unit), WithUnit(expected, unit), WithUnit(difference, unit),
                               WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, std::move(object), line, value.value, expected, tolerance);
+        Add(*severity, detail, figures, object, line, value.value, expected, tolerance);
     }
 }
 
-void Findings::MeasureRatio(std::wstring object, std::size_t line, const Figure& value, double expected,
+void Findings::MeasureRatio(const Detail& object, std::size_t line, const Figure& value, double expected,
                             const Detail& detail)
 {
     double tolerance = 0;
@@ -144,11 +123,11 @@ void Findings::MeasureRatio(std::wstring object, std::size_t line, const Figure&
         const Detail figures(
             {L"値 {}、計算 {}、差の割合 {}、許容 {}", L"value {}, computed {}, off by a ratio of {}, tolerance {}"},
             {TextOf(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
-        Add(*severity, detail, figures, std::move(object), line, value.value, expected, tolerance);
+        Add(*severity, detail, figures, object, line, value.value, expected, tolerance);
     }
 }
 
-void Findings::MeasureGap(std::wstring object, std::size_t line, double gap, const Detail& detail, Severity highest)
+void Findings::MeasureGap(const Detail& object, std::size_t line, double gap, const Detail& detail, Severity highest)
 {
     double tolerance = 0;
     if (const std::optional<Severity> severity = Grade(gap, highest, tolerance))
@@ -156,7 +135,7 @@ void Findings::MeasureGap(std::wstring object, std::size_t line, double gap, con
         const wchar_t* const unit = check_->tolerance->unit;
         const Detail figures({L"差 {}、許容 {}", L"difference {}, tolerance {}"},
                              {WithUnit(gap, unit), WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, std::move(object), line, gap, 0.0, tolerance);
+        Add(*severity, detail, figures, object, line, gap, 0.0, tolerance);
     }
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "inspect/Figure.h"
+#include "inspect/Wording.h"
 
 #include <array>
 #include <cstddef>
-#include <initializer_list>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace jlandxml::inspect
@@ -39,29 +38,6 @@ struct Tolerance
     const wchar_t* unit; ///< "" for a ratio
 };
 
-/// What is said, in both languages of the report. On the command line it is Japanese.
-struct Sentence
-{
-    const wchar_t* japanese;
-    const wchar_t* english;
-};
-
-/// What is said of one element behind the check's own text, in both languages: words of ours, or figures and names of
-/// the file, which are the same in both.
-struct Detail
-{
-    std::wstring japanese;
-    std::wstring english;
-
-    Detail() = default;
-    Detail(std::wstring_view text) : japanese(text), english(text) {}
-    Detail(const std::wstring& text) : japanese(text), english(text) {}
-    Detail(const wchar_t* text) : japanese(text), english(text) {}
-
-    /// Words in which each {} stands for one of the values, in their order; values beyond them aren't said.
-    Detail(Sentence words, std::initializer_list<std::wstring_view> values);
-};
-
 /// One thing that files are judged by.
 struct Check
 {
@@ -81,7 +57,7 @@ struct Finding
     Severity severity;
     std::wstring text;
     std::wstring english; ///< the same for the report's switch
-    std::wstring object;  ///< the element by names that a person knows
+    Detail object;        ///< the element by names that a person knows
     std::size_t line;     ///< 0: of the file as a whole
     std::optional<double> value;
     std::optional<double> expected;
@@ -99,29 +75,29 @@ class Findings
     static constexpr std::size_t LARGEST_COUNT = 200;
 
     /// Says the check's text of an element, with a detail behind it.
-    void Report(std::wstring object, std::size_t line, const Detail& detail = {});
+    void Report(const Detail& object, std::size_t line, const Detail& detail = {});
 
     /// Counts what is said of so many elements more that aren't told one by one, behind LARGEST_COUNT that are.
     void CountMore(std::size_t count) { count_ += count; }
 
     /// Says it if a figure is further off than the check tolerates, never above `highest`. A figure or an expectation
     /// that isn't finite says nothing. The figure is told in the file's own text, if it has one.
-    void Measure(std::wstring object, std::size_t line, const Figure& value, double expected, const Detail& detail = {},
-                 Severity highest = Severity::Error);
+    void Measure(const Detail& object, std::size_t line, const Figure& value, double expected,
+                 const Detail& detail = {}, Severity highest = Severity::Error);
 
     /// Says it if the part of `expected` by which a figure differs from it is larger than the check tolerates.
-    void MeasureRatio(std::wstring object, std::size_t line, const Figure& value, double expected,
+    void MeasureRatio(const Detail& object, std::size_t line, const Figure& value, double expected,
                       const Detail& detail = {});
 
     /// Says it if what should be nothing is more than the check tolerates.
-    void MeasureGap(std::wstring object, std::size_t line, double gap, const Detail& detail = {},
+    void MeasureGap(const Detail& object, std::size_t line, double gap, const Detail& detail = {},
                     Severity highest = Severity::Error);
 
     const std::vector<Finding>& All() const { return all_; }
 
   private:
     std::optional<Severity> Grade(double deviation, Severity highest, double& tolerance) const;
-    void Add(Severity severity, const Detail& detail, const Detail& figures, std::wstring object, std::size_t line,
+    void Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object, std::size_t line,
              std::optional<double> value = {}, std::optional<double> expected = {},
              std::optional<double> tolerance = {});
 

@@ -76,6 +76,17 @@ Html& Html::Number(double value, int decimals)
 Html& Html::Words(std::string_view tag, std::wstring_view japanese, std::wstring_view english)
 {
     Raw("<").Raw(tag).Raw(" data-en=\"").Text(english).Raw("\">").Text(japanese);
+    return Close(tag);
+}
+
+Html& Html::Words(std::string_view tag, const Detail& text)
+{
+    return text.japanese == text.english ? Raw("<").Raw(tag).Raw(">").Text(text.japanese).Close(tag)
+                                         : Words(tag, text.japanese, text.english);
+}
+
+Html& Html::Close(std::string_view tag)
+{
     return Raw("</").Raw(tag.substr(0, tag.find(' '))).Raw(">");
 }
 

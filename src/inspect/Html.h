@@ -1,7 +1,8 @@
 #pragma once
 
+#include "inspect/Wording.h"
+
 #include <cstddef>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,10 +28,16 @@ class Html
     /// hold texts of a file.
     Html& Words(std::string_view tag, std::wstring_view japanese, std::wstring_view english);
 
+    /// The same of a text that has both of itself; without the switch where they are the same.
+    Html& Words(std::string_view tag, const Detail& text);
+
     std::size_t Size() const { return page_.size(); }
     std::string Take() { return std::move(page_); }
 
   private:
+    /// Ends an element that was begun with a tag and attributes.
+    Html& Close(std::string_view tag);
+
     std::string page_;
 };
 

@@ -31,6 +31,14 @@ std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstri
     return property != nullptr ? property->value : std::wstring_view();
 }
 
+bool HasPlace(const std::vector<PairList>& lists)
+{
+    return std::any_of(lists.begin(), lists.end(), [](const PairList& list) {
+        return std::any_of(list.pairs.begin(), list.pairs.end(),
+                           [](const FigurePair& pair) { return pair.IsPlaced(); });
+    });
+}
+
 bool DesignCrossSectSurf::HasPlace() const
 {
     return std::all_of(points.begin(), points.end(),

@@ -4,6 +4,7 @@
 #include "inspect/PointIndex.h"
 #include "inspect/SchemaValidation.h"
 #include "inspect/SourceText.h"
+#include "inspect/Wording.h"
 
 #include <array>
 #include <memory>
@@ -67,6 +68,8 @@ struct FigurePair
 {
     Figure first;
     Figure second;
+
+    bool IsPlaced() const { return first.IsFinite() && second.IsFinite(); }
 };
 
 /// A list of pairs, such as a ground line. A gap in the line parts it into several lists.
@@ -83,6 +86,9 @@ enum class ElementKind
     Spiral,
     IrregularLine,
 };
+
+/// True if some pair of the lists is one that can be drawn.
+bool HasPlace(const std::vector<PairList>& lists);
 
 /// One element of a horizontal alignment.
 struct PlanElement
@@ -447,9 +453,9 @@ void ForEachPlanPoint(File& file, Visit&& visit)
 template <class Visit>
 void ForEachStationList(const Alignment& alignment, Visit&& visit)
 {
-    visit(L"左拡幅", alignment.wideningLeft);
-    visit(L"右拡幅", alignment.wideningRight);
-    visit(L"横断勾配", alignment.slopes);
+    visit(Sentence{L"左拡幅", L"Widening left"}, alignment.wideningLeft);
+    visit(Sentence{L"右拡幅", L"Widening right"}, alignment.wideningRight);
+    visit(Sentence{L"横断勾配", L"Cross slope"}, alignment.slopes);
 }
 
 /// The design profile that the cross sections hang on, or the first one; null if there is none.

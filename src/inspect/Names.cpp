@@ -6,13 +6,15 @@ namespace jlandxml::inspect
 namespace
 {
 
-constexpr const wchar_t* KINDS[] = {L"直線", L"円曲線", L"緩和曲線", L"折れ線"};
+constexpr Sentence KINDS[] = {
+    {L"直線", L"Line"}, {L"円曲線", L"Curve"}, {L"緩和曲線", L"Spiral"}, {L"折れ線", L"Irregular line"}};
+constexpr Sentence CLOTHOID{L"クロソイド", L"Clothoid"};
 
 } // namespace
 
-std::wstring Path(std::wstring_view whole, std::wstring_view part)
+Detail Path(const Detail& whole, const Detail& part)
 {
-    return std::wstring(whole) + L"／" + std::wstring(part);
+    return whole + L"／" + part;
 }
 
 std::wstring NameOr(std::wstring_view name, std::wstring_view otherwise)
@@ -20,49 +22,49 @@ std::wstring NameOr(std::wstring_view name, std::wstring_view otherwise)
     return std::wstring(name.empty() ? otherwise : name);
 }
 
-std::wstring NameOf(const Alignment& alignment)
+Detail NameOr(std::wstring_view name, const Sentence& otherwise)
 {
-    return NameOr(alignment.name, L"（名称のない線形）");
+    return name.empty() ? Detail(otherwise) : Detail(name);
 }
 
-std::wstring NameOf(const PointGroup& group)
+Detail NameOf(const Alignment& alignment)
 {
-    return NameOr(group.name, L"（名称のない座標点の組）");
+    return NameOr(alignment.name, UNNAMED_ALIGNMENT);
 }
 
-std::wstring NameOf(const CgPoint& point)
+Detail NameOf(const PointGroup& group)
 {
-    return NameOr(point.point.name, L"（名称のない点）");
+    return NameOr(group.name, Sentence{L"（名称のない座標点の組）", L"(group of points without a name)"});
 }
 
-std::wstring NameOf(const Surface& surface)
+Detail NameOf(const CgPoint& point)
 {
-    return NameOr(surface.name, L"（名称のないサーフェス）");
+    return NameOr(point.point.name, Sentence{L"（名称のない点）", L"(point without a name)"});
 }
 
-std::wstring NameOf(const CrossSect& section)
+Detail NameOf(const Surface& surface)
 {
-    return L"横断面 " + NameOr(section.name, section.station.text);
+    return NameOr(surface.name, Sentence{L"（名称のないサーフェス）", L"(surface without a name)"});
 }
 
-const wchar_t* KindOf(const PlanElement& element)
+Detail NameOf(const CrossSect& section)
+{
+    return {{L"横断面 {}", L"Cross section {}"}, {NameOr(section.name, section.station.text)}};
+}
+
+const Sentence& KindOf(const PlanElement& element)
 {
     const bool isClothoid = element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";
-    return isClothoid ? L"クロソイド" : KINDS[static_cast<std::size_t>(element.kind)];
+    return isClothoid ? CLOTHOID : KINDS[static_cast<std::size_t>(element.kind)];
 }
 
-std::wstring NameOf(const Alignment& alignment, const PlanElement& element)
+Detail NameOf(const Alignment& alignment, const PlanElement& element)
 {
-    std::wstring name = KindOf(element);
-    if (!element.start.name.empty() || !element.end.name.empty())
-    {
-        name.append(L" ").append(element.start.name).append(L"～").append(element.end.name);
-    }
-    else
-    {
-        name += L" " + std::to_wstring(&element - alignment.elements.data() + 1) + L"番目";
-    }
-    return Path(NameOf(alignment), name);
+    const bool isNamed = !element.start.name.empty() || !element.end.name.empty();
+    const std::wstring place = std::to_wstring(&element - alignment.elements.data() + 1);
+    return Path(NameOf(alignment),
+                isNamed ? Detail({L"{} {}～{}", L"{} {}～{}"}, {KindOf(element), element.start.name, element.end.name})
+                        : Detail({L"{} {}番目", L"{}, number {}"}, {KindOf(element), place}));
 }
 
 } // namespace jlandxml::inspect

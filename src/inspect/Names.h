@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inspect/LandXmlFile.h"
+#include "inspect/Wording.h"
 
 #include <string>
 #include <string_view>
@@ -9,21 +10,25 @@ namespace jlandxml::inspect
 {
 
 /// Parts of a name, from the whole to the part: 線形1／クロソイド KA.1-1～KE.1-1.
-std::wstring Path(std::wstring_view whole, std::wstring_view part);
+Detail Path(const Detail& whole, const Detail& part);
 
 /// A name, or a word for an element that has none.
 std::wstring NameOr(std::wstring_view name, std::wstring_view otherwise);
+Detail NameOr(std::wstring_view name, const Sentence& otherwise);
 
-std::wstring NameOf(const Alignment& alignment);
-std::wstring NameOf(const PointGroup& group);
-std::wstring NameOf(const CgPoint& point);
-std::wstring NameOf(const Surface& surface);
-std::wstring NameOf(const CrossSect& section);
+/// What an alignment without a name is called.
+inline constexpr Sentence UNNAMED_ALIGNMENT{L"（名称のない線形）", L"(alignment without a name)"};
+
+Detail NameOf(const Alignment& alignment);
+Detail NameOf(const PointGroup& group);
+Detail NameOf(const CgPoint& point);
+Detail NameOf(const Surface& surface);
+Detail NameOf(const CrossSect& section);
 
 /// What kind an element is: 直線, 円曲線, クロソイド, 緩和曲線, 折れ線.
-const wchar_t* KindOf(const PlanElement& element);
+const Sentence& KindOf(const PlanElement& element);
 
 /// An element of an alignment by its kind and the names of its ends, or by its place where these have none.
-std::wstring NameOf(const Alignment& alignment, const PlanElement& element);
+Detail NameOf(const Alignment& alignment, const PlanElement& element);
 
 } // namespace jlandxml::inspect

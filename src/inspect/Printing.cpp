@@ -119,7 +119,7 @@ Json FindingJson(const Finding& finding)
     Json json{{"code", Text(finding.check->code)},
               {"severity", Text(SeverityName(finding.severity))},
               {"text", Text(finding.text)},
-              {"object", Text(finding.object)},
+              {"object", Text(finding.object.japanese)},
               {"line", finding.line}};
     const std::pair<const char*, const std::optional<double>*> numbers[] = {
         {"value", &finding.value}, {"expected", &finding.expected}, {"tolerance", &finding.tolerance}};
@@ -155,7 +155,7 @@ std::wstring FindingLine(const Finding& finding)
 {
     std::wstring text = SeverityName(finding.severity) + (L" " + std::wstring(finding.check->code));
     text.append(finding.line > 0 ? L" " + std::to_wstring(finding.line) + L"行目" : L"");
-    text.append(finding.object.empty() ? L"" : L" ").append(finding.object);
+    text.append(finding.object.IsEmpty() ? L"" : L" ").append(finding.object.japanese);
     return text.append(L": ").append(finding.text).append(L"\n");
 }
 

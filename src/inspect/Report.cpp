@@ -2,6 +2,7 @@
 
 #include "inspect/CheckSheet.h"
 #include "inspect/EnglishWords.h"
+#include "inspect/FindingTargets.h"
 #include "inspect/Names.h"
 #include "inspect/RunJournal.h"
 #include "inspect/Summary.h"
@@ -27,7 +28,12 @@ class PageWriter
         : file_(file),
           findings_(findings),
           journal_(journal)
-    {}
+    {
+        for (const Finding& finding : findings)
+        {
+            foundLines_.insert(finding.line);
+        }
+    }
 
     std::string Write()
     {
@@ -35,13 +41,16 @@ class PageWriter
         WriteSummary();
         DrawSurfaces(drawing_, file_);
         std::size_t number = 0;
+        std::vector<const Alignment*> drawn;
         ForEachAlignment(file_, [&](const Alignment& alignment) {
             if (++number <= MOST_ALIGNMENTS)
             {
                 WriteAlignment(alignment);
+                drawn.push_back(&alignment);
             }
         });
         TellLeftOut(number, MOST_ALIGNMENTS, {L"線形", L"alignments"});
+        WritePlanOfTheRest(drawn);
         DrawTerrain(drawing_, file_);
         for (const Table& table : AllTables(file_))
         {
@@ -69,7 +78,8 @@ class PageWriter
         page_.Text(NameOr(file_.projectName, file_.path)).Raw("</title><style>").Raw(REPORT_STYLE);
         page_.Raw("</style></head><body><header><h1>").Text(NameOr(file_.projectName, file_.path));
         page_.Raw("</h1><button id=\"language\" type=\"button\">English</button></header>");
-        page_.Raw("<nav><a href=\"#findings\">").Words("span", L"検査結果", L"Findings");
+        page_.Raw("<nav><a href=\"#summary\">").Words("span", L"概要", L"Summary");
+        page_.Raw("</a> <a href=\"#findings\">").Words("span", L"検査結果", L"Findings");
         page_.Raw("</a> <a href=\"#checksheet\">").Words("span", L"チェックシート", L"Check sheet");
         page_.Raw("</a> <a href=\"#journal\">").Words("span", L"変換の記録", L"Record of the conversion");
         page_.Raw("</a>");
@@ -78,20 +88,19 @@ class PageWriter
             if (number < MOST_ALIGNMENTS)
             {
                 page_.Raw(" <a href=\"#alignment").Number(static_cast<double>(number++), 0).Raw("\">");
-                page_.Text(NameOf(alignment)).Raw("</a>");
+                page_.Words("span", NameOf(alignment)).Raw("</a>");
             }
         });
-        page_.Raw(file_.surfaces.empty() ? "" : " <a href=\"#terrain\">");
         if (!file_.surfaces.empty())
         {
-            page_.Words("span", L"3次元", L"3D").Raw("</a>");
+            page_.Raw(" <a href=\"#terrain\">").Words("span", L"3次元", L"3D").Raw("</a>");
         }
         page_.Raw("</nav>");
     }
 
     void WriteSummary()
     {
-        page_.Raw("<section>").Words("h2", L"概要", L"Summary");
+        page_.Raw("<section id=\"summary\">").Words("h2", L"概要", L"Summary");
         page_.Words("pre", SummaryText(file_), SummaryText(file_, Language::English)).Raw("</section>");
     }
 
@@ -108,33 +117,59 @@ class PageWriter
     void WriteAlignment(const Alignment& alignment)
     {
         page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(alignments_++), 0);
-        page_.Raw("\"><h2>").Text(NameOf(alignment)).Raw("</h2>").Words("h3", L"平面図", L"Plan");
-        page_.Raw("<figure class=\"planbox\"><span class=\"north\">N↑</span>");
-        DrawPlan(drawing_, file_, alignment);
-        page_.Raw("<figcaption class=\"place\">X – Y –</figcaption></figure>");
-        page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\">");
+        page_.Raw("\">").Words("h2", NameOf(alignment)).Words("h3", L"平面図", L"Plan");
+        WritePlan(PlanOf(file_, alignment), alignment.line);
+        page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
+        DrawId(drawing_, alignment.profiles.empty() ? 0 : alignment.profiles.front().line);
+        page_.Raw(">");
         DrawProfile(drawing_, alignment);
         page_.Raw("</figure>");
         WriteSections(alignment);
         page_.Raw("</section>");
     }
 
+    /// `line` is that of the element that the plan is of.
+    void WritePlan(const PlanContent& content, std::size_t line)
+    {
+        page_.Raw("<figure class=\"planbox\"");
+        DrawId(drawing_, line);
+        page_.Raw("><span class=\"north\">N↑</span>");
+        DrawPlan(drawing_, file_, content);
+        page_.Raw("<figcaption class=\"place\">X – Y –</figcaption></figure>");
+    }
+
+    void WritePlanOfTheRest(const std::vector<const Alignment*>& drawn)
+    {
+        if (const std::optional<PlanContent> content = PlanOfTheRest(file_, drawn))
+        {
+            page_.Raw("<section class=\"sheet\" id=\"whole\">").Words("h2", L"全体平面図", L"Plan of the whole file");
+            WritePlan(*content, 0);
+            page_.Raw("</section>");
+        }
+    }
+
     void WriteSections(const Alignment& alignment)
     {
-        if (CountOfSections(alignment) == 0)
+        const std::size_t count = CountOfSections(alignment);
+        if (count == 0)
         {
             return;
         }
-        page_.Words("h3", L"横断図", L"Cross sections").Raw("<div class=\"leaf\">");
+        page_.Raw("<h3");
+        DrawId(drawing_, alignment.crossSects.front().line);
+        page_.Raw(">").Words("span", L"横断図", L"Cross sections").Raw("</h3><div class=\"leaf\">");
         page_.Words("button type=\"button\"", L"◀ 前", L"◀ Previous").Raw("<select></select>");
         page_.Words("button type=\"button\"", L"次 ▶", L"Next ▶").Raw("<label><input type=\"checkbox\">");
         page_.Words("span", L"すべて表示", L"Show all").Raw("</label></div><div class=\"sections\">");
+        const std::size_t most = MOST_SECTIONS - sections_;
+        std::size_t drawn = 0;
         for (const CrossSects& sects : alignment.crossSects)
         {
             for (const CrossSect& section : sects.sections)
             {
-                if (++sections_ <= MOST_SECTIONS)
+                if (drawn < most)
                 {
+                    ++drawn;
                     page_.Raw("<figure");
                     DrawId(drawing_, section.line);
                     page_.Raw("><figcaption>").Text(section.name).Text(L"　" + std::wstring(section.station.text));
@@ -145,7 +180,8 @@ class PageWriter
             }
         }
         page_.Raw("</div>");
-        TellLeftOut(sections_, MOST_SECTIONS, {L"横断面", L"cross sections"});
+        sections_ += drawn;
+        TellLeftOut(count, drawn, {L"横断面", L"cross sections"});
     }
 
     void WriteRow(const Table& table, const std::vector<std::wstring>& row)
@@ -158,7 +194,8 @@ class PageWriter
                 page_.Words("td", row[column], EnglishOf(row[column]));
                 continue;
             }
-            page_.Raw("<td>").Text(row[column]).Raw("</td>");
+            const bool isUnnamed = row[column] == UNNAMED_ALIGNMENT.japanese;
+            page_.Words("td", isUnnamed ? Detail(UNNAMED_ALIGNMENT) : Detail(row[column]));
         }
         page_.Raw("</tr>\n");
     }
@@ -193,18 +230,24 @@ class PageWriter
         page_.Words("td", SeverityName(finding.severity), SEVERITIES[static_cast<std::size_t>(finding.severity)]);
         page_.Raw("<td>").Text(finding.check->code).Raw("</td><td>");
         page_.Text(finding.line > 0 ? std::to_wstring(finding.line) : L"").Raw("</td><td>");
-        const bool isDrawn = drawn_.count(finding.line) > 0;
-        if (isDrawn)
-        {
-            page_.Raw("<a href=\"#l").Number(static_cast<double>(finding.line), 0).Raw("\">");
-        }
-        page_.Text(finding.object).Raw(isDrawn ? "</a>" : "").Raw("</td>");
+        const bool isNamed = !finding.object.IsEmpty();
+        page_.Words("a href=\"#" + TargetOf(finding) + "\"", isNamed ? finding.object : file_.path).Raw("</td>");
         page_.Words("td", finding.text, finding.english);
         page_.Words("td", finding.check->remedy.japanese, finding.check->remedy.english).Raw("</tr>\n");
     }
 
+    /// The id of what a finding is about, or of what is drawn round it. What isn't drawn at all is summed up.
+    std::string TargetOf(const Finding& finding) const
+    {
+        const auto nearest = targets_.find(finding.line);
+        const bool isDrawn = nearest != targets_.end() && nearest->second > 0;
+        return isDrawn ? "l" + std::to_string(nearest->second) : "summary";
+    }
+
     void WriteFindings()
     {
+        foundLines_.erase(0); // of the file as a whole
+        targets_ = NearestDrawn(file_, foundLines_, drawing_.drawnLines);
         page_.Raw("<section id=\"findings\">").Words("h2", L"検査結果", L"Findings").Raw("<table><thead><tr>");
         page_.Words("th", L"重大度", L"Severity").Words("th", L"符号", L"Code").Words("th", L"行", L"Line");
         page_.Words("th", L"対象", L"Element").Words("th", L"内容", L"Finding").Words("th", L"処置", L"Remedy");
@@ -228,9 +271,8 @@ class PageWriter
         page_.Words("th", L"ファイルの値", L"In the file").Words("th", L"確認", L"Checked").Raw("</tr></thead><tbody>");
         for (const CheckSheetRow& row : CheckSheet(file_))
         {
-            const std::wstring of = row.alignment.empty() ? std::wstring() : L"／" + row.alignment;
-            page_.Raw("<tr>").Words("td", row.subject.japanese + of, row.subject.english + of);
-            page_.Words("td", row.what.japanese, row.what.english).Words("td", row.value.japanese, row.value.english);
+            page_.Raw("<tr>").Words("td", row.alignment.IsEmpty() ? row.subject : Path(row.subject, row.alignment));
+            page_.Words("td", row.what).Words("td", row.value);
             page_.Raw("<td class=\"tick\">☐</td></tr>\n");
         }
         page_.Raw("</tbody></table></section>");
@@ -240,10 +282,11 @@ class PageWriter
     const std::vector<Finding>& findings_;
     const RunJournal* journal_; ///< null: there is none
     Html page_;
-    std::set<std::size_t> drawn_;
-    Drawing drawing_{page_, drawn_};
+    std::set<std::size_t> foundLines_;
+    Drawing drawing_{page_, foundLines_, {}, {}};
+    std::map<std::size_t, std::size_t> targets_; ///< where the findings of each line lead
     std::size_t alignments_ = 0;
-    std::size_t sections_ = 0;
+    std::size_t sections_ = 0; ///< that are drawn
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "inspect/Html.h"
 #include "inspect/LandXmlFile.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,12 +23,22 @@ std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& find
 struct Drawing
 {
     Html& page;
+    /// The lines of the file that findings are about.
+    const std::set<std::size_t>& foundLines;
     /// The lines of the file whose elements have an id in the page, so that findings lead there.
-    std::set<std::size_t>& drawnLines;
+    std::set<std::size_t> drawnLines;
+    /// The surfaces, by their places in the file, of which there is an outline to see.
+    std::set<std::size_t> outlinedSurfaces;
 };
 
-/// The id of what stands at a line of the file; nothing the second time.
-void DrawId(Drawing& drawing, std::size_t line);
+/// The id of what stands at a line of the file; nothing, and false, the second time and for line 0.
+bool DrawId(Drawing& drawing, std::size_t line);
+
+/// True if a finding is about what stands at the line and nothing has that id yet.
+bool IsSpotToBeDrawn(const Drawing& drawing, std::size_t line);
+
+/// A dot at the place of something that isn't drawn but where a finding is about it.
+void DrawSpot(Drawing& drawing, std::size_t line, double x, double y);
 
 /// A bar of 1, 2 or 5 times a power of ten metres, about a sixth of a drawing whose unit is the metre and whose lower
 /// left corner and width are given.
@@ -36,8 +47,23 @@ void DrawScaleBar(Html& page, double left, double bottom, double width);
 /// What all plans show in the same place: the surfaces' outlines and contours, hidden, to be used by each.
 void DrawSurfaces(Drawing& drawing, const LandXmlFile& file);
 
-/// The plan of an alignment: north is up, one unit is a metre.
-void DrawPlan(Drawing& drawing, const LandXmlFile& file, const Alignment& alignment);
+/// What a plan shows beside the surfaces.
+struct PlanContent
+{
+    std::vector<const Alignment*> alignments;
+    std::vector<const PointGroup*> groups;
+    bool isWhole; ///< true: the view holds everything in the file
+};
+
+/// An alignment with its groups of points and those that belong to none, such as control points.
+PlanContent PlanOf(const LandXmlFile& file, const Alignment& alignment);
+
+/// The whole file, if something with a place is in none of the plans of the alignments that are drawn: there is no
+/// alignment, or a group names one that isn't there.
+std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const std::vector<const Alignment*>& drawn);
+
+/// A plan: north is up, one unit is a metre.
+void DrawPlan(Drawing& drawing, const LandXmlFile& file, const PlanContent& content);
 
 /// Its profile, with the bands below it.
 void DrawProfile(Drawing& drawing, const Alignment& alignment);

@@ -2,6 +2,8 @@
 // so that figures stay short. Texts and points keep their size on the screen: the script sets --u to the metres of a
 // pixel.
 
+#include "base/Text.h"
+#include "inspect/AlignmentReferences.h"
 #include "inspect/Course.h"
 #include "inspect/Names.h"
 #include "inspect/Report.h"
@@ -21,6 +23,10 @@ namespace
 /// A curve is drawn by chords that turn no further than this, in radians.
 constexpr double TURN_OF_A_CHORD = 0.02;
 constexpr double MOST_CHORDS = 400;
+
+/// Points of an alignment that lie further from it than it is long, and than this in metres, are none to make room for.
+constexpr double LEAST_ROOM = 500;
+constexpr double LONGEST_ELEMENT = 1e6;
 
 /// Half the length of a tick at a main station, in metres.
 constexpr double TICK = 2;
@@ -48,18 +54,32 @@ Corner CornerOf(const LandXmlFile& file)
                : Corner{std::ceil(extents.north.Largest()), std::floor(extents.east.Smallest())};
 }
 
+/// An alignment with what its drawing is computed from.
+struct DrawnAlignment
+{
+    const Alignment& alignment;
+    Course course;
+    StationLabels labels;
+
+    explicit DrawnAlignment(const Alignment& one) : alignment(one), course(one), labels(one) {}
+};
+
 class PlanDrawer
 {
   public:
-    PlanDrawer(Drawing& drawing, const LandXmlFile& file, const Alignment& alignment)
+    PlanDrawer(Drawing& drawing, const LandXmlFile& file, const PlanContent& content)
         : drawing_(drawing),
           page_(drawing.page),
           file_(file),
-          alignment_(alignment),
-          course_(alignment),
-          labels_(alignment),
+          groups_(content.groups),
+          isWhole_(content.isWhole),
           corner_(CornerOf(file))
-    {}
+    {
+        for (const Alignment* const alignment : content.alignments)
+        {
+            alignments_.emplace_back(*alignment);
+        }
+    }
 
     void Draw()
     {
@@ -67,17 +87,32 @@ class PlanDrawer
         OpenView();
         for (std::size_t index = 0; index < file_.surfaces.size(); ++index)
         {
-            page_.Raw("<use href=\"#surface").Number(static_cast<double>(index), 0).Raw("\"/>");
+            DrawSurface(index);
         }
-        DrawStakes();
-        for (std::size_t index = 0; index < alignment_.elements.size(); ++index)
+        for (const PointGroup* const group : groups_)
         {
-            DrawElement(alignment_.elements[index], course_.Elements()[index]);
+            DrawStakes(*group);
+        }
+        for (const DrawnAlignment& one : alignments_)
+        {
+            for (std::size_t index = 0; index < one.alignment.elements.size(); ++index)
+            {
+                DrawElement(one, one.alignment.elements[index], one.course.Elements()[index]);
+            }
         }
         // Of texts that lie over one another the first stays.
-        DrawMainPoints();
-        DrawPoints();
-        DrawStations();
+        for (const DrawnAlignment& one : alignments_)
+        {
+            DrawMainPoints(one.alignment);
+        }
+        for (const PointGroup* const group : groups_)
+        {
+            DrawPoints(*group);
+        }
+        for (const DrawnAlignment& one : alignments_)
+        {
+            DrawStations(one);
+        }
         DrawScaleBar(page_, left_, bottom_, width_);
         page_.Raw("</svg>");
     }
@@ -89,36 +124,61 @@ class PlanDrawer
         y_.Take(corner_.Y(north));
     }
 
-    /// The view holds the alignment and its points; surfaces and control points may lie beyond.
+    /// The view holds the alignment and its points; surfaces and control points may lie beyond. A plan of the whole
+    /// file holds everything.
     void MeasureView()
     {
-        for (const PlanElement& element : alignment_.elements)
+        if (isWhole_)
+        {
+            const Extents extents = ExtentsOf(file_);
+            Take(extents.north.Smallest(), extents.east.Smallest());
+            Take(extents.north.Largest(), extents.east.Largest());
+            return;
+        }
+        for (const DrawnAlignment& one : alignments_)
+        {
+            TakeAlignment(one);
+        }
+        // A point with swapped axes would leave nothing to see of the others.
+        const double room = std::max({x_.Largest() - x_.Smallest(), y_.Largest() - y_.Smallest(), LEAST_ROOM});
+        const Range x = x_;
+        const Range y = y_;
+        for (const PointGroup* const group : groups_)
+        {
+            for (const CgPoint& point : group->points)
+            {
+                const double atX = corner_.X(point.point.east.value);
+                const double atY = corner_.Y(point.point.north.value);
+                if (!group->alignmentRefs.empty() && IsNear(atX, x, room) && IsNear(atY, y, room))
+                {
+                    x_.Take(atX);
+                    y_.Take(atY);
+                }
+            }
+        }
+    }
+
+    /// The ends and the middles of the elements: curves bulge.
+    void TakeAlignment(const DrawnAlignment& one)
+    {
+        for (const PlanElement& element : one.alignment.elements)
         {
             Take(element.start.north.value, element.start.east.value);
             Take(element.end.north.value, element.end.east.value);
         }
-        ForEachPoint([this](const PointGroup& group, const CgPoint& point) {
-            if (!group.alignmentRefs.empty())
-            {
-                Take(point.point.north.value, point.point.east.value);
-            }
-        });
-    }
-
-    /// The points of the alignment's groups and of those that belong to none, such as control points.
-    template <class Visit>
-    void ForEachPoint(Visit&& visit) const
-    {
-        for (const PointGroup& group : file_.pointGroups)
+        for (const ElementCourse& course : one.course.Elements())
         {
-            if (group.alignmentRefs == alignment_.name || group.alignmentRefs.empty())
+            if (course.IsKnown() && std::abs(course.computedLength) < LONGEST_ELEMENT)
             {
-                for (const CgPoint& point : group.points)
-                {
-                    visit(group, point);
-                }
+                const Position middle = course.At(course.stationLength / 2);
+                Take(middle.north, middle.east);
             }
         }
+    }
+
+    static bool IsNear(double value, const Range& range, double room)
+    {
+        return range.IsEmpty() || (value >= range.Smallest() - room && value <= range.Largest() + room);
     }
 
     void OpenView()
@@ -156,7 +216,65 @@ class PlanDrawer
         page_.Text(text).Raw("</text>");
     }
 
-    void DrawElement(const PlanElement& element, const ElementCourse& course)
+    // Surfaces
+
+    void DrawSurface(std::size_t index)
+    {
+        const Surface& surface = file_.surfaces[index];
+        page_.Raw("<use href=\"#surface").Number(static_cast<double>(index), 0).Raw("\"");
+        const bool isFirst = drawing_.outlinedSurfaces.count(index) > 0 && DrawId(drawing_, surface.line);
+        page_.Raw("/>");
+        if (!isFirst || drawing_.foundLines.empty())
+        {
+            return;
+        }
+        for (const SurfacePoint& point : surface.points)
+        {
+            DrawSpot(drawing_, point.line, corner_.X(point.east), corner_.Y(point.north));
+        }
+        for (const SurfaceFace& face : surface.faces)
+        {
+            DrawFoundFace(surface, face);
+        }
+    }
+
+    /// A face that a finding is about, by those of its corners that there are.
+    void DrawFoundFace(const Surface& surface, const SurfaceFace& face)
+    {
+        if (!IsSpotToBeDrawn(drawing_, face.line))
+        {
+            return;
+        }
+        std::vector<const SurfacePoint*> corners;
+        for (std::size_t corner = 0; corner < std::min<std::size_t>(face.cornerCount, face.corners.size()); ++corner)
+        {
+            const std::uint32_t place = surface.index.Find(face.corners[corner]);
+            const SurfacePoint* const point = place != NO_POINT ? &surface.points[place] : nullptr;
+            if (point != nullptr && std::isfinite(point->north) && std::isfinite(point->east))
+            {
+                corners.push_back(point);
+            }
+        }
+        if (corners.empty())
+        {
+            return;
+        }
+        page_.Raw("<path class=\"spot face\"");
+        DrawId(drawing_, face.line);
+        page_.Raw(" d=\"");
+        const char* step = "M";
+        for (const SurfacePoint* const corner : corners)
+        {
+            page_.Raw(step);
+            Place(corner->north, corner->east);
+            step = "L";
+        }
+        page_.Raw("Z\"/>");
+    }
+
+    // Alignments
+
+    void DrawElement(const DrawnAlignment& one, const PlanElement& element, const ElementCourse& course)
     {
         if (!course.IsKnown())
         {
@@ -180,7 +298,7 @@ class PlanDrawer
                 isFirst = false;
             }
         }
-        page_.Raw("\"><title>").Text(NameOf(alignment_, element));
+        Detail title = NameOf(one.alignment, element);
         const std::pair<const wchar_t*, const Figure*> figures[] = {{L"\nL=", &element.length},
                                                                     {L"\nR=", &element.radius},
                                                                     {L"\nR1=", &element.radiusStart},
@@ -188,9 +306,9 @@ class PlanDrawer
                                                                     {L"\nA=", &element.parameter}};
         for (const auto& [label, figure] : figures)
         {
-            page_.Text(figure->IsWritten() ? label + std::wstring(figure->text) : std::wstring());
+            title = title + (figure->IsWritten() ? label + std::wstring(figure->text) : std::wstring());
         }
-        page_.Raw("</title></path>");
+        page_.Raw("\">").Words("title", title).Raw("</path>");
         LabelCurve(element, course);
     }
 
@@ -208,20 +326,22 @@ class PlanDrawer
         }
     }
 
-    void DrawMainPoints()
+    void DrawMainPoints(const Alignment& alignment)
     {
-        for (const PlanElement& element : alignment_.elements)
+        for (const PlanElement& element : alignment.elements)
         {
-            const bool isLast = &element == &alignment_.elements.back();
+            const bool isLast = &element == &alignment.elements.back();
             DrawMainPoint(element.start, !element.start.name.empty());
             DrawMainPoint(element.end,
                           isLast || (!element.end.name.empty() && (&element)[1].start.name != element.end.name));
         }
-        for (const PlanPoint& point : alignment_.intersections)
+        for (const PlanPoint& point : alignment.intersections)
         {
             if (point.IsPlaced())
             {
-                page_.Raw("<path class=\"intersection\" d=\"M");
+                page_.Raw("<path class=\"intersection\"");
+                DrawId(drawing_, point.line);
+                page_.Raw(" d=\"M");
                 Place(point);
                 page_.Raw("h0\"/>");
             }
@@ -247,9 +367,11 @@ class PlanDrawer
         }
     }
 
-    void DrawTick(double station, const std::wstring& label, const char* kind)
+    /// A tick across the alignment; `line` is that of the element that it stands for, 0 for none.
+    void DrawTick(const DrawnAlignment& one, double station, std::size_t line, const std::wstring& label,
+                  const char* kind)
     {
-        const std::vector<Position> positions = course_.At(station);
+        const std::vector<Position> positions = one.course.At(station);
         if (positions.empty())
         {
             return;
@@ -257,7 +379,9 @@ class PlanDrawer
         const Position& at = positions.front();
         const double north = -std::sin(at.azimuth) * TICK;
         const double east = std::cos(at.azimuth) * TICK;
-        page_.Raw("<path class=\"tick\" d=\"M");
+        page_.Raw("<path class=\"tick\"");
+        DrawId(drawing_, line);
+        page_.Raw(" d=\"M");
         Place(at.north - north, at.east - east);
         page_.Raw("L");
         Place(at.north + north, at.east + east);
@@ -265,41 +389,40 @@ class PlanDrawer
         LabelBeside({at.north + north, at.east + east, at.azimuth}, BESIDE_A_TICK, kind, label);
     }
 
-    void DrawStations()
+    void DrawStations(const DrawnAlignment& one)
     {
-        for (const StaEquation& equation : alignment_.equations)
+        for (const StaEquation& equation : one.alignment.equations)
         {
-            DrawTick(equation.internal.value,
+            DrawTick(one, equation.internal.value, equation.line,
                      std::wstring(equation.back.text) + L"＝" + std::wstring(equation.ahead.text), "equation");
         }
-        for (const double station : labels_.MainStations(course_.StaStart(), course_.StaEnd()))
+        for (const double station : one.labels.MainStations(one.course.StaStart(), one.course.StaEnd()))
         {
-            DrawTick(station, labels_.At(station), "station");
+            DrawTick(one, station, 0, one.labels.At(station), "station");
         }
     }
 
-    void DrawStakes()
+    // Points
+
+    void DrawStakes(const PointGroup& group)
     {
-        for (const PointGroup& group : file_.pointGroups)
+        if (!group.IsWidthStakes())
         {
-            if (!group.IsWidthStakes() || group.alignmentRefs != alignment_.name)
-            {
-                continue;
-            }
-            bool isFirst = true;
-            page_.Raw("<path class=\"stakes\" d=\"");
-            for (const CgPoint& point : group.points)
-            {
-                if (point.point.IsPlaced())
-                {
-                    page_.Raw(isFirst ? "M" : "L");
-                    Place(point.point);
-                    isFirst = false;
-                }
-            }
-            const bool isClosed = PropertyValue(group.features, L"WidthStakePnts", L"type") == L"closed";
-            page_.Raw(isClosed && !isFirst ? "Z" : "").Raw("\"><title>").Text(NameOf(group)).Raw("</title></path>");
+            return;
         }
+        bool isFirst = true;
+        page_.Raw("<path class=\"stakes\" d=\"");
+        for (const CgPoint& point : group.points)
+        {
+            if (point.point.IsPlaced())
+            {
+                page_.Raw(isFirst ? "M" : "L");
+                Place(point.point);
+                isFirst = false;
+            }
+        }
+        const bool isClosed = PropertyValue(group.features, L"WidthStakePnts", L"type") == L"closed";
+        page_.Raw(isClosed && !isFirst ? "Z" : "").Raw("\">").Words("title", NameOf(group)).Raw("</path>");
     }
 
     static const char* ClassOf(const PointGroup& group)
@@ -307,30 +430,45 @@ class PlanDrawer
         return group.IsWidthStakes() ? "stake" : group.IsIntermediate() ? "intermediate" : "control";
     }
 
-    void DrawPoints()
+    void DrawPoints(const PointGroup& group)
     {
-        ForEachPoint([this](const PointGroup& group, const CgPoint& one) {
-            const PlanPoint& point = one.point;
-            if (!point.IsPlaced())
+        const bool isSeen = std::any_of(group.points.begin(), group.points.end(),
+                                        [](const CgPoint& one) { return one.point.IsPlaced(); });
+        page_.Raw("<g");
+        if (isSeen)
+        {
+            DrawId(drawing_, group.line);
+        }
+        page_.Raw(">");
+        for (const CgPoint& one : group.points)
+        {
+            if (one.point.IsPlaced())
             {
-                return;
+                DrawPoint(group, one);
             }
-            page_.Raw("<path class=\"").Raw(ClassOf(group)).Raw("\"");
-            DrawId(drawing_, point.line);
-            page_.Raw(" d=\"M");
-            Place(point);
-            page_.Raw("h0\"><title>").Text(Path(NameOf(group), NameOf(one))).Text(L"\nX=").Text(point.north.text);
-            page_.Text(L"\nY=").Text(point.east.text).Text(L"\nH=").Text(point.height.text).Raw("</title></path>");
-            Label(point.north.value, point.east.value, "point", point.name);
-        });
+        }
+        page_.Raw("</g>");
+    }
+
+    void DrawPoint(const PointGroup& group, const CgPoint& one)
+    {
+        const PlanPoint& point = one.point;
+        page_.Raw("<path class=\"").Raw(ClassOf(group)).Raw("\"");
+        DrawId(drawing_, point.line);
+        page_.Raw(" d=\"M");
+        Place(point);
+        const Detail figures({L"\nX={}\nY={}\nH={}", L"\nX={}\nY={}\nH={}"},
+                             {point.north.text, point.east.text, point.height.text});
+        page_.Raw("h0\">").Words("title", Path(NameOf(group), NameOf(one)) + figures).Raw("</path>");
+        Label(point.north.value, point.east.value, "point", point.name);
     }
 
     Drawing& drawing_;
     Html& page_;
     const LandXmlFile& file_;
-    const Alignment& alignment_;
-    Course course_;
-    StationLabels labels_;
+    const std::vector<const PointGroup*>& groups_;
+    std::vector<DrawnAlignment> alignments_;
+    bool isWhole_;
     Corner corner_;
     Range x_;
     Range y_;
@@ -338,6 +476,12 @@ class PlanDrawer
     double bottom_ = 0;
     double width_ = 0;
 };
+
+/// True for points that don't say of which alignment they are, such as control points.
+bool IsOfNone(const PointGroup& group)
+{
+    return Trim(group.alignmentRefs).empty();
+}
 
 void DrawSegments(Html& page, const Corner& corner, const std::vector<PlanSegment>& segments)
 {
@@ -350,11 +494,28 @@ void DrawSegments(Html& page, const Corner& corner, const std::vector<PlanSegmen
 
 } // namespace
 
-void DrawId(Drawing& drawing, std::size_t line)
+bool DrawId(Drawing& drawing, std::size_t line)
 {
-    if (line > 0 && drawing.drawnLines.insert(line).second)
+    const bool isNew = line > 0 && drawing.drawnLines.insert(line).second;
+    if (isNew)
     {
         drawing.page.Raw(" id=\"l").Number(static_cast<double>(line), 0).Raw("\"");
+    }
+    return isNew;
+}
+
+bool IsSpotToBeDrawn(const Drawing& drawing, std::size_t line)
+{
+    return drawing.foundLines.count(line) > 0 && drawing.drawnLines.count(line) == 0;
+}
+
+void DrawSpot(Drawing& drawing, std::size_t line, double x, double y)
+{
+    if (std::isfinite(x) && std::isfinite(y) && IsSpotToBeDrawn(drawing, line))
+    {
+        drawing.page.Raw("<path class=\"spot\"");
+        DrawId(drawing, line);
+        drawing.page.Raw(" d=\"M").Number(x).Raw(" ").Number(y).Raw("h0\"/>");
     }
 }
 
@@ -378,22 +539,62 @@ void DrawSurfaces(Drawing& drawing, const LandXmlFile& file)
     {
         const Surface& surface = file.surfaces[index];
         page.Raw("<g id=\"surface").Number(static_cast<double>(index), 0).Raw("\"><path class=\"outline\" d=\"");
-        DrawSegments(page, corner, OutlineOf(surface));
-        page.Raw("\"><title>").Text(NameOf(surface)).Raw("</title></path>");
+        const std::vector<PlanSegment> outline = OutlineOf(surface);
+        if (!outline.empty())
+        {
+            drawing.outlinedSurfaces.insert(index);
+        }
+        DrawSegments(page, corner, outline);
+        page.Raw("\">").Words("title", NameOf(surface)).Raw("</path>");
         for (const Contour& contour : ContoursOf(surface))
         {
             page.Raw("<path class=\"contour\" d=\"");
             DrawSegments(page, corner, contour.segments);
-            page.Raw("\"><title>").Text(NameOf(surface)).Raw(" ").Number(contour.height).Raw(" m</title></path>");
+            page.Raw("\">").Words("title", NameOf(surface) + L" " + ShortNumber(contour.height) + L" m").Raw("</path>");
         }
         page.Raw("</g>");
     }
     page.Raw("</defs></svg>");
 }
 
-void DrawPlan(Drawing& drawing, const LandXmlFile& file, const Alignment& alignment)
+PlanContent PlanOf(const LandXmlFile& file, const Alignment& alignment)
 {
-    PlanDrawer(drawing, file, alignment).Draw();
+    const AlignmentReferences references(file);
+    PlanContent content{{&alignment}, {}, false};
+    for (const PointGroup& group : file.pointGroups)
+    {
+        if (IsOfNone(group) || references.LeadTo(group.alignmentRefs, alignment))
+        {
+            content.groups.push_back(&group);
+        }
+    }
+    return content;
+}
+
+std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const std::vector<const Alignment*>& drawn)
+{
+    const AlignmentReferences references(file);
+    const auto isDrawn = [&](const PointGroup& group) {
+        return IsOfNone(group) ? !drawn.empty()
+                               : std::any_of(drawn.begin(), drawn.end(), [&](const Alignment* alignment) {
+                                     return references.LeadTo(group.alignmentRefs, *alignment);
+                                 });
+    };
+    PlanContent whole{drawn, {}, true};
+    bool isNeeded = drawn.empty() && !file.surfaces.empty();
+    for (const PointGroup& group : file.pointGroups)
+    {
+        whole.groups.push_back(&group);
+        isNeeded = isNeeded || (!group.points.empty() && !isDrawn(group));
+    }
+    const Extents extents = ExtentsOf(file);
+    const bool isPlaced = !extents.north.IsEmpty() && !extents.east.IsEmpty();
+    return isNeeded && isPlaced ? std::optional(whole) : std::nullopt;
+}
+
+void DrawPlan(Drawing& drawing, const LandXmlFile& file, const PlanContent& content)
+{
+    PlanDrawer(drawing, file, content).Draw();
 }
 
 } // namespace jlandxml::inspect

@@ -23,6 +23,7 @@ namespace
 
 // Sizes on the sheet, in pixels.
 constexpr double LEFT = 110;
+constexpr double RIGHT = 30;
 constexpr double TOP = 30;
 constexpr double GRAPH = 280;
 constexpr double TEXT_BAND = 60; ///< a distance of five digits before its point fits
@@ -36,6 +37,8 @@ constexpr double WIDEST = 20000;
 constexpr double TEXT_GAP = 13;
 
 constexpr int DISTANCE_DECIMALS = 3;
+
+constexpr Sentence LEFT_AND_RIGHT{L"実線 左、破線 右", L"dashed: right"};
 
 class ProfileDrawer
 {
@@ -54,11 +57,13 @@ class ProfileDrawer
         const double length = course_.StaEnd() - course_.StaStart();
         if (!std::isfinite(length) || length <= 0)
         {
+            page_.Words("p class=\"leftout\"", L"線形の長さが求められないため、縦断図はありません。",
+                        L"The alignment has no length, so there is no profile.");
             return;
         }
         const double graph = std::clamp(static_cast<double>(stations_.size()) * STATION_GAP, NARROWEST, WIDEST);
         scale_ = graph / length;
-        width_ = LEFT + graph + 30;
+        width_ = LEFT + graph + RIGHT;
         MeasureHeights();
         page_.Raw("<svg class=\"profile\" width=\"").Number(width_, 0).Raw("\" height=\"").Number(Height(), 0);
         page_.Raw("\" viewBox=\"0 0 ").Number(width_, 0).Raw(" ").Number(Height(), 0);
@@ -153,7 +158,7 @@ class ProfileDrawer
         const double step = (highest_ - lowest_) / 4 >= 5 * power ? 5 * power : power;
         for (double number = std::ceil(lowest_ / step); number * step <= highest_; ++number)
         {
-            Line("grid", LEFT, Y(number * step), width_ - 30, Y(number * step));
+            Line("grid", LEFT, Y(number * step), width_ - RIGHT, Y(number * step));
             Label("axis", LEFT - 50, Y(number * step) + 4, ShortNumber(number * step, 2));
         }
         for (const double station : stations_)
@@ -169,6 +174,10 @@ class ProfileDrawer
         {
             for (const ProfSurf& ground : profile.grounds)
             {
+                if (!HasPlace(ground.lists))
+                {
+                    continue;
+                }
                 page_.Raw("<path class=\"ground\"");
                 DrawId(drawing_, ground.line);
                 page_.Raw(" d=\"");
@@ -177,12 +186,15 @@ class ProfileDrawer
                     const char* step = "M";
                     for (const FigurePair& pair : list.pairs)
                     {
-                        page_.Raw(step).Number(X(pair.first.value), 2).Raw(" ").Number(Y(pair.second.value), 2);
-                        step = "L";
+                        if (pair.IsPlaced())
+                        {
+                            page_.Raw(step).Number(X(pair.first.value), 2).Raw(" ").Number(Y(pair.second.value), 2);
+                            step = "L";
+                        }
                     }
                 }
                 page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
-                if (!ground.lists.empty() && !ground.lists.front().pairs.empty())
+                if (!ground.lists.front().pairs.empty() && ground.lists.front().pairs.front().IsPlaced())
                 {
                     const FigurePair& first = ground.lists.front().pairs.front();
                     LabelLine(first.first.value, first.second.value, ground.name);
@@ -211,6 +223,10 @@ class ProfileDrawer
     void DrawDesign(const ProfAlign& design, const ProfileLine& line)
     {
         constexpr int PARTS_OF_A_CURVE = 16;
+        if (line.Points().empty())
+        {
+            return;
+        }
         page_.Raw("<path class=\"design\"");
         DrawId(drawing_, design.line);
         page_.Raw(" d=\"");
@@ -235,10 +251,7 @@ class ProfileDrawer
         page_.Raw("\"><title>").Text(design.name).Raw("</title></path>");
         DrawTangents(line);
         LabelDesign(line);
-        if (!line.Points().empty())
-        {
-            LabelLine(line.Points().front().station, line.Points().front().height, design.name);
-        }
+        LabelLine(line.Points().front().station, line.Points().front().height, design.name);
     }
 
     void DrawTangents(const ProfileLine& line)
@@ -300,15 +313,16 @@ class ProfileDrawer
         };
         double top = TOP + GRAPH;
         GradientBand(top, line);
-        TextBand(top, L"計画高", L"Design", [&](double station) { return HeightText(line, station, HEIGHT_DECIMALS); });
-        TextBand(top, L"地盤高", L"Ground",
+        TextBand(top, {L"盛土高", L"Fill"}, [&](double station) { return Positive(fill(station), 1); });
+        TextBand(top, {L"切土高", L"Cut"}, [&](double station) { return Positive(fill(station), -1); });
+        TextBand(top, {L"計画高", L"Design"},
+                 [&](double station) { return HeightText(line, station, HEIGHT_DECIMALS); });
+        TextBand(top, {L"地盤高", L"Ground"},
                  [&](double station) { return HeightText(ground, station, HEIGHT_DECIMALS); });
-        TextBand(top, L"盛土高", L"Fill", [&](double station) { return Positive(fill(station), 1); });
-        TextBand(top, L"切土高", L"Cut", [&](double station) { return Positive(fill(station), -1); });
-        TextBand(top, L"追加距離", L"Distance",
+        TextBand(top, {L"追加距離", L"Distance"},
                  [&](double station) { return DistanceText(station - course_.StaStart()); });
-        TextBand(top, L"単距離", L"Interval", [&](double station) { return IntervalTo(station); });
-        TextBand(top, L"測点", L"Station", [&](double station) { return labels_.At(station); });
+        TextBand(top, {L"単距離", L"Interval"}, [&](double station) { return IntervalTo(station); });
+        TextBand(top, {L"測点", L"Station"}, [&](double station) { return labels_.At(station); });
         CurveBand(top);
         if (HasSlopes())
         {
@@ -326,18 +340,22 @@ class ProfileDrawer
         return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(computed, 3);
     }
 
-    void BandHead(double top, double height, const wchar_t* japanese, const wchar_t* english)
+    void BandHead(double top, double height, const Sentence& name, const Sentence* legend = nullptr)
     {
         page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 14, 1);
         page_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
-        page_.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(static_cast<int>(top + height / 2 + 4)) + "\"",
-                    japanese, english);
+        const int middle = static_cast<int>(top + height / 2 + 4);
+        page_.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(middle) + "\"", name);
+        if (legend != nullptr)
+        {
+            page_.Words("text class=\"legend\" x=\"10\" y=\"" + std::to_string(middle + 16) + "\"", *legend);
+        }
     }
 
     template <class TextAt>
-    void TextBand(double& top, const wchar_t* japanese, const wchar_t* english, TextAt&& textAt)
+    void TextBand(double& top, const Sentence& name, TextAt&& textAt)
     {
-        BandHead(top, TEXT_BAND, japanese, english);
+        BandHead(top, TEXT_BAND, name);
         double last = -TEXT_GAP;
         for (const double station : stations_)
         {
@@ -372,7 +390,7 @@ class ProfileDrawer
     /// length in metres.
     void GradientBand(double& top, const std::optional<ProfileLine>& line)
     {
-        BandHead(top, DIAGRAM_BAND, L"縦断勾配", L"Gradient");
+        BandHead(top, DIAGRAM_BAND, {L"縦断勾配", L"Gradient"});
         const double rise = DIAGRAM_BAND * 0.3;
         const double middle = top + DIAGRAM_BAND / 2;
         for (std::size_t index = 1; line && index < line->Points().size(); ++index)
@@ -392,7 +410,7 @@ class ProfileDrawer
     /// A curve to the right stands above the band's middle line, one to the left below it; a clothoid leads there.
     void CurveBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"平面曲線", L"Curves");
+        BandHead(top, DIAGRAM_BAND, {L"平面曲線", L"Curves"});
         const double middle = top + DIAGRAM_BAND / 2;
         const double rise = DIAGRAM_BAND * 0.36;
         double station = course_.StaStart();
@@ -429,6 +447,7 @@ class ProfileDrawer
         double station;
         double value;       ///< upward
         std::wstring shown; ///< what stands beside it
+        std::size_t line;   ///< of the file's element that says so; 0 for none
     };
 
     void DrawSteps(const char* kind, double middle, double unit, const std::vector<Step>& steps)
@@ -450,7 +469,8 @@ class ProfileDrawer
         {
             if (entry.Station().IsFinite() && entry.At(column).IsFinite())
             {
-                steps.push_back({entry.Station().value, entry.At(column).value, std::wstring(entry.At(column).text)});
+                steps.push_back(
+                    {entry.Station().value, entry.At(column).value, std::wstring(entry.At(column).text), entry.line});
             }
         }
         return steps;
@@ -517,7 +537,7 @@ class ProfileDrawer
     {
         if (station)
         {
-            steps.push_back({*station, sign * slope.value, (sign < 0 && slope.value > 0 ? L"-" : L"") + slope.text});
+            steps.push_back({*station, sign * slope.value, (sign < 0 && slope.value > 0 ? L"-" : L"") + slope.text, 0});
         }
     }
 
@@ -545,16 +565,79 @@ class ProfileDrawer
         Add(inner, reverse.size() < 2 ? end : reverse.back(), crown, -1);
     }
 
+    /// +1 where the road turns to the right between two stations, -1 to the left; 0 where it doesn't turn.
+    int TurnBetween(double from, double to) const
+    {
+        double station = course_.StaStart();
+        for (std::size_t index = 0; index < alignment_.elements.size(); ++index)
+        {
+            const PlanElement& element = alignment_.elements[index];
+            station += course_.Elements()[index].stationLength;
+            if (station > (from + to) / 2)
+            {
+                const bool isBent = element.kind == ElementKind::Curve || element.kind == ElementKind::Spiral;
+                return isBent ? Turn(element.rot) : 0;
+            }
+        }
+        return 0;
+    }
+
+    /// A curve's outer edge is the left one where the road turns to the right.
+    bool IsLeftEdgeOuter(const Superelevation& one) const
+    {
+        const double from = StationOf(one, L"FullSuperSta").value_or(one.staStart.value);
+        const double to = StationOf(one, L"RunoffSta").value_or(one.staEnd.value);
+        return TurnBetween(from, to) >= 0;
+    }
+
+    /// A place in the graph for a station that may lie outside.
+    double XWithin(double station) const { return std::clamp(X(station), LEFT, width_ - RIGHT); }
+
+    /// Where findings are about superelevations or their stations, these are shown on the band's middle line.
+    void MarkSuperelevations(double middle)
+    {
+        for (const Superelevation& one : alignment_.superelevations)
+        {
+            if (one.staStart.IsFinite() && one.staEnd.IsFinite() && IsSpotToBeDrawn(drawing_, one.line))
+            {
+                page_.Raw("<path class=\"spot\"");
+                DrawId(drawing_, one.line);
+                page_.Raw(" d=\"M").Number(XWithin(one.staStart.value), 2).Raw(" ").Number(middle, 2).Raw("H");
+                page_.Number(XWithin(one.staEnd.value), 2).Raw("\"/>");
+            }
+            for (const TransitionStation& station : one.stations)
+            {
+                MarkStation(station.station, station.line, middle);
+            }
+            for (const Feature& feature : one.features)
+            {
+                for (const Property& property : feature.properties)
+                {
+                    MarkStation(ReadFigure(property.value), property.line, middle);
+                }
+            }
+        }
+    }
+
+    void MarkStation(const Figure& station, std::size_t line, double y)
+    {
+        if (station.IsFinite())
+        {
+            DrawSpot(drawing_, line, XWithin(station.value), y);
+        }
+    }
+
     void SuperelevationBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"片勾配（％）", L"Cross slope (%)");
+        BandHead(top, DIAGRAM_BAND, {L"片勾配（％）", L"Cross slope (%)"}, &LEFT_AND_RIGHT);
         const Slope crown(ReadFigure(PropertyValue(alignment_.features, L"SuperelevationConfig", L"normalCrown")));
         std::vector<std::vector<Step>> lists{StepsOf(alignment_.slopes, 1), StepsOf(alignment_.slopes, 2)};
         if (alignment_.slopes.empty())
         {
             for (const Superelevation& one : alignment_.superelevations)
             {
-                AddTransition(one, crown, lists[0], lists[1]);
+                const std::size_t outer = IsLeftEdgeOuter(one) ? 0 : 1;
+                AddTransition(one, crown, lists[outer], lists[1 - outer]);
             }
             for (std::vector<Step>& steps : lists)
             {
@@ -565,12 +648,14 @@ class ProfileDrawer
                                  [](const Step& one, const Step& other) { return one.station < other.station; });
             }
         }
+        const double middle = top + DIAGRAM_BAND / 2;
         DrawDiagram(top, lists);
+        MarkSuperelevations(middle);
     }
 
     void WideningBand(double& top)
     {
-        BandHead(top, DIAGRAM_BAND, L"拡幅（m）", L"Widening (m)");
+        BandHead(top, DIAGRAM_BAND, {L"拡幅（m）", L"Widening (m)"}, &LEFT_AND_RIGHT);
         std::vector<std::vector<Step>> lists{StepsOf(alignment_.wideningLeft, 1), StepsOf(alignment_.wideningRight, 1)};
         for (Step& step : lists[1])
         {
@@ -579,13 +664,13 @@ class ProfileDrawer
         DrawDiagram(top, lists);
     }
 
-    /// Two lines about the middle of a band: left or outer above, right or inner below; with their values.
+    /// Two lines about the middle of a band, of the left and of the right edge, with their values.
     void DrawDiagram(double& top, const std::vector<std::vector<Step>>& lists)
     {
         const double middle = top + DIAGRAM_BAND / 2;
         const double largest = Largest(lists);
         const double unit = largest > 0 ? DIAGRAM_BAND * 0.3 / largest : 0;
-        Line("grid", LEFT, middle, width_ - 30, middle);
+        Line("grid", LEFT, middle, width_ - RIGHT, middle);
         constexpr const char* KINDS[] = {"diagram", "diagram second"};
         for (std::size_t side = 0; side < lists.size(); ++side)
         {
@@ -593,6 +678,7 @@ class ProfileDrawer
             double last = -1000;
             for (const Step& step : lists[side])
             {
+                DrawSpot(drawing_, step.line, XWithin(step.station), middle - step.value * unit);
                 if (X(step.station) - last > 34)
                 {
                     Label("data", X(step.station), middle - step.value * unit + (side == 0 ? -3 : 11), step.shown);

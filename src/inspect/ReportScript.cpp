@@ -38,14 +38,14 @@ svg text { fill: #222; }
 .stakes { stroke: #b9770e; stroke-dasharray: 6 3; }
 /* What is used from elsewhere doesn't know the plan's scale but by --u. */
 .outline, .contour { vector-effect: none; stroke-width: calc(var(--u) * 1px); }
-.outline { stroke: #8a8a6a; } .contour { stroke: #d5d0b8; }
+.outline { stroke: var(--outline, #8a8a6a); } .contour { stroke: #d5d0b8; }
 path.scale { stroke: #222; stroke-width: 3; }
 .profile text { font-size: 11px; paint-order: stroke; stroke: #fff; stroke-width: 3px; } .profile .head { font-weight: bold; }
 .grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; } .band { fill: none; stroke: #999; }
 .ground { stroke: #8b5a2b; stroke-width: 1.5; } .design { stroke: #c0392b; stroke-width: 1.8; }
 .diagram { stroke: #1b4f9c; stroke-width: 1.5; } .second { stroke-dasharray: 5 3; }
 .profile .gradient, .profile .curvature, .profile .data { text-anchor: middle; }
-.profile .data { font-size: 10px; } .gradient { fill: #c0392b !important; }
+.profile .data, .profile .legend { font-size: 10px; } .gradient { fill: #c0392b !important; }
 .leaf { display: flex; gap: 8px; align-items: center; margin: 4px 0; } .leaf[hidden] { display: none; }
 @media screen { .sections.leafed > figure:not(.shown) { display: none; } }
 .sections { display: grid; grid-template-columns: repeat(auto-fill, minmax(560px, 1fr)); gap: 12px; }
@@ -53,7 +53,11 @@ path.scale { stroke: #222; stroke-width: 3; }
 .sections figure { border: 1px solid #ccc; padding: 4px; break-inside: avoid; }
 svg.section { display: block; width: 100%; max-height: 420px; } .centre { stroke: #999; stroke-dasharray: 8 3 2 3; }
 svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: middle; } .section text.scale { text-anchor: start; }
-:target { outline: 3px solid #e67e22; stroke: #e67e22 !important; }
+:target { outline: 3px solid #e67e22; } svg path:target, svg :target > path { stroke: #e67e22 !important; }
+/* Outlines of surfaces get their colour from where they are used. */
+use:target { --outline: #e67e22; }
+.spot { stroke: #e67e22; stroke-width: 8; stroke-linecap: round; stroke-opacity: 0.6; } .spot.face { stroke-width: 2; fill: #e67e2255; }
+.ring { r: calc(var(--u, 1) * 14px); fill: none; stroke: #e67e22; stroke-width: 3; vector-effect: non-scaling-stroke; pointer-events: none; }
 .hidden { visibility: hidden; }
 canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
 .meshes { display: flex; flex-wrap: wrap; gap: 4px 16px; } .swatch { display: inline-block; width: 12px; height: 12px; margin: 0 4px; }
@@ -167,15 +171,38 @@ for (const leaf of document.querySelectorAll('.leaf')) {
   list.addEventListener('change', () => show(list.selectedIndex));
   all.addEventListener('change', () => show(list.selectedIndex));
   // A finding may lead to a section that isn't shown.
-  function follow() {
-    const target = document.getElementById(location.hash.slice(1));
-    const index = figures.findIndex(figure => figure.contains(target));
-    if (target && index >= 0) { show(index); target.scrollIntoView({ block: 'center' }); }
-  }
-  window.addEventListener('hashchange', follow);
+  sections.addEventListener('reveal', event => show(figures.findIndex(figure => figure.contains(event.target))));
   show(0);
-  follow();
 }
+// Brings what a finding is about into the plan's view, and rings it if it is small there.
+function showInDrawing(svg, target) {
+  const box = target.getBBox(), x = box.x + box.width / 2, y = box.y + box.height / 2, view = svg.viewBox.baseVal;
+  if (svg.classList.contains('plan') && !(x > view.x && x < view.x + view.width && y > view.y && y < view.y + view.height)) {
+    view.x = x - view.width / 2;
+    view.y = y - view.height / 2;
+    setUnit(svg);
+  }
+  const small = 24 / Math.abs(svg.getScreenCTM().a);
+  if (box.width > small || box.height > small) return;
+  const ring = document.createElementNS(svg.namespaceURI, 'circle');
+  ring.setAttribute('class', 'ring');
+  ring.setAttribute('cx', x);
+  ring.setAttribute('cy', y);
+  svg.append(ring);
+}
+function follow() {
+  const target = document.getElementById(location.hash.slice(1));
+  document.querySelectorAll('.ring').forEach(ring => ring.remove());
+  if (!target) return;
+  target.dispatchEvent(new CustomEvent('reveal', { bubbles: true }));
+  const svg = target.ownerSVGElement;
+  if (svg) showInDrawing(svg, target);
+  (svg ? svg.querySelector('.ring') || target : target).scrollIntoView({ block: 'center', inline: 'center' });
+}
+window.addEventListener('hashchange', follow);
+// A link that is followed again changes nothing of the address.
+document.getElementById('findings').addEventListener('click', event => { if (event.target.hash === location.hash) follow(); });
+follow();
 )js";
 
 const char* const TERRAIN_SCRIPT = R"js(

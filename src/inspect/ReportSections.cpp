@@ -128,6 +128,10 @@ class SectionDrawer
     {
         for (const CrossSectSurf& ground : section_.grounds)
         {
+            if (!HasPlace(ground.lists))
+            {
+                continue;
+            }
             page_.Raw("<path class=\"ground\"");
             DrawId(drawing_, ground.line);
             page_.Raw(" d=\"");
@@ -136,8 +140,11 @@ class SectionDrawer
                 const char* step = "M";
                 for (const FigurePair& pair : list.pairs)
                 {
-                    page_.Raw(step).Number(pair.first.value).Raw(" ").Number(-pair.second.value);
-                    step = "L";
+                    if (pair.IsPlaced())
+                    {
+                        page_.Raw(step).Number(pair.first.value).Raw(" ").Number(-pair.second.value);
+                        step = "L";
+                    }
                 }
             }
             page_.Raw("\"><title>").Text(ground.name).Raw("</title></path>");
@@ -148,10 +155,11 @@ class SectionDrawer
     /// The name above the first piece of the line, which as a rule lies farthest from the road.
     void LabelGround(const CrossSectSurf& ground)
     {
-        if (!ground.lists.empty() && ground.lists.front().pairs.size() > 1)
+        const std::vector<FigurePair>& pairs = ground.lists.front().pairs;
+        if (pairs.size() > 1 && pairs[0].IsPlaced() && pairs[1].IsPlaced())
         {
-            const FigurePair& first = ground.lists.front().pairs[0];
-            const FigurePair& next = ground.lists.front().pairs[1];
+            const FigurePair& first = pairs[0];
+            const FigurePair& next = pairs[1];
             Label((first.first.value + next.first.value) / 2, (first.second.value + next.second.value) / 2,
                   ground.name);
         }
@@ -192,6 +200,10 @@ class SectionDrawer
         if (!surface.IsClosed())
         {
             LabelMiddle(surface);
+        }
+        for (const CrossSectPnt& point : surface.points)
+        {
+            DrawSpot(drawing_, point.line, point.offset.value, -Elevation(surface, point));
         }
     }
 

@@ -72,11 +72,14 @@ std::string Base64Of(const Triples& triples)
     return bytes.Text();
 }
 
-void DrawMesh(Html& page, const Surface& surface, const TerrainMesh& mesh)
+void DrawMesh(Drawing& drawing, const Surface& surface, const TerrainMesh& mesh)
 {
+    Html& page = drawing.page;
     page.Raw("<label class=\"mesh\" data-points=\"").Raw(Base64Of(mesh.places)).Raw("\" data-faces=\"");
-    page.Raw(Base64Of(mesh.triangles)).Raw("\"><input type=\"checkbox\" checked><span class=\"swatch\"></span>");
-    page.Text(NameOf(surface)).Raw("</label>\n");
+    page.Raw(Base64Of(mesh.triangles)).Raw("\"");
+    DrawId(drawing, surface.line);
+    page.Raw("><input type=\"checkbox\" checked><span class=\"swatch\"></span>");
+    page.Words("span", NameOf(surface)).Raw("</label>\n");
     if (mesh.triangles.size() < mesh.whole)
     {
         const std::wstring shown = std::to_wstring(mesh.triangles.size());
@@ -116,7 +119,7 @@ void DrawTerrain(Drawing& drawing, const LandXmlFile& file)
     {
         // Each gets its share of the faces.
         const std::size_t most = faces <= MOST_FACES ? MOST_FACES : surface.faces.size() * MOST_FACES / faces;
-        DrawMesh(page, surface, MeshOf(surface, box, std::max<std::size_t>(most, 2)));
+        DrawMesh(drawing, surface, MeshOf(surface, box, std::max<std::size_t>(most, 2)));
     }
     page.Raw("</div></div></section>");
 }

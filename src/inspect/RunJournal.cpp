@@ -67,24 +67,10 @@ std::wstring Count(std::size_t count)
     return std::to_wstring(count);
 }
 
-void WriteText(Html& page, const Detail& text)
-{
-    if (text.japanese == text.english)
-    {
-        page.Raw("<td>").Text(text.japanese).Raw("</td>");
-    }
-    else
-    {
-        page.Words("td", text.japanese, text.english);
-    }
-}
-
 void WriteChange(Html& page, const RunJournal::Change& change)
 {
     page.Raw("<tr><td>").Text(change.object).Raw("</td>");
-    WriteText(page, change.before);
-    WriteText(page, change.after);
-    page.Raw("</tr>\n");
+    page.Words("td", change.before).Words("td", change.after).Raw("</tr>\n");
 }
 
 void WriteGroup(Html& page, const RunJournal::Group& group)

@@ -36,6 +36,11 @@ class SummaryWriter
 
     void Line(int depth, const Sentence& label, std::wstring_view value) { NamedLine(depth, Word(label), value); }
 
+    std::wstring_view Word(const Detail& word) const
+    {
+        return language_ == Language::Japanese ? word.japanese : word.english;
+    }
+
     std::wstring Given(std::wstring_view text) const { return NameOr(text, Word(NOT_GIVEN)); }
 
     /// Parts with commas between them; empty ones are left out.
@@ -132,7 +137,7 @@ void WriteAlignment(SummaryWriter& out, const Alignment& alignment)
         elements.append(out.Word({L"（", L" ("})).append(kinds).append(out.Word({L"）", L")"}));
     }
     out.NamedLine(
-        2, NameOf(alignment),
+        2, out.Word(NameOf(alignment)),
         out.Listed({out.With({L"長さ", L"length"}, out.Given(alignment.length.text), L" m"),
                     out.With({L"測点", L"stations"},
                              out.Given(alignment.staStart.text) + L"～" + ShortNumber(course.StaEnd(), 3)),
@@ -169,7 +174,7 @@ void WritePoints(SummaryWriter& out, const LandXmlFile& file)
                               : group.IsWidthStakes() ? Sentence{L"幅杭", L"Width stakes"}
                                                       : Sentence{L"座標点", L"Points"};
         out.Line(1, kind,
-                 out.Listed({NameOf(group), group.desc, group.alignmentRefs,
+                 out.Listed({out.Word(NameOf(group)), group.desc, group.alignmentRefs,
                              out.Count({L"点", L"points"}, group.points.size())}));
     }
 }
@@ -179,7 +184,7 @@ void WriteSurfaces(SummaryWriter& out, const LandXmlFile& file)
     for (const Surface& surface : file.surfaces)
     {
         out.Line(1, {L"サーフェス", L"Surface"},
-                 out.Listed({NameOf(surface), surface.desc, surface.type,
+                 out.Listed({out.Word(NameOf(surface)), surface.desc, surface.type,
                              out.With({L"点", L"points"}, std::to_wstring(surface.points.size())),
                              out.With({L"面", L"faces"}, std::to_wstring(surface.faces.size()))}));
     }

@@ -69,7 +69,7 @@ const ProfSurf* FirstGround(const Alignment& alignment)
 Row ElementFigures(const PlanElement& element)
 {
     const bool isCurve = element.kind == ElementKind::Curve;
-    return {std::wstring(KindOf(element)),
+    return {KindOf(element).japanese,
             Own(isCurve ? element.radius : element.radiusStart),
             Own(isCurve ? element.radius : element.radiusEnd),
             Own(element.parameter),
@@ -80,7 +80,7 @@ Row ElementFigures(const PlanElement& element)
 Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const PlanPoint& point, double station,
                  const std::wstring& azimuth, const Row& figures)
 {
-    Row row{NameOf(alignment),
+    Row row{NameOf(alignment).japanese,
             std::wstring(point.name),
             StationText(alignment, station),
             labels.At(station),
@@ -166,7 +166,7 @@ void AddStations(const Alignment& alignment, Table& table)
         const bool isKnown = !positions.empty();
         const bool isPoint = one.point != nullptr && one.point->IsPlaced();
         table.rows.push_back(
-            {NameOf(alignment), labels.At(one.station), std::wstring(isPoint ? one.point->name : L""),
+            {NameOf(alignment).japanese, labels.At(one.station), std::wstring(isPoint ? one.point->name : L""),
              StationText(alignment, one.station),
              isPoint ? Own(one.point->north) : Computed(isKnown ? positions.front().north : NAN, COORDINATE_DECIMALS),
              isPoint ? Own(one.point->east) : Computed(isKnown ? positions.front().east : NAN, COORDINATE_DECIMALS),
@@ -186,7 +186,7 @@ void AddProfile(const Alignment& alignment, const ProfAlign& design, Table& tabl
         const bool isFirst = &point == &line.Points().front();
         const bool isLast = &point == &line.Points().back();
         const double length = point.lengthIn + point.lengthOut;
-        Row row{NameOf(alignment),
+        Row row{NameOf(alignment).japanese,
                 std::wstring(design.name),
                 labels.At(point.station),
                 Own(point.element->station),
@@ -234,7 +234,7 @@ struct StationRow
 class CrossSlopeRows
 {
   public:
-    explicit CrossSlopeRows(const Alignment& alignment) : name_(NameOf(alignment)), labels_(alignment) {}
+    explicit CrossSlopeRows(const Alignment& alignment) : name_(NameOf(alignment).japanese), labels_(alignment) {}
 
     /// A slope of the whole road, or figures of its left and right side.
     void Add(const std::wstring& kind, const Figure& station, const std::wstring& slope, const std::wstring& left,

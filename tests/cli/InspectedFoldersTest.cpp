@@ -34,7 +34,7 @@ const inspect::Alignment* AlignmentOf(const LandXmlFile& file, const Finding& fi
 {
     const inspect::Alignment* found = nullptr;
     ForEachAlignment(file, [&](const inspect::Alignment& alignment) {
-        found = finding.object.starts_with(std::wstring(alignment.name) + L"／") ? &alignment : found;
+        found = finding.object.japanese.starts_with(std::wstring(alignment.name) + L"／") ? &alignment : found;
     });
     return found;
 }
@@ -59,7 +59,7 @@ bool HasMovedRunout(const LandXmlFile& file, const Finding& finding)
             return std::any_of(one.stations.begin(), one.stations.end(),
                                [&](const auto& station) { return station.kind == kind; });
         };
-        return finding.object.ends_with(L" " + std::wstring(one.staStart.text)) && has(L"StartofRunoutSta") &&
+        return finding.object.japanese.ends_with(L" " + std::wstring(one.staStart.text)) && has(L"StartofRunoutSta") &&
                !has(L"BeginRunoutSta") && !has(L"BeginRunoffSta");
     });
 }
@@ -68,7 +68,7 @@ bool HasMovedRunout(const LandXmlFile& file, const Finding& finding)
 bool NamesStakesOfAnotherRoute(const LandXmlFile& file, const Finding& finding)
 {
     const auto isNamed = [&](const inspect::PointGroup& group) {
-        return group.IsWidthStakes() && finding.object == L"CgPoints " + std::wstring(group.name);
+        return group.IsWidthStakes() && finding.object.japanese == L"CgPoints " + std::wstring(group.name);
     };
     std::set<std::wstring_view> alignments;
     std::size_t groups = 0;
@@ -98,13 +98,13 @@ bool HasAllSectionsAtItsStart(const LandXmlFile& file, const Finding& finding)
 /// Hosts put the alignment's name behind a surface's, and make none of a line of rock.
 bool IsAGroundLine(const LandXmlFile&, const Finding& finding)
 {
-    return finding.object.find(L"／縦断地盤線 ") != std::wstring::npos;
+    return finding.object.japanese.find(L"／縦断地盤線 ") != std::wstring::npos;
 }
 
 /// A station equation that counts on from less than it came to.
 bool IsAnEquation(const LandXmlFile&, const Finding& finding)
 {
-    return finding.object.find(L"／測点定義 ") != std::wstring::npos;
+    return finding.object.japanese.find(L"／測点定義 ") != std::wstring::npos;
 }
 
 struct Explained
@@ -175,13 +175,13 @@ std::string LowerCase(std::string text)
 bool IsThere(const LandXmlFile& file, const Finding& finding, const Oddity& oddity)
 {
     const std::wstring owner = WideFromUtf8(oddity.owner);
-    if (owner.empty() || finding.object.find(owner) != std::wstring::npos)
+    if (owner.empty() || finding.object.japanese.find(owner) != std::wstring::npos)
     {
         return true;
     }
     // What lies on an alignment is judged by it.
     return std::any_of(file.pointGroups.begin(), file.pointGroups.end(), [&](const inspect::PointGroup& group) {
-        return group.alignmentRefs == owner && finding.object.starts_with(group.name);
+        return group.alignmentRefs == owner && finding.object.japanese.starts_with(group.name);
     });
 }
 
@@ -195,11 +195,11 @@ bool BringsAbout(const LandXmlFile& file, const Finding& finding, const Oddity& 
     if (code == L"X01" || code == L"X02")
     {
         // The finding names the element itself, in the file's own words. A ground line's points leave as one list.
-        const std::string object = LowerCase(Utf8FromWide(finding.object));
+        const std::string object = LowerCase(Utf8FromWide(finding.object.japanese));
         return oddity.tags.empty() || oddity.tags.front().ends_with(".csv") ||
                std::any_of(oddity.tags.begin(), oddity.tags.end(), [&](const std::string& tag) {
-                   return (tag == "PVI" && finding.object == L"PntList2D") || tag == "Property" || tag == "Feature" ||
-                          object.find(LowerCase(tag)) != std::string::npos;
+                   return (tag == "PVI" && finding.object.japanese == L"PntList2D") || tag == "Property" ||
+                          tag == "Feature" || object.find(LowerCase(tag)) != std::string::npos;
                });
     }
     return IsThere(file, finding, oddity) && std::any_of(std::begin(CAUSES), std::end(CAUSES), [&](const Cause& cause) {
@@ -291,7 +291,7 @@ TEST_F(InspectedFolders, ShowNothingButWhatTheGeneratorMeant)
         {
             EXPECT_TRUE(IsExplained(*file, finding, work))
                 << "folder " << number << (work.hostLike ? " (as hosts write it): " : ": ")
-                << Utf8FromWide(finding.check->code + (L" " + finding.object) + L": " + finding.text)
+                << Utf8FromWide(finding.check->code + (L" " + finding.object.japanese) + L": " + finding.text)
                 << Told(work.oddities);
             ++counts[Utf8FromWide(finding.check->code) + (IsOfHosts(*file, finding) ? "-of-hosts" : "-put-in")];
             if (work.hostLike)

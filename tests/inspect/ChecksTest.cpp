@@ -1,6 +1,7 @@
 #include "inspect/Checks.h"
 
 #include "SoundFile.h"
+#include "inspect/Report.h"
 
 #include <algorithm>
 #include <set>
@@ -16,7 +17,7 @@ std::vector<std::string> Said(const LandXmlFile& file, const std::wstring& code)
     std::vector<std::string> said;
     for (const Finding& finding : Inspect(file, {FindCheck(code)}))
     {
-        said.push_back(Utf8FromWide(std::wstring(SeverityName(finding.severity)) + L" " + finding.object));
+        said.push_back(Utf8FromWide(std::wstring(SeverityName(finding.severity)) + L" " + finding.object.japanese));
     }
     return said;
 }
@@ -43,7 +44,7 @@ TEST(Checks, FindNothingInASoundFile)
 {
     for (const Finding& finding : Inspect(SoundFile(), EveryCheck()))
     {
-        ADD_FAILURE() << Utf8FromWide(finding.object + L": " + finding.text);
+        ADD_FAILURE() << Utf8FromWide(finding.object.japanese + L": " + finding.text);
     }
 }
 
@@ -508,6 +509,25 @@ TEST_P(CheckCases, SaysOfTheChangedElementAlone)
 {
     const Case& one = GetParam();
     EXPECT_EQ(Said(SoundFile(one.changes), one.code), one.said);
+}
+
+TEST_P(CheckCases, LeadFromEveryFindingToAnElementOfThePage)
+{
+    const LandXmlFile file = SoundFile(GetParam().changes);
+    const std::vector<Finding> findings = Inspect(file, EveryCheck());
+    const std::string page = ReportPage(file, findings);
+    const std::string_view table = std::string_view(page).substr(page.find("<section id=\"findings\""));
+    std::size_t links = 0;
+    constexpr std::string_view LINK = "<td><a href=\"#";
+    for (std::size_t place = table.find(LINK); place != std::string_view::npos; place = table.find(LINK, place + 1))
+    {
+        const std::size_t begin = place + LINK.size();
+        const std::string id = " id=\"" + std::string(table.substr(begin, table.find('"', begin) - begin)) + "\"";
+        EXPECT_NE(page.find(id), std::string::npos) << id;
+        EXPECT_EQ(page.find(id), page.rfind(id)) << id;
+        ++links;
+    }
+    EXPECT_EQ(links, findings.size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Inspect, CheckCases, testing::ValuesIn(CASES),

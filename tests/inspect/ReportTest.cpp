@@ -161,7 +161,7 @@ TEST(ReportPage, HasTheBandsOfAProfileInTheOrderOfDrawings)
         const std::size_t begin = page.find('>', place) + 1;
         heads.push_back(page.substr(begin, page.find('<', begin) - begin));
     }
-    EXPECT_EQ(heads, (std::vector<std::string>{"縦断勾配", "計画高", "地盤高", "盛土高", "切土高", "追加距離", "単距離",
+    EXPECT_EQ(heads, (std::vector<std::string>{"縦断勾配", "盛土高", "切土高", "計画高", "地盤高", "追加距離", "単距離",
                                                "測点", "平面曲線", "片勾配（％）", "拡幅（m）"}));
 }
 
@@ -209,8 +209,160 @@ TEST(ReportPage, DrawsNoSurfaceOfACrossSectionByItsSlopes)
 TEST(ReportPage, LeadsFromAFindingToTheDrawing)
 {
     const std::string page = PageOf(SoundFile({{"length=\"110.000000\"", "length=\"110.002\""}}));
-    EXPECT_NE(page.find("<td>69</td><td><a href=\"#l69\">線形1／直線 BP～KA.1-1</a></td>"), std::string::npos);
+    EXPECT_NE(
+        page.find("<td>69</td><td><a href=\"#l69\" data-en=\"線形1／Line BP～KA.1-1\">線形1／直線 BP～KA.1-1</a></td>"),
+        std::string::npos);
     EXPECT_EQ(CountOf(page, "id=\"l69\""), 1U);
+}
+
+/// A change of a sound file, and what of the page a finding of a check leads to.
+struct LinkCase
+{
+    const char* name;
+    const wchar_t* code;
+    std::vector<Change> changes;
+    std::string target; ///< the begin of a tag up to the id, and what follows the id
+};
+const LinkCase LINK_CASES[] = {
+    {"AnAlignment", L"H09", {{"length=\"400.000000\"", "length=\"400.002\""}}, "<figure class=\"planbox\""},
+    {"APointOfAnElement", L"R03", {{"<Center>", "<Center pntRef=\"Q1\">"}}, "<path class=\"element curve\""},
+    {"AnIntersection",
+     L"R03",
+     {{"<PI>12547.71076598", "<PI pntRef=\"Q1\">12547.71076598"}},
+     "<path class=\"intersection\""},
+    {"AnEquation", L"T04", {{"staAhead=\"160.000\"", "staAhead=\"140.000\""}}, "<path class=\"tick\""},
+    {"AGroup", L"R01", {{"value=\"線形1\"", "value=\"線形9\""}}, "<g"},
+    {"AStake", L"R04", {{"name=\"L-2\"", "name=\"L-1\""}}, "<path class=\"stake\""},
+    {"AProfile", L"T01", {{"staStart=\"0.\"", "staStart=\"5.\""}}, "<figure class=\"scroll\""},
+    {"AGradientChange", L"V01", {{"<PVI>400.000", "<PVI>290.000"}}, "<path class=\"vertex\""},
+    {"APieceOfAGroundLine", L"V01", {{"80. 108.071", "30. 108.071"}}, "<path class=\"ground\""},
+    {"ATransition", L"C01", {{"staEnd=\"256.\"", "staEnd=\"56.\""}}, "<path class=\"spot\""},
+    {"AStationOfATransition", L"C01", {{"<FullSuperSta>160.000", "<FullSuperSta>260.000"}}, "<path class=\"spot\""},
+    {"AReverseCrown", L"C01", {{"value=\"130.000000\"", "value=\"290.000000\""}}, "<path class=\"spot\""},
+    {"AWidth", L"C09", {{"256. 0.25 3", "156. 0.25 3"}}, "<path class=\"spot\""},
+    {"AReferenceToAProfile", L"V05", {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"現況\""}}, "<h3"},
+    {"ASection", L"C02", {{"sta=\"200.000\"", "sta=\"50.000\""}}, "<figure"},
+    {"APointOfASection",
+     L"C05",
+     {{"<CrossSectPnt code=\"CW\">-3.250", "<CrossSectPnt code=\"CW\">3.250"}},
+     "<path class=\"spot\""},
+    {"APieceOfASectionsGround", L"C04", {{"-7.500 107.870", "-17.500 107.870"}}, "<path class=\"ground\""},
+    {"ASurfaceThatIsNotDrawn",
+     L"X04",
+     {{"<CrossSectPnt code=\"CW\">", "<CrossSectPnt code=\"CW\" dataFormat=\"Slope Distance\">"}},
+     "<figure"},
+    {"ASurface", L"F06", {{"<F>3 6 5</F>", "<F>3 6 5</F><F>2 5 6</F>"}}, "<use href=\"#surface0\""},
+    {"AFeatureOfASurface",
+     L"R01",
+     {{"</Definition>\n\t\t\t<Feature>\n\t\t\t\t<Property label=\"alignmentRefs\" value=\"線形1\"",
+       "</Definition>\n\t\t\t<Feature>\n\t\t\t\t<Property label=\"alignmentRefs\" value=\"線形9\""}},
+     "<use href=\"#surface0\""},
+    {"APointOfASurface", L"F07", {{"<F>3 6 5</F>", ""}}, "<path class=\"spot\""},
+    {"AFaceToAMissingPoint", L"F04", {{"<F>3 6 5</F>", "<F>3 6 7</F>"}}, "<path class=\"spot face\""},
+    {"TheCoordinateSystem", L"R05", {{"horizontalDatum=\"JGD2011\"", ""}}, "<section id=\"summary\">"},
+    {"AFileWithoutOne", L"R12", {{"linearUnit=\"meter\"", ""}}, "<section id=\"summary\">"},
+    {"ARoadway", L"R01", {{"alignmentRefs=\"線形1\"", "alignmentRefs=\"線形9\""}}, "<section id=\"summary\">"},
+};
+
+class LinkCases : public testing::TestWithParam<LinkCase>
+{};
+
+TEST_P(LinkCases, LeadToWhatAFindingIsAboutOrLiesIn)
+{
+    const LinkCase& one = GetParam();
+    const LandXmlFile file = SoundFile(one.changes);
+    const std::vector<Finding> findings = Inspect(file, {FindCheck(one.code)});
+    ASSERT_GE(findings.size(), 1U);
+    const std::string page = ReportPage(file, findings);
+    const std::string row = Tag(page.substr(page.find("<section id=\"findings\"")), "<a href=\"#");
+    const std::size_t begin = row.find('#') + 1;
+    const std::string id = row.substr(begin, row.find('"', begin) - begin);
+    EXPECT_EQ(CountOf(page, " id=\"" + id + "\""), 1U) << row;
+    const std::string target = one.target.ends_with('>') ? one.target : one.target + " id=\"" + id + "\"";
+    EXPECT_EQ(CountOf(page, target), 1U) << target;
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, LinkCases, testing::ValuesIn(LINK_CASES),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST(ReportPage, MarksWhatIsFoundAtItsPlace)
+{
+    // A section's point 3.25 m to the right, 0.065 m below the design line's 106.8 m.
+    const std::string section =
+        PageOf(SoundFile({{"<CrossSectPnt code=\"CW\">-3.250", "<CrossSectPnt code=\"CW\">3.250"}}));
+    EXPECT_EQ(CountOf(section, "d=\"M3.25 -106.735h0\"/>"), 1U);
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), "class=\"spot"), 0U);
+    // The points 3 and 6 of a face whose third isn't there, from the plan's corner at 12546 18223.
+    const std::string face = PageOf(SoundFile({{"<F>3 6 5</F>", "<F>3 6 7</F>"}}));
+    EXPECT_EQ(CountOf(face, "d=\"M13.926 109.305L111.497 58.513Z\"/>"), 1U);
+}
+
+TEST(ReportPage, DrawsAFileWithoutAlignments)
+{
+    const std::string surface = "<Surfaces><Surface name=\"地形\"><Definition surfType=\"TIN\"><Pnts><P id=\"1\">0 0 0"
+                                "</P><P id=\"2\">0 10 0</P><P id=\"3\">10 0 5</P></Pnts><Faces><F>1 2 3</F></Faces>"
+                                "</Definition></Surface></Surfaces>";
+    const std::string points = "<CgPoints name=\"基準点\"><CgPoint name=\"T-1\">20. 30. 5.</CgPoint></CgPoints>";
+    const auto pageOf = [](const std::string& content) {
+        return PageOf(ReadLandXmlBytes("<LandXML>" + content + "</LandXML>", L"s.xml"));
+    };
+    const std::string both = pageOf(points + surface);
+    EXPECT_EQ(CountOf(both, "<h2 data-en=\"Plan of the whole file\">全体平面図</h2>"), 1U);
+    EXPECT_EQ(CountOf(both, "<svg class=\"plan\""), 1U);
+    EXPECT_EQ(CountOf(both, "<use href=\"#surface0\""), 1U);
+    EXPECT_EQ(CountOf(both, "<path class=\"control\" id=\"l1\""), 0U) << "the line is that of the surface";
+    EXPECT_EQ(CountOf(both, "<path class=\"control\" d=\"M30 0h0\"><title>基準点／T-1\nX=20.\nY=30.\nH=5.</title>"),
+              1U);
+    EXPECT_EQ(CountOf(pageOf(surface), "<svg class=\"plan\""), 1U);
+    EXPECT_EQ(CountOf(pageOf(points), "<svg class=\"plan\""), 1U);
+    EXPECT_EQ(CountOf(pageOf(""), "<svg class=\"plan\""), 0U);
+}
+
+TEST(ReportPage, DrawsGroupsOfAMissingAlignmentInAPlanOfTheWholeFile)
+{
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), "全体平面図"), 0U);
+    const std::string page = PageOf(
+        SoundFile({{"</Feature>\n\t</CgPoints>\n\t<Alignments", "</Feature></CgPoints><Alignments"},
+                   {"<Feature name=\"WidthStakePnts\">\n\t\t\t<Property label=\"alignmentRefs\" value=\"線形1\"",
+                    "<Feature name=\"WidthStakePnts\">\n\t\t\t<Property label=\"alignmentRefs\" value=\"線形9\""}}));
+    EXPECT_EQ(CountOf(page, "全体平面図"), 1U);
+    EXPECT_EQ(CountOf(page, "<path class=\"stake\""), 5U);
+    EXPECT_EQ(CountOf(page, "<path class=\"stakes\""), 1U);
+    EXPECT_EQ(CountOf(page, "<path class=\"intermediate\""), 12U) << "in both plans";
+    EXPECT_EQ(CountOf(page, "<path class=\"element line\""), 4U) << "in both plans";
+}
+
+TEST(ReportPage, TellsOfEachAlignmentHowManySectionsAreLeftOut)
+{
+    std::string alignments;
+    for (const int count : {1500, 1500, 10})
+    {
+        alignments += "<Alignment name=\"線形\" length=\"5000\" staStart=\"0\"><CrossSects>";
+        for (int section = 0; section < count; ++section)
+        {
+            alignments += "<CrossSect sta=\"" + std::to_string(section) + "\"/>";
+        }
+        alignments += "</CrossSects></Alignment>";
+    }
+    const std::string page =
+        PageOf(ReadLandXmlBytes("<LandXML><Alignments>" + alignments + "</Alignments></LandXML>", L"s.xml"));
+    EXPECT_EQ(CountOf(page, "横断面が多いため、ほか1000件は省略しました。"), 1U);
+    EXPECT_EQ(CountOf(page, "横断面が多いため、ほか10件は省略しました。"), 1U);
+    EXPECT_EQ(CountOf(page, "横断面が多いため"), 2U);
+}
+
+TEST(ReportPage, DrawsTheLeftEdgeOfASuperelevationAsTheRoadTurns)
+{
+    // To the right the left edge is the outer one and climbs; to the left the right one does.
+    const auto leftEdge = [](const std::string& page) {
+        const std::string path = Tag(page.substr(page.find(">片勾配（％）</text>")), "<path class=\"diagram\"");
+        return path.substr(path.find("d=\""));
+    };
+    const std::string right = leftEdge(PageOf(SoundFile()));
+    const std::string left = leftEdge(PageOf(SoundFile({{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}})));
+    EXPECT_EQ(right,
+              "d=\"M110 897.68L312.5 897.68L357.5 890L470 870.8L686 870.8L798.5 890L843.5 897.68L1010 897.68\"/>");
+    EXPECT_EQ(left, "d=\"M110 897.68L402.5 897.68L470 909.2L686 909.2L753.5 897.68L1010 897.68\"/>");
 }
 
 TEST(ReportPage, SaysOfASheetThatTheFileHasNothingForIt)
@@ -393,7 +545,7 @@ TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
     for (const CheckSheetRow& row : CheckSheet(SoundFile()))
     {
         const std::wstring subject =
-            row.subject.japanese + (row.alignment.empty() ? std::wstring() : L"／" + row.alignment);
+            row.subject.japanese + (row.alignment.IsEmpty() ? std::wstring() : L"／" + row.alignment.japanese);
         rows.push_back(Utf8FromWide(subject + L"|" + row.what.japanese + L"|" + row.value.japanese));
     }
     EXPECT_EQ(rows,
