@@ -15,7 +15,7 @@ TEST_PACKAGES=(
     libgtest-dev libbenchmark-dev libxml2-utils
     clang libclang-rt-dev python3 chromium doxygen
     make parallel openssh-client openssh-server rsync slurmctld slurmd slurm-client munge
-    g++-mingw-w64-x86-64-posix wine64 xvfb xauth xdotool fonts-ipafont-gothic locales
+    g++-mingw-w64-x86-64-posix wine64 xvfb xauth xdotool weston qt6-wayland fonts-ipafont-gothic locales
     nsis zip unzip lintian zsh
 )
 

@@ -349,8 +349,23 @@ TEST_P(DialogConformance, SelectingAnEntryIsNoEvent)
             window.SelectEntry(list, DialogWindow::NO_ENTRY);
             EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
             EXPECT_EQ(window.Text(list), L"");
+            window.SelectEntry(list, 2);
+            EXPECT_EQ(window.SelectedEntry(list), DialogWindow::NO_ENTRY);
             EXPECT_EQ(events.Taken(), Lines{});
         }
+    });
+}
+
+TEST_P(DialogConformance, ALineOfAListBoxIsSelected)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        using namespace conformance;
+        window.AddEntry(BOX, L"a");
+        window.AddEntry(BOX, L"b");
+        window.SelectEntry(BOX, 1);
+        EXPECT_EQ(window.SelectedEntry(BOX), 1);
+        window.SelectEntry(BOX, DialogWindow::NO_ENTRY);
+        EXPECT_EQ(window.SelectedEntry(BOX), DialogWindow::NO_ENTRY);
     });
 }
 

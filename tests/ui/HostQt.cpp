@@ -6,9 +6,9 @@
 //
 // MODE is "joined" (the host has an application object), "alone" (the module makes one, which serves all later calls)
 // or "dark" (there is no display to show a dialog on, in each way in which there can be none). With the first two the
-// calls end with cancel and with output in turn. With "crowded" the host has a palette, a second window and a timer
-// that calls again while the dialog is open. Status 0: nothing is left behind; 1: something is; 9: a window didn't come
-// up.
+// calls end with cancel and with output in turn. With "elsewhere" Qt has no windows where the call is made. With
+// "crowded" the host has a palette, a second window and a timer that calls again while the dialog is open. Status 0:
+// nothing is left behind; 1: something is; 9: a window didn't come up.
 
 #include "base/Files.h"
 #include "base/Text.h"
@@ -218,12 +218,16 @@ void CallAtDisplay(const Module& module, int call)
     Check(std::filesystem::exists(module.out) == output, output ? "no file was written" : "a file was written", call);
 }
 
+constexpr const char* NO_DISPLAY_LINE = "画面に接続できないため、ダイアログを表示できません。\n";
+
 /// The environment of a process that has no display.
 struct NoDisplay
 {
     const char* display;
     const char* waylandDisplay;
     const char* platform;
+    const char* session = nullptr;
+    const char* runtimeFolder = nullptr;
 };
 
 constexpr NoDisplay NO_DISPLAYS[] = {
@@ -233,6 +237,10 @@ constexpr NoDisplay NO_DISPLAYS[] = {
     {nullptr, nullptr, "xcb"},
     {":9999", nullptr, "xcb"},
     {nullptr, "no-such-server", "wayland"},
+    {nullptr, "no-such-server", "wayland", nullptr, "/"},
+    {nullptr, "/no-such-server", "wayland"},
+    {nullptr, nullptr, nullptr, "wayland"},
+    {nullptr, nullptr, nullptr, "wayland", "/"},
     {nullptr, nullptr, "no-such-platform"},
 };
 
@@ -262,8 +270,10 @@ void CallInTheDark(const Module& module, int call)
     SetVariable("DISPLAY", none.display);
     SetVariable("WAYLAND_DISPLAY", none.waylandDisplay);
     SetVariable("QT_QPA_PLATFORM", none.platform);
+    SetVariable("XDG_SESSION_TYPE", none.session);
+    SetVariable("XDG_RUNTIME_DIR", none.runtimeFolder);
     const std::string told = ToldAtCall(module);
-    Check(told == "画面に接続できないため、ダイアログを表示できません。\n", "told: " + told, call);
+    Check(told == NO_DISPLAY_LINE, "told: " + told, call);
     Check(qApp == nullptr, "there is an application object", call);
 }
 
@@ -404,13 +414,36 @@ void RunDark(const Module& module)
     CallAtDisplay(module, CALLS + 1);
 }
 
+void ExpectNoWindows(const std::string& told, int call)
+{
+    Check(told == NO_DISPLAY_LINE, "told: " + told, call);
+}
+
+/// Calls from where Qt shows no window: a host whose application object knows none, and a thread that isn't its own.
+void RunElsewhere(const Module& module)
+{
+    int argumentCount = 1;
+    char name[] = "host";
+    char* arguments[] = {name, nullptr};
+    {
+        const QCoreApplication application(argumentCount, arguments);
+        ExpectNoWindows(ToldAtCall(module), 1);
+    }
+    const QApplication application(argumentCount, arguments);
+    std::thread([&] { ExpectNoWindows(ToldAtCall(module), 2); }).join();
+}
+
 struct Mode
 {
     std::string_view name;
     void (*run)(const Module&);
 };
 
-constexpr Mode MODES[] = {{"joined", RunJoined}, {"alone", RunAlone}, {"dark", RunDark}, {"crowded", RunCrowded}};
+constexpr Mode MODES[] = {{"joined", RunJoined},
+                          {"alone", RunAlone},
+                          {"dark", RunDark},
+                          {"crowded", RunCrowded},
+                          {"elsewhere", RunElsewhere}};
 
 } // namespace
 } // namespace jlandxml

@@ -22,6 +22,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QScrollBar>
+#include <QTest>
 #include <QTreeWidget>
 #include <cmath>
 #endif
@@ -300,7 +301,10 @@ TEST_F(NativeLayerTest, TheHostsWordsStayAsTheyAre)
 {
     const auto told = [] { return QCoreApplication::translate("QFileDialog", "Back"); };
     const QString before = told();
-    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(told(), QStringLiteral("戻る")); });
+    Run([&](DialogWindow&, DialogHands&) {
+        EXPECT_EQ(told(), QStringLiteral("戻る"));
+        EXPECT_EQ(QCoreApplication::translate(nullptr, "Back"), QStringLiteral("Back"));
+    });
     EXPECT_EQ(told(), before);
 }
 
@@ -330,7 +334,10 @@ TEST_F(NativeLayerTest, ALockedValueCanBeReadWhateverTheHostsColors)
     dark.setColor(QPalette::All, QPalette::ButtonText, Qt::white);
     dark.setColor(QPalette::Disabled, QPalette::Text, QColor(60, 60, 60));
     dark.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(70, 70, 70));
-    for (const QPalette& palette : {former, dark})
+    QPalette black = dark;
+    black.setColor(QPalette::All, QPalette::Base, Qt::black);
+    black.setColor(QPalette::All, QPalette::Button, QColor(9, 9, 9));
+    for (const QPalette& palette : {former, dark, black})
     {
         QApplication::setPalette(palette);
         Run([](DialogWindow&, DialogHands&) {
@@ -358,17 +365,134 @@ TEST_F(NativeLayerTest, ATreeShowsWholeRows)
     });
 }
 
+void WaitUntilActive(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+    while (QApplication::activeWindow() != &window)
+    {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
 TEST_F(NativeLayerTest, APaletteThatIsActiveIsNotTheOwner)
 {
     auto* const main = static_cast<QWidget*>(const_cast<void*>(host));
     QWidget palette(main, Qt::Tool);
-    palette.show();
-    palette.activateWindow();
-    while (QApplication::activeWindow() != &palette)
-    {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    WaitUntilActive(palette);
     Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(LookAtFrontWindow().owner, main); });
+}
+
+TEST_F(NativeLayerTest, AHostsDialogWhoseMainWindowIsHiddenIsTheOwner)
+{
+    QWidget hidden;
+    QDialog dialog(&hidden);
+    WaitUntilActive(dialog);
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(LookAtFrontWindow().owner, &dialog); });
+}
+
+TEST_F(NativeLayerTest, WhereNoWindowOfTheHostIsActiveTheOneOnItsOwnIsTheOwner)
+{
+    auto* const main = static_cast<QWidget*>(const_cast<void*>(host));
+    main->hide();
+    QDialog single;
+    QDialog ofTheSingle(&single);
+    QWidget tool(nullptr, Qt::Tool);
+    QWidget hidden;
+    for (QWidget* const shown : {static_cast<QWidget*>(&single), static_cast<QWidget*>(&ofTheSingle), &tool})
+    {
+        shown->setAttribute(Qt::WA_ShowWithoutActivating);
+        shown->show();
+    }
+    QApplication::setActiveWindow(nullptr);
+    Run([&](DialogWindow&, DialogHands&) { EXPECT_EQ(LookAtFrontWindow().owner, &single); });
+    WaitUntilActive(*main);
+}
+
+TEST_F(NativeLayerTest, ACallWhileNothingIsOpenRaisesNothing)
+{
+    layer.Windows().RaiseOpenWindow();
+    QApplication::processEvents();
+    EXPECT_EQ(ActiveHostWindow(), host);
+}
+
+/// The dialog in front, once the keyboard's focus has come to it.
+QWidget& ActiveDialog()
+{
+    QWidget& dialog = *QApplication::activeModalWidget();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == dialog.windowHandle(); }));
+    return dialog;
+}
+
+TEST_F(NativeLayerTest, ATreeThatTheKeyboardComesToSelectsItsFirstItem)
+{
+    events.onInit = [](DialogWindow& window) {
+        for (const wchar_t* const name : {L"路線", L"線形"})
+        {
+            window.AddTreeItem(TREE, nullptr, name, const_cast<wchar_t*>(name));
+        }
+    };
+    Run([&](DialogWindow&, DialogHands&) {
+        auto* const tree = ActiveDialog().findChild<QTreeWidget*>(QString::number(TREE));
+        events.Taken();
+        tree->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(events.Taken(), ShownTexts{L"tree 21 路線"});
+        const QPoint second = tree->visualItemRect(tree->topLevelItem(1)).center();
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, second);
+        EXPECT_EQ(events.Taken(), ShownTexts{L"tree 21 線形"});
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::ControlModifier, second);
+        EXPECT_EQ(events.Taken(), ShownTexts{L"tree 21 none"});
+    });
+}
+
+TEST_F(NativeLayerTest, ArrowKeysGoRoundTheRadiosThatCanBeWorked)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        ActiveDialog().findChild<QWidget*>(QString::number(FIRST))->setFocus();
+        const auto press = [&](Qt::Key key) {
+            events.Taken();
+            QTest::keyClick(QApplication::focusWidget(), key);
+            return events.Taken();
+        };
+        EXPECT_EQ(press(Qt::Key_Right), ShownTexts{L"click 17"});
+        EXPECT_EQ(press(Qt::Key_Down), ShownTexts{L"click 18"});
+        EXPECT_EQ(press(Qt::Key_Right), ShownTexts{L"click 16"});
+        EXPECT_EQ(press(Qt::Key_Left), ShownTexts{L"click 18"});
+        EXPECT_EQ(press(Qt::Key_Up), ShownTexts{L"click 17"});
+        EXPECT_EQ(press(Qt::Key_Left), ShownTexts{L"click 16"});
+        window.Enable(SECOND, false);
+        EXPECT_EQ(press(Qt::Key_Down), ShownTexts{L"click 18"});
+        EXPECT_EQ(press(Qt::Key_Home), ShownTexts{});
+        EXPECT_TRUE(window.IsChecked(THIRD));
+    });
+}
+
+TEST_F(NativeLayerTest, ATextThatIsShortenedWhileItIsTypedPutsTheCursorInFrontOfIt)
+{
+    Run([&](DialogWindow& window, DialogHands&) {
+        auto* const edit = ActiveDialog().findChild<QLineEdit*>(QString::number(EDIT));
+        edit->setFocus();
+        window.SetText(EDIT, L"12345");
+        edit->setCursorPosition(4);
+        window.SetText(EDIT, L"125");
+        EXPECT_EQ(edit->cursorPosition(), 2);
+        edit->setCursorPosition(0);
+        window.SetText(EDIT, L"12");
+        EXPECT_EQ(edit->cursorPosition(), 0);
+    });
+}
+
+TEST_F(NativeLayerTest, ADialogInWhichNothingTakesTheFocusStillOpens)
+{
+    events.onInit = [](DialogWindow& window) {
+        for (const ControlTemplate& control : CONTROLS)
+        {
+            window.Enable(control.number, false);
+        }
+    };
+    bool isOpen = false;
+    Run([&](DialogWindow&, DialogHands&) { isOpen = FrontDialog() != nullptr; });
+    EXPECT_TRUE(isOpen);
 }
 
 TEST_F(NativeLayerTest, AMessageIsNotUnderAPointerThatTellsToWait)

@@ -39,6 +39,13 @@ Connection ConnectToX(QLibrary& plugin)
     return hasError(connection.get()) == 0 ? connection : nullptr;
 }
 
+/// True if the environment says where a server's socket is. Without that the library complains on standard error.
+bool HasWaylandAddress()
+{
+    return qEnvironmentVariableIsSet("WAYLAND_SOCKET") || qEnvironmentVariableIsSet("XDG_RUNTIME_DIR") ||
+           qEnvironmentVariable("WAYLAND_DISPLAY").startsWith(QLatin1Char('/'));
+}
+
 Connection ConnectToWayland(QLibrary& plugin)
 {
     const auto connect = reinterpret_cast<void* (*)(const char*)>(plugin.resolve("wl_display_connect"));
@@ -85,7 +92,7 @@ bool ServerAnswers(const QString& platform, QLibrary& plugin, Connection& kept)
     }
     if (platform.startsWith(QStringLiteral("wayland")))
     {
-        kept = ConnectToWayland(plugin);
+        kept = HasWaylandAddress() ? ConnectToWayland(plugin) : nullptr;
         return kept != nullptr;
     }
     return true;

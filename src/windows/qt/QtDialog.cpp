@@ -133,12 +133,12 @@ class JapaneseFiles final : public QIdentityProxyModel
 
     QVariant data(const QModelIndex& index, int role) const override
     {
-        const auto* const files = qobject_cast<const QFileSystemModel*>(sourceModel());
-        if (files != nullptr && role == Qt::DisplayRole && index.column() == KIND_COLUMN)
+        const auto* const files = static_cast<const QFileSystemModel*>(sourceModel());
+        if (role == Qt::DisplayRole && index.column() == KIND_COLUMN)
         {
             return Kind(files->fileInfo(mapToSource(index)));
         }
-        if (files != nullptr && role == Qt::DisplayRole && index.column() == TIME_COLUMN)
+        if (role == Qt::DisplayRole && index.column() == TIME_COLUMN)
         {
             return files->lastModified(mapToSource(index)).toString(QStringLiteral("yyyy/MM/dd HH:mm"));
         }

@@ -116,7 +116,7 @@ class Texts final : public QTranslator
     QString translate(const char* context, const char* sourceText, const char* /*disambiguation*/,
                       int /*count*/) const override
     {
-        if (windows == 0 || context == nullptr || sourceText == nullptr)
+        if (windows == 0 || context == nullptr)
         {
             return {};
         }
