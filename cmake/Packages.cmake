@@ -12,7 +12,6 @@ execute_process(COMMAND git log -1 "--format=%an <%ae>" WORKING_DIRECTORY ${PROJ
 set(JLANDXML_CONTACT "${committer}" CACHE STRING "Whom users of the packages write to")
 set(CPACK_PACKAGE_CONTACT "${JLANDXML_CONTACT}")
 set(CPACK_VERBATIM_VARIABLES ON)
-set(CPACK_STRIP_FILES ON)
 set(CPACK_MONOLITHIC_INSTALL ON) # the libraries inside know components, which are nothing to a user
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -31,6 +30,7 @@ if(WIN32)
     list(APPEND CPACK_MODULE_PATH ${PROJECT_SOURCE_DIR}/packaging/windows)
 else()
     set(CPACK_GENERATOR TGZ DEB)
+    set(CPACK_STRIP_FILES ON) # Windows files are linked without symbols, and stripping would note its time in them
     set(CPACK_PACKAGE_FILE_NAME ${CPACK_PACKAGE_NAME}-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
     set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
     set(CPACK_DEBIAN_PACKAGE_RELEASE 1)

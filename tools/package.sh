@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Makes the packages from the commit that is checked out, in build/packages: .deb and .tar.gz for Linux, ZIP and installer for
-# Windows. The same commit gives the same bytes.
+# Windows. The same commit gives the same bytes, so nothing may differ from it.
 #
 #   tools/package.sh                  builds the release for both and packs it
 #   tools/package.sh --check          builds and packs all a second time, in other folders and without the compiler's cache,
 #                                     and compares
-#   tools/package.sh --of FOLDER...   packs what is built there
+#   tools/package.sh --of FOLDER...   packs what is built there, whatever it is, in build/packages-ci: to try the packing
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,21 +20,34 @@ pack() { # BUILD_FOLDER TARGET_FOLDER
     find "$1/packages" -maxdepth 1 -type f -exec cp {} "$2/" \;
 }
 
-# Ten sources as one take a third of the time, and the optimiser sees more.
 build() { # SUFFIX: builds both and packs them in build/packagesSUFFIX
     local preset folder
     rm -rf "build/packages$1"
     for preset in release release-windows; do
         folder=build/package-$preset$1
-        cmake --preset "$preset" -B "$folder" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=10 >/dev/null
+        cmake --preset "$preset" -B "$folder" >/dev/null
         nice cmake --build "$folder" -- --quiet
         pack "$folder" "build/packages$1"
     done
 }
 
+prepare() {
+    if [ -n "$(git status --porcelain)" ]; then
+        echo "What is here isn't the commit that is checked out:" >&2
+        git status --short >&2
+        exit 1
+    fi
+    tools/setup.sh
+}
+
+packages=build/packages
 case ${1:-} in
-"") build "" ;;
+"")
+    prepare
+    build ""
+    ;;
 --check)
+    prepare
     build ""
     rm -rf build/package-release-again build/package-release-windows-again
     CCACHE_DISABLE=1 build -again
@@ -43,9 +56,10 @@ case ${1:-} in
     ;;
 --of)
     shift
-    rm -rf build/packages
+    packages=build/packages-ci
+    rm -rf "$packages"
     for folder in "$@"; do
-        pack "$folder" build/packages
+        pack "$folder" "$packages"
     done
     ;;
 *)
@@ -53,4 +67,4 @@ case ${1:-} in
     exit 2
     ;;
 esac
-(cd build/packages && sha256sum -- *)
+(cd "$packages" && sha256sum -- *)

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Tries the packages in build/packages where nothing else of the project is: the .deb and the .tar.gz each in a new Debian of
 # its own, the ZIP and the installer each in a new folder of Wine's. There the programs run, the dialog opens, the hosts are
-# built and run, the manual page is read; then everything is removed, and nothing may be left. As root.
+# built and run, the manual page is read; then everything is removed, and the same files and the same registry must be there as
+# before. As root.
 #
 #   tools/try-packages.sh [deb] [tgz] [zip] [installer]    all four without arguments
 set -euo pipefail
@@ -78,75 +79,126 @@ new_debian() { # FOLDER
 }
 within() { # FOLDER COMMAND...
     chroot "$1" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 TZ=UTC DISPLAY="$DISPLAY" \
-        HOME=/root "${@:2}"
+        HOME=/root PYTHONDONTWRITEBYTECODE=1 "${@:2}"
 }
 install_within() {
     within "$1" apt-get install -y -qq --no-install-recommends "${@:2}" >>"$work/apt.log" 2>&1
 }
 
-# What a user does with it, with nothing there but what the package asks for.
-use_programs() { # FOLDER PREFIX NAME
+hardened() { # FILE...
+    python3 tests/checks/hardening.py "$@"
+    told "hardened: $(basename -a "$@" | paste -sd' ')"
+}
+
+# Linux: where nothing is there but what the package asks for, and where its hosts are built.
+
+put_deb() { # ROOT
+    cp "$packages"/*.deb "$1/tmp/package.deb"
+    install_within "$1" --install-recommends /tmp/package.deb # as users do: a Japanese font comes along
+}
+take_deb() { within "$1" apt-get purge -y -qq jlandxml-convert >>"$work/apt.log" 2>&1; }
+needs_of_deb() { # ROOT: brings along what the package asks for
+    local needs
+    needs=$(dpkg-deb -f "$packages"/*.deb Depends)
+    within "$1" apt-get satisfy -y -qq --no-install-recommends "$needs, $(dpkg-deb -f "$packages"/*.deb Recommends)" \
+        >>"$work/apt.log" 2>&1
+    told "it asks for: $needs"
+}
+
+put_tgz() {
+    mkdir "$1/opt/converter"
+    tar -C "$1/opt/converter" --strip-components=1 -xf "$packages"/*.tar.gz
+}
+take_tgz() { rm -r "$1/opt/converter"; }
+needs_of_tgz() { install_within "$1" libqt6widgets6 libicu72 fonts-ipafont-gothic; } # as the documents say
+
+use_programs() { # ROOT PREFIX NAME
     local road=$2/$documents/examples/road
     within "$1" "$2/bin/jlandxml-convert" "$road" -s "$road/settings.json" -o /tmp/road.xml --check
     within "$1" "$2/bin/jlandxml-inspect" /tmp/road.xml --report /tmp/road.html >/dev/null
     show_dialog "$3" chroot "$1" env -i DISPLAY="$DISPLAY" "$2/bin/jlandxml-convert" --dialog "$road"
 }
-
-build_hosts() { # FOLDER PREFIX
-    install_within "$1" "${for_hosts[@]}"
-    cp tests/checks/installed.py "$1/tmp/"
+build_hosts() { # ROOT PREFIX
+    cp tests/checks/installed.py tests/checks/pages.py "$1/tmp/"
     within "$1" python3 /tmp/installed.py use "$2" /tmp/hosts "$version"
-    told "both hosts are built and run"
+    told "the programs run, the hosts are built and run"
+}
+read_pages() { # ROOT PREFIX
+    local page
+    page=$(cd "$1" && echo ."$2"/share/man/man1/jlandxml-convert.1*)
+    within "$1" man -P cat "${page#.}" | sed -n 1,8p
+    page=$(cd "$1" && echo ."$2"/share/man/ja/man1/jlandxml-inspect.1*)
+    within "$1" env LC_ALL=ja_JP.UTF-8 man -P cat "${page#.}" | sed -n 1,8p
+}
+# Every file with its size and rights, but for what the system notes of its own work: where packages came from, what fonts there
+# are; and what programs keep for their user.
+files_of() { # ROOT
+    (cd "$1" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./var/log -o -path ./var/cache -o -path ./var/lib/apt \
+        -o -path ./var/lib/dpkg -o -path ./root/.cache \) -prune -o \( -type d -printf '%p/ %m\n' -o -printf '%p %m %s %l\n' \) | LC_ALL=C sort)
 }
 
-none_left() { # FOLDER: nothing that bears the name, but what was made of it here
-    local left
-    left=$(find "$1" -xdev -ipath '*jlandxml*' -not -path '*/tmp/*' -not -path '*/var/log/*' -not -path '*/var/cache/*')
-    [ -z "$left" ] || { echo "left behind: $left"; exit 1; }
-    told "nothing is left"
-}
+try_linux() { # NAME PREFIX
+    local root=$work/$1
+    new_debian "$root"
+    [ "$1" = deb ] || "needs_of_$1" "$root"
+    "put_$1" "$root"
+    hardened "$root$2"/bin/jlandxml-* "$root$2"/lib/jlandxml/lib*.so.1
+    use_programs "$root" "$2" "$1"
+    told "it works with what it asks for alone"
 
+    new_debian "$root"
+    "needs_of_$1" "$root"
+    install_within "$root" "${for_hosts[@]}"
+    within "$root" localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
+    files_of "$root" >"$work/$1.before"
+    "put_$1" "$root"
+    build_hosts "$root" "$2"
+    read_pages "$root" "$2"
+    "take_$1" "$root"
+    files_of "$root" >"$work/$1.after"
+    diff "$work/$1.before" "$work/$1.after"
+    told "nothing is left, nothing else is changed: the same $(wc -l <"$work/$1.after") files and folders"
+}
 try_deb() {
-    local root=$work/deb
     told "the .deb: lintian"
     lintian --fail-on error,warning --info "$packages"/*.deb
-    new_debian "$root"
-    cp "$packages"/*.deb "$root/tmp/package.deb"
-    install_within "$root" --install-recommends /tmp/package.deb # as users do: a Japanese font comes along
-    told "installed: $(within "$root" dpkg -s jlandxml-convert | grep '^Depends')"
-    use_programs "$root" /usr deb
-    build_hosts "$root" /usr
-    within "$root" man -P cat jlandxml-convert | sed -n 1,8p
-    within "$root" localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
-    within "$root" env LC_ALL=ja_JP.UTF-8 man -P cat jlandxml-inspect | sed -n 1,8p
-    within "$root" apt-get purge -y -qq jlandxml-convert >>"$work/apt.log" 2>&1
-    none_left "$root"
+    try_linux deb /usr
 }
-
 try_tgz() {
-    local root=$work/tgz
     told "the .tar.gz"
-    new_debian "$root"
-    install_within "$root" libqt6widgets6 libicu72 fonts-ipafont-gothic
-    mkdir "$root/opt/converter"
-    tar -C "$root/opt/converter" --strip-components=1 -xf "$packages"/*.tar.gz
-    use_programs "$root" /opt/converter tgz
-    build_hosts "$root" /opt/converter
-    within "$root" man -P cat /opt/converter/share/man/man1/jlandxml-convert.1 | sed -n 1,6p
-    rm -r "$root/opt/converter"
-    none_left "$root"
+    try_linux tgz /opt/converter
 }
 
-# A new folder of Wine's, with a person's home of its own.
+# Windows
+
+# A new folder of Wine's, with a person's home of its own, in which a program has already run at a display.
 new_wine() { # NAME
     export WINEPREFIX=$work/$1
     rm -rf "$WINEPREFIX"
     tools/wine.sh wineboot --init >/dev/null 2>&1
+    tools/wine.sh reg query 'HKCU\Software' >/dev/null 2>&1
+    remember_wine "$1.before"
+}
+# Files with their sizes, and the registry without its times and what Wine notes of the machine at each start.
+remember_wine() { # NAME
+    /usr/lib/wine/wineserver64 -k || true
+    /usr/lib/wine/wineserver64 -w || true
+    (cd "$WINEPREFIX" && find drive_c -not -path '*/Temp/*' \( -type d -printf '%p/\n' -o -printf '%p %s %l\n' \) | LC_ALL=C sort) >"$work/$1.files"
+    # shellcheck disable=SC2016
+    awk '/^\[/ { told = !index($0, "[System\\\\") && !index($0, "\\\\NetworkCards]"); sub(/ [0-9]+$/, "") }
+         told && !/^#time=/' "$WINEPREFIX"/*.reg >"$work/$1.registry"
+}
+nothing_left() { # NAME
+    remember_wine "$1.after"
+    diff "$work/$1.before.files" "$work/$1.after.files"
+    diff "$work/$1.before.registry" "$work/$1.after.registry"
+    told "nothing is left, nothing else is changed: the same $(wc -l <"$work/$1.after.files") files and folders, the same registry"
 }
 use_on_windows() { # FOLDER NAME
+    hardened "$1"/bin/*.exe "$1"/lib/jlandxml/*.dll
     show_dialog "$2" tools/wine.sh "$1/bin/jlandxml-convert.exe" --dialog "$1/$documents/examples/road"
-    python3 tests/checks/installed.py use "$1" "$work/$2-hosts" "$version" "$PWD/tools/wine.sh"
-    told "the programs run, the host is built and runs"
+    LC_ALL=ja_JP.UTF-8 python3 tests/checks/installed.py use "$1" "$work/$2-hosts" "$version" "$PWD/tools/wine.sh"
+    told "the programs run, the hosts are built and run"
 }
 
 try_zip() {
@@ -155,40 +207,60 @@ try_zip() {
     unzip -q "$packages"/*.zip -d "$WINEPREFIX/drive_c"
     use_on_windows "$(echo "$WINEPREFIX"/drive_c/jlandxml-convert-*)" zip
     rm -r "$WINEPREFIX"/drive_c/jlandxml-convert-*
-    none_left "$WINEPREFIX"
+    nothing_left zip
 }
 
-in_registry() {
-    local root key found=1
-    for root in HKCU HKLM; do
-        for key in 'Software\Microsoft\Windows\CurrentVersion\Uninstall\JLandXmlConvert' 'Software\JLandXmlConvert'; do
-            tools/wine.sh reg query "$root\\$key" >"$work/key" 2>&1 && iconv -f CP932 -t UTF-8 "$work/key" && found=0
-        done
+# What the registry tells of what is installed.
+in_registry() { # KEY: HKCU or HKLM
+    tools/wine.sh reg query "$1\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\JLandXmlConvert" |
+        if [ "$WINE_LOCALE" = ja_JP.UTF-8 ]; then iconv -f CP932 -t UTF-8; else cat; fi
+}
+# The first page of the installer, for a person to look at.
+show_installer() { # NAME WORD_OF_ITS_TITLE
+    local window=
+    tools/wine.sh "$packages"/*.exe &
+    local installer=$!
+    for _ in $(seq 600); do
+        window=$(xdotool search --onlyvisible --name "$2" | tail -1) && [ -n "$window" ] && break
+        sleep 0.2
     done
-    return $found
+    sleep 1
+    import -window root "$work/$1-installer.png"
+    while xdotool search --onlyvisible --name "$2" >/dev/null 2>&1; do
+        xdotool windowfocus "$window" key Escape || true
+        sleep 0.3
+    done
+    local status=0
+    wait "$installer" || status=$?
+    [ "$status" = 1 ] || { echo "the cancelled installer ended with status $status"; exit 1; } # 1: by its user
+    told "$1: the installer, whose title has $2, in ${work#"$PWD"/}/$1-installer.png"
 }
 
+try_installer_for() { # WHO REGISTRY_KEY LOCALE WORD_OF_THE_TITLE NAME_IN_THE_REGISTRY
+    local name=installer-$1-$3 folder
+    told "the installer, /$1, $3"
+    export WINE_LOCALE=$3
+    new_wine "$name"
+    show_installer "$name" "$4"
+    tools/wine.sh "$packages"/*.exe /S "/$1"
+    folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' | head -1)
+    told "installed in ${folder#"$WINEPREFIX"/}"
+    in_registry "$2"
+    in_registry "$2" | grep -q "DisplayName.*$5"
+    use_on_windows "$folder" "$name"
+    tools/wine.sh "$folder/uninstall.exe" "/$1" /S
+    for _ in $(seq 100); do
+        [ -d "$folder" ] || break
+        sleep 0.2
+    done
+    nothing_left "$name"
+    unset WINE_LOCALE
+}
 try_installer() {
-    local who folder
-    for who in CurrentUser AllUsers; do
-        told "the installer, /$who"
-        new_wine "installer-$who"
-        tools/wine.sh "$packages"/*.exe /S "/$who"
-        folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' | head -1)
-        told "installed in ${folder#"$WINEPREFIX"/}"
-        in_registry
-        use_on_windows "$folder" "installer-$who"
-        tools/wine.sh "$folder/uninstall.exe" "/$who" /S
-        for _ in $(seq 100); do
-            [ -d "$folder" ] || break
-            sleep 0.2
-        done
-        if in_registry; then
-            echo "left in the registry"
-            exit 1
-        fi
-        none_left "$WINEPREFIX"
-    done
+    try_installer_for CurrentUser HKCU ja_JP.UTF-8 セットアップ J-LandXML変換
+    try_installer_for AllUsers HKLM en_US.UTF-8 Setup 'J-LandXML converter'
+    try_installer_for AllUsers HKLM ja_JP.UTF-8 セットアップ J-LandXML変換
+    try_installer_for CurrentUser HKCU en_US.UTF-8 Setup 'J-LandXML converter'
 }
 
 mkdir -p "$work"
