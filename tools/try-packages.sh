@@ -216,7 +216,7 @@ in_registry() { # KEY: HKCU or HKLM
         if [ "$WINE_LOCALE" = ja_JP.UTF-8 ]; then iconv -f CP932 -t UTF-8; else cat; fi
 }
 # The first page of the installer, for a person to look at.
-show_installer() { # NAME WORD_OF_ITS_TITLE
+show_installer() { # NAME TITLE
     local window=
     tools/wine.sh "$packages"/*.exe &
     local installer=$!
@@ -233,10 +233,10 @@ show_installer() { # NAME WORD_OF_ITS_TITLE
     local status=0
     wait "$installer" || status=$?
     [ "$status" = 1 ] || { echo "the cancelled installer ended with status $status"; exit 1; } # 1: by its user
-    told "$1: the installer, whose title has $2, in ${work#"$PWD"/}/$1-installer.png"
+    told "$1: the installer, in ${work#"$PWD"/}/$1-installer.png"
 }
 
-try_installer_for() { # WHO REGISTRY_KEY LOCALE WORD_OF_THE_TITLE NAME_IN_THE_REGISTRY
+try_installer_for() { # WHO REGISTRY_KEY LOCALE TITLE NAME_IN_THE_REGISTRY
     local name=installer-$1-$3 folder
     told "the installer, /$1, $3"
     export WINE_LOCALE=$3
@@ -257,10 +257,13 @@ try_installer_for() { # WHO REGISTRY_KEY LOCALE WORD_OF_THE_TITLE NAME_IN_THE_RE
     unset WINE_LOCALE
 }
 try_installer() {
-    try_installer_for CurrentUser HKCU ja_JP.UTF-8 セットアップ J-LandXML変換
-    try_installer_for AllUsers HKLM en_US.UTF-8 Setup 'J-LandXML converter'
-    try_installer_for AllUsers HKLM ja_JP.UTF-8 セットアップ J-LandXML変換
-    try_installer_for CurrentUser HKCU en_US.UTF-8 Setup 'J-LandXML converter'
+    local who
+    for who in 'CurrentUser HKCU' 'AllUsers HKLM'; do
+        # shellcheck disable=SC2086
+        try_installer_for $who ja_JP.UTF-8 'J-LandXML変換 .* セットアップ' J-LandXML変換
+        # shellcheck disable=SC2086
+        try_installer_for $who en_US.UTF-8 'J-LandXML converter .* Setup' 'J-LandXML converter'
+    done
 }
 
 mkdir -p "$work"
