@@ -73,9 +73,22 @@ Json AlignmentJson(const AlignmentGroup& route, const Alignment& alignment)
             {"spirals", CountOf(alignment, ElementKind::Spiral)},
             {"irregularLines", CountOf(alignment, ElementKind::IrregularLine)},
             {"staEquations", alignment.equations.size()},
-            {"profiles", alignment.profiles.size()},
+            {"profiles", CountOfDesigns(alignment)},
+            {"groundLines", CountOfGrounds(alignment)},
             {"crossSects", CountOfSections(alignment)},
-            {"superelevations", alignment.superelevations.size()}};
+            {"superelevations", alignment.superelevations.size()},
+            {"widenings", alignment.wideningLeft.size() + alignment.wideningRight.size()},
+            {"crossSlopes", alignment.slopes.size()}};
+}
+
+Json RoadwayJson(const Roadway& roadway)
+{
+    Json speeds = Json::array();
+    for (const std::wstring_view speed : roadway.designSpeeds)
+    {
+        speeds.push_back(Number(ReadFigure(speed).value));
+    }
+    return {{"name", Text(roadway.name)}, {"alignmentRefs", Text(roadway.alignmentRefs)}, {"designSpeeds", speeds}};
 }
 
 Json SummaryJson(const LandXmlFile& file)
@@ -90,6 +103,7 @@ Json SummaryJson(const LandXmlFile& file)
                   Json{{"north", Span(extents.north)}, {"east", Span(extents.east)}, {"height", Span(extents.height)}}},
                  {"alignments", Json::array()},
                  {"pointGroups", Json::array()},
+                 {"roadways", Json::array()},
                  {"surfaces", Json::array()}};
     for (const AlignmentGroup& route : file.routes)
     {
@@ -102,6 +116,10 @@ Json SummaryJson(const LandXmlFile& file)
     {
         summary["pointGroups"].push_back(
             Json{{"name", Text(group.name)}, {"kind", Text(group.kind)}, {"points", group.points.size()}});
+    }
+    for (const Roadway& roadway : file.roadways)
+    {
+        summary["roadways"].push_back(RoadwayJson(roadway));
     }
     for (const Surface& surface : file.surfaces)
     {

@@ -4,6 +4,7 @@
 #include "inspect/EnglishWords.h"
 #include "inspect/FindingTargets.h"
 #include "inspect/Names.h"
+#include "inspect/OwnFigures.h"
 #include "inspect/RunJournal.h"
 #include "inspect/Summary.h"
 #include "inspect/Tables.h"
@@ -122,9 +123,10 @@ class PageWriter
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
         DrawId(drawing_, alignment.profiles.empty() ? 0 : alignment.profiles.front().line);
         page_.Raw(">");
-        DrawProfile(drawing_, alignment);
+        const OwnFigures own(file_, alignment);
+        DrawProfile(drawing_, own, alignment);
         page_.Raw("</figure>");
-        WriteSections(alignment);
+        WriteSections(own, alignment);
         page_.Raw("</section>");
     }
 
@@ -148,7 +150,7 @@ class PageWriter
         }
     }
 
-    void WriteSections(const Alignment& alignment)
+    void WriteSections(const OwnFigures& own, const Alignment& alignment)
     {
         const std::size_t count = CountOfSections(alignment);
         if (count == 0)
@@ -173,7 +175,7 @@ class PageWriter
                     page_.Raw("<figure");
                     DrawId(drawing_, section.line);
                     page_.Raw("><figcaption>").Text(section.name).Text(L"　" + std::wstring(section.station.text));
-                    page_.Raw(" m").Text(CentreHeights(alignment, section)).Raw("</figcaption>");
+                    page_.Raw(" m").Text(CentreHeights(own, alignment, section)).Raw("</figcaption>");
                     DrawCrossSection(drawing_, alignment, section);
                     page_.Raw("</figure>");
                 }

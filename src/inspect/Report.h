@@ -12,6 +12,7 @@
 namespace jlandxml::inspect
 {
 
+class OwnFigures;
 class RunJournal;
 
 /// The report on a file: one HTML page that needs nothing else, with plans, profiles, cross sections, calculation
@@ -66,11 +67,11 @@ std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const std::vec
 void DrawPlan(Drawing& drawing, const LandXmlFile& file, const PlanContent& content);
 
 /// Its profile, with the bands below it.
-void DrawProfile(Drawing& drawing, const Alignment& alignment);
+void DrawProfile(Drawing& drawing, const OwnFigures& own, const Alignment& alignment);
 
 /// The heights at a section's centre line, FH of the design profile and GH of the first ground line, behind a blank;
 /// those that there are.
-std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section);
+std::wstring CentreHeights(const OwnFigures& own, const Alignment& alignment, const CrossSect& section);
 
 /// A cross section, with its heights as elevations where the profile gives one to stand on.
 void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section);

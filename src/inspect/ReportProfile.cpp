@@ -6,6 +6,7 @@
 #include "inspect/Course.h"
 #include "inspect/Limits.h"
 #include "inspect/Names.h"
+#include "inspect/OwnFigures.h"
 #include "inspect/ProfileLine.h"
 #include "inspect/Report.h"
 #include "inspect/StationLabel.h"
@@ -43,9 +44,10 @@ constexpr Sentence LEFT_AND_RIGHT{L"実線 左、破線 右", L"dashed: right"};
 class ProfileDrawer
 {
   public:
-    ProfileDrawer(Drawing& drawing, const Alignment& alignment)
+    ProfileDrawer(Drawing& drawing, const OwnFigures& own, const Alignment& alignment)
         : drawing_(drawing),
           page_(drawing.page),
+          own_(own),
           alignment_(alignment),
           course_(alignment),
           labels_(alignment)
@@ -316,7 +318,7 @@ class ProfileDrawer
         TextBand(top, {L"盛土高", L"Fill"}, [&](double station) { return Positive(fill(station), 1); });
         TextBand(top, {L"切土高", L"Cut"}, [&](double station) { return Positive(fill(station), -1); });
         TextBand(top, {L"計画高", L"Design"},
-                 [&](double station) { return HeightText(line, station, HEIGHT_DECIMALS); });
+                 [&](double station) { return own_.DesignHeightText(line, station, HEIGHT_DECIMALS); });
         TextBand(top, {L"地盤高", L"Ground"},
                  [&](double station) { return HeightText(ground, station, HEIGHT_DECIMALS); });
         TextBand(top, {L"追加距離", L"Distance"},
@@ -691,6 +693,7 @@ class ProfileDrawer
 
     Drawing& drawing_;
     Html& page_;
+    const OwnFigures& own_;
     const Alignment& alignment_;
     Course course_;
     StationLabels labels_;
@@ -703,9 +706,9 @@ class ProfileDrawer
 
 } // namespace
 
-void DrawProfile(Drawing& drawing, const Alignment& alignment)
+void DrawProfile(Drawing& drawing, const OwnFigures& own, const Alignment& alignment)
 {
-    ProfileDrawer(drawing, alignment).Draw();
+    ProfileDrawer(drawing, own, alignment).Draw();
 }
 
 } // namespace jlandxml::inspect

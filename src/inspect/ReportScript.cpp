@@ -62,7 +62,9 @@ use:target { --outline: #e67e22; }
 canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
 .meshes { display: flex; flex-wrap: wrap; gap: 4px 16px; } .swatch { display: inline-block; width: 12px; height: 12px; margin: 0 4px; }
 .terrainbox { position: relative; } .compass { position: absolute; right: 14px; top: 8px; font-weight: bold; }
-@media print { nav, button, .leaf { display: none; } .sheet { break-before: page; } section, .scroll { overflow: visible; }
+@media print { nav, button, .leaf, .place, .terrainbox > span:not(.compass), .rise { display: none; }
+  .sheet { break-before: page; } h2, h3 { break-after: avoid; } tr, .planbox, .terrainbox { break-inside: avoid; }
+  section, .scroll { overflow: visible; } pre { white-space: pre-wrap; } pre, td, figcaption { overflow-wrap: anywhere; }
   svg.profile { max-width: 100%; height: auto; break-inside: avoid; } }
 )css";
 
@@ -128,7 +130,9 @@ for (const svg of document.querySelectorAll('svg.plan')) {
   svg.addEventListener('pointermove', event => {
     const at = placeOf(svg, event);
     if (held) { view.x += held.x - at.x; view.y += held.y - at.y; }
-    caption.textContent = 'X ' + (north - at.y).toFixed(3) + '  Y ' + (east + at.x).toFixed(3);
+    // What is held stays under the pointer.
+    const under = held || at;
+    caption.textContent = 'X ' + (north - under.y).toFixed(3) + '  Y ' + (east + under.x).toFixed(3);
   });
 }
 function fit() {

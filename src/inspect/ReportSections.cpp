@@ -1,6 +1,7 @@
 // Cross sections: offsets to the right, heights upward, both to the same scale; one unit is a metre.
 
 #include "inspect/Names.h"
+#include "inspect/OwnFigures.h"
 #include "inspect/ProfileLine.h"
 #include "inspect/Report.h"
 #include "inspect/Summary.h"
@@ -225,7 +226,7 @@ class SectionDrawer
 
 } // namespace
 
-std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section)
+std::wstring CentreHeights(const OwnFigures& own, const Alignment& alignment, const CrossSect& section)
 {
     std::wstring text;
     const auto tell = [&](const wchar_t* label, const std::wstring& height) {
@@ -233,7 +234,8 @@ std::wstring CentreHeights(const Alignment& alignment, const CrossSect& section)
     };
     if (const ProfAlign* const design = DesignProfile(alignment))
     {
-        tell(L"　FH=", HeightText(std::optional(ProfileLine(*design)), section.station.value, HEIGHT_DECIMALS));
+        const std::optional<ProfileLine> line(*design);
+        tell(L"　FH=", own.DesignHeightText(line, section.station.value, HEIGHT_DECIMALS));
     }
     if (!section.grounds.empty())
     {

@@ -124,13 +124,6 @@ void WriteAlignment(SummaryWriter& out, const Alignment& alignment)
                     out.Count({L"円曲線", L"curves"}, CountOf(alignment, ElementKind::Curve)),
                     out.Count({L"緩和曲線", L"spirals"}, CountOf(alignment, ElementKind::Spiral)),
                     out.Count({L"折れ線", L"irregular lines"}, CountOf(alignment, ElementKind::IrregularLine))});
-    std::size_t designs = 0;
-    std::size_t grounds = 0;
-    for (const Profile& profile : alignment.profiles)
-    {
-        designs += profile.designs.size();
-        grounds += profile.grounds.size();
-    }
     std::wstring elements = out.With({L"要素", L"elements"}, std::to_wstring(alignment.elements.size()));
     if (!kinds.empty())
     {
@@ -142,8 +135,8 @@ void WriteAlignment(SummaryWriter& out, const Alignment& alignment)
                     out.With({L"測点", L"stations"},
                              out.Given(alignment.staStart.text) + L"～" + ShortNumber(course.StaEnd(), 3)),
                     elements, out.Count({L"測点定義", L"station equations"}, alignment.equations.size()),
-                    out.Count({L"縦断線形", L"profiles"}, designs),
-                    out.Count({L"縦断地盤線", L"ground lines"}, grounds),
+                    out.Count({L"縦断線形", L"profiles"}, CountOfDesigns(alignment)),
+                    out.Count({L"縦断地盤線", L"ground lines"}, CountOfGrounds(alignment)),
                     out.Count({L"横断面", L"cross sections"}, CountOfSections(alignment)),
                     out.Count({L"片勾配すりつけ", L"superelevations"}, alignment.superelevations.size()),
                     out.Count({L"拡幅", L"widenings"}, alignment.wideningLeft.size() + alignment.wideningRight.size()),
@@ -269,6 +262,26 @@ std::size_t CountOfSections(const Alignment& alignment)
     for (const CrossSects& sects : alignment.crossSects)
     {
         count += sects.sections.size();
+    }
+    return count;
+}
+
+std::size_t CountOfDesigns(const Alignment& alignment)
+{
+    std::size_t count = 0;
+    for (const Profile& profile : alignment.profiles)
+    {
+        count += profile.designs.size();
+    }
+    return count;
+}
+
+std::size_t CountOfGrounds(const Alignment& alignment)
+{
+    std::size_t count = 0;
+    for (const Profile& profile : alignment.profiles)
+    {
+        count += profile.grounds.size();
     }
     return count;
 }

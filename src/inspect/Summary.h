@@ -46,8 +46,10 @@ Extents ExtentsOf(const LandXmlFile& file);
 /// How many elements of a kind an alignment has.
 std::size_t CountOf(const Alignment& alignment, ElementKind kind);
 
-/// How many cross sections an alignment has.
+/// How many cross sections, design profiles and ground lines an alignment has.
 std::size_t CountOfSections(const Alignment& alignment);
+std::size_t CountOfDesigns(const Alignment& alignment);
+std::size_t CountOfGrounds(const Alignment& alignment);
 
 /// The report has both.
 enum class Language

@@ -6,6 +6,7 @@
 #include "inspect/Course.h"
 #include "inspect/Limits.h"
 #include "inspect/Names.h"
+#include "inspect/OwnFigures.h"
 #include "inspect/ProfileLine.h"
 #include "inspect/StationLabel.h"
 
@@ -32,17 +33,6 @@ std::wstring Own(const Figure& figure)
 std::wstring Computed(double value, int decimals)
 {
     return std::isfinite(value) ? FormatFixed(value, decimals) : std::wstring();
-}
-
-std::wstring Computed(const std::optional<double>& value, int decimals)
-{
-    return value ? Computed(*value, decimals) : std::wstring();
-}
-
-/// A station of an alignment; its start is the file's own figure.
-std::wstring StationText(const Alignment& alignment, double station)
-{
-    return station == alignment.staStart.value ? Own(alignment.staStart) : Computed(station, STATION_DECIMALS);
 }
 
 /// A gradient in percent.
@@ -77,12 +67,12 @@ Row ElementFigures(const PlanElement& element)
             std::wstring(element.rot)};
 }
 
-Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const PlanPoint& point, double station,
-                 const std::wstring& azimuth, const Row& figures)
+Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const OwnFigures& own, const PlanPoint& point,
+                 double station, const std::wstring& azimuth, const Row& figures)
 {
     Row row{NameOf(alignment).japanese,
             std::wstring(point.name),
-            StationText(alignment, station),
+            own.StationText(station, STATION_DECIMALS),
             labels.At(station),
             Own(point.north),
             Own(point.east),
@@ -91,16 +81,17 @@ Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const 
     return row;
 }
 
-void AddAlignment(const Alignment& alignment, Table& table)
+void AddAlignment(const LandXmlFile& file, const Alignment& alignment, Table& table)
 {
     const Course course(alignment);
+    const OwnFigures own(file, alignment);
     const StationLabels labels(alignment);
     double station = course.StaStart();
     for (std::size_t index = 0; index < alignment.elements.size(); ++index)
     {
         const PlanElement& element = alignment.elements[index];
         const ElementCourse& one = course.Elements()[index];
-        table.rows.push_back(MainPointRow(alignment, labels, element.start, station,
+        table.rows.push_back(MainPointRow(alignment, labels, own, element.start, station,
                                           one.IsKnown() ? DegreesText(one.StartAzimuth()) : std::wstring(),
                                           ElementFigures(element)));
         station += one.stationLength;
@@ -108,7 +99,7 @@ void AddAlignment(const Alignment& alignment, Table& table)
     if (!alignment.elements.empty())
     {
         const ElementCourse& last = course.Elements().back();
-        table.rows.push_back(MainPointRow(alignment, labels, alignment.elements.back().end, station,
+        table.rows.push_back(MainPointRow(alignment, labels, own, alignment.elements.back().end, station,
                                           last.IsKnown() ? DegreesText(last.EndAzimuth()) : std::wstring(), Row(6)));
     }
 }
@@ -151,9 +142,10 @@ std::vector<ListedStation> ListedStations(const Alignment& alignment, const Cour
     return all;
 }
 
-void AddStations(const Alignment& alignment, Table& table)
+void AddStations(const LandXmlFile& file, const Alignment& alignment, Table& table)
 {
     const Course course(alignment);
+    const OwnFigures own(file, alignment);
     const ProfAlign* const design = DesignProfile(alignment);
     const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
     const ProfSurf* const firstGround = FirstGround(alignment);
@@ -167,24 +159,27 @@ void AddStations(const Alignment& alignment, Table& table)
         const bool isPoint = one.point != nullptr && one.point->IsPlaced();
         table.rows.push_back(
             {NameOf(alignment).japanese, labels.At(one.station), std::wstring(isPoint ? one.point->name : L""),
-             StationText(alignment, one.station),
-             isPoint ? Own(one.point->north) : Computed(isKnown ? positions.front().north : NAN, COORDINATE_DECIMALS),
-             isPoint ? Own(one.point->east) : Computed(isKnown ? positions.front().east : NAN, COORDINATE_DECIMALS),
+             own.StationText(one.station, STATION_DECIMALS),
+             isPoint ? Own(one.point->north)
+                     : own.NorthText(one.station, isKnown ? positions.front().north : NAN, COORDINATE_DECIMALS),
+             isPoint ? Own(one.point->east)
+                     : own.EastText(one.station, isKnown ? positions.front().east : NAN, COORDINATE_DECIMALS),
              isKnown ? DegreesText(positions.front().azimuth) : std::wstring(),
-             HeightText(line, one.station, COORDINATE_DECIMALS), HeightText(ground, one.station, COORDINATE_DECIMALS)});
+             own.DesignHeightText(line, one.station, COORDINATE_DECIMALS),
+             HeightText(ground, one.station, COORDINATE_DECIMALS)});
     }
 }
 
 // Profiles
 
-void AddProfile(const Alignment& alignment, const ProfAlign& design, Table& table)
+void AddProfile(const OwnFigures& own, const Alignment& alignment, const ProfAlign& design, Table& table)
 {
-    const ProfileLine line(design);
+    const std::optional<ProfileLine> line(design);
     const StationLabels labels(alignment);
-    for (const ProfilePoint& point : line.Points())
+    for (const ProfilePoint& point : line->Points())
     {
-        const bool isFirst = &point == &line.Points().front();
-        const bool isLast = &point == &line.Points().back();
+        const bool isFirst = &point == &line->Points().front();
+        const bool isLast = &point == &line->Points().back();
         const double length = point.lengthIn + point.lengthOut;
         Row row{NameOf(alignment).japanese,
                 std::wstring(design.name),
@@ -193,15 +188,15 @@ void AddProfile(const Alignment& alignment, const ProfAlign& design, Table& tabl
                 Own(point.element->height),
                 isFirst ? std::wstring() : Percent(point.gradientIn),
                 isLast ? std::wstring() : Percent(point.gradientOut)};
-        const Row curve =
-            point.HasCurve()
-                ? Row{point.element->length.IsWritten() ? Own(point.element->length)
-                                                        : Computed(length, STATION_DECIMALS),
-                      point.element->radius.IsWritten() ? Own(point.element->radius)
-                                                        : Computed(point.CurveRadius(), STATION_DECIMALS),
-                      Computed(point.CurveStart(), STATION_DECIMALS), Computed(point.CurveEnd(), STATION_DECIMALS),
-                      Computed(line.HeightAt(point.station), COORDINATE_DECIMALS)}
-                : Row{L"", L"", L"", L"", Own(point.element->height)};
+        const Row curve = point.HasCurve()
+                              ? Row{point.element->length.IsWritten() ? Own(point.element->length)
+                                                                      : Computed(length, STATION_DECIMALS),
+                                    point.element->radius.IsWritten() ? Own(point.element->radius)
+                                                                      : Computed(point.CurveRadius(), STATION_DECIMALS),
+                                    own.StationText(point.CurveStart(), STATION_DECIMALS),
+                                    own.StationText(point.CurveEnd(), STATION_DECIMALS),
+                                    own.DesignHeightText(line, point.station, COORDINATE_DECIMALS)}
+                              : Row{L"", L"", L"", L"", Own(point.element->height)};
         row.insert(row.end(), curve.begin(), curve.end());
         table.rows.push_back(std::move(row));
     }
@@ -332,7 +327,7 @@ Table AlignmentTable(const LandXmlFile& file)
                  L"半径（終点）", L"A", L"長さ", L"向き"},
                 {},
                 7};
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(alignment, table); });
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(file, alignment, table); });
     return table;
 }
 
@@ -340,7 +335,7 @@ Table StationTable(const LandXmlFile& file)
 {
     Table table{
         L"測点座標一覧", {L"線形", L"測点", L"主要点", L"測点（m）", L"X", L"Y", L"方向角", L"計画高", L"地盤高"}, {}};
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(alignment, table); });
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(file, alignment, table); });
     return table;
 }
 
@@ -351,11 +346,12 @@ Table ProfileTable(const LandXmlFile& file)
                  L"縦断曲線長", L"縦断曲線半径", L"曲線始点（m）", L"曲線終点（m）", L"計画高"},
                 {}};
     ForEachAlignment(file, [&](const Alignment& alignment) {
+        const OwnFigures own(file, alignment);
         for (const Profile& profile : alignment.profiles)
         {
             for (const ProfAlign& design : profile.designs)
             {
-                AddProfile(alignment, design, table);
+                AddProfile(own, alignment, design, table);
             }
         }
     });

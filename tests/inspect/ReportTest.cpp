@@ -196,6 +196,18 @@ TEST(ReportPage, CountsFillCutAndDistancesAtTheMainStations)
     EXPECT_EQ(BandTexts(page, "単距離")[8], "10.000");
 }
 
+TEST(ReportPage, ShowsTheDesignHeightOfAnIntermediatePoint)
+{
+    const std::string page = PageOf(SoundFile({
+        {"<StaEquation staBack=\"150.000\" staAhead=\"160.000\" staInternal=\"150.000\" />", ""},
+        {"<StaEquation staBack=\"260.000\" staAhead=\"265.000\" staInternal=\"250.000\" />", ""},
+        {"12532.0695 18411.4558 110.775<", "12532.0695 18411.4558 110.77500<"},
+    }));
+    EXPECT_EQ(BandTexts(page, "計画高")[9], "110.375");
+    EXPECT_EQ(BandTexts(page, "計画高")[10], "110.77500");
+    EXPECT_EQ(CountOf(page, "No.10　200.000 m　FH=110.77500　GH=107.495</figcaption>"), 1U);
+}
+
 TEST(ReportPage, DrawsNoSurfaceOfACrossSectionByItsSlopes)
 {
     const std::string carriageways = "<title>Carriageway left</title>";
@@ -284,6 +296,21 @@ TEST_P(LinkCases, LeadToWhatAFindingIsAboutOrLiesIn)
 
 INSTANTIATE_TEST_SUITE_P(Inspect, LinkCases, testing::ValuesIn(LINK_CASES),
                          [](const auto& one) { return std::string(one.param.name); });
+
+TEST(ReportPage, LeadsFromAFaultAgainstTheSchemaToTheDrawing)
+{
+    LandXmlFile file = SoundFile();
+    file.schemaFaults.listed = {{L"/LandXML/Alignments/Alignment/CoordGeom/Line/Start", L"not expected", 70, 1},
+                                {L"/LandXML/Alignments/Alignment/StaEquation/@staBack", L"not allowed", 110, 1},
+                                {L"/LandXML/Alignments/Alignment/CoordGeom", L"not expected", 68, 1},
+                                {L"/LandXML/Units", L"not expected", 9, 1}};
+    const std::string page = ReportPage(file, Inspect(file, {FindCheck(L"S01")}));
+    for (const char* const link : {"<td>70</td><td><a href=\"#l70\">", "<td>110</td><td><a href=\"#l110\">",
+                                   "<td>68</td><td><a href=\"#l67\">", "<td>9</td><td><a href=\"#summary\">"})
+    {
+        EXPECT_NE(page.find(link), std::string::npos) << link;
+    }
+}
 
 TEST(ReportPage, MarksWhatIsFoundAtItsPlace)
 {

@@ -51,6 +51,33 @@ TEST(Tables, ShowTheFilesOwnTextOfItsFigures)
         Rows{"線形1|計画|No.11+10.000|220.000|111.600|3.0000|-2.0000|100.000|2000.000|170.000|270.000|110.9750|"});
 }
 
+/// Without equations the intermediate point at 200 m lies at a main station.
+const std::vector<Change> WITHOUT_EQUATIONS{
+    {"<StaEquation staBack=\"150.000\" staAhead=\"160.000\" staInternal=\"150.000\" />", ""},
+    {"<StaEquation staBack=\"260.000\" staAhead=\"265.000\" staInternal=\"250.000\" />", ""},
+    {"12532.0695 18411.4558 110.775<", "12532.06950 18411.45580 110.77500<"},
+};
+
+TEST(Tables, ShowStationsInTheTextOfWhatLiesThere)
+{
+    const LandXmlFile file = SoundFile(WITHOUT_EQUATIONS);
+    EXPECT_EQ(RowsWith(StationTable(file), L"No.10"),
+              Rows{"線形1|No.10||200.000|12532.06950|18411.45580|81-07-16.06|110.77500|106.5170|"});
+    EXPECT_EQ(RowsWith(StationTable(file), L"No.2"),
+              Rows{"線形1|No.2||40.|12468.4699|18265.4804|62-30-00.00|106.2000|106.635|"});
+    EXPECT_EQ(RowsWith(StationTable(file), L"No.1"),
+              Rows{"線形1|No.1||20.000|12459.2350|18247.7402|62-30-00.00|105.6000|105.4675|"});
+    EXPECT_EQ(RowsWith(AlignmentTable(file), L"KA.1-1").front().substr(0, 38), "線形1|KA.1-1|110.000|No.5+10.000|125");
+}
+
+TEST(Tables, ComputeWhatAPointElsewhereThanItsStationDoesNotSay)
+{
+    std::vector<Change> changes = WITHOUT_EQUATIONS;
+    changes.push_back({"12532.06950 18411.45580 110.77500<", "12532.07150 18411.45580 110.78<"});
+    EXPECT_EQ(RowsWith(StationTable(SoundFile(changes)), L"No.10"),
+              Rows{"線形1|No.10||200.000|12532.0695|18411.45580|81-07-16.06|110.7750|106.5170|"});
+}
+
 TEST(Tables, ComputeTheRadiusOfACircleByTheSlopesOfItsTangents)
 {
     // From 2 % down to 18 % up over 40 m: 200 m for a parabola.

@@ -1,17 +1,20 @@
 #!/usr/bin/env python3
-"""A report on a surface of a million faces: the page is small enough to be mailed, and says that it is thinned.
+"""A report on a surface of a million faces: it is there in seconds, the page is small enough to be mailed, says that it
+is thinned, and shows the surface in a plan though there is no alignment.
 
     large.py PROGRAM WORK_FOLDER    (PROGRAM with what runs it in front, parted by semicolons)
 """
 import math
 import pathlib
 import re
+import resource
 import subprocess
 import sys
-import time
 
 SIDE = 708
 LARGEST_PAGE = 20_000_000
+# Ten seconds are the aim. They are the processor's, of which a debug build on a busy machine needs twice as many.
+MOST_SECONDS = 20
 
 
 def write_terrain(path):
@@ -36,17 +39,19 @@ def main(program, folder):
     folder.mkdir(parents=True, exist_ok=True)
     terrain, page = folder / "terrain.xml", folder / "terrain.html"
     write_terrain(terrain)
-    begin = time.monotonic()
     command = [part for part in program.split(";") if part]
     subprocess.run([*command, "--report", str(page), str(terrain)], stdout=subprocess.DEVNULL, check=True)
-    seconds = time.monotonic() - begin
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    seconds = used.ru_utime + used.ru_stime
     text = page.read_text(encoding="utf-8")
     size = page.stat().st_size
     faces = 2 * (SIDE - 1) ** 2
     thinned = re.search(rf"{faces}面を(\d+)面に間引いて表示しています。", text)
+    assert seconds < MOST_SECONDS, f"the report took {seconds:.1f} s of the processor"
     assert size < LARGEST_PAGE, f"the page has {size} bytes"
     assert thinned and 100_000 <= int(thinned[1]) <= 200_000, f"{thinned}"
     assert text.count('class="contour"') >= 5, "there are no contours"
+    assert text.count('<svg class="plan"') == text.count('<use href="#surface0" id="l1"/>') == 1, "there is no plan"
     print(f"{terrain.stat().st_size / 1e6:.1f} MB with {faces} faces: a page of {size / 1e6:.1f} MB in {seconds:.1f} s")
     terrain.unlink()
 
