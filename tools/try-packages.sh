@@ -21,9 +21,14 @@ done
 [ ${#missing[@]} = 0 ] || apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 
 # One display for all; the new Debian's programs reach it through the network's name space, which they share.
-export DISPLAY=:87
-Xvfb "$DISPLAY" -screen 0 1280x1024x24 -noreset -ac >/dev/null 2>&1 &
+mkdir -p "$work"
+number=$(mktemp)
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -ac >/dev/null 2>&1 3>"$number" &
 display=$!
+until [ -s "$number" ]; do sleep 0.1; done
+DISPLAY=:$(cat "$number")
+export DISPLAY
+rm "$number"
 leave() { # MOUNTED_FOLDER
     if mountpoint -q "$1"; then umount "$1"; fi
 }
@@ -181,8 +186,7 @@ new_wine() { # NAME
 }
 # Files with their sizes, and the registry without its times and what Wine notes of the machine at each start.
 remember_wine() { # NAME
-    /usr/lib/wine/wineserver64 -k || true
-    /usr/lib/wine/wineserver64 -w || true
+    timeout 60 /usr/lib/wine/wineserver64 -w # until every program has ended: an uninstaller goes on behind its first process
     (cd "$WINEPREFIX" && find drive_c -not -path '*/Temp/*' \( -type d -printf '%p/\n' -o -printf '%p %s %l\n' \) | LC_ALL=C sort) >"$work/$1.files"
     # shellcheck disable=SC2016
     awk '/^\[/ { told = !index($0, "[System\\\\") && !index($0, "\\\\NetworkCards]"); sub(/ [0-9]+$/, "") }
@@ -243,7 +247,7 @@ try_installer_for() { # WHO REGISTRY_KEY LOCALE TITLE NAME_IN_THE_REGISTRY
     new_wine "$name"
     show_installer "$name" "$4"
     tools/wine.sh "$packages"/*.exe /S "/$1"
-    folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' | head -1)
+    folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' -print -quit)
     told "installed in ${folder#"$WINEPREFIX"/}"
     in_registry "$2"
     in_registry "$2" | grep -q "DisplayName.*$5"
@@ -266,7 +270,6 @@ try_installer() {
     done
 }
 
-mkdir -p "$work"
 [ $# -gt 0 ] || set -- deb tgz zip installer
 for one in "$@"; do
     "try_$one"

@@ -197,6 +197,13 @@ class Installed:
         for command in commands:
             must(["bash", "-ec", command.replace("PREFIX", "prefix")], cwd=folder, env=environment)
             yield folder / ("host" + self.exe)
+        if self.is_windows:
+            # The other linker isn't here: an import library is made of the same definition and linked by what is here.
+            must(["x86_64-w64-mingw32-dlltool", "-d", prefix / "lib" / "jlandxml" / "JLandXmlConvert.def", "-l", "JLandXmlConvert.lib"],
+                 cwd=folder)
+            must([folder / "bin" / "gcc", "-municode", "main.c", "-I", prefix / "include", "JLandXmlConvert.lib", "-o", "by-definition.exe"],
+                 cwd=folder)
+            yield folder / "by-definition.exe"
 
     def try_host_by_page(self):
         """The steps in which the page has a host tried."""
