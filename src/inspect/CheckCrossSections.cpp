@@ -5,10 +5,13 @@
 #include "inspect/ProfileLine.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <optional>
 #include <unordered_set>
+#include <vector>
 
 namespace jlandxml::inspect
 {
@@ -18,10 +21,19 @@ namespace
 
 constexpr double SAME_OFFSET = 0.001;
 
-/// The stations of a transition in the order in which a vehicle passes them.
-constexpr std::wstring_view TRANSITION_ORDER[] = {
-    L"BeginRunoutSta", L"BeginRunoffSta", L"FullSuperSta", L"RunoffSta", L"StartofRunoutSta", L"EndofRunoutSta",
+/// A station of a transition and its part in the order in which a vehicle passes them: what it is in front of the
+/// curve, and of a Feature, which has both, what it is behind.
+struct TransitionStep
+{
+    std::wstring_view kind;
+    std::size_t inFront;
+    std::size_t behind;
 };
+constexpr TransitionStep TRANSITION_STEPS[] = {
+    {L"BeginRunoutSta", 0, 0}, {L"BeginRunoffSta", 1, 1},   {L"FullSuperSta", 3, 3},
+    {L"RunoffSta", 4, 4},      {L"StartofRunoutSta", 6, 6}, {L"EndofRunoutSta", 7, 7},
+};
+constexpr TransitionStep FEATURE_STEPS[] = {{L"FlatSta", 1, 6}, {L"ReverseCrown", 2, 5}};
 
 constexpr std::wstring_view PAVEMENT = L"Pavement";
 
@@ -76,27 +88,78 @@ double FormationFigure(const CrossSect& section, const wchar_t* label)
     return figure.IsFinite() ? figure.value : 0;
 }
 
-/// The first point of a design surface at the place of the formation height, and its surface.
-struct CentrePoint
-{
-    const DesignCrossSectSurf* surface = nullptr;
-    const CrossSectPnt* point = nullptr;
+/// Design surfaces that don't lie at the formation height: below the road or above a new embankment, and structures.
+constexpr std::wstring_view OFF_FORMATION_HEIGHT[] = {
+    L"SubBase", L"SubGrade", L"EarthWorkBaseLineFill", L"RetainingWall", L"Drainage", L"Other",
 };
 
-CentrePoint FindCentrePoint(const CrossSect& section)
+/// Structures, whose outlines may turn back.
+constexpr std::wstring_view STRUCTURES[] = {L"RetainingWall", L"Drainage", L"Other"};
+
+template <std::size_t SIZE>
+bool IsAmong(const std::wstring_view (&names)[SIZE], std::wstring_view name)
+{
+    return std::find(std::begin(names), std::end(names), name) != std::end(names);
+}
+
+/// A point of a design surface at the place of the formation height, and its surface.
+struct CentrePoint
+{
+    const DesignCrossSectSurf* surface;
+    const CrossSectPnt* point;
+};
+
+/// The point of a surface at the place of the formation height: of several in a line that nearest to the height, of an
+/// outline the top. Null if there is none.
+const CrossSectPnt* FormationPoint(const CrossSect& section, const DesignCrossSectSurf& surface, double height)
 {
     const double centre = FormationFigure(section, L"clOffset");
+    const auto isBetter = [&](const CrossSectPnt& one, const CrossSectPnt& other) {
+        return surface.IsClosed() ? one.height.value > other.height.value
+                                  : std::abs(one.height.value - height) < std::abs(other.height.value - height);
+    };
+    const CrossSectPnt* best = nullptr;
+    for (const CrossSectPnt& point : surface.points)
+    {
+        const bool isThere = point.IsOffsetAndHeight() && std::abs(point.offset.value - centre) <= SAME_OFFSET;
+        best = isThere && (best == nullptr || isBetter(point, *best)) ? &point : best;
+    }
+    return best;
+}
+
+/// The height that a surface should have at the place of the formation height, as its own points count heights.
+double FormationHeight(const CrossSect& section, const DesignCrossSectSurf& surface, double profileHeight)
+{
+    return FormationFigure(section, L"fhOffset") + (surface.IsRelativeToProfile() ? 0 : profileHeight);
+}
+
+/// The points of a section that lie at the formation height: one of each surface of the road or embankment, and on
+/// either side the top of the pavement, whose other layers lie below it.
+std::vector<CentrePoint> CentrePoints(const CrossSect& section, double profileHeight)
+{
+    std::vector<CentrePoint> points;
+    std::map<std::wstring_view, CentrePoint> tops;
     for (const DesignCrossSectSurf& surface : section.designs)
     {
-        for (const CrossSectPnt& point : surface.points)
+        const CrossSectPnt* const point =
+            FormationPoint(section, surface, FormationHeight(section, surface, profileHeight));
+        if (point == nullptr || IsAmong(OFF_FORMATION_HEIGHT, surface.name))
         {
-            if (point.IsOffsetAndHeight() && std::abs(point.offset.value - centre) <= SAME_OFFSET)
-            {
-                return {&surface, &point};
-            }
+            continue;
         }
+        if (!surface.IsClosed())
+        {
+            points.push_back({&surface, point});
+            continue;
+        }
+        CentrePoint& top = tops.try_emplace(surface.side, CentrePoint{&surface, point}).first->second;
+        top = point->height.value > top.point->height.value ? CentrePoint{&surface, point} : top;
     }
-    return {};
+    for (const auto& [side, top] : tops)
+    {
+        points.push_back(top);
+    }
+    return points;
 }
 
 /// A closed outline as offsets and heights.
@@ -213,9 +276,67 @@ double Overlap(const Outline& first, const Outline& second)
     return largest;
 }
 
+void CheckGroundLine(const Detail& name, const CrossSectSurf& ground, Findings& findings)
+{
+    double last = -std::numeric_limits<double>::infinity();
+    for (const PairList& list : ground.lists)
+    {
+        for (const FigurePair& pair : list.pairs)
+        {
+            if (pair.first.value < last)
+            {
+                findings.Report(name, list.line, {{L"離れ {}", L"offset {}"}, {pair.first.text}},
+                                {pair.first.value, last, {}});
+            }
+            last = pair.first.IsFinite() ? pair.first.value : last;
+        }
+    }
+}
+
+/// True for a surface on the left of the centre line: by its side, or where it has none, by its points.
+bool IsOnTheLeft(const CrossSect& section, const DesignCrossSectSurf& surface)
+{
+    const double centre = FormationFigure(section, L"clOffset");
+    return surface.side == L"left" ||
+           (surface.side.empty() && std::all_of(surface.points.begin(), surface.points.end(), [&](const auto& point) {
+                return !(point.offset.value > centre + SAME_OFFSET);
+            }));
+}
+
+/// The points to which a line turns back; `direction` is the one in which it has to begin, 0 for either.
+std::vector<const CrossSectPnt*> TurningPoints(const DesignCrossSectSurf& surface, int direction)
+{
+    std::vector<const CrossSectPnt*> turns;
+    for (std::size_t index = 1; index < surface.points.size(); ++index)
+    {
+        const double step = surface.points[index].offset.value - surface.points[index - 1].offset.value;
+        if (step * direction < 0)
+        {
+            turns.push_back(&surface.points[index]);
+        }
+        direction = step > 0 ? 1 : step < 0 ? -1 : direction;
+    }
+    return turns;
+}
+
+/// The point at which a surface leaves its order; null where it keeps it. A surface goes from left to right, or on the
+/// left from the centre line outward; the outline of a pavement layer there and back once, wherever it begins.
+/// Structures turn as they are built.
+const CrossSectPnt* PointOutOfOrder(const CrossSect& section, const DesignCrossSectSurf& surface)
+{
+    if (IsAmong(STRUCTURES, surface.name) || (surface.IsClosed() && surface.name != PAVEMENT) || !surface.HasPlace())
+    {
+        return nullptr;
+    }
+    const bool mayGoEitherWay = surface.IsClosed() || IsOnTheLeft(section, surface);
+    const std::size_t turnsAllowed = surface.IsClosed() ? 2 : 0;
+    const std::vector<const CrossSectPnt*> turns = TurningPoints(surface, mayGoEitherWay ? 0 : 1);
+    return turns.size() > turnsAllowed ? turns[turnsAllowed / 2] : nullptr;
+}
+
 Detail SuperelevationName(const Alignment& alignment, const Superelevation& one)
 {
-    return Path(NameOf(alignment), {{L"片勾配すりつけ {}", L"Superelevation {}"}, {one.staStart.text}});
+    return Path(NameOf(alignment), NameOf(one));
 }
 
 /// Says of two stations of a transition that the second doesn't lie behind the first.
@@ -226,24 +347,67 @@ void CheckPair(const Alignment& alignment, const Superelevation& one, const Tran
     {
         findings.Report(SuperelevationName(alignment, one), behind.line,
                         std::wstring(before.kind) + L" " + std::wstring(before.station.text) + L"、" +
-                            std::wstring(behind.kind) + L" " + std::wstring(behind.station.text));
+                            std::wstring(behind.kind) + L" " + std::wstring(behind.station.text),
+                        {behind.station.value, before.station.value, {}});
     }
 }
 
 /// The stations of a Feature of a transition: ReverseCrown or FlatSta, first that in front of the curve.
-void CheckFeatureStations(const Alignment& alignment, const Superelevation& one, const Feature& feature,
-                          Findings& findings)
+std::vector<TransitionStation> FeatureStations(const Feature& feature)
 {
-    TransitionStation before{feature.name, {}, 0};
+    std::vector<TransitionStation> stations;
     for (const Property& property : feature.properties)
     {
-        if (property.label == L"sta")
+        const Figure station = ReadFigure(property.value);
+        if (property.label == L"sta" && station.IsFinite())
         {
-            const TransitionStation station{feature.name, ReadFigure(property.value), property.line};
-            CheckPair(alignment, one, before, station, findings);
-            before = station.station.IsFinite() ? station : before;
+            stations.push_back({feature.name, station, property.line});
         }
     }
+    return stations;
+}
+
+/// The stations of a transition in the order of travel, part by part; those of one part needn't lie in an order.
+using TransitionParts = std::array<std::vector<TransitionStation>, 8>;
+
+/// The middle of the stretch with the full superelevation: what lies in front of it belongs to the way into the curve.
+double MiddleOf(const Superelevation& one)
+{
+    const auto stationOf = [&](std::wstring_view kind, const Figure& otherwise) {
+        const auto found = std::find_if(one.stations.begin(), one.stations.end(),
+                                        [&](const TransitionStation& each) { return each.kind == kind; });
+        return found != one.stations.end() && found->station.IsFinite() ? found->station.value : otherwise.value;
+    };
+    return (stationOf(L"FullSuperSta", one.staStart) + stationOf(L"RunoffSta", one.staEnd)) / 2;
+}
+
+TransitionParts PartsOf(const Superelevation& one)
+{
+    TransitionParts parts;
+    for (const TransitionStep& step : TRANSITION_STEPS)
+    {
+        const auto station = std::find_if(one.stations.begin(), one.stations.end(),
+                                          [&](const TransitionStation& each) { return each.kind == step.kind; });
+        if (station != one.stations.end() && station->station.IsFinite())
+        {
+            parts[step.inFront].push_back(*station);
+        }
+    }
+    const double middle = MiddleOf(one);
+    for (const Feature& feature : one.features)
+    {
+        const auto* const step = std::find_if(std::begin(FEATURE_STEPS), std::end(FEATURE_STEPS),
+                                              [&](const TransitionStep& each) { return each.kind == feature.name; });
+        if (step == std::end(FEATURE_STEPS) || !std::isfinite(middle))
+        {
+            continue;
+        }
+        for (const TransitionStation& station : FeatureStations(feature))
+        {
+            parts[station.station.value < middle ? step->inFront : step->behind].push_back(station);
+        }
+    }
+    return parts;
 }
 
 } // namespace
@@ -255,24 +419,25 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
         {
             CheckPair(alignment, one, {L"staStart", one.staStart, one.line}, {L"staEnd", one.staEnd, one.line},
                       findings);
-            const TransitionStation* before = nullptr;
-            for (const std::wstring_view kind : TRANSITION_ORDER)
-            {
-                const auto station = std::find_if(one.stations.begin(), one.stations.end(),
-                                                  [&](const TransitionStation& each) { return each.kind == kind; });
-                if (station == one.stations.end() || !station->station.IsFinite())
-                {
-                    continue;
-                }
-                if (before != nullptr)
-                {
-                    CheckPair(alignment, one, *before, *station, findings);
-                }
-                before = &*station;
-            }
             for (const Feature& feature : one.features)
             {
-                CheckFeatureStations(alignment, one, feature, findings);
+                const std::vector<TransitionStation> stations = FeatureStations(feature);
+                for (std::size_t index = 1; index < stations.size(); ++index)
+                {
+                    CheckPair(alignment, one, stations[index - 1], stations[index], findings);
+                }
+            }
+            const std::vector<TransitionStation>* before = nullptr;
+            for (const std::vector<TransitionStation>& part : PartsOf(one))
+            {
+                for (const TransitionStation& behind : part)
+                {
+                    for (std::size_t index = 0; before != nullptr && index < before->size(); ++index)
+                    {
+                        CheckPair(alignment, one, (*before)[index], behind, findings);
+                    }
+                }
+                before = part.empty() ? before : &part;
             }
         }
     });
@@ -289,7 +454,7 @@ void CheckStationLists(const LandXmlFile& file, Findings& findings)
                 if (station.value < last)
                 {
                     findings.Report(Path(NameOf(alignment), name), entry.line,
-                                    {{L"測点 {}", L"station {}"}, {station.text}});
+                                    {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last, {}});
                 }
                 last = station.IsFinite() ? station.value : last;
             }
@@ -308,7 +473,8 @@ void CheckSectionOrder(const LandXmlFile& file, Findings& findings)
                 if (section.station.value <= last)
                 {
                     findings.Report(SectionName(alignment, section), section.line,
-                                    {{L"測点 {}", L"station {}"}, {section.station.text}});
+                                    {{L"測点 {}", L"station {}"}, {section.station.text}},
+                                    {section.station.value, last, {}});
                 }
                 last = section.station.IsFinite() ? section.station.value : last;
             }
@@ -332,23 +498,20 @@ void CheckOutlinesClosed(const LandXmlFile& file, Findings& findings)
     });
 }
 
-void CheckGroundFromLeftToRight(const LandXmlFile& file, Findings& findings)
+void CheckFromLeftToRight(const LandXmlFile& file, Findings& findings)
 {
     ForEachSection(file, [&](const Alignment& alignment, const CrossSect& section) {
         for (const CrossSectSurf& ground : section.grounds)
         {
-            double last = -std::numeric_limits<double>::infinity();
-            for (const PairList& list : ground.lists)
+            CheckGroundLine(Path(SectionName(alignment, section), ground.name), ground, findings);
+        }
+        for (const DesignCrossSectSurf& surface : section.designs)
+        {
+            if (const CrossSectPnt* const point = PointOutOfOrder(section, surface))
             {
-                for (const FigurePair& pair : list.pairs)
-                {
-                    if (pair.first.value < last)
-                    {
-                        findings.Report(Path(SectionName(alignment, section), ground.name), list.line,
-                                        {{L"離れ {}", L"offset {}"}, {pair.first.text}});
-                    }
-                    last = pair.first.IsFinite() ? pair.first.value : last;
-                }
+                findings.Report(SurfaceName(alignment, section, surface), point->line,
+                                {{L"離れ {}", L"offset {}"}, {point->offset.text}},
+                                {point->offset.value, point[-1].offset.value, {}});
             }
         }
     });
@@ -367,7 +530,8 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
             if (across != surface.points.end())
             {
                 findings.Report(SurfaceName(alignment, section, surface), across->line,
-                                {{L"離れ {}", L"offset {}"}, {across->offset.text}});
+                                {{L"離れ {}", L"offset {}"}, {across->offset.text}},
+                                {across->offset.value, centre, SAME_OFFSET});
             }
         });
 }
@@ -386,13 +550,16 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
             for (const CrossSect& section : sects.sections)
             {
                 const std::optional<double> height = line.HeightAt(section.station.value);
-                const CentrePoint centre = FindCentrePoint(section);
-                if (height && centre.point != nullptr)
+                if (!height)
                 {
-                    const bool isRelative = centre.surface->IsRelativeToProfile();
+                    continue;
+                }
+                for (const auto& [surface, point] : CentrePoints(section, *height))
+                {
+                    const bool isRelative = surface->IsRelativeToProfile();
                     findings.Measure(
-                        SurfaceName(alignment, section, *centre.surface), centre.point->line, centre.point->height,
-                        FormationFigure(section, L"fhOffset") + (isRelative ? 0 : *height),
+                        SurfaceName(alignment, section, *surface), point->line, point->height,
+                        FormationHeight(section, *surface, *height),
                         {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
                                     : Sentence{L"標高", L"elevation"},
                          {ShortNumber(*height, 3)}});
@@ -436,8 +603,7 @@ void CheckGroundNames(const LandXmlFile& file, Findings& findings)
             {
                 if (names.count(ground.name) == 0)
                 {
-                    findings.Report(Path(NameOf(alignment), {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}}),
-                                    ground.line, ground.name);
+                    findings.Report(Path(NameOf(alignment), NameOf(ground)), ground.line, ground.name);
                 }
             }
         }

@@ -12,7 +12,7 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings);
 void CheckStationLists(const LandXmlFile& file, Findings& findings);
 void CheckSectionOrder(const LandXmlFile& file, Findings& findings);
 void CheckOutlinesClosed(const LandXmlFile& file, Findings& findings);
-void CheckGroundFromLeftToRight(const LandXmlFile& file, Findings& findings);
+void CheckFromLeftToRight(const LandXmlFile& file, Findings& findings);
 void CheckSides(const LandXmlFile& file, Findings& findings);
 void CheckCentreHeights(const LandXmlFile& file, Findings& findings);
 void CheckPavementLayersApart(const LandXmlFile& file, Findings& findings);

@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <unordered_set>
+#include <vector>
 
 namespace jlandxml::inspect
 {
@@ -61,34 +63,114 @@ double RadiusOf(const PlanElement& curve)
     return curve.radius.IsFinite() ? std::abs(curve.radius.value) : Distance(curve.center, curve.start);
 }
 
-/// True if the curve's length fits its sweep in the other direction better than in its own.
-bool IsCurveTurnedRound(const PlanElement& curve)
+/// Which elements of an alignment turn to the other side than their `rot` says. Such an element is named once, not by
+/// everything that follows from it.
+class Rotations
 {
-    if (!IsPlacedCurve(curve) || !curve.length.IsFinite() || Turn(curve.rot) == 0)
+  public:
+    explicit Rotations(const Alignment& alignment) : elements_(alignment.elements), areWrong_(elements_.size())
     {
-        return false;
+        for (std::size_t index = 0; index < elements_.size(); ++index)
+        {
+            areWrong_[index] = IsWrongByItself(elements_[index]);
+        }
+        for (std::size_t index = 0; index < elements_.size(); ++index)
+        {
+            areWrong_[index] = areWrong_[index] || (ShowsByNeighbours(elements_[index]) && IsWrongByNeighbours(index));
+        }
     }
-    const auto miss = [&](std::wstring_view rot) {
-        return std::abs(curve.length.value - RadiusOf(curve) * Sweep(curve, rot));
-    };
-    return miss(Opposite(curve.rot)) < miss(curve.rot);
-}
 
-/// True if the spiral bends to the other side than its `rot` says.
-bool IsSpiralTurnedRound(const PlanElement& spiral)
-{
-    if (spiral.kind != ElementKind::Spiral || !spiral.start.IsPlaced() || !spiral.pi.IsPlaced() ||
-        !spiral.end.IsPlaced())
+    bool IsWrong(std::size_t index) const { return areWrong_[index]; }
+
+  private:
+    /// A curve's length tells its sweep from that to the other side.
+    static bool IsCurveWrong(const PlanElement& curve)
     {
-        return false;
+        if (!IsPlacedCurve(curve) || !curve.length.IsFinite() || Turn(curve.rot) == 0)
+        {
+            return false;
+        }
+        const auto miss = [&](std::wstring_view rot) {
+            return std::abs(curve.length.value - RadiusOf(curve) * Sweep(curve, rot));
+        };
+        return miss(Opposite(curve.rot)) < miss(curve.rot);
     }
-    return SignedAngle(Azimuth(spiral.pi, spiral.end) - Azimuth(spiral.start, spiral.pi)) * Turn(spiral.rot) < 0;
-}
 
-/// An element whose `rot` is wrong is named once, not by everything that follows from it.
-bool IsTurnedRound(const PlanElement& element)
+    static bool IsSpiralWrong(const PlanElement& spiral)
+    {
+        if (!spiral.start.IsPlaced() || !spiral.pi.IsPlaced() || !spiral.end.IsPlaced())
+        {
+            return false;
+        }
+        return SignedAngle(Azimuth(spiral.pi, spiral.end) - Azimuth(spiral.start, spiral.pi)) * Turn(spiral.rot) < 0;
+    }
+
+    static bool IsWrongByItself(const PlanElement& element)
+    {
+        return element.kind == ElementKind::Spiral ? IsSpiralWrong(element) : IsCurveWrong(element);
+    }
+
+    /// Of a curve without a length both sweeps may be meant.
+    static bool ShowsByNeighbours(const PlanElement& element)
+    {
+        return IsPlacedCurve(element) && !element.length.IsFinite() && Turn(element.rot) != 0;
+    }
+
+    /// The course of a neighbour by which a curve can be judged.
+    std::optional<ElementCourse> Neighbour(std::size_t index) const
+    {
+        if (index >= elements_.size() || IsWrongByItself(elements_[index]) || ShowsByNeighbours(elements_[index]))
+        {
+            return {};
+        }
+        ElementCourse course = CourseOf(elements_[index]);
+        return course.IsKnown() ? std::optional(std::move(course)) : std::nullopt;
+    }
+
+    /// The bends at both ends of a curve with a `rot`.
+    double Bends(PlanElement curve, std::wstring_view rot, const std::optional<ElementCourse>& before,
+                 const std::optional<ElementCourse>& behind) const
+    {
+        curve.rot = rot;
+        const ElementCourse course = CourseOf(curve);
+        double bends = 0;
+        if (course.IsKnown() && before)
+        {
+            bends += std::abs(SignedAngle(course.StartAzimuth() - before->EndAzimuth()));
+        }
+        if (course.IsKnown() && behind)
+        {
+            bends += std::abs(SignedAngle(behind->StartAzimuth() - course.EndAzimuth()));
+        }
+        return bends;
+    }
+
+    bool IsWrongByNeighbours(std::size_t index) const
+    {
+        const PlanElement& curve = elements_[index];
+        const std::optional<ElementCourse> before = Neighbour(index - 1);
+        const std::optional<ElementCourse> behind = Neighbour(index + 1);
+        return Bends(curve, Opposite(curve.rot), before, behind) < Bends(curve, curve.rot, before, behind);
+    }
+
+    const std::vector<PlanElement>& elements_;
+    std::vector<bool> areWrong_;
+};
+
+/// Visits every element whose `rot` is right, or that has none, with its alignment.
+template <class Visit>
+void ForEachElementOfRightRotation(const LandXmlFile& file, Visit&& visit)
 {
-    return element.kind == ElementKind::Curve ? IsCurveTurnedRound(element) : IsSpiralTurnedRound(element);
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        const Rotations rotations(alignment);
+        for (std::size_t index = 0; index < alignment.elements.size(); ++index)
+        {
+            if (!rotations.IsWrong(index))
+            {
+                visit(alignment, alignment.elements[index]);
+            }
+        }
+    });
 }
 
 /// A point of an element with the word for it.
@@ -219,14 +301,13 @@ void ForEachBend(const Alignment& alignment, Visit&& visit)
 void CheckCoordinates(const LandXmlFile& file, Findings& findings)
 {
     ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
-        if (element.kind == ElementKind::IrregularLine)
-        {
-            return;
-        }
-        const NamedPoint points[] = {{&element.start, L"Start"}, {&element.end, L"End"}, {&element.center, L"Center"}};
+        const NamedPoint points[] = {
+            {&element.start, L"Start"}, {&element.end, L"End"}, {&element.center, L"Center"}, {&element.pi, L"PI"}};
         for (const NamedPoint& one : points)
         {
-            const bool isNeeded = one.point != &element.center || element.kind == ElementKind::Curve;
+            const bool isNeeded = one.point == &element.center ? element.kind == ElementKind::Curve
+                                  : one.point == &element.pi   ? element.kind == ElementKind::Spiral
+                                                               : true;
             if (isNeeded && !one.point->IsPlaced())
             {
                 findings.Report(NameOf(alignment, element), std::max(element.line, one.point->line), one.word);
@@ -247,9 +328,9 @@ void CheckJoints(const LandXmlFile& file, Findings& findings)
 
 void CheckElementLengths(const LandXmlFile& file, Findings& findings)
 {
-    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+    ForEachElementOfRightRotation(file, [&](const Alignment& alignment, const PlanElement& element) {
         // A spiral has no length but the one it is given; whether that is right shows at its end.
-        if (element.kind == ElementKind::Spiral || !element.length.IsFinite() || IsTurnedRound(element))
+        if (element.kind == ElementKind::Spiral || !element.length.IsFinite())
         {
             return;
         }
@@ -278,19 +359,21 @@ void CheckRadii(const LandXmlFile& file, Findings& findings)
 
 void CheckDirections(const LandXmlFile& file, Findings& findings)
 {
-    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
-        if (IsTurnedRound(before) || IsTurnedRound(behind))
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        const Rotations rotations(alignment);
+        for (std::size_t index = 1; index < alignment.elements.size(); ++index)
         {
-            return;
-        }
-        const ElementCourse from = CourseOf(before);
-        const ElementCourse to = CourseOf(behind);
-        if (from.IsKnown() && to.IsKnown())
-        {
-            findings.MeasureGap(NameOf(alignment, before), before.end.line,
-                                std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())),
-                                {{L"次は{}", L"next: {}"}, {KindOf(behind)}},
-                                alignment.isRiver ? Severity::Information : Severity::Error);
+            const PlanElement& before = alignment.elements[index - 1];
+            const PlanElement& behind = alignment.elements[index];
+            const ElementCourse from = CourseOf(before);
+            const ElementCourse to = CourseOf(behind);
+            if (from.IsKnown() && to.IsKnown() && !rotations.IsWrong(index - 1) && !rotations.IsWrong(index))
+            {
+                findings.MeasureGap(NameOf(alignment, before), before.end.line,
+                                    std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())),
+                                    {{L"次は{}", L"next: {}"}, {KindOf(behind)}},
+                                    alignment.isRiver ? Severity::Information : Severity::Error);
+            }
         }
     });
 }
@@ -309,8 +392,8 @@ void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
 
 void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
 {
-    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
-        if (!IsClothoid(element) || !element.end.IsPlaced() || IsTurnedRound(element))
+    ForEachElementOfRightRotation(file, [&](const Alignment& alignment, const PlanElement& element) {
+        if (!IsClothoid(element) || !element.end.IsPlaced())
         {
             return;
         }
@@ -327,25 +410,16 @@ void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
 
 void CheckRotations(const LandXmlFile& file, Findings& findings)
 {
-    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
-        const bool isBent = element.kind == ElementKind::Curve || element.kind == ElementKind::Spiral;
-        if (isBent && (Turn(element.rot) == 0 || IsTurnedRound(element)))
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        const Rotations rotations(alignment);
+        for (std::size_t index = 0; index < alignment.elements.size(); ++index)
         {
-            findings.Report(NameOf(alignment, element), element.line, L"rot=" + std::wstring(element.rot));
-        }
-    });
-    // A curve without a length shows by its neighbour which way it turns.
-    ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
-        if (!IsPlacedCurve(behind) || behind.length.IsFinite() || Turn(behind.rot) == 0)
-        {
-            return;
-        }
-        const ElementCourse from = CourseOf(before);
-        const ElementCourse to = CourseOf(behind);
-        if (from.IsKnown() && to.IsKnown() &&
-            std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())) > std::numbers::pi / 2)
-        {
-            findings.Report(NameOf(alignment, behind), behind.line, L"rot=" + std::wstring(behind.rot));
+            const PlanElement& element = alignment.elements[index];
+            const bool isBent = element.kind == ElementKind::Curve || element.kind == ElementKind::Spiral;
+            if (isBent && (Turn(element.rot) == 0 || rotations.IsWrong(index)))
+            {
+                findings.Report(NameOf(alignment, element), element.line, L"rot=" + std::wstring(element.rot));
+            }
         }
     });
 }
@@ -406,7 +480,8 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
             if (number > 0 && number < highest)
             {
                 findings.Report(Path(NameOf(alignment), one.point->name), one.point->line,
-                                {{L"番号が{}の後", L"behind number {}"}, {std::to_wstring(highest)}});
+                                {{L"番号が{}の後", L"behind number {}"}, {std::to_wstring(highest)}},
+                                {static_cast<double>(number), static_cast<double>(highest), {}});
             }
             highest = std::max(highest, number);
         }

@@ -13,15 +13,14 @@ namespace jlandxml::inspect
 namespace
 {
 
-Detail NameOf(const Alignment& alignment, const ProfAlign& design)
+Detail DesignName(const Alignment& alignment, const ProfAlign& design)
 {
-    return Path(NameOf(alignment),
-                {{L"縦断線形 {}", L"Profile {}"}, {NameOr(design.name, Sentence{L"（名称なし）", L"(no name)"})}});
+    return Path(NameOf(alignment), NameOf(design));
 }
 
 Detail PointName(const Alignment& alignment, const ProfAlign& design, const ProfilePoint& point)
 {
-    return Path(NameOf(alignment, design),
+    return Path(DesignName(alignment, design),
                 std::wstring(point.element->kind) + L" " + std::wstring(point.element->station.text));
 }
 
@@ -49,7 +48,7 @@ class RisingStations
     {
         if (station.value <= last_)
         {
-            findings_.Report(name_, line, {{L"測点 {}", L"station {}"}, {station.text}});
+            findings_.Report(name_, line, {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last_, {}});
         }
         last_ = station.IsFinite() ? station.value : last_;
     }
@@ -75,7 +74,7 @@ double CurveTurn(const ProfilePoint& point)
 void CheckProfileStations(const LandXmlFile& file, Findings& findings)
 {
     ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
-        RisingStations stations(findings, NameOf(alignment, design));
+        RisingStations stations(findings, DesignName(alignment, design));
         for (const ProfileElement& element : design.elements)
         {
             stations.Take(element.station, element.line);
@@ -86,8 +85,7 @@ void CheckProfileStations(const LandXmlFile& file, Findings& findings)
         {
             for (const ProfSurf& ground : profile.grounds)
             {
-                RisingStations stations(
-                    findings, Path(NameOf(alignment), {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}}));
+                RisingStations stations(findings, Path(NameOf(alignment), NameOf(ground)));
                 for (const PairList& list : ground.lists)
                 {
                     for (const FigurePair& pair : list.pairs)

@@ -25,26 +25,42 @@ namespace
 constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
 constexpr Sentence COORDINATE_SYSTEM{L"座標参照系", L"Coordinate system"};
 
-using NameSet = std::unordered_set<std::wstring_view>;
-
-/// Reports every name that stands twice among those of one kind.
-class UniqueNames
+/// Reports every name, or every number, that stands twice among those of one kind.
+template <class Value>
+class Unique
 {
   public:
-    UniqueNames(Findings& findings, Detail kind) : findings_(findings), kind_(std::move(kind)) {}
+    Unique(Findings& findings, Detail kind) : findings_(findings), kind_(std::move(kind)) {}
 
-    void Take(std::wstring_view name, std::size_t line)
+    void Take(const Value& value, std::wstring_view text, std::size_t line)
     {
-        if (!name.empty() && !names_.insert(name).second)
+        if (!values_.insert(value).second)
         {
-            findings_.Report(kind_ + L" " + name, line);
+            findings_.Report(kind_ + L" " + text, line);
         }
     }
 
   private:
     Findings& findings_;
     Detail kind_;
-    NameSet names_;
+    std::unordered_set<Value> values_;
+};
+
+class UniqueNames
+{
+  public:
+    UniqueNames(Findings& findings, Detail kind) : names_(findings, std::move(kind)) {}
+
+    void Take(std::wstring_view name, std::size_t line)
+    {
+        if (!name.empty())
+        {
+            names_.Take(name, name, line);
+        }
+    }
+
+  private:
+    Unique<std::wstring_view> names_;
 };
 
 /// A horizontal datum in the standard's words: 世界測地系 of each year, and 日本測地系.
@@ -201,16 +217,35 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     findings.Report(areMore ? all.name : first->name, first->line, {words, {north, east, system, more}});
 }
 
-/// Says of an angle in degrees, minutes and seconds that it is none.
-void CheckAngle(Findings& findings, const Detail& object, std::size_t line, const Figure& angle)
+/// Says of an angle in degrees, minutes and seconds that it is none. It is told under the name of its attribute where
+/// an element has several.
+void CheckAngle(Findings& findings, const Detail& object, std::size_t line, const Figure& angle,
+                std::wstring_view attribute = {})
 {
     const std::optional<DegreesMinutesSeconds> parts = ReadDegreesMinutesSeconds(angle.text);
     if (parts && (parts->minutes >= 60 || parts->seconds >= 60))
     {
+        const std::wstring text =
+            attribute.empty() ? std::wstring(angle.text) : std::wstring(attribute) + L" " + std::wstring(angle.text);
         findings.Report(object, line,
                         {{L"{} → {}分{}秒", L"{} → {} minutes {} seconds"},
-                         {angle.text, ShortNumber(parts->minutes), ShortNumber(parts->seconds)}});
+                         {text, ShortNumber(parts->minutes), ShortNumber(parts->seconds)}},
+                        {parts->minutes >= 60 ? parts->minutes : parts->seconds, 60, {}});
     }
+}
+
+/// The angles that elements state of themselves.
+void CheckElementAngles(const LandXmlFile& file, Findings& findings, std::vector<NamedFigure> PlanElement::*angles)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        for (const PlanElement& element : alignment.elements)
+        {
+            for (const NamedFigure& angle : element.*angles)
+            {
+                CheckAngle(findings, NameOf(alignment, element), element.line, angle.figure, angle.name);
+            }
+        }
+    });
 }
 
 /// The references of a point other than those of groups, and the words for it.
@@ -269,6 +304,13 @@ void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
             }
         }
     }
+}
+
+/// True for a point of a section that isn't told by offset and height: by slope and distance, or by another point.
+bool IsOfAnotherFormat(const CrossSectPnt& point)
+{
+    const bool isOtherPoint = point.figureCount == 0 && !point.pntRef.empty();
+    return isOtherPoint || (!point.dataFormat.empty() && point.dataFormat != OFFSET_AND_HEIGHT);
 }
 
 template <class Visit>
@@ -379,10 +421,14 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
         alignments.Take(alignment.name, alignment.line);
         for (const CrossSects& sects : alignment.crossSects)
         {
-            UniqueNames stations(findings, Path(NameOf(alignment), L"CrossSect@sta"));
+            // By their values: 60. and 60.000 are one station.
+            Unique<double> stations(findings, Path(NameOf(alignment), L"CrossSect@sta"));
             for (const CrossSect& section : sects.sections)
             {
-                stations.Take(section.station.text, section.line);
+                if (section.station.IsNumber())
+                {
+                    stations.Take(section.station.value, section.station.text, section.line);
+                }
             }
         }
     });
@@ -428,7 +474,8 @@ void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
     {
         findings.Report(COORDINATE_SYSTEM, file.coordinateSystem->line,
                         {{L"第{}系、説明は第{}系", L"zone {}, described as zone {}"},
-                         {std::to_wstring(*zone), std::to_wstring(*described)}});
+                         {std::to_wstring(*zone), std::to_wstring(*described)}},
+                        {static_cast<double>(*zone), static_cast<double>(*described), {}});
     }
 }
 
@@ -480,9 +527,11 @@ void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)
                 CheckAngle(findings, Path(NameOf(group), NameOf(point)), point.point.line, point.direction);
             }
         }
+        CheckElementAngles(file, findings, &PlanElement::directions);
     }
     if (IsDegreesMinutesSeconds(file.units->angular))
     {
+        CheckElementAngles(file, findings, &PlanElement::angles);
         ForEachAlignment(file, [&](const Alignment& alignment) {
             for (const CrossSects& sects : alignment.crossSects)
             {
@@ -515,7 +564,8 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
     if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
     {
         findings.Report(COORDINATE_SYSTEM, system.line,
-                        {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}});
+                        {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}},
+                        {{}, nearest->differTp, {}}, Severity::Warning);
     }
     else if (nearest != nullptr)
     {
@@ -558,14 +608,12 @@ void CheckUndrawn(const LandXmlFile& file, Findings& findings)
             {
                 for (const DesignCrossSectSurf& surface : section.designs)
                 {
-                    const auto other =
-                        std::find_if(surface.points.begin(), surface.points.end(), [](const CrossSectPnt& point) {
-                            return !point.dataFormat.empty() && point.dataFormat != OFFSET_AND_HEIGHT;
-                        });
+                    const auto other = std::find_if(surface.points.begin(), surface.points.end(), IsOfAnotherFormat);
                     if (other != surface.points.end())
                     {
                         findings.Report(Path(Path(NameOf(alignment), NameOf(section)), surface.name), other->line,
-                                        L"dataFormat=" + std::wstring(other->dataFormat));
+                                        other->figureCount == 0 ? L"pntRef=" + std::wstring(other->pntRef)
+                                                                : L"dataFormat=" + std::wstring(other->dataFormat));
                     }
                 }
             }

@@ -37,7 +37,7 @@ std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)
 
 Detail EquationName(const Alignment& alignment, const StaEquation& equation)
 {
-    return Path(NameOf(alignment), {{L"測点定義 {}", L"Station equation {}"}, {equation.internal.text}});
+    return Path(NameOf(alignment), NameOf(equation));
 }
 
 /// A station with what lies there.
@@ -140,6 +140,13 @@ void ForEachIntermediatePoint(const LandXmlFile& file, Visit&& visit)
     }
 }
 
+/// True if two stations are no longer the same place. The last digits of a binary difference don't part them.
+bool IsApart(double station, double other)
+{
+    const double distance = std::abs(station - other);
+    return std::isfinite(distance) && distance > SAME_STATION * (1 + 1e-9);
+}
+
 double EndStation(const Alignment& alignment, const Course& course)
 {
     return alignment.length.IsFinite() ? course.StaStart() + std::max(alignment.length.value, 0.0) : course.StaEnd();
@@ -148,13 +155,14 @@ double EndStation(const Alignment& alignment, const Course& course)
 void CheckWithin(const Alignment& alignment, const Course& course, const PlacedThing& thing, Findings& findings)
 {
     const double end = EndStation(alignment, course);
-    if (thing.station.IsFinite() &&
-        (thing.station.value < course.StaStart() - SAME_STATION || thing.station.value > end + SAME_STATION))
+    const double nearest = std::clamp(thing.station.value, course.StaStart(), end);
+    if (IsApart(thing.station.value, nearest))
     {
         findings.Report(
             Path(NameOf(alignment), thing.name), thing.line,
             {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
-             {thing.station.text, NameOr(alignment.staStart.text, ShortNumber(course.StaStart())), ShortNumber(end)}});
+             {thing.station.text, NameOr(alignment.staStart.text, ShortNumber(course.StaStart())), ShortNumber(end)}},
+            {thing.station.value, nearest, SAME_STATION});
     }
 }
 
@@ -171,12 +179,12 @@ void CheckStartStations(const LandXmlFile& file, Findings& findings)
         }
         for (const Profile& profile : alignment.profiles)
         {
-            if (profile.staStart.IsFinite() &&
-                std::abs(profile.staStart.value - alignment.staStart.value) > SAME_STATION)
+            if (IsApart(profile.staStart.value, alignment.staStart.value))
             {
-                findings.Report(NameOf(alignment), profile.line,
-                                {{L"縦断は{}、平面は{}", L"profile {}, plan {}"},
-                                 {profile.staStart.text, alignment.staStart.text}});
+                findings.Report(
+                    NameOf(alignment), profile.line,
+                    {{L"縦断は{}、平面は{}", L"profile {}, plan {}"}, {profile.staStart.text, alignment.staStart.text}},
+                    {profile.staStart.value, alignment.staStart.value, SAME_STATION});
             }
         }
     });
@@ -205,7 +213,8 @@ void CheckEquationsRise(const LandXmlFile& file, Findings& findings)
         {
             if (equation.internal.value <= last)
             {
-                findings.Report(EquationName(alignment, equation), equation.line);
+                findings.Report(EquationName(alignment, equation), equation.line, {},
+                                {equation.internal.value, last, {}});
             }
             last = equation.internal.IsFinite() ? equation.internal.value : last;
         }
@@ -226,7 +235,8 @@ void CheckLabelsOnce(const LandXmlFile& file, Findings& findings)
             {
                 findings.Report(EquationName(alignment, *equation), equation->line,
                                 std::wstring(equation->ahead.text) + L"～" +
-                                    NameOr(back.text, ShortNumber(back.value, 3)));
+                                    NameOr(back.text, ShortNumber(back.value, 3)),
+                                {equation->ahead.value, back.value, SAME_STATION});
             }
             label = equation->ahead.value;
             internal = equation->internal.value;

@@ -86,7 +86,8 @@ void CheckFaceCorners(const LandXmlFile& file, Findings& findings)
             if (face.cornerCount != corners)
             {
                 findings.Report(FaceName(surface, face), face.line,
-                                {{L"{}点", L"{} corners"}, {std::to_wstring(face.cornerCount)}});
+                                {{L"{}点", L"{} corners"}, {std::to_wstring(face.cornerCount)}},
+                                {static_cast<double>(face.cornerCount), static_cast<double>(corners), {}});
             }
         }
     }
@@ -131,7 +132,7 @@ void CheckFaceAreas(const LandXmlFile& file, Findings& findings)
             }
             if (area <= NO_AREA)
             {
-                findings.Report(FaceName(surface, face), face.line);
+                findings.Report(FaceName(surface, face), face.line, {}, {area, {}, NO_AREA});
             }
         }
     }
@@ -147,7 +148,8 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
                 const std::wstring from = std::to_wstring(surface.points[first].id);
                 const std::wstring to = std::to_wstring(surface.points[second].id);
                 findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}), surface.line,
-                                {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}});
+                                {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}},
+                                {static_cast<double>(faces), 2, {}});
             }
         });
     }
@@ -175,7 +177,7 @@ void CheckPointsUsed(const LandXmlFile& file, Findings& findings)
             const auto first =
                 static_cast<std::size_t>(std::find(isUsed.begin(), isUsed.end(), false) - isUsed.begin());
             findings.Report(PointName(surface, surface.points[first]), surface.points[first].line,
-                            {{L"{}点", L"{} points"}, {std::to_wstring(unused)}});
+                            {{L"{}点", L"{} points"}, {std::to_wstring(unused)}}, {static_cast<double>(unused), 0, {}});
         }
     }
 }

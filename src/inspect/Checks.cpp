@@ -1,5 +1,6 @@
 #include "inspect/Checks.h"
 
+#include "inspect/CheckCompleteness.h"
 #include "inspect/CheckCrossSections.h"
 #include "inspect/CheckHorizontal.h"
 #include "inspect/CheckProfile.h"
@@ -74,6 +75,14 @@ constexpr Check CHECKS[] = {
       L"Use clothoids (spiType=\"clothoid\") and points by offset and height (Offset Elevation)"},
      JLANDXML,
      CheckUndrawn},
+    {L"X05",
+     ERROR_GRADE,
+     {},
+     {L"必要な値がないか、数値の個数が合いません",
+      L"A value that is needed isn't there, or a text has too few or too many figures"},
+     {L"値を入力してください", L"Enter it"},
+     JLANDXML,
+     CheckComplete},
     {L"S01",
      ERROR_GRADE,
      {},
@@ -177,7 +186,7 @@ constexpr Check CHECKS[] = {
     // Stations
     {L"T01",
      ERROR_GRADE,
-     {},
+     ONE_MILLIMETRE,
      {L"開始測点がないか、平面と縦断で異なります",
       L"There is no start station, or plan and profile have different ones"},
      {L"Alignment@staStartとProfile@staStartを合わせてください",
@@ -215,7 +224,7 @@ constexpr Check CHECKS[] = {
      CheckSectionNamesOnce},
     {L"T06",
      WARNING,
-     {},
+     ONE_MILLIMETRE,
      {L"測点が線形の範囲の外にあります", L"A station lies outside the alignment"},
      {L"測点か線形の長さを確かめてください", L"See to the station or to the alignment's length"},
      LANDXML,
@@ -303,10 +312,13 @@ constexpr Check CHECKS[] = {
     {L"C04",
      WARNING,
      {},
-     {L"横断地形線が左から右に並んでいません", L"A ground line doesn't run from left to right"},
-     {L"離れの順に並べてください", L"Put the points in the order of offsets"},
+     {L"横断面の線が左から右に並んでいません", L"A line of a cross section doesn't run from left to right"},
+     {L"離れの順に並べてください。左側の構築形状は中心から外側への順でも、舗装の輪郭は一往復でも構いません",
+      L"Put the points in the order of offsets; surfaces on the left may run outward, outlines of pavement once there "
+      L"and "
+      L"back"},
      JLANDXML,
-     CheckGroundFromLeftToRight},
+     CheckFromLeftToRight},
     {L"C05",
      WARNING,
      {},
@@ -471,7 +483,7 @@ constexpr Check CHECKS[] = {
      L"LandXML 1.2スキーマ（angularType）",
      CheckMinutesAndSeconds},
     {L"R11",
-     WARNING,
+     ERROR_GRADE,
      DATUM,
      {L"T.P.との標高差が鉛直原子と合いません", L"The difference from T.P. isn't the vertical datum's"},
      {L"differTPを確かめてください", L"See to differTP"},

@@ -27,10 +27,7 @@ void ElementReader::ForEachChild(pugi::xml_node element, Children children)
             continue;
         }
         const std::wstring_view name = LocalName(child);
-        if (name == L"Feature")
-        {
-            file_.featureNames.insert(AttributeText(child, L"name"));
-        }
+        NoteName(child);
         const auto* const known =
             std::find_if(children.begin(), children.end(), [&](const auto& entry) { return entry.first == name; });
         if (known != children.end())
@@ -42,6 +39,41 @@ void ElementReader::ForEachChild(pugi::xml_node element, Children children)
             Skip(child);
         }
     }
+}
+
+void ElementReader::NoteName(pugi::xml_node feature)
+{
+    if (LocalName(feature) == L"Feature")
+    {
+        file_.featureNames.insert(AttributeText(feature, L"name"));
+    }
+}
+
+std::wstring_view ElementReader::TextOf(pugi::xml_node element)
+{
+    std::wstring_view text;
+    std::wstring* joined = nullptr;
+    for (const pugi::xml_node child : element.children())
+    {
+        if (child.type() == pugi::node_element)
+        {
+            NoteName(child);
+            if (LocalName(child) != L"Feature")
+            {
+                Skip(child);
+            }
+        }
+        else if (text.empty())
+        {
+            text = child.value();
+        }
+        else
+        {
+            joined = joined != nullptr ? joined : &file_.joinedTexts.emplace_back(text);
+            joined->append(child.value());
+        }
+    }
+    return joined != nullptr ? std::wstring_view(*joined) : text;
 }
 
 void ElementReader::Skip(pugi::xml_node element)
@@ -78,7 +110,7 @@ Figure ElementReader::Number(pugi::xml_node element, const wchar_t* attribute)
 
 Figure ElementReader::NumberOf(pugi::xml_node element)
 {
-    return Noted(ReadFigure(element.child_value()), LocalName(element), Line(element));
+    return Noted(ReadFigure(TextOf(element)), LocalName(element), Line(element));
 }
 
 std::vector<Figure> ElementReader::Numbers(std::wstring_view text, std::wstring_view what, std::size_t line)
@@ -95,7 +127,8 @@ PairList ElementReader::Pairs(pugi::xml_node element)
 {
     PairList list;
     list.line = Line(element);
-    const std::vector<Figure> figures = Numbers(element.child_value(), LocalName(element), list.line);
+    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), list.line);
+    list.figureCount = figures.size();
     for (std::size_t index = 0; index + 1 < figures.size(); index += 2)
     {
         list.pairs.push_back({figures[index], figures[index + 1]});
@@ -110,7 +143,8 @@ PlanPoint ElementReader::Point(pugi::xml_node element)
     point.pntRef = AttributeText(element, L"pntRef");
     point.featureRef = AttributeText(element, L"featureRef");
     point.line = Line(element);
-    const std::vector<Figure> figures = Numbers(element.child_value(), LocalName(element), point.line);
+    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), point.line);
+    point.figureCount = figures.size();
     Figure* const coordinates[] = {&point.north, &point.east, &point.height};
     for (std::size_t index = 0; index < std::min(figures.size(), std::size(coordinates)); ++index)
     {
@@ -125,6 +159,7 @@ Feature ElementReader::ReadFeature(pugi::xml_node element)
     ForEachChild(element, {{L"Property", [&](pugi::xml_node child) {
                                 feature.properties.push_back(
                                     {AttributeText(child, L"label"), AttributeText(child, L"value"), Line(child)});
+                                TextOf(child);
                             }}});
     return feature;
 }
@@ -132,6 +167,20 @@ Feature ElementReader::ReadFeature(pugi::xml_node element)
 Figure ElementReader::NumberIn(const Property* property)
 {
     return property == nullptr ? Figure() : Noted(ReadFigure(property->value), property->label, property->line);
+}
+
+void ElementReader::ExpectFigures(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label)
+{
+    for (const Feature& feature : features)
+    {
+        for (const Property& property : feature.properties)
+        {
+            if (feature.name == name && property.label == label && !ReadFigure(property.value).IsNumber())
+            {
+                file_.unreadable.push_back({std::wstring(label), property.value, property.line});
+            }
+        }
+    }
 }
 
 } // namespace jlandxml::inspect

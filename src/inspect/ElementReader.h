@@ -35,6 +35,13 @@ class ElementReader
     /// Hands over a child element whose content isn't looked at.
     static void Ignore(pugi::xml_node) {}
 
+    /// The text of an element that holds no other, whatever parts it: a comment, or an element that is noted as
+    /// skipped.
+    std::wstring_view TextOf(pugi::xml_node element);
+
+    /// Notes that an element wasn't looked at, as those that nobody knows.
+    void Skip(pugi::xml_node element);
+
     /// The figure of an attribute.
     Figure Number(pugi::xml_node element, const wchar_t* attribute);
 
@@ -54,9 +61,12 @@ class ElementReader
     /// The figure of a property; an empty one if the pointer is null.
     Figure NumberIn(const Property* property);
 
+    /// Notes those properties of a label in the features of a name whose value is no figure.
+    void ExpectFigures(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
+
   private:
     Figure Noted(Figure figure, std::wstring_view what, std::size_t line);
-    void Skip(pugi::xml_node element);
+    void NoteName(pugi::xml_node feature);
 
     LandXmlFile& file_;
     std::unordered_map<std::wstring, std::size_t> skipped_; ///< by path: the place in the file's list

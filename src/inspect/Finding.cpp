@@ -65,9 +65,11 @@ void Findings::Run(const Check& check, const LandXmlFile& file)
 }
 
 void Findings::Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object,
-                   std::size_t line, std::optional<double> value, std::optional<double> expected,
-                   std::optional<double> tolerance)
+                   std::size_t line, const FoundNumbers& numbers)
 {
+    const auto finite = [](std::optional<double> number) {
+        return number && std::isfinite(*number) ? number : std::nullopt;
+    };
     if (++count_ > LARGEST_COUNT)
     {
         highest_ = std::max(highest_, severity);
@@ -76,26 +78,27 @@ void Findings::Add(Severity severity, const Detail& detail, const Detail& figure
     all_.push_back({check_, severity,
                     InBrackets(check_->text.japanese, {L"（", L"、", L"）"}, detail.japanese, figures.japanese),
                     InBrackets(check_->text.english, {L" (", L", ", L")"}, detail.english, figures.english), object,
-                    line, value, expected, tolerance});
+                    line, finite(numbers.value), finite(numbers.expected), finite(numbers.tolerance)});
 }
 
-void Findings::Report(const Detail& object, std::size_t line, const Detail& detail)
+void Findings::Report(const Detail& object, std::size_t line, const Detail& detail, const FoundNumbers& numbers,
+                      Severity highest)
 {
-    Add(check_->severity, detail, {}, object, line);
+    Add(std::min(check_->severity, highest), detail, {}, object, line, numbers);
 }
 
 std::optional<Severity> Findings::Grade(double deviation, Severity highest, double& tolerance) const
 {
     const Tolerance& limits = *check_->tolerance;
-    tolerance = deviation > limits.error ? limits.error : limits.warning;
     // The last digits of a binary difference don't make a figure one that is off.
     constexpr double DIGITS = 1 + 1e-9;
+    const bool isError = deviation > limits.error * DIGITS;
+    tolerance = isError ? limits.error : limits.warning;
     if (!std::isfinite(deviation) || deviation <= limits.warning * DIGITS)
     {
         return {};
     }
-    const Severity grade = deviation > limits.error ? Severity::Error : Severity::Warning;
-    return std::min({grade, highest, check_->severity});
+    return std::min({isError ? Severity::Error : Severity::Warning, highest, check_->severity});
 }
 
 void Findings::Measure(const Detail& object, std::size_t line, const Figure& value, double expected,
@@ -109,7 +112,7 @@ void Findings::Measure(const Detail& object, std::size_t line, const Figure& val
         const Detail figures({L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
                              {WithUnit(TextOf(value), unit), WithUnit(expected, unit), WithUnit(difference, unit),
                               WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, object, line, value.value, expected, tolerance);
+        Add(*severity, detail, figures, object, line, {value.value, expected, tolerance});
     }
 }
 
@@ -123,7 +126,7 @@ void Findings::MeasureRatio(const Detail& object, std::size_t line, const Figure
         const Detail figures(
             {L"値 {}、計算 {}、差の割合 {}、許容 {}", L"value {}, computed {}, off by a ratio of {}, tolerance {}"},
             {TextOf(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
-        Add(*severity, detail, figures, object, line, value.value, expected, tolerance);
+        Add(*severity, detail, figures, object, line, {value.value, expected, tolerance});
     }
 }
 
@@ -135,7 +138,7 @@ void Findings::MeasureGap(const Detail& object, std::size_t line, double gap, co
         const wchar_t* const unit = check_->tolerance->unit;
         const Detail figures({L"差 {}、許容 {}", L"difference {}, tolerance {}"},
                              {WithUnit(gap, unit), WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, object, line, gap, 0.0, tolerance);
+        Add(*severity, detail, figures, object, line, {gap, 0.0, tolerance});
     }
 }
 

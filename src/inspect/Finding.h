@@ -50,6 +50,15 @@ struct Check
     void (*run)(const LandXmlFile& file, Findings& findings);
 };
 
+/// The numbers of a finding, as far as it has some: what the file has, what it should have (or the bound that it
+/// passes), and how far the two may lie apart.
+struct FoundNumbers
+{
+    std::optional<double> value;
+    std::optional<double> expected;
+    std::optional<double> tolerance;
+};
+
 /// What a check says of one element.
 struct Finding
 {
@@ -74,8 +83,10 @@ class Findings
 
     static constexpr std::size_t LARGEST_COUNT = 200;
 
-    /// Says the check's text of an element, with a detail behind it.
-    void Report(const Detail& object, std::size_t line, const Detail& detail = {});
+    /// Says the check's text of an element, with a detail behind it, never above `highest`. Numbers that aren't finite
+    /// aren't told.
+    void Report(const Detail& object, std::size_t line, const Detail& detail = {}, const FoundNumbers& numbers = {},
+                Severity highest = Severity::Error);
 
     /// Counts what is said of so many elements more that aren't told one by one, behind LARGEST_COUNT that are.
     void CountMore(std::size_t count) { count_ += count; }
@@ -98,8 +109,7 @@ class Findings
   private:
     std::optional<Severity> Grade(double deviation, Severity highest, double& tolerance) const;
     void Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object, std::size_t line,
-             std::optional<double> value = {}, std::optional<double> expected = {},
-             std::optional<double> tolerance = {});
+             const FoundNumbers& numbers = {});
 
     std::vector<Finding> all_;
     const Check* check_ = nullptr;

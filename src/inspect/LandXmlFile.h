@@ -7,6 +7,7 @@
 #include "inspect/Wording.h"
 
 #include <array>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <pugixml.hpp>
@@ -57,7 +58,8 @@ struct PlanPoint
     Figure north;
     Figure east;
     Figure height;
-    std::size_t line = 0; ///< 0: the file has no such point
+    std::size_t figureCount = 0; ///< in its text
+    std::size_t line = 0;        ///< 0: the file has no such point
 
     bool IsWritten() const { return line != 0; }
     bool IsPlaced() const { return north.IsFinite() && east.IsFinite(); }
@@ -76,6 +78,7 @@ struct FigurePair
 struct PairList
 {
     std::vector<FigurePair> pairs;
+    std::size_t figureCount = 0; ///< in its text: twice the pairs, and one more if the last has no second figure
     std::size_t line = 0;
 };
 
@@ -89,6 +92,13 @@ enum class ElementKind
 
 /// True if some pair of the lists is one that can be drawn.
 bool HasPlace(const std::vector<PairList>& lists);
+
+/// A figure under the name of its attribute.
+struct NamedFigure
+{
+    std::wstring_view name;
+    Figure figure;
+};
 
 /// One element of a horizontal alignment.
 struct PlanElement
@@ -106,7 +116,9 @@ struct PlanElement
     Figure parameter;      ///< of a clothoid: A
     std::wstring_view rot; ///< "cw" to the right, "ccw" to the left
     std::wstring_view spiralType;
-    std::vector<PairList> path; ///< of an IrregularLine: north and east of its points
+    std::vector<PairList> path;          ///< of an IrregularLine: north and east of its points
+    std::vector<NamedFigure> directions; ///< dir, dirStart, dirEnd, in the file's directionUnit
+    std::vector<NamedFigure> angles;     ///< delta, theta, in the file's angularUnit
     std::size_t line = 0;
 };
 
@@ -129,6 +141,7 @@ struct ProfileElement
     Figure radius;
     Figure lengthIn; ///< of an UnsymParaCurve
     Figure lengthOut;
+    std::size_t figureCount = 0; ///< in its text
     std::size_t line = 0;
 };
 
@@ -207,6 +220,7 @@ struct CrossSectPnt
     Figure height;
     std::wstring_view pntRef;
     std::wstring_view featureRef;
+    std::size_t figureCount = 0; ///< in its text
     std::size_t line = 0;
 
     /// True if its figures are offset and height, false if they are slope and distance, or none.
@@ -396,6 +410,7 @@ struct LandXmlFile
     std::vector<Surface> surfaces;
     std::vector<SkippedElements> skipped;
     std::vector<UnreadableFigure> unreadable;
+    std::deque<std::wstring> joinedTexts;               ///< of elements whose text something else parts
     std::unordered_set<std::wstring_view> featureNames; ///< of every Feature that the reader came by
     SchemaFaults schemaFaults;                          ///< of the schema that the file was held against, if any
     bool hasMalformedText = false;                      ///< bytes that aren't in the file's encoding

@@ -52,6 +52,26 @@ Detail NameOf(const CrossSect& section)
     return {{L"横断面 {}", L"Cross section {}"}, {NameOr(section.name, section.station.text)}};
 }
 
+Detail NameOf(const StaEquation& equation)
+{
+    return {{L"測点定義 {}", L"Station equation {}"}, {equation.internal.text}};
+}
+
+Detail NameOf(const ProfAlign& design)
+{
+    return {{L"縦断線形 {}", L"Profile {}"}, {NameOr(design.name, Sentence{L"（名称なし）", L"(no name)"})}};
+}
+
+Detail NameOf(const ProfSurf& ground)
+{
+    return {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}};
+}
+
+Detail NameOf(const Superelevation& superelevation)
+{
+    return {{L"片勾配すりつけ {}", L"Superelevation {}"}, {superelevation.staStart.text}};
+}
+
 const Sentence& KindOf(const PlanElement& element)
 {
     const bool isClothoid = element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";

@@ -24,6 +24,10 @@ Detail NameOf(const PointGroup& group);
 Detail NameOf(const CgPoint& point);
 Detail NameOf(const Surface& surface);
 Detail NameOf(const CrossSect& section);
+Detail NameOf(const StaEquation& equation);
+Detail NameOf(const ProfAlign& design);
+Detail NameOf(const ProfSurf& ground);
+Detail NameOf(const Superelevation& superelevation);
 
 /// What kind an element is: 直線, 円曲線, クロソイド, 緩和曲線, 折れ線.
 const Sentence& KindOf(const PlanElement& element);

@@ -44,13 +44,23 @@ class AlignmentReader
                                           {L"Superelevation", [this](Node child) { ReadSuperelevation(child); }},
                                           {L"Feature", [this](Node child) { ReadDesignFeature(child); }},
                                       });
+        reader_.ExpectFigures(alignment_.features, L"Interval", L"main");
+        reader_.ExpectFigures(alignment_.features, L"Interval", L"sub");
+        reader_.ExpectFigures(alignment_.features, L"SuperelevationConfig", L"normalCrown");
     }
 
   private:
-    /// A reader of a child that fills the field with the child's point.
+    /// A reader of a child that fills the field with the first such child's point.
     ElementReader::ReadChild PointInto(PlanPoint& point)
     {
-        return [this, &point](Node child) { point = reader_.Point(child); };
+        return [this, &point](Node child) {
+            if (point.IsWritten())
+            {
+                reader_.Skip(child);
+                return;
+            }
+            point = reader_.Point(child);
+        };
     }
 
     ElementReader::ReadChild FeatureInto(std::vector<Feature>& features)
@@ -95,8 +105,26 @@ class AlignmentReader
                                     {L"PI", PointInto(element.pi)},
                                     {L"PntList2D", PairsInto(element.path)},
                                     {L"Feature", FeatureInto(features)}});
+        for (const wchar_t* const name : {L"dir", L"dirStart", L"dirEnd"})
+        {
+            AddFigure(element.directions, node, name);
+        }
+        for (const wchar_t* const name : {L"delta", L"theta"})
+        {
+            AddFigure(element.angles, node, name);
+        }
         element.parameter = reader_.NumberIn(FindProperty(features, L"", L"A"));
         alignment_.elements.push_back(std::move(element));
+    }
+
+    /// Adds the figure of an attribute that is there.
+    void AddFigure(std::vector<NamedFigure>& figures, Node node, const wchar_t* name)
+    {
+        const Figure figure = reader_.Number(node, name);
+        if (figure.IsWritten())
+        {
+            figures.push_back({name, figure});
+        }
     }
 
     void ReadAlignPis(Node element)
@@ -113,6 +141,7 @@ class AlignmentReader
     {
         alignment_.equations.push_back({reader_.Number(element, L"staBack"), reader_.Number(element, L"staAhead"),
                                         reader_.Number(element, L"staInternal"), reader_.Line(element)});
+        reader_.TextOf(element);
     }
 
     void ReadProfile(Node element)
@@ -150,7 +179,8 @@ class AlignmentReader
         element.radius = reader_.Number(node, L"radius");
         element.lengthIn = reader_.Number(node, L"lengthIn");
         element.lengthOut = reader_.Number(node, L"lengthOut");
-        const std::vector<Figure> figures = reader_.Numbers(node.child_value(), element.kind, element.line);
+        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(node), element.kind, element.line);
+        element.figureCount = figures.size();
         element.station = figures.empty() ? Figure() : figures[0];
         element.height = figures.size() < 2 ? Figure() : figures[1];
         return element;
@@ -182,8 +212,10 @@ class AlignmentReader
                       {L"RunoffSta", station},
                       {L"StartofRunoutSta", station},
                       {L"EndofRunoutSta", station},
-                      {L"AdverseSE", [&](Node child) { superelevation.adverse = child.child_value(); }},
+                      {L"AdverseSE", [&](Node child) { superelevation.adverse = reader_.TextOf(child); }},
                       {L"Feature", FeatureInto(superelevation.features)}});
+        reader_.ExpectFigures(superelevation.features, L"ReverseCrown", L"sta");
+        reader_.ExpectFigures(superelevation.features, L"FlatSta", L"sta");
         alignment_.superelevations.push_back(std::move(superelevation));
     }
 
@@ -207,6 +239,8 @@ class AlignmentReader
         reader_.ForEachChild(element, {{L"CrossSectSurf", [&](Node child) { ReadGround(section, child); }},
                                        {L"DesignCrossSectSurf", [&](Node child) { ReadDesignSurface(section, child); }},
                                        {L"Feature", FeatureInto(section.features)}});
+        reader_.ExpectFigures(section.features, L"Formation", L"clOffset");
+        reader_.ExpectFigures(section.features, L"Formation", L"fhOffset");
         sections.sections.push_back(std::move(section));
     }
 
@@ -242,7 +276,8 @@ class AlignmentReader
         point.pntRef = AttributeText(element, L"pntRef");
         point.featureRef = AttributeText(element, L"featureRef");
         point.line = reader_.Line(element);
-        const std::vector<Figure> figures = reader_.Numbers(element.child_value(), L"CrossSectPnt", point.line);
+        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(element), L"CrossSectPnt", point.line);
+        point.figureCount = figures.size();
         point.offset = figures.empty() ? Figure() : figures[0];
         point.height = figures.size() < 2 ? Figure() : figures[1];
         surface.points.push_back(point);

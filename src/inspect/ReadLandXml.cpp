@@ -31,15 +31,17 @@ class FileReader
     void Read(Node root)
     {
         file_.version = AttributeText(root, L"version");
-        reader_.ForEachChild(root, {{L"Project", [this](Node child) { ReadProject(child); }},
-                                    {L"Units", [this](Node child) { ReadUnits(child); }},
-                                    {L"Application", [this](Node child) { ReadApplication(child); }},
-                                    {L"CoordinateSystem", [this](Node child) { ReadCoordinateSystem(child); }},
-                                    {L"CgPoints", [this](Node child) { ReadPointGroup(child); }},
-                                    {L"Alignments", [this](Node child) { ReadAlignments(child); }},
-                                    {L"Roadways", [this](Node child) { ReadRoadways(child); }},
-                                    {L"Surfaces", [this](Node child) { ReadSurfaces(child); }},
-                                    {L"Feature", ElementReader::Ignore}});
+        reader_.ForEachChild(root,
+                             {{L"Project", [this](Node child) { ReadProject(child); }},
+                              {L"Units", [this](Node child) { ReadUnits(child); }},
+                              {L"Application", [this](Node child) { ReadApplication(child); }},
+                              {L"CoordinateSystem",
+                               OnlyOnce(file_.coordinateSystem, [this](Node child) { ReadCoordinateSystem(child); })},
+                              {L"CgPoints", [this](Node child) { ReadPointGroup(child); }},
+                              {L"Alignments", [this](Node child) { ReadAlignments(child); }},
+                              {L"Roadways", [this](Node child) { ReadRoadways(child); }},
+                              {L"Surfaces", [this](Node child) { ReadSurfaces(child); }},
+                              {L"Feature", ElementReader::Ignore}});
         FollowPointReferences();
     }
 
@@ -47,6 +49,13 @@ class FileReader
     ElementReader::ReadChild FeatureInto(std::vector<Feature>& features)
     {
         return [this, &features](Node child) { features.push_back(reader_.ReadFeature(child)); };
+    }
+
+    /// Reads a child the first time; of what there must be but one, others are noted as skipped.
+    template <class Value>
+    ElementReader::ReadChild OnlyOnce(const std::optional<Value>& value, const ElementReader::ReadChild& read)
+    {
+        return [this, &value, read](Node child) { value ? reader_.Skip(child) : read(child); };
     }
 
     void ReadProject(Node element)
@@ -66,8 +75,10 @@ class FileReader
                                 AttributeText(system, L"angularUnit"),
                                 AttributeText(system, L"directionUnit"),
                                 reader_.Line(system)};
+            reader_.TextOf(system);
         };
-        reader_.ForEachChild(element, {{L"Metric", read}, {L"Imperial", read}});
+        reader_.ForEachChild(element,
+                             {{L"Metric", OnlyOnce(file_.units, read)}, {L"Imperial", OnlyOnce(file_.units, read)}});
     }
 
     void ReadApplication(Node element)
@@ -87,6 +98,7 @@ class FileReader
         system.zoneName = AttributeText(element, L"horizontalCoordinateSystemName");
         system.line = reader_.Line(element);
         reader_.ForEachChild(element, {{L"Feature", FeatureInto(system.features)}});
+        reader_.ExpectFigures(system.features, L"", L"differTP");
         file_.coordinateSystem = std::move(system);
     }
 
@@ -171,7 +183,8 @@ class FileReader
         roadway.alignmentRefs = AttributeText(element, L"alignmentRefs");
         roadway.line = reader_.Line(element);
         const ElementReader::ReadChild readSpeed = [&](Node speed) {
-            roadway.designSpeeds.push_back(AttributeText(speed, L"speed"));
+            roadway.designSpeeds.push_back(reader_.Number(speed, L"speed").text);
+            reader_.TextOf(speed);
         };
         reader_.ForEachChild(element, {{L"Speeds", [&](Node child) {
                                             reader_.ForEachChild(child, {{L"DesignSpeed", readSpeed}});
@@ -237,14 +250,14 @@ class FileReader
         reader_.ForEachChild(
             element, {{L"P",
                        [&](Node point) {
-                           const std::string text = narrow(point.child_value());
+                           const std::string text = narrow(reader_.TextOf(point));
                            surface.points.push_back(
                                ReadSurfacePoint(narrow(AttributeText(point, L"id")), text, reader_.Line(point)));
                            farthest_.Take(surface.points.back(), text);
                        }},
                       {L"F", [&](Node face) {
                            surface.faces.push_back(ReadSurfaceFace(narrow(AttributeText(face, L"i")),
-                                                                   narrow(face.child_value()), reader_.Line(face)));
+                                                                   narrow(reader_.TextOf(face)), reader_.Line(face)));
                        }}});
     }
 

@@ -20,6 +20,9 @@ namespace jlandxml::inspect
 namespace
 {
 
+/// In front of the name of an attribute, behind that of its element.
+constexpr std::wstring_view ATTRIBUTE = L"attribute '";
+
 /// So many are listed.
 constexpr std::size_t MOST_FAULTS = 1000;
 
@@ -104,9 +107,11 @@ class FaultGatherer
     {
         SchemaFault fault{WideFromUtf8(path_), Reason(error.message),
                           static_cast<std::size_t>(std::max(error.line, 0))};
-        // The message names the attribute and the element, so that the same one is the same message.
+        // The path names the element already.
         if (error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_1 || error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_2)
         {
+            const std::size_t attribute = fault.reason.find(ATTRIBUTE);
+            fault.reason.erase(0, attribute != std::wstring::npos ? attribute : 0);
             const auto [known, isNew] = attributes_.try_emplace(fault.reason, faults_.size());
             if (!isNew)
             {
@@ -130,7 +135,8 @@ class FaultGatherer
     std::vector<std::size_t> lengths_; ///< of the paths around them
     std::vector<SchemaFault> faults_;
     std::size_t more_ = 0;
-    std::unordered_map<std::wstring, std::size_t> attributes_; ///< by their messages: the place among the faults
+    std::unordered_map<std::wstring, std::size_t>
+        attributes_; ///< by their messages, which name them: the place among the faults
 };
 
 void Ignore(void*, xmlErrorPtr) {}

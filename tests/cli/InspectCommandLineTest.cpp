@@ -239,10 +239,17 @@ TEST_F(InspectSchema, AMissingAttributeIsNamedWithLineAndPath)
 TEST_F(InspectSchema, UnknownAttributesOfOneNameAreOneFinding)
 {
     EXPECT_EQ(Said("<LandXML><Project name='a' x='1'/>\n<Project name='b' x='1'/><Project name='c' y='1'/></LandXML>"),
-              "    誤り S01 1行目 /LandXML/Project: スキーマに合いません（Element 'Project', attribute 'x': The "
-              "attribute 'x' is not allowed.、2件）\n"
-              "    誤り S01 2行目 /LandXML/Project: スキーマに合いません（Element 'Project', attribute 'y': The "
-              "attribute 'y' is not allowed.）\n");
+              "    誤り S01 1行目 /LandXML/Project: スキーマに合いません（attribute 'x': The attribute 'x' is not "
+              "allowed.、2件）\n"
+              "    誤り S01 2行目 /LandXML/Project: スキーマに合いません（attribute 'y': The attribute 'y' is not "
+              "allowed.）\n");
+}
+
+TEST_F(InspectSchema, UnknownAttributesOfOneNameAreOneFindingWhereverTheyStand)
+{
+    EXPECT_EQ(Said("<LandXML x='1'><Project name='a' x='1'/>\n<Project name='b' x='1'/></LandXML>"),
+              "    誤り S01 1行目 /LandXML: スキーマに合いません（attribute 'x': The attribute 'x' is not "
+              "allowed.、3件）\n");
 }
 
 TEST_F(InspectSchema, LinesAndPathsAreRightInALongFile)

@@ -64,6 +64,13 @@ bool HasMovedRunout(const LandXmlFile& file, const Finding& finding)
     });
 }
 
+/// The side file of cross slopes gives reverse crowns by regions, and what a region holds goes to one transition: crowns
+/// of the next curves lie behind its end.
+bool NamesACrownOfARegion(const LandXmlFile&, const Finding& finding)
+{
+    return finding.text.find(L"ReverseCrown ") != std::wstring::npos;
+}
+
 /// Every route has its own left and right stakes.
 bool NamesStakesOfAnotherRoute(const LandXmlFile& file, const Finding& finding)
 {
@@ -116,6 +123,7 @@ constexpr Explained OF_HOSTS[] = {
     {L"H05", IsOfARiver},
     {L"T04", IsAnEquation},
     {L"C01", HasMovedRunout},
+    {L"C01", NamesACrownOfARegion},
     {L"R04", NamesStakesOfAnotherRoute},
     {L"C08", IsAGroundLine},
     {L"T05", HasAllSectionsAtItsStart},
@@ -147,6 +155,10 @@ constexpr Cause CAUSES[] = {
     {L"C03 C04 C05 C06 C07",
      "CrossSects CrossSect CrossSectSurf DesignCrossSectSurf CrossSectPnt PntList2D Feature Property"},
     {L"C08", "Surfaces Surface ProfSurf ProfAlign CrossSectSurf"},
+    {L"X05", "CgPoints CgPoint Alignment CoordGeom Line Curve Spiral IrregularLine Start End Center PI PntList2D "
+             "StaEquation Profile ProfAlign ProfSurf PVI ParaCurve CircCurve UnsymParaCurve Superelevation CrossSects "
+             "CrossSect CrossSectSurf DesignCrossSectSurf CrossSectPnt Surface Definition Feature Property widening "
+             "superElevation intermediatePts widthStake"},
     {L"C09", "Alignment Feature Property widening superElevation"},
     {L"F01 F02 F03 F04 F05 F06 F07 R04", "Surface Definition Pnts Faces P F"},
     {L"R01 R02 R03",

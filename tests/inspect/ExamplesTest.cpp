@@ -208,7 +208,8 @@ const ExampleChange EXAMPLE_CHANGES[] = {
     {"AStakeOutsideTheZone", {">12461.0876 18224.2281", ">912461.0876 18224.2281"}, {"警告 R08 左幅杭／L-1"}},
     {"AnotherDatumsDifference",
      {"differTP\" value=\"0.0000\"", "differTP\" value=\"-1.1344\""},
-     {"警告 R11 座標参照系"}},
+     {"誤り R11 座標参照系"}},
+    {"AStakeWithoutCoordinates", {"12461.0876 18224.2281 104.925", ""}, {"誤り X05 左幅杭／L-1"}},
     {"Millimetres", {"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}, {"誤り R12 単位系"}},
 };
 
