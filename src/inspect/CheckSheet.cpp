@@ -14,68 +14,92 @@ namespace
 
 constexpr Sentence NOTHING{L"なし", L"none"};
 
-Detail OrNothing(const std::wstring& text)
+Detail Coordinates(const PlanPoint& point)
 {
-    return text.empty() ? Detail(NOTHING) : Detail(text);
+    return {{L"{}（X {}、Y {}）", L"{} (X {}, Y {})"}, {point.name, point.north.text, point.east.text}};
 }
 
-std::wstring Coordinates(const PlanPoint& point)
+/// Items one behind the other.
+class ItemList
 {
-    return std::wstring(point.name) + L"（X " + std::wstring(point.north.text) + L"、Y " +
-           std::wstring(point.east.text) + L"）";
-}
+  public:
+    void Add(const Detail& item) { text_ = text_.IsEmpty() ? item : text_ + Sentence{L"、", L", "} + item; }
+
+    Detail Take() { return text_.IsEmpty() ? Detail(NOTHING) : std::move(text_); }
+
+  private:
+    Detail text_;
+};
 
 Detail CoordinateSystemText(const LandXmlFile& file)
 {
     if (!file.coordinateSystem)
     {
-        return OrNothing(L"");
+        return NOTHING;
     }
     const CoordinateSystem& system = *file.coordinateSystem;
     return std::wstring(system.horizontalDatum) + L" " + std::wstring(system.zoneName) + L" " +
            std::wstring(system.verticalDatum);
 }
 
+/// More control points than this are only counted: the list of points has all of them.
+constexpr std::size_t MOST_CONTROL_POINTS = 20;
+
 Detail ControlPoints(const LandXmlFile& file)
 {
+    ItemList list;
     std::size_t count = 0;
     for (const PointGroup& group : file.pointGroups)
     {
-        count += group.kind.empty() ? group.points.size() : 0;
+        for (std::size_t index = 0; group.kind.empty() && index < group.points.size(); ++index)
+        {
+            const PlanPoint& point = group.points[index].point;
+            const Detail height =
+                point.height.IsWritten() ? Detail({L" 高さ {}", L" height {}"}, {point.height.text}) : Detail();
+            if (++count <= MOST_CONTROL_POINTS)
+            {
+                list.Add(Coordinates(point) + height);
+            }
+        }
     }
-    return count == 0 ? OrNothing(L"") : Detail({L"{}点", L"{} points"}, {std::to_wstring(count)});
+    if (count > MOST_CONTROL_POINTS)
+    {
+        list.Add({{L"ほか{}点", L"and {} more"}, {std::to_wstring(count - MOST_CONTROL_POINTS)}});
+    }
+    return list.Take();
 }
 
 Detail Ends(const Alignment& alignment)
 {
     return alignment.elements.empty()
-               ? OrNothing(L"")
+               ? Detail(NOTHING)
                : Coordinates(alignment.elements.front().start) + L"～" + Coordinates(alignment.elements.back().end);
 }
 
 Detail MainPointDetail(const Alignment& alignment)
 {
-    std::wstring text;
+    ItemList list;
     for (std::size_t index = 1; index < alignment.elements.size(); ++index)
     {
-        text.append(index > 1 ? L"、" : L"").append(alignment.elements[index].start.name);
+        list.Add(Coordinates(alignment.elements[index].start));
     }
-    return OrNothing(text);
+    return list.Take();
 }
 
 Detail Curves(const Alignment& alignment)
 {
-    std::wstring text;
+    ItemList list;
     for (const PlanElement& element : alignment.elements)
     {
         const bool isCurve = element.kind == ElementKind::Curve;
         const Figure& figure = isCurve ? element.radius : element.parameter;
         if (isCurve || element.kind == ElementKind::Spiral)
         {
-            text.append(text.empty() ? L"" : L"、").append(isCurve ? L"R=" : L"A=").append(figure.text);
+            list.Add({{L"{} {}={} L={}", L"{} {}={} L={}"},
+                      {KindOf(element), isCurve ? L"R" : L"A", figure.text, element.length.text}});
         }
     }
-    return OrNothing(text);
+    return list.Take();
 }
 
 Detail StartAndLength(const Alignment& alignment)
@@ -85,12 +109,12 @@ Detail StartAndLength(const Alignment& alignment)
 
 Detail Equations(const Alignment& alignment)
 {
-    std::wstring text;
+    ItemList list;
     for (const StaEquation& equation : alignment.equations)
     {
-        text.append(text.empty() ? L"" : L"、").append(equation.back.text).append(L"＝").append(equation.ahead.text);
+        list.Add({{L"{}＝{}", L"{}＝{}"}, {equation.back.text, equation.ahead.text}});
     }
-    return OrNothing(text);
+    return list.Take();
 }
 
 /// The points of the design profile as station and height.
@@ -99,7 +123,7 @@ Detail ProfileEnds(const Alignment& alignment)
     const ProfAlign* const design = DesignProfile(alignment);
     if (design == nullptr || design->elements.empty())
     {
-        return OrNothing(L"");
+        return NOTHING;
     }
     const ProfileElement& first = design->elements.front();
     const ProfileElement& last = design->elements.back();
@@ -110,27 +134,31 @@ Detail ProfileEnds(const Alignment& alignment)
 Detail VerticalCurves(const Alignment& alignment)
 {
     const ProfAlign* const design = DesignProfile(alignment);
-    std::wstring text;
+    ItemList list;
     for (std::size_t index = 1; design != nullptr && index + 1 < design->elements.size(); ++index)
     {
         const ProfileElement& element = design->elements[index];
-        text.append(text.empty() ? L"" : L"、").append(element.station.text).append(L" m");
-        text.append(element.length.IsWritten() ? L" VCL=" : L"").append(element.length.text);
+        Detail item({L"{} m 高さ {} m", L"{} m height {} m"}, {element.station.text, element.height.text});
+        for (const auto& [label, figure] : {std::pair(L" VCL=", element.length), std::pair(L" VCR=", element.radius)})
+        {
+            item = figure.IsWritten() ? item + label + figure.text : item;
+        }
+        list.Add(item);
     }
-    return OrNothing(text);
+    return list.Take();
 }
 
 Detail SectionNames(const Alignment& alignment)
 {
-    std::wstring text;
+    ItemList list;
     for (const CrossSects& sects : alignment.crossSects)
     {
         for (const CrossSect& section : sects.sections)
         {
-            text.append(text.empty() ? L"" : L"、").append(section.name.empty() ? section.station.text : section.name);
+            list.Add(section.name.empty() ? section.station.text : section.name);
         }
     }
-    return OrNothing(text);
+    return list.Take();
 }
 
 /// A section's width: from its surfaces' leftmost point to the rightmost, in the file's own text.
@@ -155,7 +183,7 @@ Detail SectionWidths(const Alignment& alignment)
     }
     if (offsets.IsEmpty())
     {
-        return OrNothing(L"");
+        return NOTHING;
     }
     return {{L"離れ {} m～{} m", L"offsets {} m～{} m"}, {offsets.SmallestText(), offsets.LargestText()}};
 }

@@ -22,6 +22,8 @@ constexpr std::size_t MOST_ALIGNMENTS = 100;
 constexpr std::size_t MOST_SECTIONS = 2000;
 constexpr std::size_t MOST_ROWS = 3000;
 
+constexpr Sentence WHOLE_PLAN{L"全体平面図", L"Plan of the whole file"};
+
 class PageWriter
 {
   public:
@@ -38,20 +40,23 @@ class PageWriter
 
     std::string Write()
     {
-        OpenPage();
-        WriteSummary();
-        DrawSurfaces(drawing_, file_);
         std::size_t number = 0;
-        std::vector<const Alignment*> drawn;
         ForEachAlignment(file_, [&](const Alignment& alignment) {
             if (++number <= MOST_ALIGNMENTS)
             {
-                WriteAlignment(alignment);
-                drawn.push_back(&alignment);
+                alignments_.push_back(&alignment);
             }
         });
+        rest_ = PlanOfTheRest(file_, alignments_);
+        OpenPage();
+        WriteSummary();
+        DrawSurfaces(drawing_, file_);
+        for (std::size_t index = 0; index < alignments_.size(); ++index)
+        {
+            WriteAlignment(index);
+        }
         TellLeftOut(number, MOST_ALIGNMENTS, {L"線形", L"alignments"});
-        WritePlanOfTheRest(drawn);
+        WritePlanOfTheRest();
         DrawTerrain(drawing_, file_);
         for (const Table& table : AllTables(file_))
         {
@@ -84,14 +89,15 @@ class PageWriter
         page_.Raw("</a> <a href=\"#checksheet\">").Words("span", L"チェックシート", L"Check sheet");
         page_.Raw("</a> <a href=\"#journal\">").Words("span", L"変換の記録", L"Record of the conversion");
         page_.Raw("</a>");
-        std::size_t number = 0;
-        ForEachAlignment(file_, [&](const Alignment& alignment) {
-            if (number < MOST_ALIGNMENTS)
-            {
-                page_.Raw(" <a href=\"#alignment").Number(static_cast<double>(number++), 0).Raw("\">");
-                page_.Words("span", NameOf(alignment)).Raw("</a>");
-            }
-        });
+        for (std::size_t index = 0; index < alignments_.size(); ++index)
+        {
+            page_.Raw(" <a href=\"#alignment").Number(static_cast<double>(index), 0).Raw("\">");
+            page_.Words("span", NameOf(*alignments_[index])).Raw("</a>");
+        }
+        if (rest_)
+        {
+            page_.Raw(" <a href=\"#whole\">").Words("span", WHOLE_PLAN).Raw("</a>");
+        }
         if (!file_.surfaces.empty())
         {
             page_.Raw(" <a href=\"#terrain\">").Words("span", L"3次元", L"3D").Raw("</a>");
@@ -115,9 +121,10 @@ class PageWriter
         }
     }
 
-    void WriteAlignment(const Alignment& alignment)
+    void WriteAlignment(std::size_t index)
     {
-        page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(alignments_++), 0);
+        const Alignment& alignment = *alignments_[index];
+        page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(index), 0);
         page_.Raw("\">").Words("h2", NameOf(alignment)).Words("h3", L"平面図", L"Plan");
         WritePlan(PlanOf(file_, alignment), alignment.line);
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
@@ -140,12 +147,12 @@ class PageWriter
         page_.Raw("<figcaption class=\"place\">X – Y –</figcaption></figure>");
     }
 
-    void WritePlanOfTheRest(const std::vector<const Alignment*>& drawn)
+    void WritePlanOfTheRest()
     {
-        if (const std::optional<PlanContent> content = PlanOfTheRest(file_, drawn))
+        if (rest_)
         {
-            page_.Raw("<section class=\"sheet\" id=\"whole\">").Words("h2", L"全体平面図", L"Plan of the whole file");
-            WritePlan(*content, 0);
+            page_.Raw("<section class=\"sheet\" id=\"whole\">").Words("h2", WHOLE_PLAN);
+            WritePlan(*rest_, 0);
             page_.Raw("</section>");
         }
     }
@@ -287,8 +294,9 @@ class PageWriter
     std::set<std::size_t> foundLines_;
     Drawing drawing_{page_, foundLines_, {}, {}};
     std::map<std::size_t, std::size_t> targets_; ///< where the findings of each line lead
-    std::size_t alignments_ = 0;
-    std::size_t sections_ = 0; ///< that are drawn
+    std::vector<const Alignment*> alignments_;   ///< that are drawn
+    std::optional<PlanContent> rest_;            ///< the plan of what none of theirs shows, if there is such
+    std::size_t sections_ = 0;                   ///< that are drawn
 };
 
 } // namespace

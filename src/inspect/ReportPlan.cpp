@@ -312,7 +312,7 @@ class PlanDrawer
         LabelCurve(element, course);
     }
 
-    /// R or A beside the middle of a curve.
+    /// R or A and L beside the middle of a curve.
     void LabelCurve(const PlanElement& element, const ElementCourse& course)
     {
         const Figure& figure = element.kind == ElementKind::Curve ? element.radius : element.parameter;
@@ -322,7 +322,8 @@ class PlanDrawer
             const Position middle = course.At(course.stretches.front().length / 2);
             // On the outer side, where there is room.
             LabelBeside(middle, element.rot == L"ccw" ? BESIDE_THE_LINE : -BESIDE_THE_LINE, "data",
-                        (element.kind == ElementKind::Curve ? L"R=" : L"A=") + std::wstring(figure.text));
+                        (element.kind == ElementKind::Curve ? L"R=" : L"A=") + std::wstring(figure.text) +
+                            (element.length.IsWritten() ? L" L=" : L"") + std::wstring(element.length.text));
         }
     }
 

@@ -15,7 +15,7 @@ nav { position: sticky; top: 0; background: #fff; padding: 6px 0; border-bottom:
 nav a { margin-right: 12px; }
 pre { background: #f6f6f2; padding: 8px; overflow-x: auto; }
 table { border-collapse: collapse; font-size: 13px; } th, td { border: 1px solid #bbb; padding: 2px 8px; text-align: left; }
-th { background: #eef1f4; } td.tick { font-size: 18px; text-align: center; }
+th { background: #eef1f4; } td.figure { text-align: right; font-variant-numeric: tabular-nums; } td.tick { font-size: 18px; text-align: center; }
 tr.severity2 td:first-child { background: #f6c6c0; } tr.severity1 td:first-child { background: #fbe7a8; }
 section { overflow-x: auto; } .leftout { color: #a33; }
 figure { margin: 0; } .planbox { position: relative; border: 1px solid #ccc; }
@@ -41,7 +41,7 @@ svg text { fill: #222; }
 .outline { stroke: var(--outline, #8a8a6a); } .contour { stroke: #d5d0b8; }
 path.scale { stroke: #222; stroke-width: 3; }
 .profile text { font-size: 11px; paint-order: stroke; stroke: #fff; stroke-width: 3px; } .profile .head { font-weight: bold; }
-.grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; } .band { fill: none; stroke: #999; }
+.grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; transform: translate(calc(var(--x, 0) * 1px), calc(var(--y, 0) * 1px)); } .band { fill: none; stroke: #999; }
 .ground { stroke: #8b5a2b; stroke-width: 1.5; } .design { stroke: #c0392b; stroke-width: 1.8; }
 .diagram { stroke: #1b4f9c; stroke-width: 1.5; } .second { stroke-dasharray: 5 3; }
 .profile .gradient, .profile .curvature, .profile .data { text-anchor: middle; }
@@ -73,6 +73,7 @@ const char* const REPORT_SCRIPT = R"js(
 // Where a name may stand beside its point, in pixels, in the order of preference.
 const BESIDE_A_POINT = [[6, -5, 'start'], [6, 14, 'start'], [-6, -5, 'end'], [-6, 14, 'end']];
 const PLACES = { 'plan name': BESIDE_A_POINT, 'plan point': BESIDE_A_POINT,
+  'profile name': [[0, 0, 'start'], [0, 20, 'start'], [80, 0, 'start'], [80, 20, 'start']],
   'section data': [[0, -4, 'middle'], [0, 14, 'middle'], [0, -18, 'middle'], [0, 28, 'middle'], [0, -32, 'middle']] };
 function moveText(text, [x, y, anchor]) {
   text.style.setProperty('--x', x);
@@ -82,6 +83,8 @@ function moveText(text, [x, y, anchor]) {
 // Texts that would lie over others move aside or, where there is no room, are hidden; those that come first in the drawing stay.
 function declutter(svg) {
   const texts = [...svg.querySelectorAll('text')], shown = [];
+  // Plans and cross sections keep their texts' size; those of a profile grow with it.
+  const pixel = svg.classList.contains('profile') ? svg.getScreenCTM().a : 1;
   const placesOf = text => PLACES[svg.getAttribute('class') + ' ' + text.classList[0]];
   for (const text of texts) {
     text.classList.remove('hidden');
@@ -90,10 +93,11 @@ function declutter(svg) {
   const boxes = texts.map(text => text.getBoundingClientRect());
   texts.forEach((text, index) => {
     const box = boxes[index], places = placesOf(text) || [[0, 0, 'start']], [x, y, anchor] = places[0];
+    const right = place => (place[0] - x) * pixel, down = place => (place[1] - y) * pixel;
     const at = places.map(place => {
-      const left = box.left + place[0] - x - (place[2] === anchor ? 0 : box.width);
-      // A pixel to spare: texts that are moved aren't measured again.
-      return { left: left - 0.5, right: left + box.width + 0.5, top: box.top + place[1] - y, bottom: box.bottom + place[1] - y };
+      const left = box.left + right(place) - (place[2] === anchor ? 0 : box.width);
+      // Some pixels to spare: texts that are moved aren't measured again.
+      return { left: left - 2, right: left + box.width + 2, top: box.top + down(place), bottom: box.bottom + down(place) };
     });
     const free = at.findIndex(one => !shown.some(other =>
       one.left < other.right && other.left < one.right && one.top < other.bottom && other.top < one.bottom));
@@ -134,6 +138,10 @@ for (const svg of document.querySelectorAll('svg.plan')) {
     const under = held || at;
     caption.textContent = 'X ' + (north - under.y).toFixed(3) + '  Y ' + (east + under.x).toFixed(3);
   });
+}
+// Figures stand under one another by their last digits, as in calculation sheets.
+for (const cell of document.querySelectorAll('td')) {
+  if (/^[-+]?\d[-.\d]*$/.test(cell.textContent)) cell.classList.add('figure');
 }
 function fit() {
   document.querySelectorAll('svg.plan, svg.section').forEach(setUnit);

@@ -27,6 +27,9 @@ constexpr LayerColour LAYER_COLOURS[] = {
     {L"表層", "#555"},        {L"基層", "#888"},          {L"上層路盤", "#c9a66b"},
     {L"下層路盤", "#d9c48f"}, {L"凍上抑制層", "#9fb8c9"},
 };
+/// A narrower structure is shown as if it were as wide, in metres.
+constexpr double LEAST_WIDTH = 5;
+
 constexpr const char* OTHER_COLOUR = "#cbb";
 
 const char* ColourOf(const DesignCrossSectSurf& surface)
@@ -98,19 +101,42 @@ class SectionDrawer
         return point.height.value + (surface.IsRelativeToProfile() ? height_.value_or(0) : 0);
     }
 
+    /// The view holds what is built and the ground beside it, as far again on both sides: a ground line that reaches
+    /// much farther would leave little to see of the road.
     void Measure()
     {
+        MeasureDesigns();
+        const double width = x_.IsEmpty() ? 0 : std::max(x_.Largest() - x_.Smallest(), LEAST_WIDTH);
+        const double left = x_.IsEmpty() ? -INFINITY : x_.Smallest() - width;
+        const double right = x_.IsEmpty() ? INFINITY : x_.Largest() + width;
         for (const CrossSectSurf& ground : section_.grounds)
         {
             for (const PairList& list : ground.lists)
             {
-                for (const FigurePair& pair : list.pairs)
-                {
-                    x_.Take(pair.first.value);
-                    y_.Take(pair.second.value);
-                }
+                MeasureGround(list, left, right);
+            }
+            const GroundLine line(ground.lists);
+            for (const double edge : {left, right})
+            {
+                y_.Take(line.HeightAt(edge).value_or(NAN));
             }
         }
+    }
+
+    void MeasureGround(const PairList& list, double left, double right)
+    {
+        for (const FigurePair& pair : list.pairs)
+        {
+            if (pair.IsPlaced())
+            {
+                x_.Take(std::clamp(pair.first.value, left, right));
+                y_.Take(pair.first.value >= left && pair.first.value <= right ? pair.second.value : NAN);
+            }
+        }
+    }
+
+    void MeasureDesigns()
+    {
         for (const DesignCrossSectSurf& surface : section_.designs)
         {
             if (!surface.HasPlace())
@@ -153,16 +179,13 @@ class SectionDrawer
         }
     }
 
-    /// The name above the first piece of the line, which as a rule lies farthest from the road.
+    /// The name above the line where it begins to be seen, far from the road.
     void LabelGround(const CrossSectSurf& ground)
     {
-        const std::vector<FigurePair>& pairs = ground.lists.front().pairs;
-        if (pairs.size() > 1 && pairs[0].IsPlaced() && pairs[1].IsPlaced())
+        const double offset = x_.Smallest() + (x_.Largest() - x_.Smallest()) * 0.12;
+        if (const std::optional<double> height = GroundLine(ground.lists).HeightAt(offset))
         {
-            const FigurePair& first = pairs[0];
-            const FigurePair& next = pairs[1];
-            Label((first.first.value + next.first.value) / 2, (first.second.value + next.second.value) / 2,
-                  ground.name);
+            Label(offset, *height, ground.name);
         }
     }
 

@@ -208,6 +208,19 @@ TEST(ReportPage, ShowsTheDesignHeightOfAnIntermediatePoint)
     EXPECT_EQ(CountOf(page, "No.10　200.000 m　FH=110.77500　GH=107.495</figcaption>"), 1U);
 }
 
+TEST(ReportPage, ShowsAsMuchGroundBesideARoadAsTheRoadIsWide)
+{
+    // The road lies from -3.25 m to 0 and counts as 5 m wide; at -8.25 m the ground is 107.9075 m high. The margin is
+    // 0.06 of what is shown.
+    const auto view = [](const LandXmlFile& file) {
+        const std::string section = Tag(PageOf(file), "<svg class=\"section\"");
+        return section.substr(section.find("viewBox"), section.find(" style") - section.find("viewBox"));
+    };
+    const std::string road = "viewBox=\"-9.045 -108.703 14.84 2.863\"";
+    EXPECT_EQ(view(SoundFile()), road);
+    EXPECT_EQ(view(SoundFile({{"<PntList2D>-15.000 108.245", "<PntList2D>-500.000 115.000 -15.000 108.245"}})), road);
+}
+
 TEST(ReportPage, DrawsNoSurfaceOfACrossSectionByItsSlopes)
 {
     const std::string carriageways = "<title>Carriageway left</title>";
@@ -352,7 +365,7 @@ TEST(ReportPage, DrawsGroupsOfAMissingAlignmentInAPlanOfTheWholeFile)
         SoundFile({{"</Feature>\n\t</CgPoints>\n\t<Alignments", "</Feature></CgPoints><Alignments"},
                    {"<Feature name=\"WidthStakePnts\">\n\t\t\t<Property label=\"alignmentRefs\" value=\"線形1\"",
                     "<Feature name=\"WidthStakePnts\">\n\t\t\t<Property label=\"alignmentRefs\" value=\"線形9\""}}));
-    EXPECT_EQ(CountOf(page, "全体平面図"), 1U);
+    EXPECT_EQ(CountOf(page, "全体平面図"), 2U) << "with the link to it";
     EXPECT_EQ(CountOf(page, "<path class=\"stake\""), 5U);
     EXPECT_EQ(CountOf(page, "<path class=\"stakes\""), 1U);
     EXPECT_EQ(CountOf(page, "<path class=\"intermediate\""), 12U) << "in both plans";
@@ -581,15 +594,38 @@ TEST(CheckSheet, HasTheFilesValuesInTheSheetsOrder)
                   "基準点|基準点及び工事基準点|なし",
                   "平面線形／線形1|起終点の座標|BP（X 12450.00000000、Y 18230.00000000）～EP（X 12499.30947113、Y "
                   "18607.22822412）",
-                  "平面線形／線形1|変化点（線形主要点）|KA.1-1、KE.1-1、KE.1-2、KA.1-2",
-                  "平面線形／線形1|曲線要素の種別・数値|A=100.000000、R=200.00000000、A=100.000000",
+                  "平面線形／線形1|変化点（線形主要点）|KA.1-1（X 12500.79234746、Y 18327.57119165）、KE.1-1（X "
+                  "12521.99785226、Y 18372.81338887）、KE.1-2（X 12532.90483349、Y 18467.26678446）、KA.1-2（X "
+                  "12522.56858143、Y 18516.15125784）",
+                  "平面線形／線形1|曲線要素の種別・数値|クロソイド A=100.000000 L=50.000000、円曲線 R=200.00000000 "
+                  "L=96.000000、クロソイド A=100.000000 L=50.000000",
                   "平面線形／線形1|開始測点と長さ|0.000000 m、長さ 400.000000 m",
                   "平面線形／線形1|ブレーキ|150.000＝160.000、260.000＝265.000",
                   "縦断線形／線形1|線形起終点の測点、標高|0.000 m 高さ 105.000 m～400.000 m 高さ 113.000 m",
-                  "縦断線形／線形1|縦断変化点と曲線要素|220.000 m VCL=100.000、300.000 m VCL=40.000",
+                  "縦断線形／線形1|縦断変化点と曲線要素|220.000 m 高さ 111.600 m VCL=100.000、300.000 m 高さ 110.000 m "
+                  "VCL=40.000 VCR=800.000",
                   "横断形状／線形1|作成した測点|No.3、No.10",
                   "横断形状／線形1|幅|離れ -3.250 m～0.000 m",
               }));
+}
+
+TEST(CheckSheet, ListsControlPointsWithTheirPlaces)
+{
+    const auto controlPoints = [](const std::string& points) {
+        const std::string group = "<CgPoints name=\"基準点\">" + points + "</CgPoints><CgPoints name=\"左幅杭\"";
+        const std::vector<CheckSheetRow> rows = CheckSheet(SoundFile({{"<CgPoints name=\"左幅杭\"", group}}));
+        return rows[1].value;
+    };
+    const Detail two = controlPoints("<CgPoint name=\"T-1\">12400.10 18200.20 101.5</CgPoint>"
+                                     "<CgPoint name=\"T-2\">12401. 18201.</CgPoint>");
+    EXPECT_EQ(two.japanese, L"T-1（X 12400.10、Y 18200.20） 高さ 101.5、T-2（X 12401.、Y 18201.）");
+    EXPECT_EQ(two.english, L"T-1 (X 12400.10, Y 18200.20) height 101.5, T-2 (X 12401., Y 18201.)");
+    std::string many;
+    for (int point = 0; point < 23; ++point)
+    {
+        many += "<CgPoint name=\"T-" + std::to_string(point) + "\">12400 18200</CgPoint>";
+    }
+    EXPECT_TRUE(controlPoints(many).japanese.ends_with(L"T-19（X 12400、Y 18200）、ほか3点"));
 }
 
 } // namespace
