@@ -372,6 +372,28 @@ TEST(ReportPage, DrawsGroupsOfAMissingAlignmentInAPlanOfTheWholeFile)
     EXPECT_EQ(CountOf(page, "<path class=\"element line\""), 4U) << "in both plans";
 }
 
+TEST(ReportPage, DrawsAGroupInThePlanOfEachAlignmentThatItNames)
+{
+    const auto stakes = [](const std::string& references) {
+        const auto alignment = [](const std::string& name, const std::string& north) {
+            return "<Alignment name=\"" + name + "\" staStart=\"0\"><CoordGeom><Line length=\"10\"><Start>" + north +
+                   " 0</Start><End>" + north + " 10</End></Line></CoordGeom></Alignment>";
+        };
+        const std::string page =
+            PageOf(ReadLandXmlBytes("<LandXML><CgPoints name=\"杭\"><CgPoint name=\"L-1\">5 5 0</CgPoint><Feature "
+                                    "name=\"WidthStakePnts\"><Property "
+                                    "label=\"alignmentRefs\" value=\"" +
+                                        references + "\"/></Feature></CgPoints><Alignments>" + alignment("上り", "0") +
+                                        alignment("下り", "8") + "</Alignments></LandXML>",
+                                    L"s.xml"));
+        return std::pair(CountOf(page, "<path class=\"stake\""), CountOf(page, "<svg class=\"plan\""));
+    };
+    EXPECT_EQ(stakes("上り"), std::pair(std::size_t{1}, std::size_t{2}));
+    EXPECT_EQ(stakes(" 下り 上り "), std::pair(std::size_t{2}, std::size_t{2}));
+    EXPECT_EQ(stakes("上り 側道"), std::pair(std::size_t{1}, std::size_t{2})) << "one of them is there";
+    EXPECT_EQ(stakes("側道"), std::pair(std::size_t{1}, std::size_t{3})) << "in a plan of the whole file";
+}
+
 TEST(ReportPage, TellsOfEachAlignmentHowManySectionsAreLeftOut)
 {
     std::string alignments;
