@@ -184,9 +184,29 @@ bool NativeFile::Close()
     return closing == NONE || CloseHandle(closing) != 0;
 }
 
+namespace
+{
+
+/// The system's answers for a name that nothing has.
+constexpr std::array<DWORD, 5> MISSING = {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
+                                          ERROR_INVALID_DRIVE, ERROR_BAD_NETPATH};
+
+int ErrnoOf(DWORD error)
+{
+    return error == ERROR_ACCESS_DENIED ? EACCES : EIO;
+}
+
+} // namespace
+
 bool PathExists(const std::wstring& path)
 {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const bool exists = GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const DWORD error = GetLastError();
+    if (!exists && std::find(MISSING.begin(), MISSING.end(), error) == MISSING.end())
+    {
+        WarnOf(WarningCause::UnreadableFile, path, ErrnoOf(error));
+    }
+    return exists;
 }
 
 namespace
@@ -299,7 +319,7 @@ std::optional<std::vector<std::wstring>> FileNames(const std::wstring& folder)
     const bool isWhole = error == ERROR_NO_MORE_FILES || (error == ERROR_FILE_NOT_FOUND && names.empty());
     if (!isWhole && error != ERROR_PATH_NOT_FOUND && error != ERROR_DIRECTORY)
     {
-        WarnOf(WarningCause::UnreadableFolder, folder, error == ERROR_ACCESS_DENIED ? EACCES : EIO);
+        WarnOf(WarningCause::UnreadableFolder, folder, ErrnoOf(error));
     }
     return isWhole ? std::optional(std::move(names)) : std::nullopt;
 }

@@ -47,11 +47,30 @@ constexpr int NO_FILE = 3;
     EndWithoutMemory();
 }
 
+#ifdef __MINGW32__
+/// Where there is no memory for an exception either, its spare room lies behind a lock that is made first; without
+/// memory for the lock the library raises an exception for that one, and so on until the stack ends.
+void EndWhereNothingIsLeft()
+{
+    constexpr std::size_t ROOM_OF_AN_EXCEPTION = 1024;
+    void* const room = std::malloc(ROOM_OF_AN_EXCEPTION);
+    if (room == nullptr)
+    {
+        EndWithoutMemory();
+    }
+    std::free(room);
+    throw std::bad_alloc();
+}
+#endif
+
 #ifdef __GNUC__
 /// Before the libraries' static objects are made, which ask for memory too.
 __attribute__((constructor(101))) void TellWantOfMemory()
 {
     std::set_terminate(Terminate);
+#ifdef __MINGW32__
+    std::set_new_handler(EndWhereNothingIsLeft);
+#endif
 }
 #endif
 

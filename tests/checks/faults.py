@@ -6,7 +6,8 @@
 Every allocation and every call that works on files fails once, with each error that it can give, and once together with
 all that follow it; reads and writes are cut short too. After each run the program has ended by itself with a status that
 fits what it said, the target is the old file or the new one, whole, and nothing is left behind that it isn't told of.
-With --sample so many of the faults are tried, spread evenly.
+With --sample so many of the faults are tried, spread evenly. A program for Windows has the library linked into it
+(LIBRARY is not used) and runs under Wine, as the program that WINE names.
 """
 
 import argparse
@@ -55,6 +56,38 @@ ERRORS = {
     "fcntl": [errno.EBADF, errno.EINVAL],
     "fflush": [errno.EIO, errno.ENOSPC],
 }
+# The same for Windows, by the system's numbers; those of the C library's functions are its own.
+ACCESS_DENIED, TOO_MANY_OPEN, NOT_FOUND, NO_MEMORY, WRITE_PROTECT, CRC = 5, 4, 2, 8, 19, 23
+WRITE_FAULT, SHARING, NOT_SUPPORTED, NETWORK_GONE, INVALID_PARAMETER, DISK_FULL = 29, 32, 50, 64, 87, 112
+WINDOWS_ERRORS = {
+    "allocate": [NO_MEMORY],
+    "fread": [errno.EIO, "short"],
+    "_wfopen": [errno.EACCES, errno.EMFILE, errno.ENOENT, errno.ENOMEM],
+    "CreateFileW": [ACCESS_DENIED, SHARING, TOO_MANY_OPEN, NOT_FOUND, DISK_FULL, WRITE_PROTECT, NO_MEMORY],
+    "ReadFile": [CRC, NETWORK_GONE, "short"],
+    "WriteFile": [DISK_FULL, WRITE_FAULT, NETWORK_GONE, "short"],
+    "CloseHandle": [NETWORK_GONE],
+    "GetFileSizeEx": [NETWORK_GONE],
+    "GetFileType": [INVALID_PARAMETER],
+    "GetFileInformationByHandle": [ACCESS_DENIED, NETWORK_GONE],
+    "GetFileInformationByHandleEx": [INVALID_PARAMETER],
+    "SetFileInformationByHandle": [DISK_FULL, NOT_SUPPORTED, ACCESS_DENIED],
+    "GetFileAttributesW": [ACCESS_DENIED, NETWORK_GONE, NOT_FOUND],
+    "SetFileAttributesW": [ACCESS_DENIED],
+    "SetFilePointerEx": [INVALID_PARAMETER],
+    "SetEndOfFile": [DISK_FULL, ACCESS_DENIED],
+    "FlushFileBuffers": [WRITE_FAULT],
+    "MoveFileExW": [ACCESS_DENIED, SHARING, DISK_FULL],
+    "DeleteFileW": [ACCESS_DENIED, SHARING],
+    "FindFirstFileW": [ACCESS_DENIED, NETWORK_GONE],
+    "FindNextFileW": [NETWORK_GONE],
+    "GetTempFileNameW": [ACCESS_DENIED, DISK_FULL],
+    "GetTempPathW": [NO_MEMORY],
+    "GetFileSecurityW": [ACCESS_DENIED, NOT_SUPPORTED],
+    "SetFileSecurityW": [ACCESS_DENIED],
+}
+WRITING = ["write", "fflush", "WriteFile"]
+REMOVING = ["unlink", "DeleteFileW"]
 TARGETS = ["standing", "linked", "symlink", "missing"]
 OLD = b"<the file that stood here before/>" * 3000
 TIME_LIMIT = 60
@@ -120,11 +153,23 @@ class Case:
         shutil.rmtree(self.folder)
 
 
+def is_for_windows(arguments):
+    return arguments.program.endswith(".exe")
+
+
+def errors_of(arguments):
+    return WINDOWS_ERRORS if is_for_windows(arguments) else ERRORS
+
+
 def run(arguments, case, fault):
     environment = {name: value for name, value in os.environ.items() if not name.startswith("FAULT_")}
     environment.update(fault)
-    environment.update({"LD_PRELOAD": arguments.library, "TMPDIR": case.temporary})
-    command = [arguments.program, arguments.work_folder, "-s", arguments.settings, "-o", case.path]
+    if is_for_windows(arguments):
+        environment.update({"WINETEMP": "Z:" + case.temporary, "WINETMP": "Z:" + case.temporary})
+    else:
+        environment.update({"LD_PRELOAD": arguments.library, "TMPDIR": case.temporary})
+    loader = [os.environ.get("WINE", "wine")] if is_for_windows(arguments) else []
+    command = loader + [arguments.program, arguments.work_folder, "-s", arguments.settings, "-o", case.path]
     return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, timeout=TIME_LIMIT,
                           check=False)
 
@@ -136,7 +181,7 @@ def problem_of(ended, case, call, new):
     warnings = [line for line in said if line.startswith(WARNING)]
     lines = [line for line in said if not line.startswith(WARNING)]
     content = case.content()
-    muted = call in ("write", "fflush") and not lines
+    muted = call in WRITING and not lines
     if status not in (0, 1, 2, 3):
         return f"ended with {status}: {said}"
     if status == 0:
@@ -157,7 +202,7 @@ def problem_of(ended, case, call, new):
             return f"status 2 with {lines}"
         if status == 3 and not muted and not (lines and all(FAILURE_LINES.search(line) for line in lines)):
             return f"status 3 with {lines}"
-    if call != "unlink":
+    if call not in REMOVING:
         if case.left_beside():
             return f"left beside the target: {case.left_beside()}"
         if len(case.left_in_temporary()) > (1 if status == 3 else 0):
@@ -172,7 +217,7 @@ def try_fault(arguments, fault, new):
     if lasting:
         environment["FAULT_LASTING"] = "1"
     name = f"{target}: {call} {at}{' and all after it' if lasting else ''}: " + \
-        (error if error == "short" else errno.errorcode[error])
+        str(error if error == "short" or is_for_windows(arguments) else errno.errorcode[error])
     try:
         problem = problem_of(run(arguments, case, environment), case, call, new)
     except subprocess.TimeoutExpired:
@@ -195,8 +240,8 @@ def counts_of(arguments, target):
     return numbers, content
 
 
-def faults_of(target, counts):
-    for call, errors in ERRORS.items():
+def faults_of(target, counts, errors_of_calls):
+    for call, errors in errors_of_calls.items():
         if call == "allocate" and target != "standing":
             continue
         for at in range(1, counts[call] + 1):
@@ -219,8 +264,10 @@ def main():
     faults = []
     new = None
     for target in TARGETS:
+        if target == "symlink" and is_for_windows(arguments):
+            continue # Wine has the links of the system below
         counts, new = counts_of(arguments, target)
-        faults += faults_of(target, counts)
+        faults += faults_of(target, counts, errors_of(arguments))
     if arguments.only:
         faults = [fault for fault in faults if fault[1] == arguments.only]
     if arguments.sample and arguments.sample < len(faults):

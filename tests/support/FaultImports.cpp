@@ -1,0 +1,275 @@
+// What FaultLibrary.cpp is on Linux, for a program built with MinGW: linked into it, it stands in front of the system's
+// functions, and makes one of their calls fail. The environment says which:
+//
+//   FAULT_CALL     the function; see CALLS
+//   FAULT_AT       which of its calls fails, counted from 1
+//   FAULT_ERROR    the error as a number, or "short": half of what was asked for is read or written
+//   FAULT_LASTING  if set, every later call of the function fails too
+//   FAULT_COUNTS   a file that takes the number of calls of each function, one "name count" a line, at the end
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+#include <string_view>
+
+namespace
+{
+
+enum Call : std::size_t
+{
+    ALLOCATE,
+    FREAD,
+    OPEN_STREAM,
+    CREATE_FILE,
+    READ_FILE,
+    WRITE_FILE,
+    CLOSE_HANDLE,
+    GET_SIZE,
+    GET_TYPE,
+    GET_IDENTITY,
+    GET_INFORMATION,
+    SET_INFORMATION,
+    GET_ATTRIBUTES,
+    SET_ATTRIBUTES,
+    SET_POINTER,
+    SET_END,
+    FLUSH_BUFFERS,
+    MOVE_FILE,
+    DELETE_FILE,
+    FIND_FIRST,
+    FIND_NEXT,
+    TEMPORARY_NAME,
+    TEMPORARY_PATH,
+    GET_SECURITY,
+    SET_SECURITY,
+    CALL_COUNT
+};
+
+struct Function
+{
+    const char* name;
+    const wchar_t* library;
+};
+
+constexpr std::array<Function, CALL_COUNT> CALLS = {{
+    {"allocate", nullptr},
+    {"fread", nullptr},
+    {"_wfopen", L"msvcrt.dll"},
+    {"CreateFileW", L"kernel32.dll"},
+    {"ReadFile", L"kernel32.dll"},
+    {"WriteFile", L"kernel32.dll"},
+    {"CloseHandle", L"kernel32.dll"},
+    {"GetFileSizeEx", L"kernel32.dll"},
+    {"GetFileType", L"kernel32.dll"},
+    {"GetFileInformationByHandle", L"kernel32.dll"},
+    {"GetFileInformationByHandleEx", L"kernel32.dll"},
+    {"SetFileInformationByHandle", L"kernel32.dll"},
+    {"GetFileAttributesW", L"kernel32.dll"},
+    {"SetFileAttributesW", L"kernel32.dll"},
+    {"SetFilePointerEx", L"kernel32.dll"},
+    {"SetEndOfFile", L"kernel32.dll"},
+    {"FlushFileBuffers", L"kernel32.dll"},
+    {"MoveFileExW", L"kernel32.dll"},
+    {"DeleteFileW", L"kernel32.dll"},
+    {"FindFirstFileW", L"kernel32.dll"},
+    {"FindNextFileW", L"kernel32.dll"},
+    {"GetTempFileNameW", L"kernel32.dll"},
+    {"GetTempPathW", L"kernel32.dll"},
+    {"GetFileSecurityW", L"advapi32.dll"},
+    {"SetFileSecurityW", L"advapi32.dll"},
+}};
+
+std::array<std::atomic<long>, CALL_COUNT> counts;
+bool counting = false;
+
+std::size_t failingCall = CALL_COUNT;
+long failsAt = 0;
+int error = 0;
+bool isShort = false;
+bool isLasting = false;
+
+using Setting = std::array<char, MAX_PATH>;
+
+/// A variable of the environment; empty if there is none.
+Setting ReadSetting(const char* name)
+{
+    Setting value{};
+    GetEnvironmentVariableA(name, value.data(), static_cast<DWORD>(value.size()));
+    return value;
+}
+
+/// Before the libraries' static objects are made.
+__attribute__((constructor(101))) void ReadSettings()
+{
+    const Setting call = ReadSetting("FAULT_CALL");
+    const auto* const found = std::find_if(
+        CALLS.begin(), CALLS.end(), [&](const Function& one) { return std::string_view(one.name) == call.data(); });
+    const Setting wanted = ReadSetting("FAULT_ERROR");
+    failingCall = static_cast<std::size_t>(std::distance(CALLS.begin(), found));
+    failsAt = std::atol(ReadSetting("FAULT_AT").data());
+    isShort = std::string_view(wanted.data()) == "short";
+    error = std::atoi(wanted.data());
+    isLasting = ReadSetting("FAULT_LASTING")[0] != '\0';
+    counting = true;
+}
+
+bool Meets(Call call)
+{
+    if (!counting)
+    {
+        return false;
+    }
+    const long number = ++counts[call];
+    return call == failingCall && (number == failsAt || (isLasting && number > failsAt));
+}
+
+bool Fails(Call call)
+{
+    const bool fails = Meets(call) && !isShort;
+    if (fails)
+    {
+        SetLastError(static_cast<DWORD>(error));
+        errno = error;
+    }
+    return fails;
+}
+
+/// How much of what was asked for a call reads or writes.
+DWORD Shortened(Call call, DWORD size)
+{
+    return call == failingCall && isShort && counts[call] == failsAt && size > 1 ? size / 2 : size;
+}
+
+/// The system's own function.
+template <class Pointer>
+Pointer System(Call call)
+{
+    return reinterpret_cast<Pointer>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(CALLS[call].library), CALLS[call].name)));
+}
+
+/// A function of the system that fails with `FAILURE`.
+template <Call CALL, auto FAILURE, class Pointer>
+struct Import;
+
+template <Call CALL, auto FAILURE, class Result, class... Arguments>
+struct Import<CALL, FAILURE, Result (*)(Arguments...)>
+{
+    static Result Call(Arguments... arguments)
+    {
+        if (Fails(CALL))
+        {
+            return (Result)(FAILURE); // NOLINT: a number or a handle
+        }
+        return System<Result (*)(Arguments...)>(CALL)(arguments...);
+    }
+};
+
+BOOL WINAPI ReadOrFail(HANDLE file, LPVOID bytes, DWORD size, LPDWORD taken, LPOVERLAPPED overlapped)
+{
+    return !Fails(READ_FILE) &&
+           System<decltype(&ReadFile)>(READ_FILE)(file, bytes, Shortened(READ_FILE, size), taken, overlapped);
+}
+
+BOOL WINAPI WriteOrFail(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped)
+{
+    return !Fails(WRITE_FILE) &&
+           System<decltype(&WriteFile)>(WRITE_FILE)(file, bytes, Shortened(WRITE_FILE, size), written, overlapped);
+}
+
+/// Writes the counts at the end.
+__attribute__((destructor)) void TellCounts()
+{
+    counting = false;
+    const Setting path = ReadSetting("FAULT_COUNTS");
+    if (path[0] == '\0')
+    {
+        return;
+    }
+    const HANDLE file =
+        CreateFileA(path.data(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    for (std::size_t call = 0; call < CALL_COUNT; ++call)
+    {
+        std::array<char, 64> line{};
+        const int size = std::snprintf(line.data(), line.size(), "%s %ld\n", CALLS[call].name, counts[call].load());
+        DWORD written = 0;
+        System<decltype(&WriteFile)>(WRITE_FILE)(file, line.data(), static_cast<DWORD>(size), &written, nullptr);
+    }
+    System<decltype(&CloseHandle)>(CLOSE_HANDLE)(file);
+}
+
+} // namespace
+
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+extern "C"
+{
+    // The functions of the C library, by the linker's --wrap.
+    void* __real_malloc(std::size_t size);
+    void* __real_calloc(std::size_t count, std::size_t size);
+    void* __real_realloc(void* memory, std::size_t size);
+    std::size_t __real_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file);
+
+    void* __wrap_malloc(std::size_t size)
+    {
+        return Fails(ALLOCATE) ? nullptr : __real_malloc(size);
+    }
+
+    void* __wrap_calloc(std::size_t count, std::size_t size)
+    {
+        return Fails(ALLOCATE) ? nullptr : __real_calloc(count, size);
+    }
+
+    void* __wrap_realloc(void* memory, std::size_t size)
+    {
+        return Fails(ALLOCATE) ? nullptr : __real_realloc(memory, size);
+    }
+
+    std::size_t __wrap_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file)
+    {
+        if (Fails(FREAD))
+        {
+            file->_flag |= _IOERR;
+            return 0;
+        }
+        return __real_fread(bytes, size, Shortened(FREAD, static_cast<DWORD>(count)), file);
+    }
+
+    // The addresses through which the program calls the system: in place of the import library's.
+    decltype(&_wfopen) __imp__wfopen = Import<OPEN_STREAM, 0, decltype(&_wfopen)>::Call;
+    decltype(&CreateFileW) __imp_CreateFileW = Import<CREATE_FILE, -1LL, decltype(&CreateFileW)>::Call;
+    decltype(&ReadFile) __imp_ReadFile = ReadOrFail;
+    decltype(&WriteFile) __imp_WriteFile = WriteOrFail;
+    decltype(&CloseHandle) __imp_CloseHandle = Import<CLOSE_HANDLE, FALSE, decltype(&CloseHandle)>::Call;
+    decltype(&GetFileSizeEx) __imp_GetFileSizeEx = Import<GET_SIZE, FALSE, decltype(&GetFileSizeEx)>::Call;
+    decltype(&GetFileType) __imp_GetFileType = Import<GET_TYPE, FILE_TYPE_UNKNOWN, decltype(&GetFileType)>::Call;
+    decltype(&GetFileInformationByHandle) __imp_GetFileInformationByHandle =
+        Import<GET_IDENTITY, FALSE, decltype(&GetFileInformationByHandle)>::Call;
+    decltype(&GetFileInformationByHandleEx) __imp_GetFileInformationByHandleEx =
+        Import<GET_INFORMATION, FALSE, decltype(&GetFileInformationByHandleEx)>::Call;
+    decltype(&SetFileInformationByHandle) __imp_SetFileInformationByHandle =
+        Import<SET_INFORMATION, FALSE, decltype(&SetFileInformationByHandle)>::Call;
+    decltype(&GetFileAttributesW) __imp_GetFileAttributesW =
+        Import<GET_ATTRIBUTES, INVALID_FILE_ATTRIBUTES, decltype(&GetFileAttributesW)>::Call;
+    decltype(&SetFileAttributesW) __imp_SetFileAttributesW =
+        Import<SET_ATTRIBUTES, FALSE, decltype(&SetFileAttributesW)>::Call;
+    decltype(&SetFilePointerEx) __imp_SetFilePointerEx = Import<SET_POINTER, FALSE, decltype(&SetFilePointerEx)>::Call;
+    decltype(&SetEndOfFile) __imp_SetEndOfFile = Import<SET_END, FALSE, decltype(&SetEndOfFile)>::Call;
+    decltype(&FlushFileBuffers) __imp_FlushFileBuffers =
+        Import<FLUSH_BUFFERS, FALSE, decltype(&FlushFileBuffers)>::Call;
+    decltype(&MoveFileExW) __imp_MoveFileExW = Import<MOVE_FILE, FALSE, decltype(&MoveFileExW)>::Call;
+    decltype(&DeleteFileW) __imp_DeleteFileW = Import<DELETE_FILE, FALSE, decltype(&DeleteFileW)>::Call;
+    decltype(&FindFirstFileW) __imp_FindFirstFileW = Import<FIND_FIRST, -1LL, decltype(&FindFirstFileW)>::Call;
+    decltype(&FindNextFileW) __imp_FindNextFileW = Import<FIND_NEXT, FALSE, decltype(&FindNextFileW)>::Call;
+    decltype(&GetTempFileNameW) __imp_GetTempFileNameW = Import<TEMPORARY_NAME, 0U, decltype(&GetTempFileNameW)>::Call;
+    decltype(&GetTempPathW) __imp_GetTempPathW = Import<TEMPORARY_PATH, 0U, decltype(&GetTempPathW)>::Call;
+    decltype(&GetFileSecurityW) __imp_GetFileSecurityW = Import<GET_SECURITY, FALSE, decltype(&GetFileSecurityW)>::Call;
+    decltype(&SetFileSecurityW) __imp_SetFileSecurityW = Import<SET_SECURITY, FALSE, decltype(&SetFileSecurityW)>::Call;
+}
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
