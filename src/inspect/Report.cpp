@@ -240,7 +240,8 @@ class PageWriter
         page_.Raw("<td>").Text(finding.check->code).Raw("</td><td>");
         page_.Text(finding.line > 0 ? std::to_wstring(finding.line) : L"").Raw("</td><td>");
         const bool isNamed = !finding.object.IsEmpty();
-        page_.Words("a href=\"#" + TargetOf(finding) + "\"", isNamed ? finding.object : file_.path).Raw("</td>");
+        const std::string link = std::string("a href=\"#").append(TargetOf(finding)).append("\"");
+        page_.Words(link, isNamed ? finding.object : file_.path).Raw("</td>");
         page_.Words("td", finding.text, finding.english);
         page_.Words("td", finding.check->remedy.japanese, finding.check->remedy.english).Raw("</tr>\n");
     }
@@ -250,7 +251,7 @@ class PageWriter
     {
         const auto nearest = targets_.find(finding.line);
         const bool isDrawn = nearest != targets_.end() && nearest->second > 0;
-        return isDrawn ? "l" + std::to_string(nearest->second) : "summary";
+        return isDrawn ? std::string("l").append(std::to_string(nearest->second)) : "summary";
     }
 
     void WriteFindings()
