@@ -202,16 +202,20 @@ std::optional<std::string> SchemaText(const std::wstring& path)
     return text.size() > INT_MAX ? std::nullopt : std::optional(std::move(text));
 }
 
-/// Opens a schema that another one includes, by the name that users see. No exception may pass through the library.
+/// Opens a schema that another one includes, by the name that users see. No exception may pass
+/// through the library.
 xmlParserInputPtr OpenIncluded(const char* uri, const char*, xmlParserCtxtPtr context)
 {
     try
     {
         const XmlText path(reinterpret_cast<xmlChar*>(xmlURIUnescapeString(uri == nullptr ? "" : uri, 0, nullptr)));
         const std::optional<std::string> text = SchemaText(Wide(reinterpret_cast<const char*>(path.get())));
+        // An entity could take in any file, or grow without end.
+        const bool isTaken = text && text->find("<!ENTITY") == std::string::npos;
         const xmlParserInputBufferPtr buffer =
-            text ? xmlParserInputBufferCreateMem(text->data(), static_cast<int>(text->size()), XML_CHAR_ENCODING_NONE)
-                 : nullptr;
+            isTaken
+                ? xmlParserInputBufferCreateMem(text->data(), static_cast<int>(text->size()), XML_CHAR_ENCODING_NONE)
+                : nullptr;
         const xmlParserInputPtr input =
             buffer != nullptr ? xmlNewIOInputStream(context, buffer, XML_CHAR_ENCODING_NONE) : nullptr;
         if (input != nullptr)

@@ -320,6 +320,70 @@ INSTANTIATE_TEST_SUITE_P(Cli, InspectInclusions,
                                          Inclusion{"EscapedJapanese", "%E5%9E%8B.xsd", L"型.xsd"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
+/// A schema that does its worst, with one that it may include as part.xsd.
+struct HostileSchema
+{
+    const char* name;
+    std::string schema; ///< what stands in its outermost element
+    std::string part;
+    const char* file;
+    InspectStatus status;
+};
+
+std::string Times(std::size_t count, const std::string& text)
+{
+    std::string all;
+    for (std::size_t index = 0; index < count; ++index)
+    {
+        all += text;
+    }
+    return all;
+}
+
+const std::string INCLUSION = "<xs:include schemaLocation='part.xsd'/>";
+const std::string PART = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>";
+const std::string ROOT = "<xs:element name='LandXML'/>";
+const std::string TREE = "<xs:complexType name='T'><xs:sequence><xs:element name='LandXML' type='T' minOccurs='0'/>"
+                         "</xs:sequence></xs:complexType><xs:element name='LandXML' type='T'/>";
+
+const HostileSchema HOSTILE_SCHEMAS[] = {
+    {"IncludesItself", "<xs:include schemaLocation='schema.xsd'/>" + ROOT, "", "<LandXML/>", InspectStatus::NotRead},
+    {"IncludesInARing", INCLUSION + ROOT, PART + "<xs:include schemaLocation='schema.xsd'/></xs:schema>", "<LandXML/>",
+     InspectStatus::NothingFound},
+    {"IncludesWhatIsNotThere", "<xs:include schemaLocation='no.xsd'/>" + ROOT, "", "<LandXML/>",
+     InspectStatus::NotRead},
+    {"IncludesFromTheNetwork", "<xs:include schemaLocation='http://localhost:9/a.xsd'/>" + ROOT, "", "<LandXML/>",
+     InspectStatus::NotRead},
+    {"IncludesAFolder", "<xs:include schemaLocation='.'/>" + ROOT, "", "<LandXML/>", InspectStatus::NotRead},
+    // The entity would declare the element.
+    {"TakesInAFileByAnEntity", INCLUSION, "<!DOCTYPE s [<!ENTITY e SYSTEM 'element.txt'>]>" + PART + "&e;</xs:schema>",
+     "<LandXML/>", InspectStatus::NotRead},
+    {"GrowsWithoutEnd", INCLUSION + ROOT,
+     "<!DOCTYPE s [<!ENTITY a '" + Times(100, "<xs:annotation/>") + "'><!ENTITY b '" + Times(100, "&a;") +
+         "'><!ENTITY c '" + Times(100, "&b;") + "'><!ENTITY d '" + Times(100, "&c;") + "'>]>" + PART +
+         "&d;</xs:schema>",
+     "<LandXML/>", InspectStatus::NotRead},
+    {"IsTooDeep", "<xs:complexType name='T'>" + Times(100000, "<xs:sequence>") + ROOT, "", "<LandXML/>",
+     InspectStatus::NotRead},
+    {"HoldsATypeOfItself", TREE, "", "<LandXML><LandXML/></LandXML>", InspectStatus::NothingFound},
+};
+
+class InspectHostileSchema : public InspectSchema, public testing::WithParamInterface<HostileSchema>
+{};
+
+TEST_P(InspectHostileSchema, IsReadOrIsNone)
+{
+    const HostileSchema& hostile = GetParam();
+    folder_.Write(L"element.txt", "<xs:element xmlns:xs='http://www.w3.org/2001/XMLSchema' name='LandXML'/>");
+    folder_.Write(L"part.xsd", hostile.part);
+    const std::wstring schema = folder_.Write(L"schema.xsd", PART + hostile.schema + "</xs:schema>");
+    const InspectOutcome outcome = Run({L"--checks", L"S", L"--schema", schema, File(hostile.file)});
+    EXPECT_EQ(outcome.status, hostile.status) << outcome.out << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, InspectHostileSchema, testing::ValuesIn(HOSTILE_SCHEMAS),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(InspectSchema, ASchemaInCodePage932IsReadAsSuch)
 {
     const std::wstring schema = folder_.Write(
