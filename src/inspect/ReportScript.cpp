@@ -82,7 +82,7 @@ function moveText(text, [x, y, anchor]) {
 }
 // Texts that would lie over others move aside or, where there is no room, are hidden; those that come first in the drawing stay.
 function declutter(svg) {
-  const texts = [...svg.querySelectorAll('text')], shown = [];
+  const texts = [...svg.querySelectorAll('text.scale'), ...svg.querySelectorAll('text:not(.scale)')], shown = [];
   // Plans and cross sections keep their texts' size; those of a profile grow with it.
   const pixel = svg.classList.contains('profile') ? svg.getScreenCTM().a : 1;
   const placesOf = text => PLACES[svg.getAttribute('class') + ' ' + text.classList[0]];
@@ -112,6 +112,17 @@ function setUnit(svg) {
   if (matrix && matrix.a > 0) svg.style.setProperty('--u', 1 / matrix.a);
   declutter(svg);
 }
+// The scale bar stays in the corner of what is seen of a plan, and about a sixth as wide.
+function placeScale(svg) {
+  const view = svg.viewBox.baseVal, bar = svg.querySelector('path.scale'), text = svg.querySelector('text.scale');
+  const sixth = view.width / 6, power = 10 ** Math.floor(Math.log10(sixth));
+  const length = Number((power * (sixth >= 5 * power ? 5 : sixth >= 2 * power ? 2 : 1)).toPrecision(1));
+  const x = view.x + view.width * 0.02, y = view.y + view.height - view.width * 0.015;
+  bar.setAttribute('d', `M${x} ${y}h${length}`);
+  text.setAttribute('x', x);
+  text.setAttribute('y', y - view.width * 0.005);
+  text.textContent = length + ' m';
+}
 function placeOf(svg, event) {
   return new DOMPoint(event.clientX, event.clientY).matrixTransform(svg.getScreenCTM().inverse());
 }
@@ -127,13 +138,14 @@ for (const svg of document.querySelectorAll('svg.plan')) {
     view.y = at.y + (view.y - at.y) * factor;
     view.width *= factor;
     view.height *= factor;
+    placeScale(svg);
     setUnit(svg);
   }, { passive: false });
   svg.addEventListener('pointerdown', event => { held = placeOf(svg, event); svg.setPointerCapture(event.pointerId); });
   svg.addEventListener('pointerup', () => { held = null; declutter(svg); });
   svg.addEventListener('pointermove', event => {
     const at = placeOf(svg, event);
-    if (held) { view.x += held.x - at.x; view.y += held.y - at.y; }
+    if (held) { view.x += held.x - at.x; view.y += held.y - at.y; placeScale(svg); }
     // What is held stays under the pointer.
     const under = held || at;
     caption.textContent = 'X ' + (north - under.y).toFixed(3) + '  Y ' + (east + under.x).toFixed(3);
@@ -192,6 +204,7 @@ function showInDrawing(svg, target) {
   if (svg.classList.contains('plan') && !(x > view.x && x < view.x + view.width && y > view.y && y < view.y + view.height)) {
     view.x = x - view.width / 2;
     view.y = y - view.height / 2;
+    placeScale(svg);
     setUnit(svg);
   }
   const small = 24 / Math.abs(svg.getScreenCTM().a);

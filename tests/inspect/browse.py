@@ -67,6 +67,14 @@ for (const svg of document.querySelectorAll('svg.plan')) {
 }
 // The pointer over main points, before and after zooming; and what is held stays under it.
 const pointed = [];
+function checkScale(svg, when) {
+  const bar = svg.querySelector('path.scale').getBoundingClientRect(), frame = svg.getBoundingClientRect();
+  const text = svg.querySelector('text.scale'), told = parseFloat(text.textContent), pixel = 1 / svg.getScreenCTM().a;
+  if (!(Math.abs(bar.width * pixel / told - 1) < 0.02)) faults.push(when + ': the scale bar of ' + text.textContent + ' is ' + bar.width * pixel + ' m long');
+  if (bar.left < frame.left || bar.right > frame.right || bar.bottom > frame.bottom + 1) faults.push(when + ': the scale bar is not seen');
+  if (text.classList.contains('hidden')) faults.push(when + ': the scale bar says nothing');
+}
+for (const svg of document.querySelectorAll('svg.plan')) checkScale(svg, 'at first');
 for (const svg of document.querySelectorAll('svg.plan')) {
   const caption = svg.parentNode.querySelector('.place');
   const point = (type, x, y) => { svg.dispatchEvent(new PointerEvent(type, { clientX: x, clientY: y })); return caption.textContent; };
@@ -88,11 +96,13 @@ for (const svg of document.querySelectorAll('svg.plan')) {
       const off = Math.hypot(screen(path).x - at.x, screen(path).y - at.y);
       if (!(off < 1)) faults.push(name + ' moves ' + off + ' pixels when the wheel turns over it');
     }
+    checkScale(svg, 'zoomed to ' + path.textContent);
     const from = screen(path), before = point('pointermove', from.x, from.y);
     point('pointerdown', from.x, from.y);
     if (!isSame(point('pointermove', from.x + 120, from.y - 80), before)) faults.push(before + ' does not follow the pointer');
     point('pointerup', from.x + 120, from.y - 80);
     if (Math.hypot(screen(path).x - from.x - 120, screen(path).y - from.y + 80) > 1) faults.push('the plan is not dragged');
+    checkScale(svg, 'dragged');
     if (!isSame(point('pointermove', from.x + 120, from.y - 80), before)) faults.push(before + ' is not where it was dragged to');
     for (let zoom = 0; zoom < 3; ++zoom) turn(screen(path), false);
   }
@@ -239,7 +249,9 @@ DAMAGES = [
      ('<Surface name="現況地形"', "<Surface"), ('<ProfAlign name="計画"', "<ProfAlign"),
      ('<CrossSect name="No.3"', "<CrossSect"), ('<Start name="BP">', "<Start>"), ('<End name="KA.1-1">', "<End>"),
      ('Surf name="Carriageway"', "Surf"), ("<PVI>400.000", "<PVI>290.000"), ("<F>3 6 5</F>", "<F>3 6 6</F>"),
-     ('<CrossSectPnt code="CW">-3.250', '<CrossSectPnt code="CW">3.250'), ('length="110.000000"', 'length="110.2"')],
+     ('<CrossSectPnt code="CW">-3.250', '<CrossSectPnt code="CW">3.250'), ('length="110.000000"', 'length="110.2"'),
+     ('radiusEnd="200.00000000" length="50.000000"', 'radiusEnd="200.00000000"'), ("40. 106.635 80. 108.071", "40. 106.635 80."),
+     ('<CgPoint name="L-2">12511.88 18321.7993 109.091<', '<CgPoint name="L-2"><')],
 ]
 
 # In every name of a file: what would run if it weren't escaped.
