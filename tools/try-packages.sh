@@ -29,13 +29,14 @@ until [ -s "$number" ]; do sleep 0.1; done
 DISPLAY=:$(cat "$number")
 export DISPLAY
 rm "$number"
+mounted=()
 leave() { # MOUNTED_FOLDER
     if mountpoint -q "$1"; then umount "$1"; fi
 }
 finish() {
     kill "$display" 2>/dev/null || true
     local folder
-    for folder in "$work"/*/proc "$work"/*/var/cache/apt/archives; do
+    for folder in "${mounted[@]}"; do
         leave "$folder"
     done
 }
@@ -77,6 +78,7 @@ new_debian() { # FOLDER
     rm -rf --one-file-system "$1"
     mkdir -p "$1" "$work/archives"
     tar -C "$1" -xf "$work/debian.tar"
+    mounted+=("$1/proc" "$1/var/cache/apt/archives")
     mount -t proc proc "$1/proc"
     mount --bind "$work/archives" "$1/var/cache/apt/archives" # what one has fetched serves the next
     cp /etc/resolv.conf "$1/etc/"
@@ -249,8 +251,9 @@ try_installer_for() { # WHO REGISTRY_KEY LOCALE TITLE NAME_IN_THE_REGISTRY
     tools/wine.sh "$packages"/*.exe /S "/$1"
     folder=$(find "$WINEPREFIX/drive_c" -type d -name JLandXmlConvert -path '*Program*' -print -quit)
     told "installed in ${folder#"$WINEPREFIX"/}"
-    in_registry "$2"
-    in_registry "$2" | grep -q "DisplayName.*$5"
+    in_registry "$2" >"$work/$name.key"
+    grep REG_ "$work/$name.key"
+    grep -q "DisplayName.*$5" "$work/$name.key"
     use_on_windows "$folder" "$name"
     tools/wine.sh "$folder/uninstall.exe" "/$1" /S
     for _ in $(seq 100); do
