@@ -127,11 +127,7 @@ bool IsTooLarge(std::string_view number, bool hex)
     const std::size_t letter = number.find_first_of(hex ? "pP" : "eE");
     const std::string_view mantissa = number.substr(0, letter);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    const std::size_t significant = mantissa.find_first_not_of("0.");
-    if (significant == std::string_view::npos)
-    {
-        return false;
-    }
+    const std::size_t significant = mantissa.find_first_not_of("0."); // zero is never refused
     const double place =
         significant < point ? static_cast<double>(point - significant) : -static_cast<double>(significant - point - 1);
     const bool negative = letter != std::string_view::npos && number.substr(letter + 1, 1) == "-";
@@ -140,7 +136,7 @@ bool IsTooLarge(std::string_view number, bool hex)
     {
         for (const char digit : number.substr(letter + 1))
         {
-            exponent = digit >= '0' && digit <= '9' ? exponent * 10.0 + (digit - '0') : exponent;
+            exponent = digit >= '0' ? exponent * 10.0 + (digit - '0') : exponent; // a sign comes before the digits
         }
     }
     return place * (hex ? 4.0 : 1.0) + (negative ? -exponent : exponent) > 0.0;

@@ -192,7 +192,7 @@ Warning TellNoted(const Noted& noted)
     const bool isFileAlone = first.object.empty() && !first.row;
     return {cause->code,
             cause->text,
-            first.file + (isFileAlone || places.empty() || first.file.empty() ? places : L" " + places),
+            first.file + (isFileAlone || first.file.empty() ? places : L" " + places),
             first.path,
             JoinPlaces(noted, [](const WarningPlace& place) { return place.object; }),
             first.file,
@@ -269,7 +269,10 @@ std::vector<Warning> TakeWarnings() noexcept
     {
         for (const Noted& noted : notes)
         {
-            taken.push_back(TellNoted(noted));
+            if (noted.count > 0) // none of its places found memory otherwise
+            {
+                taken.push_back(TellNoted(noted));
+            }
         }
     }
     catch (const std::bad_alloc&)

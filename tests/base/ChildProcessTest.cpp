@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <windows.h>
 #else
+#include <algorithm>
 #include <csignal>
+#include <sys/resource.h>
 #include <unistd.h>
 #endif
 
@@ -103,6 +105,88 @@ TEST(ChildProcess, OneThatIsKilledHasNoStatus)
     std::optional<ChildProcess> process = StartShell(L"kill -KILL $$");
     ASSERT_TRUE(process);
     EXPECT_EQ(process->Wait(), std::nullopt);
+}
+
+TEST(ChildProcess, TheStatusIsHandedBackOnce)
+{
+    std::optional<ChildProcess> process = StartShell(L"exit 7");
+    ASSERT_TRUE(process);
+    EXPECT_EQ(process->Wait(), 7);
+    EXPECT_EQ(process->Wait(), std::nullopt);
+}
+
+volatile std::sig_atomic_t alarms = 0;
+
+TEST(ChildProcess, ASignalThatComesMeanwhileDoesNotEndTheWaiting)
+{
+    alarms = 0;
+    struct sigaction action = {};
+    action.sa_handler = [](int) { alarms = alarms + 1; }; // without SA_RESTART: calls that wait are broken off
+    struct sigaction former = {};
+    ::sigaction(SIGALRM, &action, &former);
+    std::optional<ChildProcess> process = StartShell(L"sleep 0.2; kill -ALRM $PPID; sleep 0.2; exit 7");
+    ASSERT_TRUE(process);
+    EXPECT_EQ(process->Wait(), 7);
+    EXPECT_EQ(alarms, 1);
+    ::sigaction(SIGALRM, &former, nullptr);
+}
+
+/// Keeps the process from opening files whose number isn't below `end`, while it lives.
+class OpenFileLimit
+{
+  public:
+    explicit OpenFileLimit(int end)
+    {
+        ::getrlimit(RLIMIT_NOFILE, &former_);
+        const rlimit lower = {static_cast<rlim_t>(end), former_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &lower);
+    }
+    OpenFileLimit(const OpenFileLimit&) = delete;
+    OpenFileLimit& operator=(const OpenFileLimit&) = delete;
+    ~OpenFileLimit() { ::setrlimit(RLIMIT_NOFILE, &former_); }
+
+  private:
+    rlimit former_{};
+};
+
+/// How many limits to the open files keep a program from being started, from the lowest one that nothing fits in.
+int LimitsThatKeepFromStarting()
+{
+    const int lowest = ::dup(STDERR_FILENO);
+    ::close(lowest);
+    for (int count = 0; count < 64; ++count)
+    {
+        std::optional<ChildProcess> process;
+        {
+            const OpenFileLimit limit(std::max(lowest, STDERR_FILENO + 1) + count);
+            process = StartShell(L"exit 0");
+        }
+        if (process)
+        {
+            process->Wait();
+            return count;
+        }
+    }
+    return -1;
+}
+
+TEST(ChildProcess, WithoutRoomForAllOfItsPipesNoneIsStarted)
+{
+    EXPECT_GE(LimitsThatKeepFromStarting(), 6);
+}
+
+TEST(ChildProcess, WithoutRoomForPipesAboveTheStreamsNoneIsStarted)
+{
+    const int formerInput = ::dup(STDIN_FILENO);
+    const int formerOutput = ::dup(STDOUT_FILENO);
+    ::close(STDIN_FILENO);
+    ::close(STDOUT_FILENO);
+    const int limits = LimitsThatKeepFromStarting();
+    ::dup2(formerInput, STDIN_FILENO);
+    ::dup2(formerOutput, STDOUT_FILENO);
+    ::close(formerInput);
+    ::close(formerOutput);
+    EXPECT_GE(limits, 6);
 }
 
 TEST(ChildProcess, WritingToOneThatHasEndedRaisesNoSignal)

@@ -44,6 +44,15 @@ TEST(CompactText, AnyUnitComesBackAsItWas)
     EXPECT_EQ(CompactText(halves).Wide(), halves);
 }
 
+#ifndef _WIN32
+TEST(CompactText, AUnitThatNoCharacterCouldHaveIsReplaced)
+{
+    const std::wstring text = {static_cast<wchar_t>(0x110000), static_cast<wchar_t>(0x200000),
+                               static_cast<wchar_t>(0x7FFFFFFF)};
+    EXPECT_EQ(CompactText(text).Wide(), std::wstring(1, static_cast<wchar_t>(0x110000)) + L"\xFFFD\xFFFD");
+}
+#endif
+
 TEST(CompactText, BytesBecomeTheTextThatTheyDecodeTo)
 {
     std::mt19937 random(3);

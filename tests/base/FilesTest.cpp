@@ -371,6 +371,15 @@ TEST(Files, ANewFileHasTheModeThatTheUsersMaskLeaves)
     EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
 }
 
+TEST(Files, AMaskThatLeavesNobodyAnyPermissionIsNotObeyed)
+{
+    const TestFolder folder;
+    const mode_t former = ::umask(0777);
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
+    ::umask(former);
+    EXPECT_EQ(ModeOf(folder.Path() / "target"), 0600U);
+}
+
 TEST(Files, TheUsersMaskIsNeverTouched)
 {
     const TestFolder folder;
@@ -606,6 +615,20 @@ TEST_F(TargetOfTwoNames, ThatCanNotBePutBackLeavesItsOldContentInTheTemporaryFol
     bool taken = true;
     {
         const FailingCalls failing(SystemCall::Write, EIO, 3);
+        taken = Commit();
+    }
+    EXPECT_FALSE(taken);
+    ASSERT_EQ(temporary.Files().size(), 1U);
+    EXPECT_TRUE(temporary.Read(temporary.Files().front()) == OLD);
+}
+
+TEST_F(TargetOfTwoNames, ThatCanNotBeEmptiedLeavesItsOldContentInTheTemporaryFolder)
+{
+    bool taken = true;
+    {
+        FailingCalls failing(SystemCall::Write, EIO, 3);
+        failing.Times(2);
+        const FailingCalls longer(SystemCall::Shorten, EIO);
         taken = Commit();
     }
     EXPECT_FALSE(taken);
@@ -1075,6 +1098,52 @@ TEST(Files, WithoutAVariableTheTemporaryFolderIsTheSystems)
     EXPECT_EQ(TemporaryFolder(), L"/tmp/");
 }
 
+TEST(Files, AnEmptyVariableIsNone)
+{
+    const TestFolder folder;
+    const TemporaryFolderOverride inUse(folder.Path());
+    ::setenv("TMPDIR", "", 1);
+    EXPECT_EQ(TemporaryFolder(), L"/tmp/");
+}
+
+TEST(Files, AWorkFileTakesNoNameThatIsTaken)
+{
+    const TestFolder folder;
+    const RepeatedRandom random(3);
+    const std::optional<WorkFile> first = WorkFile::Make(folder.Name() + L"/");
+    const std::optional<WorkFile> second = WorkFile::Make(folder.Name() + L"/");
+    ASSERT_TRUE(first && second);
+    EXPECT_NE(first->Path(), second->Path());
+    EXPECT_EQ(folder.Files().size(), 2U);
+}
+
+TEST(Files, ATargetWhoseNameIsLongerThanAnyIsRefused)
+{
+    const TestFolder folder;
+    const TestFolder temporary;
+    const TemporaryFolderOverride inUse(temporary.Path());
+    EXPECT_TRUE(Replace(folder.Name(std::wstring(255, L'x')), "new"));
+    EXPECT_FALSE(Replace(folder.Name(std::wstring(256, L'x')), "new"));
+    EXPECT_EQ(folder.Files(), std::vector<std::wstring>{std::wstring(255, L'x')});
+    EXPECT_TRUE(temporary.Files().empty());
+}
+
+TEST(Files, AnotherFileUnderTheNameOfTheContentDoesNotTakeTheTargetsPlace)
+{
+    const TestFolder folder;
+    ReplacementFile file(folder.Write(L"target", "old"));
+    file.Write("new");
+    std::wstring work;
+    for (const std::wstring& name : folder.Files())
+    {
+        work = name != L"target" ? name : work;
+    }
+    std::filesystem::remove(folder.Path() / NativePath(work));
+    folder.Write(work, "planted");
+    EXPECT_TRUE(file.Commit());
+    EXPECT_EQ(folder.Read(L"target"), "new");
+}
+
 TEST(Files, AFileWhoseKindOrLengthTheSystemDoesNotTellIsNotRead)
 {
     const TestFolder folder;
@@ -1129,6 +1198,8 @@ TEST(Files, WhatIsNoPlainFileIsWrittenTo)
     EXPECT_TRUE(Replace(L"/dev/null", "new"));
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
     EXPECT_FALSE(Replace(L"/dev/full", "new"));
+    const FailingCalls failing(SystemCall::Seek, EIO);
+    EXPECT_FALSE(Replace(L"/dev/null", "new"));
 }
 
 TEST(Files, AFullDeviceIsAFailure)
@@ -1160,6 +1231,11 @@ TEST(Files, ATargetOfAnotherOwnerKeepsHim)
     ASSERT_EQ(::stat(target.c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, OTHER);
     EXPECT_TRUE(temporary.Files().empty());
+    ASSERT_EQ(::chown(target.c_str(), ::getuid(), OTHER), 0);
+    EXPECT_TRUE(Replace(folder.Name(L"target"), "newer"));
+    ASSERT_EQ(::stat(target.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, ::getuid());
+    EXPECT_EQ(status.st_gid, OTHER);
 }
 
 TEST(Files, ATargetThatTakesNoOtherNameIsCopiedOver)

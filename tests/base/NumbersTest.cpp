@@ -39,14 +39,16 @@ INSTANTIATE_TEST_SUITE_P(
                     DoubleCase{L"-5.", -5.0, 3}, DoubleCase{L"-0", -0.0, 2}, DoubleCase{L"1e3", 1000.0, 3},
                     DoubleCase{L"1E+3", 1000.0, 4}, DoubleCase{L"1e", 1.0, 1}, DoubleCase{L"1e+", 1.0, 1},
                     DoubleCase{L"1.2.3", 1.2, 3}, DoubleCase{L".", 0.0, 0}, DoubleCase{L"-", 0.0, 0},
-                    DoubleCase{L"", 0.0, 0}, DoubleCase{L"abc", 0.0, 0}, DoubleCase{L"e5", 0.0, 0},
-                    DoubleCase{L"- 5", 0.0, 0}, DoubleCase{L"0x1F", 31.0, 4}, DoubleCase{L"-0X.8p1", -1.0, 7},
-                    DoubleCase{L"0x", 0.0, 1}, DoubleCase{L"0xg", 0.0, 1}, DoubleCase{L"0x1p", 1.0, 3},
-                    DoubleCase{L"inf", BEYOND_ALL, 3}, DoubleCase{L"-INFINITY", -BEYOND_ALL, 9},
-                    DoubleCase{L"infinit", BEYOND_ALL, 3}, DoubleCase{L"1e400", BEYOND_ALL, 5},
-                    DoubleCase{L"-1e400", -BEYOND_ALL, 6}, DoubleCase{L"1e-400", 0.0, 6},
-                    DoubleCase{L"-1e-400", -0.0, 7}, DoubleCase{L"0e999999999999", 0.0, 14},
-                    DoubleCase{L"0x1p9999", BEYOND_ALL, 8}, DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
+                    DoubleCase{L"", 0.0, 0}, DoubleCase{L"\x01", 0.0, 0}, DoubleCase{L"abc", 0.0, 0},
+                    DoubleCase{L"e5", 0.0, 0}, DoubleCase{L"- 5", 0.0, 0}, DoubleCase{L"0x1F", 31.0, 4},
+                    DoubleCase{L"-0X.8p1", -1.0, 7}, DoubleCase{L"0x", 0.0, 1}, DoubleCase{L"0xg", 0.0, 1},
+                    DoubleCase{L"0x1p", 1.0, 3}, DoubleCase{L"inf", BEYOND_ALL, 3},
+                    DoubleCase{L"-INFINITY", -BEYOND_ALL, 9}, DoubleCase{L"infinit", BEYOND_ALL, 3},
+                    DoubleCase{L"1e400", BEYOND_ALL, 5}, DoubleCase{L"-1e400", -BEYOND_ALL, 6},
+                    DoubleCase{L"1e-400", 0.0, 6}, DoubleCase{L"-1e-400", -0.0, 7},
+                    DoubleCase{L"0e999999999999", 0.0, 14}, DoubleCase{L"0x0p9999", 0.0, 8},
+                    DoubleCase{L"0x0p-99999999999", 0.0, 16}, DoubleCase{L"0x1p9999", BEYOND_ALL, 8},
+                    DoubleCase{L"0x1p-9999", 0.0, 9}, DoubleCase{L"５", 0.0, 0},
                     DoubleCase{L"\x3000"
                                L"5",
                                0.0, 0}),
@@ -57,6 +59,7 @@ TEST(Numbers, NotANumberIsReadWithItsPayload)
     EXPECT_TRUE(std::isnan(ParseDouble(L"nan").value));
     EXPECT_EQ(ParseDouble(L"NaN(0x12_ab)z").length, 12U);
     EXPECT_EQ(ParseDouble(L"nan(").length, 3U);
+    EXPECT_EQ(ParseDouble(L"nan(a{)").length, 3U);
 }
 
 TEST(Numbers, LongDigitsRoundAsTheCLibraryDoes)

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <unistd.h>
 #endif
 
@@ -46,11 +47,32 @@ TEST(Streams, ATraceLineFollowsWhatTheHostHasWritten)
     EXPECT_EXIT(std::_Exit(OutputOfHost(pipe) == "host, 線形1\n" ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
+/// Puts an end of a pipe in the place of a standard stream while it lives.
+class StreamOverride
+{
+  public:
+    StreamOverride(int stream, int end) : stream_(stream), former_(::dup(stream)) { ::dup2(end, stream); }
+    StreamOverride(const StreamOverride&) = delete;
+    StreamOverride& operator=(const StreamOverride&) = delete;
+    ~StreamOverride()
+    {
+        ::dup2(former_, stream_);
+        ::close(former_);
+    }
+
+  private:
+    int stream_;
+    int former_;
+};
+
 /// What comes through a pipe of a text of a program's own.
 std::string OutputOf(const Pipe& pipe, const std::wstring& text)
 {
-    ::dup2(pipe.ends[1], STDOUT_FILENO);
-    WriteStandardOutput(text);
+    std::fflush(stdout);
+    {
+        const StreamOverride output(STDOUT_FILENO, pipe.ends[1]);
+        WriteStandardOutput(text);
+    }
     std::string taken(8192, '\0');
     taken.resize(static_cast<std::size_t>(::read(pipe.ends[0], taken.data(), taken.size())));
     return taken;
@@ -61,7 +83,26 @@ TEST(Streams, ALongTextIsWrittenWholeAndASurrogateStaysBesideItsPartner)
     const std::wstring letters(1023, L'x');
     const std::wstring text = letters + static_cast<wchar_t>(0xD842) + L"线" + letters;
     const Pipe pipe;
-    EXPECT_EXIT(std::_Exit(OutputOf(pipe, text) == Utf8FromWide(text) ? 0 : 1), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(OutputOf(pipe, text), Utf8FromWide(text));
+}
+
+/// What is read of an input that holds ten bytes.
+std::optional<std::string> InputOfTenBytes(std::size_t most)
+{
+    const Pipe pipe;
+    EXPECT_EQ(::write(pipe.ends[1], "0123456789", 10), 10);
+    ::close(pipe.ends[1]);
+    const StreamOverride input(STDIN_FILENO, pipe.ends[0]);
+    return ReadStandardInput(most);
+}
+
+TEST(Streams, AnInputIsReadToItsEndUnlessItIsLongerThanItMayBe)
+{
+    EXPECT_EQ(InputOfTenBytes(10), "0123456789");
+    EXPECT_EQ(InputOfTenBytes(9), std::nullopt);
+    const Pipe pipe;
+    const StreamOverride input(STDIN_FILENO, pipe.ends[1]);
+    EXPECT_EQ(ReadStandardInput(10), std::nullopt) << "the end that is written to can't be read";
 }
 
 TEST(Streams, AClosedStreamTakesNothing)
@@ -95,20 +136,24 @@ TEST(Streams, ATraceLineThatNobodyReadsRaisesNoSignalNeitherNowNorAtTheHostsEnd)
 TEST(Streams, ASignalThatWaitedAlreadyStillWaits)
 {
     const Pipe pipe;
-    EXPECT_EXIT(
-        {
-            sigset_t waiting;
-            sigemptyset(&waiting);
-            sigaddset(&waiting, SIGPIPE);
-            ::pthread_sigmask(SIG_BLOCK, &waiting, nullptr);
-            std::raise(SIGPIPE);
-            ::close(pipe.ends[0]);
-            ::dup2(pipe.ends[1], STDOUT_FILENO);
-            WriteStandardOutput(L"線形1\n");
-            ::sigpending(&waiting);
-            std::_Exit(sigismember(&waiting, SIGPIPE) == 1 ? 0 : 1);
-        },
-        testing::ExitedWithCode(0), "");
+    ::close(pipe.ends[0]);
+    sigset_t one;
+    sigemptyset(&one);
+    sigaddset(&one, SIGPIPE);
+    sigset_t former;
+    ::pthread_sigmask(SIG_BLOCK, &one, &former);
+    std::raise(SIGPIPE);
+    std::fflush(stdout);
+    {
+        const StreamOverride output(STDOUT_FILENO, pipe.ends[1]);
+        EXPECT_FALSE(WriteStandardOutput(L"線形1\n"));
+    }
+    sigset_t waiting;
+    ::sigpending(&waiting);
+    EXPECT_EQ(sigismember(&waiting, SIGPIPE), 1);
+    const timespec atOnce{};
+    EXPECT_EQ(::sigtimedwait(&one, nullptr, &atOnce), SIGPIPE);
+    ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }
 
 #ifdef __linux__

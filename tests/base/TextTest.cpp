@@ -280,5 +280,29 @@ TEST(Text, APairIsOneCharacter)
     EXPECT_EQ(FirstCharacters(text, 9), text);
 }
 
+TEST(Text, ANameIsComparedToItsEndAlsoWithNullCharacters)
+{
+    EXPECT_TRUE(EqualsText(L"a", L"a"));
+    EXPECT_FALSE(EqualsText(L"a", std::wstring_view(L"a\0", 2)));
+    EXPECT_FALSE(EqualsText(L"a", std::wstring_view(L"a\0b", 3)));
+    EXPECT_FALSE(EqualsText(L"ab", L"a"));
+    EXPECT_FALSE(EqualsText(L"a", L"ab"));
+}
+
+#ifndef _WIN32
+
+TEST(Text, AUnitBeyondUnicodeIsReplaced)
+{
+    EXPECT_EQ(Utf8FromWide(std::wstring(1, static_cast<wchar_t>(0x10FFFF))), "\xF4\x8F\xBF\xBF");
+    EXPECT_EQ(Utf8FromWide(std::wstring(1, static_cast<wchar_t>(0x110000))), "\xEF\xBF\xBD");
+}
+
+TEST(Text, CodePage932HasNoCharacterBeyondTheBasicPlane)
+{
+    EXPECT_EQ(Cp932FromWide(L"a😀線"), "a?\x90\xFC");
+}
+
+#endif
+
 } // namespace
 } // namespace jlandxml

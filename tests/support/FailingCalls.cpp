@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdarg>
+#include <cstring>
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -32,6 +33,7 @@ struct Failure
 
 std::array<Failure, static_cast<std::size_t>(jlandxml::SystemCall::Count)> failures;
 int userMaskCalls = 0;
+int repeatedRandom = 0;
 
 bool Fails(jlandxml::SystemCall call)
 {
@@ -77,6 +79,16 @@ FailingCalls& FailingCalls::Times(int times)
 bool FailingCalls::HasFailed() const
 {
     return failures[static_cast<std::size_t>(call_)].happened;
+}
+
+RepeatedRandom::RepeatedRandom(int times)
+{
+    repeatedRandom = times;
+}
+
+RepeatedRandom::~RepeatedRandom()
+{
+    repeatedRandom = 0;
 }
 
 int UserMaskCalls()
@@ -152,6 +164,12 @@ extern "C" int faccessat(int folder, const char* name, int mode, int flags) noex
 
 extern "C" ssize_t getrandom(void* bytes, size_t size, unsigned flags)
 {
+    if (repeatedRandom > 0)
+    {
+        --repeatedRandom;
+        std::memset(bytes, 0, size);
+        return static_cast<ssize_t>(size);
+    }
     return CallUnlessItFails<ssize_t>(SystemCall::Random, SYS_getrandom, bytes, size, flags);
 }
 

@@ -49,6 +49,16 @@ class FailingCalls
     SystemCall call_;
 };
 
+/// While it lives, the first few calls for random bytes give the same ones.
+class RepeatedRandom
+{
+  public:
+    explicit RepeatedRandom(int times);
+    RepeatedRandom(const RepeatedRandom&) = delete;
+    RepeatedRandom& operator=(const RepeatedRandom&) = delete;
+    ~RepeatedRandom();
+};
+
 /// How often the permissions that new files don't get were asked for or changed, for the whole process.
 int UserMaskCalls();
 
