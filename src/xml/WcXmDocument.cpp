@@ -140,9 +140,7 @@ struct WideWriter : pugi::xml_writer
 std::wstring_view DeclaredEncoding(const pugi::xml_document& document)
 {
     const pugi::xml_node first = document.first_child();
-    const bool isDeclaration =
-        first.type() == pugi::node_declaration && EqualsIgnoreCase(first.name(), DECLARATION_NAME);
-    return isDeclaration ? first.attribute(ENCODING).value() : L"";
+    return first.type() == pugi::node_declaration ? first.attribute(ENCODING).value() : L"";
 }
 
 pugi::xml_node FindDeclaration(const pugi::xml_document& document)

@@ -293,7 +293,8 @@ class Comparison
         TellPlaces();
     }
 
-    /// Those that were never removed stand in their old order.
+    /// Those that were never removed stand in their old order: none is passed before its turn, since no element is ever
+    /// moved, neither among its siblings nor to another parent.
     void PairStanding(Siblings& siblings) const
     {
         std::size_t place = 0;
@@ -304,14 +305,11 @@ class Comparison
             {
                 continue;
             }
-            while (place < siblings.before.size() && siblings.before[place] != original->second)
+            while (siblings.before[place] != original->second)
             {
                 ++place;
             }
-            if (place < siblings.before.size())
-            {
-                siblings.Pair(place++, now);
-            }
+            siblings.Pair(place++, now);
         }
     }
 

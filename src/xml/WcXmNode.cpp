@@ -62,9 +62,10 @@ WcXmSharedTexts* SharedTextsOf(const WcXmNode& node)
     return node.document->appDocument != nullptr ? node.document->appDocument->sharedTexts : nullptr;
 }
 
+/// The journal of a node that is there, and so a document with it. Null if none is kept.
 WcXmJournal* JournalOf(const WcXmNode& node)
 {
-    return node.document->appDocument != nullptr ? node.document->appDocument->journal.get() : nullptr;
+    return node.document->appDocument->journal.get();
 }
 
 /// The parser destroys a subtree by recursion. Taken off leaf by leaf, a deep one needs no more stack than a flat one.

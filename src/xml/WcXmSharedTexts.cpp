@@ -87,7 +87,7 @@ pugi::xml_node WcXmSharedTexts::ElementPattern(std::wstring_view name)
         return known != elements_.end() ? known->second : pugi::xml_node();
     }
     const pugi::xml_node pattern = Learn(std::wstring(L"<").append(name).append(L"/>"));
-    if (pattern.name() != name || pattern.first_attribute())
+    if (pattern.name() != name)
     {
         return {};
     }

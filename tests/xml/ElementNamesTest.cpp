@@ -43,6 +43,8 @@ TEST(ElementNames, WhatBearsNoNameIsCalledByItsKindAndNumberedWhereThereAreSever
                                    L"線形／平面線形／クロソイド", L"線形／平面線形／直線2"}));
     EXPECT_EQ(EachElement(L"<LandXML><Alignments/><Alignments/></LandXML>", NamedPath),
               (std::vector<std::wstring>{L"LandXML", L"路線1", L"路線2"}));
+    EXPECT_EQ(EachElement(L"<a><LandXML/><LandXML/></a>", NamedPath),
+              (std::vector<std::wstring>{L"a", L"a／LandXML1", L"a／LandXML2"}));
 }
 
 TEST(ElementNames, AnXPathCountsElementsAlone)
@@ -80,6 +82,25 @@ TEST(ElementNames, AWarningNamesTheFirstElementsOnly)
     EXPECT_EQ(warnings[0].path, L"/*[1]/*[1]/*[1]");
     EXPECT_EQ(warnings[0].detail, L"1（1）、2（2）、3（3）ほか1件");
     EXPECT_EQ(remarks, 3);
+}
+
+TEST(ElementNames, OfTheChildrenOfAnElementTextsAreNotVisited)
+{
+    XmlText xml(L"<a>x<b><c/></b>y<d/></a>");
+    std::wstring names;
+    ForEachElementIn(xml.Root(), [&](const WcXmNode& element) { names += element.NodeName(); });
+    EXPECT_EQ(names, L"bd");
+}
+
+TEST(ElementNames, AWarningOfADocumentWithoutATreeHasNoPlace)
+{
+    TakeWarnings();
+    WcXmDocument never;
+    WarnOfElement(WarningCause::NoRoute, WcXmNode(never));
+    const std::vector<Warning> warnings = TakeWarnings();
+    ASSERT_EQ(warnings.size(), 1U);
+    EXPECT_EQ(warnings[0].code, "no-route");
+    EXPECT_EQ(warnings[0].file + warnings[0].object + warnings[0].path + warnings[0].detail, L"");
 }
 
 } // namespace

@@ -37,6 +37,8 @@ TEST(FindFault, KnowsTheEncodingsThatFilesComeIn)
     EXPECT_EQ(Fault(Utf16(L"\xFEFF" + WideFromUtf8(BROKEN), true)), place);
     const std::string declared = "<?xml version='1.0' encoding='Shift_JIS'?>";
     EXPECT_EQ(Fault(declared + "\n<a n='\x98\x48'><b></a>"), Fault(declared + "\n<a n='x'><b></a>"));
+    // What the code page doesn't have is read as UTF-8 after all.
+    EXPECT_EQ(Fault(declared + "\n<a n='緀'><b></a>"), Fault(declared + "\n<a n='x'><b></a>"));
 }
 
 TEST(FindMalformedUtf8, CountsLinesAndCharactersAsEditorsDo)

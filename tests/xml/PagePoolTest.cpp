@@ -167,5 +167,20 @@ TEST(PagePool, WhatStandsInPagesStaysWhileOthersComeAndGo)
     EXPECT_EQ(pool.Stretches(), 0U);
 }
 
+TEST(PagePool, WithoutMemoryForAStretchThereIsNoPage)
+{
+    PagePool pool(PAGE);
+    Pages pages(pool);
+    pages.Take(PagePool::SINGLE_PAGES);
+    {
+        const FailingParserAllocation failing(0);
+        EXPECT_EQ(pool.Allocate(PAGE), nullptr);
+        EXPECT_TRUE(failing.HasFailed());
+    }
+    EXPECT_EQ(pool.Stretches(), 0U);
+    pages.Take(1);
+    EXPECT_EQ(pool.Stretches(), 1U);
+}
+
 } // namespace
 } // namespace jlandxml

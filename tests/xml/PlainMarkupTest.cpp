@@ -39,10 +39,26 @@ TEST(PlainMarkup, WhatIsSpeltInAnotherWayIsReadAllTheSame)
 
 TEST(PlainMarkup, WhatTheParserWouldDecodeOrThePrinterEscapeIsNotPlain)
 {
-    for (const std::string_view bytes :
-         {"<P>&amp;</P>", "<P>a>b</P>", "<P>\"</P>", "<P>\t</P>", "<P>1\r\n</P>", "<P>\x7F</P>", "<P>\xE7</P>",
-          "<P a='1'>1</P>", "<P a=\"1\"b=\"2\">1</P>", "<P a>1</P>", "<1>1</1>", "<P>1</Q>", "<P>1<Q/></P>", "<P> </P>",
-          "<P>1", "<P", "P", ""})
+    for (const std::string_view bytes : {"<P>&amp;</P>",
+                                         "<P>a>b</P>",
+                                         "<P>\"</P>",
+                                         "<P>\t</P>",
+                                         "<P>1\r\n</P>",
+                                         "<P>\x7F</P>",
+                                         "<P>\xE7</P>",
+                                         "<P a='1'>1</P>",
+                                         "<P a=\"1\"b=\"2\">1</P>",
+                                         "<P a>1</P>",
+                                         "<1>1</1>",
+                                         "<P>1</Q>",
+                                         "<P>1<Q/></P>",
+                                         "<P> </P>",
+                                         "<P>1",
+                                         "<P ",
+                                         "<P",
+                                         "<",
+                                         "P",
+                                         ""})
     {
         EXPECT_EQ(ReadElement(bytes), "not plain") << bytes;
     }

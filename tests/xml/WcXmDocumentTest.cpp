@@ -5,6 +5,7 @@
 #include "support/Encodings.h"
 #include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
+#include "support/ToldWarnings.h"
 #include "xml/WcXmNode.h"
 
 #include <gtest/gtest.h>
@@ -232,6 +233,8 @@ TEST_F(WcXmDocumentFiles, WhatIsMissingOrBrokenIsRefused)
     EXPECT_FALSE(Load("<a><b></a>"));
     EXPECT_FALSE(Load("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<a>"));
     EXPECT_FALSE(Load("<?xml version=\"1.0\""));
+    EXPECT_FALSE(Load("<a>&#65"));
+    EXPECT_FALSE(Load("<a>&#x"));
 }
 
 struct DeclarationCase
@@ -568,6 +571,40 @@ TEST(WcXmDocument, WithoutAParserDocumentNothingIsReadOrWritten)
     EXPECT_FALSE(document.LoadDocument(folder.Write(L"in.xml", "<a/>")));
     EXPECT_FALSE(document.EnsureDeclaration());
     EXPECT_FALSE(document.SaveDocument(folder.Name(L"out.xml")));
+}
+
+TEST_F(WcXmDocumentFiles, OfAFaultInAVeryLargeFileThePlaceIsNotLookedFor)
+{
+    const auto told = [this](std::size_t blanks) {
+        return WarningsOf([&] { EXPECT_FALSE(Load("<a>\n<b></a>" + std::string(blanks, ' '))); });
+    };
+    const std::wstring file = folder.Name(L"in.xml");
+    const Told small = told(0);
+    ASSERT_EQ(small.size(), 1U);
+    EXPECT_EQ(small[0].substr(0, small[0].rfind(L"（")), L"malformed-xml " + file + L" 2行目");
+    EXPECT_EQ(told(std::size_t{16} << 20), (Told{L"malformed-xml " + file}));
+}
+
+TEST(WcXmDocument, WithoutATreeAStepJustRuns)
+{
+    WcXmDocument document;
+    EXPECT_EQ(document.Change([] { return 7; }), 7);
+    EXPECT_EQ(document.appDocument, nullptr);
+}
+
+TEST_F(WcXmDocumentFiles, AJournalThatMemoryEndsInIsRaisedAndTheTreeIsNotWritten)
+{
+    std::string many;
+    for (int index = 0; index < 2000; ++index)
+    {
+        many += "<P/>";
+    }
+    EXPECT_TRUE(Load("<a>" + many + "</a>"));
+    {
+        const FailingParserAllocation failing(1);
+        EXPECT_THROW(document.appDocument->KeepJournal(), std::bad_alloc);
+    }
+    EXPECT_FALSE(document.appDocument->SaveDocument(folder.Name(L"out.xml")));
 }
 
 } // namespace

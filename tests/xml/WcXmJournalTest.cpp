@@ -152,6 +152,68 @@ TEST_F(WcXmJournalTest, WhatCanNotBecomeAnotherByItsValuesIsRemovedAndAdded)
     EXPECT_TRUE(changes[1].starts_with(L"added|線形1／Interval|"));
 }
 
+TEST_F(WcXmJournalTest, AFeatureThatIsRebuiltInFrontOfOthersHasMovedToo)
+{
+    Alignment().RemoveChild(At({L"Alignments", L"Alignment", L"Feature"}).appNode);
+    WcXmNode feature = Alignment();
+    Alignment().InsertElementBefore(L"Profile", L"Feature", &feature);
+    feature.SetAttribute(L"name", L"Interval");
+    WcXmNode property = feature;
+    feature.AppendChildElement(L"Property", &property);
+    property.SetAttribute(L"label", L"main");
+    property.SetAttribute(L"value", L"20");
+    EXPECT_EQ(Changes(), (Lines{L"moved|線形1／Interval|/*[1]/*[1]/*[1]/*[2]|/*[1]/*[1]/*[1]/*[1]|Feature||"}));
+}
+
+TEST_F(WcXmJournalTest, AFrameWithoutANameIsCalledByItsKindWhereItIsAllThatChanges)
+{
+    xml.Root().SetAttribute(L"version", L"1.2");
+    EXPECT_EQ(Changes(), (Lines{L"attribute added|LandXML|/*[1]||version||1.2"}));
+    WcXmNode surfaces = xml.Root();
+    xml.Root().AppendChildElement(L"Surfaces", &surfaces);
+    EXPECT_EQ(Changes(), (Lines{L"attribute added|LandXML|/*[1]||version||1.2",
+                                L"added|Surfaces||/*[1]/*[2]|Surfaces||<Surfaces/>"}));
+}
+
+/// How a text lies in the `Feature` that stands before and in the one that is built in its place.
+struct TextCase
+{
+    const char* rule;
+    const wchar_t* before;
+    const wchar_t* after;
+    bool changes; ///< false: the one goes and the other comes
+};
+
+class TextOfRebuilt : public testing::TestWithParam<TextCase>
+{};
+
+TEST_P(TextOfRebuilt, ChangesWhereItLiesInTheSameWay)
+{
+    XmlText xml(std::wstring(L"<LandXML><Feature name='F'>") + GetParam().before + L"</Feature></LandXML>");
+    xml.document.appDocument->KeepJournal();
+    xml.Root().RemoveChild(xml.Child(L"Feature").appNode);
+    pugi::xml_node root = xml.document.appDocument->xmlDocument->document_element();
+    pugi::xml_node feature = root.append_child(L"Feature");
+    feature.append_attribute(L"name").set_value(L"F");
+    const std::wstring after = GetParam().after;
+    EXPECT_TRUE(feature.append_buffer(after.data(), after.size() * sizeof(wchar_t),
+                                      pugi::parse_default | pugi::parse_fragment, pugi::encoding_wchar));
+    std::vector<WcXmChange::Kind> kinds;
+    xml.document.appDocument->journal->ForEachChange([&](const WcXmChange& change) { kinds.push_back(change.kind); });
+    using Kind = WcXmChange::Kind;
+    EXPECT_EQ(kinds, GetParam().changes ? std::vector{Kind::TextChanged}
+                                        : (std::vector{Kind::ElementRemoved, Kind::ElementAdded}));
+}
+
+INSTANTIATE_TEST_SUITE_P(WcXmJournal, TextOfRebuilt,
+                         testing::Values(TextCase{"Section", L"<![CDATA[1]]>", L"<![CDATA[2]]>", true},
+                                         TextCase{"SectionForAText", L"1", L"<![CDATA[2]]>", false},
+                                         TextCase{"SectionForNothing", L"", L"<![CDATA[2]]>", false},
+                                         TextCase{"ElementForASection", L"<![CDATA[1]]>", L"<x/>", false},
+                                         TextCase{"TextBesideAnElement", L"1<x/>", L"2<x/>", false},
+                                         TextCase{"TextAroundASection", L"1<![CDATA[2]]>", L"1<![CDATA[3]]>", false}),
+                         [](const auto& row) { return std::string(row.param.rule); });
+
 TEST_F(WcXmJournalTest, NumbersAreTheSameHoweverTheyAreSpelt)
 {
     struct Row

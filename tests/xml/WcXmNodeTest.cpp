@@ -1,5 +1,6 @@
 #include "xml/WcXmNode.h"
 
+#include "support/ParserRoom.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -413,6 +414,24 @@ TEST(WcXmNode, ATextGivesItsValueUnderTheEmptyKey)
     std::map<std::wstring, std::wstring> attributes;
     node.GetAttributes(attributes);
     EXPECT_EQ(attributes, (std::map<std::wstring, std::wstring>{{L"", L"text"}}));
+}
+
+TEST(WcXmNode, WithoutTheParsersMemoryATextIsSetOutWholeOrItsWantIsRaised)
+{
+    const auto second = [](XmlText& xml) {
+        WcXmNode node = xml.Root();
+        return node.MoveToFirstChild() && node.GetTextContent() == L"one";
+    };
+    EXPECT_GT(RefusedPages(L"<a>one<b/></a>", second), 0);
+    XmlText xml(L"<a>" + std::wstring(10000, L'1') + L"<b/></a>");
+    {
+        // A text of that length needs a page of its own.
+        const FailingParserAllocation failing(0);
+        WcXmNode node = xml.Root();
+        EXPECT_TRUE(node.MoveToFirstChild());
+        EXPECT_EQ(node.NodeName(), L"b");
+    }
+    EXPECT_EQ(xml.Text(), L"<a>" + std::wstring(10000, L'1') + L"<b/></a>");
 }
 
 } // namespace

@@ -15,6 +15,17 @@ std::string WithPoints(const std::string& content)
            "</Pnts></Definition></Surface></Surfaces></LandXML>";
 }
 
+/// So many elements, one in the other.
+std::string Nested(std::size_t depth)
+{
+    std::string text;
+    for (std::size_t level = 0; level < depth; ++level)
+    {
+        text = "<a>" + text + "</a>";
+    }
+    return text;
+}
+
 /// What the parser is handed, with "*" in the place of each passage; empty if the document is the parser's alone.
 std::string Dissected(const std::string& document)
 {
@@ -120,6 +131,15 @@ INSTANTIATE_TEST_SUITE_P(
               "<L a='?'>?<Surfaces><Surface><Definition><Pnts>*</Pnts></Definition></Surface></Surfaces></L>"},
         Place{"NoneBesideAnUnclosedComment", WithPoints("<P>1</P>") + "<!--", ""},
         Place{"NoneBesideAnUnclosedValue", "<L a='" + WithPoints("<P>1</P>").substr(8), ""},
+        Place{"NoneBesideElementsThatAreNestedDeeperThanAnyOfTheFormat",
+              "<L>" + Nested(256) + WithPoints("<P>1</P>").substr(9), ""},
+        Place{"BesideElementsThatAreNestedAsDeepAsCanBe",
+              "<L>" + Nested(255) +
+                  "<Surfaces><Surface><Definition><Pnts><P>1</P></Pnts></Definition></Surface>"
+                  "</Surfaces></L>",
+              "<L>" + Nested(255) +
+                  "<Surfaces><Surface><Definition><Pnts>*</Pnts></Definition></Surface></Surfaces>"
+                  "</L>"},
         Place{"NoneWhereATagHoldsATag", "<L <a>" + WithPoints("<P>1</P>"), ""}),
     NameOf);
 
@@ -209,6 +229,27 @@ TEST(WcXmPassages, AreNotInATreeThatLacksAPlaceholderOrHasItElsewhere)
     const std::string elsewhere = "<LandXML>" + PassagePlaceholder(0) + "</LandXML>";
     ASSERT_TRUE(tree.load_buffer(elsewhere.data(), elsewhere.size(), pugi::parse_default | pugi::parse_pi));
     EXPECT_FALSE(passages.AreIn(tree));
+}
+
+TEST(WcXmPassages, AreNotInATreeWhereOneStandsInThePlaceOfAnother)
+{
+    const auto surfaces = [](const std::string& first, const std::string& second) {
+        return "<LandXML><Surfaces><Surface><Definition><Pnts>" + first + "</Pnts><Faces>" + second +
+               "</Faces></Definition></Surface></Surfaces></LandXML>";
+    };
+    WcXmPassages passages;
+    const std::string document = surfaces("<P>1</P>", "<F>1</F>");
+    ASSERT_TRUE(passages.Find(document));
+    const auto areIn = [&](std::size_t first, std::size_t second) {
+        const std::string text = surfaces(PassagePlaceholder(first), PassagePlaceholder(second));
+        pugi::xml_document tree;
+        EXPECT_TRUE(tree.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_pi));
+        return passages.AreIn(tree);
+    };
+    EXPECT_TRUE(areIn(0, 1));
+    EXPECT_FALSE(areIn(1, 0));
+    EXPECT_FALSE(areIn(0, 0));
+    EXPECT_FALSE(areIn(1, 1));
 }
 
 } // namespace

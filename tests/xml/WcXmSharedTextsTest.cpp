@@ -201,6 +201,52 @@ TEST(WcXmSharedTexts, ADocumentWithoutAnElementSharesNothing)
     EXPECT_EQ(xml.Text(), L"");
 }
 
+TEST(WcXmSharedTexts, WhatIsAddedWithoutPatternsIsThereAllTheSame)
+{
+    XmlText xml(L"");
+    WcXmSharedTexts shared(xml.document);
+    const pugi::xml_node element = shared.AppendElement(*xml.document.appDocument->xmlDocument, L"a");
+    for (const wchar_t* const name : {L"b", L"c", L"d"})
+    {
+        EXPECT_TRUE(shared.AppendAttribute(element, name, L"1"));
+    }
+    EXPECT_EQ(xml.Text(), L"<a b=\"1\" c=\"1\" d=\"1\"/>");
+}
+
+TEST(WcXmSharedTexts, ADocumentThatFoundNoMemorySharesNothing)
+{
+    WcXmDocument document;
+    {
+        const FailingParserAllocation failing(0);
+        EXPECT_FALSE(document.Create());
+    }
+    const WcXmSharedTexts shared(document);
+    EXPECT_EQ(document.appDocument->sharedTexts, nullptr);
+}
+
+TEST_F(WcXmSharedTextsTest, HoweverManyNamesHaveOneValueEachKeepsItsOwn)
+{
+    constexpr int FAR_MORE_THAN_PLACES = 3000;
+    for (int index = 0; index < FAR_MORE_THAN_PLACES; ++index)
+    {
+        const std::wstring name = L"n" + std::to_wstring(index);
+        for (int round = 0; round < 3; ++round)
+        {
+            const pugi::xml_attribute attribute = FirstAttribute(AppendWith(name.c_str(), L"1"));
+            ASSERT_EQ(attribute.name(), name);
+            ASSERT_EQ(std::wstring(attribute.value()), L"1") << index;
+        }
+    }
+}
+
+TEST_F(WcXmSharedTextsTest, AValueWithANullCharacterIsTakenUpToItEachTime)
+{
+    for (int round = 0; round < 4; ++round)
+    {
+        EXPECT_EQ(std::wstring(FirstAttribute(AppendWith(L"code", std::wstring_view(L"a\0b", 3))).value()), L"a");
+    }
+}
+
 TEST(WcXmSharedTexts, ADocumentThatWasNeverCreatedSharesNothing)
 {
     WcXmDocument document;
