@@ -134,7 +134,8 @@ bool FViewAlignments::WriteElement(const WcXmNode& node)
     RemoveStaleRoadInfo(node);
     FViewFeature feature(format_word::NAMELESS);
     BuildRoadInfoFeature(feature);
-    return feature.WriteElement(node) && WriteChildren(node, alignments);
+    feature.WriteElement(node);
+    return WriteChildren(node, alignments);
 }
 
 void FViewAlignments::RemoveStaleRoadInfo(const WcXmNode& node) const

@@ -33,10 +33,7 @@ bool FViewCgPoint::ReadElement(const WcXmNode& /*node*/)
 bool FViewCgPoint::WriteElement(const WcXmNode& node)
 {
     WcXmNode element = node;
-    if (!node.AppendChildElement(GetElementName(), &element))
-    {
-        return false;
-    }
+    node.AppendChildElement(GetElementName(), &element);
     WritePointAttributes(element);
     if (firstCoordinate == UNSET_DOUBLE || secondCoordinate == UNSET_DOUBLE)
     {

@@ -23,14 +23,15 @@ bool WritePoints(const WcXmNode& node, Points& points)
 
 /// Writes the features of points. A `Feature` would look for its name among all that stand there; every name that the
 /// element holds is known here, so only a repeated one has to.
-bool WritePointFeatures(const WcXmNode& node, const PiCmCopyList<FViewCgPointIntermediate>& points)
+void WritePointFeatures(const WcXmNode& node, const PiCmCopyList<FViewCgPointIntermediate>& points)
 {
     std::unordered_set<std::wstring> known;
     ForEachChild(node, FViewFeature().GetElementName(),
                  [&](const WcXmNode& feature) { known.emplace(FeatureName(feature)); });
-    return std::all_of(points.begin(), points.end(), [&](const FViewCgPointIntermediate& point) {
-        return point.WriteFeature(node, !known.insert(point.featureRef).second);
-    });
+    for (const FViewCgPointIntermediate& point : points)
+    {
+        point.WriteFeature(node, !known.insert(point.featureRef).second);
+    }
 }
 
 } // namespace
@@ -53,9 +54,15 @@ bool FViewCgPointsIntermediate::ReadElement(const WcXmNode& /*node*/)
 bool FViewCgPointsIntermediate::WriteElement(const WcXmNode& node)
 {
     WriteTextAttribute(node, attribute_name::NAME, name);
+    if (!WritePoints(node, points))
+    {
+        return false;
+    }
     FViewFeature feature(INTERMEDIATE_POINTS);
     feature.properties.emplace_back(property_label::ALIGNMENT_REFS, alignmentRefs);
-    return WritePoints(node, points) && feature.WriteElement(node) && WritePointFeatures(node, points);
+    feature.WriteElement(node);
+    WritePointFeatures(node, points);
+    return true;
 }
 
 void FViewCgPointsWidthStake::Clear()
@@ -78,10 +85,15 @@ bool FViewCgPointsWidthStake::WriteElement(const WcXmNode& node)
 {
     WriteTextAttribute(node, attribute_name::NAME, name);
     WriteTextAttribute(node, attribute_name::DESC, desc);
+    if (!WritePoints(node, points))
+    {
+        return false;
+    }
     FViewFeature feature(WIDTH_STAKE_POINTS);
     feature.properties.emplace_back(property_label::ALIGNMENT_REFS, alignmentRefs);
     feature.properties.emplace_back(TYPE, type);
-    return WritePoints(node, points) && feature.WriteElement(node);
+    feature.WriteElement(node);
+    return true;
 }
 
 void FViewCgPointsIntermediateList::Number()

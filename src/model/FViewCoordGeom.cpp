@@ -289,7 +289,7 @@ void FViewCoordGeom::NameLineEnds()
         {
             element.startName = previous;
         }
-        if (isLine && element.endName.empty() && index + 1 < elements.size())
+        if (isLine && element.endName.empty()) // the last one has its name
         {
             element.endName = elements[index + 1].startName;
         }

@@ -157,10 +157,7 @@ bool FViewCrossSect::WriteElement(const WcXmNode& node)
 {
     WriteTextAttribute(node, attribute_name::NAME, name);
     WriteTextAttribute(node, attribute_name::STA, sta);
-    if (!WriteFormation(node))
-    {
-        return false;
-    }
+    WriteFormation(node);
     MaterialMap materials;
     CollectMaterials(node, materials);
     if (!RenameSurfaces(node))
@@ -168,10 +165,7 @@ bool FViewCrossSect::WriteElement(const WcXmNode& node)
         return false;
     }
     KeepExistingGround(node);
-    if (!WriteDesignSurfaces(node, materials))
-    {
-        return false;
-    }
+    WriteDesignSurfaces(node, materials);
     RemoveOpenPavements(node);
     if (IsLeftEmpty(node))
     {
@@ -180,7 +174,7 @@ bool FViewCrossSect::WriteElement(const WcXmNode& node)
     return true;
 }
 
-bool FViewCrossSect::WriteFormation(const WcXmNode& node) const
+void FViewCrossSect::WriteFormation(const WcXmNode& node) const
 {
     FViewFeature feature(FORMATION);
     if (clOffset != UNSET_DOUBLE)
@@ -191,7 +185,7 @@ bool FViewCrossSect::WriteFormation(const WcXmNode& node) const
     {
         feature.properties.emplace_back(property_label::FH_OFFSET, NumberText(fhOffset, FORMATION_DIGITS));
     }
-    return feature.WriteElement(node);
+    feature.WriteElement(node);
 }
 
 bool FViewCrossSect::RenameSurfaces(const WcXmNode& node) const
@@ -234,14 +228,14 @@ void FViewCrossSect::KeepExistingGround(const WcXmNode& node) const
     }
 }
 
-bool FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials)
+void FViewCrossSect::WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials)
 {
     std::wstring side = format_word::LEFT;
-    return ForEachChild(node, DESIGN_CROSS_SECT_SURF, [&](const WcXmNode& child) {
+    FViewDesignCrossSectSurf surface;
+    surface.materials = &materials;
+    ForEachChild(node, surface.GetElementName(), [&](const WcXmNode& child) {
         AssignSide(child, side);
-        FViewDesignCrossSectSurf surface;
-        surface.materials = &materials;
-        return surface.WriteElement(child);
+        surface.WriteElement(child);
     });
 }
 

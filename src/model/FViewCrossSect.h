@@ -55,10 +55,10 @@ class FViewCrossSect final : public FViewLandXMLBase
     FViewSurfacesList* surfacesList = nullptr;             ///< of the document, not owned; set when writing begins
 
   private:
-    bool WriteFormation(const WcXmNode& node) const;
+    void WriteFormation(const WcXmNode& node) const;
     bool RenameSurfaces(const WcXmNode& node) const;
     void KeepExistingGround(const WcXmNode& node) const;
-    static bool WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials);
+    static void WriteDesignSurfaces(const WcXmNode& node, const MaterialMap& materials);
     void ReadFormationFromSurfaces(const WcXmNode& node);
 };
 

@@ -32,9 +32,13 @@ bool FViewCrossSects::WriteElement(const WcXmNode& node)
 
 bool FViewCrossSects::WriteProfAlignRefs(const WcXmNode& node, const std::wstring& profAlignName) const
 {
-    FViewFeature feature(format_word::NAMELESS);
-    feature.properties.emplace_back(PROF_ALIGN_REFS, profAlignName);
-    return crossSects.empty() || feature.WriteElement(node);
+    if (!crossSects.empty())
+    {
+        FViewFeature feature(format_word::NAMELESS);
+        feature.properties.emplace_back(PROF_ALIGN_REFS, profAlignName);
+        feature.WriteElement(node);
+    }
+    return true;
 }
 
 void FViewCrossSects::SetOutputVersion(std::int32_t newVersion)

@@ -115,15 +115,11 @@ bool FViewDesignCrossSectSurf::WriteElement(const WcXmNode& node)
     {
         FViewFeature height;
         MakeHeightFeature(height, pavementClass);
-        if (!height.WriteElement(node))
-        {
-            return false;
-        }
+        height.WriteElement(node);
     }
-    if (!std::all_of(features.begin(), features.end(),
-                     [&](FViewFeature& feature) { return feature.WriteElement(node); }))
+    for (FViewFeature& feature : features)
     {
-        return false;
+        feature.WriteElement(node);
     }
     ClassifySurface(node);
     WriteThickness(node);

@@ -45,7 +45,7 @@ bool PlaceBefore(const WcXmNode& node, const std::vector<WcXmNode>& references, 
 {
     return std::any_of(references.begin(), references.end(), [&](const WcXmNode& reference) {
         WcXmNode element = node;
-        return node.InsertElementBefore(reference.appNode, element_name::CG_POINTS, &element) &&
+        return node.InsertElementBefore(reference.appNode, group.GetElementName(), &element) &&
                group.WriteElement(element);
     });
 }
@@ -68,9 +68,13 @@ bool PlaceGroups(const WcXmNode& node, Groups& groups)
             placedBefore = true;
             continue;
         }
+        if (placedBefore)
+        {
+            continue;
+        }
         WcXmNode element = node;
-        if (!placedBefore &&
-            !(node.AppendChildElement(element_name::CG_POINTS, &element) && group.WriteElement(element)))
+        node.AppendChildElement(group.GetElementName(), &element);
+        if (!group.WriteElement(element))
         {
             return false;
         }
@@ -262,14 +266,13 @@ bool FViewLandXML::WriteCoordinateSystem(const WcXmNode& node)
     }
     for (const wchar_t* const reference : AFTER_COORDINATE_SYSTEM)
     {
-        if (node.InsertElementBefore(reference, coordinateSystem.GetElementName(), &element) &&
-            coordinateSystem.WriteElement(element))
+        if (node.InsertElementBefore(reference, coordinateSystem.GetElementName(), &element))
         {
-            return true;
+            return coordinateSystem.WriteElement(element);
         }
     }
-    return node.AppendChildElement(coordinateSystem.GetElementName(), &element) &&
-           coordinateSystem.WriteElement(element);
+    node.AppendChildElement(coordinateSystem.GetElementName(), &element);
+    return coordinateSystem.WriteElement(element);
 }
 
 } // namespace jlandxml

@@ -145,7 +145,12 @@ template <class Element>
 bool ReadFirstChildInAnyCase(const WcXmNode& parent, Element& element)
 {
     WcXmNode child = parent;
-    return element.SelectElement(child) && (element.ReadElement(child), true);
+    const bool isThere = element.SelectElement(child);
+    if (isThere)
+    {
+        element.ReadElement(child);
+    }
+    return isThere;
 }
 
 /// Has the first child of that name, in any case, written if its name is exact; where it isn't, a later one isn't

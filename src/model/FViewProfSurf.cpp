@@ -58,10 +58,7 @@ bool FViewProfSurf::WriteElement(const WcXmNode& node)
         return true;
     }
     WcXmNode element = node;
-    if (!node.AppendChildElement(GetElementName(), &element))
-    {
-        return false;
-    }
+    node.AppendChildElement(GetElementName(), &element);
     WriteTextAttribute(element, attribute_name::NAME, name);
     if (name.empty())
     {

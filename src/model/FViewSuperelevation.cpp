@@ -43,7 +43,12 @@ bool WriteStation(const WcXmNode& node, double station)
 bool RemoveFirstChild(const WcXmNode& node, std::wstring_view name)
 {
     WcXmNode child = node;
-    return child.SelectFirstChild(name) && node.RemoveChild(child.appNode);
+    const bool isThere = child.SelectFirstChild(name);
+    if (isThere)
+    {
+        node.RemoveChild(child.appNode);
+    }
+    return isThere;
 }
 
 /// Takes the stations of the last `Feature` of that name.

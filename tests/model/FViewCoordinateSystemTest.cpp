@@ -184,5 +184,13 @@ TEST(FViewCoordinateSystem, ReadingASecondElementKeepsNothingOfTheFirst)
     ExpectEmpty(system);
 }
 
+TEST(FViewCoordinateSystem, OfItsFeatureTheDifferenceToTokyoPeilAloneIsRead)
+{
+    EXPECT_EQ(Read<FViewCoordinateSystem>(L"<CoordinateSystem><Feature><Property label='differTP' value='1.5'/>"
+                                          L"<Property label='differOP' value='2.5'/></Feature></CoordinateSystem>")
+                  .differTP,
+              L"1.5");
+}
+
 } // namespace
 } // namespace jlandxml

@@ -1,5 +1,6 @@
 #include "model/FViewCrossSects.h"
 
+#include "support/ParserRoom.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -232,6 +233,22 @@ TEST(FViewCrossSect, AGroundLineTakesTheNameOfTheSurfaceThatItClaims)
     EXPECT_EQ(other.Text(), L"<CrossSectSurf name=\"x\"/>");
     XmlText nameless(L"<CrossSectSurf Name='EG_1'/>");
     EXPECT_FALSE(RenameToSurface(nameless.Root(), surfaces));
+}
+
+TEST(FViewCrossSect, WithoutTheParsersMemoryAGroundLineTakesItsSurfacesNameOrTheWantIsRaised)
+{
+    // A name that is far shorter than the former one gets a place of its own.
+    const std::wstring composite = L"EG_" + std::wstring(100, L'1');
+    FViewSurfacesList surfaces = Surfaces(L"<Surface name='EG'/>");
+    bool isOldOneKept = false;
+    RefusedPages(L"<CrossSectSurf/>", [&](XmlText& xml) {
+        surfaces.ReleaseAll();
+        xml.Root().SetAttribute(L"name", composite);
+        const bool isRenamed = RenameToSurface(xml.Root(), surfaces);
+        isOldOneKept = isOldOneKept || (!isRenamed && xml.Root().FindAttribute(L"name") == composite);
+        return isRenamed;
+    });
+    EXPECT_TRUE(isOldOneKept);
 }
 
 TEST(FViewCrossSect, WithoutSurfacesEveryGroundLineIsRemoved)

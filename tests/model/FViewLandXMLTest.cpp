@@ -1,6 +1,7 @@
 #include "model/FViewLandXML.h"
 
 #include "model/OutputVersion.h"
+#include "support/ParserRoom.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
@@ -497,6 +498,33 @@ TEST(FViewLandXML, WritingThatFailsLeavesNothingButTheDocumentElement)
     root.ReadElement(xml.Root());
     EXPECT_FALSE(root.WriteElement(xml.Root()));
     EXPECT_FALSE(xml.Root().MoveToNextSibling());
+}
+
+TEST(FViewLandXML, AVersionThatTheStandardDoesNotHaveFailsWithTheProject)
+{
+    XmlText xml(L"<LandXML><Project/><Units><Metric/></Units></LandXML>");
+    FViewLandXML root;
+    root.ReadElement(xml.Root());
+    root.SetOutputVersion(99);
+    EXPECT_FALSE(root.WriteElement(xml.Root()));
+    EXPECT_EQ(xml.Text(), L"<LandXML><Project/><Units><Metric/></Units></LandXML>");
+}
+
+TEST(FViewLandXML, WithoutTheParsersMemoryItIsWrittenWholeOrItsWantIsRaised)
+{
+    const auto raised = [](const std::wstring& children) {
+        return RefusedPages(L"<LandXML>" + children + L"</LandXML>", [](XmlText& xml) {
+            FViewLandXML root;
+            root.ReadElement(xml.Root());
+            FViewCgPointIntermediate& point = root.intermediatePoints.emplace_back().points.emplace_back();
+            point.firstCoordinate = point.secondCoordinate = 1.0;
+            root.intermediatePoints.Number();
+            root.SetOutputVersion(4);
+            return root.WriteElement(xml.Root());
+        });
+    };
+    EXPECT_GT(raised(L"<Alignments/><Surfaces/>"), 20);
+    EXPECT_GT(raised(L""), 20);
 }
 
 TEST(FViewLandXML, ARouteThatFailsLeavesWhatStandsBehindItInTheOrderOfWriting)

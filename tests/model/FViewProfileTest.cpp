@@ -222,5 +222,11 @@ TEST(FViewProfile, AFinishedElementReadAgainGivesTheSameGroundLines)
     EXPECT_EQ(Written<FViewProfile>(finished), finished);
 }
 
+TEST(FViewProfile, ItsDesignsHaveTheirNameInTheFormat)
+{
+    EXPECT_STREQ(FViewProfile().GetElementName(), L"Profile");
+    EXPECT_STREQ(FViewProfAlign().GetElementName(), L"ProfAlign");
+}
+
 } // namespace
 } // namespace jlandxml

@@ -1,5 +1,6 @@
 #include "model/FViewSuperelevation.h"
 
+#include "support/ParserRoom.h"
 #include "support/RowName.h"
 #include "support/XmlText.h"
 
@@ -297,6 +298,22 @@ TEST(FViewSuperelevation, TheFieldsDoNotChangeByTheRepair)
     EXPECT_EQ(superelevation.beginRunoffSta, 10.0);
     EXPECT_EQ(superelevation.startofRunoutSta, 20.0);
     EXPECT_EQ(superelevation.endofRunoutSta, UNSET_DOUBLE);
+}
+
+TEST(FViewSuperelevation, WithoutTheParsersMemoryItIsWrittenWholeOrItsWantIsRaised)
+{
+    FViewSuperelevation superelevation;
+    superelevation.beginRunoffSta = 10.0;
+    superelevation.startofRunoutSta = 20.0;
+    superelevation.flatStations.push_back(L"30");
+    bool isFirstAlone = false;
+    const int raised = RefusedPages(L"<Superelevation/>", [&](XmlText& xml) {
+        const bool isWritten = superelevation.WriteElement(xml.Root());
+        isFirstAlone = isFirstAlone || (!isWritten && xml.Root().HasChild());
+        return isWritten;
+    });
+    EXPECT_GT(raised, 10);
+    EXPECT_TRUE(isFirstAlone) << "the end of run-out found a place, and its start did not";
 }
 
 } // namespace

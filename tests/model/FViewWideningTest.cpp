@@ -87,6 +87,7 @@ TEST(FViewWidening, ACodeThatTheFormatDoesNotHaveIsRemarkedOn)
     }
     EXPECT_EQ(WideningCodeRemark(L"5"), L"「5」を「0」と出力します");
     EXPECT_EQ(WideningCodeRemark(L"-1"), L"「-1」を「0」と出力します");
+    EXPECT_EQ(WideningCodeRemark(L"-"), L"「-」のまま出力します");
     EXPECT_EQ(WideningCodeRemark(L"02"), L"「02」のまま出力します");
     EXPECT_EQ(WideningCodeRemark(L"円"), L"「円」のまま出力します");
 }

@@ -1,34 +1,15 @@
 #include "model/InputWarnings.h"
 
-#include "base/Warnings.h"
 #include "model/FViewLandXML.h"
+#include "support/ToldWarnings.h"
 #include "support/XmlText.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace jlandxml
 {
 namespace
 {
-
-using Told = std::vector<std::wstring>;
-
-/// The warnings that a step gives rise to: code and detail.
-template <class Step>
-Told WarningsOf(Step&& step)
-{
-    TakeWarnings();
-    step();
-    Told told;
-    for (const Warning& warning : TakeWarnings())
-    {
-        told.push_back(std::wstring(warning.code.begin(), warning.code.end()) + L" " + warning.detail);
-    }
-    return told;
-}
 
 FViewCgPointsWidthStake StakeGroup(const wchar_t* name, const wchar_t* type, const wchar_t* file)
 {
@@ -56,6 +37,22 @@ TEST(InputWarnings, AGroupNameIsToldWhereAnotherRouteHasIt)
     groups.push_back(StakeGroup(L"左", L"open", L"1.csv"));
     groups.push_back(StakeGroup(L"左", L"open", L"2.csv"));
     EXPECT_EQ(WarningsOf([&] { WarnOfStakes(groups); }), (Told{L"same-group-name 2.csv 左"}));
+}
+
+TEST(InputWarnings, AGroupNameMayStandTwiceInOneFile)
+{
+    FViewCgPointsWidthStakeList groups;
+    groups.push_back(StakeGroup(L"左", L"open", L"1.csv"));
+    groups.push_back(StakeGroup(L"左", L"closed", L"1.csv"));
+    EXPECT_EQ(WarningsOf([&] { WarnOfStakes(groups); }), Told());
+}
+
+TEST(InputWarnings, OfGroupsThatAnOldVersionLeavesOutThoseWithPointsAreTold)
+{
+    FViewCgPointsWidthStakeList groups;
+    groups.push_back(StakeGroup(L"左", L"open", L"1.csv"));
+    groups.emplace_back().name = L"右";
+    EXPECT_EQ(WarningsOf([&] { WarnOfStakesLeftOut(groups); }), (Told{L"width-stakes-left-out 1.csv 左"}));
 }
 
 TEST(InputWarnings, EveryReferenceToAnAlignmentIsLookedAt)
@@ -119,6 +116,24 @@ TEST(InputWarnings, OnlyReferencesToPointsThatGoAreTold)
                 L"<a pntRef='2'/></Alignments></LandXML>");
     const auto names = WarnOfPoints(xml.Root());
     EXPECT_EQ(WarningsOf([&] { WarnOfReferencesTo(names, xml.Root()); }), (Told{L"dangling-pntref a1（1）"}));
+}
+
+TEST(InputWarnings, ADocumentWithoutATreeHasNeitherAFileNorAWarningButForItsRoute)
+{
+    WcXmDocument never;
+    FViewLandXML model;
+    model.alignments.emplace_back().alignments.emplace_back().name = L"A";
+    model.surfaces.emplace_back().surfaces.emplace_back().alignmentRefs = L"B";
+    EXPECT_EQ(WarningsOf([&] { WarnOfDoubtful(model, WcXmNode(never)); }), (Told{L"no-such-alignment （線形「B」）"}));
+}
+
+TEST(InputWarnings, APropertyThatNoDesignValueReadsIsToldWhereItHoldsAText)
+{
+    XmlText xml(L"<Alignment name='A'><Feature name='Interval'><Property label='x' value='5'/>"
+                L"<Property label='y' value=''/><Property label='z'/></Feature></Alignment>");
+    FViewAlignment alignment;
+    EXPECT_EQ(WarningsOf([&] { alignment.ReadElement(xml.Root()); }),
+              (Told{L"design-value-left-out A／Interval（x「5」）"}));
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "model/NumberText.h"
 
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/RowName.h"
+#include "support/ToldWarnings.h"
 #include "support/XmlText.h"
 
 #include <cmath>
@@ -233,6 +235,59 @@ INSTANTIATE_TEST_SUITE_P(NumberText, NumberPair,
                                                   L"2",
                                                   false, -1.0, -2.0}),
                          BY_TEXT);
+
+struct NoNumberCase
+{
+    const char* rule;
+    const char* text;
+    const wchar_t* told; ///< null where nothing is
+};
+
+class NoNumber : public testing::TestWithParam<NoNumberCase>
+{};
+
+TEST_P(NoNumber, IsToldOfItsElementOnOneLine)
+{
+    XmlText xml(L"<a/>");
+    const std::wstring wide = WideFromUtf8(GetParam().text);
+    const Told told =
+        GetParam().told != nullptr ? Told{std::wstring(L"number-not-whole a（") + GetParam().told + L"）"} : Told();
+    EXPECT_EQ(WarningsOf([&] {
+                  const NumberPlace place(xml.Root());
+                  EXPECT_EQ(ReadNumber(wide), 0.0);
+              }),
+              told);
+    EXPECT_EQ(WarningsOf([&] {
+                  const NumberPlace place(xml.Root());
+                  EXPECT_EQ(ReadNumber(std::string_view(GetParam().text)), 0.0);
+              }),
+              told);
+    EXPECT_EQ(WarningsOf([&] { ReadNumber(wide); }), Told());
+}
+
+INSTANTIATE_TEST_SUITE_P(NumberText, NoNumber,
+                         testing::Values(NoNumberCase{"AWord", "路線", L"「路線」"},
+                                         NoNumberCase{"ABrokenLine", "1\r\n2", L"「1  2」"},
+                                         NoNumberCase{"ATabulator", "1\t2", L"「1 2」"},
+                                         NoNumberCase{"AsLongAsARemark", "a234567890b234567890c234567890d234567890",
+                                                      L"「a234567890b234567890c234567890d234567890」"},
+                                         NoNumberCase{"LongerThanARemark", "a234567890b234567890c234567890d2345678901",
+                                                      L"「a234567890b234567890c234567890d234567890…」"},
+                                         NoNumberCase{"ARadiusThatIsStraight", "INF", nullptr}),
+                         [](const auto& row) { return std::string(row.param.rule); });
+
+TEST(NumberText, AValueIsToldOfTheElementThatIsBeingReadAndOfNoneOtherwise)
+{
+    XmlText xml(L"<a/>");
+    const auto warn = [] { WarnOfValue(WarningCause::UnknownWideningCode, L"5"); };
+    EXPECT_EQ(WarningsOf(warn), Told());
+    const Told told = WarningsOf([&] {
+        const NumberPlace place(xml.Root());
+        warn();
+    });
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].ends_with(L" a（5）")) << testing::PrintToString(told[0]);
+}
 
 } // namespace
 } // namespace jlandxml

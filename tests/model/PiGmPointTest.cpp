@@ -13,5 +13,12 @@ TEST(PiGmPoint, OneThatHoldsNothingIsUnsetInBothCoordinates)
     EXPECT_EQ(PiGmPoint().y, UNSET_DOUBLE);
 }
 
+TEST(PiGmPoint, TwoAreEqualInBothCoordinates)
+{
+    EXPECT_EQ(PiGmPoint(1.0, 2.0), PiGmPoint(1.0, 2.0));
+    EXPECT_FALSE(PiGmPoint(1.0, 2.0) == PiGmPoint(3.0, 2.0));
+    EXPECT_FALSE(PiGmPoint(1.0, 2.0) == PiGmPoint(1.0, 3.0));
+}
+
 } // namespace
 } // namespace jlandxml
