@@ -93,10 +93,6 @@ void TakeClassification(DlgDataAlignments& data, const FViewAlignments& route)
     {
         data.roadClassification = route.roadClassification;
     }
-    else if (route.designGmType == UNREADABLE_TYPE)
-    {
-        data.riverClassification = route.riverClassification;
-    }
 }
 
 std::unique_ptr<DlgDataAlignments> MakeRoute(const FViewAlignments& route)

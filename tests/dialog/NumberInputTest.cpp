@@ -207,5 +207,14 @@ TEST(NumberInput, DecimalsAreCountedUpToTen)
     }
 }
 
+TEST(NumberInput, WhatIsTypedKeepsToTheRulesBounds)
+{
+    NumberRule rule = MAIN_INTERVAL_RULE;
+    rule.typedMinimum = 5.0;
+    EXPECT_TRUE(AcceptsInput(rule, L"5"));
+    EXPECT_FALSE(AcceptsInput(rule, L"4.9"));
+    EXPECT_TRUE(AcceptsInput(rule, L""));
+}
+
 } // namespace
 } // namespace jlandxml

@@ -164,6 +164,15 @@ TEST_F(FinishOutputFileTest, WithoutADocumentItEndsInSilenceAndTheFirstWorkFileS
     EXPECT_TRUE(windows.Messages().empty());
 }
 
+TEST_F(FinishOutputFileTest, WithoutATreeItEndsInSilenceAndTheFirstWorkFileStays)
+{
+    Context().document.appDocument->xmlDocument.reset();
+    EXPECT_FALSE(FinishOutputFile(folder.Write(L"out.xml", "old"), Context()));
+    EXPECT_EQ(folder.Read(L"out.xml"), "old");
+    EXPECT_EQ(temporaryFolder.Files().size(), 1U);
+    EXPECT_TRUE(windows.Messages().empty());
+}
+
 TEST_F(FinishOutputFileTest, AFileOfTheTargetsNameInTheTemporaryFolderStays)
 {
     temporaryFolder.Write(L"out.xml", "somebody's");

@@ -190,6 +190,14 @@ TEST(FinishedDocument, ASectionsEndInASectionPartsIt)
     EXPECT_EQ(Finished(loaded.Document()), BYTE_ORDER_MARK + "<a><![CDATA[1]]]]><![CDATA[>2]]]]><![CDATA[>]]></a>\r\n");
 }
 
+TEST(FinishedDocument, WhatHasNoNameIsPrintedAsTheParserPrintsIt)
+{
+    LoadedDocument loaded("<a/>", true);
+    pugi::xml_node nameless = loaded.Document().xmlDocument->document_element().append_child(pugi::node_element);
+    nameless.append_attribute(L"").set_value(L"1");
+    EXPECT_EQ(Finished(loaded.Document()), BYTE_ORDER_MARK + "<a>\r\n\t<:anonymous :anonymous=\"1\" />\r\n</a>\r\n");
+}
+
 TEST(FinishedDocument, NothingIsOnlyTheMark)
 {
     const WcXmAppDocument document;

@@ -1,5 +1,6 @@
 #include "run/LoadRun.h"
 
+#include "base/Warnings.h"
 #include "support/FailingAllocation.h"
 #include "support/RunFixture.h"
 
@@ -44,6 +45,23 @@ TEST_F(LoadRunTest, ABrokenFileGivesAnEmptyModelAndNoMessage)
     LoadRun(WorkFile("<LandXML><CoordinateSystem name=\"c\"/>"));
     EXPECT_EQ(Context().model.coordinateSystem.name, L"");
     EXPECT_TRUE(windows.Messages().empty());
+}
+
+TEST_F(LoadRunTest, WithoutMemoryForATreeTheModelIsEmptyAndTheFileIsToldOf)
+{
+    const std::wstring work = WorkFile("<LandXML><CoordinateSystem name=\"c\"/></LandXML>");
+    LoadRun(work);
+    {
+        const FailingParserAllocation failing(0);
+        LoadRun(work);
+        EXPECT_TRUE(failing.HasFailed());
+    }
+    EXPECT_EQ(Context().model.coordinateSystem.name, L"");
+    EXPECT_TRUE(windows.Messages().empty());
+    const std::vector<Warning> warnings = TakeWarnings();
+    ASSERT_EQ(warnings.size(), 1U);
+    EXPECT_EQ(warnings[0].code, "no-memory-for-file");
+    EXPECT_EQ(warnings[0].file, work);
 }
 
 TEST_F(LoadRunTest, ASecondLoadSeesOnlyItsOwnInput)

@@ -1,6 +1,7 @@
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
 
 #include "support/SideFileFixture.h"
+#include "support/ToldWarnings.h"
 
 namespace jlandxml
 {
@@ -91,6 +92,20 @@ TEST_F(WidthStakeTest, WithoutARouteNameTheGroupsReferToNothing)
     Load<CgPointWidthStakeCSVLoader>("t\nt\na,1,2,3,4,5,6,7,8,9\nA,1,2,3,4,5,6,7,8,9\n");
     ASSERT_EQ(Model().widthStakePoints.size(), 2U);
     EXPECT_EQ(Model().widthStakePoints[0].alignmentRefs, L"");
+}
+
+TEST_F(WidthStakeTest, ATypeBehindTheLastColumnIsToldWhereItsOwnColumnHoldsNone)
+{
+    const auto told = [this](const std::string& end) {
+        return WarningsOf(
+            [&] { EXPECT_TRUE(Load<CgPointWidthStakeCSVLoader>("t\nt\nB,1,s,10,1,2,3,9.5," + end + "\n")); });
+    };
+    EXPECT_EQ(told("d,open"), Told());
+    EXPECT_EQ(told("d,open,closed"), Told());
+    const Told shifted = told("d,e,open");
+    ASSERT_EQ(shifted.size(), 1U);
+    EXPECT_TRUE(shifted[0].starts_with(L"comma-in-name ")) << testing::PrintToString(shifted[0]);
+    EXPECT_EQ(told("d,e,open,closed"), shifted);
 }
 
 } // namespace

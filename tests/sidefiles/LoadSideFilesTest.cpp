@@ -1,6 +1,7 @@
 #include "sidefiles/LoadSideFiles.h"
 
 #include "base/Files.h"
+#include "base/Warnings.h"
 #include "run/module/ExecuteQuorvane.h"
 #include "sidefiles/CgPointIntermediateCSVLoader.h"
 #include "sidefiles/CgPointWidthStakeCSVLoader.h"
@@ -166,6 +167,9 @@ TEST_F(LoadSideFilesTest, ANameInAnotherCaseCountsWhereTheSystemFindsIt)
     folder.Write(L"SUPERelevation_Temp_12.CSV", "");
     const bool found = PathExists(SideFilePath(folder.Name(), SIDE_FILES[2], 12));
     EXPECT_EQ(CountRoutes(folder.Name()), found ? 12 : 2);
+    TakeWarnings();
+    WarnOfSideFilesBeyond(folder.Name(), 2);
+    EXPECT_EQ(TakeWarnings().size(), found ? 1U : 0U);
 #ifdef _WIN32
     EXPECT_TRUE(found);
 #endif

@@ -174,5 +174,22 @@ TEST(DialogTemplate, KindsBelongToFamilies)
     }
 }
 
+TEST_F(DialogTest, DoesNothingOnChangesThatItsLogicDoesNotWatch)
+{
+    static constexpr ControlTemplate UNWATCHED[] = {{10, ControlKind::Edit, L"", 0, 0, 50, 14},
+                                                    {11, ControlKind::Tree, L"", 0, 20, 50, 50}};
+    static constexpr DialogTemplate UNWATCHED_WINDOW{6, L"窓", 180, 100, UNWATCHED};
+    Dialog dialog(UNWATCHED_WINDOW);
+    windows.SetUser([](ScriptedDialog& window) {
+        EXPECT_TRUE(window.Type(10, L"20"));
+        EXPECT_EQ(window.Text(10), L"20");
+        EXPECT_TRUE(window.ChooseTreeItem(11, window.AddTreeItem(11, nullptr, L"線形1", nullptr)));
+        EXPECT_EQ(window.TreeNotificationResult(), 0);
+        EXPECT_FALSE(window.HasEnded());
+        EXPECT_FALSE(window.PressEnter());
+    });
+    EXPECT_EQ(dialog.DoModal(), DialogResult::Cancelled);
+}
+
 } // namespace
 } // namespace jlandxml

@@ -190,5 +190,35 @@ TEST_F(ScriptedDialogTest, AControlThatTheDialogLacksIsAFaultOfTheLogic)
     });
 }
 
+TEST_F(ScriptedDialogTest, ThereIsNothingToChooseWhereThereIsNone)
+{
+    Run([&](ScriptedDialog& dialog) {
+        dialog.AddEntry(LIST, L"a");
+        events.Taken();
+        EXPECT_FALSE(dialog.ChooseEntry(EDIT, 0));
+        EXPECT_FALSE(dialog.ChooseEntry(LIST, -1));
+        EXPECT_FALSE(dialog.ChooseEntry(LIST, 1));
+        EXPECT_FALSE(dialog.ChooseTreeItem(LIST, nullptr));
+        EXPECT_FALSE(dialog.ClickTreeItem(TREE, nullptr));
+        EXPECT_EQ(events.Taken(), Lines{});
+        dialog.SelectEntry(LIST, 0);
+        dialog.SelectEntry(LIST, 1);
+        EXPECT_EQ(dialog.SelectedEntry(LIST), DialogWindow::NO_ENTRY);
+    });
+}
+
+TEST_F(ScriptedDialogTest, TheSelectionStaysWithItsEntryWhereOthersAreSortedIn)
+{
+    Run([](ScriptedDialog& dialog) {
+        dialog.AddEntry(SORTED, L"b");
+        dialog.SelectEntry(SORTED, 0);
+        dialog.AddEntry(SORTED, L"a");
+        EXPECT_EQ(dialog.SelectedEntry(SORTED), 1);
+        dialog.AddEntry(SORTED, L"c");
+        EXPECT_EQ(dialog.SelectedEntry(SORTED), 1);
+        EXPECT_EQ(dialog.EntryText(SORTED, 1), L"b");
+    });
+}
+
 } // namespace
 } // namespace jlandxml
