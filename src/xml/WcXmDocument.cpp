@@ -278,10 +278,7 @@ void WcXmAppDocument::ExpandPassages()
 
 void WcXmAppDocument::KeepJournal()
 {
-    Change([this] {
-        journal = std::make_unique<WcXmJournal>(*xmlDocument);
-        return true;
-    });
+    journal = Change([this] { return std::make_unique<WcXmJournal>(*xmlDocument); });
 }
 
 bool WcXmAppDocument::EnsureDeclaration()

@@ -6,6 +6,7 @@
 #include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToldWarnings.h"
+#include "xml/WcXmJournal.h"
 #include "xml/WcXmNode.h"
 
 #include <gtest/gtest.h>
@@ -604,6 +605,7 @@ TEST_F(WcXmDocumentFiles, AJournalThatMemoryEndsInIsRaisedAndTheTreeIsNotWritten
         const FailingParserAllocation failing(1);
         EXPECT_THROW(document.appDocument->KeepJournal(), std::bad_alloc);
     }
+    EXPECT_EQ(document.appDocument->journal, nullptr);
     EXPECT_FALSE(document.appDocument->SaveDocument(folder.Name(L"out.xml")));
 }
 
