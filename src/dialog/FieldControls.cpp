@@ -18,9 +18,10 @@ Vocabulary VocabularyOf(const DialogField& field)
     return field.vocabulary ? GetDisplayXmlTables().GetVocabulary(*field.vocabulary) : Vocabulary();
 }
 
+/// For a field that may come with the input, as every interval may.
 bool IsLocked(const DialogField& field, const DlgDataItem& object)
 {
-    return field.locked != nullptr && object.*field.locked;
+    return object.*field.locked;
 }
 
 } // namespace
