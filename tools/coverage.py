@@ -5,7 +5,7 @@
 
 The profiles are read from BUILD_FOLDER/profiles; what nothing reached goes to BUILD_FOLDER/LIST_FILE, one line or
 branch each. Sources whose path fits the pattern PASSED_OVER aren't counted, nor are constexpr functions that the compiler
-alone runs.
+alone runs, nor conditions that it alone decides (`if constexpr`).
 """
 
 import glob
@@ -94,6 +94,7 @@ def read(merged, programs, root, passed_over):
         for start, count in source.functions.items():
             if not count:
                 source.pass_over(text, start)
+        source.branches = {key: count for key, count in source.branches.items() if "if constexpr" not in text[key[0] - 1]}
     return sources
 
 
