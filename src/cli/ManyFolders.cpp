@@ -26,7 +26,7 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int HIGHEST_STATUS = static_cast<int>(ExitStatus::NoFile);
+constexpr auto HIGHEST_STATUS = static_cast<unsigned int>(ExitStatus::NoFile);
 constexpr std::size_t BAR_CELLS = 30;
 constexpr long long MINUTE = 60;
 
@@ -271,7 +271,7 @@ class FolderQueue
         listening.join();
         const std::optional<int> status = process->Wait();
         EndProcess(process);
-        if (!status || *status < 0 || *status > HIGHEST_STATUS)
+        if (!status || static_cast<unsigned int>(*status) > HIGHEST_STATUS) // that of a crash may be negative
         {
             outcome = EndedBy(BROKEN_OFF, "broken-off");
         }

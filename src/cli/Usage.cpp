@@ -184,15 +184,11 @@ void RefuseFurtherArguments(const CLI::App& app)
 {
     std::vector<std::string> rest = app.remaining();
     std::erase(rest, "--"); // nothing but the end of the options
-    if (!rest.empty() && rest.front().size() > 1 && rest.front().starts_with('-'))
+    if (!rest.empty())      // whatever isn't spelt like an option is a file or a folder
     {
         const std::string nearest = NearestOption(app, rest.front());
         throw WrongArgument(rest.front(),
                             "不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）"));
-    }
-    if (!rest.empty())
-    {
-        throw WrongArgument(rest.front(), "余分な引数です。取り除いてください");
     }
 }
 

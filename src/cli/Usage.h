@@ -29,8 +29,7 @@ void RefuseEmpty(const CLI::Option& option, const std::string& value, const std:
 /// path or link. Files that don't exist are told apart by their paths.
 void RefuseOverwriting(const CLI::Option& option, const std::string& path, const std::vector<std::string>& others);
 
-/// Throws if there are arguments that nothing was declared for. One that looks like an option is called that, with the
-/// option that it may be meant for.
+/// Throws if there are options that nothing was declared for, with the option that the first of them may be meant for.
 void RefuseFurtherArguments(const CLI::App& app);
 
 /// Makes a folder with those above it. An error number of the C library if there is none afterwards, else 0.

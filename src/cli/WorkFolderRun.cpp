@@ -120,8 +120,7 @@ Counts CountTree(std::span<const CountedElement> elements)
     Counts counts;
     for (const CountedElement& element : elements)
     {
-        const bool isThere = context.document.appDocument != nullptr;
-        counts.emplace_back(element.name, isThere ? CountElements(WcXmNode(context.document), element.path) : 0);
+        counts.emplace_back(element.name, CountElements(WcXmNode(context.document), element.path));
     }
     return counts;
 }

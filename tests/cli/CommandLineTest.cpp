@@ -500,6 +500,32 @@ TEST_F(CommandLineTest, ATemporaryFolderThatIsNotThereIsNamed)
     EXPECT_TRUE(outcome.details.ends_with("（ありません）\n")) << outcome.details;
 }
 
+TEST_F(CommandLineTest, WhatIsNoErrorOfTheWrittenFileIsToldAndLeavesTheStatus)
+{
+    WorkFile("<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem "
+             "horizontalDatum='JGD2011' horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' "
+             "staStart='0' length='1' desc='プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start>"
+             "<End>1 0</End></Line></CoordGeom></Alignment></Alignments><Monuments/></LandXML>");
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check", L"--json"});
+    EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
+    EXPECT_TRUE(outcome.err.starts_with("情報 ")) << outcome.err;
+    EXPECT_TRUE(OrderedJson::parse(outcome.out)["findings"][0].contains("row")) << outcome.out;
+}
+
+TEST_F(CommandLineTest, WhatTheWrittenFileLacksStandsInNoRow)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check", L"--json"});
+    EXPECT_EQ(outcome.status, ExitStatus::Findings);
+    const OrderedJson findings = OrderedJson::parse(outcome.out)["findings"];
+    ASSERT_EQ(findings.size(), 2U);
+    EXPECT_TRUE(findings[0].contains("row"));
+    EXPECT_TRUE(findings[1]["text"].get<std::string>().starts_with("誤り R12 単位系: ")) << findings[1];
+    EXPECT_FALSE(findings[1].contains("row"));
+}
+
 TEST_F(CommandLineTest, AnOutputFolderIsMadeAndTheFileIsNamedAfterTheWorkFolder)
 {
     const std::filesystem::path work = folder.Path() / NativePath(L"国道 1.2");
@@ -563,10 +589,29 @@ TEST_F(CommandLineTest, ADryRunDoesAllButTheWriting)
     const std::wstring settings = Settings(COMPLETING_SETTINGS);
     EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"--dry-run"}).status, ExitStatus::FileWritten);
     EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"-o", Output(), L"--dry-run"}).status, ExitStatus::FileWritten);
+    const std::wstring made = folder.Name(L"made");
+    EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"--output-dir", made, L"--dry-run"}).status,
+              ExitStatus::FileWritten);
+    EXPECT_FALSE(PathExists(made));
     EXPECT_EQ(folder.Read(L"out.xml"), "old");
     EXPECT_EQ(Run({folder.Name(), L"--dry-run"}).status, ExitStatus::Findings);
     EXPECT_EQ(Run({folder.Name(), L"-s", settings, L"-o", Output()}).status, ExitStatus::FileWritten);
     EXPECT_NE(folder.Read(L"out.xml"), "old");
+}
+
+TEST_F(CommandLineTest, ADryRunToldOfADocumentThatCannotBeFinishedIsStatusThree)
+{
+    WorkFile("<LandXML><Project/><CoordinateSystem horizontalDatum='JGD2011' horizontalCoordinateSystemName='9(X,Y)'/>"
+             "<Alignments><Alignment name='A' desc='プロジェクト名 = 名'><CrossSects><CrossSect><CrossSectSurf/>"
+             "</CrossSect></CrossSects></Alignment></Alignments></LandXML>");
+    const std::wstring settings = Settings(COMPLETING_SETTINGS);
+    for (const wchar_t* const option : {L"--dry-run", L"--quiet"})
+    {
+        const Outcome outcome = Run({folder.Name(), L"-s", settings, L"-o", Output(), option});
+        EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+        EXPECT_EQ(outcome.err, "ファイルは出力されませんでした。\n");
+        EXPECT_FALSE(PathExists(Output()));
+    }
 }
 
 TEST_F(CommandLineTest, AnOptionMayStandBehindTheFoldersAndTwoDashesEndThem)
@@ -1057,8 +1102,13 @@ TEST_F(CommandLineTest, HelpIsInTheLanguageOfTheLocale)
     const std::string english = help("en_US.UTF-8");
     EXPECT_TRUE(std::all_of(english.begin(), english.end(), [](char character) { return character > 0; })) << english;
     const VariableScope none("LC_ALL", "");
-    const VariableScope messages("LC_MESSAGES", "ja_JP.UTF-8");
-    EXPECT_NE(Run({L"--help"}).out.find("使い方"), std::string::npos);
+    {
+        const VariableScope messages("LC_MESSAGES", "ja_JP.UTF-8");
+        EXPECT_NE(Run({L"--help"}).out.find("使い方"), std::string::npos);
+    }
+    const VariableScope noMessages("LC_MESSAGES", "");
+    const VariableScope noLanguage("LANG", "");
+    EXPECT_EQ(Run({L"--help"}).out, english);
 }
 #endif
 
@@ -1134,6 +1184,46 @@ TEST_F(CommandLineTest, AnAnswerThatCannotBeWrittenIsStatusThreeWithOneLine)
         EXPECT_EQ(err, "標準出力に書き込めません\n") << Utf8FromWide(arguments[0]);
         EXPECT_EQ(status, ExitStatus::NoFile) << Utf8FromWide(arguments[0]);
     }
+}
+
+TEST_F(CommandLineTest, ALineOfJsonThatCannotBeWrittenIsStatusThree)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const auto errorOf = [](const std::vector<std::wstring>& arguments) {
+        testing::internal::CaptureStderr();
+        const ExitStatus status = [&] {
+            const FullStandardOutput full;
+            return RunCommandLine(arguments);
+        }();
+        EXPECT_EQ(status, ExitStatus::NoFile);
+        std::string err = testing::internal::GetCapturedStderr();
+        TakeWarningLines(err);
+        return err;
+    };
+    EXPECT_EQ(errorOf({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--json"}),
+              "標準出力に書き込めません\n");
+    EXPECT_TRUE(PathExists(Output()));
+    const std::string err = errorOf({folder.Name(), L"-s", folder.Name(L"missing.json"), L"--json", L"-o", Output()});
+    EXPECT_TRUE(err.ends_with("\n標準出力に書き込めません\n")) << err;
+}
+
+TEST_F(CommandLineTest, AFileThatIsWrittenToADeviceCannotBeJudged)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", L"/dev/null", L"--check"});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, "出力したファイルを読み込めません\n");
+    EXPECT_TRUE(outcome.details.starts_with("/dev/null（")) << outcome.details;
+}
+
+TEST_F(CommandLineTest, AReportThatADeviceDoesNotTakeIsStatusThree)
+{
+    WorkFile(COMPLETE_WORK_FILE);
+    const Outcome outcome =
+        Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--report", L"/dev/full"});
+    EXPECT_EQ(outcome.status, ExitStatus::NoFile);
+    EXPECT_EQ(outcome.err, "図面と計算書（--report）を書き込めません\n");
+    EXPECT_TRUE(outcome.details.starts_with("/dev/full")) << outcome.details;
 }
 #endif
 

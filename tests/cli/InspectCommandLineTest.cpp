@@ -2,11 +2,14 @@
 
 #include "base/Text.h"
 #include "inspect/SchemaValidation.h"
+#include "support/FailingAllocation.h"
 #include "support/FullStandardOutput.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <new>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 namespace jlandxml
 {
@@ -152,6 +155,45 @@ TEST_F(InspectCommandLineTest, AFileThatCannotBeReadDoesNotStopTheOthers)
     EXPECT_EQ(outcome.status, InspectStatus::NotRead);
     EXPECT_EQ(outcome.err, Utf8FromWide(broken) + ": XMLとして読み込めません（2行目）\n");
     EXPECT_TRUE(outcome.out.ends_with("誤り 0、警告 0、情報 0\n"));
+}
+
+TEST_F(InspectCommandLineTest, WithoutMemoryForOneItIsToldAndTheOthersAreStillRead)
+{
+    constexpr std::size_t EVERY_SO_MANY = 7; // those between them are of the same kinds
+    const std::wstring first = File(WITH_WARNING);
+    const std::wstring second = File(SOUND, L"次.xml");
+    const InspectOutcome whole = Run({first, second});
+    const std::string ofTheSecond = Run({second}).out;
+    int told = 0;
+    bool hasFailed = true;
+    for (std::size_t allowed = 0; hasFailed; allowed += EVERY_SO_MANY)
+    {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        std::optional<InspectStatus> status; // none where memory ends outside of both files
+        try
+        {
+            const std::vector<std::wstring> arguments{first, second};
+            const FailingAllocation failing(allowed, FailOtherwise);
+            status = RunInspectCommandLine(arguments);
+            hasFailed = failing.HasFailed();
+        }
+        catch (const std::bad_alloc&)
+        {}
+        const std::string out = testing::internal::GetCapturedStdout();
+        const std::string err = testing::internal::GetCapturedStderr();
+        if (status == InspectStatus::NotRead)
+        {
+            ++told;
+            EXPECT_TRUE(err.ends_with("メモリーが足りません\n")) << allowed << err;
+            EXPECT_TRUE(err.starts_with(Utf8FromWide(second)) || out.ends_with(ofTheSecond)) << allowed;
+        }
+        else if (status)
+        {
+            EXPECT_EQ(out, whole.out) << allowed;
+        }
+    }
+    EXPECT_GT(told, 5);
 }
 
 TEST_F(InspectCommandLineTest, AFolderIsNoFile)

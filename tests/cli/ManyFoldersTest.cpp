@@ -1,6 +1,7 @@
 #include "base/ChildProcess.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
+#include "support/FullStandardOutput.h"
 #include "support/Rounds.h"
 #include "support/RunFixture.h"
 #include "support/generator/WorkFolderGenerator.h"
@@ -17,6 +18,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 #ifdef __linux__
@@ -346,6 +348,94 @@ TEST_F(ManyFolders, WithoutATerminalThereIsNoBar)
         EXPECT_TRUE(line.starts_with("無い: ") || line.starts_with("これも無い: ")) << line;
     }
 }
+
+/// Runs with a script in the place of the program.
+class ManyFoldersOfAScript : public ManyFolders
+{
+  protected:
+    /// What is done for each folder, whose name is in the variable.
+    std::wstring Script(const std::string& text) const
+    {
+        const std::wstring path =
+            folder.Write(L"program", "#!/bin/sh\ncat >/dev/null\nfor folder; do :; done\n" + text + "\n");
+        ::chmod(Utf8FromWide(path).c_str(), 0755);
+        return path;
+    }
+};
+
+TEST_F(ManyFoldersOfAScript, AProcessThatGivesNoStatusOfTheProgramsIsBrokenOff)
+{
+    const std::wstring program = Script("case $folder in\n一) kill -KILL $$ ;;\n二) exit 200 ;;\n*) exit 3 ;;\nesac");
+    const Outcome outcome = Run(Arguments({L"一", L"二", L"三"}, {L"--json"}), program.c_str());
+    EXPECT_EQ(outcome.status, 3);
+    ASSERT_EQ(outcome.err.size(), 3U);
+    EXPECT_EQ(outcome.err[0], "一: 処理が異常終了しました");
+    EXPECT_EQ(outcome.err[1], "二: 処理が異常終了しました");
+    EXPECT_TRUE(outcome.err[2].starts_with("三: 失敗しました（終了コード3）\t")) << outcome.err[2];
+    EXPECT_EQ(ManyJson::parse(LinesOf(outcome.out)[1])["findings"][0]["code"], "broken-off");
+}
+
+TEST_F(ManyFoldersOfAScript, ALineOfJsonThatIsNotWholeIsReplaced)
+{
+    const std::wstring program =
+        Script("case $folder in\n一) printf '{\"status\": ' ;;\n*) echo '{\"status\": 0}' ;;\nesac");
+    const Outcome outcome = Run(Arguments({L"一", L"二"}, {L"--json"}), program.c_str());
+    EXPECT_EQ(outcome.status, 0);
+    const std::vector<std::string> lines = LinesOf(outcome.out);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(ManyJson::parse(lines[0])["folder"], "一");
+    EXPECT_EQ(ManyJson::parse(lines[0])["findings"][0]["code"], "no-answer");
+    EXPECT_EQ(ManyJson::parse(lines[0])["findings"][0]["text"], "処理が異常終了しました");
+    EXPECT_EQ(lines[1], "{\"status\": 0}");
+}
+
+TEST_F(ManyFoldersOfAScript, TheRouteCountOfAllIsHandedToEach)
+{
+    const std::wstring program = Script("for word; do case $word in --routes*) echo $word >&2 ;; esac; done");
+    const Outcome outcome = Run(Arguments({L"一", L"二"}, {L"--routes", L"2"}), program.c_str());
+    ASSERT_EQ(outcome.err.size(), 4U);
+    EXPECT_EQ(outcome.err[0], "一: --routes=2");
+    EXPECT_EQ(outcome.err[2], "二: --routes=2");
+    EXPECT_EQ(Run(Arguments({L"一", L"二"}, {}), program.c_str()).err.size(), 2U);
+}
+
+TEST_F(ManyFoldersOfAScript, TheTimeThatIsLeftHasItsSecondsInTwoDigits)
+{
+    constexpr std::size_t FOLDERS = 60;
+    const std::wstring program = Script("case $folder in\n000) sleep 0.3 ;;\nesac");
+    std::vector<std::wstring> folders{L"000"};
+    while (folders.size() < FOLDERS)
+    {
+        folders.push_back(std::to_wstring(folders.size()));
+    }
+    const std::string shown = [&] {
+        const TerminalScope terminal;
+        RunCommandLine(Arguments(folders, {L"--jobs", L"1"}), program);
+        return terminal.Read();
+    }();
+    const std::size_t left = shown.find(" 1/60 残り");
+    ASSERT_NE(left, std::string::npos) << shown;
+    const std::string time = shown.substr(left + std::string(" 1/60 残り").size(), 4);
+    EXPECT_EQ(time[1], ':') << time;
+    EXPECT_GE(time.substr(2), "10") << time;
+    EXPECT_NE(shown.find(" 60/60 残り0:00\r"), std::string::npos) << shown;
+}
+
+#ifdef __linux__
+TEST_F(ManyFoldersOfAScript, AnAnswerThatCannotBeWrittenIsStatusThree)
+{
+    const std::wstring program = Script("echo '{\"status\": 0}'");
+    testing::internal::CaptureStderr();
+    const ExitStatus status = [&] {
+        const FullStandardOutput full;
+        return RunCommandLine(Arguments({L"一", L"二"}, {L"--json"}), program);
+    }();
+    EXPECT_EQ(status, ExitStatus::NoFile);
+    const std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_NE(err.find("標準出力に書き込めません\n"), std::string::npos) << err;
+    EXPECT_NE(err.find("二: 出力しました\t"), std::string::npos) << err;
+}
+#endif
 
 /// The program with its arguments, in a process of its own that can be interrupted.
 class StartedProgram

@@ -318,6 +318,9 @@ constexpr MergeCase MERGES[] = {
     {"CommentsAreLeftOut", R"({})",
      R"({"_a": {"b": 1}, "routes": [{"_name": "x", "side": "a"}], "surfaceSets": {"_c": 1}})",
      R"({"routes": [{"side": "a"}], "surfaceSets": {}})"},
+    {"CommentsOfAFurtherFileAreLeftOutToo", R"({"routes": {"国道": {}}})",
+     R"({"_a": {"b": 1}, "routes": {"_b": {"side": "a"}, "国道": {"_c": 1, "side": "b"}}})",
+     R"({"routes": {"国道": {"side": "b"}}})"},
 };
 
 class SettingsMerge : public testing::TestWithParam<MergeCase>

@@ -282,6 +282,12 @@ TEST_F(SettingsUserTest, WithoutSettingsNothingIsTouched)
     EXPECT_TRUE(Deeds().empty());
 }
 
+TEST_F(SettingsUserTest, AKeyThatIsNullIsNotTouched)
+{
+    EXPECT_EQ(Act(R"({"projectName": null, "projectPhase": null, "routes": null})"), "");
+    EXPECT_TRUE(Deeds().empty());
+}
+
 TEST_F(SettingsUserTest, CommentsAreNotActedOn)
 {
     EXPECT_EQ(Act(R"({"_projectName": "a", "_routes": [{}], "_locked": {"projectName": "b"}})"), "");
@@ -352,6 +358,14 @@ TEST_F(SettingsUserTest, ANameOfSeveralObjectsMeansEachOfThem)
     Context().model.alignments.back().name = L"国道";
     EXPECT_EQ(Act(R"({"routes": {"国道": {}}})"), "");
     EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"select 1019 国道", L"select 1019 国道"}));
+}
+
+TEST_F(SettingsUserTest, ANameThatBeginsAsACommentIsReachedByTheStarAlone)
+{
+    Context().model.alignments.front().name = L"_国道";
+    EXPECT_EQ(Act(R"({"routes": {"_国道": {"trafficVolume": "1"}, "_注": 1, "県道": null, "路線1": null, "*": {}}})"),
+              "");
+    EXPECT_EQ(Deeds(), (std::vector<std::wstring>{L"select 1019 _国道"}));
 }
 
 TEST_F(SettingsUserTest, AStarWithoutObjectsIsHarmless)
@@ -728,6 +742,22 @@ TEST_F(SettingsUserTest, PrintedSettingsFedBackLeadToTheSameState)
         const PrintedJson printed = ActAndPrint(settings);
         EXPECT_EQ(ActAndPrint(printed.dump()).dump(2), printed.dump(2)) << settings;
     }
+}
+
+TEST_F(SettingsUserTest, NothingCanBeChangedInADialogThatHasEnded)
+{
+    Open([](ScriptedDialog& dialog) {
+        EXPECT_TRUE(dialog.PressEscape());
+        try
+        {
+            SettingsUser(dialog).Act(Json::parse(R"({"projectName": "国道"})"));
+            FAIL();
+        }
+        catch (const SettingsError& error)
+        {
+            EXPECT_STREQ(error.what(), "projectName: いまは変更できません");
+        }
+    });
 }
 
 } // namespace

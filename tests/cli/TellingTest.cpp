@@ -30,7 +30,8 @@ TEST(Telling, ADetailStaysWithinItsLineWhateverItHolds)
 
 TEST(Telling, ATextAndWhatIsInFrontOfItStayWithinTheirLineToo)
 {
-    EXPECT_EQ(LineOnStandardError(L"国\n道: ", PlainLine("code", L"文\t\x1B[0m\x85\x2028")), "国 道: 文  [0m  \n");
+    EXPECT_EQ(LineOnStandardError(L"国\n道: ", PlainLine("code", L"文\t\x1B[0m\x85\x2028\x2029")),
+              "国 道: 文  [0m   \n");
     testing::internal::CaptureStderr();
     TellLineOf(L"国\r道", L"文\t詳細");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "国 道: 文\t詳細\n");
@@ -54,6 +55,19 @@ TEST(Telling, JsonHoldsADetailUnlessOtherKeysSayTheSame)
     line.object = L"国道";
     line.detail = L"projectName（国道）";
     EXPECT_EQ(detailOf(line), "");
+}
+
+TEST(Telling, TheFileOfASettingsErrorIsShownBehindItUnlessItIsWhatIsWrong)
+{
+    SettingsFault ofKey{"projectName", "文字列で指定してください", {}, "a.json"};
+    SettingsFault ofFile{"b.json", "JSONとして読み込めません", {}, "b.json"};
+    const std::vector<ToldLine> lines = SettingsLines(SettingsError({ofKey, ofFile}), true);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0].text, L"projectName: 文字列で指定してください");
+    EXPECT_EQ(lines[0].detail, L"a.json");
+    EXPECT_EQ(lines[1].text, L"b.json: JSONとして読み込めません");
+    EXPECT_EQ(lines[1].detail, L"");
+    EXPECT_EQ(SettingsLines(SettingsError({ofKey}), false)[0].detail, L"");
 }
 
 } // namespace
