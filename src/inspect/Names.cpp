@@ -6,9 +6,9 @@ namespace jlandxml::inspect
 namespace
 {
 
-constexpr Sentence KINDS[] = {
+constexpr Sentence KIND_NAMES[] = {
     {L"直線", L"Line"}, {L"円曲線", L"Curve"}, {L"緩和曲線", L"Spiral"}, {L"折れ線", L"Irregular line"}};
-constexpr Sentence CLOTHOID{L"クロソイド", L"Clothoid"};
+constexpr Sentence CLOTHOID_NAME{L"クロソイド", L"Clothoid"};
 
 } // namespace
 
@@ -75,7 +75,7 @@ Detail NameOf(const Superelevation& superelevation)
 const Sentence& KindOf(const PlanElement& element)
 {
     const bool isClothoid = element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";
-    return isClothoid ? CLOTHOID : KINDS[static_cast<std::size_t>(element.kind)];
+    return isClothoid ? CLOTHOID_NAME : KIND_NAMES[static_cast<std::size_t>(element.kind)];
 }
 
 Detail NameOf(const Alignment& alignment, const PlanElement& element)

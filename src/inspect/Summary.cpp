@@ -15,7 +15,7 @@ namespace
 /// The texts of surfaces' coordinates aren't kept: up to so many decimals, as far as they say something.
 constexpr int DIGITS_OF_SURFACES = 6;
 
-constexpr Sentence NOT_GIVEN{L"（指定なし）", L"(not given)"};
+constexpr Sentence NOTHING_GIVEN{L"（指定なし）", L"(not given)"};
 
 /// A line of the summary: how far it is indented, its label and what follows.
 class SummaryWriter
@@ -41,7 +41,7 @@ class SummaryWriter
         return language_ == Language::Japanese ? word.japanese : word.english;
     }
 
-    std::wstring Given(std::wstring_view text) const { return NameOr(text, Word(NOT_GIVEN)); }
+    std::wstring Given(std::wstring_view text) const { return NameOr(text, Word(NOTHING_GIVEN)); }
 
     /// Parts with commas between them; empty ones are left out.
     std::wstring Listed(std::initializer_list<std::wstring_view> parts) const
