@@ -9,6 +9,7 @@ if(NOT CMARK_PROGRAM)
 endif()
 
 set(manual_files)
+set(manual_pictures)
 foreach(page ${JLANDXML_MANUAL_PAGES})
     set(source ${PROJECT_SOURCE_DIR}/docs/${page}.md)
     set(made ${JLANDXML_MANUAL_FOLDER}/${page}.html)
@@ -31,3 +32,10 @@ foreach(picture ${manual_pictures})
     list(APPEND manual_files ${JLANDXML_MANUAL_FOLDER}/${picture})
 endforeach()
 add_custom_target(manual_html ALL DEPENDS ${manual_files})
+
+# One after the other: a page that an earlier build has made of a document that is gone may lie in the folder too.
+foreach(page ${JLANDXML_MANUAL_PAGES})
+    install(FILES ${JLANDXML_MANUAL_FOLDER}/${page}.html DESTINATION ${CMAKE_INSTALL_DOCDIR}/manual)
+endforeach()
+list(TRANSFORM manual_pictures PREPEND ${JLANDXML_MANUAL_FOLDER}/)
+install(FILES ${manual_pictures} DESTINATION ${CMAKE_INSTALL_DOCDIR}/manual/images)
