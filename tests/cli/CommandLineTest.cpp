@@ -168,7 +168,7 @@ TEST_F(CommandLineTest, ASoundFileIsCheckedWithoutAWord)
 {
     WorkFile(
         "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
-        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' desc="
+        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='1' desc="
         "'プロジェクト名 = 名'/></Alignments></LandXML>");
     const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check"});
     EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
@@ -519,11 +519,15 @@ TEST_F(CommandLineTest, WhatTheWrittenFileLacksStandsInNoRow)
     const Outcome outcome =
         Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check", L"--json"});
     EXPECT_EQ(outcome.status, ExitStatus::Findings);
-    const OrderedJson findings = OrderedJson::parse(outcome.out)["findings"];
-    ASSERT_EQ(findings.size(), 2U);
-    EXPECT_TRUE(findings[0].contains("row"));
-    EXPECT_TRUE(findings[1]["text"].get<std::string>().starts_with("誤り R12 単位系: ")) << findings[1];
-    EXPECT_FALSE(findings[1].contains("row"));
+    int lacking = 0;
+    const OrderedJson line = OrderedJson::parse(outcome.out);
+    for (const OrderedJson& finding : line["findings"])
+    {
+        const bool isOfUnits = finding["text"].get<std::string>().starts_with("誤り R12 単位系: ");
+        EXPECT_NE(finding.contains("row"), isOfUnits) << finding;
+        lacking += isOfUnits ? 1 : 0;
+    }
+    EXPECT_EQ(lacking, 1);
 }
 
 TEST_F(CommandLineTest, AnOutputFolderIsMadeAndTheFileIsNamedAfterTheWorkFolder)
