@@ -293,8 +293,7 @@ class Comparison
         TellPlaces();
     }
 
-    /// Those that were never removed stand in their old order: none is passed before its turn, since no element is ever
-    /// moved, neither among its siblings nor to another parent.
+    /// Those that were never removed stand in their old order.
     void PairStanding(Siblings& siblings) const
     {
         std::size_t place = 0;
@@ -305,11 +304,14 @@ class Comparison
             {
                 continue;
             }
-            while (siblings.before[place] != original->second)
+            while (place < siblings.before.size() && siblings.before[place] != original->second)
             {
                 ++place;
             }
-            siblings.Pair(place++, now);
+            if (place < siblings.before.size())
+            {
+                siblings.Pair(place++, now);
+            }
         }
     }
 

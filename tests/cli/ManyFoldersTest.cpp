@@ -401,10 +401,10 @@ TEST_F(ManyFoldersOfAScript, TheRouteCountOfAllIsHandedToEach)
 
 TEST_F(ManyFoldersOfAScript, TheTimeThatIsLeftHasItsSecondsInTwoDigits)
 {
-    constexpr std::size_t FOLDERS = 60;
+    constexpr std::size_t FOLDERS_OF_A_MINUTE = 60;
     const std::wstring program = Script("case $folder in\n000) sleep 0.3 ;;\nesac");
     std::vector<std::wstring> folders{L"000"};
-    while (folders.size() < FOLDERS)
+    while (folders.size() < FOLDERS_OF_A_MINUTE)
     {
         folders.push_back(std::to_wstring(folders.size()));
     }

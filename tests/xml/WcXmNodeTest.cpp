@@ -423,7 +423,7 @@ TEST(WcXmNode, WithoutTheParsersMemoryATextIsSetOutWholeOrItsWantIsRaised)
         return node.MoveToFirstChild() && node.GetTextContent() == L"one";
     };
     EXPECT_GT(RefusedPages(L"<a>one<b/></a>", second), 0);
-    XmlText xml(L"<a>" + std::wstring(10000, L'1') + L"<b/></a>");
+    XmlText xml(L"<a>" + std::wstring(20000, L'1') + L"<b/></a>");
     {
         // A text of that length needs a page of its own.
         const FailingParserAllocation failing(0);
@@ -431,7 +431,7 @@ TEST(WcXmNode, WithoutTheParsersMemoryATextIsSetOutWholeOrItsWantIsRaised)
         EXPECT_TRUE(node.MoveToFirstChild());
         EXPECT_EQ(node.NodeName(), L"b");
     }
-    EXPECT_EQ(xml.Text(), L"<a>" + std::wstring(10000, L'1') + L"<b/></a>");
+    EXPECT_EQ(xml.Text(), L"<a>" + std::wstring(20000, L'1') + L"<b/></a>");
 }
 
 } // namespace
