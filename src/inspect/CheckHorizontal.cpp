@@ -83,17 +83,19 @@ class Rotations
     bool IsWrong(std::size_t index) const { return areWrong_[index]; }
 
   private:
-    /// A curve's length tells its sweep from that to the other side.
+    /// A curve's length tells its sweep from that to the other side: where it fits that one, and not its own. A half
+    /// circle's fits both, a wrong length neither.
     static bool IsCurveWrong(const PlanElement& curve)
     {
         if (!IsPlacedCurve(curve) || !curve.length.IsFinite() || Turn(curve.rot) == 0)
         {
             return false;
         }
-        const auto miss = [&](std::wstring_view rot) {
-            return std::abs(curve.length.value - RadiusOf(curve) * Sweep(curve, rot));
+        const auto fits = [&](std::wstring_view rot) {
+            constexpr double NEAR = 0.1; // metres, the second tolerance of a length
+            return std::abs(curve.length.value - RadiusOf(curve) * Sweep(curve, rot)) <= NEAR;
         };
-        return miss(Opposite(curve.rot)) < miss(curve.rot);
+        return fits(Opposite(curve.rot)) && !fits(curve.rot);
     }
 
     static bool IsSpiralWrong(const PlanElement& spiral)

@@ -89,9 +89,20 @@ void ElementReader::Skip(pugi::xml_node element)
     ++file_.skipped[place->second].count;
 }
 
+namespace
+{
+
+/// An end of a spiral where it is straight has no radius.
+bool MayBeInfinite(std::wstring_view attribute)
+{
+    return attribute == L"radiusStart" || attribute == L"radiusEnd";
+}
+
+} // namespace
+
 Figure ElementReader::Noted(Figure figure, std::wstring_view what, std::size_t line)
 {
-    if (figure.IsWritten() && !figure.IsNumber())
+    if (figure.IsWritten() && !figure.IsFinite())
     {
         file_.unreadable.push_back({std::wstring(what), figure.text, line});
     }
@@ -101,7 +112,7 @@ Figure ElementReader::Noted(Figure figure, std::wstring_view what, std::size_t l
 Figure ElementReader::Number(pugi::xml_node element, const wchar_t* attribute)
 {
     const Figure figure = ReadFigure(AttributeText(element, attribute));
-    if (!figure.IsWritten() || figure.IsNumber())
+    if (figure.IsFinite() || (figure.IsNumber() && MayBeInfinite(attribute)))
     {
         return figure;
     }
@@ -175,7 +186,7 @@ void ElementReader::ExpectFigures(const std::vector<Feature>& features, std::wst
     {
         for (const Property& property : feature.properties)
         {
-            if (feature.name == name && property.label == label && !ReadFigure(property.value).IsNumber())
+            if (feature.name == name && property.label == label && !ReadFigure(property.value).IsFinite())
             {
                 file_.unreadable.push_back({std::wstring(label), property.value, property.line});
             }

@@ -72,6 +72,12 @@ constexpr const char* FIRST_CURVE = "<CoordGeom><Curve rot=\"ROT\" radius=\"100\
                                     "18095.12405536</Start><Center>12538.70108332 18183.82513868</Center><End "
                                     "name=\"BP\">12450.00000000 18230.00000000</End></Curve>";
 
+/// Of four decimals, so that the half on one side is a tenth of a millimetre longer.
+constexpr const char* HALF_CIRCLE =
+    "<CoordGeom><Curve rot=\"ROT\" radius=\"100\" length=\"314.159\"><Start "
+    "name=\"AA\">12500.0000 18000.0000</Start><Center>12600.0000 18000.0000</Center><End "
+    "name=\"AB\">12700.0000 18000.0001</End></Curve>";
+
 constexpr const char* FAR_ALIGNMENT =
     "<Alignment name=\"線形2\" length=\"500\" staStart=\"0\"><CoordGeom><Line length=\"500\"><Start>13000 "
     "18000</Start><End>13000 18500</End></Line></CoordGeom></Alignment></Alignments>";
@@ -93,6 +99,13 @@ const Case CASES[] = {
     {"ElementsOfOneNameAreCounted", L"X01", {{"<Pnts>", "<W/><W/><Pnts>"}}, {"情報 Definition/W"}},
     {"ATextForAFigure", L"X02", {{"value=\"62.3\"", "value=\".\""}}, {"誤り tangentDirectionAngle"}},
     {"ATextForAnAttribute", L"X02", {{"length=\"110.000000\"", "length=\"110m\""}}, {"誤り Line@length"}},
+    {"ALengthWithoutEnd", L"X02", {{"length=\"110.000000\"", "length=\"INF\""}}, {"誤り Line@length"}},
+    {"AStationBeyondEveryNumber",
+     L"X02",
+     {{"name=\"No.3\" sta=\"60.000\"", "name=\"No.3\" sta=\"1e999\""}},
+     {"誤り CrossSect@sta"}},
+    {"AHeightWithoutEnd", L"X02", {{"<PVI>0.000 105.000", "<PVI>0.000 INF"}}, {"誤り PVI"}},
+    {"AnIntervalWithoutEnd", L"X02", {{"label=\"main\" value=\"20.\"", "label=\"main\" value=\"INF\""}}, {"誤り main"}},
     {"ARadiusWithoutAnEnd", L"X02", {{"radiusStart=\"INF\"", "radiusStart=\"-INF\""}}, {}},
     {"AChildOfAFeatureThatNobodyKnows",
      L"X01",
@@ -305,6 +318,10 @@ const Case CASES[] = {
      {{"<End name=\"KE.1-1\">12521.99785226", "<End name=\"KE.1-1\">12521.99875226"}},
      {}},
     {"ACurveTurnedRound", L"H08", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {"誤り " + CURVE}},
+    {"ACurveTenTimesTooLong", L"H03", {{"length=\"96.000000\"", "length=\"960.000000\""}}, {"誤り " + CURVE}},
+    {"ACurveTenTimesTooLongIsNotTurnedRound", L"H08", {{"length=\"96.000000\"", "length=\"960.000000\""}}, {}},
+    {"AHalfCircle", L"H08", {{"<CoordGeom>", HALF_CIRCLE}, {"ROT", "cw"}}, {}},
+    {"TheOtherHalfOfACircle", L"H08", {{"<CoordGeom>", HALF_CIRCLE}, {"ROT", "ccw"}}, {}},
     {"ACurveTurnedRoundIsNotAlsoTooLong", L"H03", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {}},
     {"ACurveTurnedRoundDoesNotAlsoBend", L"H05", {{"<Curve rot=\"cw\"", "<Curve rot=\"ccw\""}}, {}},
     {"ACurveTurnedRoundWithoutALength",
