@@ -1,5 +1,5 @@
-# Makes a page of a document. Headings can be linked to, and links between documents lead to their pages; a document that
-# has none is named without a link.
+# Makes a page of a document. Headings can be linked to, and links between documents lead to their pages; one that is
+# installed in the folder above (the READMEs) is linked to as it is, any other is named without a link.
 #
 #   cmake -DCMARK=<cmark-gfm> -DSOURCE=<document> -DPAGES=<names of the documents that are pages> -DPAGE=<file to be made>
 #         -P ManualPage.cmake
@@ -44,7 +44,7 @@ string(APPEND body "${rest}")
 foreach(name ${PAGES})
     string(REPLACE "href=\"${name}.md" "href=\"${name}.html" body "${body}")
 endforeach()
-string(REGEX REPLACE "<a href=\"[^\"]*\\.md[^\"]*\">([^<]*)</a>" "\\1" body "${body}")
+string(REGEX REPLACE "<a href=\"([^.\"]|\\.\\./[^A-Z\"])[^\"]*\\.md[^\"]*\">([^<]*)</a>" "\\2" body "${body}")
 
 set(language en)
 if(SOURCE MATCHES "\\.ja\\.md$")

@@ -60,7 +60,20 @@ jlandxml_inside(CLI11 ${version} BSD-3-Clause ${packages_documents}/libcli11-dev
 jlandxml_version(version ${nlohmann_parent}/nlohmann/json.hpp "version ([0-9.]+)")
 jlandxml_inside(nlohmann-json ${version} MIT ${packages_documents}/nlohmann-json3-dev/copyright)
 if(MINGW)
-    jlandxml_inside(gcc-runtime ${CMAKE_CXX_COMPILER_VERSION} "GPL-3.0-or-later WITH GCC-exception-3.1"
+    # The package's version tells which patches the runtime has; the compiler tells only a short one.
+    set(gcc_version ${CMAKE_CXX_COMPILER_VERSION})
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE
+        COMMAND_ERROR_IS_FATAL ANY)
+    file(REAL_PATH "${libgcc}" libgcc)
+    find_program(DPKG_QUERY_PROGRAM dpkg-query)
+    if(DPKG_QUERY_PROGRAM)
+        execute_process(COMMAND ${DPKG_QUERY_PROGRAM} --search ${libgcc} OUTPUT_VARIABLE owner ERROR_QUIET)
+        if(owner MATCHES "^([^:, ]+)[:,]")
+            execute_process(COMMAND ${DPKG_QUERY_PROGRAM} --show "--showformat=\${Version}" ${CMAKE_MATCH_1} OUTPUT_VARIABLE gcc_version
+                COMMAND_ERROR_IS_FATAL ANY)
+        endif()
+    endif()
+    jlandxml_inside(gcc-runtime ${gcc_version} "GPL-3.0-or-later WITH GCC-exception-3.1"
         ${packages_documents}/gcc-mingw-w64-x86-64-posix/copyright)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c - INPUT_FILE ${PROJECT_SOURCE_DIR}/packaging/windows/RuntimeVersion.h
         OUTPUT_VARIABLE version OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -70,8 +83,23 @@ if(MINGW)
         ${packages_documents}/mingw-w64-x86-64-dev/copyright)
 endif()
 
+# Debian's notices name the licences that every Debian has; where the products go, nobody has them.
+function(jlandxml_append_licences)
+    string(REGEX MATCHALL "/usr/share/common-licenses/[A-Za-z0-9.-]*[A-Za-z0-9]" licences "${notices}")
+    list(REMOVE_DUPLICATES licences)
+    list(SORT licences)
+    foreach(licence ${licences})
+        if(EXISTS ${licence})
+            file(READ ${licence} text)
+            string(APPEND notices "\n${licence}\n\n${text}\n")
+        endif()
+    endforeach()
+    set(notices "${notices}" PARENT_SCOPE)
+endfunction()
+
 # Writes both files.
 function(jlandxml_write_notices folder)
+    jlandxml_append_licences()
     string(TIMESTAMP created UTC) # SOURCE_DATE_EPOCH where that is set
     string(UUID document NAMESPACE 6ba7b811-9dad-11d1-80b4-00c04fd430c8 TYPE SHA1
         NAME "jlandxml-convert ${PROJECT_VERSION} ${CMAKE_SYSTEM_NAME} ${spdx_packages}")

@@ -25,6 +25,7 @@ build() { # SUFFIX: builds both and packs them in build/packagesSUFFIX
     rm -rf "build/packages$1"
     for preset in release release-windows; do
         folder=build/package-$preset$1
+        rm -rf "$folder" # what an earlier build has found or left there would come along
         cmake --preset "$preset" -B "$folder" >/dev/null
         nice cmake --build "$folder" -- --quiet
         pack "$folder" "build/packages$1"
@@ -49,7 +50,6 @@ case ${1:-} in
 --check)
     prepare
     build ""
-    rm -rf build/package-release-again build/package-release-windows-again
     CCACHE_DISABLE=1 build -again
     diff -r build/packages build/packages-again
     echo "The second build gives the same bytes."

@@ -4,7 +4,7 @@
 # built and run, the manual page is read; then everything is removed, and the same files and the same registry must be there as
 # before. As root.
 #
-#   tools/try-packages.sh [deb] [tgz] [zip] [installer]    all four without arguments
+#   tools/try-packages.sh [deb] [tgz] [zip] [installer] [unattended]    all without arguments
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -255,12 +255,77 @@ try_installer_for() { # WHO REGISTRY_KEY LOCALE TITLE NAME_IN_THE_REGISTRY
     grep REG_ "$work/$name.key"
     grep -q "DisplayName.*$5" "$work/$name.key"
     use_on_windows "$folder" "$name"
-    tools/wine.sh "$folder/uninstall.exe" "/$1" /S
+    find "$WINEPREFIX/drive_c" -name '*.lnk' | grep 'Start Menu/Programs/J-LandXML' # the manual
+    tools/wine.sh "$folder/uninstall.exe" /S
     for _ in $(seq 100); do
         [ -d "$folder" ] || break
         sleep 0.2
     done
     nothing_left "$name"
+    unset WINE_LOCALE
+}
+ends_with() { # STATUS COMMAND...
+    local status=0
+    timeout 120 "${@:2}" || status=$?
+    [ "$status" = "$1" ] || { echo "status $status, not $1: ${*:2}"; exit 1; }
+}
+wait_for_end_of() { # FOLDER
+    timeout 60 /usr/lib/wine/wineserver64 -w
+    [ ! -e "$1" ] || { echo "$1 is left"; exit 1; }
+}
+# Waited for, as the list of programs has it.
+uninstall() { # STATUS FOLDER
+    ends_with "$1" tools/wine.sh "$2/uninstall.exe" /S "_?=$(tools/wine.sh winepath -w "$2" | tr -d '\r')"
+}
+# What administrators count on: in a script, without a person to answer, on machines that have it already.
+try_unattended() {
+    told "the installer, unattended"
+    export WINE_LOCALE=en_US.UTF-8
+    new_wine unattended
+    local installer users own everybodys window=
+    installer=$(echo "$packages"/*.exe)
+    own=$WINEPREFIX/drive_c/own
+
+    ends_with 0 tools/wine.sh "$installer" /S /AllUsers
+    ends_with 0 tools/wine.sh "$installer" /S /CurrentUser
+    everybodys="$WINEPREFIX/drive_c/Program Files/JLandXmlConvert"
+    users=$(find "$WINEPREFIX/drive_c/users" -type d -name JLandXmlConvert -path '*Program*' -print -quit)
+    ends_with 0 tools/wine.sh "$everybodys/uninstall.exe" /S
+    wait_for_end_of "$everybodys"
+    [ -f "$users/bin/jlandxml-convert.exe" ]
+    in_registry HKCU >/dev/null
+    if in_registry HKLM >/dev/null 2>&1; then echo "everybody's entry is left"; exit 1; fi
+    told "each uninstaller takes away its own"
+
+    echo "a user's" >"$users/own.txt"
+    ends_with 0 tools/wine.sh "$installer" /S /CurrentUser '/D=C:\own'
+    [ -f "$own/bin/jlandxml-convert.exe" ]
+    [ "$(find "$users" -type f)" = "$users/own.txt" ]
+    rm -r "$users"
+    told "/D= is heeded; of what was there before nothing is left but a user's own file"
+
+    tools/wine.sh "$own/bin/jlandxml-convert.exe" --dialog "$own/$documents/examples/road" &
+    local program=$!
+    for _ in $(seq 600); do
+        window=$(xdotool search --onlyvisible --name J-LandXML | tail -1) && [ -n "$window" ] && break
+        sleep 0.2
+    done
+    (cd "$own" && find . -type f -exec sha256sum {} + | sort) >"$work/unattended.own"
+    ends_with 32 tools/wine.sh "$installer" /S /CurrentUser
+    uninstall 32 "$own"
+    (cd "$own" && find . -type f -exec sha256sum {} + | sort) | diff "$work/unattended.own" -
+    in_registry HKCU >/dev/null
+    while xdotool search --onlyvisible --name J-LandXML >/dev/null 2>&1; do
+        xdotool windowfocus "$window" key Escape || true
+        sleep 0.3
+    done
+    wait "$program"
+    told "in use: status 32, nothing is changed"
+
+    uninstall 0 "$own"
+    wait_for_end_of "$own"
+    rmdir "$(dirname "$users")" 2>/dev/null || true # it held the user's own file when it should have gone
+    nothing_left unattended
     unset WINE_LOCALE
 }
 try_installer() {
@@ -273,7 +338,7 @@ try_installer() {
     done
 }
 
-[ $# -gt 0 ] || set -- deb tgz zip installer
+[ $# -gt 0 ] || set -- deb tgz zip installer unattended
 for one in "$@"; do
     "try_$one"
 done

@@ -1,7 +1,8 @@
 #!/bin/sh
-# Runs a Windows program under Wine, quietly and with a folder of its own for what Wine keeps.
+# Runs a Windows program under Wine, quietly and with a folder of its own for what Wine keeps; entries of the Start menu don't
+# come into the desktop's own menu.
 export WINEPREFIX="${WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/jlandxml-wine}"
-export WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml="
+export WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 export LC_ALL="${WINE_LOCALE:-ja_JP.UTF-8}"
 wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
 # Without a window manager the driver of X11 waits two seconds for each window that goes, where it believes in one.

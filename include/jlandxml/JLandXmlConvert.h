@@ -3,10 +3,10 @@
  * The J-LandXML converter as a host application calls it: one function of JLandXmlConvert.dll (Windows) or
  * libJLandXmlConvert.so (Linux). Plain C11 or C++.
  *
- * Link with the module, or load it when it is needed:
+ * Link with the module, or load it when it is needed, by its whole path, so that no other file of that name is found:
  *
  * @code{.c}
- * HMODULE module = LoadLibraryW(L"JLandXmlConvert.dll");
+ * HMODULE module = LoadLibraryExW(L"C:\\Program Files\\Host\\JLandXmlConvert.dll", NULL, LOAD_LIBRARY_SEARCH_SYSTEM32);
  * ExecuteQuorvaneFunction execute = (ExecuteQuorvaneFunction)(void*)GetProcAddress(module, "ExecuteQuorvane");
  * execute(L"C:\\Users\\me\\AppData\\Local\\Temp\\export", 2);
  * @endcode

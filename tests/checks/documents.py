@@ -241,7 +241,7 @@ def main():
     for program in programs:
         problems += check_options(program, texts)
     for folder in pages:
-        problems += check_pages(pathlib.Path(folder))
+        problems += check_pages(pathlib.Path(folder), source)
     print("\n".join(problems))
     sys.exit(1 if problems else 0)
 

@@ -135,7 +135,7 @@ class Installed:
     def check_documents(self):
         """Whatever a reader follows is there."""
         texts = documents(self.documents)
-        for problem in [*check_links(self.documents, texts), *check_pages(self.documents / "manual")]:
+        for problem in [*check_links(self.documents, texts), *check_pages(self.documents / "manual", self.documents)]:
             expect(False, problem)
 
     def check_programs(self, version):

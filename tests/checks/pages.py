@@ -54,7 +54,9 @@ class Page(html.parser.HTMLParser):
         self.language = attributes.get("lang", self.language) if tag == "html" else self.language
 
 
-def check_pages(folder):
+def check_pages(folder, above):
+    """The manual's pages. What they find in the folder above, once they are installed, lies in the folder `above`."""
+    texts = documents(above)
     pages = {path.name: Page(path) for path in folder.glob("*.html")}
     if "manual.ja.html" not in pages:
         yield f"{folder}: no manual"
@@ -65,7 +67,11 @@ def check_pages(folder):
             yield f"{name}: two headings {twice}"
         for link in page.links:
             path, _, heading = urllib.parse.unquote(link).partition("#")
-            if not (folder / (path or name)).exists():
+            if path.startswith("../"):
+                headings = {anchor(one) for one in re.findall(r"^#+ (.*)$", FENCED.sub("", texts.get(path[3:], "")), re.M)}
+                if path[3:] not in texts or heading and heading not in headings:
+                    yield f"{name}: {link} isn't there"
+            elif not (folder / (path or name)).exists():
                 yield f"{name}: {link} isn't there"
             elif heading and heading not in pages[path or name].anchors:
                 yield f"{name}: {link}: no such heading"
