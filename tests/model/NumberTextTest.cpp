@@ -279,10 +279,11 @@ INSTANTIATE_TEST_SUITE_P(NumberText, NoNumber,
 TEST(NumberText, AValueIsToldOfTheElementThatIsBeingReadAndOfNoneOtherwise)
 {
     XmlText xml(L"<a/>");
+    const WcXmNode root = xml.Root();
     const auto warn = [] { WarnOfValue(WarningCause::UnknownWideningCode, L"5"); };
     EXPECT_EQ(WarningsOf(warn), Told());
     const Told told = WarningsOf([&] {
-        const NumberPlace place(xml.Root());
+        const NumberPlace place(root);
         warn();
     });
     ASSERT_EQ(told.size(), 1U);
