@@ -37,6 +37,7 @@ class NumberPlace
 {
   public:
     explicit NumberPlace(const WcXmNode& node);
+    explicit NumberPlace(WcXmNode&& node) = delete; // it has to stand as long as this
     NumberPlace(const NumberPlace&) = delete;
     NumberPlace& operator=(const NumberPlace&) = delete;
     ~NumberPlace();

@@ -253,12 +253,14 @@ TEST_P(NoNumber, IsToldOfItsElementOnOneLine)
     const Told told =
         GetParam().told != nullptr ? Told{std::wstring(L"number-not-whole a（") + GetParam().told + L"）"} : Told();
     EXPECT_EQ(WarningsOf([&] {
-                  const NumberPlace place(xml.Root());
+                  const WcXmNode root = xml.Root();
+                  const NumberPlace place(root);
                   EXPECT_EQ(ReadNumber(wide), 0.0);
               }),
               told);
     EXPECT_EQ(WarningsOf([&] {
-                  const NumberPlace place(xml.Root());
+                  const WcXmNode root = xml.Root();
+                  const NumberPlace place(root);
                   EXPECT_EQ(ReadNumber(std::string_view(GetParam().text)), 0.0);
               }),
               told);
