@@ -64,8 +64,8 @@ bool HasMovedRunout(const LandXmlFile& file, const Finding& finding)
     });
 }
 
-/// The side file of cross slopes gives reverse crowns by regions, and what a region holds goes to one transition: crowns
-/// of the next curves lie behind its end.
+/// The side file of cross slopes gives reverse crowns by regions, and what a region holds goes to one transition:
+/// crowns of the next curves lie behind its end.
 bool NamesACrownOfARegion(const LandXmlFile&, const Finding& finding)
 {
     return finding.text.find(L"ReverseCrown ") != std::wstring::npos;
