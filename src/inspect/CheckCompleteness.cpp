@@ -116,7 +116,7 @@ class CompletenessCheck
     /// A point in the plane has a height or none. It may have another's coordinates.
     void CheckPoint(const Detail& object, const PlanPoint& point)
     {
-        if (point.figureCount > 0 || point.pntRef.empty())
+        if (!point.IsOtherPoint())
         {
             ExpectCount(object, point.line, point.figureCount, 2, 3);
         }
@@ -210,7 +210,7 @@ class CompletenessCheck
         {
             for (const CrossSectPnt& point : surface.points)
             {
-                if (point.figureCount > 0 || point.pntRef.empty())
+                if (!point.IsOtherPoint())
                 {
                     ExpectCount(Path(Path(name, surface.name), L"CrossSectPnt " + std::wstring(point.code)), point.line,
                                 point.figureCount, 2, 2);

@@ -355,16 +355,17 @@ void CheckPair(const Alignment& alignment, const Superelevation& one, const Tran
 /// The stations of a Feature of a transition: ReverseCrown or FlatSta, first that in front of the curve.
 std::vector<TransitionStation> FeatureStations(const Feature& feature)
 {
-    std::vector<TransitionStation> stations;
-    for (const Property& property : feature.properties)
-    {
-        const Figure station = ReadFigure(property.value);
-        if (property.label == L"sta" && station.IsFinite())
-        {
-            stations.push_back({feature.name, station, property.line});
-        }
-    }
+    std::vector<TransitionStation> stations = StationsOf(feature);
+    std::erase_if(stations, [](const TransitionStation& one) { return !one.station.IsFinite(); });
     return stations;
+}
+
+/// The station of a kind; null without one that is a figure.
+const TransitionStation* FindStation(const Superelevation& one, std::wstring_view kind)
+{
+    const auto found = std::find_if(one.stations.begin(), one.stations.end(),
+                                    [&](const TransitionStation& each) { return each.kind == kind; });
+    return found != one.stations.end() && found->station.IsFinite() ? &*found : nullptr;
 }
 
 /// The stations of a transition in the order of travel, part by part; those of one part needn't lie in an order.
@@ -374,9 +375,8 @@ using TransitionParts = std::array<std::vector<TransitionStation>, 8>;
 double MiddleOf(const Superelevation& one)
 {
     const auto stationOf = [&](std::wstring_view kind, const Figure& otherwise) {
-        const auto found = std::find_if(one.stations.begin(), one.stations.end(),
-                                        [&](const TransitionStation& each) { return each.kind == kind; });
-        return found != one.stations.end() && found->station.IsFinite() ? found->station.value : otherwise.value;
+        const TransitionStation* const found = FindStation(one, kind);
+        return found != nullptr ? found->station.value : otherwise.value;
     };
     return (stationOf(L"FullSuperSta", one.staStart) + stationOf(L"RunoffSta", one.staEnd)) / 2;
 }
@@ -386,9 +386,7 @@ TransitionParts PartsOf(const Superelevation& one)
     TransitionParts parts;
     for (const TransitionStep& step : TRANSITION_STEPS)
     {
-        const auto station = std::find_if(one.stations.begin(), one.stations.end(),
-                                          [&](const TransitionStation& each) { return each.kind == step.kind; });
-        if (station != one.stations.end() && station->station.IsFinite())
+        if (const TransitionStation* const station = FindStation(one, step.kind))
         {
             parts[step.inFront].push_back(*station);
         }

@@ -309,8 +309,7 @@ void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
 /// True for a point of a section that isn't told by offset and height: by slope and distance, or by another point.
 bool IsOfAnotherFormat(const CrossSectPnt& point)
 {
-    const bool isOtherPoint = point.figureCount == 0 && !point.pntRef.empty();
-    return isOtherPoint || (!point.dataFormat.empty() && point.dataFormat != OFFSET_AND_HEIGHT);
+    return point.IsOtherPoint() || (!point.dataFormat.empty() && point.dataFormat != OFFSET_AND_HEIGHT);
 }
 
 template <class Visit>
@@ -612,8 +611,8 @@ void CheckUndrawn(const LandXmlFile& file, Findings& findings)
                     if (other != surface.points.end())
                     {
                         findings.Report(Path(Path(NameOf(alignment), NameOf(section)), surface.name), other->line,
-                                        other->figureCount == 0 ? L"pntRef=" + std::wstring(other->pntRef)
-                                                                : L"dataFormat=" + std::wstring(other->dataFormat));
+                                        other->IsOtherPoint() ? L"pntRef=" + std::wstring(other->pntRef)
+                                                              : L"dataFormat=" + std::wstring(other->dataFormat));
                     }
                 }
             }

@@ -66,12 +66,9 @@ void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& th
         }
         for (const Feature& feature : one.features)
         {
-            for (const Property& property : feature.properties)
+            for (const TransitionStation& station : StationsOf(feature))
             {
-                if (property.label == L"sta")
-                {
-                    things.push_back({SuperelevationStation(feature.name), ReadFigure(property.value), property.line});
-                }
+                things.push_back({SuperelevationStation(station.kind), station.station, station.line});
             }
         }
     }

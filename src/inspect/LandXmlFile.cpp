@@ -39,6 +39,19 @@ bool HasPlace(const std::vector<PairList>& lists)
     });
 }
 
+std::vector<TransitionStation> StationsOf(const Feature& feature)
+{
+    std::vector<TransitionStation> stations;
+    for (const Property& property : feature.properties)
+    {
+        if (property.label == L"sta")
+        {
+            stations.push_back({feature.name, ReadFigure(property.value), property.line});
+        }
+    }
+    return stations;
+}
+
 bool DesignCrossSectSurf::HasPlace() const
 {
     return std::all_of(points.begin(), points.end(),

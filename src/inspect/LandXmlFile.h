@@ -63,6 +63,9 @@ struct PlanPoint
 
     bool IsWritten() const { return line != 0; }
     bool IsPlaced() const { return north.IsFinite() && east.IsFinite(); }
+
+    /// True if it stands for another point: it names one and has no coordinates of its own.
+    bool IsOtherPoint() const { return figureCount == 0 && !pntRef.empty(); }
 };
 
 /// A pair of figures: station and height, offset and height, north and east.
@@ -173,7 +176,7 @@ struct Profile
 /// A station of a superelevation transition, under the name of its element.
 struct TransitionStation
 {
-    std::wstring_view kind; ///< BeginRunoutSta ... EndofRunoutSta
+    std::wstring_view kind; ///< BeginRunoutSta ... EndofRunoutSta, or a Feature's name: ReverseCrown, FlatSta
     Figure station;
     std::size_t line = 0;
 };
@@ -188,6 +191,9 @@ struct Superelevation
     std::vector<Feature> features; ///< ReverseCrown, FlatSta
     std::size_t line = 0;
 };
+
+/// The stations that a Feature of a superelevation lists, in its order, whether they are figures or not.
+std::vector<TransitionStation> StationsOf(const Feature& feature);
 
 /// An entry of a widening list or of a slope list: its figures, the station first.
 struct StationEntry
@@ -222,6 +228,9 @@ struct CrossSectPnt
     std::wstring_view featureRef;
     std::size_t figureCount = 0; ///< in its text
     std::size_t line = 0;
+
+    /// True if it stands for another point: it names one and has no figures of its own.
+    bool IsOtherPoint() const { return figureCount == 0 && !pntRef.empty(); }
 
     /// True if its figures are offset and height, false if they are slope and distance, or none.
     bool IsOffsetAndHeight() const

@@ -1,7 +1,6 @@
 #include "inspect/OwnFigures.h"
 
 #include "base/Numbers.h"
-#include "inspect/AlignmentReferences.h"
 #include "inspect/Limits.h"
 
 #include <algorithm>
@@ -45,7 +44,7 @@ std::wstring OwnOrComputed(const Figure* own, double computed, int decimals)
 
 } // namespace
 
-OwnFigures::OwnFigures(const LandXmlFile& file, const Alignment& alignment)
+OwnFigures::OwnFigures(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)
 {
     Take(alignment.staStart);
     for (const CrossSects& sects : alignment.crossSects)
@@ -67,7 +66,7 @@ OwnFigures::OwnFigures(const LandXmlFile& file, const Alignment& alignment)
             Take(station.station);
         }
     }
-    TakePoints(file, alignment);
+    TakePoints(file, references, alignment);
     ForEachStationList(alignment, [this](const Sentence&, const std::vector<StationEntry>& list) {
         for (const StationEntry& entry : list)
         {
@@ -110,9 +109,8 @@ void OwnFigures::TakeProfiles(const Alignment& alignment)
     }
 }
 
-void OwnFigures::TakePoints(const LandXmlFile& file, const Alignment& alignment)
+void OwnFigures::TakePoints(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)
 {
-    const AlignmentReferences references(file);
     for (const PointGroup& group : file.pointGroups)
     {
         if (!group.IsIntermediate() || !references.LeadTo(group.alignmentRefs, alignment))

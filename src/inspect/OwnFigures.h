@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inspect/AlignmentReferences.h"
 #include "inspect/LandXmlFile.h"
 #include "inspect/ProfileLine.h"
 
@@ -15,8 +16,8 @@ namespace jlandxml::inspect
 class OwnFigures
 {
   public:
-    /// Keeps pointers into the file.
-    OwnFigures(const LandXmlFile& file, const Alignment& alignment);
+    /// `references` are those of the file. Keeps pointers into the file.
+    OwnFigures(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
 
     /// A station of the alignment's own count in metres: the file's own text, where a section, a profile, a transition,
     /// a point or a list has that station, else its digits with so many decimals.
@@ -35,7 +36,7 @@ class OwnFigures
     const CgPoint* PointAt(double station) const;
     void Take(const Figure& station);
     void TakeProfiles(const Alignment& alignment);
-    void TakePoints(const LandXmlFile& file, const Alignment& alignment);
+    void TakePoints(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
 
     std::vector<std::pair<double, Figure>> stations_;       ///< rising; of the same ones the first counts
     std::vector<std::pair<double, const CgPoint*>> points_; ///< the intermediate points by their stations

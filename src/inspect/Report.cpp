@@ -30,7 +30,8 @@ class PageWriter
     PageWriter(const LandXmlFile& file, const std::vector<Finding>& findings, const RunJournal* journal)
         : file_(file),
           findings_(findings),
-          journal_(journal)
+          journal_(journal),
+          references_(file)
     {
         for (const Finding& finding : findings)
         {
@@ -47,7 +48,7 @@ class PageWriter
                 alignments_.push_back(&alignment);
             }
         });
-        rest_ = PlanOfTheRest(file_, alignments_);
+        rest_ = PlanOfTheRest(file_, references_, alignments_);
         OpenPage();
         WriteSummary();
         DrawSurfaces(drawing_, file_);
@@ -126,11 +127,11 @@ class PageWriter
         const Alignment& alignment = *alignments_[index];
         page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(index), 0);
         page_.Raw("\">").Words("h2", NameOf(alignment)).Words("h3", L"平面図", L"Plan");
-        WritePlan(PlanOf(file_, alignment), alignment.line);
+        WritePlan(PlanOf(file_, references_, alignment), alignment.line);
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
         DrawId(drawing_, alignment.profiles.empty() ? 0 : alignment.profiles.front().line);
         page_.Raw(">");
-        const OwnFigures own(file_, alignment);
+        const OwnFigures own(file_, references_, alignment);
         DrawProfile(drawing_, own, alignment);
         page_.Raw("</figure>");
         WriteSections(own, alignment);
@@ -291,6 +292,7 @@ class PageWriter
     const LandXmlFile& file_;
     const std::vector<Finding>& findings_;
     const RunJournal* journal_; ///< null: there is none
+    const AlignmentReferences references_;
     Html page_;
     std::set<std::size_t> foundLines_;
     Drawing drawing_{page_, foundLines_, {}, {}};

@@ -12,6 +12,7 @@
 namespace jlandxml::inspect
 {
 
+class AlignmentReferences;
 class OwnFigures;
 class RunJournal;
 
@@ -57,11 +58,12 @@ struct PlanContent
 };
 
 /// An alignment with its groups of points and those that belong to none, such as control points.
-PlanContent PlanOf(const LandXmlFile& file, const Alignment& alignment);
+PlanContent PlanOf(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
 
 /// The whole file, if something with a place is in none of the plans of the alignments that are drawn: there is no
 /// alignment, or a group names one that isn't there.
-std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const std::vector<const Alignment*>& drawn);
+std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const AlignmentReferences& references,
+                                         const std::vector<const Alignment*>& drawn);
 
 /// A plan: north is up, one unit is a metre.
 void DrawPlan(Drawing& drawing, const LandXmlFile& file, const PlanContent& content);

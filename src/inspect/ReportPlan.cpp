@@ -558,9 +558,8 @@ void DrawSurfaces(Drawing& drawing, const LandXmlFile& file)
     page.Raw("</defs></svg>");
 }
 
-PlanContent PlanOf(const LandXmlFile& file, const Alignment& alignment)
+PlanContent PlanOf(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)
 {
-    const AlignmentReferences references(file);
     PlanContent content{{&alignment}, {}, false};
     for (const PointGroup& group : file.pointGroups)
     {
@@ -572,9 +571,9 @@ PlanContent PlanOf(const LandXmlFile& file, const Alignment& alignment)
     return content;
 }
 
-std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const std::vector<const Alignment*>& drawn)
+std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const AlignmentReferences& references,
+                                         const std::vector<const Alignment*>& drawn)
 {
-    const AlignmentReferences references(file);
     const auto isDrawn = [&](const PointGroup& group) {
         return IsOfNone(group) ? !drawn.empty()
                                : std::any_of(drawn.begin(), drawn.end(), [&](const Alignment* alignment) {

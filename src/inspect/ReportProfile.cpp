@@ -509,12 +509,11 @@ class ProfileDrawer
         std::vector<double> stations;
         for (const Feature& feature : one.features)
         {
-            for (const Property& property : feature.properties)
+            for (const TransitionStation& station : StationsOf(feature))
             {
-                const Figure station = ReadFigure(property.value);
-                if (feature.name == L"ReverseCrown" && property.label == L"sta" && station.IsFinite())
+                if (station.kind == L"ReverseCrown" && station.station.IsFinite())
                 {
-                    stations.push_back(station.value);
+                    stations.push_back(station.station.value);
                 }
             }
         }

@@ -81,10 +81,11 @@ Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const 
     return row;
 }
 
-void AddAlignment(const LandXmlFile& file, const Alignment& alignment, Table& table)
+void AddAlignment(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment,
+                  Table& table)
 {
     const Course course(alignment);
-    const OwnFigures own(file, alignment);
+    const OwnFigures own(file, references, alignment);
     const StationLabels labels(alignment);
     double station = course.StaStart();
     for (std::size_t index = 0; index < alignment.elements.size(); ++index)
@@ -142,10 +143,11 @@ std::vector<ListedStation> ListedStations(const Alignment& alignment, const Cour
     return all;
 }
 
-void AddStations(const LandXmlFile& file, const Alignment& alignment, Table& table)
+void AddStations(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment,
+                 Table& table)
 {
     const Course course(alignment);
-    const OwnFigures own(file, alignment);
+    const OwnFigures own(file, references, alignment);
     const ProfAlign* const design = DesignProfile(alignment);
     const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
     const ProfSurf* const firstGround = FirstGround(alignment);
@@ -266,12 +268,9 @@ void AddSuperelevation(const Superelevation& superelevation, CrossSlopeRows& row
     }
     for (const Feature& feature : superelevation.features)
     {
-        for (const Property& property : feature.properties)
+        for (const TransitionStation& one : StationsOf(feature))
         {
-            if (property.label == L"sta")
-            {
-                rows.Add(TransitionWord(feature.name), ReadFigure(property.value), L"", L"", L"");
-            }
+            rows.Add(TransitionWord(one.kind), one.station, L"", L"", L"");
         }
     }
 }
@@ -327,7 +326,8 @@ Table AlignmentTable(const LandXmlFile& file)
                  L"半径（終点）", L"A", L"長さ", L"向き"},
                 {},
                 7};
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(file, alignment, table); });
+    const AlignmentReferences references(file);
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(file, references, alignment, table); });
     return table;
 }
 
@@ -335,7 +335,8 @@ Table StationTable(const LandXmlFile& file)
 {
     Table table{
         L"測点座標一覧", {L"線形", L"測点", L"主要点", L"測点（m）", L"X", L"Y", L"方向角", L"計画高", L"地盤高"}, {}};
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(file, alignment, table); });
+    const AlignmentReferences references(file);
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(file, references, alignment, table); });
     return table;
 }
 
@@ -345,8 +346,9 @@ Table ProfileTable(const LandXmlFile& file)
                 {L"線形", L"縦断線形", L"測点", L"測点（m）", L"高さ", L"勾配（手前）％", L"勾配（先）％",
                  L"縦断曲線長", L"縦断曲線半径", L"曲線始点（m）", L"曲線終点（m）", L"計画高"},
                 {}};
+    const AlignmentReferences references(file);
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        const OwnFigures own(file, alignment);
+        const OwnFigures own(file, references, alignment);
         for (const Profile& profile : alignment.profiles)
         {
             for (const ProfAlign& design : profile.designs)
