@@ -1,5 +1,7 @@
 #include "base/ChildProcess.h"
 
+#include "support/ResourceLimit.h"
+
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -9,7 +11,6 @@
 #else
 #include <algorithm>
 #include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 #endif
 
@@ -131,24 +132,6 @@ TEST(ChildProcess, ASignalThatComesMeanwhileDoesNotEndTheWaiting)
     ::sigaction(SIGALRM, &former, nullptr);
 }
 
-/// Keeps the process from opening files whose number isn't below `end`, while it lives.
-class OpenFileLimit
-{
-  public:
-    explicit OpenFileLimit(int end)
-    {
-        ::getrlimit(RLIMIT_NOFILE, &former_);
-        const rlimit lower = {static_cast<rlim_t>(end), former_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &lower);
-    }
-    OpenFileLimit(const OpenFileLimit&) = delete;
-    OpenFileLimit& operator=(const OpenFileLimit&) = delete;
-    ~OpenFileLimit() { ::setrlimit(RLIMIT_NOFILE, &former_); }
-
-  private:
-    rlimit former_{};
-};
-
 /// How many limits to the open files keep a program from being started, from the lowest one that nothing fits in.
 int LimitsThatKeepFromStarting()
 {
@@ -158,7 +141,7 @@ int LimitsThatKeepFromStarting()
     {
         std::optional<ChildProcess> process;
         {
-            const OpenFileLimit limit(std::max(lowest, STDERR_FILENO + 1) + count);
+            const ResourceLimit limit(RLIMIT_NOFILE, static_cast<rlim_t>(std::max(lowest, STDERR_FILENO + 1) + count));
             process = StartShell(L"exit 0");
         }
         if (process)

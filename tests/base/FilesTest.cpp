@@ -4,8 +4,8 @@
 #include "base/Warnings.h"
 #include "support/FailingAllocation.h"
 #include "support/FailingCalls.h"
-#include "support/FileSizeLimit.h"
 #include "support/MountedFolder.h"
+#include "support/ResourceLimit.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
@@ -362,22 +362,24 @@ TEST(Files, AReplacedFileKeepsItsModeAndItsLink)
     EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
 }
 
-TEST(Files, ANewFileHasTheModeThatTheUsersMaskLeaves)
+/// The mode of a new file under a user's mask.
+unsigned ModeOfNewFile(mode_t mask)
 {
     const TestFolder folder;
-    const mode_t former = ::umask(027);
+    const mode_t former = ::umask(mask);
     EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
     ::umask(former);
-    EXPECT_EQ(ModeOf(folder.Path() / "target"), 0640U);
+    return ModeOf(folder.Path() / "target");
+}
+
+TEST(Files, ANewFileHasTheModeThatTheUsersMaskLeaves)
+{
+    EXPECT_EQ(ModeOfNewFile(027), 0640U);
 }
 
 TEST(Files, AMaskThatLeavesNobodyAnyPermissionIsNotObeyed)
 {
-    const TestFolder folder;
-    const mode_t former = ::umask(0777);
-    EXPECT_TRUE(Replace(folder.Name(L"target"), "new"));
-    ::umask(former);
-    EXPECT_EQ(ModeOf(folder.Path() / "target"), 0600U);
+    EXPECT_EQ(ModeOfNewFile(0777), 0600U);
 }
 
 TEST(Files, TheUsersMaskIsNeverTouched)
@@ -1178,7 +1180,7 @@ TEST(Files, AFileThatOutgrowsItsLimitIsAFailureAndNoSignal)
     const TestFolder folder;
     EXPECT_EXIT(
         {
-            const FileSizeLimit limit(10);
+            const ResourceLimit limit(RLIMIT_FSIZE, 10);
             OutputFile file(folder.Name(L"a"));
             try
             {

@@ -1,6 +1,7 @@
 #include "base/Streams.h"
 
 #include "base/Text.h"
+#include "support/StreamOverride.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -46,24 +47,6 @@ TEST(Streams, ATraceLineFollowsWhatTheHostHasWritten)
     const Pipe pipe;
     EXPECT_EXIT(std::_Exit(OutputOfHost(pipe) == "host, 線形1\n" ? 0 : 1), testing::ExitedWithCode(0), "");
 }
-
-/// Puts an end of a pipe in the place of a standard stream while it lives.
-class StreamOverride
-{
-  public:
-    StreamOverride(int stream, int end) : stream_(stream), former_(::dup(stream)) { ::dup2(end, stream); }
-    StreamOverride(const StreamOverride&) = delete;
-    StreamOverride& operator=(const StreamOverride&) = delete;
-    ~StreamOverride()
-    {
-        ::dup2(former_, stream_);
-        ::close(former_);
-    }
-
-  private:
-    int stream_;
-    int former_;
-};
 
 /// What comes through a pipe of a text of a program's own.
 std::string OutputOf(const Pipe& pipe, const std::wstring& text)

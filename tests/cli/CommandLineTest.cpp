@@ -4,10 +4,10 @@
 #include "base/Text.h"
 #include "cli/ConvertOptions.h"
 #include "support/FailingAllocation.h"
-#include "support/FullStandardOutput.h"
 #include "support/MountedFolder.h"
 #include "support/RowName.h"
 #include "support/RunFixture.h"
+#include "support/StreamOverride.h"
 
 #include <nlohmann/json.hpp>
 

@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "inspect/SchemaValidation.h"
 #include "support/FailingAllocation.h"
-#include "support/FullStandardOutput.h"
+#include "support/StreamOverride.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

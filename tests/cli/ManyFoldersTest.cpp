@@ -1,9 +1,10 @@
 #include "base/ChildProcess.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
-#include "support/FullStandardOutput.h"
+#include "support/ResourceLimit.h"
 #include "support/Rounds.h"
 #include "support/RunFixture.h"
+#include "support/StreamOverride.h"
 #include "support/generator/WorkFolderGenerator.h"
 
 #include <nlohmann/json.hpp>
@@ -17,7 +18,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -243,30 +243,12 @@ TEST_F(ManyFolders, NullInTheFoldersOwnSettingsMeansTheSameAsInARunOfItsOwn)
 
 #ifndef _WIN32
 
-/// So many open files at most for as long as the object lives.
-class OpenFilesLimit
-{
-  public:
-    explicit OpenFilesLimit(rlim_t files)
-    {
-        ::getrlimit(RLIMIT_NOFILE, &former_);
-        const rlimit limit{files, former_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &limit);
-    }
-    OpenFilesLimit(const OpenFilesLimit&) = delete;
-    OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
-    ~OpenFilesLimit() { ::setrlimit(RLIMIT_NOFILE, &former_); }
-
-  private:
-    rlimit former_{};
-};
-
 TEST_F(ManyFolders, MoreAtATimeThanTheSystemHasHandlesForWaitForOneAnother)
 {
     constexpr std::uint32_t AT_A_TIME = 40;
     const std::vector<std::wstring> folders = MakeFolders(AT_A_TIME);
     const Outcome outcome = [&] {
-        const OpenFilesLimit limit(32); // each process takes six, and keeps three
+        const ResourceLimit limit(RLIMIT_NOFILE, 32); // each process takes six, and keeps three
         return Run(Arguments(folders, {L"-q", L"--jobs", std::to_wstring(AT_A_TIME)}));
     }();
     EXPECT_EQ(outcome.status, 0);

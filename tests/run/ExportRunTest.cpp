@@ -2,7 +2,7 @@
 
 #include "run/LoadRun.h"
 #include "support/FailingAllocation.h"
-#include "support/FileSizeLimit.h"
+#include "support/ResourceLimit.h"
 #include "support/RunFixture.h"
 #include "support/XmlText.h"
 
@@ -304,7 +304,7 @@ TEST_F(ExportRunTest, AFullDiskIsReportedWithTheRunsWordsAndTheTargetStays)
     try
     {
         // The tree can be saved, and the finished file is longer by its mark and its line ends.
-        const FileSizeLimit limit(saved.size());
+        const ResourceLimit limit(RLIMIT_FSIZE, saved.size());
         ExportRun(folder.Name(L"out.xml"));
         FAIL();
     }
@@ -323,7 +323,7 @@ TEST_F(ExportRunTest, AFullDiskIsReportedWithTheRunsWordsAndTheTargetStays)
 TEST_F(ExportRunTest, ATreeThatCanNotBeSavedEndsInSilenceAndTheWorkFileStays)
 {
     LoadRun(WorkFile("<LandXML/>"));
-    const FileSizeLimit limit(10);
+    const ResourceLimit limit(RLIMIT_FSIZE, 10);
     ExportRun(folder.Name(L"out.xml"));
     EXPECT_EQ(folder.Files(), std::vector<std::wstring>{L"Landxml_temp.xml"});
     EXPECT_EQ(temporaryFolder.Files().size(), 1U);

@@ -1,23 +1,14 @@
 // What FaultLibrary.cpp is on Linux, for a program built with MinGW: linked into it, it stands in front of the system's
-// functions, and makes one of their calls fail. The environment says which:
-//
-//   FAULT_CALL     the function; see CALLS
-//   FAULT_AT       which of its calls fails, counted from 1
-//   FAULT_ERROR    the error as a number, or "short": half of what was asked for is read or written
-//   FAULT_LASTING  if set, every later call of the function fails too
-//   FAULT_COUNTS   a file that takes the number of calls of each function, one "name count" a line, at the end
+// functions, and makes one of their calls fail. FaultPlan.h says how it is told which.
+
+#include "support/FaultPlan.h"
 
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
-#include <atomic>
-#include <cerrno>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
-#include <string_view>
 
 namespace
 {
@@ -48,103 +39,62 @@ enum Call : std::size_t
     TEMPORARY_NAME,
     TEMPORARY_PATH,
     GET_SECURITY,
-    SET_SECURITY,
+    SET_SECURITY, // from GET_SECURITY on they are of another library
     CALL_COUNT
 };
 
-struct Function
-{
-    const char* name;
-    const wchar_t* library;
-};
+constexpr std::array<const char*, CALL_COUNT> NAMES = {"allocate",
+                                                       "fread",
+                                                       "_wfopen",
+                                                       "CreateFileW",
+                                                       "ReadFile",
+                                                       "WriteFile",
+                                                       "CloseHandle",
+                                                       "GetFileSizeEx",
+                                                       "GetFileType",
+                                                       "GetFileInformationByHandle",
+                                                       "GetFileInformationByHandleEx",
+                                                       "SetFileInformationByHandle",
+                                                       "GetFileAttributesW",
+                                                       "SetFileAttributesW",
+                                                       "SetFilePointerEx",
+                                                       "SetEndOfFile",
+                                                       "FlushFileBuffers",
+                                                       "MoveFileExW",
+                                                       "DeleteFileW",
+                                                       "FindFirstFileW",
+                                                       "FindNextFileW",
+                                                       "GetTempFileNameW",
+                                                       "GetTempPathW",
+                                                       "GetFileSecurityW",
+                                                       "SetFileSecurityW"};
 
-constexpr std::array<Function, CALL_COUNT> CALLS = {{
-    {"allocate", nullptr},
-    {"fread", nullptr},
-    {"_wfopen", L"msvcrt.dll"},
-    {"CreateFileW", L"kernel32.dll"},
-    {"ReadFile", L"kernel32.dll"},
-    {"WriteFile", L"kernel32.dll"},
-    {"CloseHandle", L"kernel32.dll"},
-    {"GetFileSizeEx", L"kernel32.dll"},
-    {"GetFileType", L"kernel32.dll"},
-    {"GetFileInformationByHandle", L"kernel32.dll"},
-    {"GetFileInformationByHandleEx", L"kernel32.dll"},
-    {"SetFileInformationByHandle", L"kernel32.dll"},
-    {"GetFileAttributesW", L"kernel32.dll"},
-    {"SetFileAttributesW", L"kernel32.dll"},
-    {"SetFilePointerEx", L"kernel32.dll"},
-    {"SetEndOfFile", L"kernel32.dll"},
-    {"FlushFileBuffers", L"kernel32.dll"},
-    {"MoveFileExW", L"kernel32.dll"},
-    {"DeleteFileW", L"kernel32.dll"},
-    {"FindFirstFileW", L"kernel32.dll"},
-    {"FindNextFileW", L"kernel32.dll"},
-    {"GetTempFileNameW", L"kernel32.dll"},
-    {"GetTempPathW", L"kernel32.dll"},
-    {"GetFileSecurityW", L"advapi32.dll"},
-    {"SetFileSecurityW", L"advapi32.dll"},
-}};
-
-std::array<std::atomic<long>, CALL_COUNT> counts;
-bool counting = false;
-
-std::size_t failingCall = CALL_COUNT;
-long failsAt = 0;
-int error = 0;
-bool isShort = false;
-bool isLasting = false;
-
-using Setting = std::array<char, MAX_PATH>;
-
-/// A variable of the environment; empty if there is none.
-Setting ReadSetting(const char* name)
-{
-    Setting value{};
-    GetEnvironmentVariableA(name, value.data(), static_cast<DWORD>(value.size()));
-    return value;
-}
+constinit jlandxml::FaultPlan<CALL_COUNT> plan(NAMES);
 
 /// Before the libraries' static objects are made.
-__attribute__((constructor(101))) void ReadSettings()
+__attribute__((constructor(101))) void BeginPlan()
 {
-    const Setting call = ReadSetting("FAULT_CALL");
-    const auto* const found = std::find_if(
-        CALLS.begin(), CALLS.end(), [&](const Function& one) { return std::string_view(one.name) == call.data(); });
-    const Setting wanted = ReadSetting("FAULT_ERROR");
-    failingCall = static_cast<std::size_t>(std::distance(CALLS.begin(), found));
-    failsAt = std::atol(ReadSetting("FAULT_AT").data());
-    isShort = std::string_view(wanted.data()) == "short";
-    error = std::atoi(wanted.data());
-    isLasting = ReadSetting("FAULT_LASTING")[0] != '\0';
-    counting = true;
-}
-
-bool Meets(Call call)
-{
-    if (!counting)
-    {
-        return false;
-    }
-    const long number = ++counts[call];
-    return call == failingCall && (number == failsAt || (isLasting && number > failsAt));
+    plan.Begin();
 }
 
 bool Fails(Call call)
 {
-    const bool fails = Meets(call) && !isShort;
+    const bool fails = plan.Fails(call);
     if (fails)
     {
-        SetLastError(static_cast<DWORD>(error));
-        errno = error;
+        SetLastError(static_cast<DWORD>(plan.Error()));
     }
     return fails;
 }
 
-/// How much of what was asked for a call reads or writes.
 DWORD Shortened(Call call, DWORD size)
 {
-    return call == failingCall && isShort && counts[call] == failsAt && size > 1 ? size / 2 : size;
+    return static_cast<DWORD>(plan.Shortened(call, size));
+}
+
+const wchar_t* LibraryOf(Call call)
+{
+    return call == OPEN_STREAM ? L"msvcrt.dll" : call >= GET_SECURITY ? L"advapi32.dll" : L"kernel32.dll";
 }
 
 /// The system's own function.
@@ -152,7 +102,7 @@ template <class Pointer>
 Pointer System(Call call)
 {
     return reinterpret_cast<Pointer>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(CALLS[call].library), CALLS[call].name)));
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(LibraryOf(call)), NAMES[call])));
 }
 
 /// A function of the system that fails with `FAILURE`.
@@ -187,21 +137,12 @@ BOOL WINAPI WriteOrFail(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
 /// Writes the counts at the end.
 __attribute__((destructor)) void TellCounts()
 {
-    counting = false;
-    const Setting path = ReadSetting("FAULT_COUNTS");
-    if (path[0] == '\0')
-    {
-        return;
-    }
-    const HANDLE file =
-        CreateFileA(path.data(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    for (std::size_t call = 0; call < CALL_COUNT; ++call)
-    {
-        std::array<char, 64> line{};
-        const int size = std::snprintf(line.data(), line.size(), "%s %ld\n", CALLS[call].name, counts[call].load());
+    const char* const path = std::getenv("FAULT_COUNTS");
+    const HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    plan.End([file](const char* line, std::size_t size) {
         DWORD written = 0;
-        System<decltype(&WriteFile)>(WRITE_FILE)(file, line.data(), static_cast<DWORD>(size), &written, nullptr);
-    }
+        System<decltype(&WriteFile)>(WRITE_FILE)(file, line, static_cast<DWORD>(size), &written, nullptr);
+    });
     System<decltype(&CloseHandle)>(CLOSE_HANDLE)(file);
 }
 
@@ -238,7 +179,7 @@ extern "C"
             file->_flag |= _IOERR;
             return 0;
         }
-        return __real_fread(bytes, size, Shortened(FREAD, static_cast<DWORD>(count)), file);
+        return __real_fread(bytes, size, plan.Shortened(FREAD, count), file);
     }
 
     // The addresses through which the program calls the system: in place of the import library's.

@@ -1,16 +1,12 @@
 // A library that is loaded in front of the system's and makes one of a program's calls fail: the n-th allocation, or
 // the n-th call of one function that works on files. It counts from the program's own start on, its static objects and
-// all.
-//
-//   FAULT_CALL     the function; see CALLS
-//   FAULT_AT       which of its calls fails, counted from 1
-//   FAULT_ERROR    the error as a number, or "short": half of what was asked for is read or written
-//   FAULT_LASTING  if set, every later call of the function fails too
-//   FAULT_COUNTS   a file that takes the number of calls of each function, one "name count" a line, at the end
+// all. FaultPlan.h says how it is told which.
 //
 // What was given back in one large piece is there for the library that it was tried out for: allocations of ICU's,
 // which doesn't survive a failing one, succeed until they have used as much. Nothing in here allocates: what is counted
 // is the program's own.
+
+#include "support/FaultPlan.h"
 
 #include <array>
 #include <atomic>
@@ -78,14 +74,7 @@ constexpr std::array<const char*, CALL_COUNT> NAMES = {
     "fsync",    "fchmod",   "fchown",   "fgetxattr", "fsetxattr", "fremovexattr", "fstatfs",   "renameat",
     "unlink",   "readlink", "realpath", "faccessat", "getrandom", "dup",          "fcntl",     "fflush"};
 
-std::array<std::atomic<long>, CALL_COUNT> counts;
-std::atomic<bool> counting = false;
-
-std::size_t failingCall = CALL_COUNT;
-long failsAt = 0;
-int error = 0;
-bool isShort = false;
-bool isLasting = false;
+constinit jlandxml::FaultPlan<CALL_COUNT> plan(NAMES);
 
 /// From this size on a piece of memory is one that was tried out.
 constexpr std::size_t LARGE_PIECE = std::size_t{1} << 21;
@@ -129,57 +118,12 @@ Function* System(Function* /*type*/, const char* name)
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
 }
 
-bool Meets(Call call)
-{
-    if (!counting)
-    {
-        return false;
-    }
-    const long number = ++counts[call];
-    return call == failingCall && (number == failsAt || (isLasting && number > failsAt));
-}
-
-bool Fails(Call call)
-{
-    const bool fails = Meets(call) && !isShort;
-    if (fails)
-    {
-        errno = error;
-    }
-    return fails;
-}
-
 void TellCounts()
 {
-    counting = false;
     const char* const path = std::getenv("FAULT_COUNTS");
-    if (path == nullptr)
-    {
-        return;
-    }
-    const long file = ::syscall(SYS_openat, AT_FDCWD, path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    for (std::size_t call = 0; call < CALL_COUNT; ++call)
-    {
-        std::array<char, 64> line{};
-        const int size = std::snprintf(line.data(), line.size(), "%s %ld\n", NAMES[call], counts[call].load());
-        ::syscall(SYS_write, file, line.data(), size);
-    }
+    const long file = path != nullptr ? ::syscall(SYS_openat, AT_FDCWD, path, O_WRONLY | O_CREAT | O_TRUNC, 0600) : -1;
+    plan.End([file](const char* line, std::size_t size) { ::syscall(SYS_write, file, line, size); });
     ::syscall(SYS_close, file);
-}
-
-void ReadSettings()
-{
-    const char* const name = std::getenv("FAULT_CALL");
-    for (std::size_t call = 0; name != nullptr && call < CALL_COUNT; ++call)
-    {
-        failingCall = std::strcmp(NAMES[call], name) == 0 ? call : failingCall;
-    }
-    const char* const at = std::getenv("FAULT_AT");
-    const char* const errorText = std::getenv("FAULT_ERROR");
-    failsAt = at != nullptr ? std::atol(at) : 0;
-    isShort = errorText != nullptr && std::strcmp(errorText, "short") == 0;
-    error = errorText != nullptr ? std::atoi(errorText) : ENOMEM;
-    isLasting = std::getenv("FAULT_LASTING") != nullptr;
 }
 
 int (*programsMain)(int, char**, char**) = nullptr;
@@ -208,15 +152,14 @@ extern "C"
     {
         static const auto start = System(&__libc_start_main, "__libc_start_main");
         programsMain = main;
-        ReadSettings();
         ::dl_iterate_phdr(FindIcu, nullptr);
-        counting = true;
+        plan.Begin();
         return start(CountedMain, count, values, init, fini, loaderFini, stackEnd);
     }
 
     void* malloc(std::size_t size)
     {
-        return Fails(ALLOCATE) && !IsTriedOut(__builtin_return_address(0), size) ? nullptr : __libc_malloc(size);
+        return plan.Fails(ALLOCATE) && !IsTriedOut(__builtin_return_address(0), size) ? nullptr : __libc_malloc(size);
     }
 
     void free(void* memory)
@@ -231,23 +174,23 @@ extern "C"
 
     void* calloc(std::size_t count, std::size_t size)
     {
-        return Fails(ALLOCATE) ? nullptr : __libc_calloc(count, size);
+        return plan.Fails(ALLOCATE) ? nullptr : __libc_calloc(count, size);
     }
 
     void* realloc(void* memory, std::size_t size)
     {
-        return Fails(ALLOCATE) && !IsTriedOut(__builtin_return_address(0), size) ? nullptr
-                                                                                 : __libc_realloc(memory, size);
+        return plan.Fails(ALLOCATE) && !IsTriedOut(__builtin_return_address(0), size) ? nullptr
+                                                                                      : __libc_realloc(memory, size);
     }
 
     void* aligned_alloc(std::size_t alignment, std::size_t size)
     {
-        return Fails(ALLOCATE) ? nullptr : __libc_memalign(alignment, size);
+        return plan.Fails(ALLOCATE) ? nullptr : __libc_memalign(alignment, size);
     }
 
     int posix_memalign(void** memory, std::size_t alignment, std::size_t size)
     {
-        void* const made = Fails(ALLOCATE) ? nullptr : __libc_memalign(alignment, size);
+        void* const made = plan.Fails(ALLOCATE) ? nullptr : __libc_memalign(alignment, size);
         *memory = made != nullptr ? made : *memory;
         return made != nullptr ? 0 : ENOMEM;
     }
@@ -258,7 +201,7 @@ extern "C"
         va_start(rest, flags);
         const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
         va_end(rest);
-        return Fails(OPEN) ? -1 : static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+        return plan.Fails(OPEN) ? -1 : static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
     }
 
     int open64(const char* path, int flags, ...)
@@ -272,40 +215,23 @@ extern "C"
 
     ssize_t read(int file, void* bytes, std::size_t size)
     {
-        const bool meets = Meets(READ);
-        if (meets && !isShort)
-        {
-            errno = error;
-            return -1;
-        }
-        return ::syscall(SYS_read, file, bytes, meets ? (size + 1) / 2 : size);
+        return plan.Fails(READ) ? -1 : ::syscall(SYS_read, file, bytes, plan.Shortened(READ, size));
     }
 
     ssize_t write(int file, const void* bytes, std::size_t size)
     {
-        const bool meets = Meets(WRITE);
-        if (meets && !isShort)
-        {
-            errno = error;
-            return -1;
-        }
-        return ::syscall(SYS_write, file, bytes, meets ? (size + 1) / 2 : size);
+        return plan.Fails(WRITE) ? -1 : ::syscall(SYS_write, file, bytes, plan.Shortened(WRITE, size));
     }
 
     /// A short one hits the end of a file that has become shorter in between.
     std::size_t fread(void* bytes, std::size_t size, std::size_t count, FILE* file)
     {
         static const auto system = System(&fread, "fread");
-        if (!Meets(FREAD))
+        if (!plan.Fails(FREAD))
         {
-            return system(bytes, size, count, file);
-        }
-        if (isShort)
-        {
-            return system(bytes, size, count / 2, file);
+            return system(bytes, size, plan.Shortened(FREAD, count), file);
         }
         file->_flags |= 0x20; // what ferror looks at
-        errno = error;
         return 0;
     }
 
@@ -313,150 +239,146 @@ extern "C"
     int close(int file)
     {
         const long closed = ::syscall(SYS_close, file);
-        return Fails(CLOSE) ? -1 : static_cast<int>(closed);
+        return plan.Fails(CLOSE) ? -1 : static_cast<int>(closed);
     }
 
     int fstat(int file, struct stat* status)
     {
-        return Fails(FSTAT) ? -1 : static_cast<int>(::syscall(SYS_fstat, file, status));
+        return plan.Fails(FSTAT) ? -1 : static_cast<int>(::syscall(SYS_fstat, file, status));
     }
 
     int stat(const char* path, struct stat* status)
     {
-        return Fails(STAT) ? -1 : static_cast<int>(::syscall(SYS_newfstatat, AT_FDCWD, path, status, 0));
+        return plan.Fails(STAT) ? -1 : static_cast<int>(::syscall(SYS_newfstatat, AT_FDCWD, path, status, 0));
     }
 
     int lstat(const char* path, struct stat* status)
     {
-        return Fails(LSTAT) ? -1
-                            : static_cast<int>(::syscall(SYS_newfstatat, AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW));
+        return plan.Fails(LSTAT)
+                   ? -1
+                   : static_cast<int>(::syscall(SYS_newfstatat, AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW));
     }
 
     int fstatat(int folder, const char* path, struct stat* status, int flags)
     {
-        return Fails(FSTATAT) ? -1 : static_cast<int>(::syscall(SYS_newfstatat, folder, path, status, flags));
+        return plan.Fails(FSTATAT) ? -1 : static_cast<int>(::syscall(SYS_newfstatat, folder, path, status, flags));
     }
 
     FILE* fdopen(int file, const char* mode)
     {
         static const auto system = System(&fdopen, "fdopen");
-        return Fails(FDOPEN) ? nullptr : system(file, mode);
+        return plan.Fails(FDOPEN) ? nullptr : system(file, mode);
     }
 
     DIR* opendir(const char* path)
     {
         static const auto system = System(&opendir, "opendir");
-        return Fails(OPENDIR) ? nullptr : system(path);
+        return plan.Fails(OPENDIR) ? nullptr : system(path);
     }
 
     DIR* fdopendir(int file)
     {
         static const auto system = System(&fdopendir, "fdopendir");
-        return Fails(OPENDIR) ? nullptr : system(file);
+        return plan.Fails(OPENDIR) ? nullptr : system(file);
     }
 
     dirent* readdir(DIR* folder)
     {
         static const auto system = System(&readdir, "readdir");
-        return Fails(READDIR) ? nullptr : system(folder);
+        return plan.Fails(READDIR) ? nullptr : system(folder);
     }
 
     off_t lseek(int file, off_t offset, int from)
     {
-        return Fails(LSEEK) ? -1 : ::syscall(SYS_lseek, file, offset, from);
+        return plan.Fails(LSEEK) ? -1 : ::syscall(SYS_lseek, file, offset, from);
     }
 
     int ftruncate(int file, off_t length)
     {
-        return Fails(FTRUNCATE) ? -1 : static_cast<int>(::syscall(SYS_ftruncate, file, length));
+        return plan.Fails(FTRUNCATE) ? -1 : static_cast<int>(::syscall(SYS_ftruncate, file, length));
     }
 
     int fallocate(int file, int mode, off_t offset, off_t length)
     {
-        return Fails(FALLOCATE) ? -1 : static_cast<int>(::syscall(SYS_fallocate, file, mode, offset, length));
+        return plan.Fails(FALLOCATE) ? -1 : static_cast<int>(::syscall(SYS_fallocate, file, mode, offset, length));
     }
 
     int fsync(int file)
     {
-        return Fails(FSYNC) ? -1 : static_cast<int>(::syscall(SYS_fsync, file));
+        return plan.Fails(FSYNC) ? -1 : static_cast<int>(::syscall(SYS_fsync, file));
     }
 
     int fchmod(int file, mode_t mode)
     {
-        return Fails(FCHMOD) ? -1 : static_cast<int>(::syscall(SYS_fchmod, file, mode));
+        return plan.Fails(FCHMOD) ? -1 : static_cast<int>(::syscall(SYS_fchmod, file, mode));
     }
 
     int fchown(int file, uid_t owner, gid_t group)
     {
-        return Fails(FCHOWN) ? -1 : static_cast<int>(::syscall(SYS_fchown, file, owner, group));
+        return plan.Fails(FCHOWN) ? -1 : static_cast<int>(::syscall(SYS_fchown, file, owner, group));
     }
 
     ssize_t fgetxattr(int file, const char* name, void* value, std::size_t size)
     {
-        return Fails(FGETXATTR) ? -1 : ::syscall(SYS_fgetxattr, file, name, value, size);
+        return plan.Fails(FGETXATTR) ? -1 : ::syscall(SYS_fgetxattr, file, name, value, size);
     }
 
     int fsetxattr(int file, const char* name, const void* value, std::size_t size, int flags)
     {
-        return Fails(FSETXATTR) ? -1 : static_cast<int>(::syscall(SYS_fsetxattr, file, name, value, size, flags));
+        return plan.Fails(FSETXATTR) ? -1 : static_cast<int>(::syscall(SYS_fsetxattr, file, name, value, size, flags));
     }
 
     int fremovexattr(int file, const char* name)
     {
-        return Fails(FREMOVEXATTR) ? -1 : static_cast<int>(::syscall(SYS_fremovexattr, file, name));
+        return plan.Fails(FREMOVEXATTR) ? -1 : static_cast<int>(::syscall(SYS_fremovexattr, file, name));
     }
 
     int fstatfs(int file, struct statfs* volume)
     {
-        return Fails(FSTATFS) ? -1 : static_cast<int>(::syscall(SYS_fstatfs, file, volume));
+        return plan.Fails(FSTATFS) ? -1 : static_cast<int>(::syscall(SYS_fstatfs, file, volume));
     }
 
     int renameat(int fromFolder, const char* from, int toFolder, const char* to)
     {
-        return Fails(RENAMEAT) ? -1 : static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, 0));
+        return plan.Fails(RENAMEAT) ? -1
+                                    : static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, 0));
     }
 
     int unlink(const char* path)
     {
-        return Fails(UNLINK) ? -1 : static_cast<int>(::syscall(SYS_unlink, path));
+        return plan.Fails(UNLINK) ? -1 : static_cast<int>(::syscall(SYS_unlink, path));
     }
 
     int unlinkat(int folder, const char* path, int flags)
     {
-        return Fails(UNLINK) ? -1 : static_cast<int>(::syscall(SYS_unlinkat, folder, path, flags));
+        return plan.Fails(UNLINK) ? -1 : static_cast<int>(::syscall(SYS_unlinkat, folder, path, flags));
     }
 
     ssize_t readlink(const char* path, char* to, std::size_t size)
     {
-        return Fails(READLINK) ? -1 : ::syscall(SYS_readlink, path, to, size);
+        return plan.Fails(READLINK) ? -1 : ::syscall(SYS_readlink, path, to, size);
     }
 
     char* realpath(const char* path, char* resolved)
     {
         static const auto system = System(static_cast<char* (*)(const char*, char*)>(&realpath), "realpath");
-        return Fails(REALPATH) ? nullptr : system(path, resolved);
+        return plan.Fails(REALPATH) ? nullptr : system(path, resolved);
     }
 
     int faccessat(int folder, const char* path, int mode, int flags)
     {
         static const auto system = System(&faccessat, "faccessat");
-        return Fails(FACCESSAT) ? -1 : system(folder, path, mode, flags);
+        return plan.Fails(FACCESSAT) ? -1 : system(folder, path, mode, flags);
     }
 
     ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)
     {
-        const bool meets = Meets(GETRANDOM);
-        if (meets && !isShort)
-        {
-            errno = error;
-            return -1;
-        }
-        return ::syscall(SYS_getrandom, bytes, meets ? size / 2 : size, flags);
+        return plan.Fails(GETRANDOM) ? -1 : ::syscall(SYS_getrandom, bytes, plan.Shortened(GETRANDOM, size), flags);
     }
 
     int dup(int file)
     {
-        return Fails(DUP) ? -1 : static_cast<int>(::syscall(SYS_dup, file));
+        return plan.Fails(DUP) ? -1 : static_cast<int>(::syscall(SYS_dup, file));
     }
 
     int fcntl(int file, int command, ...)
@@ -465,7 +387,7 @@ extern "C"
         va_start(rest, command);
         void* const argument = va_arg(rest, void*);
         va_end(rest);
-        return Fails(FCNTL) ? -1 : static_cast<int>(::syscall(SYS_fcntl, file, command, argument));
+        return plan.Fails(FCNTL) ? -1 : static_cast<int>(::syscall(SYS_fcntl, file, command, argument));
     }
 
     int fcntl64(int file, int command, ...)
@@ -480,7 +402,7 @@ extern "C"
     int fflush(FILE* file)
     {
         static const auto system = System(&fflush, "fflush");
-        return Fails(FFLUSH) ? -1 : system(file);
+        return plan.Fails(FFLUSH) ? -1 : system(file);
     }
 
 } // extern "C"

@@ -15,6 +15,7 @@
 #include "dialog/JLandXmlConvertDlgControls.h"
 #include "jlandxml/JLandXmlConvert.h"
 #include "ui/RealWindows.h"
+#include "ui/WaitUntilActive.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -342,15 +343,6 @@ class ClickedWindow
     QPushButton button_;
     int clicks_ = 0;
 };
-
-void WaitUntilActive(QWidget& window)
-{
-    window.activateWindow();
-    while (QApplication::activeWindow() != &window)
-    {
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-}
 
 /// The finished file of a call during which the host's windows are tried and another call is made.
 void RunCrowded(const Module& module)

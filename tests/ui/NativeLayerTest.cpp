@@ -14,6 +14,8 @@
 #include <cderr.h>
 #include <commdlg.h>
 #else
+#include "ui/WaitUntilActive.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -363,16 +365,6 @@ TEST_F(NativeLayerTest, ATreeShowsWholeRows)
         EXPECT_GT(tree->viewport()->height(), 3 * row);
         EXPECT_EQ(tree->viewport()->height() % row, 0);
     });
-}
-
-void WaitUntilActive(QWidget& window)
-{
-    window.show();
-    window.activateWindow();
-    while (QApplication::activeWindow() != &window)
-    {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
 }
 
 TEST_F(NativeLayerTest, APaletteThatIsActiveIsNotTheOwner)
