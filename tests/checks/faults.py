@@ -219,7 +219,11 @@ def try_fault(arguments, fault, new):
     name = f"{target}: {call} {at}{' and all after it' if lasting else ''}: " + \
         str(error if error == "short" or is_for_windows(arguments) else errno.errorcode[error])
     try:
-        problem = problem_of(run(arguments, case, environment), case, call, new)
+        ended = run(arguments, case, environment)
+        if b"wine client error" in ended.stderr: # Wine has lost its own server, as it does now and then
+            case.remove()
+            return try_fault(arguments, fault, new)
+        problem = problem_of(ended, case, call, new)
     except subprocess.TimeoutExpired:
         problem = "hangs"
     case.remove()
