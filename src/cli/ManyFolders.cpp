@@ -250,6 +250,14 @@ class FolderQueue
         oneEnded_.notify_all();
     }
 
+    /// Without settings, which are never an empty text, it does nothing.
+    void EndUnused(std::optional<ChildProcess>& process)
+    {
+        process->input.Close();
+        process->Wait();
+        EndProcess(process);
+    }
+
     Outcome RunProcess(const std::wstring& folder)
     {
         std::optional<ChildProcess> process = StartProcess(folder);
@@ -260,14 +268,21 @@ class FolderQueue
         }
         const Clock::time_point begun = Clock::now();
         Outcome outcome;
-        // All three at a time: a full pipe that nobody empties would stop the process.
-        std::thread feeding([&] {
-            process->input.Write(settings_);
-            process->input.Close();
-        });
-        std::thread listening([&] { outcome.lines = ReadToEnd(process->error); });
+        std::thread listening;
+        try
+        {
+            listening = std::thread([&] { outcome.lines = ReadToEnd(process->error); });
+        }
+        catch (const std::system_error&) // the system has no more threads
+        {
+            EndUnused(process);
+            return EndedBy(NOT_STARTED, "not-started");
+        }
+        // The settings go in whole, since the process tells nothing before it has them; then both pipes are emptied at
+        // a time: one that is full would stop it.
+        process->input.Write(settings_);
+        process->input.Close();
         outcome.json = ReadToEnd(process->output);
-        feeding.join();
         listening.join();
         const std::optional<int> status = process->Wait();
         EndProcess(process);

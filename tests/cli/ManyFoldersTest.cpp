@@ -18,6 +18,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -259,6 +260,46 @@ TEST_F(ManyFolders, MoreAtATimeThanTheSystemHasHandlesForWaitForOneAnother)
         EXPECT_FALSE(Finished(number).empty()) << number;
     }
 }
+
+#ifdef __GLIBC__
+
+/// Lets no thread begin for as long as the object lives, as where the system has none left.
+class NoMoreThreads
+{
+  public:
+    NoMoreThreads()
+    {
+        ::pthread_getattr_default_np(&former_);
+        pthread_attr_t vast = former_;
+        ::pthread_attr_setstacksize(&vast, std::size_t{1} << 46);
+        EXPECT_EQ(::pthread_setattr_default_np(&vast), 0);
+    }
+    NoMoreThreads(const NoMoreThreads&) = delete;
+    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
+    ~NoMoreThreads() { ::pthread_setattr_default_np(&former_); }
+
+  private:
+    pthread_attr_t former_{};
+};
+
+TEST_F(ManyFolders, WithoutAThreadEachFolderIsToldAndNoneIsHarmed)
+{
+    const std::vector<std::wstring> folders = MakeFolders(3);
+    const Outcome outcome = [&] {
+        const NoMoreThreads none;
+        return Run(Arguments(folders, {}));
+    }();
+    EXPECT_EQ(outcome.status, 3);
+    ASSERT_EQ(outcome.err.size(), 3U);
+    for (std::uint32_t number = 0; number < 3; ++number)
+    {
+        EXPECT_EQ(outcome.err[number], Utf8FromWide(folders[number]) + ": 処理を開始できませんでした");
+        EXPECT_TRUE(Finished(number).empty());
+    }
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a process is left";
+}
+
+#endif
 
 TEST_F(ManyFolders, ALineFeedInTheNameOfAFolderBreaksNoLine)
 {
