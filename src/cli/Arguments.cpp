@@ -2,54 +2,60 @@
 
 #include "base/Text.h"
 
-#ifdef _WIN32
-
-#include <algorithm>
-#include <new>
-#include <windows.h>
-
-#include <shellapi.h>
-
-namespace jlandxml
-{
-
-std::optional<std::vector<std::wstring>> Arguments(int, char**)
-{
-    int count = 0;
-    wchar_t** const values = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (values == nullptr)
-    {
-        throw std::bad_alloc();
-    }
-    std::vector<std::wstring> arguments(values + 1, values + count);
-    LocalFree(static_cast<void*>(values));
-    const bool wellFormed = std::all_of(arguments.begin(), arguments.end(), [](const std::wstring& argument) {
-        return WideFromUtf8(Utf8FromWide(argument)) == argument;
-    });
-    return wellFormed ? std::optional(std::move(arguments)) : std::nullopt;
-}
-
-} // namespace jlandxml
-
-#else
-
 #include <algorithm>
 #include <iterator>
 
 namespace jlandxml
 {
 
-std::optional<std::vector<std::wstring>> Arguments(int count, char** values)
+#ifdef _WIN32
+
+#ifdef __MINGW32__
+// The shells of Windows leave patterns such as work\* to the programs. The runtime puts the names in their place, in
+// order, where something fits and no quotes stand around them.
+extern "C"
 {
-    if (!std::all_of(values + 1, values + count, IsWellFormedUtf8))
+    extern int _dowildcard;
+    int _dowildcard = -1;
+}
+#endif
+
+namespace
+{
+
+bool IsWellFormed(const std::wstring& argument)
+{
+    return WideFromUtf8(Utf8FromWide(argument)) == argument;
+}
+
+std::wstring WideText(const wchar_t* argument)
+{
+    return argument;
+}
+
+} // namespace
+
+#else
+
+namespace
+{
+
+constexpr auto IsWellFormed = IsWellFormedUtf8;
+constexpr auto WideText = WideFromUtf8;
+
+} // namespace
+
+#endif
+
+std::optional<std::vector<std::wstring>> Arguments(int count, const ArgumentUnit* const* values)
+{
+    if (!std::all_of(values + 1, values + count, IsWellFormed))
     {
         return std::nullopt;
     }
     std::vector<std::wstring> arguments;
-    std::transform(values + 1, values + count, std::back_inserter(arguments), WideFromUtf8);
+    std::transform(values + 1, values + count, std::back_inserter(arguments), WideText);
     return arguments;
 }
 
 } // namespace jlandxml
-
-#endif

@@ -7,9 +7,17 @@
 namespace jlandxml
 {
 
-/// The arguments of a program without its name, from those of `main`. Windows hands over `main`'s in the user's code
-/// page, so there they come from the system. Nothing if one isn't well formed: a file named by it would be another one.
-std::optional<std::vector<std::wstring>> Arguments(int count, char** values);
+/// What a program's arguments are made of when the system hands them over: UTF-16 on Windows, to `wmain`, since `main`
+/// gets them in the user's code page; UTF-8 elsewhere.
+#ifdef _WIN32
+using ArgumentUnit = wchar_t;
+#else
+using ArgumentUnit = char;
+#endif
+
+/// The arguments of a program without its name. Nothing if one isn't well formed: a file named by it would be another
+/// one.
+std::optional<std::vector<std::wstring>> Arguments(int count, const ArgumentUnit* const* values);
 
 /// What is told of arguments that aren't well formed.
 inline constexpr const wchar_t* ILL_FORMED_ARGUMENT =

@@ -1,7 +1,11 @@
 #include "cli/InspectCommandLine.h"
 #include "cli/Program.h"
 
+#ifdef _WIN32
+int wmain(int count, wchar_t** values)
+#else
 int main(int count, char** values)
+#endif
 {
     return jlandxml::RunProgram(count, values, [](const std::vector<std::wstring>& arguments) {
         return static_cast<int>(jlandxml::RunInspectCommandLine(arguments));

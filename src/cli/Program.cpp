@@ -1,7 +1,6 @@
 #include "cli/Program.h"
 
 #include "base/Streams.h"
-#include "cli/Arguments.h"
 
 #include <cstdlib>
 #include <exception>
@@ -84,7 +83,7 @@ void SearchSystemFolderOnly()
 
 } // namespace
 
-int RunProgram(int count, char** values, int (*run)(const std::vector<std::wstring>& arguments))
+int RunProgram(int count, const ArgumentUnit* const* values, int (*run)(const std::vector<std::wstring>& arguments))
 {
     std::set_terminate(Terminate);
     SearchSystemFolderOnly();
