@@ -1,6 +1,10 @@
 # What is installed, and where a host's build finds it: the same for `cmake --install` and for every package.
 include(CMakePackageConfigHelpers)
 
+execute_process(COMMAND git log -1 "--format=%an <%ae>" WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+    OUTPUT_VARIABLE committer OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+set(JLANDXML_CONTACT "${committer}" CACHE STRING "Whom users of the packages write to")
+
 install(TARGETS jlandxml-convert jlandxml-inspect)
 
 # The module with its header, its import library on Windows, and the two ways in which a build finds them.
@@ -36,7 +40,16 @@ else()
 endif()
 
 # All that a document leads to is there too.
-install(FILES README.md README.ja.md CHANGELOG.md CONTRIBUTING.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md README.ja.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN man EXCLUDE)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 include(Notices)
+
+# Whoever has no commit log is told the address itself.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS SECURITY.md)
+file(READ SECURITY.md security)
+if(JLANDXML_CONTACT)
+    string(REPLACE "the address in the commit log" "${JLANDXML_CONTACT}" security "${security}")
+endif()
+file(WRITE ${CMAKE_BINARY_DIR}/SECURITY.md "${security}")
+install(FILES ${CMAKE_BINARY_DIR}/SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

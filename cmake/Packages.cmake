@@ -7,9 +7,6 @@ into J-LandXML, in which designs are delivered for Japanese public works,
 versions 1.5 to 1.7. Holds the module that a host application loads, a
 command line for batch use, and a program that checks and draws finished
 files.")
-execute_process(COMMAND git log -1 "--format=%an <%ae>" WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-    OUTPUT_VARIABLE committer OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
-set(JLANDXML_CONTACT "${committer}" CACHE STRING "Whom users of the packages write to")
 set(CPACK_PACKAGE_CONTACT "${JLANDXML_CONTACT}")
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_MONOLITHIC_INSTALL ON) # the libraries inside know components, which are nothing to a user

@@ -133,7 +133,9 @@ class Installed:
             expect(re.search(rf"^{name} [0-9.]+", notices, re.M), f"no notice of {name}")
 
     def check_documents(self):
-        """Whatever a reader follows is there."""
+        """Whatever a reader follows is there, and whom to write to."""
+        security = (self.documents / "SECURITY.md").read_text(encoding="utf-8")
+        expect(re.search(r"maintainers\s\([^()]*<\S+@\S+>\)", security), "SECURITY.md has no address")
         texts = documents(self.documents)
         for problem in [*check_links(self.documents, texts), *check_pages(self.documents / "manual", self.documents)]:
             expect(False, problem)
