@@ -91,6 +91,7 @@ REMOVING = ["unlink", "DeleteFileW"]
 TARGETS = ["standing", "linked", "symlink", "missing"]
 OLD = b"<the file that stood here before/>" * 3000
 TIME_LIMIT = 60
+OF_WINE = "wine: " # what Wine says of another process; of this one the status tells
 WARNING = "警告: "
 
 USAGE_LINES = re.compile("設定ファイルを読み込めません|作業フォルダーが見つかりません")
@@ -177,7 +178,7 @@ def run(arguments, case, fault):
 def problem_of(ended, case, call, new):
     """What is wrong with a run; nothing if it is as it should be."""
     status = ended.returncode
-    said = ended.stderr.decode("utf-8", "replace").splitlines()
+    said = [line for line in ended.stderr.decode("utf-8", "replace").splitlines() if not line.startswith(OF_WINE)]
     warnings = [line for line in said if line.startswith(WARNING)]
     lines = [line for line in said if not line.startswith(WARNING)]
     content = case.content()

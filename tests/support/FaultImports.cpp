@@ -71,8 +71,9 @@ constexpr std::array<const char*, CALL_COUNT> NAMES = {"allocate",
 
 constinit jlandxml::FaultPlan<CALL_COUNT> plan(NAMES);
 
-/// Before the libraries' static objects are made.
-__attribute__((constructor(101))) void BeginPlan()
+/// Before the program's own static objects are made, and behind those of MinGW's library, which doesn't look whether it
+/// gets its memory.
+__attribute__((constructor)) void BeginPlan()
 {
     plan.Begin();
 }
