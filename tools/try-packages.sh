@@ -202,6 +202,7 @@ nothing_left() { # NAME
 }
 use_on_windows() { # FOLDER NAME
     hardened "$1"/bin/*.exe "$1"/lib/jlandxml/*.dll
+    python3 tests/checks/versions.py "$version" "$1"/bin/*.exe "$1"/lib/jlandxml/*.dll
     show_dialog "$2" tools/wine.sh "$1/bin/jlandxml-convert.exe" --dialog "$1/$documents/examples/road"
     LC_ALL=ja_JP.UTF-8 python3 tests/checks/installed.py use "$1" "$work/$2-hosts" "$version" "$PWD/tools/wine.sh"
     told "the programs run, the hosts are built and run"
@@ -246,6 +247,7 @@ try_installer_for() { # WHO REGISTRY_KEY LOCALE TITLE NAME_IN_THE_REGISTRY
     local name=installer-$1-$3 folder
     told "the installer, /$1, $3"
     export WINE_LOCALE=$3
+    python3 tests/checks/versions.py "$version" "$packages"/*.exe
     new_wine "$name"
     show_installer "$name" "$4"
     tools/wine.sh "$packages"/*.exe /S "/$1"
