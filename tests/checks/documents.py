@@ -4,9 +4,10 @@
     documents.py SOURCE CONVERT INSPECT SCRATCH [PAGES]
 
 Every block of shell commands is run, one document after the other in a folder of its own, with the examples beside it, and so
-are the examples of the manual pages; what another test runs or nobody can run here is listed below with the reason. A block of
-JSON that bears a file's name is there as that file. Options stand in the manual and both READMEs, links and paths lead
-somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's pages, where those were made.
+are the examples of the manual pages. Commands that aren't run here, in blocks and in sentences, are listed below, each with the
+test that runs it or the reason why none does. A block of JSON that bears a file's name is there as that file. Options stand in
+the manual and both READMEs, links and paths lead somewhere, and blocks of JSON are JSON. PAGES is the folder of the manual's
+pages, where those were made.
 """
 
 import json
@@ -21,28 +22,70 @@ from pages import FENCED, blocks, check_links, check_pages, documents
 
 TIME_LIMIT = 300
 
-# Documents whose commands are run elsewhere.
+# Documents whose blocks are run elsewhere.
 ELSEWHERE = {
     "docs/batch.md": "tests/cli/batch.py runs them, on folders of which one is broken",
-    "docs/performance.md": "benchmarks, of half an hour and on a quiet machine",
     "docs/hosts.md": "tests/checks/installed.py runs them where the module is installed",
-    "CONTRIBUTING.md": "builds and tests of the whole, which the continuous build runs",
 }
+# Commands that are run elsewhere: how they begin, and the test with the words by which it runs them.
+RUN_BY = {
+    "./run.sh --install": (".ci/run", "./run.sh --install"),
+    "./run.sh": (".ci/run", "./run.sh examples/"),
+    "./test.sh": (".ci/run", "./test.sh"),
+    "cmake --preset linux && cmake --build build/linux && ctest --preset linux": ("test.sh", 'ctest --preset "$1"'),
+    "build/linux/tests/model_tests": ("tests/CMakeLists.txt", "add_test(NAME ${layer} COMMAND ${layer}_tests)"),
+    "tools/wine.sh": ("tests/CMakeLists.txt", "tools/wine.sh"),
+    "cmake --install": ("tests/checks/installed.py", '"cmake", "--install"'),
+    "make --keep-going --jobs=2": ("tests/cli/batch.py", "make --keep-going --jobs=2"),
+    "sbatch --wait batch.sh": ("tests/cli/batch.py", "sbatch --wait batch.sh"),
+    "tools/package.sh": (".ci/run", "tools/package.sh"),
+    "apt install": ("tools/try-packages.sh", "apt-get install"),
+    "apt remove": ("tools/try-packages.sh", "apt-get purge"),
+    "apt purge": ("tools/try-packages.sh", "apt-get purge"),
+    "uninstall.exe /S _?=": ("tools/try-packages.sh", 'uninstall.exe" /S "_?='),
+    "uninstall.exe /S": ("tools/try-packages.sh", 'uninstall.exe" /S'),
+    "/S": ("tools/try-packages.sh", "/S /AllUsers"),
+    "/CurrentUser": ("tools/try-packages.sh", "/S /CurrentUser"),
+    "/AllUsers": ("tools/try-packages.sh", "/S /AllUsers"),
+    "/D=": ("tools/try-packages.sh", "/D="),
+    "_?=": ("tools/try-packages.sh", "_?="),
+    "jlandxml-convert --version": ("tests/checks/installed.py", '"--version"'),
+    "jlandxml-convert FOLDER": ("tests/checks/installed.py", "jlandxml-convert FOLDER"),
+    "tests/checks/": ("tests/CMakeLists.txt", "/checks/{name}"),
+    "tests/inspect/": ("tests/CMakeLists.txt", "/inspect/{name}"),
+    "tests/cli/": ("tests/CMakeLists.txt", "/cli/{name}"),
+    "fuzz/seeds.py": ("fuzz/run.sh", "fuzz/seeds.py"),
+}
+# Commands that no test runs.
+NOT_RUN = {
+    ".ci/run": "runs the tests itself",
+    "tools/try-packages.sh": "new Debians and folders of Wine's, as root and with a network: part of each release",
+    "tools/package.sh --check": "everything compiled twice: part of each release; .ci/run packs one build twice",
+    "cmake --preset bench": "everything compiled once more, with a library for benchmarks",
+    "bench/compare.sh": "half an hour, and its figures say something on a quiet machine alone",
+    "BENCH_DIALOG=": "the same",
+    "fuzz/run.sh": "as long as one likes; ./test.sh runs each target for seconds",
+    "tools/lint.sh": "half an hour",
+    "tools/pictures.sh": "makes the manual's pictures, which a person looks at",
+    "tools/faults.sh": "half an hour; checks/faults is a sample of it",
+    "tools/kills.sh": "an hour, and needs volumes mounted as root",
+    "tools/soak.sh": "half an hour; checks/soak is a sample of it",
+    "tools/sizes.sh": "half an hour; checks/sizes is a sample of it",
+    "tools/coverage.sh": "everything compiled once more, to be read by a person",
+    "tools/valgrind.sh": "half an hour",
+    "tools/mutate.py": "hours",
+    "tools/compare.sh": "needs a build of another commit",
+    "tests/e2e/accept.sh": "changes what is expected",
+    "cut -f1": "a program of the system's; what stands before the tab is compared in tests/e2e",
+}
+# What a sentence may have of a command line: a program with options is told apart from one by the options alone.
+OPTION_OF = r"jlandxml-(convert|inspect) (?!--version)--[\w-]+( [A-Z]+)?"
+COMMAND = (r"(\./|(jlandxml-[a-z]+|cmake|ctest|python3|bash|sh|sudo|apt|make|sbatch|cut|uninstall\.exe) |BENCH_DIALOG=|build/[\w/]+_tests|"
+           r"/(S|D=|[A-Z]\w+User\w*)|_\?=|\.ci/run|(tools|bench|fuzz|tests)/[\w/-]+\.(sh|py)\b)")
 # Manual pages, those of a language in one folder: the second inspects what the first has made.
 MANUAL_PAGES = {"docs/man": ["jlandxml-convert.1", "jlandxml-inspect.1"], "docs/man/ja": ["jlandxml-convert.1", "jlandxml-inspect.1"]}
 # Work folders whose files have findings, so that inspecting all files that were made would end with status 1.
 UNSOUND = ("県道 100号", "堤防")
-# Blocks that aren't run, by document and first line.
-NOT_RUN = {
-    ("README.md", "./run.sh      # sets up, builds, converts examples/road and says where the finished file is"):
-        "sets the machine up and builds: the continuous build begins like that",
-    ("README.ja.md", "./run.sh      # 準備、ビルド、examples/roadの変換を行い、出力ファイルの場所を表示します"):
-        "sets the machine up and builds: the continuous build begins like that",
-    ("README.md", "./run.sh --install PREFIX     # programs, module, header, manual pages, completions, documents and examples"):
-        "tests/checks/installed.py installs, and the continuous build packs",
-    ("README.ja.md", "./run.sh --install PREFIX     # プログラム、モジュール、ヘッダー、manページ、シェルの補完、説明書、例"):
-        "tests/checks/installed.py installs, and the continuous build packs",
-}
 # What a reader fills in where printed settings hold null.
 COMPLETED = {"roadClassification": "第3種第2級", "normalCrown": "2.0", "desc": "用地境界（右）", "alignmentRefs": "線形1",
              "subInterval": "10"}
@@ -62,7 +105,7 @@ class Commands:
         self.source = source
         self.scratch = scratch
         self.problems = []
-        self.listed = set(NOT_RUN)
+        self.listed = set(RUN_BY) | set(NOT_RUN)
         self.count = 0
         shutil.rmtree(scratch, ignore_errors=True)
         (scratch / "bin").mkdir(parents=True)
@@ -84,18 +127,41 @@ class Commands:
     def run(self, name, text):
         place = None
         for language, code in blocks(text):
-            key = (name, code.split("\n", 1)[0])
             if language.startswith("json "):
                 place = place or self.prepare(name)
                 (place / language.removeprefix("json ")).write_text(code, encoding="utf-8")
-            if language != "sh":
+            if language != "sh" or name in ELSEWHERE:
                 continue
-            if name in ELSEWHERE or key in NOT_RUN:
-                self.listed.discard(key)
-                self.look_for_scripts(name, code)
+            lines = [line for line in (re.sub(r"(^|\s+)# .*", "", one) for one in code.splitlines()) if line]
+            if any(map(self.entry, lines)):
+                for line in lines:
+                    self.look_up(name, line)
                 continue
             place = place or self.prepare(name)
             self.run_block(name, code, place)
+        for span in re.findall(r"`([^`\n]+)`", FENCED.sub("", text)):
+            if re.match(COMMAND, span) and not re.fullmatch(OPTION_OF, span):
+                self.look_up(name, span)
+
+    @staticmethod
+    def entry(command):
+        """The longest beginning of a command that is listed."""
+        begins = [one for one in {**RUN_BY, **NOT_RUN} if re.match(re.escape(one) + (r"\b" if one[-1].isalnum() else ""), command)]
+        return max(begins, key=len, default=None)
+
+    def look_up(self, name, command):
+        """A command that isn't run here is run by the test that is named, or its reason is; what it runs is there."""
+        entry = self.entry(command)
+        self.listed.discard(entry)
+        if entry is None:
+            self.problems.append(f"{name}: nothing runs {command}")
+        elif entry in RUN_BY:
+            test, words = RUN_BY[entry]
+            if words.replace("{name}", command.split()[0].rpartition("/")[2]) not in (self.source / test).read_text(encoding="utf-8"):
+                self.problems.append(f"{name}: {test} doesn't run {command}")
+        for script in re.findall(r"(?:^|\s)((?:\./|tools/|bench/|fuzz/|tests/)[\w/-]*\.sh)\b", command):
+            if not os.access(self.source / script, os.X_OK):
+                self.problems.append(f"{name}: {script} isn't a program")
 
     def run_manual_pages(self, folder, names):
         place = self.prepare(folder)
@@ -117,14 +183,8 @@ class Commands:
         if ended.returncode != 0:
             self.problems.append(f"{name}: status {ended.returncode} of\n{code}{ended.stdout[-2000:]}{ended.stderr[-2000:]}")
 
-    def look_for_scripts(self, name, code):
-        """What isn't run is there, at least."""
-        for script in re.findall(r"(?:^|\s)((?:\./|tools/|bench/|fuzz/)[\w/-]*\.sh)\b", code):
-            if not os.access(self.source / script, os.X_OK):
-                self.problems.append(f"{name}: {script} isn't a program")
-
     def finish(self):
-        self.problems += [f"{name}: no block begins with {line}" for name, line in self.listed]
+        self.problems += [f"no document has a command {one}" for one in sorted(self.listed)]
         print(f"{self.count} blocks of commands were run")
 
 
