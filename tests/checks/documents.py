@@ -39,8 +39,10 @@ RUN_BY = {
     "make --keep-going --jobs=2": ("tests/cli/batch.py", "make --keep-going --jobs=2"),
     "sbatch --wait batch.sh": ("tests/cli/batch.py", "sbatch --wait batch.sh"),
     "tools/package.sh": (".ci/run", "tools/package.sh"),
-    "apt install": ("tools/try-packages.sh", "apt-get install"),
-    "apt remove": ("tools/try-packages.sh", "apt-get purge"),
+    "sudo apt install ./": ("tools/try-packages.sh", "/tmp/package.deb # as users do"),
+    "sudo apt install libqt6widgets6 libicu72 fonts-ipafont-gothic": ("tools/try-packages.sh", "libqt6widgets6 libicu72 fonts-ipafont-gothic"),
+    "sudo apt remove": ("tools/try-packages.sh", "apt-get purge"),
+    "tar -xf": ("tools/try-packages.sh", 'tar -C "$1/opt/converter"'),
     "apt purge": ("tools/try-packages.sh", "apt-get purge"),
     "uninstall.exe /S _?=": ("tools/try-packages.sh", 'uninstall.exe" /S "_?='),
     "uninstall.exe /S": ("tools/try-packages.sh", 'uninstall.exe" /S'),
@@ -80,7 +82,7 @@ NOT_RUN = {
 }
 # What a sentence may have of a command line: a program with options is told apart from one by the options alone.
 OPTION_OF = r"jlandxml-(convert|inspect) (?!--version)--[\w-]+( [A-Z]+)?"
-COMMAND = (r"(\./|(jlandxml-[a-z]+|cmake|ctest|python3|bash|sh|sudo|apt|make|sbatch|cut|uninstall\.exe) |BENCH_DIALOG=|build/[\w/]+_tests|"
+COMMAND = (r"(\./|(jlandxml-[a-z]+|cmake|ctest|python3|bash|sh|sudo|apt|make|sbatch|cut|tar|uninstall\.exe) |BENCH_DIALOG=|build/[\w/]+_tests|"
            r"/(S|D=|[A-Z]\w+User\w*)|_\?=|\.ci/run|(tools|bench|fuzz|tests)/[\w/-]+\.(sh|py)\b)")
 # Manual pages, those of a language in one folder: the second inspects what the first has made.
 MANUAL_PAGES = {"docs/man": ["jlandxml-convert.1", "jlandxml-inspect.1"], "docs/man/ja": ["jlandxml-convert.1", "jlandxml-inspect.1"]}
