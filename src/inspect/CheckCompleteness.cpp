@@ -30,7 +30,7 @@ class CompletenessCheck
     void Check(const Alignment& alignment)
     {
         const Detail name = NameOf(alignment);
-        ExpectValues(name, alignment.line, {{L"length", alignment.length.text}});
+        ExpectValues(name, alignment, {{L"length", alignment.length.text}});
         for (const PlanElement& element : alignment.elements)
         {
             CheckElement(NameOf(alignment, element), element);
@@ -41,7 +41,7 @@ class CompletenessCheck
         }
         for (const StaEquation& equation : alignment.equations)
         {
-            ExpectValues(Path(name, NameOf(equation)), equation.line,
+            ExpectValues(Path(name, NameOf(equation)), equation,
                          {{L"staAhead", equation.ahead.text}, {L"staInternal", equation.internal.text}});
         }
         for (const Profile& profile : alignment.profiles)
@@ -71,32 +71,33 @@ class CompletenessCheck
             // Where the feature is missing, so is the rest.
             if (group.IsIntermediate() && (point.hasFeature || point.point.featureRef.empty()))
             {
-                ExpectValues(name, point.point.line,
+                ExpectValues(name, point.point,
                              {{L"sta", point.station.text}, {L"tangentDirectionAngle", point.direction.text}});
             }
         }
     }
 
-    void Check(const Surface& surface) { ExpectValues(NameOf(surface), surface.line, {{L"surfType", surface.type}}); }
+    void Check(const Surface& surface) { ExpectValues(NameOf(surface), surface, {{L"surfType", surface.type}}); }
 
   private:
-    void ExpectValues(const Detail& object, std::size_t line, std::initializer_list<NeededValue> values)
+    void ExpectValues(const Detail& object, const SourcePlace& place, std::initializer_list<NeededValue> values)
     {
         for (const NeededValue& value : values)
         {
             if (value.text.empty())
             {
-                findings_.Report(object, line, {{L"{}がない", L"no {}"}, {value.name}});
+                findings_.Report(object, place, {{L"{}がない", L"no {}"}, {value.name}});
             }
         }
     }
 
-    void ExpectCount(const Detail& object, std::size_t line, std::size_t count, std::size_t least, std::size_t most)
+    void ExpectCount(const Detail& object, const SourcePlace& place, std::size_t count, std::size_t least,
+                     std::size_t most)
     {
         const std::size_t expected = std::clamp(count, least, most);
         if (count != expected)
         {
-            findings_.Report(object, line,
+            findings_.Report(object, place,
                              {{L"数値が{}個、{}個のはず", L"{} figures, expected {}"},
                               {std::to_wstring(count), std::to_wstring(expected)}},
                              {static_cast<double>(count), static_cast<double>(expected), {}});
@@ -109,7 +110,7 @@ class CompletenessCheck
         for (const PairList& list : lists)
         {
             const std::size_t pairs = std::max<std::size_t>((list.figureCount + 1) / 2, 1);
-            ExpectCount(object, list.line, list.figureCount, 2 * pairs, 2 * pairs);
+            ExpectCount(object, list, list.figureCount, 2 * pairs, 2 * pairs);
         }
     }
 
@@ -118,7 +119,7 @@ class CompletenessCheck
     {
         if (!point.IsOtherPoint())
         {
-            ExpectCount(object, point.line, point.figureCount, 2, 3);
+            ExpectCount(object, point, point.figureCount, 2, 3);
         }
     }
 
@@ -127,18 +128,18 @@ class CompletenessCheck
         for (const PlanPoint* const point : {&element.start, &element.center, &element.pi, &element.end})
         {
             // Too few are no coordinates.
-            ExpectCount(object, point->line, point->figureCount, 0, 3);
+            ExpectCount(object, *point, point->figureCount, 0, 3);
         }
         if (element.kind == ElementKind::Spiral)
         {
-            ExpectValues(object, element.line,
+            ExpectValues(object, element,
                          {{L"length", element.length.text},
                           {L"radiusStart", element.radiusStart.text},
                           {L"radiusEnd", element.radiusEnd.text}});
         }
         if (element.kind == ElementKind::IrregularLine && element.path.empty())
         {
-            ExpectValues(object, element.line, {{L"PntList2D", {}}});
+            ExpectValues(object, element, {{L"PntList2D", {}}});
         }
         ExpectPairs(object, element.path);
     }
@@ -162,18 +163,18 @@ class CompletenessCheck
 
     void CheckProfileElement(const Detail& object, const ProfileElement& element)
     {
-        ExpectCount(object, element.line, element.figureCount, 2, 2);
+        ExpectCount(object, element, element.figureCount, 2, 2);
         if (element.kind == L"ParaCurve" || element.kind == L"CircCurve")
         {
-            ExpectValues(object, element.line, {{L"length", element.length.text}});
+            ExpectValues(object, element, {{L"length", element.length.text}});
         }
         if (element.kind == L"CircCurve")
         {
-            ExpectValues(object, element.line, {{L"radius", element.radius.text}});
+            ExpectValues(object, element, {{L"radius", element.radius.text}});
         }
         if (element.kind == L"UnsymParaCurve")
         {
-            ExpectValues(object, element.line,
+            ExpectValues(object, element,
                          {{L"lengthIn", element.lengthIn.text}, {L"lengthOut", element.lengthOut.text}});
         }
     }
@@ -183,9 +184,9 @@ class CompletenessCheck
         const Detail name = Path(alignment, NameOf(one));
         for (const TransitionStation& station : one.stations)
         {
-            ExpectValues(name, station.line, {{station.kind, station.station.text}});
+            ExpectValues(name, station, {{station.kind, station.station.text}});
         }
-        ExpectValues(name, one.line, {{L"FullSuperelev", one.fullSuperelev.text}});
+        ExpectValues(name, one, {{L"FullSuperelev", one.fullSuperelev.text}});
     }
 
     void CheckStationLists(const Alignment& alignment)
@@ -194,14 +195,14 @@ class CompletenessCheck
             // A station with a width, or with the slope of a single lane or those to both sides.
             for (const StationEntry& entry : entries)
             {
-                ExpectCount(Path(NameOf(alignment), list), entry.line, entry.figures.size(), 2, ANY_COUNT);
+                ExpectCount(Path(NameOf(alignment), list), entry, entry.figures.size(), 2, ANY_COUNT);
             }
         });
     }
 
     void CheckSection(const Detail& name, const CrossSect& section)
     {
-        ExpectValues(name, section.line, {{L"sta", section.station.text}});
+        ExpectValues(name, section, {{L"sta", section.station.text}});
         for (const CrossSectSurf& ground : section.grounds)
         {
             ExpectPairs(Path(name, ground.name), ground.lists);
@@ -212,7 +213,7 @@ class CompletenessCheck
             {
                 if (!point.IsOtherPoint())
                 {
-                    ExpectCount(Path(Path(name, surface.name), L"CrossSectPnt " + std::wstring(point.code)), point.line,
+                    ExpectCount(Path(Path(name, surface.name), L"CrossSectPnt " + std::wstring(point.code)), point,
                                 point.figureCount, 2, 2);
                 }
             }

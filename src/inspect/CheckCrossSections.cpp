@@ -285,7 +285,7 @@ void CheckGroundLine(const Detail& name, const CrossSectSurf& ground, Findings& 
         {
             if (pair.first.value < last)
             {
-                findings.Report(name, list.line, {{L"離れ {}", L"offset {}"}, {pair.first.text}},
+                findings.Report(name, list, {{L"離れ {}", L"offset {}"}, {pair.first.text}},
                                 {pair.first.value, last, {}});
             }
             last = pair.first.IsFinite() ? pair.first.value : last;
@@ -345,7 +345,7 @@ void CheckPair(const Alignment& alignment, const Superelevation& one, const Tran
 {
     if (behind.station.value < before.station.value)
     {
-        findings.Report(SuperelevationName(alignment, one), behind.line,
+        findings.Report(SuperelevationName(alignment, one), behind,
                         std::wstring(before.kind) + L" " + std::wstring(before.station.text) + L"、" +
                             std::wstring(behind.kind) + L" " + std::wstring(behind.station.text),
                         {behind.station.value, before.station.value, {}});
@@ -415,8 +415,7 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         for (const Superelevation& one : alignment.superelevations)
         {
-            CheckPair(alignment, one, {L"staStart", one.staStart, one.line}, {L"staEnd", one.staEnd, one.line},
-                      findings);
+            CheckPair(alignment, one, {one, L"staStart", one.staStart}, {one, L"staEnd", one.staEnd}, findings);
             for (const Feature& feature : one.features)
             {
                 const std::vector<TransitionStation> stations = FeatureStations(feature);
@@ -451,8 +450,8 @@ void CheckStationLists(const LandXmlFile& file, Findings& findings)
                 const Figure station = entry.Station();
                 if (station.value < last)
                 {
-                    findings.Report(Path(NameOf(alignment), name), entry.line,
-                                    {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last, {}});
+                    findings.Report(Path(NameOf(alignment), name), entry, {{L"測点 {}", L"station {}"}, {station.text}},
+                                    {station.value, last, {}});
                 }
                 last = station.IsFinite() ? station.value : last;
             }
@@ -470,7 +469,7 @@ void CheckSectionOrder(const LandXmlFile& file, Findings& findings)
             {
                 if (section.station.value <= last)
                 {
-                    findings.Report(SectionName(alignment, section), section.line,
+                    findings.Report(SectionName(alignment, section), section,
                                     {{L"測点 {}", L"station {}"}, {section.station.text}},
                                     {section.station.value, last, {}});
                 }
@@ -491,7 +490,7 @@ void CheckOutlinesClosed(const LandXmlFile& file, Findings& findings)
         }
         const CrossSectPnt& first = surface.points.front();
         const CrossSectPnt& last = surface.points.back();
-        findings.MeasureGap(SurfaceName(alignment, section, surface), last.line,
+        findings.MeasureGap(SurfaceName(alignment, section, surface), last,
                             std::hypot(last.offset.value - first.offset.value, last.height.value - first.height.value));
     });
 }
@@ -507,7 +506,7 @@ void CheckFromLeftToRight(const LandXmlFile& file, Findings& findings)
         {
             if (const CrossSectPnt* const point = PointOutOfOrder(section, surface))
             {
-                findings.Report(SurfaceName(alignment, section, surface), point->line,
+                findings.Report(SurfaceName(alignment, section, surface), *point,
                                 {{L"離れ {}", L"offset {}"}, {point->offset.text}},
                                 {point->offset.value, point[-1].offset.value, {}});
             }
@@ -527,7 +526,7 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
             const auto across = std::find_if(surface.points.begin(), surface.points.end(), isAcross);
             if (across != surface.points.end())
             {
-                findings.Report(SurfaceName(alignment, section, surface), across->line,
+                findings.Report(SurfaceName(alignment, section, surface), *across,
                                 {{L"離れ {}", L"offset {}"}, {across->offset.text}},
                                 {across->offset.value, centre, SAME_OFFSET});
             }
@@ -556,7 +555,7 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
                 {
                     const bool isRelative = surface->IsRelativeToProfile();
                     findings.Measure(
-                        SurfaceName(alignment, section, *surface), point->line, point->height,
+                        SurfaceName(alignment, section, *surface), *point, point->height,
                         FormationHeight(section, *surface, *height),
                         {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
                                     : Sentence{L"標高", L"elevation"},
@@ -578,7 +577,7 @@ void CheckPavementLayersApart(const LandXmlFile& file, Findings& findings)
             for (std::size_t j = 0; j < i; ++j)
             {
                 findings.MeasureGap(
-                    SurfaceName(alignment, section, *layers[i].surface), layers[i].surface->line,
+                    SurfaceName(alignment, section, *layers[i].surface), *layers[i].surface,
                     Overlap(layers[j], layers[i]),
                     {{L"{}と重なる", L"over {}"}, {PropertyValue(layers[j].surface->features, L"", L"pavementClass")}});
             }
@@ -601,7 +600,7 @@ void CheckGroundNames(const LandXmlFile& file, Findings& findings)
             {
                 if (names.count(ground.name) == 0)
                 {
-                    findings.Report(Path(NameOf(alignment), NameOf(ground)), ground.line, ground.name);
+                    findings.Report(Path(NameOf(alignment), NameOf(ground)), ground, ground.name);
                 }
             }
         }
@@ -611,7 +610,7 @@ void CheckGroundNames(const LandXmlFile& file, Findings& findings)
         {
             if (names.count(ground.name) == 0)
             {
-                findings.Report(SectionName(alignment, section), ground.line, ground.name);
+                findings.Report(SectionName(alignment, section), ground, ground.name);
             }
         }
     });

@@ -267,7 +267,7 @@ void CheckBendNames(const Alignment& alignment, const std::wstring& letters, std
         {
             std::wstring expected(bend->names[index]);
             expected.replace(expected.find(L'#'), 1, std::to_wstring(IntersectionNumber(point.name)));
-            findings.Report(Path(NameOf(alignment), point.name), point.line,
+            findings.Report(Path(NameOf(alignment), point.name), point,
                             {{L"要素の並びからは{}", L"by the elements {}"}, {expected}});
         }
     }
@@ -312,7 +312,7 @@ void CheckCoordinates(const LandXmlFile& file, Findings& findings)
                                                                : true;
             if (isNeeded && !one.point->IsPlaced())
             {
-                findings.Report(NameOf(alignment, element), std::max(element.line, one.point->line), one.word);
+                findings.Report(NameOf(alignment, element), std::max<SourcePlace>(element, *one.point), one.word);
             }
         }
     });
@@ -323,7 +323,7 @@ void CheckJoints(const LandXmlFile& file, Findings& findings)
     ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
         if (before.end.IsPlaced() && behind.start.IsPlaced())
         {
-            findings.MeasureGap(NameOf(alignment, before), before.end.line, Distance(before.end, behind.start));
+            findings.MeasureGap(NameOf(alignment, before), before.end, Distance(before.end, behind.start));
         }
     });
 }
@@ -339,7 +339,7 @@ void CheckElementLengths(const LandXmlFile& file, Findings& findings)
         const ElementCourse course = CourseOf(element);
         if (course.IsKnown())
         {
-            findings.Measure(NameOf(alignment, element), element.line, element.length, course.computedLength);
+            findings.Measure(NameOf(alignment, element), element, element.length, course.computedLength);
         }
     });
 }
@@ -351,9 +351,9 @@ void CheckRadii(const LandXmlFile& file, Findings& findings)
         {
             const Figure radius{element.radius.IsFinite() ? element.radius.text : std::wstring_view(),
                                 RadiusOf(element)};
-            findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.start, element.center),
+            findings.Measure(NameOf(alignment, element), element, radius, Distance(element.start, element.center),
                              {{L"始点まで", L"to the start"}, {}});
-            findings.Measure(NameOf(alignment, element), element.line, radius, Distance(element.end, element.center),
+            findings.Measure(NameOf(alignment, element), element, radius, Distance(element.end, element.center),
                              {{L"終点まで", L"to the end"}, {}});
         }
     });
@@ -371,7 +371,7 @@ void CheckDirections(const LandXmlFile& file, Findings& findings)
             const ElementCourse to = CourseOf(behind);
             if (from.IsKnown() && to.IsKnown() && !rotations.IsWrong(index - 1) && !rotations.IsWrong(index))
             {
-                findings.MeasureGap(NameOf(alignment, before), before.end.line,
+                findings.MeasureGap(NameOf(alignment, before), before.end,
                                     std::abs(SignedAngle(to.StartAzimuth() - from.EndAzimuth())),
                                     {{L"次は{}", L"next: {}"}, {KindOf(behind)}},
                                     alignment.isRiver ? Severity::Information : Severity::Error);
@@ -386,7 +386,7 @@ void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
         const double change = std::abs(CurvatureOf(element.radiusStart) - CurvatureOf(element.radiusEnd));
         if (IsClothoid(element) && element.parameter.IsFinite() && element.length.IsFinite() && change > 0)
         {
-            findings.MeasureRatio(NameOf(alignment, element), element.line, element.parameter,
+            findings.MeasureRatio(NameOf(alignment, element), element, element.parameter,
                                   std::sqrt(element.length.value / change));
         }
     });
@@ -403,7 +403,7 @@ void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
         if (course.IsKnown())
         {
             const Position end = course.stretches.front().End();
-            findings.MeasureGap(NameOf(alignment, element), element.end.line,
+            findings.MeasureGap(NameOf(alignment, element), element.end,
                                 Distance(end.north, end.east, element.end.north.value, element.end.east.value),
                                 {{L"計算 {} {}", L"computed {} {}"}, {ShortNumber(end.north), ShortNumber(end.east)}});
         }
@@ -420,7 +420,7 @@ void CheckRotations(const LandXmlFile& file, Findings& findings)
             const bool isBent = element.kind == ElementKind::Curve || element.kind == ElementKind::Spiral;
             if (isBent && (Turn(element.rot) == 0 || rotations.IsWrong(index)))
             {
-                findings.Report(NameOf(alignment, element), element.line, L"rot=" + std::wstring(element.rot));
+                findings.Report(NameOf(alignment, element), element, L"rot=" + std::wstring(element.rot));
             }
         }
     });
@@ -432,7 +432,7 @@ void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings)
         if (alignment.length.IsFinite() && !alignment.elements.empty())
         {
             const Course course(alignment);
-            findings.Measure(NameOf(alignment), alignment.line, alignment.length, course.StaEnd() - course.StaStart());
+            findings.Measure(NameOf(alignment), alignment, alignment.length, course.StaEnd() - course.StaStart());
         }
     });
 }
@@ -445,7 +445,7 @@ void CheckPointNamesThere(const LandXmlFile& file, Findings& findings)
         {
             if (one.point->IsWritten() && one.point->name.empty())
             {
-                findings.Report(NameOf(alignment, element), one.point->line, one.word);
+                findings.Report(NameOf(alignment, element), *one.point, one.word);
             }
         }
     });
@@ -459,7 +459,7 @@ void CheckPointNamesUnique(const LandXmlFile& file, Findings& findings)
         {
             if (!one.point->name.empty() && !names.insert(one.point->name).second)
             {
-                findings.Report(Path(NameOf(alignment), one.point->name), one.point->line);
+                findings.Report(Path(NameOf(alignment), one.point->name), *one.point);
             }
         }
     });
@@ -470,7 +470,7 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
     ForEachJoint(file, [&](const Alignment& alignment, const PlanElement& before, const PlanElement& behind) {
         if (before.end.name != behind.start.name)
         {
-            findings.Report(NameOf(alignment, before), before.end.line,
+            findings.Report(NameOf(alignment, before), before.end,
                             {{L"{}の次が{}", L"{} is followed by {}"}, {before.end.name, behind.start.name}});
         }
     });
@@ -481,7 +481,7 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
             const std::int32_t number = IntersectionNumber(one.point->name);
             if (number > 0 && number < highest)
             {
-                findings.Report(Path(NameOf(alignment), one.point->name), one.point->line,
+                findings.Report(Path(NameOf(alignment), one.point->name), *one.point,
                                 {{L"番号が{}の後", L"behind number {}"}, {std::to_wstring(highest)}},
                                 {static_cast<double>(number), static_cast<double>(highest), {}});
             }

@@ -44,11 +44,11 @@ class RisingStations
   public:
     RisingStations(Findings& findings, Detail name) : findings_(findings), name_(std::move(name)) {}
 
-    void Take(const Figure& station, std::size_t line)
+    void Take(const Figure& station, const SourcePlace& place)
     {
         if (station.value <= last_)
         {
-            findings_.Report(name_, line, {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last_, {}});
+            findings_.Report(name_, place, {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last_, {}});
         }
         last_ = station.IsFinite() ? station.value : last_;
     }
@@ -77,7 +77,7 @@ void CheckProfileStations(const LandXmlFile& file, Findings& findings)
         RisingStations stations(findings, DesignName(alignment, design));
         for (const ProfileElement& element : design.elements)
         {
-            stations.Take(element.station, element.line);
+            stations.Take(element.station, element);
         }
     });
     ForEachAlignment(file, [&](const Alignment& alignment) {
@@ -90,7 +90,7 @@ void CheckProfileStations(const LandXmlFile& file, Findings& findings)
                 {
                     for (const FigurePair& pair : list.pairs)
                     {
-                        stations.Take(pair.first, list.line);
+                        stations.Take(pair.first, list);
                     }
                 }
             }
@@ -109,7 +109,7 @@ void CheckVerticalCurvesApart(const LandXmlFile& file, Findings& findings)
             // Where the stations don't rise, that is what is wrong.
             if (behind.station > before.station)
             {
-                findings.MeasureGap(PointName(alignment, design, behind), behind.element->line,
+                findings.MeasureGap(PointName(alignment, design, behind), *behind.element,
                                     before.CurveEnd() - behind.CurveStart(),
                                     {{L"前の縦断曲線は{}まで、この縦断曲線は{}から",
                                       L"the one before ends at {}, this one begins at {}"},
@@ -128,7 +128,7 @@ void CheckVerticalCurveEnds(const LandXmlFile& file, Findings& findings)
             const bool isEnd = &point == &line.Points().front() || &point == &line.Points().back();
             if (isEnd && point.HasCurve())
             {
-                findings.Report(PointName(alignment, design, point), point.element->line);
+                findings.Report(PointName(alignment, design, point), *point.element);
             }
         }
     });
@@ -143,7 +143,7 @@ void CheckVerticalRadii(const LandXmlFile& file, Findings& findings)
             const double change = CurveTurn(point);
             if (point.element->radius.IsFinite() && point.HasCurve() && change > 0)
             {
-                findings.MeasureRatio(PointName(alignment, design, point), point.element->line,
+                findings.MeasureRatio(PointName(alignment, design, point), *point.element,
                                       {point.element->radius.text, std::abs(point.element->radius.value)},
                                       (point.lengthIn + point.lengthOut) / change);
             }
@@ -163,7 +163,7 @@ void CheckProfileReferences(const LandXmlFile& file, Findings& findings)
             };
             if (reference != nullptr && std::none_of(alignment.profiles.begin(), alignment.profiles.end(), isThere))
             {
-                findings.Report(NameOf(alignment), reference->line, reference->value);
+                findings.Report(NameOf(alignment), *reference, reference->value);
             }
         }
     });

@@ -32,11 +32,11 @@ class Unique
   public:
     Unique(Findings& findings, Detail kind) : findings_(findings), kind_(std::move(kind)) {}
 
-    void Take(const Value& value, std::wstring_view text, std::size_t line)
+    void Take(const Value& value, std::wstring_view text, const SourcePlace& place)
     {
         if (!values_.insert(value).second)
         {
-            findings_.Report(kind_ + L" " + text, line);
+            findings_.Report(kind_ + L" " + text, place);
         }
     }
 
@@ -51,11 +51,11 @@ class UniqueNames
   public:
     UniqueNames(Findings& findings, Detail kind) : names_(findings, std::move(kind)) {}
 
-    void Take(std::wstring_view name, std::size_t line)
+    void Take(std::wstring_view name, const SourcePlace& place)
     {
         if (!name.empty())
         {
-            names_.Take(name, name, line);
+            names_.Take(name, name, place);
         }
     }
 
@@ -77,6 +77,13 @@ constexpr VerticalDatum VERTICAL_DATUMS[] = {
     {L"A.P", -0.8333}, {L"O.P", -1.3},    {L"T.P.W", 0.113}, {L"B.S.L", 84.371},
 };
 
+/// Where an element begins that there may be none of.
+template <class Element>
+SourcePlace PlaceOf(const std::optional<Element>& element)
+{
+    return element ? SourcePlace(*element) : SourcePlace();
+}
+
 std::optional<int> ZoneOf(const LandXmlFile& file)
 {
     return file.coordinateSystem ? ReadZone(file.coordinateSystem->zoneName) : std::nullopt;
@@ -86,7 +93,7 @@ std::optional<int> ZoneOf(const LandXmlFile& file)
 struct NamedPlace
 {
     Detail name;
-    std::size_t line;
+    SourcePlace place;
     double north;
     double east;
     std::wstring_view northText; ///< the file's own; empty where it wasn't kept
@@ -104,7 +111,7 @@ struct PlacesOfOne
         if (point.IsPlaced())
         {
             places.push_back(
-                {std::move(place), point.line, point.north.value, point.east.value, point.north.text, point.east.text});
+                {std::move(place), point, point.north.value, point.east.value, point.north.text, point.east.text});
         }
     }
 };
@@ -139,8 +146,10 @@ PlacesOfOne PlacesOf(const Surface& surface)
         const FarthestPoint& one = surface.farthest[side];
         if (!one.northText.empty() && std::isfinite(one.point.north) && std::isfinite(one.point.east))
         {
+            const std::uint32_t found = surface.index.Find(one.point.id);
             all.places.push_back({Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(one.point.id)}}),
-                                  one.point.line, one.point.north, one.point.east, one.northText, one.eastText});
+                                  found != NO_POINT ? PlaceOf(surface, surface.points[found]) : SourcePlace(surface),
+                                  one.point.north, one.point.east, one.northText, one.eastText});
         }
     }
     return all;
@@ -214,12 +223,12 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     const std::wstring north = NameOr(first->northText, ShortNumber(first->north));
     const std::wstring east = NameOr(first->eastText, ShortNumber(first->east));
     const std::wstring more = std::to_wstring(names.size() - 1);
-    findings.Report(areMore ? all.name : first->name, first->line, {words, {north, east, system, more}});
+    findings.Report(areMore ? all.name : first->name, first->place, {words, {north, east, system, more}});
 }
 
 /// Says of an angle in degrees, minutes and seconds that it is none. It is told under the name of its attribute where
 /// an element has several.
-void CheckAngle(Findings& findings, const Detail& object, std::size_t line, const Figure& angle,
+void CheckAngle(Findings& findings, const Detail& object, const SourcePlace& place, const Figure& angle,
                 std::wstring_view attribute = {})
 {
     const std::optional<DegreesMinutesSeconds> parts = ReadDegreesMinutesSeconds(angle.text);
@@ -227,7 +236,7 @@ void CheckAngle(Findings& findings, const Detail& object, std::size_t line, cons
     {
         const std::wstring text =
             attribute.empty() ? std::wstring(angle.text) : std::wstring(attribute) + L" " + std::wstring(angle.text);
-        findings.Report(object, line,
+        findings.Report(object, place,
                         {{L"{} → {}分{}秒", L"{} → {} minutes {} seconds"},
                          {text, ShortNumber(parts->minutes), ShortNumber(parts->seconds)}},
                         {parts->minutes >= 60 ? parts->minutes : parts->seconds, 60, {}});
@@ -242,7 +251,7 @@ void CheckElementAngles(const LandXmlFile& file, Findings& findings, std::vector
         {
             for (const NamedFigure& angle : element.*angles)
             {
-                CheckAngle(findings, NameOf(alignment, element), element.line, angle.figure, angle.name);
+                CheckAngle(findings, NameOf(alignment, element), element, angle.figure, angle.name);
             }
         }
     });
@@ -254,13 +263,13 @@ struct Reference
     std::wstring_view pntRef;
     std::wstring_view featureRef;
     std::wstring_view ownName;
-    std::size_t line;
+    SourcePlace place;
     std::function<Detail()> object;
 };
 
 Reference ReferenceOf(const PlanPoint& point, std::function<Detail()> object)
 {
-    return {point.pntRef, point.featureRef, point.name, point.line, std::move(object)};
+    return {point.pntRef, point.featureRef, point.name, point, std::move(object)};
 }
 
 /// Visits the references of all points of an alignment that have some.
@@ -295,7 +304,7 @@ void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
                 {
                     if (has(point))
                     {
-                        visit(Reference{point.pntRef, point.featureRef, {}, point.line, [&] {
+                        visit(Reference{point.pntRef, point.featureRef, {}, point, [&] {
                                             return Path(Path(NameOf(alignment), NameOf(section)),
                                                         L"CrossSectPnt " + std::wstring(point.code));
                                         }});
@@ -323,15 +332,15 @@ void ForEachReference(const LandXmlFile& file, Visit&& visit)
 void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
 {
     const AlignmentReferences alignments(file);
-    const auto check = [&](const Detail& object, std::size_t line, std::wstring_view references) {
+    const auto check = [&](const Detail& object, const SourcePlace& place, std::wstring_view references) {
         if (Trim(references).empty())
         {
-            findings.Report(object, line, Detail(NOT_GIVEN));
+            findings.Report(object, place, Detail(NOT_GIVEN));
             return;
         }
         for (const std::wstring_view name : alignments.Missing(references))
         {
-            findings.Report(object, line, name);
+            findings.Report(object, place, name);
         }
     };
     for (const PointGroup& group : file.pointGroups)
@@ -339,19 +348,20 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
         if (!group.kind.empty())
         {
             const Property* const property = FindProperty(group.features, group.kind, L"alignmentRefs");
-            check(NameOf(group), property != nullptr ? property->line : group.line, group.alignmentRefs);
+            check(NameOf(group), property != nullptr ? SourcePlace(*property) : SourcePlace(group),
+                  group.alignmentRefs);
         }
     }
     for (const Roadway& roadway : file.roadways)
     {
-        check(L"Roadway " + std::wstring(roadway.name), roadway.line, roadway.alignmentRefs);
+        check(L"Roadway " + std::wstring(roadway.name), roadway, roadway.alignmentRefs);
     }
     for (const Surface& surface : file.surfaces)
     {
         // A surface need not be of an alignment.
         if (const Property* const property = FindProperty(surface.features, L"", L"alignmentRefs"))
         {
-            check(NameOf(surface), property->line, property->value);
+            check(NameOf(surface), *property, property->value);
         }
     }
 }
@@ -364,14 +374,14 @@ void CheckFeatureReferences(const LandXmlFile& file, Findings& findings)
         {
             if (!point.point.featureRef.empty() && !point.hasFeature)
             {
-                findings.Report(Path(NameOf(group), NameOf(point)), point.point.line, point.point.featureRef);
+                findings.Report(Path(NameOf(group), NameOf(point)), point.point, point.point.featureRef);
             }
         }
     }
     ForEachReference(file, [&](const Reference& reference) {
         if (!reference.featureRef.empty() && file.featureNames.count(reference.featureRef) == 0)
         {
-            findings.Report(reference.object(), reference.line, reference.featureRef);
+            findings.Report(reference.object(), reference.place, reference.featureRef);
         }
     });
 }
@@ -390,14 +400,14 @@ void CheckPointReferences(const LandXmlFile& file, Findings& findings)
         {
             if (!one.point.pntRef.empty() && !leadsToAnother(one.point.pntRef, one.point.name))
             {
-                findings.Report(Path(NameOf(group), NameOf(one)), one.point.line, one.point.pntRef);
+                findings.Report(Path(NameOf(group), NameOf(one)), one.point, one.point.pntRef);
             }
         }
     }
     ForEachReference(file, [&](const Reference& reference) {
         if (!reference.pntRef.empty() && !leadsToAnother(reference.pntRef, reference.ownName))
         {
-            findings.Report(reference.object(), reference.line, reference.pntRef);
+            findings.Report(reference.object(), reference.place, reference.pntRef);
         }
     });
 }
@@ -407,17 +417,17 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
     UniqueNames groups(findings, L"CgPoints");
     for (const PointGroup& group : file.pointGroups)
     {
-        groups.Take(group.name, group.line);
+        groups.Take(group.name, group);
         UniqueNames points(findings, Path(NameOf(group), L"CgPoint"));
         for (const CgPoint& point : group.points)
         {
-            points.Take(point.point.name, point.point.line);
+            points.Take(point.point.name, point.point);
         }
     }
     // Unique within a route by the schema; references don't name the route, so within the file.
     UniqueNames alignments(findings, L"Alignment");
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        alignments.Take(alignment.name, alignment.line);
+        alignments.Take(alignment.name, alignment);
         for (const CrossSects& sects : alignment.crossSects)
         {
             // By their values: 60. and 60.000 are one station.
@@ -426,7 +436,7 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
             {
                 if (section.station.IsNumber())
                 {
-                    stations.Take(section.station.value, section.station.text, section.line);
+                    stations.Take(section.station.value, section.station.text, section);
                 }
             }
         }
@@ -434,12 +444,12 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
     UniqueNames roadways(findings, L"Roadway");
     for (const Roadway& roadway : file.roadways)
     {
-        roadways.Take(roadway.name, roadway.line);
+        roadways.Take(roadway.name, roadway);
     }
     UniqueNames surfaces(findings, L"Surface");
     for (const Surface& surface : file.surfaces)
     {
-        surfaces.Take(surface.name, surface.line);
+        surfaces.Take(surface.name, surface);
     }
 }
 
@@ -449,7 +459,7 @@ void CheckHorizontalDatum(const LandXmlFile& file, Findings& findings)
         file.coordinateSystem ? file.coordinateSystem->horizontalDatum : std::wstring_view();
     if (std::find(std::begin(HORIZONTAL_DATUMS), std::end(HORIZONTAL_DATUMS), datum) == std::end(HORIZONTAL_DATUMS))
     {
-        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem ? file.coordinateSystem->line : 0,
+        findings.Report(COORDINATE_SYSTEM, PlaceOf(file.coordinateSystem),
                         datum.empty() ? Detail(NOT_GIVEN) : Detail(datum));
     }
 }
@@ -459,7 +469,7 @@ void CheckZone(const LandXmlFile& file, Findings& findings)
     if (!ZoneOf(file))
     {
         const std::wstring_view name = file.coordinateSystem ? file.coordinateSystem->zoneName : std::wstring_view();
-        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem ? file.coordinateSystem->line : 0,
+        findings.Report(COORDINATE_SYSTEM, PlaceOf(file.coordinateSystem),
                         name.empty() ? Detail(NOT_GIVEN) : Detail(name));
     }
 }
@@ -471,7 +481,7 @@ void CheckZoneDescription(const LandXmlFile& file, Findings& findings)
         file.coordinateSystem ? ZoneInDescription(file.coordinateSystem->desc) : std::nullopt;
     if (zone && described && *zone != *described)
     {
-        findings.Report(COORDINATE_SYSTEM, file.coordinateSystem->line,
+        findings.Report(COORDINATE_SYSTEM, *file.coordinateSystem,
                         {{L"第{}系、説明は第{}系", L"zone {}, described as zone {}"},
                          {std::to_wstring(*zone), std::to_wstring(*described)}},
                         {static_cast<double>(*zone), static_cast<double>(*described), {}});
@@ -523,7 +533,7 @@ void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)
         {
             for (const CgPoint& point : group.points)
             {
-                CheckAngle(findings, Path(NameOf(group), NameOf(point)), point.point.line, point.direction);
+                CheckAngle(findings, Path(NameOf(group), NameOf(point)), point.point, point.direction);
             }
         }
         CheckElementAngles(file, findings, &PlanElement::directions);
@@ -536,7 +546,7 @@ void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)
             {
                 for (const CrossSect& section : sects.sections)
                 {
-                    CheckAngle(findings, Path(NameOf(alignment), NameOf(section)), section.line, section.angleSkew);
+                    CheckAngle(findings, Path(NameOf(alignment), NameOf(section)), section, section.angleSkew);
                 }
             }
         });
@@ -562,13 +572,13 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
     }
     if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
     {
-        findings.Report(COORDINATE_SYSTEM, system.line,
+        findings.Report(COORDINATE_SYSTEM, system,
                         {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}},
                         {{}, nearest->differTp, {}}, Severity::Warning);
     }
     else if (nearest != nullptr)
     {
-        findings.Measure(COORDINATE_SYSTEM, system.line, differTp, nearest->differTp, system.verticalDatum);
+        findings.Measure(COORDINATE_SYSTEM, system, differTp, nearest->differTp, system.verticalDatum);
     }
 }
 
@@ -576,7 +586,7 @@ void CheckMetric(const LandXmlFile& file, Findings& findings)
 {
     if (!file.units || file.units->system != L"Metric" || file.units->linear != L"meter")
     {
-        findings.Report(Sentence{L"単位系", L"Units"}, file.units ? file.units->line : 0,
+        findings.Report(Sentence{L"単位系", L"Units"}, PlaceOf(file.units),
                         file.units ? Detail(std::wstring(file.units->system) + L" " + std::wstring(file.units->linear))
                                    : Detail(NOT_GIVEN));
     }
@@ -586,7 +596,7 @@ void CheckSkipped(const LandXmlFile& file, Findings& findings)
 {
     for (const SkippedElements& skipped : file.skipped)
     {
-        findings.Report(skipped.path, skipped.line, {{L"{}件", L"{} of them"}, {std::to_wstring(skipped.count)}});
+        findings.Report(skipped.path, skipped, {{L"{}件", L"{} of them"}, {std::to_wstring(skipped.count)}});
     }
 }
 
@@ -597,8 +607,7 @@ void CheckUndrawn(const LandXmlFile& file, Findings& findings)
         {
             if (element.kind == ElementKind::Spiral && element.spiralType != L"clothoid")
             {
-                findings.Report(NameOf(alignment, element), element.line,
-                                L"spiType=" + std::wstring(element.spiralType));
+                findings.Report(NameOf(alignment, element), element, L"spiType=" + std::wstring(element.spiralType));
             }
         }
         for (const CrossSects& sects : alignment.crossSects)
@@ -610,7 +619,7 @@ void CheckUndrawn(const LandXmlFile& file, Findings& findings)
                     const auto other = std::find_if(surface.points.begin(), surface.points.end(), IsOfAnotherFormat);
                     if (other != surface.points.end())
                     {
-                        findings.Report(Path(Path(NameOf(alignment), NameOf(section)), surface.name), other->line,
+                        findings.Report(Path(Path(NameOf(alignment), NameOf(section)), surface.name), *other,
                                         other->IsOtherPoint() ? L"pntRef=" + std::wstring(other->pntRef)
                                                               : L"dataFormat=" + std::wstring(other->dataFormat));
                     }
@@ -624,7 +633,7 @@ void CheckFigures(const LandXmlFile& file, Findings& findings)
 {
     for (const UnreadableFigure& figure : file.unreadable)
     {
-        findings.Report(figure.what, figure.line, figure.text);
+        findings.Report(figure.what, figure, figure.text);
     }
 }
 
@@ -632,7 +641,7 @@ void CheckSchema(const LandXmlFile& file, Findings& findings)
 {
     for (const SchemaFault& fault : file.schemaFaults.listed)
     {
-        findings.Report(fault.path, fault.line,
+        findings.Report(fault.path, {fault.line},
                         fault.count > 1
                             ? Detail({L"{}、{}件", L"{} {} of them."}, {fault.reason, std::to_wstring(fault.count)})
                             : Detail(fault.reason));
@@ -644,7 +653,7 @@ void CheckEncoding(const LandXmlFile& file, Findings& findings)
 {
     if (file.hasMalformedText)
     {
-        findings.Report(Sentence{L"ファイル", L"File"}, 1);
+        findings.Report(Sentence{L"ファイル", L"File"}, {1});
     }
 }
 

@@ -45,7 +45,7 @@ struct PlacedThing
 {
     Detail name;
     Figure station;
-    std::size_t line;
+    SourcePlace place;
 };
 
 /// A station of a superelevation under its name in the file.
@@ -58,17 +58,17 @@ void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& th
 {
     for (const Superelevation& one : alignment.superelevations)
     {
-        things.push_back({SuperelevationStation(L"staStart"), one.staStart, one.line});
-        things.push_back({SuperelevationStation(L"staEnd"), one.staEnd, one.line});
+        things.push_back({SuperelevationStation(L"staStart"), one.staStart, one});
+        things.push_back({SuperelevationStation(L"staEnd"), one.staEnd, one});
         for (const TransitionStation& station : one.stations)
         {
-            things.push_back({SuperelevationStation(station.kind), station.station, station.line});
+            things.push_back({SuperelevationStation(station.kind), station.station, station});
         }
         for (const Feature& feature : one.features)
         {
             for (const TransitionStation& station : StationsOf(feature))
             {
-                things.push_back({SuperelevationStation(station.kind), station.station, station.line});
+                things.push_back({SuperelevationStation(station.kind), station.station, station});
             }
         }
     }
@@ -80,20 +80,20 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
     std::vector<PlacedThing> things;
     for (const StaEquation& equation : alignment.equations)
     {
-        things.push_back({Sentence{L"測点定義", L"Station equation"}, equation.internal, equation.line});
+        things.push_back({Sentence{L"測点定義", L"Station equation"}, equation.internal, equation});
     }
     for (const CrossSects& sects : alignment.crossSects)
     {
         for (const CrossSect& section : sects.sections)
         {
-            things.push_back({NameOf(section), section.station, section.line});
+            things.push_back({NameOf(section), section.station, section});
         }
     }
     AddSuperelevations(alignment, things);
     ForEachStationList(alignment, [&](const Sentence& name, const std::vector<StationEntry>& list) {
         for (const StationEntry& entry : list)
         {
-            things.push_back({name, entry.Station(), entry.line});
+            things.push_back({name, entry.Station(), entry});
         }
     });
     return things;
@@ -156,7 +156,7 @@ void CheckWithin(const Alignment& alignment, const Course& course, const PlacedT
     if (IsApart(thing.station.value, nearest))
     {
         findings.Report(
-            Path(NameOf(alignment), thing.name), thing.line,
+            Path(NameOf(alignment), thing.name), thing.place,
             {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
              {thing.station.text, NameOr(alignment.staStart.text, ShortNumber(course.StaStart())), ShortNumber(end)}},
             {thing.station.value, nearest, SAME_STATION});
@@ -170,7 +170,7 @@ void CheckStartStations(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         if (!alignment.staStart.IsFinite())
         {
-            findings.Report(NameOf(alignment), alignment.line,
+            findings.Report(NameOf(alignment), alignment,
                             {{L"Alignment@staStartがない", L"no Alignment@staStart"}, {}});
             return;
         }
@@ -179,7 +179,7 @@ void CheckStartStations(const LandXmlFile& file, Findings& findings)
             if (IsApart(profile.staStart.value, alignment.staStart.value))
             {
                 findings.Report(
-                    NameOf(alignment), profile.line,
+                    NameOf(alignment), profile,
                     {{L"縦断は{}、平面は{}", L"profile {}, plan {}"}, {profile.staStart.text, alignment.staStart.text}},
                     {profile.staStart.value, alignment.staStart.value, SAME_STATION});
             }
@@ -194,7 +194,7 @@ void CheckStationEquations(const LandXmlFile& file, Findings& findings)
         double internal = alignment.staStart.value;
         for (const StaEquation* const equation : SortedEquations(alignment))
         {
-            findings.Measure(EquationName(alignment, *equation), equation->line, equation->back,
+            findings.Measure(EquationName(alignment, *equation), *equation, equation->back,
                              label + equation->internal.value - internal, L"staBack");
             label = equation->ahead.value;
             internal = equation->internal.value;
@@ -210,8 +210,7 @@ void CheckEquationsRise(const LandXmlFile& file, Findings& findings)
         {
             if (equation.internal.value <= last)
             {
-                findings.Report(EquationName(alignment, equation), equation.line, {},
-                                {equation.internal.value, last, {}});
+                findings.Report(EquationName(alignment, equation), equation, {}, {equation.internal.value, last, {}});
             }
             last = equation.internal.IsFinite() ? equation.internal.value : last;
         }
@@ -230,7 +229,7 @@ void CheckLabelsOnce(const LandXmlFile& file, Findings& findings)
             const Figure back = equation->back.IsFinite() ? equation->back : Figure{{}, counted};
             if (equation->ahead.value < back.value - SAME_STATION)
             {
-                findings.Report(EquationName(alignment, *equation), equation->line,
+                findings.Report(EquationName(alignment, *equation), *equation,
                                 std::wstring(equation->ahead.text) + L"～" +
                                     NameOr(back.text, ShortNumber(back.value, 3)),
                                 {equation->ahead.value, back.value, SAME_STATION});
@@ -251,7 +250,7 @@ void CheckSectionNamesOnce(const LandXmlFile& file, Findings& findings)
             {
                 if (!section.name.empty() && !names.insert(section.name).second)
                 {
-                    findings.Report(Path(NameOf(alignment), NameOf(section)), section.line);
+                    findings.Report(Path(NameOf(alignment), NameOf(section)), section);
                 }
             }
         }
@@ -274,7 +273,7 @@ void CheckStationsWithin(const LandXmlFile& file, Findings& findings)
     ForEachIntermediatePoint(
         file, [&](const Alignment& alignment, const Course& course, const PointGroup&, const CgPoint& point) {
             CheckWithin(alignment, course,
-                        {{{L"中間点 {}", L"Intermediate point {}"}, {NameOf(point)}}, point.station, point.point.line},
+                        {{{L"中間点 {}", L"Intermediate point {}"}, {NameOf(point)}}, point.station, point.point},
                         findings);
         });
 }
@@ -289,7 +288,7 @@ void CheckPointsOnLine(const LandXmlFile& file, Findings& findings)
             {
                 const Position& place = positions.front();
                 findings.MeasureGap(
-                    Path(NameOf(group), NameOf(point)), point.point.line,
+                    Path(NameOf(group), NameOf(point)), point.point,
                     Distance(place.north, place.east, point.point.north.value, point.point.east.value),
                     {{L"計算 {} {}", L"computed {} {}"}, {ShortNumber(place.north, 4), ShortNumber(place.east, 4)}});
             }
@@ -315,7 +314,7 @@ void CheckPointDirections(const LandXmlFile& file, Findings& findings)
             {
                 smallest = std::min(smallest, std::abs(SignedAngle(place.azimuth - *direction)));
             }
-            findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point.line, smallest / RADIANS_OF_A_SECOND,
+            findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point, smallest / RADIANS_OF_A_SECOND,
                                 {{L"方向角 {}", L"direction {}"}, {point.direction.text}});
         });
 }

@@ -56,7 +56,7 @@ void CheckSurfacePoints(const LandXmlFile& file, Findings& findings)
         {
             if (!IsPlaced(point) || point.id == 0)
             {
-                findings.Report(PointName(surface, point), point.line);
+                findings.Report(PointName(surface, point), PlaceOf(surface, point));
             }
         }
     }
@@ -70,7 +70,7 @@ void CheckPointIdsUnique(const LandXmlFile& file, Findings& findings)
         {
             if (point.id != 0 && &surface.points[surface.index.Find(point.id)] != &point)
             {
-                findings.Report(PointName(surface, point), point.line);
+                findings.Report(PointName(surface, point), PlaceOf(surface, point));
             }
         }
     }
@@ -85,7 +85,7 @@ void CheckFaceCorners(const LandXmlFile& file, Findings& findings)
         {
             if (face.cornerCount != corners)
             {
-                findings.Report(FaceName(surface, face), face.line,
+                findings.Report(FaceName(surface, face), PlaceOf(surface, face),
                                 {{L"{}点", L"{} corners"}, {std::to_wstring(face.cornerCount)}},
                                 {static_cast<double>(face.cornerCount), static_cast<double>(corners), {}});
             }
@@ -104,7 +104,7 @@ void CheckFacePoints(const LandXmlFile& file, Findings& findings)
                 face.corners.data(), end, [&](std::uint32_t corner) { return surface.index.Find(corner) == NO_POINT; });
             if (missing != end)
             {
-                findings.Report(FaceName(surface, face), face.line,
+                findings.Report(FaceName(surface, face), PlaceOf(surface, face),
                                 {{L"点 {}", L"point {}"}, {std::to_wstring(*missing)}});
             }
         }
@@ -132,7 +132,7 @@ void CheckFaceAreas(const LandXmlFile& file, Findings& findings)
             }
             if (area <= NO_AREA)
             {
-                findings.Report(FaceName(surface, face), face.line, {}, {area, {}, NO_AREA});
+                findings.Report(FaceName(surface, face), PlaceOf(surface, face), {}, {area, {}, NO_AREA});
             }
         }
     }
@@ -147,7 +147,7 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
             {
                 const std::wstring from = std::to_wstring(surface.points[first].id);
                 const std::wstring to = std::to_wstring(surface.points[second].id);
-                findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}), surface.line,
+                findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}), surface,
                                 {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}},
                                 {static_cast<double>(faces), 2, {}});
             }
@@ -176,7 +176,7 @@ void CheckPointsUsed(const LandXmlFile& file, Findings& findings)
         {
             const auto first =
                 static_cast<std::size_t>(std::find(isUsed.begin(), isUsed.end(), false) - isUsed.begin());
-            findings.Report(PointName(surface, surface.points[first]), surface.points[first].line,
+            findings.Report(PointName(surface, surface.points[first]), PlaceOf(surface, surface.points[first]),
                             {{L"{}点", L"{} points"}, {std::to_wstring(unused)}}, {static_cast<double>(unused), 0, {}});
         }
     }

@@ -18,6 +18,12 @@ std::wstring_view AttributeText(pugi::xml_node element, const wchar_t* name)
     return element.attribute(name).value();
 }
 
+SourcePlace ElementReader::PlaceOf(pugi::xml_node element) const
+{
+    const std::ptrdiff_t offset = element.offset_debug();
+    return {file_.source->LineAt(offset), static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0))};
+}
+
 void ElementReader::ForEachChild(pugi::xml_node element, Children children)
 {
     for (const pugi::xml_node child : element.children())
@@ -84,7 +90,7 @@ void ElementReader::Skip(pugi::xml_node element)
     const auto [place, isNew] = skipped_.try_emplace(path, file_.skipped.size());
     if (isNew)
     {
-        file_.skipped.push_back({path, 0, Line(element)});
+        file_.skipped.push_back({PlaceOf(element), path});
     }
     ++file_.skipped[place->second].count;
 }
@@ -100,11 +106,11 @@ bool MayBeInfinite(std::wstring_view attribute)
 
 } // namespace
 
-Figure ElementReader::Noted(Figure figure, std::wstring_view what, std::size_t line)
+Figure ElementReader::Noted(Figure figure, std::wstring_view what, const SourcePlace& place)
 {
     if (figure.IsWritten() && !figure.IsFinite())
     {
-        file_.unreadable.push_back({std::wstring(what), figure.text, line});
+        file_.unreadable.push_back({place, std::wstring(what), figure.text});
     }
     return figure;
 }
@@ -116,20 +122,20 @@ Figure ElementReader::Number(pugi::xml_node element, const wchar_t* attribute)
     {
         return figure;
     }
-    return Noted(figure, std::wstring(LocalName(element)) + L'@' + attribute, Line(element));
+    return Noted(figure, std::wstring(LocalName(element)) + L'@' + attribute, PlaceOf(element));
 }
 
 Figure ElementReader::NumberOf(pugi::xml_node element)
 {
-    return Noted(ReadFigure(TextOf(element)), LocalName(element), Line(element));
+    return Noted(ReadFigure(TextOf(element)), LocalName(element), PlaceOf(element));
 }
 
-std::vector<Figure> ElementReader::Numbers(std::wstring_view text, std::wstring_view what, std::size_t line)
+std::vector<Figure> ElementReader::Numbers(std::wstring_view text, std::wstring_view what, const SourcePlace& place)
 {
     std::vector<Figure> figures = ReadFigures(text);
     for (const Figure& figure : figures)
     {
-        Noted(figure, what, line);
+        Noted(figure, what, place);
     }
     return figures;
 }
@@ -137,8 +143,8 @@ std::vector<Figure> ElementReader::Numbers(std::wstring_view text, std::wstring_
 PairList ElementReader::Pairs(pugi::xml_node element)
 {
     PairList list;
-    list.line = Line(element);
-    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), list.line);
+    Locate(list, element);
+    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), list);
     list.figureCount = figures.size();
     for (std::size_t index = 0; index + 1 < figures.size(); index += 2)
     {
@@ -153,8 +159,8 @@ PlanPoint ElementReader::Point(pugi::xml_node element)
     point.name = AttributeText(element, L"name");
     point.pntRef = AttributeText(element, L"pntRef");
     point.featureRef = AttributeText(element, L"featureRef");
-    point.line = Line(element);
-    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), point.line);
+    Locate(point, element);
+    const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), point);
     point.figureCount = figures.size();
     Figure* const coordinates[] = {&point.north, &point.east, &point.height};
     for (std::size_t index = 0; index < std::min(figures.size(), std::size(coordinates)); ++index)
@@ -166,10 +172,10 @@ PlanPoint ElementReader::Point(pugi::xml_node element)
 
 Feature ElementReader::ReadFeature(pugi::xml_node element)
 {
-    Feature feature{AttributeText(element, L"name"), {}, Line(element)};
+    Feature feature{PlaceOf(element), AttributeText(element, L"name"), {}};
     ForEachChild(element, {{L"Property", [&](pugi::xml_node child) {
                                 feature.properties.push_back(
-                                    {AttributeText(child, L"label"), AttributeText(child, L"value"), Line(child)});
+                                    {PlaceOf(child), AttributeText(child, L"label"), AttributeText(child, L"value")});
                                 TextOf(child);
                             }}});
     return feature;
@@ -177,7 +183,7 @@ Feature ElementReader::ReadFeature(pugi::xml_node element)
 
 Figure ElementReader::NumberIn(const Property* property)
 {
-    return property == nullptr ? Figure() : Noted(ReadFigure(property->value), property->label, property->line);
+    return property == nullptr ? Figure() : Noted(ReadFigure(property->value), property->label, *property);
 }
 
 void ElementReader::ExpectFigures(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label)
@@ -188,7 +194,7 @@ void ElementReader::ExpectFigures(const std::vector<Feature>& features, std::wst
         {
             if (feature.name == name && property.label == label && !ReadFigure(property.value).IsFinite())
             {
-                file_.unreadable.push_back({std::wstring(label), property.value, property.line});
+                file_.unreadable.push_back({property, std::wstring(label), property.value});
             }
         }
     }

@@ -18,7 +18,7 @@ std::wstring_view LocalName(pugi::xml_node element);
 /// The value of an attribute, trimmed of nothing; empty if there is none.
 std::wstring_view AttributeText(pugi::xml_node element, const wchar_t* name);
 
-/// What every part of the reader shares: the line of an element, figures that are none, elements that it doesn't know.
+/// What every part of the reader shares: the place of an element, figures that are none, elements that it doesn't know.
 class ElementReader
 {
   public:
@@ -27,7 +27,11 @@ class ElementReader
     using ReadChild = std::function<void(pugi::xml_node)>;
     using Children = std::initializer_list<std::pair<std::wstring_view, ReadChild>>;
 
-    std::size_t Line(pugi::xml_node element) const { return file_.source->LineAt(element.offset_debug()); }
+    SourcePlace PlaceOf(pugi::xml_node element) const;
+    std::size_t Line(pugi::xml_node element) const { return PlaceOf(element).line; }
+
+    /// Notes where what is read from an element begins.
+    void Locate(SourcePlace& target, pugi::xml_node element) const { target = PlaceOf(element); }
 
     /// Hands each child element to the function under its name; the others are noted as skipped.
     void ForEachChild(pugi::xml_node element, Children children);
@@ -49,7 +53,7 @@ class ElementReader
     Figure NumberOf(pugi::xml_node element);
 
     /// The figures of an element's text, or of a property's value.
-    std::vector<Figure> Numbers(std::wstring_view text, std::wstring_view what, std::size_t line);
+    std::vector<Figure> Numbers(std::wstring_view text, std::wstring_view what, const SourcePlace& place);
 
     /// The element's text as pairs.
     PairList Pairs(pugi::xml_node element);
@@ -65,7 +69,7 @@ class ElementReader
     void ExpectFigures(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
 
   private:
-    Figure Noted(Figure figure, std::wstring_view what, std::size_t line);
+    Figure Noted(Figure figure, std::wstring_view what, const SourcePlace& place);
     void NoteName(pugi::xml_node feature);
 
     LandXmlFile& file_;

@@ -60,12 +60,12 @@ void Findings::Run(const Check& check, const LandXmlFile& file)
     {
         const std::wstring more = std::to_wstring(count_ - LARGEST_COUNT);
         count_ = 0;
-        Add(highest_, {{L"ほか{}件", L"and {} more"}, {more}}, {}, L"", 0);
+        Add(highest_, {{L"ほか{}件", L"and {} more"}, {more}}, {}, L"", {});
     }
 }
 
 void Findings::Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object,
-                   std::size_t line, const FoundNumbers& numbers)
+                   const SourcePlace& place, const FoundNumbers& numbers)
 {
     const auto finite = [](std::optional<double> number) {
         return number && std::isfinite(*number) ? number : std::nullopt;
@@ -75,16 +75,16 @@ void Findings::Add(Severity severity, const Detail& detail, const Detail& figure
         highest_ = std::max(highest_, severity);
         return;
     }
-    all_.push_back({check_, severity,
+    all_.push_back({place, check_, severity,
                     InBrackets(check_->text.japanese, {L"（", L"、", L"）"}, detail.japanese, figures.japanese),
                     InBrackets(check_->text.english, {L" (", L", ", L")"}, detail.english, figures.english), object,
-                    line, finite(numbers.value), finite(numbers.expected), finite(numbers.tolerance)});
+                    finite(numbers.value), finite(numbers.expected), finite(numbers.tolerance)});
 }
 
-void Findings::Report(const Detail& object, std::size_t line, const Detail& detail, const FoundNumbers& numbers,
+void Findings::Report(const Detail& object, const SourcePlace& place, const Detail& detail, const FoundNumbers& numbers,
                       Severity highest)
 {
-    Add(std::min(check_->severity, highest), detail, {}, object, line, numbers);
+    Add(std::min(check_->severity, highest), detail, {}, object, place, numbers);
 }
 
 std::optional<Severity> Findings::Grade(double deviation, Severity highest, double& tolerance) const
@@ -101,7 +101,7 @@ std::optional<Severity> Findings::Grade(double deviation, Severity highest, doub
     return std::min({isError ? Severity::Error : Severity::Warning, highest, check_->severity});
 }
 
-void Findings::Measure(const Detail& object, std::size_t line, const Figure& value, double expected,
+void Findings::Measure(const Detail& object, const SourcePlace& place, const Figure& value, double expected,
                        const Detail& detail, Severity highest)
 {
     double tolerance = 0;
@@ -112,11 +112,11 @@ void Findings::Measure(const Detail& object, std::size_t line, const Figure& val
         const Detail figures({L"値 {}、計算 {}、差 {}、許容 {}", L"value {}, computed {}, difference {}, tolerance {}"},
                              {WithUnit(TextOf(value), unit), WithUnit(expected, unit), WithUnit(difference, unit),
                               WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, object, line, {value.value, expected, tolerance});
+        Add(*severity, detail, figures, object, place, {value.value, expected, tolerance});
     }
 }
 
-void Findings::MeasureRatio(const Detail& object, std::size_t line, const Figure& value, double expected,
+void Findings::MeasureRatio(const Detail& object, const SourcePlace& place, const Figure& value, double expected,
                             const Detail& detail)
 {
     double tolerance = 0;
@@ -126,11 +126,12 @@ void Findings::MeasureRatio(const Detail& object, std::size_t line, const Figure
         const Detail figures(
             {L"値 {}、計算 {}、差の割合 {}、許容 {}", L"value {}, computed {}, off by a ratio of {}, tolerance {}"},
             {TextOf(value), ShortNumber(expected), ShortNumber(ratio, 7), ShortNumber(tolerance, 7)});
-        Add(*severity, detail, figures, object, line, {value.value, expected, tolerance});
+        Add(*severity, detail, figures, object, place, {value.value, expected, tolerance});
     }
 }
 
-void Findings::MeasureGap(const Detail& object, std::size_t line, double gap, const Detail& detail, Severity highest)
+void Findings::MeasureGap(const Detail& object, const SourcePlace& place, double gap, const Detail& detail,
+                          Severity highest)
 {
     double tolerance = 0;
     if (const std::optional<Severity> severity = Grade(gap, highest, tolerance))
@@ -138,7 +139,7 @@ void Findings::MeasureGap(const Detail& object, std::size_t line, double gap, co
         const wchar_t* const unit = check_->tolerance->unit;
         const Detail figures({L"差 {}、許容 {}", L"difference {}, tolerance {}"},
                              {WithUnit(gap, unit), WithUnit(tolerance, unit)});
-        Add(*severity, detail, figures, object, line, {gap, 0.0, tolerance});
+        Add(*severity, detail, figures, object, place, {gap, 0.0, tolerance});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inspect/Figure.h"
+#include "inspect/SourcePlace.h"
 #include "inspect/Wording.h"
 
 #include <array>
@@ -59,15 +60,14 @@ struct FoundNumbers
     std::optional<double> tolerance;
 };
 
-/// What a check says of one element.
-struct Finding
+/// What a check says of one element, and where that is; line 0: of the file as a whole.
+struct Finding : SourcePlace
 {
     const Check* check;
     Severity severity;
     std::wstring text;
     std::wstring english; ///< the same for the report's switch
     Detail object;        ///< the element by names that a person knows
-    std::size_t line;     ///< 0: of the file as a whole
     std::optional<double> value;
     std::optional<double> expected;
     std::optional<double> tolerance;
@@ -85,31 +85,31 @@ class Findings
 
     /// Says the check's text of an element, with a detail behind it, never above `highest`. Numbers that aren't finite
     /// aren't told.
-    void Report(const Detail& object, std::size_t line, const Detail& detail = {}, const FoundNumbers& numbers = {},
-                Severity highest = Severity::Error);
+    void Report(const Detail& object, const SourcePlace& place, const Detail& detail = {},
+                const FoundNumbers& numbers = {}, Severity highest = Severity::Error);
 
     /// Counts what is said of so many elements more that aren't told one by one, behind LARGEST_COUNT that are.
     void CountMore(std::size_t count) { count_ += count; }
 
     /// Says it if a figure is further off than the check tolerates, never above `highest`. A figure or an expectation
     /// that isn't finite says nothing. The figure is told in the file's own text, if it has one.
-    void Measure(const Detail& object, std::size_t line, const Figure& value, double expected,
+    void Measure(const Detail& object, const SourcePlace& place, const Figure& value, double expected,
                  const Detail& detail = {}, Severity highest = Severity::Error);
 
     /// Says it if the part of `expected` by which a figure differs from it is larger than the check tolerates.
-    void MeasureRatio(const Detail& object, std::size_t line, const Figure& value, double expected,
+    void MeasureRatio(const Detail& object, const SourcePlace& place, const Figure& value, double expected,
                       const Detail& detail = {});
 
     /// Says it if what should be nothing is more than the check tolerates.
-    void MeasureGap(const Detail& object, std::size_t line, double gap, const Detail& detail = {},
+    void MeasureGap(const Detail& object, const SourcePlace& place, double gap, const Detail& detail = {},
                     Severity highest = Severity::Error);
 
     const std::vector<Finding>& All() const { return all_; }
 
   private:
     std::optional<Severity> Grade(double deviation, Severity highest, double& tolerance) const;
-    void Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object, std::size_t line,
-             const FoundNumbers& numbers = {});
+    void Add(Severity severity, const Detail& detail, const Detail& figures, const Detail& object,
+             const SourcePlace& place, const FoundNumbers& numbers = {});
 
     std::vector<Finding> all_;
     const Check* check_ = nullptr;

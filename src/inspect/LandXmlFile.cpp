@@ -46,7 +46,7 @@ std::vector<TransitionStation> StationsOf(const Feature& feature)
     {
         if (property.label == L"sta")
         {
-            stations.push_back({feature.name, ReadFigure(property.value), property.line});
+            stations.push_back({property, feature.name, ReadFigure(property.value)});
         }
     }
     return stations;
@@ -56,6 +56,17 @@ bool DesignCrossSectSurf::HasPlace() const
 {
     return std::all_of(points.begin(), points.end(),
                        [](const CrossSectPnt& point) { return point.IsOffsetAndHeight(); });
+}
+
+SourcePlace PlaceOf(const Surface& surface, const SurfacePoint& point)
+{
+    return {point.line, surface.offset, static_cast<std::size_t>(&point - surface.points.data()) + 1};
+}
+
+SourcePlace PlaceOf(const Surface& surface, const SurfaceFace& face)
+{
+    return {face.line, surface.offset,
+            surface.points.size() + static_cast<std::size_t>(&face - surface.faces.data()) + 1};
 }
 
 const ProfAlign* DesignProfile(const Alignment& alignment)

@@ -3,6 +3,7 @@
 #include "inspect/Figure.h"
 #include "inspect/PointIndex.h"
 #include "inspect/SchemaValidation.h"
+#include "inspect/SourcePlace.h"
 #include "inspect/SourceText.h"
 #include "inspect/Wording.h"
 
@@ -21,22 +22,20 @@ namespace jlandxml::inspect
 
 // A LandXML 1.2 or J-LandXML file as plain geometry. Coordinates are metres, "north" is X and "east" is Y of the plane
 // rectangular system; stations are metres of the alignment's own count, without station equations. Texts are views into
-// the file and live as long as its LandXmlFile. Every struct knows the line of the file where its element begins.
+// the file and live as long as its LandXmlFile. Every struct knows the place of the file where its element begins.
 
 /// A label and its value in a Feature.
-struct Property
+struct Property : SourcePlace
 {
     std::wstring_view label;
     std::wstring_view value;
-    std::size_t line = 0;
 };
 
 /// What an application says of an element beyond the standard's attributes.
-struct Feature
+struct Feature : SourcePlace
 {
     std::wstring_view name;
     std::vector<Property> properties;
-    std::size_t line = 0;
 };
 
 /// The first property of that label; null if there is none.
@@ -49,8 +48,8 @@ const Property* FindProperty(const std::vector<Feature>& features, std::wstring_
 std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
 
 /// A point in the plane, with a height if the file gives one: Start, End, Center, PI, CgPoint. One that refers to
-/// another by `pntRef` and has no coordinates of its own gets the other's.
-struct PlanPoint
+/// another by `pntRef` and has no coordinates of its own gets the other's. Line 0: the file has no such point.
+struct PlanPoint : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view pntRef;
@@ -59,7 +58,6 @@ struct PlanPoint
     Figure east;
     Figure height;
     std::size_t figureCount = 0; ///< in its text
-    std::size_t line = 0;        ///< 0: the file has no such point
 
     bool IsWritten() const { return line != 0; }
     bool IsPlaced() const { return north.IsFinite() && east.IsFinite(); }
@@ -78,11 +76,10 @@ struct FigurePair
 };
 
 /// A list of pairs, such as a ground line. A gap in the line parts it into several lists.
-struct PairList
+struct PairList : SourcePlace
 {
     std::vector<FigurePair> pairs;
     std::size_t figureCount = 0; ///< in its text: twice the pairs, and one more if the last has no second figure
-    std::size_t line = 0;
 };
 
 enum class ElementKind
@@ -104,7 +101,7 @@ struct NamedFigure
 };
 
 /// One element of a horizontal alignment.
-struct PlanElement
+struct PlanElement : SourcePlace
 {
     ElementKind kind{};
     std::wstring_view name;
@@ -122,20 +119,18 @@ struct PlanElement
     std::vector<PairList> path;          ///< of an IrregularLine: north and east of its points
     std::vector<NamedFigure> directions; ///< dir, dirStart, dirEnd, in the file's directionUnit
     std::vector<NamedFigure> angles;     ///< delta, theta, in the file's angularUnit
-    std::size_t line = 0;
 };
 
 /// A change of the station count: at `internal` of the alignment's own count the label `back` becomes `ahead`.
-struct StaEquation
+struct StaEquation : SourcePlace
 {
     Figure back;
     Figure ahead;
     Figure internal;
-    std::size_t line = 0;
 };
 
 /// A point of a profile: a bare change of gradient, or one with a vertical curve.
-struct ProfileElement
+struct ProfileElement : SourcePlace
 {
     std::wstring_view kind; ///< PVI, ParaCurve, UnsymParaCurve, CircCurve
     Figure station;
@@ -145,43 +140,38 @@ struct ProfileElement
     Figure lengthIn; ///< of an UnsymParaCurve
     Figure lengthOut;
     std::size_t figureCount = 0; ///< in its text
-    std::size_t line = 0;
 };
 
 /// A design profile.
-struct ProfAlign
+struct ProfAlign : SourcePlace
 {
     std::wstring_view name;
     std::vector<ProfileElement> elements;
-    std::size_t line = 0;
 };
 
 /// A ground line along the alignment, of one surface.
-struct ProfSurf
+struct ProfSurf : SourcePlace
 {
     std::wstring_view name;
     std::vector<PairList> lists; ///< station and height
-    std::size_t line = 0;
 };
 
-struct Profile
+struct Profile : SourcePlace
 {
     std::wstring_view name;
     Figure staStart;
     std::vector<ProfAlign> designs;
     std::vector<ProfSurf> grounds;
-    std::size_t line = 0;
 };
 
 /// A station of a superelevation transition, under the name of its element.
-struct TransitionStation
+struct TransitionStation : SourcePlace
 {
     std::wstring_view kind; ///< BeginRunoutSta ... EndofRunoutSta, or a Feature's name: ReverseCrown, FlatSta
     Figure station;
-    std::size_t line = 0;
 };
 
-struct Superelevation
+struct Superelevation : SourcePlace
 {
     Figure staStart;
     Figure staEnd;
@@ -189,17 +179,15 @@ struct Superelevation
     Figure fullSuperelev;                    ///< percent
     std::wstring_view adverse;
     std::vector<Feature> features; ///< ReverseCrown, FlatSta
-    std::size_t line = 0;
 };
 
 /// The stations that a Feature of a superelevation lists, in its order, whether they are figures or not.
 std::vector<TransitionStation> StationsOf(const Feature& feature);
 
 /// An entry of a widening list or of a slope list: its figures, the station first.
-struct StationEntry
+struct StationEntry : SourcePlace
 {
     std::vector<Figure> figures;
-    std::size_t line = 0;
 
     /// A figure that the entry doesn't have is an empty one.
     Figure At(std::size_t index) const { return index < figures.size() ? figures[index] : Figure{}; }
@@ -207,18 +195,17 @@ struct StationEntry
 };
 
 /// A ground line of a cross section.
-struct CrossSectSurf
+struct CrossSectSurf : SourcePlace
 {
     std::wstring_view name;
     std::vector<PairList> lists; ///< offset from the centre line, to the right positive, and height
-    std::size_t line = 0;
 };
 
 /// The format of a design surface's points that the standard asks for; the other one is "Slope Distance".
 inline constexpr std::wstring_view OFFSET_AND_HEIGHT = L"Offset Elevation";
 
 /// A point of a design surface.
-struct CrossSectPnt
+struct CrossSectPnt : SourcePlace
 {
     std::wstring_view code;
     std::wstring_view dataFormat; ///< empty: offset and height
@@ -227,7 +214,6 @@ struct CrossSectPnt
     std::wstring_view pntRef;
     std::wstring_view featureRef;
     std::size_t figureCount = 0; ///< in its text
-    std::size_t line = 0;
 
     /// True if it stands for another point: it names one and has no figures of its own.
     bool IsOtherPoint() const { return figureCount == 0 && !pntRef.empty(); }
@@ -239,7 +225,7 @@ struct CrossSectPnt
     }
 };
 
-struct DesignCrossSectSurf
+struct DesignCrossSectSurf : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view side;
@@ -249,7 +235,6 @@ struct DesignCrossSectSurf
     Figure typicalThickness;
     std::vector<CrossSectPnt> points;
     std::vector<Feature> features; ///< heightType, pavementClass
-    std::size_t line = 0;
 
     /// True if every point lies where its figures say: only then can the surface be drawn.
     bool HasPlace() const;
@@ -258,7 +243,7 @@ struct DesignCrossSectSurf
     bool IsRelativeToProfile() const { return PropertyValue(features, L"", L"heightType") == L"fhOffset"; }
 };
 
-struct CrossSect
+struct CrossSect : SourcePlace
 {
     std::wstring_view name;
     Figure station;
@@ -266,18 +251,16 @@ struct CrossSect
     std::vector<CrossSectSurf> grounds;
     std::vector<DesignCrossSectSurf> designs;
     std::vector<Feature> features; ///< Formation
-    std::size_t line = 0;
 };
 
-struct CrossSects
+struct CrossSects : SourcePlace
 {
     std::wstring_view name;
     std::vector<CrossSect> sections;
     std::vector<Feature> features; ///< profAlignRefs
-    std::size_t line = 0;
 };
 
-struct Alignment
+struct Alignment : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view desc;
@@ -294,17 +277,15 @@ struct Alignment
     std::vector<StationEntry> slopes; ///< station, left slope, right slope (percent)
     std::vector<Feature> features;    ///< Horizontal, Interval, SuperelevationConfig
     bool isRiver = false;
-    std::size_t line = 0;
 };
 
 /// A route: its alignments and what is said of it.
-struct AlignmentGroup
+struct AlignmentGroup : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view desc;
     std::vector<Alignment> alignments;
     std::vector<Feature> features; ///< designGmType, classification
-    std::size_t line = 0;
 };
 
 /// A point of a group, with what the Feature says that its `featureRef` names.
@@ -318,7 +299,7 @@ struct CgPoint
 };
 
 /// A group of points: intermediate points or width stakes of an alignment, or any others.
-struct PointGroup
+struct PointGroup : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view desc;
@@ -327,18 +308,16 @@ struct PointGroup
     std::wstring_view alignmentRefs; ///< of that feature
     std::vector<CgPoint> points;
     std::vector<Feature> features; ///< that of the group's kind, and one for each point that refers to one
-    std::size_t line = 0;
 
     bool IsIntermediate() const { return kind == L"IntermediatePnts"; }
     bool IsWidthStakes() const { return kind == L"WidthStakePnts"; }
 };
 
-struct Roadway
+struct Roadway : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view alignmentRefs;
     std::vector<std::wstring_view> designSpeeds;
-    std::size_t line = 0;
 };
 
 /// A point of a surface than which none lies farther to some side, with the file's own texts.
@@ -350,7 +329,7 @@ struct FarthestPoint
     std::wstring heightText;
 };
 
-struct Surface
+struct Surface : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view desc;
@@ -360,10 +339,13 @@ struct Surface
     PointIndex index;                      ///< of the points, once all of them are read
     std::array<FarthestPoint, 6> farthest; ///< to the south, west, bottom, north, east and top
     std::vector<Feature> features;         ///< alignmentRefs
-    std::size_t line = 0;
 };
 
-struct CoordinateSystem
+/// A point or a face of a surface, by its surface and its number in it.
+SourcePlace PlaceOf(const Surface& surface, const SurfacePoint& point);
+SourcePlace PlaceOf(const Surface& surface, const SurfaceFace& face);
+
+struct CoordinateSystem : SourcePlace
 {
     std::wstring_view name;
     std::wstring_view desc;
@@ -371,10 +353,9 @@ struct CoordinateSystem
     std::wstring_view verticalDatum;
     std::wstring_view zoneName;    ///< horizontalCoordinateSystemName, such as 9(X,Y)
     std::vector<Feature> features; ///< differTP
-    std::size_t line = 0;
 };
 
-struct Units
+struct Units : SourcePlace
 {
     std::wstring_view system; ///< Metric or Imperial
     std::wstring_view linear;
@@ -382,23 +363,20 @@ struct Units
     std::wstring_view volume;
     std::wstring_view angular;
     std::wstring_view direction;
-    std::size_t line = 0;
 };
 
-/// Elements of one name that the reader doesn't know.
-struct SkippedElements
+/// Elements of one name that the reader doesn't know. The place is that of the first.
+struct SkippedElements : SourcePlace
 {
     std::wstring path; ///< the parent's name and the element's
     std::size_t count = 0;
-    std::size_t line = 0; ///< of the first
 };
 
 /// A text where a figure belongs.
-struct UnreadableFigure
+struct UnreadableFigure : SourcePlace
 {
     std::wstring what; ///< the element and, of an attribute, its name
     std::wstring_view text;
-    std::size_t line = 0;
 };
 
 /// A whole file.

@@ -34,7 +34,7 @@ class AlignmentReader
         alignment_.desc = AttributeText(element, L"desc");
         alignment_.length = reader_.Number(element, L"length");
         alignment_.staStart = reader_.Number(element, L"staStart");
-        alignment_.line = reader_.Line(element);
+        reader_.Locate(alignment_, element);
         reader_.ForEachChild(element, {
                                           {L"CoordGeom", [this](Node child) { ReadCoordGeom(child); }},
                                           {L"AlignPIs", [this](Node child) { ReadAlignPis(child); }},
@@ -91,7 +91,7 @@ class AlignmentReader
                            return name.tag == tag;
                        })->kind;
         element.name = AttributeText(node, L"name");
-        element.line = reader_.Line(node);
+        reader_.Locate(element, node);
         element.length = reader_.Number(node, L"length");
         element.radius = reader_.Number(node, L"radius");
         element.radiusStart = reader_.Number(node, L"radiusStart");
@@ -139,8 +139,8 @@ class AlignmentReader
 
     void ReadStaEquation(Node element)
     {
-        alignment_.equations.push_back({reader_.Number(element, L"staBack"), reader_.Number(element, L"staAhead"),
-                                        reader_.Number(element, L"staInternal"), reader_.Line(element)});
+        alignment_.equations.push_back({reader_.PlaceOf(element), reader_.Number(element, L"staBack"),
+                                        reader_.Number(element, L"staAhead"), reader_.Number(element, L"staInternal")});
         reader_.TextOf(element);
     }
 
@@ -149,7 +149,7 @@ class AlignmentReader
         Profile profile;
         profile.name = AttributeText(element, L"name");
         profile.staStart = reader_.Number(element, L"staStart");
-        profile.line = reader_.Line(element);
+        reader_.Locate(profile, element);
         reader_.ForEachChild(element, {{L"ProfAlign", [&](Node child) { ReadProfAlign(profile, child); }},
                                        {L"ProfSurf", [&](Node child) { ReadProfSurf(profile, child); }},
                                        {L"Feature", ElementReader::Ignore}});
@@ -160,7 +160,7 @@ class AlignmentReader
     {
         ProfAlign design;
         design.name = AttributeText(element, L"name");
-        design.line = reader_.Line(element);
+        reader_.Locate(design, element);
         const ElementReader::ReadChild read = [&](Node child) { design.elements.push_back(ReadProfileElement(child)); };
         reader_.ForEachChild(element, {{L"PVI", read},
                                        {L"ParaCurve", read},
@@ -174,12 +174,12 @@ class AlignmentReader
     {
         ProfileElement element;
         element.kind = LocalName(node);
-        element.line = reader_.Line(node);
+        reader_.Locate(element, node);
         element.length = reader_.Number(node, L"length");
         element.radius = reader_.Number(node, L"radius");
         element.lengthIn = reader_.Number(node, L"lengthIn");
         element.lengthOut = reader_.Number(node, L"lengthOut");
-        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(node), element.kind, element.line);
+        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(node), element.kind, element);
         element.figureCount = figures.size();
         element.station = figures.empty() ? Figure() : figures[0];
         element.height = figures.size() < 2 ? Figure() : figures[1];
@@ -190,7 +190,7 @@ class AlignmentReader
     {
         ProfSurf ground;
         ground.name = AttributeText(element, L"name");
-        ground.line = reader_.Line(element);
+        reader_.Locate(ground, element);
         reader_.ForEachChild(element, {{L"PntList2D", PairsInto(ground.lists)}, {L"Feature", ElementReader::Ignore}});
         profile.grounds.push_back(std::move(ground));
     }
@@ -200,9 +200,9 @@ class AlignmentReader
         Superelevation superelevation;
         superelevation.staStart = reader_.Number(element, L"staStart");
         superelevation.staEnd = reader_.Number(element, L"staEnd");
-        superelevation.line = reader_.Line(element);
+        reader_.Locate(superelevation, element);
         const ElementReader::ReadChild station = [&](Node child) {
-            superelevation.stations.push_back({LocalName(child), reader_.NumberOf(child), reader_.Line(child)});
+            superelevation.stations.push_back({reader_.PlaceOf(child), LocalName(child), reader_.NumberOf(child)});
         };
         reader_.ForEachChild(
             element, {{L"BeginRunoutSta", station},
@@ -223,7 +223,7 @@ class AlignmentReader
     {
         CrossSects sections;
         sections.name = AttributeText(element, L"name");
-        sections.line = reader_.Line(element);
+        reader_.Locate(sections, element);
         reader_.ForEachChild(element, {{L"CrossSect", [&](Node child) { ReadCrossSect(sections, child); }},
                                        {L"Feature", FeatureInto(sections.features)}});
         alignment_.crossSects.push_back(std::move(sections));
@@ -235,7 +235,7 @@ class AlignmentReader
         section.name = AttributeText(element, L"name");
         section.station = reader_.Number(element, L"sta");
         section.angleSkew = reader_.Number(element, L"angleSkew");
-        section.line = reader_.Line(element);
+        reader_.Locate(section, element);
         reader_.ForEachChild(element, {{L"CrossSectSurf", [&](Node child) { ReadGround(section, child); }},
                                        {L"DesignCrossSectSurf", [&](Node child) { ReadDesignSurface(section, child); }},
                                        {L"Feature", FeatureInto(section.features)}});
@@ -248,7 +248,7 @@ class AlignmentReader
     {
         CrossSectSurf ground;
         ground.name = AttributeText(element, L"name");
-        ground.line = reader_.Line(element);
+        reader_.Locate(ground, element);
         reader_.ForEachChild(element, {{L"PntList2D", PairsInto(ground.lists)}, {L"Feature", ElementReader::Ignore}});
         section.grounds.push_back(std::move(ground));
     }
@@ -262,7 +262,7 @@ class AlignmentReader
         surface.material = AttributeText(element, L"material");
         surface.closedArea = AttributeText(element, L"closedArea");
         surface.typicalThickness = reader_.Number(element, L"typicalThickness");
-        surface.line = reader_.Line(element);
+        reader_.Locate(surface, element);
         reader_.ForEachChild(element, {{L"CrossSectPnt", [&](Node child) { ReadSectionPoint(surface, child); }},
                                        {L"Feature", FeatureInto(surface.features)}});
         section.designs.push_back(std::move(surface));
@@ -275,8 +275,8 @@ class AlignmentReader
         point.dataFormat = AttributeText(element, L"dataFormat");
         point.pntRef = AttributeText(element, L"pntRef");
         point.featureRef = AttributeText(element, L"featureRef");
-        point.line = reader_.Line(element);
-        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(element), L"CrossSectPnt", point.line);
+        reader_.Locate(point, element);
+        const std::vector<Figure> figures = reader_.Numbers(reader_.TextOf(element), L"CrossSectPnt", point);
         point.figureCount = figures.size();
         point.offset = figures.empty() ? Figure() : figures[0];
         point.height = figures.size() < 2 ? Figure() : figures[1];
@@ -298,7 +298,7 @@ class AlignmentReader
             {
                 if (property.label == label)
                 {
-                    list->push_back({reader_.Numbers(property.value, label, property.line), property.line});
+                    list->push_back({property, reader_.Numbers(property.value, label, property)});
                 }
             }
         }

@@ -68,13 +68,13 @@ class FileReader
     void ReadUnits(Node element)
     {
         const ElementReader::ReadChild read = [this](Node system) {
-            file_.units = Units{LocalName(system),
+            file_.units = Units{reader_.PlaceOf(system),
+                                LocalName(system),
                                 AttributeText(system, L"linearUnit"),
                                 AttributeText(system, L"areaUnit"),
                                 AttributeText(system, L"volumeUnit"),
                                 AttributeText(system, L"angularUnit"),
-                                AttributeText(system, L"directionUnit"),
-                                reader_.Line(system)};
+                                AttributeText(system, L"directionUnit")};
             reader_.TextOf(system);
         };
         reader_.ForEachChild(element,
@@ -96,7 +96,7 @@ class FileReader
         system.horizontalDatum = AttributeText(element, L"horizontalDatum");
         system.verticalDatum = AttributeText(element, L"verticalDatum");
         system.zoneName = AttributeText(element, L"horizontalCoordinateSystemName");
-        system.line = reader_.Line(element);
+        reader_.Locate(system, element);
         reader_.ForEachChild(element, {{L"Feature", FeatureInto(system.features)}});
         reader_.ExpectFigures(system.features, L"", L"differTP");
         file_.coordinateSystem = std::move(system);
@@ -107,7 +107,7 @@ class FileReader
         PointGroup group;
         group.name = AttributeText(element, L"name");
         group.desc = AttributeText(element, L"desc");
-        group.line = reader_.Line(element);
+        reader_.Locate(group, element);
         reader_.ForEachChild(element, {{L"CgPoint", [&](Node child) { ReadCgPoint(group, child); }},
                                        {L"Feature", FeatureInto(group.features)}});
         group.kind = KindOf(group);
@@ -159,7 +159,7 @@ class FileReader
         AlignmentGroup route;
         route.name = AttributeText(element, L"name");
         route.desc = AttributeText(element, L"desc");
-        route.line = reader_.Line(element);
+        reader_.Locate(route, element);
         reader_.ForEachChild(
             element, {{L"Alignment", [&](Node child) { route.alignments.push_back(ReadAlignment(reader_, child)); }},
                       {L"Feature", FeatureInto(route.features)}});
@@ -181,7 +181,7 @@ class FileReader
         Roadway roadway;
         roadway.name = AttributeText(element, L"name");
         roadway.alignmentRefs = AttributeText(element, L"alignmentRefs");
-        roadway.line = reader_.Line(element);
+        reader_.Locate(roadway, element);
         const ElementReader::ReadChild readSpeed = [&](Node speed) {
             roadway.designSpeeds.push_back(reader_.Number(speed, L"speed").text);
             reader_.TextOf(speed);
@@ -203,7 +203,7 @@ class FileReader
         Surface surface;
         surface.name = AttributeText(element, L"name");
         surface.desc = AttributeText(element, L"desc");
-        surface.line = reader_.Line(element);
+        reader_.Locate(surface, element);
         reader_.ForEachChild(element, {{L"Definition", [&](Node child) { ReadDefinition(surface, child); }},
                                        {L"Feature", FeatureInto(surface.features)}});
         surface.index = PointIndex(surface.points);

@@ -881,6 +881,21 @@ TEST(Findings, NameTheLineAndTheNumbers)
     EXPECT_EQ(findings[0].tolerance, 0.001);
 }
 
+TEST(Findings, NameTheElementExactlyInAFileOfOneLine)
+{
+    std::string text = SoundText({{"length=\"110.000000\"", "length=\"110.00200\""}, {LAST_FACE, "<F>3 6 6</F>"}});
+    std::erase_if(text, [](char character) { return character == '\n' || character == '\t'; });
+    const LandXmlFile file = ReadLandXmlBytes(text, L"sound.xml");
+    const std::wstring wide = WideFromUtf8(text);
+    const std::vector<Finding> lengths = Inspect(file, {FindCheck(L"H03")});
+    ASSERT_EQ(lengths.size(), 1U);
+    EXPECT_EQ(static_cast<SourcePlace>(lengths[0]), (SourcePlace{1, wide.find(L"Line length"), 0}));
+    // Six points in front of it, and three faces.
+    const std::vector<Finding> faces = Inspect(file, {FindCheck(L"F05")});
+    ASSERT_EQ(faces.size(), 1U);
+    EXPECT_EQ(static_cast<SourcePlace>(faces[0]), (SourcePlace{1, wide.find(L"Surface name"), 10}));
+}
+
 /// What is said behind the text of a check.
 struct TextCase
 {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <compare>
+#include <cstddef>
+
+namespace jlandxml::inspect
+{
+
+/// Where an element begins in its file. The line is for people; the offset parts elements from one another also where a
+/// whole file stands in one line.
+struct SourcePlace
+{
+    std::size_t line = 0;   ///< counted from 1; 0: nowhere
+    std::size_t offset = 0; ///< of the element's name in the text that the parser works in; 0: not known
+    std::size_t part = 0;   ///< of a surface: which of its points and then faces, counted from 1, which have no offset
+
+    /// In the order of the file.
+    auto operator<=>(const SourcePlace&) const = default;
+};
+
+} // namespace jlandxml::inspect
