@@ -39,7 +39,7 @@ prepare() {
         exit 1
     fi
     local version
-    version=$(sed -n 's/^project(JLandXmlConvert VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+    version=$(tools/version.sh)
     if [[ $(grep -m1 '^## ' CHANGELOG.md) != "## $version - "* ]]; then
         echo "The newest changes in CHANGELOG.md aren't those of version $version." >&2
         exit 1

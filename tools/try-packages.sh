@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 
 packages=$PWD/build/packages
 work=$PWD/build/try
-version=$(sed -n 's/^project(JLandXmlConvert VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+version=$(tools/version.sh)
 documents=share/doc/jlandxml-convert
 for_hosts=(python3 xdotool gcc g++ cmake ninja-build pkg-config qt6-base-dev man-db locales)
 

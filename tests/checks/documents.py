@@ -132,7 +132,11 @@ class Commands:
             if language.startswith("json "):
                 place = place or self.prepare(name)
                 (place / language.removeprefix("json ")).write_text(code, encoding="utf-8")
-            if language != "sh" or name in ELSEWHERE:
+            if name in ELSEWHERE:
+                continue
+            if re.match("sh |bat|make|cmake|slurm", language):
+                self.problems.append(f"{name}: nothing runs a block of {language}")
+            if language != "sh":
                 continue
             lines = [line for line in (re.sub(r"(^|\s+)# .*", "", one) for one in code.splitlines()) if line]
             if any(map(self.entry, lines)):
