@@ -60,6 +60,20 @@ void EndWhereNothingIsLeft()
     std::free(room);
     throw std::bad_alloc();
 }
+
+/// What MinGW's library makes for a program's first exception and first static object of a function it makes when these
+/// come, and doesn't look whether there is memory for it. So they come before any of the program's own.
+void MakeRoomForFirstOnes()
+{
+    try
+    {
+        throw std::bad_alloc();
+    }
+    catch (const std::bad_alloc& exception)
+    {
+        static const std::string first(exception.what());
+    }
+}
 #endif
 
 #ifdef __GNUC__
@@ -69,6 +83,7 @@ __attribute__((constructor(101))) void TellWantOfMemory()
     std::set_terminate(Terminate);
 #ifdef __MINGW32__
     std::set_new_handler(EndWhereNothingIsLeft);
+    MakeRoomForFirstOnes();
 #endif
 }
 #endif
