@@ -65,8 +65,6 @@ def pe_faults(path):
         "stack protector": b"stack smashing detected" in content,
         "system libraries only": imports and imports <= SYSTEM_LIBRARIES,
         "a manifest": b"urn:schemas-microsoft-com:asm.v1" in content,
-        "a version for Japanese": "041104B0".encode("utf-16-le") in content,
-        "a version for everybody else": "040904B0".encode("utf-16-le") in content,
         "no time of linking": re.search(r"Time/Date\s+(Thu Jan  1 00:00:00 1970|0)", headers),
     }
     if path.endswith(".exe"):
