@@ -102,29 +102,56 @@ bool IsAmong(const std::wstring_view (&names)[SIZE], std::wstring_view name)
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
-/// A point of a design surface at the place of the formation height, and its surface.
-struct CentrePoint
+/// The height of a design surface at the place of the formation height: that of its point there, or between two points
+/// what lies on the straight line from one to the other. The point is the one there, or the first of the two.
+struct CentreHeight
 {
     const DesignCrossSectSurf* surface;
     const CrossSectPnt* point;
+    Figure height;
 };
 
-/// The point of a surface at the place of the formation height: of several in a line that nearest to the height, of an
-/// outline the top. Null if there is none.
-const CrossSectPnt* FormationPoint(const CrossSect& section, const DesignCrossSectSurf& surface, double height)
+/// Every height that a surface has at an offset.
+std::vector<CentreHeight> HeightsAt(const DesignCrossSectSurf& surface, double offset)
 {
-    const double centre = FormationFigure(section, L"clOffset");
-    const auto isBetter = [&](const CrossSectPnt& one, const CrossSectPnt& other) {
-        return surface.IsClosed() ? one.height.value > other.height.value
-                                  : std::abs(one.height.value - height) < std::abs(other.height.value - height);
-    };
-    const CrossSectPnt* best = nullptr;
+    std::vector<CentreHeight> heights;
+    const CrossSectPnt* before = nullptr;
     for (const CrossSectPnt& point : surface.points)
     {
-        const bool isThere = point.IsOffsetAndHeight() && std::abs(point.offset.value - centre) <= SAME_OFFSET;
-        best = isThere && (best == nullptr || isBetter(point, *best)) ? &point : best;
+        if (!point.IsOffsetAndHeight())
+        {
+            before = nullptr;
+            continue;
+        }
+        const double past = point.offset.value - offset;
+        if (std::abs(past) <= SAME_OFFSET)
+        {
+            heights.push_back({&surface, &point, point.height});
+        }
+        const double lacking = before != nullptr ? offset - before->offset.value : 0;
+        if (past * lacking > 0 && std::min(std::abs(past), std::abs(lacking)) > SAME_OFFSET)
+        {
+            const double part = lacking / (past + lacking);
+            heights.push_back(
+                {&surface, before, {{}, before->height.value + part * (point.height.value - before->height.value)}});
+        }
+        before = &point;
     }
-    return best;
+    return heights;
+}
+
+/// The height of a surface at the place of the formation height: of several in a line that nearest to the one expected,
+/// of an outline the top. Nothing if the surface doesn't reach that place.
+std::optional<CentreHeight> HeightAtFormation(const CrossSect& section, const DesignCrossSectSurf& surface,
+                                              double expected)
+{
+    const std::vector<CentreHeight> heights = HeightsAt(surface, FormationFigure(section, L"clOffset"));
+    const auto best =
+        std::min_element(heights.begin(), heights.end(), [&](const CentreHeight& one, const CentreHeight& other) {
+            return surface.IsClosed() ? one.height.value > other.height.value
+                                      : std::abs(one.height.value - expected) < std::abs(other.height.value - expected);
+        });
+    return best != heights.end() ? std::optional(*best) : std::nullopt;
 }
 
 /// The height that a surface should have at the place of the formation height, as its own points count heights.
@@ -133,33 +160,33 @@ double FormationHeight(const CrossSect& section, const DesignCrossSectSurf& surf
     return FormationFigure(section, L"fhOffset") + (surface.IsRelativeToProfile() ? 0 : profileHeight);
 }
 
-/// The points of a section that lie at the formation height: one of each surface of the road or embankment, and on
-/// either side the top of the pavement, whose other layers lie below it.
-std::vector<CentrePoint> CentrePoints(const CrossSect& section, double profileHeight)
+/// The heights of a section's surfaces at the place of the formation height: of each surface of the road or embankment,
+/// and on either side of the top of the pavement, whose other layers lie below it.
+std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profileHeight)
 {
-    std::vector<CentrePoint> points;
-    std::map<std::wstring_view, CentrePoint> tops;
+    std::vector<CentreHeight> heights;
+    std::map<std::wstring_view, CentreHeight> tops;
     for (const DesignCrossSectSurf& surface : section.designs)
     {
-        const CrossSectPnt* const point =
-            FormationPoint(section, surface, FormationHeight(section, surface, profileHeight));
-        if (point == nullptr || IsAmong(OFF_FORMATION_HEIGHT, surface.name))
+        const std::optional<CentreHeight> height =
+            HeightAtFormation(section, surface, FormationHeight(section, surface, profileHeight));
+        if (!height || IsAmong(OFF_FORMATION_HEIGHT, surface.name))
         {
             continue;
         }
         if (!surface.IsClosed())
         {
-            points.push_back({&surface, point});
+            heights.push_back(*height);
             continue;
         }
-        CentrePoint& top = tops.try_emplace(surface.side, CentrePoint{&surface, point}).first->second;
-        top = point->height.value > top.point->height.value ? CentrePoint{&surface, point} : top;
+        CentreHeight& top = tops.try_emplace(surface.side, *height).first->second;
+        top = height->height.value > top.height.value ? *height : top;
     }
     for (const auto& [side, top] : tops)
     {
-        points.push_back(top);
+        heights.push_back(top);
     }
-    return points;
+    return heights;
 }
 
 /// A closed outline as offsets and heights.
@@ -551,11 +578,11 @@ void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
                 {
                     continue;
                 }
-                for (const auto& [surface, point] : CentrePoints(section, *height))
+                for (const auto& [surface, point, found] : CentreHeightsOf(section, *height))
                 {
                     const bool isRelative = surface->IsRelativeToProfile();
                     findings.Measure(
-                        SurfaceName(alignment, section, *surface), *point, point->height,
+                        SurfaceName(alignment, section, *surface), *point, found,
                         FormationHeight(section, *surface, *height),
                         {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
                                     : Sentence{L"標高", L"elevation"},
