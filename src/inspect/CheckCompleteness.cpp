@@ -151,8 +151,7 @@ class CompletenessCheck
             const Detail name = Path(alignment, NameOf(design));
             for (const ProfileElement& element : design.elements)
             {
-                CheckProfileElement(Path(name, std::wstring(element.kind) + L" " + std::wstring(element.station.text)),
-                                    element);
+                CheckProfileElement(Path(name, NameOf(element)), element);
             }
         }
         for (const ProfSurf& ground : profile.grounds)
@@ -223,6 +222,20 @@ class CompletenessCheck
     Findings& findings_;
 };
 
+/// Says of figures of one element that they aren't above 0. A radius without an end is none of these.
+void ReportNotPositive(Findings& findings, const Detail& object, const SourcePlace& place,
+                       std::initializer_list<NamedFigure> figures)
+{
+    for (const NamedFigure& one : figures)
+    {
+        if (one.figure.IsFinite() && one.figure.value <= 0)
+        {
+            findings.Report(object, place, std::wstring(one.name) + L" " + std::wstring(one.figure.text),
+                            {one.figure.value, 0, {}});
+        }
+    }
+}
+
 } // namespace
 
 void CheckComplete(const LandXmlFile& file, Findings& findings)
@@ -232,6 +245,35 @@ void CheckComplete(const LandXmlFile& file, Findings& findings)
     std::for_each(file.pointGroups.begin(), file.pointGroups.end(), checkOne);
     ForEachAlignment(file, checkOne);
     std::for_each(file.surfaces.begin(), file.surfaces.end(), checkOne);
+}
+
+void CheckPositive(const LandXmlFile& file, Findings& findings)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        ReportNotPositive(findings, NameOf(alignment), alignment, {{L"length", alignment.length}});
+        for (const PlanElement& element : alignment.elements)
+        {
+            ReportNotPositive(findings, NameOf(alignment, element), element,
+                              {{L"length", element.length},
+                               {L"radius", element.radius},
+                               {L"radiusStart", element.radiusStart},
+                               {L"radiusEnd", element.radiusEnd}});
+        }
+        for (const Profile& profile : alignment.profiles)
+        {
+            for (const ProfAlign& design : profile.designs)
+            {
+                for (const ProfileElement& element : design.elements)
+                {
+                    ReportNotPositive(findings, Path(Path(NameOf(alignment), NameOf(design)), NameOf(element)), element,
+                                      {{L"length", element.length},
+                                       {L"radius", element.radius},
+                                       {L"lengthIn", element.lengthIn},
+                                       {L"lengthOut", element.lengthOut}});
+                }
+            }
+        }
+    });
 }
 
 } // namespace jlandxml::inspect

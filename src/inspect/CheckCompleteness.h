@@ -10,4 +10,7 @@ namespace jlandxml::inspect
 /// own.
 void CheckComplete(const LandXmlFile& file, Findings& findings);
 
+/// Lengths and radii of alignments and of their profiles that are none, since they aren't above 0.
+void CheckPositive(const LandXmlFile& file, Findings& findings);
+
 } // namespace jlandxml::inspect

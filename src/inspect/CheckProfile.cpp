@@ -20,8 +20,7 @@ Detail DesignName(const Alignment& alignment, const ProfAlign& design)
 
 Detail PointName(const Alignment& alignment, const ProfAlign& design, const ProfilePoint& point)
 {
-    return Path(DesignName(alignment, design),
-                std::wstring(point.element->kind) + L" " + std::wstring(point.element->station.text));
+    return Path(DesignName(alignment, design), NameOf(*point.element));
 }
 
 template <class Visit>

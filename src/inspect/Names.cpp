@@ -62,6 +62,11 @@ Detail NameOf(const ProfAlign& design)
     return {{L"縦断線形 {}", L"Profile {}"}, {NameOr(design.name, Sentence{L"（名称なし）", L"(no name)"})}};
 }
 
+std::wstring NameOf(const ProfileElement& element)
+{
+    return std::wstring(element.kind) + L" " + std::wstring(element.station.text);
+}
+
 Detail NameOf(const ProfSurf& ground)
 {
     return {{L"縦断地盤線 {}", L"Ground line {}"}, {ground.name}};

@@ -26,6 +26,7 @@ Detail NameOf(const Surface& surface);
 Detail NameOf(const CrossSect& section);
 Detail NameOf(const StaEquation& equation);
 Detail NameOf(const ProfAlign& design);
+std::wstring NameOf(const ProfileElement& element);
 Detail NameOf(const ProfSurf& ground);
 Detail NameOf(const Superelevation& superelevation);
 

@@ -159,6 +159,8 @@ constexpr Cause CAUSES[] = {
              "StaEquation Profile ProfAlign ProfSurf PVI ParaCurve CircCurve UnsymParaCurve Superelevation CrossSects "
              "CrossSect CrossSectSurf DesignCrossSectSurf CrossSectPnt Surface Definition Feature Property widening "
              "superElevation intermediatePts widthStake"},
+    {L"X06",
+     "Alignment CoordGeom Line Curve Spiral IrregularLine Profile ProfAlign ParaCurve CircCurve UnsymParaCurve"},
     {L"C09", "Alignment Feature Property widening superElevation"},
     {L"F01 F02 F03 F04 F05 F06 F07 R04", "Surface Definition Pnts Faces P F"},
     {L"R01 R02 R03",

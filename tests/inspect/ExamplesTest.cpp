@@ -210,6 +210,9 @@ const ExampleChange EXAMPLE_CHANGES[] = {
      {"differTP\" value=\"0.0000\"", "differTP\" value=\"-1.1344\""},
      {"誤り R11 座標参照系"}},
     {"AStakeWithoutCoordinates", {"12461.0876 18224.2281 104.925", ""}, {"誤り X05 左幅杭／L-1"}},
+    {"ACurveOfNegativeRadius",
+     {"<Curve rot=\"cw\" radius=\"200.00000000\"", "<Curve rot=\"cw\" radius=\"-200.00000000\""},
+     {"誤り X06 " + ROAD_CURVE}},
     {"Millimetres", {"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}, {"誤り R12 単位系"}},
 };
 

@@ -251,7 +251,8 @@ DAMAGES = [
      ('Surf name="Carriageway"', "Surf"), ("<PVI>400.000", "<PVI>290.000"), ("<F>3 6 5</F>", "<F>3 6 6</F>"),
      ('<CrossSectPnt code="CW">-3.250', '<CrossSectPnt code="CW">3.250'), ('length="110.000000"', 'length="110.2"'),
      ('radiusEnd="200.00000000" length="50.000000"', 'radiusEnd="200.00000000"'), ("40. 106.635 80. 108.071", "40. 106.635 80."),
-     ('<CgPoint name="L-2">12511.88 18321.7993 109.091<', '<CgPoint name="L-2"><')],
+     ('<CgPoint name="L-2">12511.88 18321.7993 109.091<', '<CgPoint name="L-2"><'),
+     ('length="40.000" radius="800.000"', 'length="-40.000" radius="0"')],
 ]
 
 # In every name of a file: what would run if it weren't escaped.
