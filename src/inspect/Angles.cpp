@@ -28,6 +28,14 @@ constexpr AngleUnit ANGLE_UNITS[] = {
     {L"decimal degrees", RADIANS_OF_A_DEGREE},
 };
 
+/// Null for a unit that LandXML doesn't know, and for that of which one number has three parts.
+const AngleUnit* FindAngleUnit(std::wstring_view name)
+{
+    const auto* const found = std::find_if(std::begin(ANGLE_UNITS), std::end(ANGLE_UNITS),
+                                           [&](const AngleUnit& one) { return one.name == name; });
+    return found != std::end(ANGLE_UNITS) ? found : nullptr;
+}
+
 } // namespace
 
 double DegreesMinutesSeconds::Radians() const
@@ -39,6 +47,11 @@ double DegreesMinutesSeconds::Radians() const
 bool IsDegreesMinutesSeconds(std::wstring_view unit)
 {
     return unit == DMS_UNIT;
+}
+
+bool IsAngleUnit(std::wstring_view unit)
+{
+    return IsDegreesMinutesSeconds(unit) || FindAngleUnit(unit) != nullptr;
 }
 
 std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view text)
@@ -70,9 +83,8 @@ std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit)
         const std::optional<DegreesMinutesSeconds> angle = ReadDegreesMinutesSeconds(figure.text);
         return angle ? std::optional(angle->Radians()) : std::nullopt;
     }
-    const auto* const found = std::find_if(std::begin(ANGLE_UNITS), std::end(ANGLE_UNITS),
-                                           [&](const AngleUnit& one) { return one.name == unit; });
-    return found != std::end(ANGLE_UNITS) ? std::optional(figure.value * found->radians) : std::nullopt;
+    const AngleUnit* const found = FindAngleUnit(unit);
+    return found != nullptr ? std::optional(figure.value * found->radians) : std::nullopt;
 }
 
 std::wstring DegreesText(double radians)

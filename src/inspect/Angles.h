@@ -33,6 +33,9 @@ std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view
 /// True for the unit of angles in which degrees, minutes and seconds stand in one number.
 bool IsDegreesMinutesSeconds(std::wstring_view unit);
 
+/// True for a unit of angles that LandXML knows, and where a file names none.
+bool IsAngleUnit(std::wstring_view unit);
+
 /// An angle of a file in radians; nothing if the figure is none or the unit isn't one of LandXML's.
 std::optional<double> ReadAngle(const Figure& figure, std::wstring_view unit);
 

@@ -25,7 +25,10 @@ struct NeededValue
 class CompletenessCheck
 {
   public:
-    explicit CompletenessCheck(Findings& findings) : findings_(findings) {}
+    CompletenessCheck(const LandXmlFile& file, Findings& findings)
+        : isOfTheStandard_(file.IsOfTheStandard()),
+          findings_(findings)
+    {}
 
     void Check(const Alignment& alignment)
     {
@@ -77,7 +80,16 @@ class CompletenessCheck
         }
     }
 
-    void Check(const Surface& surface) { ExpectValues(NameOf(surface), surface, {{L"surfType", surface.type}}); }
+    void Check(const Surface& surface)
+    {
+        ExpectValues(NameOf(surface), surface, {{L"surfType", surface.type}});
+        for (const SurfacePointRemark& remark : surface.remarks)
+        {
+            // Too few are no coordinates.
+            const SurfacePoint& point = surface.points[remark.point];
+            ExpectCount(NameOf(surface, point), PlaceOf(surface, point), remark.figureCount, 0, 3);
+        }
+    }
 
   private:
     void ExpectValues(const Detail& object, const SourcePlace& place, std::initializer_list<NeededValue> values)
@@ -130,12 +142,20 @@ class CompletenessCheck
             // Too few are no coordinates.
             ExpectCount(object, *point, point->figureCount, 0, 3);
         }
+        if (element.kind == ElementKind::Curve)
+        {
+            ExpectValues(object, element, {{L"radius", element.radius.text}});
+        }
         if (element.kind == ElementKind::Spiral)
         {
             ExpectValues(object, element,
                          {{L"length", element.length.text},
                           {L"radiusStart", element.radiusStart.text},
                           {L"radiusEnd", element.radiusEnd.text}});
+        }
+        if (element.IsClothoid() && isOfTheStandard_)
+        {
+            ExpectValues(object, element, {{L"A", element.parameter.text}});
         }
         if (element.kind == ElementKind::IrregularLine && element.path.empty())
         {
@@ -219,6 +239,7 @@ class CompletenessCheck
         }
     }
 
+    const bool isOfTheStandard_;
     Findings& findings_;
 };
 
@@ -240,7 +261,7 @@ void ReportNotPositive(Findings& findings, const Detail& object, const SourcePla
 
 void CheckComplete(const LandXmlFile& file, Findings& findings)
 {
-    CompletenessCheck check(findings);
+    CompletenessCheck check(file, findings);
     const auto checkOne = [&](const auto& one) { check.Check(one); };
     std::for_each(file.pointGroups.begin(), file.pointGroups.end(), checkOne);
     ForEachAlignment(file, checkOne);

@@ -42,11 +42,6 @@ void ForEachJoint(const LandXmlFile& file, Visit&& visit)
     });
 }
 
-bool IsClothoid(const PlanElement& element)
-{
-    return element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";
-}
-
 bool IsPlacedCurve(const PlanElement& element)
 {
     return element.kind == ElementKind::Curve && element.start.IsPlaced() && element.end.IsPlaced() &&
@@ -384,7 +379,7 @@ void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
 {
     ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
         const double change = std::abs(CurvatureOf(element.radiusStart) - CurvatureOf(element.radiusEnd));
-        if (IsClothoid(element) && element.parameter.IsFinite() && element.length.IsFinite() && change > 0)
+        if (element.IsClothoid() && element.parameter.IsFinite() && element.length.IsFinite() && change > 0)
         {
             findings.MeasureRatio(NameOf(alignment, element), element, element.parameter,
                                   std::sqrt(element.length.value / change));
@@ -395,7 +390,7 @@ void CheckClothoidParameters(const LandXmlFile& file, Findings& findings)
 void CheckClothoidEnds(const LandXmlFile& file, Findings& findings)
 {
     ForEachElementOfRightRotation(file, [&](const Alignment& alignment, const PlanElement& element) {
-        if (!IsClothoid(element) || !element.end.IsPlaced())
+        if (!element.IsClothoid() || !element.end.IsPlaced())
         {
             return;
         }

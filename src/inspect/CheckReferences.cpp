@@ -23,6 +23,7 @@ namespace
 {
 
 constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
+constexpr Sentence UNITS{L"単位系", L"Units"};
 constexpr Sentence COORDINATE_SYSTEM{L"座標参照系", L"Coordinate system"};
 
 /// Reports every name, or every number, that stands twice among those of one kind.
@@ -147,7 +148,7 @@ PlacesOfOne PlacesOf(const Surface& surface)
         if (!one.northText.empty() && std::isfinite(one.point.north) && std::isfinite(one.point.east))
         {
             const std::uint32_t found = surface.index.Find(one.point.id);
-            all.places.push_back({Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(one.point.id)}}),
+            all.places.push_back({NameOf(surface, one.point),
                                   found != NO_POINT ? PlaceOf(surface, surface.points[found]) : SourcePlace(surface),
                                   one.point.north, one.point.east, one.northText, one.eastText});
         }
@@ -586,9 +587,24 @@ void CheckMetric(const LandXmlFile& file, Findings& findings)
 {
     if (!file.units || file.units->system != L"Metric" || file.units->linear != L"meter")
     {
-        findings.Report(Sentence{L"単位系", L"Units"}, PlaceOf(file.units),
+        findings.Report(UNITS, PlaceOf(file.units),
                         file.units ? Detail(std::wstring(file.units->system) + L" " + std::wstring(file.units->linear))
                                    : Detail(NOT_GIVEN));
+    }
+}
+
+void CheckAngleUnits(const LandXmlFile& file, Findings& findings)
+{
+    const std::pair<const wchar_t*, std::wstring_view> units[] = {
+        {L"angularUnit", file.units ? file.units->angular : std::wstring_view()},
+        {L"directionUnit", file.units ? file.units->direction : std::wstring_view()},
+    };
+    for (const auto& [name, unit] : units)
+    {
+        if (!IsAngleUnit(unit))
+        {
+            findings.Report(UNITS, *file.units, std::wstring(name) + L"=" + std::wstring(unit));
+        }
     }
 }
 

@@ -20,6 +20,7 @@ void CheckAxesInOrder(const LandXmlFile& file, Findings& findings);
 void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings);
 void CheckVerticalDatum(const LandXmlFile& file, Findings& findings);
 void CheckMetric(const LandXmlFile& file, Findings& findings);
+void CheckAngleUnits(const LandXmlFile& file, Findings& findings);
 
 // What reading the file already shows.
 

@@ -22,11 +22,6 @@ Detail FaceName(const Surface& surface, const SurfaceFace& face)
     return Path(NameOf(surface), {{L"面{}", L"Face{}"}, {corners}});
 }
 
-Detail PointName(const Surface& surface, const SurfacePoint& point)
-{
-    return Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(point.id)}});
-}
-
 bool IsPlaced(const SurfacePoint& point)
 {
     return std::isfinite(point.north) && std::isfinite(point.east) && std::isfinite(point.height);
@@ -56,7 +51,7 @@ void CheckSurfacePoints(const LandXmlFile& file, Findings& findings)
         {
             if (!IsPlaced(point) || point.id == 0)
             {
-                findings.Report(PointName(surface, point), PlaceOf(surface, point));
+                findings.Report(NameOf(surface, point), PlaceOf(surface, point));
             }
         }
     }
@@ -70,7 +65,7 @@ void CheckPointIdsUnique(const LandXmlFile& file, Findings& findings)
         {
             if (point.id != 0 && &surface.points[surface.index.Find(point.id)] != &point)
             {
-                findings.Report(PointName(surface, point), PlaceOf(surface, point));
+                findings.Report(NameOf(surface, point), PlaceOf(surface, point));
             }
         }
     }
@@ -176,7 +171,7 @@ void CheckPointsUsed(const LandXmlFile& file, Findings& findings)
         {
             const auto first =
                 static_cast<std::size_t>(std::find(isUsed.begin(), isUsed.end(), false) - isUsed.begin());
-            findings.Report(PointName(surface, surface.points[first]), PlaceOf(surface, surface.points[first]),
+            findings.Report(NameOf(surface, surface.points[first]), PlaceOf(surface, surface.points[first]),
                             {{L"{}点", L"{} points"}, {std::to_wstring(unused)}}, {static_cast<double>(unused), 0, {}});
         }
     }

@@ -503,6 +503,14 @@ constexpr Check CHECKS[] = {
      {L"Metricのmeterにしてください", L"Metric with meter"},
      JLANDXML,
      CheckMetric},
+    {L"R13",
+     ERROR_GRADE,
+     {},
+     {L"角度の単位がLandXMLのものではありません", L"The unit of angles isn't one of LandXML's"},
+     {L"radians、grads、decimal degrees、decimal dd.mm.ssのいずれかにしてください",
+      L"radians, grads, decimal degrees or decimal dd.mm.ss"},
+     LANDXML,
+     CheckAngleUnits},
 };
 
 } // namespace

@@ -119,6 +119,8 @@ struct PlanElement : SourcePlace
     std::vector<PairList> path;          ///< of an IrregularLine: north and east of its points
     std::vector<NamedFigure> directions; ///< dir, dirStart, dirEnd, in the file's directionUnit
     std::vector<NamedFigure> angles;     ///< delta, theta, in the file's angularUnit
+
+    bool IsClothoid() const { return kind == ElementKind::Spiral && spiralType == L"clothoid"; }
 };
 
 /// A change of the station count: at `internal` of the alignment's own count the label `back` becomes `ahead`.
@@ -336,9 +338,10 @@ struct Surface : SourcePlace
     std::wstring_view type; ///< TIN or grid
     std::vector<SurfacePoint> points;
     std::vector<SurfaceFace> faces;
-    PointIndex index;                      ///< of the points, once all of them are read
-    std::array<FarthestPoint, 6> farthest; ///< to the south, west, bottom, north, east and top
-    std::vector<Feature> features;         ///< alignmentRefs
+    std::vector<SurfacePointRemark> remarks; ///< of few points, in their order
+    PointIndex index;                        ///< of the points, once all of them are read
+    std::array<FarthestPoint, 6> farthest;   ///< to the south, west, bottom, north, east and top
+    std::vector<Feature> features;           ///< alignmentRefs
 };
 
 /// A point or a face of a surface, by its surface and its number in it.
@@ -405,6 +408,12 @@ struct LandXmlFile
     /// What the texts are views into.
     std::unique_ptr<SourceText> source;
     std::unique_ptr<pugi::xml_document> tree;
+
+    /// True if the file says that it follows the Japanese standard, which asks for more than LandXML 1.2.
+    bool IsOfTheStandard() const
+    {
+        return PropertyValue(projectFeatures, L"", L"applicationCriterion").starts_with(L"MlitLandXmlVer");
+    }
 };
 
 /// Visits every alignment of every route, in the file's order.

@@ -47,6 +47,11 @@ Detail NameOf(const Surface& surface)
     return NameOr(surface.name, Sentence{L"（名称のないサーフェス）", L"(surface without a name)"});
 }
 
+Detail NameOf(const Surface& surface, const SurfacePoint& point)
+{
+    return Path(NameOf(surface), {{L"点 {}", L"Point {}"}, {std::to_wstring(point.id)}});
+}
+
 Detail NameOf(const CrossSect& section)
 {
     return {{L"横断面 {}", L"Cross section {}"}, {NameOr(section.name, section.station.text)}};
@@ -79,8 +84,7 @@ Detail NameOf(const Superelevation& superelevation)
 
 const Sentence& KindOf(const PlanElement& element)
 {
-    const bool isClothoid = element.kind == ElementKind::Spiral && element.spiralType == L"clothoid";
-    return isClothoid ? CLOTHOID_NAME : KIND_NAMES[static_cast<std::size_t>(element.kind)];
+    return element.IsClothoid() ? CLOTHOID_NAME : KIND_NAMES[static_cast<std::size_t>(element.kind)];
 }
 
 Detail NameOf(const Alignment& alignment, const PlanElement& element)

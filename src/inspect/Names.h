@@ -30,6 +30,9 @@ std::wstring NameOf(const ProfileElement& element);
 Detail NameOf(const ProfSurf& ground);
 Detail NameOf(const Superelevation& superelevation);
 
+/// A point of a surface by its number: 現況地形／点 3.
+Detail NameOf(const Surface& surface, const SurfacePoint& point);
+
 /// What kind an element is: 直線, 円曲線, クロソイド, 緩和曲線, 折れ線.
 const Sentence& KindOf(const PlanElement& element);
 

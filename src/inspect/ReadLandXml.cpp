@@ -236,6 +236,11 @@ class FileReader
     {
         if (SurfacePassage* const passage = file_.source->PassageAt(element.offset_debug()))
         {
+            for (SurfacePointRemark& remark : passage->remarks)
+            {
+                remark.point += static_cast<std::uint32_t>(surface.points.size());
+            }
+            Take(surface.remarks, passage->remarks);
             Take(surface.points, passage->points);
             Take(surface.faces, passage->faces);
             for (const auto& side : passage->farthest.sides)
@@ -248,17 +253,20 @@ class FileReader
         }
         const auto narrow = [](std::wstring_view text) { return Utf8FromWide(text); };
         reader_.ForEachChild(
-            element, {{L"P",
-                       [&](Node point) {
-                           const std::string text = narrow(reader_.TextOf(point));
-                           surface.points.push_back(
-                               ReadSurfacePoint(narrow(AttributeText(point, L"id")), text, reader_.Line(point)));
-                           farthest_.Take(surface.points.back(), text);
-                       }},
-                      {L"F", [&](Node face) {
-                           surface.faces.push_back(ReadSurfaceFace(narrow(AttributeText(face, L"i")),
-                                                                   narrow(reader_.TextOf(face)), reader_.Line(face)));
-                       }}});
+            element,
+            {{L"P",
+              [&](Node point) {
+                  const std::string id = narrow(AttributeText(point, L"id"));
+                  const std::string pntRef = narrow(AttributeText(point, L"pntRef"));
+                  const std::string featureRef = narrow(AttributeText(point, L"featureRef"));
+                  const std::string text = narrow(reader_.TextOf(point));
+                  AddSurfacePoint({id, pntRef, featureRef, text}, reader_.Line(point), surface.points, surface.remarks);
+                  farthest_.Take(surface.points.back(), text);
+              }},
+             {L"F", [&](Node face) {
+                  surface.faces.push_back(ReadSurfaceFace(narrow(AttributeText(face, L"i")),
+                                                          narrow(reader_.TextOf(face)), reader_.Line(face)));
+              }}});
     }
 
     /// Moves what was read beside the tree into a surface, as a rule into an empty one.

@@ -302,8 +302,16 @@ class PassageScanner
         {
             return false;
         }
-        std::string_view key;
-        if (!ScanAttributes(isPoint ? "id" : "i", key))
+        SurfacePointParts parts;
+        std::string_view hidden;
+        const auto take = [&](const Attribute& attribute) {
+            for (const auto& [name, value] : {std::pair("id", &parts.id), std::pair("pntRef", &parts.pntRef),
+                                              std::pair("featureRef", &parts.featureRef), std::pair("i", &hidden)})
+            {
+                *value = attribute.name == name ? attribute.value : *value;
+            }
+        };
+        if (!ScanAttributes(take))
         {
             return false;
         }
@@ -314,18 +322,26 @@ class PassageScanner
         }
         if (isPoint)
         {
-            passage.points.push_back(ReadSurfacePoint(key, *text, line));
+            parts.text = *text;
+            AddSurfacePoint(parts, line, passage.points, passage.remarks);
             farthest_.Take(passage.points.back(), *text);
         }
         else
         {
-            passage.faces.push_back(ReadSurfaceFace(key, *text, line));
+            passage.faces.push_back(ReadSurfaceFace(hidden, *text, line));
         }
         return true;
     }
 
-    /// The attributes up to the tag's end; `value` gets that of the attribute wanted.
-    bool ScanAttributes(std::string_view wanted, std::string_view& value)
+    struct Attribute
+    {
+        std::string_view name;
+        std::string_view value;
+    };
+
+    /// Hands over the attributes up to the tag's end.
+    template <class Visit>
+    bool ScanAttributes(Visit&& visit)
     {
         while (!AtEnd() && bytes_[position_] != '>')
         {
@@ -343,16 +359,10 @@ class PassageScanner
             {
                 return false;
             }
-            value = attribute->name == wanted ? attribute->value : value;
+            visit(*attribute);
         }
         return Take(">");
     }
-
-    struct Attribute
-    {
-        std::string_view name;
-        std::string_view value;
-    };
 
     std::optional<Attribute> ScanAttribute()
     {
@@ -412,6 +422,23 @@ SurfacePoint ReadSurfacePoint(std::string_view id, std::string_view text, std::s
     const double east = ReadCoordinate(words.Next());
     const double height = ReadCoordinate(words.Next());
     return {north, east, height, ReadId(WordReader(id).Next()), static_cast<std::uint32_t>(line)};
+}
+
+void AddSurfacePoint(const SurfacePointParts& parts, std::size_t line, std::vector<SurfacePoint>& points,
+                     std::vector<SurfacePointRemark>& remarks)
+{
+    WordReader words(parts.text);
+    std::size_t figureCount = 0;
+    while (!words.Next().empty())
+    {
+        ++figureCount;
+    }
+    if (figureCount > 3 || !parts.pntRef.empty() || !parts.featureRef.empty())
+    {
+        remarks.push_back({static_cast<std::uint32_t>(points.size()), figureCount, WideFromUtf8(parts.pntRef),
+                           WideFromUtf8(parts.featureRef)});
+    }
+    points.push_back(ReadSurfacePoint(parts.id, parts.text, line));
 }
 
 SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std::size_t line)

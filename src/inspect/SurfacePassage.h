@@ -36,6 +36,28 @@ struct SurfaceFace
 SurfacePoint ReadSurfacePoint(std::string_view id, std::string_view text, std::size_t line);
 SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std::size_t line);
 
+/// What few points have: more figures than three coordinates, or a reference.
+struct SurfacePointRemark
+{
+    std::uint32_t point; ///< its place among the points
+    std::size_t figureCount;
+    std::wstring pntRef;
+    std::wstring featureRef;
+};
+
+/// The values of a point's attributes, and its text.
+struct SurfacePointParts
+{
+    std::string_view id;
+    std::string_view pntRef;
+    std::string_view featureRef;
+    std::string_view text;
+};
+
+/// Appends a point, with a remark if there is something to remark.
+void AddSurfacePoint(const SurfacePointParts& parts, std::size_t line, std::vector<SurfacePoint>& points,
+                     std::vector<SurfacePointRemark>& remarks);
+
 /// The points of a surface that lie farthest to the south, west, bottom, north, east and top, with the file's own text
 /// of their coordinates: where they are, the surface is. `Text` owns the text or views it.
 template <class Text>
@@ -76,6 +98,7 @@ struct SurfacePassage
 {
     std::vector<SurfacePoint> points;
     std::vector<SurfaceFace> faces;
+    std::vector<SurfacePointRemark> remarks;
     FarthestPoints<std::string> farthest;
     std::size_t length = 0; ///< bytes of the content
     std::size_t lines = 0;  ///< line ends in it

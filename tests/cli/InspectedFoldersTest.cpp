@@ -169,7 +169,7 @@ constexpr Cause CAUSES[] = {
     {L"R05 R06 R07 R11", "LandXML CoordinateSystem Feature Property settings"},
     {L"R08 R09", "LandXML CoordinateSystem Alignment CoordGeom Line Curve Spiral Start End Surface Pnts P CgPoint "
                  "intermediatePts widthStake"},
-    {L"R12 T08", "LandXML Units Metric"},
+    {L"R12 R13 T08", "LandXML Units Metric"},
 };
 
 bool Holds(std::string_view tags, std::string_view tag)

@@ -213,6 +213,9 @@ const ExampleChange EXAMPLE_CHANGES[] = {
     {"ACurveOfNegativeRadius",
      {"<Curve rot=\"cw\" radius=\"200.00000000\"", "<Curve rot=\"cw\" radius=\"-200.00000000\""},
      {"誤り X06 " + ROAD_CURVE}},
+    {"AnUnknownUnitOfDirections",
+     {"directionUnit=\"decimal dd.mm.ss\"", "directionUnit=\"degrees\""},
+     {"誤り R13 単位系"}},
     {"Millimetres", {"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}, {"誤り R12 単位系"}},
 };
 
