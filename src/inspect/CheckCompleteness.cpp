@@ -116,13 +116,14 @@ class CompletenessCheck
         }
     }
 
-    /// At least one pair, and none by half.
+    /// At least one point, and none by half.
     void ExpectPairs(const Detail& object, const std::vector<PairList>& lists)
     {
         for (const PairList& list : lists)
         {
-            const std::size_t pairs = std::max<std::size_t>((list.figureCount + 1) / 2, 1);
-            ExpectCount(object, list, list.figureCount, 2 * pairs, 2 * pairs);
+            const std::size_t of = list.figuresOfAPoint;
+            const std::size_t whole = std::max<std::size_t>((list.figureCount + of - 1) / of, 1) * of;
+            ExpectCount(object, list, list.figureCount, whole, whole);
         }
     }
 

@@ -323,6 +323,26 @@ void CheckJoints(const LandXmlFile& file, Findings& findings)
     });
 }
 
+void CheckPathEnds(const LandXmlFile& file, Findings& findings)
+{
+    ForEachElement(file, [&](const Alignment& alignment, const PlanElement& element) {
+        if (!HasPlace(element.path))
+        {
+            return;
+        }
+        const auto measure = [&](const PlanPoint& point, const wchar_t* word, const PairList& list,
+                                 const FigurePair& end) {
+            findings.MeasureGap(NameOf(alignment, element), list,
+                                Distance(point.north.value, point.east.value, end.first.value, end.second.value), word);
+        };
+        const auto isFilled = [](const PairList& list) { return !list.pairs.empty(); };
+        const auto first = std::find_if(element.path.begin(), element.path.end(), isFilled);
+        const auto last = std::find_if(element.path.rbegin(), element.path.rend(), isFilled);
+        measure(element.start, L"Start", *first, first->pairs.front());
+        measure(element.end, L"End", *last, last->pairs.back());
+    });
+}
+
 void CheckElementLengths(const LandXmlFile& file, Findings& findings)
 {
     ForEachElementOfRightRotation(file, [&](const Alignment& alignment, const PlanElement& element) {

@@ -21,5 +21,6 @@ void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings);
 void CheckPointNamesThere(const LandXmlFile& file, Findings& findings);
 void CheckPointNamesUnique(const LandXmlFile& file, Findings& findings);
 void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings);
+void CheckPathEnds(const LandXmlFile& file, Findings& findings);
 
 } // namespace jlandxml::inspect

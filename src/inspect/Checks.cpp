@@ -189,6 +189,15 @@ constexpr Check CHECKS[] = {
       L"Give an element's end and the next one's start one name, and count from the start"},
      JLANDXML,
      CheckPointNamesInOrder},
+    {L"H13",
+     ERROR_GRADE,
+     METRES,
+     {L"折れ線の始点か終点が点列の端と離れています",
+      L"An irregular line's start or end isn't that of its list of points"},
+     {L"StartとEndの座標を、PntList2DかPntList3Dの最初と最後の点に合わせてください",
+      L"Make the coordinates of Start and End those of the first and last point of PntList2D or PntList3D"},
+     GEOVIITE,
+     CheckPathEnds},
 
     // Stations
     {L"T01",

@@ -146,7 +146,8 @@ PairList ElementReader::Pairs(pugi::xml_node element)
     Locate(list, element);
     const std::vector<Figure> figures = Numbers(TextOf(element), LocalName(element), list);
     list.figureCount = figures.size();
-    for (std::size_t index = 0; index + 1 < figures.size(); index += 2)
+    list.figuresOfAPoint = LocalName(element) == L"PntList3D" ? 3 : 2;
+    for (std::size_t index = 0; index + list.figuresOfAPoint <= figures.size(); index += list.figuresOfAPoint)
     {
         list.pairs.push_back({figures[index], figures[index + 1]});
     }

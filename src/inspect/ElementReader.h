@@ -55,7 +55,7 @@ class ElementReader
     /// The figures of an element's text, or of a property's value.
     std::vector<Figure> Numbers(std::wstring_view text, std::wstring_view what, const SourcePlace& place);
 
-    /// The element's text as pairs.
+    /// The element's text as pairs; of points in space without their heights.
     PairList Pairs(pugi::xml_node element);
 
     PlanPoint Point(pugi::xml_node element);

@@ -79,7 +79,8 @@ struct FigurePair
 struct PairList : SourcePlace
 {
     std::vector<FigurePair> pairs;
-    std::size_t figureCount = 0; ///< in its text: twice the pairs, and one more if the last has no second figure
+    std::size_t figuresOfAPoint = 2; ///< 3 where each has a height behind its north and east
+    std::size_t figureCount = 0;     ///< in its text: more than those of the pairs if the last point isn't whole
 };
 
 enum class ElementKind

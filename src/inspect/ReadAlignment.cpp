@@ -104,6 +104,7 @@ class AlignmentReader
                                     {L"Center", PointInto(element.center)},
                                     {L"PI", PointInto(element.pi)},
                                     {L"PntList2D", PairsInto(element.path)},
+                                    {L"PntList3D", PairsInto(element.path)},
                                     {L"Feature", FeatureInto(features)}});
         for (const wchar_t* const name : {L"dir", L"dirStart", L"dirEnd"})
         {

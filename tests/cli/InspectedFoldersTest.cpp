@@ -141,7 +141,7 @@ struct Cause
     const char* tags;
 };
 constexpr Cause CAUSES[] = {
-    {L"H01 H02 H03 H04 H05 H06 H07 H08 H09 X04",
+    {L"H01 H02 H03 H04 H05 H06 H07 H08 H09 H13 X04",
      "Alignment CoordGeom Line Curve Spiral IrregularLine Start End Center PI PntList2D"},
     {L"H10 H11 H12", "Alignment CoordGeom Line Curve Spiral IrregularLine Start End"},
     {L"T01 T02 T03 T04", "Alignment StaEquation Profile"},

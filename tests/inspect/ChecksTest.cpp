@@ -87,6 +87,12 @@ const std::string RIGHT_CARRIAGEWAY =
     "RIGHT</CrossSectPnt><CrossSectPnt code=\"CW\">3.250 -0.065</CrossSectPnt><Feature><Property label=\"heightType\" "
     "value=\"fhOffset\"/></Feature></DesignCrossSectSurf>";
 
+/// The end of the first line, made one that a list of points tells.
+std::string FirstPathOf(const std::string& points, const std::string& list = "PntList2D")
+{
+    return "</End><" + list + ">" + points + "</" + list + "></IrregularLine>";
+}
+
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
 const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
@@ -419,6 +425,38 @@ const Case CASES[] = {
      L"H12",
      {{"<End name=\"KE.1-1\">", "<End name=\"P.1\">"}, {"<Start name=\"KE.1-1\">", "<Start name=\"P.1\">"}},
      {}},
+
+    {"AnIrregularLineWhoseStartIsNotItsFirstPoint",
+     L"H13",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.002 18230 12500.79234746 18327.57119165")}},
+     {"警告 線形1／折れ線 BP～KA.1-1"}},
+    {"AnIrregularLineWhoseEndIsNotItsLastPoint",
+     L"H13",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450 18230 12500.79234746 18327.77119165")}},
+     {"誤り 線形1／折れ線 BP～KA.1-1"}},
+    {"AnIrregularLineFromItsFirstPointToItsLast",
+     L"H13",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.0009 18230 12500.79234746 18327.57119165")}},
+     {}},
+    {"AnIrregularLineInSpace",
+     L"H13",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>",
+       FirstPathOf("12450 18230 105 12475 18280 106 12500.79234746 18327.77119165 107", "PntList3D")}},
+     {"誤り 線形1／折れ線 BP～KA.1-1"}},
+    {"AnIrregularLineInSpaceIsRead",
+     L"X01",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450 18230 105 12500.79234746 18327.57119165 107", "PntList3D")}},
+     {}},
+    {"AnIrregularLineInSpaceWithoutAHeight",
+     L"X05",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450 18230 105 12500.79234746 18327.57119165", "PntList3D")}},
+     {"誤り 線形1／折れ線 BP～KA.1-1"}},
 
     // Stations
     {"NoStartStation", L"T01", {{" staStart=\"0.000000\"", ""}}, {"誤り 線形1"}},
@@ -1064,6 +1102,11 @@ const TextCase TEXT_CASES[] = {
      L"R13",
      {{"directionUnit=\"decimal dd.mm.ss\"", "directionUnit=\"degrees\""}},
      "角度の単位がLandXMLのものではありません（directionUnit=degrees）"},
+    {"AnIrregularLine",
+     L"H13",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.002 18230 12500.79234746 18327.57119165")}},
+     "折れ線の始点か終点が点列の端と離れています（Start、差 0.002 m、許容 0.001 m）"},
     {"AVerticalPoint",
      L"X05",
      {{"<PVI>400.000 113.000", "<PVI>400.000"}},

@@ -216,6 +216,15 @@ const ExampleChange EXAMPLE_CHANGES[] = {
     {"AnUnknownUnitOfDirections",
      {"directionUnit=\"decimal dd.mm.ss\"", "directionUnit=\"degrees\""},
      {"誤り R13 単位系"}},
+    {"AnIrregularLineWhoseEndIsNotItsLastPoint",
+     {"<Line length=\"110.000000\">\r\n\t\t\t\t\t<Start name=\"BP\">12450.00000000 "
+      "18230.00000000</Start>\r\n\t\t\t\t\t<End "
+      "name=\"KA.1-1\">12500.79234746 18327.57119165</End>\r\n\t\t\t\t</Line>",
+      "<IrregularLine length=\"110.000000\"><Start name=\"BP\">12450.00000000 18230.00000000</Start><End "
+      "name=\"KA.1-1\">12500.79234746 18327.57119165</End><PntList2D>12450 18230 12500.79434746 "
+      "18327.57119165</PntList2D></IrregularLine>"},
+     {"警告 H13 線形1／折れ線 BP～KA.1-1", "誤り T08 IntermediatePnts-1／No.0",
+      "誤り T08 IntermediatePnts-1／No.2+10.000"}},
     {"Millimetres", {"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}, {"誤り R12 単位系"}},
 };
 

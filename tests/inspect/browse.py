@@ -252,6 +252,8 @@ DAMAGES = [
      ('<CrossSectPnt code="CW">-3.250', '<CrossSectPnt code="CW">3.250'), ('length="110.000000"', 'length="110.2"'),
      ('radiusEnd="200.00000000" length="50.000000"', 'radiusEnd="200.00000000"'), ("40. 106.635 80. 108.071", "40. 106.635 80."),
      ('<CgPoint name="L-2">12511.88 18321.7993 109.091<', '<CgPoint name="L-2"><'),
+     ("</CoordGeom>", '<IrregularLine><Start>12499.30947113 18607.22822412</Start><End>12490 18640</End>'
+      "<PntList2D>12499.30947113 18607.22822412 12480 18650</PntList2D></IrregularLine></CoordGeom>"),
      ('directionUnit="decimal dd.mm.ss"', 'directionUnit="degrees"'),
      ('length="40.000" radius="800.000"', 'length="-40.000" radius="0"')],
 ]
