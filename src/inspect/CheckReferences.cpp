@@ -268,6 +268,18 @@ struct Reference
     std::function<Detail()> object;
 };
 
+/// Visits the references of a surface's points.
+template <class Visit>
+void ForEachReferenceOf(const Surface& surface, Visit&& visit)
+{
+    for (const SurfacePointRemark& remark : surface.remarks)
+    {
+        const SurfacePoint& point = surface.points[remark.point];
+        visit(Reference{
+            remark.pntRef, remark.featureRef, {}, PlaceOf(surface, point), [&] { return NameOf(surface, point); }});
+    }
+}
+
 Reference ReferenceOf(const PlanPoint& point, std::function<Detail()> object)
 {
     return {point.pntRef, point.featureRef, point.name, point, std::move(object)};
@@ -326,6 +338,10 @@ template <class Visit>
 void ForEachReference(const LandXmlFile& file, Visit&& visit)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) { ForEachReferenceOf(alignment, visit); });
+    for (const Surface& surface : file.surfaces)
+    {
+        ForEachReferenceOf(surface, visit);
+    }
 }
 
 } // namespace
@@ -344,13 +360,22 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
             findings.Report(object, place, name);
         }
     };
+    const auto checkFeatures = [&](const Detail& object, const std::vector<Feature>& features) {
+        for (const Feature& feature : features)
+        {
+            if (const Property* const property = FindProperty(feature, L"alignmentRefs"))
+            {
+                check(object, *property, property->value);
+            }
+        }
+    };
     for (const PointGroup& group : file.pointGroups)
     {
-        if (!group.kind.empty())
+        checkFeatures(NameOf(group), group.features);
+        // Intermediate points and width stakes are of an alignment; other points and surfaces need not be.
+        if (!group.kind.empty() && FindProperty(group.features, group.kind, L"alignmentRefs") == nullptr)
         {
-            const Property* const property = FindProperty(group.features, group.kind, L"alignmentRefs");
-            check(NameOf(group), property != nullptr ? SourcePlace(*property) : SourcePlace(group),
-                  group.alignmentRefs);
+            check(NameOf(group), group, {});
         }
     }
     for (const Roadway& roadway : file.roadways)
@@ -359,11 +384,7 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
     }
     for (const Surface& surface : file.surfaces)
     {
-        // A surface need not be of an alignment.
-        if (const Property* const property = FindProperty(surface.features, L"", L"alignmentRefs"))
-        {
-            check(NameOf(surface), *property, property->value);
-        }
+        checkFeatures(NameOf(surface), surface.features);
     }
 }
 
