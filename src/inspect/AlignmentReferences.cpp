@@ -26,8 +26,7 @@ const Alignment* AlignmentReferences::Find(std::wstring_view name) const
 
 std::vector<std::wstring_view> AlignmentReferences::NamesIn(std::wstring_view references) const
 {
-    const std::wstring_view whole = Trim(references);
-    return Find(whole) != nullptr ? std::vector{whole} : Words(whole);
+    return ReferencedNames(references, [this](std::wstring_view name) { return Find(name) != nullptr; });
 }
 
 std::vector<const Alignment*> AlignmentReferences::Named(std::wstring_view references) const

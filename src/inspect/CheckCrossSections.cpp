@@ -189,6 +189,25 @@ std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profi
     return heights;
 }
 
+void CheckCentreHeight(const Alignment& alignment, const CrossSect& section, const ProfileLine& line,
+                       Findings& findings)
+{
+    const std::optional<double> height = line.HeightAt(section.station.value);
+    if (!height)
+    {
+        return;
+    }
+    for (const auto& [surface, point, found] : CentreHeightsOf(section, *height))
+    {
+        const bool isRelative = surface->IsRelativeToProfile();
+        findings.Measure(
+            SurfaceName(alignment, section, *surface), *point, found, FormationHeight(section, *surface, *height),
+            {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
+                        : Sentence{L"標高", L"elevation"},
+             {ShortNumber(*height, 3)}});
+    }
+}
+
 /// A closed outline as offsets and heights.
 struct Outline
 {
@@ -563,31 +582,18 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
 void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        const ProfAlign* const design = DesignProfile(alignment);
-        if (design == nullptr)
-        {
-            return;
-        }
-        const ProfileLine line(*design);
+        std::map<const ProfAlign*, ProfileLine> lines;
         for (const CrossSects& sects : alignment.crossSects)
         {
+            const ProfAlign* const design = DesignProfile(alignment, sects);
+            if (design == nullptr)
+            {
+                return;
+            }
+            const ProfileLine& line = lines.try_emplace(design, *design).first->second;
             for (const CrossSect& section : sects.sections)
             {
-                const std::optional<double> height = line.HeightAt(section.station.value);
-                if (!height)
-                {
-                    continue;
-                }
-                for (const auto& [surface, point, found] : CentreHeightsOf(section, *height))
-                {
-                    const bool isRelative = surface->IsRelativeToProfile();
-                    findings.Measure(
-                        SurfaceName(alignment, section, *surface), *point, found,
-                        FormationHeight(section, *surface, *height),
-                        {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
-                                    : Sentence{L"標高", L"elevation"},
-                         {ShortNumber(*height, 3)}});
-                }
+                CheckCentreHeight(alignment, section, line, findings);
             }
         }
     });

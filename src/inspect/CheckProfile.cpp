@@ -156,13 +156,22 @@ void CheckProfileReferences(const LandXmlFile& file, Findings& findings)
         for (const CrossSects& sects : alignment.crossSects)
         {
             const Property* const reference = FindProperty(sects.features, L"", L"profAlignRefs");
-            const auto isThere = [&](const Profile& profile) {
-                return std::any_of(profile.designs.begin(), profile.designs.end(),
-                                   [&](const ProfAlign& design) { return design.name == reference->value; });
-            };
-            if (reference != nullptr && std::none_of(alignment.profiles.begin(), alignment.profiles.end(), isThere))
+            if (reference == nullptr)
             {
-                findings.Report(NameOf(alignment), *reference, reference->value);
+                continue;
+            }
+            const auto isThere = [&](std::wstring_view name) { return FindDesign(alignment, name) != nullptr; };
+            std::vector<std::wstring_view> names = ReferencedNames(reference->value, isThere);
+            if (names.empty())
+            {
+                names.emplace_back();
+            }
+            for (const std::wstring_view name : names)
+            {
+                if (!isThere(name))
+                {
+                    findings.Report(NameOf(alignment), *reference, name);
+                }
             }
         }
     });

@@ -450,6 +450,15 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
     UniqueNames alignments(findings, L"Alignment");
     ForEachAlignment(file, [&](const Alignment& alignment) {
         alignments.Take(alignment.name, alignment);
+        // Cross sections name one of the alignment's profiles.
+        UniqueNames designs(findings, Path(NameOf(alignment), L"ProfAlign"));
+        for (const Profile& profile : alignment.profiles)
+        {
+            for (const ProfAlign& design : profile.designs)
+            {
+                designs.Take(Trim(design.name), design);
+            }
+        }
         for (const CrossSects& sects : alignment.crossSects)
         {
             // By their values: 60. and 60.000 are one station.

@@ -69,24 +69,60 @@ SourcePlace PlaceOf(const Surface& surface, const SurfaceFace& face)
             surface.points.size() + static_cast<std::size_t>(&face - surface.faces.data()) + 1};
 }
 
-const ProfAlign* DesignProfile(const Alignment& alignment)
+const ProfAlign* FindDesign(const Alignment& alignment, std::wstring_view name)
 {
-    const std::wstring_view wanted = alignment.crossSects.empty()
-                                         ? std::wstring_view()
-                                         : PropertyValue(alignment.crossSects.front().features, L"", L"profAlignRefs");
-    const ProfAlign* first = nullptr;
     for (const Profile& profile : alignment.profiles)
     {
         for (const ProfAlign& design : profile.designs)
         {
-            if (design.name == wanted)
+            if (Trim(design.name) == name)
             {
                 return &design;
             }
-            first = first != nullptr ? first : &design;
         }
     }
-    return first;
+    return nullptr;
+}
+
+namespace
+{
+
+/// The first design profile that cross sections name; null if they name none that is there.
+const ProfAlign* NamedDesign(const Alignment& alignment, const CrossSects& sects)
+{
+    const auto find = [&](std::wstring_view name) { return FindDesign(alignment, name); };
+    const Property* const reference = FindProperty(sects.features, L"", L"profAlignRefs");
+    const std::vector<std::wstring_view> names =
+        reference != nullptr ? ReferencedNames(reference->value, find) : std::vector<std::wstring_view>();
+    const auto found = std::find_if(names.begin(), names.end(), find);
+    return found != names.end() ? find(*found) : nullptr;
+}
+
+const ProfAlign* FirstDesign(const Alignment& alignment)
+{
+    const auto found = std::find_if(alignment.profiles.begin(), alignment.profiles.end(),
+                                    [](const Profile& profile) { return !profile.designs.empty(); });
+    return found != alignment.profiles.end() ? &found->designs.front() : nullptr;
+}
+
+} // namespace
+
+const ProfAlign* DesignProfile(const Alignment& alignment, const CrossSects& sects)
+{
+    const ProfAlign* const named = NamedDesign(alignment, sects);
+    return named != nullptr ? named : FirstDesign(alignment);
+}
+
+const ProfAlign* DesignProfile(const Alignment& alignment)
+{
+    for (const CrossSects& sects : alignment.crossSects)
+    {
+        if (const ProfAlign* const named = NamedDesign(alignment, sects))
+        {
+            return named;
+        }
+    }
+    return FirstDesign(alignment);
 }
 
 } // namespace jlandxml::inspect

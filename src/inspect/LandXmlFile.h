@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Text.h"
 #include "inspect/Figure.h"
 #include "inspect/PointIndex.h"
 #include "inspect/SchemaValidation.h"
@@ -470,7 +471,22 @@ void ForEachStationList(const Alignment& alignment, Visit&& visit)
     visit(Sentence{L"横断勾配", L"Cross slope"}, alignment.slopes);
 }
 
-/// The design profile that the cross sections hang on, or the first one; null if there is none.
+/// The names in a text of references: one name, which may hold blanks, or several with white space between them.
+template <class IsName>
+std::vector<std::wstring_view> ReferencedNames(std::wstring_view references, IsName&& isName)
+{
+    const std::wstring_view whole = Trim(references);
+    return isName(whole) ? std::vector{whole} : Words(whole);
+}
+
+/// The design profile of a name; null if the alignment has none.
+const ProfAlign* FindDesign(const Alignment& alignment, std::wstring_view name);
+
+/// The design profile that cross sections hang on: the first that their profAlignRefs names, or the alignment's first;
+/// null if it has none.
+const ProfAlign* DesignProfile(const Alignment& alignment, const CrossSects& sects);
+
+/// The same of the first of an alignment's cross sections that name one.
 const ProfAlign* DesignProfile(const Alignment& alignment);
 
 } // namespace jlandxml::inspect

@@ -93,6 +93,14 @@ std::string FirstPathOf(const std::string& points, const std::string& list = "Pn
     return "</End><" + list + ">" + points + "</" + list + "></IrregularLine>";
 }
 
+const std::string FLAT_PROFILE = "<ProfAlign name=\"平\"><PVI>0. 200.</PVI><PVI>400. 200.</PVI></ProfAlign>";
+
+const std::string SECTIONS_OF_THE_FLAT_PROFILE =
+    "<CrossSects name=\"平\"><CrossSect name=\"甲\" sta=\"60.\"><DesignCrossSectSurf "
+    "name=\"Carriageway\"><CrossSectPnt "
+    "code=\"CL\">0. HEIGHT</CrossSectPnt><CrossSectPnt code=\"CW\">3. 190.</CrossSectPnt></DesignCrossSectSurf>"
+    "</CrossSect><Feature><Property label=\"profAlignRefs\" value=\"平\"/></Feature></CrossSects>";
+
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
 const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
@@ -564,6 +572,13 @@ const Case CASES[] = {
      {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"現況\""}},
      {"誤り 線形1"}},
 
+    {"AProfileNamedWithBlanks", L"V05", {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\" 計画\""}}, {}},
+    {"AProfileThatIsNotThereInAList",
+     L"V05",
+     {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"計画 現況 旧計画\""}},
+     {"誤り 線形1", "誤り 線形1"}},
+    {"NoProfileNamed", L"V05", {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"\""}}, {"誤り 線形1"}},
+
     // Superelevation and cross sections
     {"ATransitionOutOfOrder",
      L"C01",
@@ -724,6 +739,31 @@ const Case CASES[] = {
       {"<CrossSectPnt code=\"PV1\">0.000 -0.050", "<CrossSectPnt code=\"PV1\">3.250 0.215"},
       {"<CrossSectPnt code=\"PV1\">0.000 0.000", "<CrossSectPnt code=\"PV1\">3.250 0.265"}},
      {"警告 線形1／横断面 No.3／Pavement 表層"}},
+    {"SectionsOfASecondProfileThatTheyName",
+     L"C06",
+     {{"<ProfAlign name=\"計画\">", FLAT_PROFILE + "<ProfAlign name=\"計画\">"},
+      {"value=\"fhOffset\"", "value=\"elevation\""},
+      {CENTRE, "<CrossSectPnt code=\"CL\">0.000 106.800"}},
+     {}},
+    {"SectionsOfAProfileThatTheyName",
+     L"C06",
+     {{"<ProfAlign name=\"計画\">", FLAT_PROFILE + "<ProfAlign name=\"計画\">"},
+      {"value=\"fhOffset\"", "value=\"elevation\""},
+      {CENTRE, "<CrossSectPnt code=\"CL\">0.000 106.800"},
+      {"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\" 平 \""}},
+     {"誤り 線形1／横断面 No.3／Carriageway left"}},
+    {"SecondSectionsOfAnotherProfile",
+     L"C06",
+     {{"<ProfAlign name=\"計画\">", FLAT_PROFILE + "<ProfAlign name=\"計画\">"},
+      {"<CrossSects name=\"線形1\">", SECTIONS_OF_THE_FLAT_PROFILE + "<CrossSects name=\"線形1\">"},
+      {"HEIGHT", "200.000"}},
+     {}},
+    {"SecondSectionsOffTheirOwnProfile",
+     L"C06",
+     {{"<ProfAlign name=\"計画\">", FLAT_PROFILE + "<ProfAlign name=\"計画\">"},
+      {"<CrossSects name=\"線形1\">", SECTIONS_OF_THE_FLAT_PROFILE + "<CrossSects name=\"線形1\">"},
+      {"HEIGHT", "106.800"}},
+     {"誤り 線形1／横断面 甲／Carriageway"}},
     {"LayersThatOverlapInAWedge",
      L"C07",
      {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.1135"}},
@@ -868,6 +908,11 @@ const Case CASES[] = {
      L"R04",
      {{"CgPoints name=\"左幅杭\"", "CgPoints name=\"IntermediatePnts-1\""}},
      {"誤り CgPoints IntermediatePnts-1"}},
+    {"TwoProfilesOfOneName",
+     L"R04",
+     {{"<ProfSurf name=", FLAT_PROFILE + "<ProfSurf name="}, {"ProfAlign name=\"平\"", "ProfAlign name=\"計画 \""}},
+     {"誤り 線形1／ProfAlign 計画"}},
+    {"TwoProfiles", L"R04", {{"<ProfSurf name=", FLAT_PROFILE + "<ProfSurf name="}}, {}},
     {"TwoSectionsAtOneStationInOtherDigits",
      L"R04",
      {{"sta=\"200.000\"", "sta=\"60.\""}},
@@ -1142,6 +1187,10 @@ const TextCase TEXT_CASES[] = {
       {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.002 18230 12500.79234746 18327.57119165")}},
      "折れ線の始点か終点が点列の端と離れています（Start、差 0.002 m、許容 0.001 m）"},
     {"APointOfASurface", L"R03", {{"<P id=\"3\">", "<P id=\"3\" pntRef=\"Q1\">"}}, "pntRefの点がありません（Q1）"},
+    {"AProfileInAList",
+     L"V05",
+     {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"計画 現況\""}},
+     "profAlignRefsの縦断線形がありません（現況）"},
     {"AVerticalPoint",
      L"X05",
      {{"<PVI>400.000 113.000", "<PVI>400.000"}},
