@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace jlandxml::inspect
 {
@@ -34,6 +36,40 @@ double Area(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
     const double v[] = {c.north - a.north, c.east - a.east, c.height - a.height};
     const double w[] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
     return std::sqrt(w[0] * w[0] + w[1] * w[1] + w[2] * w[2]) / 2;
+}
+
+/// An edge of more than two faces, by the places of its points and of the face that is one too many.
+struct CrowdedEdge
+{
+    std::uint32_t first;
+    std::uint32_t second;
+    std::size_t faces;
+    std::size_t thirdFace;
+};
+
+std::vector<CrowdedEdge> CrowdedEdges(const Surface& surface)
+{
+    std::vector<CrowdedEdge> edges;
+    SurfaceEdges(surface).ForEach([&](std::uint32_t first, std::uint32_t second, std::size_t faces) {
+        if (faces > 2)
+        {
+            edges.push_back({first, second, 0, 0});
+        }
+    });
+    for (std::size_t face = 0; !edges.empty() && face < surface.faces.size(); ++face)
+    {
+        ForEachEdge(surface, surface.faces[face], [&](std::uint32_t first, std::uint32_t second) {
+            const auto found = std::lower_bound(edges.begin(), edges.end(), std::pair(first, second),
+                                                [](const CrowdedEdge& edge, const auto& wanted) {
+                                                    return std::pair(edge.first, edge.second) < wanted;
+                                                });
+            if (found != edges.end() && found->first == first && found->second == second && ++found->faces == 3)
+            {
+                found->thirdFace = face;
+            }
+        });
+    }
+    return edges;
 }
 
 std::size_t CornersOf(const Surface& surface)
@@ -137,16 +173,15 @@ void CheckFaceEdges(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        SurfaceEdges(surface).ForEach([&](std::uint32_t first, std::uint32_t second, std::size_t faces) {
-            if (faces > 2)
-            {
-                const std::wstring from = std::to_wstring(surface.points[first].id);
-                const std::wstring to = std::to_wstring(surface.points[second].id);
-                findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}), surface,
-                                {{L"{}面", L"{} faces"}, {std::to_wstring(faces)}},
-                                {static_cast<double>(faces), 2, {}});
-            }
-        });
+        for (const CrowdedEdge& edge : CrowdedEdges(surface))
+        {
+            const std::wstring from = std::to_wstring(surface.points[edge.first].id);
+            const std::wstring to = std::to_wstring(surface.points[edge.second].id);
+            findings.Report(Path(NameOf(surface), {{L"辺 {} {}", L"Edge {} {}"}, {from, to}}),
+                            PlaceOf(surface, surface.faces[edge.thirdFace]),
+                            {{L"{}面", L"{} faces"}, {std::to_wstring(edge.faces)}},
+                            {static_cast<double>(edge.faces), 2, {}});
+        }
     }
 }
 

@@ -1,7 +1,6 @@
 #include "inspect/SurfaceEdges.h"
 
 #include <numeric>
-#include <optional>
 
 namespace jlandxml::inspect
 {
@@ -11,13 +10,7 @@ SurfaceEdges::SurfaceEdges(const Surface& surface) : ends_(surface.points.size()
     const auto forEachEdge = [&](auto&& visit) {
         for (const SurfaceFace& face : surface.faces)
         {
-            const auto places = face.isHidden ? std::nullopt : surface.index.PlacesOf(face);
-            for (std::size_t corner = 0; places && corner < face.cornerCount; ++corner)
-            {
-                const std::uint32_t from = (*places)[corner];
-                const std::uint32_t to = (*places)[corner + 1 == face.cornerCount ? 0 : corner + 1];
-                visit(std::min(from, to), std::max(from, to));
-            }
+            ForEachEdge(surface, face, visit);
         }
     };
     forEachEdge([&](std::uint32_t first, std::uint32_t) { ++ends_[first + 1]; });

@@ -5,10 +5,24 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace jlandxml::inspect
 {
+
+/// Visits the edges of a face that is drawn: the places of both points, the lower one first.
+template <class Visit>
+void ForEachEdge(const Surface& surface, const SurfaceFace& face, Visit&& visit)
+{
+    const auto places = face.isHidden ? std::nullopt : surface.index.PlacesOf(face);
+    for (std::size_t corner = 0; places && corner < face.cornerCount; ++corner)
+    {
+        const std::uint32_t from = (*places)[corner];
+        const std::uint32_t to = (*places)[corner + 1 == face.cornerCount ? 0 : corner + 1];
+        visit(std::min(from, to), std::max(from, to));
+    }
+}
 
 /// The edges of all faces that are drawn. They are gathered by counting and sorted point by point, since as a rule only
 /// some six begin at a point.

@@ -1077,6 +1077,17 @@ TEST(Findings, NameTheLineAndTheNumbers)
     EXPECT_EQ(findings[0].tolerance, 0.001);
 }
 
+TEST(Findings, OfAnEdgeLeadToTheFaceThatIsOneTooMany)
+{
+    const std::string text = SoundText({{LAST_FACE, "<F>3 6 5</F>\n<F>2 5 6</F>\n<F>5 2 1</F>"}});
+    const LandXmlFile file = ReadLandXmlBytes(text, L"sound.xml");
+    const std::vector<Finding> findings = Inspect(file, {FindCheck(L"F06")});
+    ASSERT_EQ(findings.size(), 1U);
+    const auto line = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(text.find("<F>2 5 6")), '\n');
+    EXPECT_EQ(findings[0].line, static_cast<std::size_t>(line) + 1);
+    EXPECT_EQ(Utf8FromWide(findings[0].text), "三つ以上の面が共有する辺があります（4面）");
+}
+
 TEST(Findings, NameTheElementExactlyInAFileOfOneLine)
 {
     std::string text = SoundText({{"length=\"110.000000\"", "length=\"110.00200\""}, {LAST_FACE, "<F>3 6 6</F>"}});
