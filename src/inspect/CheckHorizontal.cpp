@@ -493,7 +493,9 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
         std::int32_t highest = 0;
         for (const NamedPoint& one : MainPoints(alignment))
         {
-            const std::int32_t number = IntersectionNumber(one.point->name);
+            // A designer's own names have an order of their own.
+            const bool isStandard = IsStandardName(Numberless(one.point->name));
+            const std::int32_t number = isStandard ? IntersectionNumber(one.point->name) : 0;
             if (number > 0 && number < highest)
             {
                 findings.Report(Path(NameOf(alignment), one.point->name), *one.point,

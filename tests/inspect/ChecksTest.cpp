@@ -466,6 +466,14 @@ const Case CASES[] = {
       {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450 18230 105 12500.79234746 18327.57119165", "PntList3D")}},
      {"誤り 線形1／折れ線 BP～KA.1-1"}},
 
+    {"NamesOfADesignersOwnThatCountDown",
+     L"H12",
+     {{"<End name=\"KE.1-1\">", "<End name=\"P.9\">"},
+      {"<Start name=\"KE.1-1\">", "<Start name=\"P.9\">"},
+      {"<End name=\"KE.1-2\">", "<End name=\"P.8\">"},
+      {"<Start name=\"KE.1-2\">", "<Start name=\"P.8\">"}},
+     {}},
+
     // Stations
     {"NoStartStation", L"T01", {{" staStart=\"0.000000\"", ""}}, {"誤り 線形1"}},
     {"AStartStationOfTheProfileThatIsHardlyAnother", L"T01", {{"staStart=\"0.\"", "staStart=\"0.0009\""}}, {}},
