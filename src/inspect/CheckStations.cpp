@@ -8,7 +8,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <map>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -34,6 +37,82 @@ std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)
     });
     return equations;
 }
+
+double EndStation(const Alignment& alignment, const Course& course)
+{
+    return alignment.length.IsFinite() ? course.StaStart() + std::max(alignment.length.value, 0.0) : course.StaEnd();
+}
+
+/// The labels of the stretch from one station equation to the next, or from the alignment's start, or to its end.
+struct LabelRange
+{
+    const StaEquation* equation; ///< with which it begins; null at the alignment's start
+    Figure first;
+    Figure last;
+};
+
+std::vector<LabelRange> LabelRanges(const Alignment& alignment)
+{
+    std::vector<LabelRange> ranges;
+    LabelRange range{nullptr, alignment.staStart, {}};
+    double internal = alignment.staStart.value;
+    for (const StaEquation* const equation : SortedEquations(alignment))
+    {
+        // What the count had come to, where the file doesn't say it itself.
+        const double counted = range.first.value + equation->internal.value - internal;
+        range.last = equation->back.IsFinite() ? equation->back : Figure{{}, counted};
+        ranges.push_back(range);
+        range = {equation, equation->ahead, {}};
+        internal = equation->internal.value;
+    }
+    range.last.value = range.first.value + EndStation(alignment, Course(alignment)) - internal;
+    ranges.push_back(range);
+    return ranges;
+}
+
+/// The labels that were counted so far, as ranges without any between them that touch.
+class CountedLabels
+{
+  public:
+    /// Adds a range. The part of it, longer than nothing, that was counted before: the first one.
+    std::optional<LabelRange> Add(const LabelRange& range)
+    {
+        std::optional<LabelRange> twice;
+        LabelRange joined = range;
+        // One that isn't finite, or runs backwards, counts nothing.
+        if (!(range.last.value > range.first.value) || !range.first.IsFinite() || !range.last.IsFinite())
+        {
+            return twice;
+        }
+        auto other = ranges_.upper_bound(range.first.value);
+        other = other != ranges_.begin() ? std::prev(other) : other;
+        while (other != ranges_.end() && other->second.first.value <= joined.last.value)
+        {
+            const LabelRange& before = other->second;
+            if (before.last.value < range.first.value)
+            {
+                ++other;
+                continue;
+            }
+            const LabelRange common{nullptr, Later(range.first, before.first), Earlier(range.last, before.last)};
+            twice = !twice && common.last.value - common.first.value > SAME_STATION ? common : twice;
+            joined.first = Earlier(joined.first, before.first);
+            joined.last = Later(joined.last, before.last);
+            other = ranges_.erase(other);
+        }
+        ranges_.emplace(joined.first.value, joined);
+        return twice;
+    }
+
+  private:
+    static const Figure& Earlier(const Figure& one, const Figure& other)
+    {
+        return other.value < one.value ? other : one;
+    }
+    static const Figure& Later(const Figure& one, const Figure& other) { return other.value > one.value ? other : one; }
+
+    std::map<double, LabelRange> ranges_; ///< by their first labels
+};
 
 Detail EquationName(const Alignment& alignment, const StaEquation& equation)
 {
@@ -144,11 +223,6 @@ bool IsApart(double station, double other)
     return std::isfinite(distance) && distance > SAME_STATION * (1 + 1e-9);
 }
 
-double EndStation(const Alignment& alignment, const Course& course)
-{
-    return alignment.length.IsFinite() ? course.StaStart() + std::max(alignment.length.value, 0.0) : course.StaEnd();
-}
-
 void CheckWithin(const Alignment& alignment, const Course& course, const PlacedThing& thing, Findings& findings)
 {
     const double end = EndStation(alignment, course);
@@ -220,22 +294,16 @@ void CheckEquationsRise(const LandXmlFile& file, Findings& findings)
 void CheckLabelsOnce(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        double label = alignment.staStart.value;
-        double internal = alignment.staStart.value;
-        for (const StaEquation* const equation : SortedEquations(alignment))
+        CountedLabels counted;
+        for (const LabelRange& range : LabelRanges(alignment))
         {
-            // What the count had come to, where the file doesn't say it itself.
-            const double counted = label + equation->internal.value - internal;
-            const Figure back = equation->back.IsFinite() ? equation->back : Figure{{}, counted};
-            if (equation->ahead.value < back.value - SAME_STATION)
+            if (const std::optional<LabelRange> twice = counted.Add(range))
             {
-                findings.Report(EquationName(alignment, *equation), *equation,
-                                std::wstring(equation->ahead.text) + L"～" +
-                                    NameOr(back.text, ShortNumber(back.value, 3)),
-                                {equation->ahead.value, back.value, SAME_STATION});
+                findings.Report(EquationName(alignment, *range.equation), *range.equation,
+                                NameOr(twice->first.text, ShortNumber(twice->first.value, 3)) + L"～" +
+                                    NameOr(twice->last.text, ShortNumber(twice->last.value, 3)),
+                                {twice->first.value, twice->last.value, SAME_STATION});
             }
-            label = equation->ahead.value;
-            internal = equation->internal.value;
         }
     });
 }
