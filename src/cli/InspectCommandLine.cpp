@@ -95,6 +95,15 @@ std::vector<const Check*> ChosenChecks(const std::vector<std::string>& only, con
     return chosen;
 }
 
+/// A check that was asked for by its code and has nothing to hold files against would say nothing of any.
+void RefuseWithoutSchema(const std::vector<const Check*>& checks)
+{
+    if (std::find(checks.begin(), checks.end(), FindCheck(L"S01")) != checks.end())
+    {
+        throw WrongArgument("--checks", "S01には、照合するXMLスキーマを--schemaで指定してください");
+    }
+}
+
 Severity ReadSeverity(const std::string& text)
 {
     const auto* const found =
@@ -195,6 +204,10 @@ ParsedInspect ParseInspect(const std::vector<std::wstring>& arguments)
             RefuseSameNames(parsed.options.files);
         }
         parsed.options.checks = ChosenChecks(only, without);
+        if (!only.empty() && schemaFile.empty() && !parsed.options.listChecks)
+        {
+            RefuseWithoutSchema(parsed.options.checks);
+        }
         parsed.options.failOn = ReadSeverity(failOn);
     });
 

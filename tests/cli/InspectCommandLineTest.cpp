@@ -224,6 +224,8 @@ TEST_F(InspectCommandLineTest, ChecksAreChosenByCodeOrByGroup)
     EXPECT_EQ(codes({L"--checks", L"H"}), "");
     EXPECT_EQ(codes({L"--checks", L"R", L"--ignore", L"R06"}), "R05 R12 ");
     EXPECT_EQ(codes({L"--ignore", L"R"}), "");
+    EXPECT_EQ(codes({L"--ignore", L"S01"}), "R05 R06 R12 ");
+    EXPECT_EQ(codes({L"--checks", L"S,R12", L"--ignore", L"S01"}), "R12 ");
 }
 
 TEST_F(InspectCommandLineTest, TheListOfChecksHasALineForEach)
@@ -528,6 +530,12 @@ const WrongInspectArguments WRONG_INSPECT_ARGUMENTS[] = {
     {"AnUnknownGroup",
      {L"x", L"--ignore", L"Z"},
      "--ignore: 「Z」という検査はありません（--list-checksで一覧を表示します）\n"},
+    {"TheCheckOfASchemaWithoutOne",
+     {L"x", L"--checks", L"S01"},
+     "--checks: S01には、照合するXMLスキーマを--schemaで指定してください\n"},
+    {"TheGroupOfSchemasWithoutOne",
+     {L"x", L"--checks", L"H02,S"},
+     "--checks: S01には、照合するXMLスキーマを--schemaで指定してください\n"},
     {"NoSchema", {L"x", L"--schema", L""}, "--schema: ファイルを指定してください\n"},
     {"NoFolder", {L"x", L"--csv", L""}, "--csv: フォルダーを指定してください\n"},
     {"NoReportFile", {L"x", L"--report", L""}, "--report: ファイルを指定してください\n"},
