@@ -45,30 +45,52 @@ bool IsOfARiver(const LandXmlFile& file, const Finding& finding)
     return alignment != nullptr && alignment->isRiver && finding.severity == inspect::Severity::Information;
 }
 
+/// The superelevation transition that a finding's object names; null if it names none.
+const inspect::Superelevation* TransitionOf(const LandXmlFile& file, const Finding& finding)
+{
+    const inspect::Alignment* const alignment = AlignmentOf(file, finding);
+    const inspect::Superelevation* found = nullptr;
+    for (std::size_t index = 0; alignment != nullptr && index < alignment->superelevations.size(); ++index)
+    {
+        const inspect::Superelevation& one = alignment->superelevations[index];
+        found = finding.object.japanese.ends_with(L" " + std::wstring(one.staStart.text)) ? &one : found;
+    }
+    return found;
+}
+
 /// The transition's stations as the converter gives them: without a beginning of the run-out, the beginning of the
 /// run-off leaves as the start of the run-out, in front of the curve.
 bool HasMovedRunout(const LandXmlFile& file, const Finding& finding)
 {
-    const inspect::Alignment* const alignment = AlignmentOf(file, finding);
-    if (alignment == nullptr || finding.text.find(L"、StartofRunoutSta") == std::wstring::npos)
-    {
-        return false;
-    }
-    return std::any_of(alignment->superelevations.begin(), alignment->superelevations.end(), [&](const auto& one) {
-        const auto has = [&](std::wstring_view kind) {
-            return std::any_of(one.stations.begin(), one.stations.end(),
-                               [&](const auto& station) { return station.kind == kind; });
-        };
-        return finding.object.japanese.ends_with(L" " + std::wstring(one.staStart.text)) && has(L"StartofRunoutSta") &&
-               !has(L"BeginRunoutSta") && !has(L"BeginRunoffSta");
-    });
+    const inspect::Superelevation* const transition = TransitionOf(file, finding);
+    const auto has = [&](std::wstring_view kind) {
+        return std::any_of(transition->stations.begin(), transition->stations.end(),
+                           [&](const auto& station) { return station.kind == kind; });
+    };
+    return transition != nullptr && finding.text.find(L"、StartofRunoutSta") != std::wstring::npos &&
+           has(L"StartofRunoutSta") && !has(L"BeginRunoutSta") && !has(L"BeginRunoffSta");
 }
 
 /// The side file of cross slopes gives reverse crowns by regions, and what a region holds goes to one transition:
 /// crowns of the next curves lie behind its end.
-bool NamesACrownOfARegion(const LandXmlFile&, const Finding& finding)
+bool NamesACrownOfARegion(const LandXmlFile& file, const Finding& finding)
 {
-    return finding.text.find(L"ReverseCrown ") != std::wstring::npos;
+    const auto isNamedBehind = [&](const inspect::Superelevation& one) {
+        double end = one.staEnd.value;
+        for (const inspect::TransitionStation& station : one.stations)
+        {
+            end = std::max(end, station.station.value);
+        }
+        return std::any_of(one.features.begin(), one.features.end(), [&](const inspect::Feature& feature) {
+            const std::vector<inspect::TransitionStation> crowns = StationsOf(feature);
+            return std::any_of(crowns.begin(), crowns.end(), [&](const inspect::TransitionStation& crown) {
+                return crown.station.value > end &&
+                       finding.text.find(L"ReverseCrown " + std::wstring(crown.station.text)) != std::wstring::npos;
+            });
+        });
+    };
+    const inspect::Superelevation* const transition = TransitionOf(file, finding);
+    return transition != nullptr && isNamedBehind(*transition);
 }
 
 /// Every route has its own left and right stakes.
@@ -151,7 +173,7 @@ constexpr Cause CAUSES[] = {
              "Superelevation Feature Property"},
     {L"T06 T07 T08 R10", "Alignment CoordGeom Line Curve Spiral Start End Center PI Units Metric intermediatePts"},
     {L"V01 V02 V03 V04 V05 C06", "Alignment Profile ProfAlign ProfSurf PVI ParaCurve CircCurve PntList2D CrossSects"},
-    {L"C01", "Superelevation Feature Property"},
+    {L"C01", "Superelevation Feature Property superElevation"},
     {L"C03 C04 C05 C06 C07",
      "CrossSects CrossSect CrossSectSurf DesignCrossSectSurf CrossSectPnt PntList2D Feature Property"},
     {L"C08", "Surfaces Surface ProfSurf ProfAlign CrossSectSurf"},
