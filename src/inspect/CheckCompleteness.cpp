@@ -87,7 +87,7 @@ class CompletenessCheck
         {
             // Too few are no coordinates.
             const SurfacePoint& point = surface.points[remark.point];
-            ExpectCount(NameOf(surface, point), PlaceOf(surface, point), remark.figureCount, 0, 3);
+            ExpectCount(NameOf(surface, point), PlaceOf(surface, point), 3 + remark.surplus, 0, 3);
         }
     }
 

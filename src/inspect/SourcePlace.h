@@ -1,7 +1,7 @@
 #pragma once
 
-#include <compare>
 #include <cstddef>
+#include <tuple>
 
 namespace jlandxml::inspect
 {
@@ -14,8 +14,13 @@ struct SourcePlace
     std::size_t offset = 0; ///< of the element's name in the text that the parser works in; 0: not known
     std::size_t part = 0;   ///< of a surface: which of its points and then faces, counted from 1, which have no offset
 
+    bool operator==(const SourcePlace&) const = default;
+
     /// In the order of the file.
-    auto operator<=>(const SourcePlace&) const = default;
+    bool operator<(const SourcePlace& other) const
+    {
+        return std::tie(line, offset, part) < std::tie(other.line, other.offset, other.part);
+    }
 };
 
 } // namespace jlandxml::inspect

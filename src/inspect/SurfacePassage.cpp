@@ -105,6 +105,15 @@ std::uint32_t ReadId(std::string_view word)
     return read.ec == std::errc() && read.ptr == end ? value : 0;
 }
 
+/// Takes the coordinates of a point off the front of its text.
+SurfacePoint TakePoint(WordReader& words, std::string_view id, std::size_t line)
+{
+    const double north = ReadCoordinate(words.Next());
+    const double east = ReadCoordinate(words.Next());
+    const double height = ReadCoordinate(words.Next());
+    return {north, east, height, ReadId(WordReader(id).Next()), static_cast<std::uint32_t>(line)};
+}
+
 /// Reads an element as programs write it as a rule, without a blank or a line end more than there must be. What it
 /// doesn't read may still be plain.
 class PlainestReader
@@ -418,27 +427,24 @@ class PassageScanner
 SurfacePoint ReadSurfacePoint(std::string_view id, std::string_view text, std::size_t line)
 {
     WordReader words(text);
-    const double north = ReadCoordinate(words.Next());
-    const double east = ReadCoordinate(words.Next());
-    const double height = ReadCoordinate(words.Next());
-    return {north, east, height, ReadId(WordReader(id).Next()), static_cast<std::uint32_t>(line)};
+    return TakePoint(words, id, line);
 }
 
 void AddSurfacePoint(const SurfacePointParts& parts, std::size_t line, std::vector<SurfacePoint>& points,
                      std::vector<SurfacePointRemark>& remarks)
 {
     WordReader words(parts.text);
-    std::size_t figureCount = 0;
+    points.push_back(TakePoint(words, parts.id, line));
+    std::size_t surplus = 0;
     while (!words.Next().empty())
     {
-        ++figureCount;
+        ++surplus;
     }
-    if (figureCount > 3 || !parts.pntRef.empty() || !parts.featureRef.empty())
+    if (surplus > 0 || !parts.pntRef.empty() || !parts.featureRef.empty())
     {
-        remarks.push_back({static_cast<std::uint32_t>(points.size()), figureCount, WideFromUtf8(parts.pntRef),
+        remarks.push_back({static_cast<std::uint32_t>(points.size() - 1), surplus, WideFromUtf8(parts.pntRef),
                            WideFromUtf8(parts.featureRef)});
     }
-    points.push_back(ReadSurfacePoint(parts.id, parts.text, line));
 }
 
 SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std::size_t line)

@@ -40,7 +40,7 @@ SurfaceFace ReadSurfaceFace(std::string_view hidden, std::string_view text, std:
 struct SurfacePointRemark
 {
     std::uint32_t point; ///< its place among the points
-    std::size_t figureCount;
+    std::size_t surplus; ///< figures behind the third
     std::wstring pntRef;
     std::wstring featureRef;
 };
