@@ -178,13 +178,18 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
     return things;
 }
 
+double DistanceTo(const Position& place, const CgPoint& point)
+{
+    return Distance(place.north, place.east, point.point.north.value, point.point.east.value);
+}
+
 /// How far a point lies from where a course has its station; infinitely far if it has none there.
 double DistanceFrom(const Course& course, const CgPoint& point)
 {
     double smallest = std::numeric_limits<double>::infinity();
     for (const Position& place : course.At(point.station.value))
     {
-        const double distance = Distance(place.north, place.east, point.point.north.value, point.point.east.value);
+        const double distance = DistanceTo(place, point);
         smallest = std::min(smallest, std::isnan(distance) ? smallest : distance);
     }
     return smallest;
@@ -350,15 +355,21 @@ void CheckPointsOnLine(const LandXmlFile& file, Findings& findings)
 {
     ForEachIntermediatePoint(
         file, [&](const Alignment&, const Course& course, const PointGroup& group, const CgPoint& point) {
-            const std::vector<Position> positions =
-                point.station.IsFinite() ? course.At(point.station.value) : std::vector<Position>();
-            if (!positions.empty() && point.point.IsPlaced())
+            if (!point.station.IsFinite() || !point.point.IsPlaced())
             {
-                const Position& place = positions.front();
-                findings.MeasureGap(
-                    Path(NameOf(group), NameOf(point)), point.point,
-                    Distance(place.north, place.east, point.point.north.value, point.point.east.value),
-                    {{L"計算 {} {}", L"computed {} {}"}, {ShortNumber(place.north, 4), ShortNumber(place.east, 4)}});
+                return;
+            }
+            // Where two elements don't meet, either end will do.
+            const std::vector<Position> positions = course.At(point.station.value);
+            const auto nearest =
+                std::min_element(positions.begin(), positions.end(), [&](const Position& one, const Position& other) {
+                    return DistanceTo(one, point) < DistanceTo(other, point);
+                });
+            if (nearest != positions.end())
+            {
+                findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point, DistanceTo(*nearest, point),
+                                    {{L"計算 {} {}", L"computed {} {}"},
+                                     {ShortNumber(nearest->north, 4), ShortNumber(nearest->east, 4)}});
             }
         });
 }
