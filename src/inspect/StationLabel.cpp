@@ -37,7 +37,7 @@ PartedCount Part(double count, double unit)
     return {units, (millimetres - units * unit * MILLIMETRES) / MILLIMETRES};
 }
 
-std::wstring Padded(std::wstring digits, std::size_t size)
+std::wstring Padded(const std::wstring& digits, std::size_t size)
 {
     return digits.size() < size ? std::wstring(size - digits.size(), L'0') + digits : digits;
 }

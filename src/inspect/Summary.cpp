@@ -30,7 +30,7 @@ class SummaryWriter
 
     void NamedLine(int depth, std::wstring_view label, std::wstring_view value)
     {
-        text_.append(static_cast<std::size_t>(2 * depth), L' ');
+        text_.append(2 * static_cast<std::size_t>(depth), L' ');
         text_.append(label).append(L": ").append(value).append(L"\n");
     }
 
