@@ -29,6 +29,10 @@ function(jlandxml_add_libxml2)
     if(NOT MSVC)
         # Somebody else's code: its warnings and its undefined behaviour are no findings of ours.
         target_compile_options(LibXml2 PRIVATE -w)
+        # It tells of its own faults by the names of its files. Whole ones would tell where it was built, and the compiler's
+        # cache makes them relative to that, or not.
+        file(RELATIVE_PATH relative_dir ${CMAKE_BINARY_DIR} ${libxml2_dir})
+        target_compile_options(LibXml2 PRIVATE -fmacro-prefix-map=${libxml2_dir}/= -fmacro-prefix-map=${relative_dir}/=)
     endif()
     if(JLANDXML_SANITIZE)
         target_compile_options(LibXml2 PRIVATE -fno-sanitize=all)

@@ -18,6 +18,10 @@ SYSTEM_LIBRARIES = {"ADVAPI32.dll", "COMCTL32.dll", "comdlg32.dll", "KERNEL32.dl
 HIGH_ENTROPY, DYNAMIC_BASE, NX = 0x20, 0x40, 0x100
 
 
+# The path of a source file, which tells where a program was built and makes two builds differ. MinGW's own libraries have some.
+SOURCE_FILE = re.compile(rb"(?<!c\+\+17/ryu)(?<!winpthreads/src)/\w+\.(c|cpp)\0")
+
+
 def output(*command):
     return subprocess.run(command, capture_output=True, check=True, encoding="utf-8", errors="replace").stdout
 
@@ -27,6 +31,7 @@ def elf_faults(path):
     symbols = output("readelf", "-Ws", "--dyn-syms", path)
     code = output("objdump", "-d", "--no-show-raw-insn", path)
     is_x86 = "X86-64" in headers
+    content = pathlib.Path(path).read_bytes()
     rules = {
         "position independent": re.search(r"Type:\s+DYN", headers),
         "relocations read-only": "GNU_RELRO" in headers,
@@ -37,6 +42,7 @@ def elf_faults(path):
         "checked functions": re.search(r"__\w+_chk\b(?<!__stack_chk)", symbols.replace("__stack_chk_fail", "")),
         "control flow": not is_x86 or code.count("endbr64") > 1000,
         "no folder of libraries of its own": not re.search(r"RPATH|RUNPATH", headers),
+        "no path of a source": not SOURCE_FILE.search(content),
     }
     return [rule for rule, holds in rules.items() if not holds]
 
@@ -54,8 +60,7 @@ def pe_faults(path):
     headers = output("x86_64-w64-mingw32-objdump", "-p", "-h", path)
     characteristics = int(re.search(r"DllCharacteristics\s+([0-9a-f]+)", headers).group(1), 16)
     imports = set(re.findall(r"DLL Name: (\S+)", headers))
-    with open(path, "rb") as file:
-        content = file.read()
+    content = pathlib.Path(path).read_bytes()
     rules = {
         "anywhere in memory": characteristics & DYNAMIC_BASE,
         "anywhere in all of memory": characteristics & HIGH_ENTROPY,
@@ -65,6 +70,7 @@ def pe_faults(path):
         "stack protector": b"stack smashing detected" in content,
         "system libraries only": imports and imports <= SYSTEM_LIBRARIES,
         "a manifest": b"urn:schemas-microsoft-com:asm.v1" in content,
+        "no path of a source": not SOURCE_FILE.search(content),
         "no time of linking": re.search(r"Time/Date\s+(Thu Jan  1 00:00:00 1970|0)", headers),
     }
     if path.endswith(".exe"):
