@@ -186,10 +186,11 @@ new_wine() { # NAME
     tools/wine.sh reg query 'HKCU\Software' >/dev/null 2>&1
     remember_wine "$1.before"
 }
-# Files with their sizes, and the registry without its times and what Wine notes of the machine at each start.
+# Files with their sizes, and the registry without its times and what Wine notes of the machine at each start or, where it was
+# hindered, at a later one.
 remember_wine() { # NAME
     timeout 60 /usr/lib/wine/wineserver64 -w # until every program has ended: an uninstaller goes on behind its first process
-    (cd "$WINEPREFIX" && find drive_c -not -path '*/Temp/*' \( -type d -printf '%p/\n' -o -printf '%p %s %l\n' \) | LC_ALL=C sort) >"$work/$1.files"
+    (cd "$WINEPREFIX" && find drive_c -not -path '*/Temp/*' -not -path 'drive_c/windows/inf/*.pnf' \( -type d -printf '%p/\n' -o -printf '%p %s %l\n' \) | LC_ALL=C sort) >"$work/$1.files"
     # shellcheck disable=SC2016
     awk '/^\[/ { told = !index($0, "[System\\\\") && !index($0, "\\\\NetworkCards]"); sub(/ [0-9]+$/, "") }
          told && !/^#time=/' "$WINEPREFIX"/*.reg >"$work/$1.registry"
