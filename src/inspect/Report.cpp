@@ -22,6 +22,9 @@ constexpr std::size_t MOST_ALIGNMENTS = 100;
 constexpr std::size_t MOST_SECTIONS = 2000;
 constexpr std::size_t MOST_ROWS = 3000;
 
+/// A page that has become so large has no room for more sections; calculation sheets and findings are still to come.
+constexpr std::size_t MOST_BYTES_OF_DRAWINGS = 12'000'000;
+
 constexpr Sentence WHOLE_PLAN{L"全体平面図", L"Plan of the whole file"};
 
 class PageWriter
@@ -48,10 +51,18 @@ class PageWriter
                 alignments_.push_back(&alignment);
             }
         });
-        rest_ = PlanOfTheRest(file_, references_, alignments_);
+        for (const Alignment* const alignment : alignments_)
+        {
+            plans_.push_back(PlanOf(file_, references_, *alignment));
+        }
+        const std::optional<PlanContent> rest = PlanOfTheRest(file_, references_, alignments_);
+        if (rest)
+        {
+            plans_.push_back(*rest);
+        }
         OpenPage();
         WriteSummary();
-        DrawSurfaces(drawing_, file_);
+        DrawShared(drawing_, file_, plans_);
         for (std::size_t index = 0; index < alignments_.size(); ++index)
         {
             WriteAlignment(index);
@@ -95,7 +106,7 @@ class PageWriter
             page_.Raw(" <a href=\"#alignment").Number(static_cast<double>(index), 0).Raw("\">");
             page_.Words("span", NameOf(*alignments_[index])).Raw("</a>");
         }
-        if (rest_)
+        if (HasPlanOfTheRest())
         {
             page_.Raw(" <a href=\"#whole\">").Words("span", WHOLE_PLAN).Raw("</a>");
         }
@@ -127,7 +138,7 @@ class PageWriter
         const Alignment& alignment = *alignments_[index];
         page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(index), 0);
         page_.Raw("\">").Words("h2", NameOf(alignment)).Words("h3", L"平面図", L"Plan");
-        WritePlan(PlanOf(file_, references_, alignment), alignment.line);
+        WritePlan(plans_[index], alignment.line);
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
         DrawId(drawing_, alignment.profiles.empty() ? 0 : alignment.profiles.front().line);
         page_.Raw(">");
@@ -146,14 +157,17 @@ class PageWriter
         page_.Raw("><span class=\"north\">N↑</span>");
         DrawPlan(drawing_, file_, content);
         page_.Raw("<figcaption class=\"place\">X – Y –</figcaption></figure>");
+        TellOfPlan(drawing_, file_, content);
     }
+
+    bool HasPlanOfTheRest() const { return plans_.size() > alignments_.size(); }
 
     void WritePlanOfTheRest()
     {
-        if (rest_)
+        if (HasPlanOfTheRest())
         {
             page_.Raw("<section class=\"sheet\" id=\"whole\">").Words("h2", WHOLE_PLAN);
-            WritePlan(*rest_, 0);
+            WritePlan(plans_.back(), 0);
             page_.Raw("</section>");
         }
     }
@@ -177,7 +191,7 @@ class PageWriter
         {
             for (const CrossSect& section : sects.sections)
             {
-                if (drawn < most)
+                if (drawn < most && page_.Size() < MOST_BYTES_OF_DRAWINGS)
                 {
                     ++drawn;
                     page_.Raw("<figure");
@@ -295,10 +309,10 @@ class PageWriter
     const AlignmentReferences references_;
     Html page_;
     std::set<std::size_t> foundLines_;
-    Drawing drawing_{page_, foundLines_, {}, {}};
+    Drawing drawing_{page_, foundLines_, {}};
     std::map<std::size_t, std::size_t> targets_; ///< where the findings of each line lead
     std::vector<const Alignment*> alignments_;   ///< that are drawn
-    std::optional<PlanContent> rest_;            ///< the plan of what none of theirs shows, if there is such
+    std::vector<PlanContent> plans_;             ///< theirs, and that of what none of them shows, if there is such
     std::size_t sections_ = 0;                   ///< that are drawn
 };
 

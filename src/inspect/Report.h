@@ -3,7 +3,9 @@
 #include "inspect/Finding.h"
 #include "inspect/Html.h"
 #include "inspect/LandXmlFile.h"
+#include "inspect/SurfaceLines.h"
 
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -46,9 +48,6 @@ void DrawSpot(Drawing& drawing, std::size_t line, double x, double y);
 /// left corner and width are given.
 void DrawScaleBar(Html& page, double left, double bottom, double width);
 
-/// What all plans show in the same place: the surfaces' outlines and contours, hidden, to be used by each.
-void DrawSurfaces(Drawing& drawing, const LandXmlFile& file);
-
 /// What a plan shows beside the surfaces.
 struct PlanContent
 {
@@ -64,6 +63,13 @@ PlanContent PlanOf(const LandXmlFile& file, const AlignmentReferences& reference
 /// alignment, or a group names one that isn't there.
 std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const AlignmentReferences& references,
                                          const std::vector<const Alignment*>& drawn);
+
+/// What several plans show in the same place, hidden, to be used by each: the surfaces' outlines and contours and,
+/// where every plan couldn't hold its own, the points.
+void DrawShared(Drawing& drawing, const LandXmlFile& file, const std::vector<PlanContent>& plans);
+
+/// What is to be said under a plan: the intervals of its contour lines, and what is drawn more coarsely or left out.
+void TellOfPlan(const Drawing& drawing, const LandXmlFile& file, const PlanContent& content);
 
 /// A plan: north is up, one unit is a metre.
 void DrawPlan(Drawing& drawing, const LandXmlFile& file, const PlanContent& content);

@@ -36,6 +36,14 @@ constexpr double BESIDE_A_TICK = 6;
 constexpr double BESIDE_THE_LINE = 12;
 constexpr double HALF_A_LETTER = 4;
 
+// More than these, in all plans together, make a page that no browser turns.
+constexpr std::size_t MOST_OUTLINE_SEGMENTS = 50000;
+constexpr std::size_t MOST_CONTOUR_SEGMENTS = 150000;
+constexpr std::size_t MOST_POINTS = 10000;
+
+/// So many names of surfaces are told; the others are counted.
+constexpr std::size_t MOST_NAMES = 5;
+
 /// The corner from which a file's plans count.
 struct Corner
 {
@@ -91,7 +99,14 @@ class PlanDrawer
         }
         for (const PointGroup* const group : groups_)
         {
-            DrawStakes(*group);
+            if (IsShared(*group))
+            {
+                UseShared(*group);
+            }
+            else
+            {
+                DrawStakes(*group);
+            }
         }
         for (const DrawnAlignment& one : alignments_)
         {
@@ -107,7 +122,10 @@ class PlanDrawer
         }
         for (const PointGroup* const group : groups_)
         {
-            DrawPoints(*group);
+            if (!IsShared(*group))
+            {
+                DrawPoints(*group);
+            }
         }
         for (const DrawnAlignment& one : alignments_)
         {
@@ -115,6 +133,18 @@ class PlanDrawer
         }
         DrawScaleBar(page_, left_, bottom_, width_);
         page_.Raw("</svg>");
+    }
+
+    /// The groups that the plans share, without ids and names: each plan has its own.
+    void DrawSharedGroups()
+    {
+        for (const PointGroup* const group : groups_)
+        {
+            page_.Raw("<g id=\"group").Number(NumberOf(*group), 0).Raw("\">");
+            DrawStakes(*group);
+            ForEachDrawnPoint(*group, [&](const CgPoint& one) { DrawPoint(*group, one); });
+            page_.Raw("</g>");
+        }
     }
 
   private:
@@ -405,25 +435,62 @@ class PlanDrawer
 
     // Points
 
+    bool IsShared(const PointGroup& group) const { return drawing_.sharedGroups.count(&group) > 0; }
+
+    /// Its place in the file.
+    double NumberOf(const PointGroup& group) const { return static_cast<double>(&group - file_.pointGroups.data()); }
+
+    /// Visits the points of a group that can be drawn, as far as there is room for them.
+    template <class Visit>
+    void ForEachDrawnPoint(const PointGroup& group, Visit&& visit) const
+    {
+        std::size_t room = drawing_.MostPointsOf(group);
+        for (const CgPoint& one : group.points)
+        {
+            if (room > 0 && one.point.IsPlaced())
+            {
+                visit(one);
+            }
+            room -= room > 0 ? 1 : 0;
+        }
+    }
+
     void DrawStakes(const PointGroup& group)
     {
         if (!group.IsWidthStakes())
         {
             return;
         }
-        bool isFirst = true;
-        page_.Raw("<path class=\"stakes\" d=\"");
-        for (const CgPoint& point : group.points)
-        {
-            if (point.point.IsPlaced())
-            {
-                page_.Raw(isFirst ? "M" : "L");
-                Place(point.point);
-                isFirst = false;
-            }
-        }
+        const char* step = "M";
+        page_.Raw("<path class=\"stakes").Raw(IsShared(group) ? " common" : "").Raw("\" d=\"");
+        ForEachDrawnPoint(group, [&](const CgPoint& one) {
+            page_.Raw(step);
+            Place(one.point);
+            step = "L";
+        });
         const bool isClosed = PropertyValue(group.features, L"WidthStakePnts", L"type") == L"closed";
-        page_.Raw(isClosed && !isFirst ? "Z" : "").Raw("\">").Words("title", NameOf(group)).Raw("</path>");
+        page_.Raw(isClosed && *step == 'L' ? "Z" : "").Raw("\">").Words("title", NameOf(group)).Raw("</path>");
+    }
+
+    /// The group from where it is drawn, and what findings are about.
+    void UseShared(const PointGroup& group)
+    {
+        page_.Raw("<use href=\"#group").Number(NumberOf(group), 0).Raw("\"");
+        if (HasPlaceOf(group))
+        {
+            DrawId(drawing_, group.line);
+        }
+        page_.Raw("/>");
+        for (const CgPoint& one : group.points)
+        {
+            DrawSpot(drawing_, one.point.line, corner_.X(one.point.east.value), corner_.Y(one.point.north.value));
+        }
+    }
+
+    static bool HasPlaceOf(const PointGroup& group)
+    {
+        return std::any_of(group.points.begin(), group.points.end(),
+                           [](const CgPoint& one) { return one.point.IsPlaced(); });
     }
 
     static const char* ClassOf(const PointGroup& group)
@@ -433,35 +500,40 @@ class PlanDrawer
 
     void DrawPoints(const PointGroup& group)
     {
-        const bool isSeen = std::any_of(group.points.begin(), group.points.end(),
-                                        [](const CgPoint& one) { return one.point.IsPlaced(); });
         page_.Raw("<g");
-        if (isSeen)
+        if (HasPlaceOf(group))
         {
             DrawId(drawing_, group.line);
         }
         page_.Raw(">");
-        for (const CgPoint& one : group.points)
-        {
-            if (one.point.IsPlaced())
-            {
-                DrawPoint(group, one);
-            }
-        }
+        ForEachDrawnPoint(group, [&](const CgPoint& one) { DrawPoint(group, one); });
         page_.Raw("</g>");
     }
 
+    /// Of a point that plans share the script shows the name where there is room.
     void DrawPoint(const PointGroup& group, const CgPoint& one)
     {
         const PlanPoint& point = one.point;
-        page_.Raw("<path class=\"").Raw(ClassOf(group)).Raw("\"");
-        DrawId(drawing_, point.line);
+        const bool isShared = IsShared(group);
+        page_.Raw("<path class=\"").Raw(ClassOf(group));
+        if (isShared)
+        {
+            page_.Raw(" common\" data-name=\"").Text(point.name).Raw("\"");
+        }
+        else
+        {
+            page_.Raw("\"");
+            DrawId(drawing_, point.line);
+        }
         page_.Raw(" d=\"M");
         Place(point);
         const Detail figures({L"\nX={}\nY={}\nH={}", L"\nX={}\nY={}\nH={}"},
                              {point.north.text, point.east.text, point.height.text});
         page_.Raw("h0\">").Words("title", Path(NameOf(group), NameOf(one)) + figures).Raw("</path>");
-        Label(point.north.value, point.east.value, "point", point.name);
+        if (!isShared)
+        {
+            Label(point.north.value, point.east.value, "point", point.name);
+        }
     }
 
     Drawing& drawing_;
@@ -486,10 +558,172 @@ bool IsOfNone(const PointGroup& group)
 
 void DrawSegments(Html& page, const Corner& corner, const std::vector<PlanSegment>& segments)
 {
-    for (const PlanSegment& segment : segments)
+    for (const PlanLine& line : Chained(segments))
     {
-        page.Raw("M").Number(corner.X(segment.eastFrom), 2).Raw(" ").Number(corner.Y(segment.northFrom), 2);
-        page.Raw("L").Number(corner.X(segment.eastTo), 2).Raw(" ").Number(corner.Y(segment.northTo), 2);
+        const char* step = "M";
+        for (const auto& [north, east] : line)
+        {
+            page.Raw(step).Number(corner.X(east), 2).Raw(" ").Number(corner.Y(north), 2);
+            step = "L";
+        }
+    }
+}
+
+/// The rectangle that holds a surface's points.
+std::vector<PlanSegment> BoxRound(const Surface& surface)
+{
+    Range north;
+    Range east;
+    for (const SurfacePoint& point : surface.points)
+    {
+        north.Take(point.north);
+        east.Take(point.east);
+    }
+    const double south = north.Smallest();
+    const double west = east.Smallest();
+    return {{south, west, north.Largest(), west},
+            {north.Largest(), west, north.Largest(), east.Largest()},
+            {north.Largest(), east.Largest(), south, east.Largest()},
+            {south, east.Largest(), south, west}};
+}
+
+/// The outline of a surface, as long as the page has room for it.
+std::vector<PlanSegment> OutlineWithin(Drawing& drawing, const Surface& surface, std::size_t index, std::size_t& room)
+{
+    const std::optional<std::vector<PlanSegment>> outline = OutlineOf(surface, room);
+    if (!outline)
+    {
+        drawing.boxedSurfaces.insert(index);
+        return BoxRound(surface);
+    }
+    room -= outline->size();
+    return *outline;
+}
+
+void DrawSurfaces(Drawing& drawing, const LandXmlFile& file)
+{
+    Html& page = drawing.page;
+    const Corner corner = CornerOf(file);
+    std::size_t room = MOST_OUTLINE_SEGMENTS;
+    drawing.contours = ContourIntervalsOf(file.surfaces, MOST_CONTOUR_SEGMENTS);
+    for (std::size_t index = 0; index < file.surfaces.size(); ++index)
+    {
+        const Surface& surface = file.surfaces[index];
+        page.Raw("<g id=\"surface").Number(static_cast<double>(index), 0).Raw("\"><path class=\"outline\" d=\"");
+        const std::vector<PlanSegment> outline = OutlineWithin(drawing, surface, index, room);
+        if (!outline.empty())
+        {
+            drawing.outlinedSurfaces.insert(index);
+        }
+        DrawSegments(page, corner, outline);
+        page.Raw("\">").Words("title", NameOf(surface)).Raw("</path>");
+        for (const Contour& contour : ContoursOf(surface, drawing.contours[index].drawn))
+        {
+            const std::wstring height = ShortNumber(contour.height);
+            page.Raw("<path class=\"contour");
+            if (contour.isIndex)
+            {
+                page.Raw(" index\" data-name=\"").Text(height);
+            }
+            page.Raw("\" d=\"");
+            DrawSegments(page, corner, contour.segments);
+            page.Raw("\">").Words("title", NameOf(surface) + (L" " + height + L" m")).Raw("</path>");
+        }
+        page.Raw("</g>");
+    }
+}
+
+/// Each plan has its own points, with names, as long as all of them together aren't too many. Else those that several
+/// plans show are drawn once, and no more of them than there is room for.
+std::vector<const PointGroup*> SharePoints(Drawing& drawing, const LandXmlFile& file,
+                                           const std::vector<PlanContent>& plans)
+{
+    std::map<const PointGroup*, std::size_t> planCounts;
+    std::size_t points = 0;
+    for (const PlanContent& plan : plans)
+    {
+        for (const PointGroup* const group : plan.groups)
+        {
+            ++planCounts[group];
+            points += group->points.size();
+        }
+    }
+    std::vector<const PointGroup*> shared;
+    std::size_t room = MOST_POINTS;
+    for (const PointGroup& group : file.pointGroups)
+    {
+        if (points > MOST_POINTS)
+        {
+            drawing.mostPoints[&group] = std::min(group.points.size(), room);
+            room -= drawing.mostPoints[&group];
+            if (planCounts[&group] > 1)
+            {
+                shared.push_back(&group);
+                drawing.sharedGroups.insert(&group);
+            }
+        }
+    }
+    return shared;
+}
+
+/// The names of some surfaces, and how many more there are.
+Detail NamesOf(const LandXmlFile& file, const std::vector<std::size_t>& surfaces)
+{
+    Detail names;
+    for (std::size_t place = 0; place < std::min(surfaces.size(), MOST_NAMES); ++place)
+    {
+        names =
+            names + (place > 0 ? Detail(Sentence{L"、", L", "}) : Detail()) + NameOf(file.surfaces[surfaces[place]]);
+    }
+    if (surfaces.size() > MOST_NAMES)
+    {
+        const std::wstring more = std::to_wstring(surfaces.size() - MOST_NAMES);
+        names = names + Detail({L"、ほか{}面", L" and {} more"}, {more});
+    }
+    return names;
+}
+
+/// How surfaces with such contour lines are told of; the names follow.
+Detail TextOf(const ContourInterval& interval)
+{
+    const std::wstring drawn = ShortNumber(interval.drawn);
+    if (interval.drawn <= 0)
+    {
+        return Sentence{L"線が多すぎるため、等高線を省略しました：",
+                        L"Left out because there are too many contour lines: "};
+    }
+    const Detail text({L"等高線 {} m間隔、計曲線 {} m間隔", L"Contours every {} m, index contours every {} m"},
+                      {drawn, ShortNumber(interval.drawn * INDEX_CONTOUR)});
+    return interval.drawn > interval.wanted ? text + Detail({L"（{} m間隔では線が多すぎるため広げました）：",
+                                                             L" (every {} m there would be too many lines): "},
+                                                            {ShortNumber(interval.wanted)})
+                                            : text + Detail(Sentence{L"：", L": "});
+}
+
+void TellOfSurfaces(const Drawing& drawing, const LandXmlFile& file)
+{
+    const auto isBefore = [](const ContourInterval& one, const ContourInterval& other) {
+        return std::pair(one.drawn, one.wanted) < std::pair(other.drawn, other.wanted);
+    };
+    std::map<ContourInterval, std::vector<std::size_t>, decltype(isBefore)> surfaces(isBefore);
+    for (std::size_t index = 0; index < drawing.contours.size(); ++index)
+    {
+        if (drawing.contours[index].wanted > 0)
+        {
+            surfaces[drawing.contours[index]].push_back(index);
+        }
+    }
+    for (const auto& [interval, indexes] : surfaces)
+    {
+        drawing.page.Words(interval.drawn == interval.wanted ? "p class=\"note\"" : "p class=\"leftout\"",
+                           TextOf(interval) + NamesOf(file, indexes));
+    }
+    if (!drawing.boxedSurfaces.empty())
+    {
+        drawing.page.Words("p class=\"leftout\"",
+                           Detail(Sentence{L"線が多すぎるため、外形線の代わりに外接する長方形を示します：",
+                                           L"A rectangle instead of the outline, which has too many lines: "}) +
+                               NamesOf(file, {drawing.boxedSurfaces.begin(), drawing.boxedSurfaces.end()}));
     }
 }
 
@@ -531,31 +765,28 @@ void DrawScaleBar(Html& page, double left, double bottom, double width)
     page.Number(length).Raw(" m</text>");
 }
 
-void DrawSurfaces(Drawing& drawing, const LandXmlFile& file)
+void DrawShared(Drawing& drawing, const LandXmlFile& file, const std::vector<PlanContent>& plans)
 {
-    Html& page = drawing.page;
-    const Corner corner = CornerOf(file);
-    page.Raw("<svg class=\"shared\" width=\"0\" height=\"0\"><defs>");
-    for (std::size_t index = 0; index < file.surfaces.size(); ++index)
+    drawing.page.Raw("<svg class=\"shared\" width=\"0\" height=\"0\"><defs>");
+    DrawSurfaces(drawing, file);
+    PlanDrawer(drawing, file, {{}, SharePoints(drawing, file, plans), false}).DrawSharedGroups();
+    drawing.page.Raw("</defs></svg>");
+}
+
+void TellOfPlan(const Drawing& drawing, const LandXmlFile& file, const PlanContent& content)
+{
+    TellOfSurfaces(drawing, file);
+    std::size_t left = 0;
+    for (const PointGroup* const group : content.groups)
     {
-        const Surface& surface = file.surfaces[index];
-        page.Raw("<g id=\"surface").Number(static_cast<double>(index), 0).Raw("\"><path class=\"outline\" d=\"");
-        const std::vector<PlanSegment> outline = OutlineOf(surface);
-        if (!outline.empty())
-        {
-            drawing.outlinedSurfaces.insert(index);
-        }
-        DrawSegments(page, corner, outline);
-        page.Raw("\">").Words("title", NameOf(surface)).Raw("</path>");
-        for (const Contour& contour : ContoursOf(surface))
-        {
-            page.Raw("<path class=\"contour\" d=\"");
-            DrawSegments(page, corner, contour.segments);
-            page.Raw("\">").Words("title", NameOf(surface) + L" " + ShortNumber(contour.height) + L" m").Raw("</path>");
-        }
-        page.Raw("</g>");
+        left += group->points.size() - drawing.MostPointsOf(*group);
     }
-    page.Raw("</defs></svg>");
+    if (left > 0)
+    {
+        drawing.page.Words("p class=\"leftout\"", Detail({L"点が多いため、ほか{}点は省略しました。",
+                                                          L"Too many points: another {} are left out."},
+                                                         {std::to_wstring(left)}));
+    }
 }
 
 PlanContent PlanOf(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)

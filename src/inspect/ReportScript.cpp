@@ -17,7 +17,7 @@ pre { background: #f6f6f2; padding: 8px; overflow-x: auto; }
 table { border-collapse: collapse; font-size: 13px; } th, td { border: 1px solid #bbb; padding: 2px 8px; text-align: left; }
 th { background: #eef1f4; } td.figure { text-align: right; font-variant-numeric: tabular-nums; } td.tick { font-size: 18px; text-align: center; }
 tr.severity2 td:first-child { background: #f6c6c0; } tr.severity1 td:first-child { background: #fbe7a8; }
-section { overflow-x: auto; } .leftout { color: #a33; }
+section { overflow-x: auto; } .leftout { color: #a33; } .note, .planbox ~ .leftout { font-size: 12px; margin: 4px 0; }
 figure { margin: 0; } .planbox { position: relative; border: 1px solid #ccc; }
 .north { position: absolute; right: 10px; top: 4px; font-weight: bold; z-index: 1; }
 .place { position: absolute; right: 10px; bottom: 2px; font: 12px monospace; background: #fffc; }
@@ -34,11 +34,14 @@ svg text { fill: #222; }
 .irregular { stroke: #7d3c98; }
 .tick { stroke: #555; } .equation { fill: #c0392b; } text.station { fill: #555; }
 .main, .stake, .intermediate, .control, .intersection, .vertex { stroke-linecap: round; stroke-width: 7; stroke: #222; }
-.intersection { stroke: #999; } .stake { stroke: #b9770e; } .intermediate { stroke: #2e86c1; } .control { stroke: #8e44ad; }
+.intersection { stroke: #999; } .stake { stroke: var(--outline, #b9770e); } .intermediate { stroke: var(--outline, #2e86c1); } .control { stroke: var(--outline, #8e44ad); }
 .stakes { stroke: #b9770e; stroke-dasharray: 6 3; }
-/* What is used from elsewhere doesn't know the plan's scale but by --u. */
-.outline, .contour { vector-effect: none; stroke-width: calc(var(--u) * 1px); }
-.outline { stroke: var(--outline, #8a8a6a); } .contour { stroke: #d5d0b8; }
+/* What is used from elsewhere doesn't know the plan and its scale but by --u. */
+.outline, .contour, .common { fill: none; vector-effect: none; stroke-width: calc(var(--u) * 1px); }
+.outline { stroke: var(--outline, #8a8a6a); } .contour { stroke: #d5d0b8; } .contour.index { stroke: #b5ab80; stroke-width: calc(var(--u) * 1.6px); }
+.control.common, .stake.common, .intermediate.common { stroke-width: calc(var(--u) * 7px); }
+.stakes.common { stroke-dasharray: calc(var(--u) * 6px) calc(var(--u) * 3px); }
+.plan text.height { --x: 0; --y: 4; text-anchor: middle; fill: #857a4a; }
 path.scale { stroke: #222; stroke-width: 3; }
 .profile text { font-size: 11px; paint-order: stroke; stroke: #fff; stroke-width: 3px; } .profile .head { font-weight: bold; }
 .grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; transform: translate(calc(var(--x, 0) * 1px), calc(var(--y, 0) * 1px)); } .band { fill: none; stroke: #999; }
@@ -54,7 +57,7 @@ path.scale { stroke: #222; stroke-width: 3; }
 svg.section { display: block; width: 100%; max-height: 420px; } .centre { stroke: #999; stroke-dasharray: 8 3 2 3; }
 svg .layer { stroke: #444; stroke-width: 0.7; } .section text { text-anchor: middle; } .section text.scale { text-anchor: start; }
 :target { outline: 3px solid #e67e22; } svg path:target, svg :target > path { stroke: #e67e22 !important; }
-/* Outlines of surfaces get their colour from where they are used. */
+/* What plans share gets its colour from where it is used. */
 use:target { --outline: #e67e22; }
 .spot { stroke: #e67e22; stroke-width: 8; stroke-linecap: round; stroke-opacity: 0.6; } .spot.face { stroke-width: 2; fill: #e67e2255; }
 .ring { r: calc(var(--u, 1) * 14px); fill: none; stroke: #e67e22; stroke-width: 3; vector-effect: non-scaling-stroke; pointer-events: none; }
@@ -106,10 +109,50 @@ function declutter(svg) {
     shown.push(at[free]);
   });
 }
+// What plans share is drawn without texts: here are the names of points and the lines of contours with their heights.
+const shared = new Map([...document.querySelectorAll('svg.shared g[id]')].map(group => ['#' + group.id, {
+  points: [...group.querySelectorAll('path.common[data-name]')].map(path => [...steps(path)[0], path.dataset.name]),
+  contours: [...group.querySelectorAll('path.contour[data-name]')].flatMap(path =>
+    path.getAttribute('d').split('M').slice(1).map(part => [part.split('L').map(step => step.split(' ').map(Number)), path.dataset.name])) }]));
+function steps(path) {
+  return path.getAttribute('d').split(/[ML]/).slice(1).map(step => step.split(/[ h]/).slice(0, 2).map(Number));
+}
+function addText(svg, kind, [x, y], name) {
+  const text = document.createElementNS(svg.namespaceURI, 'text');
+  text.setAttribute('class', kind + ' added');
+  text.setAttribute('x', x);
+  text.setAttribute('y', y);
+  text.textContent = name;
+  svg.append(text);
+}
+// Names what is seen of what a plan shares with others, one thing in the room of one name.
+function nameShared(svg, pixel) {
+  svg.querySelectorAll('text.added').forEach(text => text.remove());
+  const uses = [...svg.querySelectorAll('use')].map(use => shared.get(use.getAttribute('href')));
+  const frame = svg.getBoundingClientRect(), taken = new Set();
+  const corner = new DOMPoint(frame.left, frame.top).matrixTransform(svg.getScreenCTM().inverse());
+  const isSeen = ([x, y]) => x > corner.x && y > corner.y && x < corner.x + frame.width * pixel && y < corner.y + frame.height * pixel;
+  const isFree = ([x, y]) => {
+    const room = Math.floor(x / pixel / 60) + ' ' + Math.floor(y / pixel / 16);
+    return !taken.has(room) && taken.add(room);
+  };
+  for (const { points, contours } of uses) {
+    for (const [x, y, name] of points) if (isSeen([x, y]) && isFree([x, y])) addText(svg, 'point', [x, y], name);
+    for (const [line, height] of contours) {
+      const seen = line.filter(isSeen), middle = seen[seen.length >> 1], first = seen[0];
+      // Short ones have no room for their height.
+      const isLong = seen.some(place => Math.hypot(place[0] - first[0], place[1] - first[1]) > 60 * pixel);
+      if (isLong && isFree(middle)) addText(svg, 'height', middle, height);
+    }
+  }
+}
 // The metres of a pixel, so that texts keep their size.
 function setUnit(svg) {
   const matrix = svg.getScreenCTM();
-  if (matrix && matrix.a > 0) svg.style.setProperty('--u', 1 / matrix.a);
+  if (matrix && matrix.a > 0) {
+    svg.style.setProperty('--u', 1 / matrix.a);
+    if (svg.classList.contains('plan')) nameShared(svg, 1 / matrix.a);
+  }
   declutter(svg);
 }
 // The scale bar stays in the corner of what is seen of a plan, and about a sixth as wide.
@@ -142,7 +185,7 @@ for (const svg of document.querySelectorAll('svg.plan')) {
     setUnit(svg);
   }, { passive: false });
   svg.addEventListener('pointerdown', event => { held = placeOf(svg, event); svg.setPointerCapture(event.pointerId); });
-  svg.addEventListener('pointerup', () => { held = null; declutter(svg); });
+  svg.addEventListener('pointerup', () => { held = null; setUnit(svg); });
   svg.addEventListener('pointermove', event => {
     const at = placeOf(svg, event);
     if (held) { view.x += held.x - at.x; view.y += held.y - at.y; placeScale(svg); }

@@ -395,6 +395,64 @@ TEST(ReportPage, DrawsAGroupInThePlanOfEachAlignmentThatItNames)
     EXPECT_EQ(stakes("側道"), std::pair(std::size_t{1}, std::size_t{3})) << "in a plan of the whole file";
 }
 
+/// So many straight alignments side by side, with so many points of no alignment between them.
+LandXmlFile ManyPlans(int alignments, int points)
+{
+    std::string text = "<LandXML><CgPoints name=\"基準点\">";
+    for (int point = 0; point < points; ++point)
+    {
+        text += "\n<CgPoint name=\"T-" + std::to_string(point) + "\">" + std::to_string(point % 100) + " " +
+                std::to_string(point / 100) + ".5 5.</CgPoint>";
+    }
+    text += "</CgPoints>\n<Alignments>";
+    for (int alignment = 0; alignment < alignments; ++alignment)
+    {
+        const std::string north = std::to_string(alignment);
+        text += "<Alignment name=\"線形" + north + "\" staStart=\"0\"><CoordGeom><Line length=\"10\"><Start>" + north +
+                " 0</Start><End>" + north + " 10</End></Line></CoordGeom></Alignment>";
+    }
+    return ReadLandXmlBytes(text + "</Alignments></LandXML>", L"s.xml");
+}
+
+TEST(ReportPage, DrawsPointsOnceWhereEveryPlanCannotHoldThem)
+{
+    const std::string own = PageOf(ManyPlans(2, 5000));
+    EXPECT_EQ(CountOf(own, "<path class=\"control\""), 10000U);
+    EXPECT_EQ(CountOf(own, "<text class=\"point\""), 10000U);
+    EXPECT_EQ(CountOf(own, "#group0"), 0U);
+    const std::string shared = PageOf(ManyPlans(30, 5000));
+    EXPECT_EQ(CountOf(shared, "<path class=\"control"), 5000U);
+    EXPECT_EQ(
+        CountOf(shared, "<path class=\"control common\" data-name=\"T-101\" d=\"M1.5 98h0\"><title>基準点／T-101\n"),
+        1U);
+    EXPECT_EQ(CountOf(shared, "<g id=\"group0\">"), 1U);
+    EXPECT_EQ(CountOf(shared, "<use href=\"#group0\""), 30U);
+    EXPECT_EQ(CountOf(shared, "<use href=\"#group0\" id=\"l1\"/>"), 1U);
+    EXPECT_LT(shared.size(), 3'000'000U);
+    EXPECT_EQ(CountOf(shared, "点が多いため"), 0U);
+}
+
+TEST(ReportPage, SaysHowManyPointsAreLeftOut)
+{
+    const std::string page = PageOf(ManyPlans(1, 10007));
+    EXPECT_EQ(CountOf(page, "<path class=\"control\""), 10000U);
+    EXPECT_EQ(CountOf(page, "<p class=\"leftout\" data-en=\"Too many points: another 7 are left out.\">"
+                            "点が多いため、ほか7点は省略しました。</p>"),
+              1U);
+}
+
+TEST(ReportPage, LeadsFromAFindingToAPointThatPlansShare)
+{
+    // Two points of one name: the second, 100 lines below, lies 99 m below the corner.
+    LandXmlFile file = ManyPlans(30, 5000);
+    file.pointGroups.front().points[100].point.name = L"T-0";
+    const std::vector<Finding> findings = Inspect(file, {FindCheck(L"R04")});
+    ASSERT_EQ(findings.size(), 1U);
+    const std::string page = ReportPage(file, findings);
+    EXPECT_EQ(CountOf(page, "<path class=\"spot\" id=\"l102\" d=\"M1.5 99h0\"/>"), 1U);
+    EXPECT_EQ(CountOf(page, "<a href=\"#l102\""), 1U);
+}
+
 TEST(ReportPage, TellsOfEachAlignmentHowManySectionsAreLeftOut)
 {
     std::string alignments;
@@ -571,7 +629,8 @@ TEST(TerrainMesh, LeavesOutPointsThatAreNotOnEarth)
 TEST(SurfaceLines, AnOutlineIsTheEdgesOfOneFaceAlone)
 {
     const LandXmlFile file = SoundFile();
-    EXPECT_EQ(OutlineOf(file.surfaces.front()).size(), 6U);
+    EXPECT_EQ(OutlineOf(file.surfaces.front(), 6)->size(), 6U);
+    EXPECT_FALSE(OutlineOf(file.surfaces.front(), 5));
 }
 
 TEST(SurfaceLines, ContoursRunThroughTheirHeight)
@@ -581,7 +640,7 @@ TEST(SurfaceLines, ContoursRunThroughTheirHeight)
         "<P id=\"2\">0 10 0</P><P id=\"3\">10 0 10</P></Pnts><Faces><F>1 2 3</F></Faces></Definition></Surface>"
         "</Surfaces></LandXML>",
         L"s.xml");
-    const std::vector<Contour> contours = ContoursOf(file.surfaces.front());
+    const std::vector<Contour> contours = ContoursOf(file.surfaces.front(), 1);
     ASSERT_EQ(contours.size(), 11U);
     EXPECT_EQ(contours[3].height, 3);
     ASSERT_EQ(contours[3].segments.size(), 1U);
@@ -597,7 +656,160 @@ TEST(SurfaceLines, AFlatSurfaceHasNoContours)
         "<P id=\"2\">0 10 5</P><P id=\"3\">10 0 5</P></Pnts><Faces><F>1 2 3</F></Faces></Definition></Surface>"
         "</Surfaces></LandXML>",
         L"s.xml");
-    EXPECT_TRUE(ContoursOf(file.surfaces.front()).empty());
+    const ContourInterval interval = ContourIntervalsOf(file.surfaces, 1000).front();
+    EXPECT_EQ(interval.wanted, 0);
+    EXPECT_TRUE(ContoursOf(file.surfaces.front(), interval.drawn).empty());
+}
+
+/// A slope of so many squares a side that rises by a metre from one row of points to the next, two faces a square.
+Surface Slope(std::uint32_t side)
+{
+    Surface surface = WavyGrid(side);
+    for (SurfacePoint& point : surface.points)
+    {
+        point.height = point.north + 0.5;
+    }
+    return surface;
+}
+
+TEST(SurfaceLines, ContoursHaveTheFinestIntervalThatThereIsRoomFor)
+{
+    // From 0.5 m to 40.5 m: 8 contours every 5 m, 4 every 10 m, 2 every 20 m; each runs through 80 faces.
+    const std::vector<Surface> surfaces{Slope(40)};
+    const auto drawn = [&](std::size_t most) {
+        const ContourInterval interval = ContourIntervalsOf(surfaces, most).front();
+        EXPECT_EQ(interval.wanted, 5);
+        return interval.drawn;
+    };
+    EXPECT_EQ(drawn(640), 5);
+    EXPECT_EQ(drawn(639), 10);
+    EXPECT_EQ(drawn(320), 10);
+    EXPECT_EQ(drawn(319), 20);
+    EXPECT_EQ(drawn(160), 20);
+    EXPECT_EQ(drawn(159), 0) << "a single contour at 20 m is none of 40 m";
+    const std::vector<Contour> contours = ContoursOf(surfaces.front(), 10);
+    ASSERT_EQ(contours.size(), 4U);
+    EXPECT_EQ(contours[0].height, 10);
+    EXPECT_EQ(contours[0].segments.size(), 80U);
+}
+
+TEST(SurfaceLines, ContoursOfSeveralSurfacesShareTheRoom)
+{
+    // 640 segments each, and 200 of the small one.
+    const std::vector<Surface> surfaces{Slope(40), Slope(10), Slope(40)};
+    const auto drawn = [&](std::size_t most) {
+        std::vector<double> intervals;
+        for (const ContourInterval& interval : ContourIntervalsOf(surfaces, most))
+        {
+            intervals.push_back(interval.drawn);
+        }
+        return intervals;
+    };
+    EXPECT_EQ(drawn(1480), (std::vector<double>{5, 1, 5}));
+    EXPECT_EQ(drawn(1479), (std::vector<double>{10, 1, 10}));
+    EXPECT_EQ(drawn(839), (std::vector<double>{20, 1, 20})) << "with 320 each there would be one too many";
+}
+
+TEST(SurfaceLines, EveryFifthContourIsAnIndexContour)
+{
+    std::vector<double> heights;
+    for (const Contour& contour : ContoursOf(Slope(40), 2))
+    {
+        if (contour.isIndex)
+        {
+            heights.push_back(contour.height);
+        }
+    }
+    EXPECT_EQ(heights, (std::vector<double>{10, 20, 30, 40}));
+}
+
+TEST(SurfaceLines, AContourIsOneLineThroughAllFaces)
+{
+    const std::vector<PlanLine> lines = Chained(ContoursOf(Slope(40), 20).front().segments);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines.front().size(), 81U);
+    EXPECT_DOUBLE_EQ(lines.front().front()[0], 19.5);
+    EXPECT_DOUBLE_EQ(std::abs(lines.front().back()[1] - lines.front().front()[1]), 40);
+}
+
+TEST(SurfaceLines, SegmentsAreLinesAsLongAsTheyMeet)
+{
+    // A square with its sides in no order, a point, and a stroke apart.
+    const std::vector<PlanLine> lines =
+        Chained({{0, 0, 0, 1}, {1, 0, 0, 0}, {0, 1, 1, 1}, {5, 5, 5, 5}, {1, 0, 1, 1}, {7, 7, 8, 8}});
+    EXPECT_EQ(lines, (std::vector<PlanLine>{{{0, 1}, {1, 1}, {1, 0}, {0, 0}, {0, 1}}, {{7, 7}, {8, 8}}}));
+}
+
+std::string PageOfSurfaces(std::vector<Surface> surfaces)
+{
+    LandXmlFile file = ReadLandXmlBytes("<LandXML/>", L"s.xml");
+    file.surfaces = std::move(surfaces);
+    for (Surface& surface : file.surfaces)
+    {
+        const auto last = surface.points.size() - 1;
+        surface.farthest = {FarthestPoint{surface.points[0], L"0", L"0", L"0"},
+                            FarthestPoint{surface.points[last], L"9", L"9", L"9"}};
+    }
+    return ReportPage(file, {});
+}
+
+TEST(ReportPage, TellsTheIntervalOfContours)
+{
+    Surface slope = Slope(40);
+    slope.name = L"地形";
+    const std::string page = PageOfSurfaces({slope});
+    EXPECT_EQ(CountOf(page, "<path class=\"contour\""), 7U);
+    EXPECT_EQ(CountOf(page, "<path class=\"contour index\" data-name=\"25\""), 1U);
+    EXPECT_EQ(CountOf(page, "<p class=\"note\" data-en=\"Contours every 5 m, index contours every 25 m: 地形\">"
+                            "等高線 5 m間隔、計曲線 25 m間隔：地形</p>"),
+              1U);
+}
+
+TEST(ReportPage, DrawsFewerContoursOfRoughSurfacesAndSaysSo)
+{
+    // Up and down by 100 m from row to row: every face has a piece of each contour.
+    Surface rough = WavyGrid(130);
+    for (SurfacePoint& point : rough.points)
+    {
+        point.height = std::fmod(point.north, 2) == 0 ? 0 : 100.5;
+    }
+    Surface other = rough;
+    rough.name = L"一";
+    other.name = L"二";
+    const std::string one = PageOfSurfaces({rough});
+    EXPECT_EQ(CountOf(one, "<p class=\"leftout\" data-en=\"Contours every 50 m, index contours every 250 m (every 20 m "
+                           "there would be too many lines): 一\">等高線 50 m間隔、計曲線 250 m間隔（20 "
+                           "m間隔では線が多すぎるため広げました）：一</p>"),
+              1U);
+    EXPECT_EQ(CountOf(one, "<path class=\"contour\""), 2U);
+    EXPECT_LT(one.size(), 2'000'000U);
+    const std::string many = PageOfSurfaces({rough, other, other, other, other, other, other});
+    EXPECT_EQ(
+        CountOf(many,
+                "<p class=\"leftout\" data-en=\"Left out because there are too many contour lines: 一, 二, "
+                "二, 二, 二 and 2 more\">線が多すぎるため、等高線を省略しました：一、二、二、二、二、ほか2面</p>"),
+        1U);
+}
+
+TEST(ReportPage, DrawsARectangleForAnOutlineOfTooManyEdgesAndSaysSo)
+{
+    // Each face has points of its own, so that all of its edges are outline.
+    Surface torn;
+    torn.name = L"点群";
+    for (std::uint32_t corner = 0; corner < 3 * 16667; ++corner)
+    {
+        torn.points.push_back({corner % 3 == 1 ? 20.0 : 10.0, corner * 0.01 + corner % 3, 0, corner + 1, 1});
+    }
+    for (std::uint32_t face = 0; face < 16667; ++face)
+    {
+        torn.faces.push_back({{3 * face + 1, 3 * face + 2, 3 * face + 3}, 1, 3, false});
+    }
+    torn.index = PointIndex(torn.points);
+    const std::string page = PageOfSurfaces({torn});
+    EXPECT_EQ(Tag(page, "<path class=\"outline\""), "<path class=\"outline\" d=\"M0 -10L502 -10L502 0L0 0L0 -10\">");
+    EXPECT_EQ(CountOf(page, "<p class=\"leftout\" data-en=\"A rectangle instead of the outline, which has too many "
+                            "lines: 点群\">線が多すぎるため、外形線の代わりに外接する長方形を示します：点群</p>"),
+              1U);
 }
 
 // The check sheet

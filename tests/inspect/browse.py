@@ -36,6 +36,21 @@ for (const svg of document.querySelectorAll('svg.plan')) {
     ++places;
   }
 }
+const named = kind => document.querySelectorAll('svg.plan text.' + kind + '.added:not(.hidden)').length;
+const namedPoints = named('point'), namedContours = named('height');
+// What plans share lies where the file's figures say, too, and is a line, not an area.
+for (const use of document.querySelectorAll('svg.plan use')) {
+  for (const path of document.querySelector(use.getAttribute('href')).querySelectorAll('path')) {
+    if (![...path.classList].some(kind => kind === 'outline' || kind === 'contour' || kind === 'common')) faults.push(path.classList + ' has no style of its own');
+  }
+}
+for (const path of document.querySelectorAll('svg.shared path.common[data-name]')) {
+  const plan = document.querySelector('svg.plan').dataset, place = /^M(\S+) (\S+)h0$/.exec(path.getAttribute('d'));
+  const told = /X=(\S+)\s+Y=(\S+)/.exec(path.querySelector('title').textContent);
+  const off = Math.hypot(Number(plan.north) - Number(place[2]) - Number(told[1]), Number(plan.east) + Number(place[1]) - Number(told[2]));
+  if (!(off <= 0.0015)) faults.push(path.textContent + ' is drawn ' + off + ' m off');
+  ++places;
+}
 function overlaps(svg, when) {
   const shown = [...svg.querySelectorAll('text:not(.hidden)')].map(text => [text.textContent, text.getBoundingClientRect()]);
   texts += shown.length;
@@ -168,7 +183,7 @@ while (walker.nextNode()) {
   if (!text.parentElement.closest('script, #result, #language') && /[\u3040-\u30ff\u4e00-\u9fff]/.test(text.data)) japanese.add(text.data);
 }
 if (document.documentElement.lang !== 'en') faults.push('the language is not switched');
-document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts, sections, drawn, profiles, crossSections,
+document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults, places, texts, sections, drawn, namedPoints, namedContours, profiles, crossSections,
   pointed, links: links.length, japanese: [...japanese] }) + 'END';
 </script>"""
 
@@ -408,6 +423,16 @@ def check_drawings(name, result):
                        for drawn, one in zip(result["crossSections"], sections))
 
 
+def crowded(name, target):
+    """The file with more points of no alignment than its plans can hold each, round the first of its own."""
+    text = pathlib.Path(name).read_text(encoding="utf-8")
+    north, east = map(float, re.search(r"<Start[^>]*>([-\d.]+) ([-\d.]+)", text).groups())
+    points = "\n".join(f'<CgPoint name="T-{number}">{north + number % 80 - 40:.4f} {east + number // 80 - 40:.4f} 10.000</CgPoint>'
+                       for number in range(6400))
+    target.write_text(text.replace("<Alignments", f'<CgPoints name="基準点">{points}</CgPoints><Alignments', 1), encoding="utf-8")
+    return str(target)
+
+
 def hostile(name, target):
     """The file with something hostile behind every name, reference and note."""
     text = pathlib.Path(name).read_text(encoding="utf-8")
@@ -456,7 +481,9 @@ def main(browser, program, folder, *files):
     folder.mkdir(parents=True, exist_ok=True)
     command = [part for part in program.split(";") if part]
     check_links(browser, command, folder)
-    names = [*files, hostile(files[0], folder / "hostile.xml")]
+    crowd = crowded(next(name for name in files if "two-routes" in name), folder / "crowded.xml")
+    names = [*files, crowd, hostile(files[0], folder / "hostile.xml")]
+    contours = 0
     for number, name in enumerate(names):
         page = folder / f"{number}.html"
         subprocess.run([*command, "--report", str(page), name], stdout=subprocess.DEVNULL, check=False)
@@ -464,6 +491,8 @@ def main(browser, program, folder, *files):
         assert not result["faults"], f"{name}: {result['faults']}"
         assert result["places"] >= 10 and result["texts"] >= 50 and result["sections"] >= 2, f"{name}: {result}"
         assert result["drawn"] > 0, f"{name}: {result}"
+        contours += result["namedContours"]
+        assert (result["namedPoints"] > 0) == (name == crowd), f"{name}: {result['namedPoints']} shared points are named"
         sheets = check_print(browser, page)
         drawn = pointed = 0
         # The hostile file lies where the first one does, and is none that other readers read.
@@ -473,6 +502,7 @@ def main(browser, program, folder, *files):
             check_english(result["japanese"], name, name)
         print(name, result["places"], "places in plans,", drawn, "in profiles and sections,", pointed, "under the pointer,",
               result["texts"], "texts,", result["sections"], "sections,", sheets, "sheets of A3")
+    assert contours > 0, "no contour has its height"
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """A report on a surface of a million faces: it is there in seconds, the page is small enough to be mailed, says that it
-is thinned, and shows the surface in a plan though there is no alignment.
+is thinned, and shows the surface in a plan though there is no alignment. The page stays small with rough surfaces and
+with many points in many plans too.
 
     large.py PROGRAM WORK_FOLDER    (PROGRAM with what runs it in front, parted by semicolons)
 """
@@ -34,6 +35,44 @@ def write_terrain(path):
         file.write("</Faces></Definition></Surface></Surfaces></LandXML>\n")
 
 
+def write_rough(path):
+    """Five surfaces that go up and down at every point, and thirty alignments in a field of points."""
+    side, alignments, points = 300, 30, 5000
+    with open(path, "w", encoding="utf-8") as file:
+        file.write('<LandXML version="1.2"><CgPoints name="基準点">\n')
+        for point in range(points):
+            file.write(f'<CgPoint name="T-{point + 1}">{point % 70 * 6.5:.3f} {point // 70 * 6.25:.3f} 100.000</CgPoint>\n')
+        file.write('</CgPoints>\n<Alignments name="道路">')
+        for number in range(alignments):
+            file.write(f'<Alignment name="線形{number + 1}" length="400." staStart="0."><CoordGeom><Line length="400."><Start name="BP">'
+                       f'{number * 12.0:.1f} 10.0</Start><End name="EP">{number * 12.0:.1f} 410.0</End></Line></CoordGeom></Alignment>\n')
+        file.write("</Alignments><Surfaces>\n")
+        for number in range(5):
+            file.write(f'<Surface name="面{number + 1}"><Definition surfType="TIN"><Pnts>\n')
+            for place in range(side * side):
+                file.write(f'<P id="{place + 1}">{place // side * 1.5:.1f} {place % side * 1.5:.1f} {place * 7919 % 101 + number}.25</P>\n')
+            file.write("</Pnts><Faces>\n")
+            for place in range(side * side - side):
+                if place % side < side - 1:
+                    a = place + 1
+                    file.write(f"<F>{a} {a + 1} {a + side}</F>\n<F>{a + 1} {a + side + 1} {a + side}</F>\n")
+            file.write("</Faces></Definition></Surface>\n")
+        file.write("</Surfaces></LandXML>\n")
+
+
+def check_rough(command, folder):
+    rough, page = folder / "rough.xml", folder / "rough.html"
+    write_rough(rough)
+    subprocess.run([*command, "--report", str(page), str(rough)], stdout=subprocess.DEVNULL, check=False)
+    text, size = page.read_text(encoding="utf-8"), page.stat().st_size
+    assert size < LARGEST_PAGE, f"the page has {size} bytes"
+    assert text.count('<use href="#group0"') == 30 and text.count('<path class="control') == 5000, "points aren't drawn once"
+    said = "等高線 100 m間隔、計曲線 500 m間隔（10 m間隔では線が多すぎるため広げました）：面1、面2、面3、面4、面5</p>"
+    assert text.count(said) == 30, "nothing is said of the contours"
+    print(f"{rough.stat().st_size / 1e6:.1f} MB of rough surfaces and 30 alignments among 5000 points: a page of {size / 1e6:.1f} MB")
+    rough.unlink()
+
+
 def main(program, folder):
     folder = pathlib.Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
@@ -54,6 +93,7 @@ def main(program, folder):
     assert text.count('<svg class="plan"') == text.count('<use href="#surface0" id="l1"/>') == 1, "there is no plan"
     print(f"{terrain.stat().st_size / 1e6:.1f} MB with {faces} faces: a page of {size / 1e6:.1f} MB in {seconds:.1f} s")
     terrain.unlink()
+    check_rough(command, folder)
 
 
 if __name__ == "__main__":
