@@ -61,10 +61,7 @@ OwnFigures::OwnFigures(const LandXmlFile& file, const AlignmentReferences& refer
     }
     for (const Superelevation& one : alignment.superelevations)
     {
-        for (const TransitionStation& station : one.stations)
-        {
-            Take(station.station);
-        }
+        TakeTransition(one);
     }
     TakePoints(file, references, alignment);
     ForEachStationList(alignment, [this](const Sentence&, const std::vector<StationEntry>& list) {
@@ -83,6 +80,23 @@ void OwnFigures::Take(const Figure& station)
     {
         stations_.emplace_back(station.value, station);
     }
+}
+
+void OwnFigures::TakeTransition(const Superelevation& superelevation)
+{
+    const auto take = [this](const std::vector<TransitionStation>& stations) {
+        for (const TransitionStation& station : stations)
+        {
+            Take(station.station);
+        }
+    };
+    take(superelevation.stations);
+    for (const Feature& feature : superelevation.features)
+    {
+        take(StationsOf(feature));
+    }
+    Take(superelevation.staStart);
+    Take(superelevation.staEnd);
 }
 
 void OwnFigures::TakeProfiles(const Alignment& alignment)

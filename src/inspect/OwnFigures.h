@@ -35,6 +35,7 @@ class OwnFigures
   private:
     const CgPoint* PointAt(double station) const;
     void Take(const Figure& station);
+    void TakeTransition(const Superelevation& superelevation);
     void TakeProfiles(const Alignment& alignment);
     void TakePoints(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
 

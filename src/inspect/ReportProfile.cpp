@@ -503,8 +503,8 @@ class ProfileDrawer
         return {};
     }
 
-    /// The stations at which the whole road slopes as its crown does.
-    static std::vector<double> ReverseCrowns(const Superelevation& one)
+    /// The stations that features of a name list.
+    static std::vector<double> FeatureStations(const Superelevation& one, std::wstring_view name)
     {
         std::vector<double> stations;
         for (const Feature& feature : one.features)
@@ -542,8 +542,9 @@ class ProfileDrawer
         }
     }
 
-    /// The edges of the road through the transitions: the outer one from the crown's slope over level to the full
-    /// slope and back, the inner one from the crown's slope straight to it.
+    /// The edges of the road through the transitions: the outer one from the crown's slope over level, where its lane
+    /// is flat, to the full slope and back, the inner one from where the whole road slopes as its crown does straight
+    /// to it.
     void AddTransition(const Superelevation& one, const Slope& crown, std::vector<Step>& outer,
                        std::vector<Step>& inner) const
     {
@@ -559,7 +560,11 @@ class ProfileDrawer
         Add(outer, fullEnd, full, 1);
         Add(outer, StationOf(one, L"StartofRunoutSta"), level, 1);
         Add(outer, end, crown, -1);
-        const std::vector<double> reverse = ReverseCrowns(one);
+        for (const double flat : FeatureStations(one, L"FlatSta"))
+        {
+            Add(outer, flat, level, 1);
+        }
+        const std::vector<double> reverse = FeatureStations(one, L"ReverseCrown");
         Add(inner, reverse.empty() ? begin : reverse.front(), crown, -1);
         Add(inner, fullBegin, full, -1);
         Add(inner, fullEnd, full, -1);
@@ -647,6 +652,11 @@ class ProfileDrawer
                 Add(steps, course_.StaEnd(), crown, -1);
                 std::stable_sort(steps.begin(), steps.end(),
                                  [](const Step& one, const Step& other) { return one.station < other.station; });
+                steps.erase(std::unique(steps.begin(), steps.end(),
+                                        [](const Step& one, const Step& other) {
+                                            return one.station == other.station && one.value == other.value;
+                                        }),
+                            steps.end());
             }
         }
         const double middle = top + DIAGRAM_BAND / 2;
@@ -680,6 +690,7 @@ class ProfileDrawer
             for (const Step& step : lists[side])
             {
                 DrawSpot(drawing_, step.line, XWithin(step.station), middle - step.value * unit);
+                DrawCorner(step, middle - step.value * unit);
                 if (X(step.station) - last > 34)
                 {
                     Label("data", X(step.station), middle - step.value * unit + (side == 0 ? -3 : 11), step.shown);
@@ -688,6 +699,14 @@ class ProfileDrawer
             }
         }
         top += DIAGRAM_BAND;
+    }
+
+    /// Tells the station of a step, and what it says.
+    void DrawCorner(const Step& step, double y)
+    {
+        page_.Raw("<path class=\"corner\" d=\"M").Number(X(step.station), 2).Raw(" ").Number(y, 2).Raw("h0\"><title>");
+        page_.Text(labels_.At(step.station)).Raw(" ").Text(own_.StationText(step.station, DISTANCE_DECIMALS));
+        page_.Raw(" m\n").Text(step.shown).Raw("</title></path>");
     }
 
     Drawing& drawing_;

@@ -43,6 +43,8 @@ svg text { fill: #222; }
 .stakes.common { stroke-dasharray: calc(var(--u) * 6px) calc(var(--u) * 3px); }
 .plan text.height { --x: 0; --y: 4; text-anchor: middle; fill: #857a4a; }
 path.scale { stroke: #222; stroke-width: 3; }
+.profile path { fill: none; vector-effect: none; } .datum { stroke: #222; } .profile .axis { text-anchor: end; } .level { font-weight: bold; }
+.profile .corner { stroke: #1b4f9c; stroke-width: 4; stroke-linecap: round; }
 .profile text { font-size: 11px; paint-order: stroke; stroke: #fff; stroke-width: 3px; } .profile .head { font-weight: bold; }
 .grid { stroke: #e2e2e2; } .tangent { stroke: #c0392b; stroke-width: 0.7; stroke-dasharray: 4 4; } .profile .name { fill: #555; transform: translate(calc(var(--x, 0) * 1px), calc(var(--y, 0) * 1px)); } .band { fill: none; stroke: #999; }
 .ground { stroke: #8b5a2b; stroke-width: 1.5; } .design { stroke: #c0392b; stroke-width: 1.8; }

@@ -486,6 +486,30 @@ TEST(ReportPage, DrawsTheLeftEdgeOfASuperelevationAsTheRoadTurns)
     EXPECT_EQ(left, "d=\"M110 897.68L402.5 897.68L470 909.2L686 909.2L753.5 897.68L1010 897.68\"/>");
 }
 
+TEST(ReportPage, DrawsTheOuterEdgeOfASuperelevationLevelAtItsFlatStations)
+{
+    // The left edge: its crown of -2 % at 897.68, level at 890; from 110 m, at 357.5, level to the flat station.
+    const auto leftEdge = [](const std::vector<Change>& changes) {
+        const std::string page = PageOf(SoundFile(changes));
+        const std::string path = Tag(page.substr(page.find(">片勾配（％）</text>")), "<path class=\"diagram\"");
+        return path.substr(path.find("L312.5"), path.find("L686") - path.find("L312.5"));
+    };
+    EXPECT_EQ(leftEdge({}), "L312.5 897.68L357.5 890L470 870.8");
+    EXPECT_EQ(leftEdge({{"value=\"110\"", "value=\"120\""}}), "L312.5 897.68L357.5 890L380 890L470 870.8");
+    EXPECT_EQ(leftEdge({{"value=\"110\"", "value=\"120\""}, {"<BeginRunoffSta>110.000</BeginRunoffSta>", ""}}),
+              "L312.5 897.68L380 890L470 870.8");
+}
+
+TEST(ReportPage, TellsTheStationsOfASuperelevationInTheFilesOwnText)
+{
+    const std::string page = PageOf(SoundFile({{"value=\"110\"", "value=\"120.0\""}}));
+    const std::string band = page.substr(page.find(">片勾配（％）</text>"));
+    EXPECT_EQ(CountOf(band, "<path class=\"corner\" d=\"M380 890h0\"><title>No.6 120.0 m\n0</title></path>"), 1U);
+    EXPECT_EQ(
+        CountOf(band, "<path class=\"corner\" d=\"M470 870.8h0\"><title>No.8+10.000 160.000 m\n5.0</title></path>"),
+        1U);
+}
+
 TEST(ReportPage, SaysOfASheetThatTheFileHasNothingForIt)
 {
     const std::string none = ">このファイルにはありません。</p>";

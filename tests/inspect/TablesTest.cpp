@@ -70,6 +70,20 @@ TEST(Tables, ShowStationsInTheTextOfWhatLiesThere)
     EXPECT_EQ(RowsWith(AlignmentTable(file), L"KA.1-1").front().substr(0, 38), "線形1|KA.1-1|110.000|No.5+10.000|125");
 }
 
+TEST(Tables, ShowStationsInTheTextOfASuperelevation)
+{
+    const auto stationOf = [](const Change& change, const wchar_t* name) {
+        const LandXmlFile file = SoundFile({change});
+        const std::string row = RowsWith(StationTable(file), name).front();
+        const std::size_t begin = row.find("||") + 2;
+        return row.substr(begin, row.find('|', begin) - begin);
+    };
+    EXPECT_EQ(stationOf({"value=\"110\"", "value=\"120.\""}, L"No.6"), "120.") << "a flat station";
+    EXPECT_EQ(stationOf({"value=\"130.000000\"", "value=\"140.0\""}, L"No.7"), "140.0") << "a reverse crown";
+    EXPECT_EQ(stationOf({"staStart=\"160.\"", "staStart=\"170.00\""}, L"No.9"), "170.00");
+    EXPECT_EQ(stationOf({"staEnd=\"256.\"", "staEnd=\"265.00\""}, L"No.14"), "265.00");
+}
+
 TEST(Tables, ComputeWhatAPointElsewhereThanItsStationDoesNotSay)
 {
     std::vector<Change> changes = WITHOUT_EQUATIONS;
