@@ -32,7 +32,23 @@ struct Drawing
     /// The lines of the file whose elements have an id in the page, so that findings lead there.
     std::set<std::size_t> drawnLines;
     /// The surfaces, by their places in the file, of which there is an outline to see.
-    std::set<std::size_t> outlinedSurfaces;
+    std::set<std::size_t> outlinedSurfaces = {};
+    /// Those whose outline has too many edges: a rectangle round them is drawn instead.
+    std::set<std::size_t> boxedSurfaces = {};
+    /// The intervals of the surfaces' contour lines, by their places in the file.
+    std::vector<ContourInterval> contours = {};
+    /// The groups of points that are drawn once and used by the plans that show them.
+    std::set<const PointGroup*> sharedGroups = {};
+    /// How many points are drawn of groups that have too many.
+    std::map<const PointGroup*, std::size_t> mostPoints = {};
+    /// How many profiles are drawn.
+    std::size_t profiles = 0;
+
+    std::size_t MostPointsOf(const PointGroup& group) const
+    {
+        const auto limited = mostPoints.find(&group);
+        return limited != mostPoints.end() ? limited->second : group.points.size();
+    }
 };
 
 /// The id of what stands at a line of the file; nothing, and false, the second time and for line 0.

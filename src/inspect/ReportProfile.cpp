@@ -34,6 +34,12 @@ constexpr double STATION_GAP = 26; ///< between main stations, so that texts on 
 constexpr double NARROWEST = 900;
 constexpr double WIDEST = 20000;
 
+/// Of the graph on a sheet of paper; beside it stand the heads of the bands, up to where texts at its first station
+/// begin.
+constexpr double SHEET = 1350;
+constexpr double BESIDE_A_STATION = 13;
+constexpr double HEADS = LEFT - BESIDE_A_STATION;
+
 /// Texts on end that stand nearer than this to one another can't be read.
 constexpr double TEXT_GAP = 13;
 
@@ -70,12 +76,14 @@ class ProfileDrawer
         page_.Raw("<svg class=\"profile\" width=\"").Number(width_, 0).Raw("\" height=\"").Number(Height(), 0);
         page_.Raw("\" viewBox=\"0 0 ").Number(width_, 0).Raw(" ").Number(Height(), 0);
         TellScales();
-        page_.Raw("\">");
+        const std::string id = "profile" + std::to_string(drawing_.profiles++);
+        page_.Raw("\"><g id=\"").Raw(id).Raw("\" class=\"profile\">");
         DrawGrid();
         DrawGrounds();
         DrawDesigns();
         DrawBands();
-        page_.Raw("</svg>");
+        page_.Raw("</g></svg>");
+        DrawSheets(id);
     }
 
   private:
@@ -97,6 +105,47 @@ class ProfileDrawer
         page_.Raw("\" data-height=\"").Number(lowest_, DECIMALS).Raw("\" data-up=\"");
         page_.Number(GRAPH / (highest_ - lowest_), DECIMALS);
     }
+
+    /// On paper a profile that is wider than a sheet is cut into several at main stations, each with the heads of its
+    /// bands: windows onto what the screen scrolls through.
+    void DrawSheets(const std::string& id)
+    {
+        const double right = width_ - RIGHT;
+        const double count = std::ceil((right - LEFT) / SHEET);
+        if (count < 2)
+        {
+            return;
+        }
+        page_.Raw("<svg class=\"shared\" width=\"0\" height=\"0\"><defs><g id=\"")
+            .Raw(id)
+            .Raw("heads\" class=\"profile\">");
+        page_.Raw(heads_.Take()).Raw("</g></defs></svg>");
+        double from = LEFT;
+        for (double sheet = 1; sheet <= count; ++sheet)
+        {
+            const double to = sheet < count ? CutAt(LEFT + (right - LEFT) * sheet / count) : right;
+            page_.Raw("<div class=\"sheetofprofile\">");
+            page_.Words("p", Detail({L"縦断図 {}/{}　{}～{}", L"Profile {}/{}　{} to {}"},
+                                    {ShortNumber(sheet), ShortNumber(count), labels_.At(StationAt(from)),
+                                     labels_.At(StationAt(to))}));
+            const double width = to - from + 2 * BESIDE_A_STATION;
+            page_.Raw("<svg width=\"").Number(HEADS + width, 2).Raw("\" viewBox=\"0 0 ").Number(HEADS + width, 2);
+            page_.Raw(" ").Number(Height()).Raw("\"><use href=\"#").Raw(id).Raw("heads\"/><svg x=\"").Number(HEADS);
+            page_.Raw("\" width=\"").Number(width, 2).Raw("\" height=\"").Number(Height()).Raw("\" viewBox=\"");
+            page_.Number(from - BESIDE_A_STATION, 2).Raw(" 0 ").Number(width, 2).Raw(" ").Number(Height());
+            page_.Raw("\"><use href=\"#").Raw(id).Raw("\"/></svg></svg></div>");
+            from = to;
+        }
+    }
+
+    /// The last main station up to a place in the graph, or the place itself if there are none.
+    double CutAt(double x) const
+    {
+        const auto behind = std::upper_bound(stations_.begin(), stations_.end(), StationAt(x));
+        return behind != stations_.begin() ? X(behind[-1]) : x;
+    }
+
+    double StationAt(double x) const { return course_.StaStart() + (x - LEFT) / scale_; }
 
     double X(double station) const { return LEFT + (station - course_.StaStart()) * scale_; }
 
@@ -131,8 +180,11 @@ class ProfileDrawer
         }
         const double middle = heights.IsEmpty() ? 0 : (heights.Smallest() + heights.Largest()) / 2;
         const double half = heights.IsEmpty() ? 5 : std::max((heights.Largest() - heights.Smallest()) * 0.6, 1.0);
-        lowest_ = middle - half;
-        highest_ = middle + half;
+        // From the datum line on, which is at a whole number of steps, and up to another.
+        const double power = std::pow(10, std::floor(std::log10(half / 2)));
+        step_ = half / 2 >= 5 * power ? 5 * power : half / 2 >= 2 * power ? 2 * power : power;
+        lowest_ = std::floor((middle - half) / step_) * step_;
+        highest_ = std::ceil((middle + half) / step_) * step_;
     }
 
     void Line(const char* kind, double x1, double y1, double x2, double y2)
@@ -141,10 +193,12 @@ class ProfileDrawer
         page_.Number(x2, 2).Raw(" ").Number(y2, 2).Raw("\"/>");
     }
 
-    void Label(const char* kind, double x, double y, std::wstring_view text)
+    void Label(const char* kind, double x, double y, std::wstring_view text) { LabelIn(page_, kind, x, y, text); }
+
+    static void LabelIn(Html& page, const char* kind, double x, double y, std::wstring_view text)
     {
-        page_.Raw("<text class=\"").Raw(kind).Raw("\" x=\"").Number(x, 1).Raw("\" y=\"").Number(y, 1).Raw("\">");
-        page_.Text(text).Raw("</text>");
+        page.Raw("<text class=\"").Raw(kind).Raw("\" x=\"").Number(x, 1).Raw("\" y=\"").Number(y, 1).Raw("\">");
+        page.Text(text).Raw("</text>");
     }
 
     /// A text on end, read from the right, its foot at a place.
@@ -156,18 +210,50 @@ class ProfileDrawer
 
     void DrawGrid()
     {
-        const double power = std::pow(10, std::floor(std::log10((highest_ - lowest_) / 4)));
-        const double step = (highest_ - lowest_) / 4 >= 5 * power ? 5 * power : power;
-        for (double number = std::ceil(lowest_ / step); number * step <= highest_; ++number)
+        for (double number = std::round(lowest_ / step_); number * step_ <= highest_ + step_ / 2; ++number)
         {
-            Line("grid", LEFT, Y(number * step), width_ - RIGHT, Y(number * step));
-            Label("axis", LEFT - 50, Y(number * step) + 4, ShortNumber(number * step, 2));
+            Line("grid", LEFT, Y(number * step_), width_ - RIGHT, Y(number * step_));
         }
         for (const double station : stations_)
         {
             Line("grid", X(station), TOP, X(station), TOP + GRAPH);
         }
-        page_.Words("text class=\"axis\" x=\"10\" y=\"16\"", L"標高（m）", L"Elevation (m)");
+        Line("datum", LEFT, TOP + GRAPH, width_ - RIGHT, TOP + GRAPH);
+        DrawHeights(page_);
+        DrawHeights(heads_);
+    }
+
+    /// The scale of heights, from the datum line (DL) on.
+    void DrawHeights(Html& page) const
+    {
+        constexpr double BESIDE_THE_AXIS = 16;
+        constexpr double MARK = 4;
+        const double axis = HEADS - 1;
+        page.Raw("<path class=\"datum\" d=\"M")
+            .Number(axis)
+            .Raw(" ")
+            .Number(TOP)
+            .Raw("V")
+            .Number(TOP + GRAPH)
+            .Raw("\"/>");
+        for (double number = std::round(lowest_ / step_); number * step_ <= highest_ + step_ / 2; ++number)
+        {
+            const double y = Y(number * step_);
+            const std::wstring height = ShortNumber(number * step_, 2);
+            const bool isDatum = y > TOP + GRAPH - 1;
+            page.Raw("<path class=\"datum\" d=\"M")
+                .Number(axis - MARK)
+                .Raw(" ")
+                .Number(y, 2)
+                .Raw("h")
+                .Number(MARK)
+                .Raw("\"/>");
+            LabelIn(page, isDatum ? "axis level" : "axis", axis - MARK - 2, y + (isDatum ? -2 : 4),
+                    isDatum ? L"DL=" + height : height);
+        }
+        const std::wstring times = ShortNumber(GRAPH / (highest_ - lowest_) / scale_, 1);
+        page.Words("text x=\"10\" y=\"" + std::to_string(static_cast<int>(BESIDE_THE_AXIS)) + "\"",
+                   Detail({L"標高（m）　縦は横の{}倍", L"Elevation (m), drawn out {} times"}, {times}));
     }
 
     void DrawGrounds()
@@ -346,11 +432,19 @@ class ProfileDrawer
     {
         page_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(width_ - 14, 1);
         page_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
-        const int middle = static_cast<int>(top + height / 2 + 4);
-        page_.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(middle) + "\"", name);
+        WriteHead(page_, top + height / 2 + 4, name, legend);
+        heads_.Raw("<rect class=\"band\" x=\"4\" y=\"").Number(top, 1).Raw("\" width=\"").Number(HEADS - 4, 1);
+        heads_.Raw("\" height=\"").Number(height, 1).Raw("\"/>");
+        WriteHead(heads_, top + height / 2 + 4, name, legend);
+    }
+
+    static void WriteHead(Html& page, double y, const Sentence& name, const Sentence* legend)
+    {
+        const int middle = static_cast<int>(y);
+        page.Words("text class=\"head\" x=\"10\" y=\"" + std::to_string(middle) + "\"", name);
         if (legend != nullptr)
         {
-            page_.Words("text class=\"legend\" x=\"10\" y=\"" + std::to_string(middle + 16) + "\"", *legend);
+            page.Words("text class=\"legend\" x=\"10\" y=\"" + std::to_string(middle + 16) + "\"", *legend);
         }
     }
 
@@ -511,7 +605,7 @@ class ProfileDrawer
         {
             for (const TransitionStation& station : StationsOf(feature))
             {
-                if (station.kind == L"ReverseCrown" && station.station.IsFinite())
+                if (station.kind == name && station.station.IsFinite())
                 {
                     stations.push_back(station.station.value);
                 }
@@ -711,6 +805,7 @@ class ProfileDrawer
 
     Drawing& drawing_;
     Html& page_;
+    Html heads_; ///< what stands left of the graph, for each sheet
     const OwnFigures& own_;
     const Alignment& alignment_;
     Course course_;
@@ -720,6 +815,7 @@ class ProfileDrawer
     double width_ = 0;
     double lowest_ = 0;
     double highest_ = 1;
+    double step_ = 1; ///< of the scale of heights
 };
 
 } // namespace

@@ -16,6 +16,7 @@ nav a { margin-right: 12px; }
 pre { background: #f6f6f2; padding: 8px; overflow-x: auto; }
 table { border-collapse: collapse; font-size: 13px; } th, td { border: 1px solid #bbb; padding: 2px 8px; text-align: left; }
 th { background: #eef1f4; } td.figure { text-align: right; font-variant-numeric: tabular-nums; } td.tick { font-size: 18px; text-align: center; }
+#checksheet td:nth-child(-n+2) { min-width: 10em; } #checksheet th:last-child { min-width: 4em; }
 tr.severity2 td:first-child { background: #f6c6c0; } tr.severity1 td:first-child { background: #fbe7a8; }
 section { overflow-x: auto; } .leftout { color: #a33; } .note, .planbox ~ .leftout { font-size: 12px; margin: 4px 0; }
 figure { margin: 0; } .planbox { position: relative; border: 1px solid #ccc; }
@@ -67,10 +68,14 @@ use:target { --outline: #e67e22; }
 canvas.terrain { display: block; width: 100%; height: 560px; border: 1px solid #ccc; cursor: grab; touch-action: none; }
 .meshes { display: flex; flex-wrap: wrap; gap: 4px 16px; } .swatch { display: inline-block; width: 12px; height: 12px; margin: 0 4px; }
 .terrainbox { position: relative; } .compass { position: absolute; right: 14px; top: 8px; font-weight: bold; }
+@media screen { .sheetofprofile { display: none; } }
 @media print { nav, button, .leaf, .place, .terrainbox > span:not(.compass), .rise { display: none; }
   .sheet { break-before: page; } h2, h3 { break-after: avoid; } tr, .planbox, .terrainbox { break-inside: avoid; }
   section, .scroll { overflow: visible; } pre { white-space: pre-wrap; } pre, td, figcaption { overflow-wrap: anywhere; }
-  svg.profile { max-width: 100%; height: auto; break-inside: avoid; } }
+  svg.profile { max-width: 100%; height: auto; break-inside: avoid; }
+  /* Cut into the sheets that follow. */
+  svg.profile:not(:last-child) { display: none; } .sheetofprofile { break-before: page; break-inside: avoid; }
+  .sheetofprofile p { margin: 0; } .sheetofprofile > svg { max-width: 100%; max-height: 260mm; } }
 )css";
 
 const char* const REPORT_SCRIPT = R"js(
@@ -87,6 +92,7 @@ function moveText(text, [x, y, anchor]) {
 }
 // Texts that would lie over others move aside or, where there is no room, are hidden; those that come first in the drawing stay.
 function declutter(svg) {
+  if (svg.getBoundingClientRect().width === 0) return;
   const texts = [...svg.querySelectorAll('text.scale'), ...svg.querySelectorAll('text:not(.scale)')], shown = [];
   // Plans and cross sections keep their texts' size; those of a profile grow with it.
   const pixel = svg.classList.contains('profile') ? svg.getScreenCTM().a : 1;

@@ -165,6 +165,41 @@ TEST(ReportPage, HasTheBandsOfAProfileInTheOrderOfDrawings)
                                                "測点", "平面曲線", "片勾配（％）", "拡幅（m）"}));
 }
 
+TEST(ReportPage, MeasuresHeightsFromADatumLineOfAWholeNumber)
+{
+    // From 103.927 m to 113 m, and a tenth of that more on either side.
+    const std::string page = PageOf(SoundFile());
+    EXPECT_EQ(CountOf(page, "<text class=\"axis level\" x=\"90\" y=\"308\">DL=102</text>"), 1U);
+    EXPECT_EQ(CountOf(page, "<text class=\"axis\""), 6U) << "every 2 m from 104 m to 114 m";
+    EXPECT_EQ(CountOf(page, "<text class=\"axis\" x=\"90\" y=\"34\">114</text>"), 1U);
+    EXPECT_EQ(CountOf(page, " data-y=\"310\" data-height=\"102\" data-up=\"23.333333333\""), 1U);
+    // 280 pixels for 12 m, 900 for 400 m.
+    EXPECT_EQ(CountOf(page, "data-en=\"Elevation (m), drawn out 10.4 times\">標高（m）　縦は横の10.4倍</text>"), 1U);
+}
+
+TEST(ReportPage, CutsALongProfileIntoSheetsForPaper)
+{
+    EXPECT_EQ(CountOf(PageOf(SoundFile()), "<div class=\"sheetofprofile\""), 0U);
+    const std::string page = PageOf(ReadLandXmlBytes(
+        "<LandXML><Alignments><Alignment name=\"本線\" staStart=\"0\"><CoordGeom><Line length=\"2000\"><Start>0 "
+        "0</Start><End>0 2000</End></Line></CoordGeom></Alignment></Alignments></LandXML>",
+        L"s.xml"));
+    // 101 main stations of 26 pixels; No.50 is at 110 + 1313.
+    EXPECT_EQ(CountOf(page, "<div class=\"sheetofprofile\""), 2U);
+    EXPECT_EQ(CountOf(page, "<p data-en=\"Profile 1/2　No.0 to No.50\">縦断図 1/2　No.0～No.50</p><svg width=\"1436\" "
+                            "viewBox=\"0 0 1436 878\"><use href=\"#profile0heads\"/><svg x=\"97\" width=\"1339\" "
+                            "height=\"878\" viewBox=\"97 0 1339 878\"><use href=\"#profile0\"/></svg></svg></div>"),
+              1U);
+    EXPECT_EQ(CountOf(page,
+                      ">縦断図 2/2　No.50～No.100</p><svg width=\"1436\" viewBox=\"0 0 1436 878\"><use "
+                      "href=\"#profile0heads\"/><svg x=\"97\" width=\"1339\" height=\"878\" viewBox=\"1410 0 1339 "
+                      "878\"><use href=\"#profile0\"/></svg></svg></div>"),
+              1U);
+    EXPECT_EQ(CountOf(page, "<g id=\"profile0\" class=\"profile\">"), 1U);
+    EXPECT_EQ(CountOf(page, "<g id=\"profile0heads\" class=\"profile\">"), 1U);
+    EXPECT_EQ(CountOf(page, ">縦断勾配</text>"), 2U) << "in the profile, and once for its sheets";
+}
+
 /// The texts on end in a band of the profile.
 std::vector<std::string> BandTexts(const std::string& page, const std::string& band)
 {

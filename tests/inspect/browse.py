@@ -190,9 +190,14 @@ document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faul
 # A page as it is printed: what is wider than the sheet would be cut off.
 PRINTED = r"""<pre id="result"></pre><script>
 const faults = window.faults, edge = document.documentElement.clientWidth + 1;
-for (const one of document.querySelectorAll('section, figure, table, svg:not(.shared), pre, canvas')) {
+for (const one of document.querySelectorAll('section, figure, table, svg:not(.shared, svg svg), pre, canvas')) {
   const box = one.getBoundingClientRect();
   if (box.right > edge || one.scrollWidth > one.clientWidth + 1) faults.push(one.tagName + ' ' + one.className + ' is cut off at ' + box.right);
+}
+for (const svg of document.querySelectorAll('svg.profile')) {
+  const sheets = [...svg.parentNode.querySelectorAll('.sheetofprofile')], isCut = svg.viewBox.baseVal.width > 1500;
+  if (isCut !== sheets.length > 1 || isCut === svg.checkVisibility()) faults.push('a profile is not printed in sheets');
+  if (sheets.some(sheet => sheet.offsetHeight < 500 || sheet.offsetHeight > 277 / 25.4 * 96)) faults.push('a sheet of a profile has no place on paper');
 }
 if ([...document.querySelectorAll('.sections figure')].some(figure => figure.offsetHeight === 0)) faults.push('a section is not printed');
 document.getElementById('result').textContent = 'RESULT' + JSON.stringify({ faults }) + 'END';
