@@ -38,7 +38,10 @@ class PageWriter
     {
         for (const Finding& finding : findings)
         {
-            foundLines_.insert(finding.line);
+            if (finding.line > 0)
+            {
+                found_.insert(finding);
+            }
         }
     }
 
@@ -138,9 +141,9 @@ class PageWriter
         const Alignment& alignment = *alignments_[index];
         page_.Raw("<section class=\"sheet\" id=\"alignment").Number(static_cast<double>(index), 0);
         page_.Raw("\">").Words("h2", NameOf(alignment)).Words("h3", L"平面図", L"Plan");
-        WritePlan(plans_[index], alignment.line);
+        WritePlan(plans_[index], alignment);
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
-        DrawId(drawing_, alignment.profiles.empty() ? 0 : alignment.profiles.front().line);
+        DrawId(drawing_, alignment.profiles.empty() ? SourcePlace() : SourcePlace(alignment.profiles.front()));
         page_.Raw(">");
         const OwnFigures own(file_, references_, alignment);
         DrawProfile(drawing_, own, alignment);
@@ -149,11 +152,11 @@ class PageWriter
         page_.Raw("</section>");
     }
 
-    /// `line` is that of the element that the plan is of.
-    void WritePlan(const PlanContent& content, std::size_t line)
+    /// `place` is that of the element that the plan is of.
+    void WritePlan(const PlanContent& content, const SourcePlace& place)
     {
         page_.Raw("<figure class=\"planbox\"");
-        DrawId(drawing_, line);
+        DrawId(drawing_, place);
         page_.Raw("><span class=\"north\">N↑</span>");
         DrawPlan(drawing_, file_, content);
         page_.Raw("<figcaption class=\"place\">X – Y –</figcaption></figure>");
@@ -167,7 +170,7 @@ class PageWriter
         if (HasPlanOfTheRest())
         {
             page_.Raw("<section class=\"sheet\" id=\"whole\">").Words("h2", WHOLE_PLAN);
-            WritePlan(plans_.back(), 0);
+            WritePlan(plans_.back(), {});
             page_.Raw("</section>");
         }
     }
@@ -180,7 +183,7 @@ class PageWriter
             return;
         }
         page_.Raw("<h3");
-        DrawId(drawing_, alignment.crossSects.front().line);
+        DrawId(drawing_, alignment.crossSects.front());
         page_.Raw(">").Words("span", L"横断図", L"Cross sections").Raw("</h3><div class=\"leaf\">");
         page_.Words("button type=\"button\"", L"◀ 前", L"◀ Previous").Raw("<select></select>");
         page_.Words("button type=\"button\"", L"次 ▶", L"Next ▶").Raw("<label><input type=\"checkbox\">");
@@ -195,7 +198,7 @@ class PageWriter
                 {
                     ++drawn;
                     page_.Raw("<figure");
-                    DrawId(drawing_, section.line);
+                    DrawId(drawing_, section);
                     page_.Raw("><figcaption>").Text(section.name).Text(L"　" + std::wstring(section.station.text));
                     page_.Raw(" m").Text(CentreHeights(own, alignment, section)).Raw("</figcaption>");
                     DrawCrossSection(drawing_, alignment, section);
@@ -264,15 +267,13 @@ class PageWriter
     /// The id of what a finding is about, or of what is drawn round it. What isn't drawn at all is summed up.
     std::string TargetOf(const Finding& finding) const
     {
-        const auto nearest = targets_.find(finding.line);
-        const bool isDrawn = nearest != targets_.end() && nearest->second > 0;
-        return isDrawn ? std::string("l").append(std::to_string(nearest->second)) : "summary";
+        const auto nearest = targets_.find(finding);
+        return nearest != targets_.end() && !nearest->second.empty() ? nearest->second : "summary";
     }
 
     void WriteFindings()
     {
-        foundLines_.erase(0); // of the file as a whole
-        targets_ = NearestDrawn(file_, foundLines_, drawing_.drawnLines);
+        targets_ = NearestDrawn(file_, found_, drawing_.ids);
         page_.Raw("<section id=\"findings\">").Words("h2", L"検査結果", L"Findings").Raw("<table><thead><tr>");
         page_.Words("th", L"重大度", L"Severity").Words("th", L"符号", L"Code").Words("th", L"行", L"Line");
         page_.Words("th", L"対象", L"Element").Words("th", L"内容", L"Finding").Words("th", L"処置", L"Remedy");
@@ -308,9 +309,9 @@ class PageWriter
     const RunJournal* journal_; ///< null: there is none
     const AlignmentReferences references_;
     Html page_;
-    std::set<std::size_t> foundLines_;
-    Drawing drawing_{page_, foundLines_, {}};
-    std::map<std::size_t, std::size_t> targets_; ///< where the findings of each line lead
+    std::set<SourcePlace> found_; ///< but for the file as a whole
+    Drawing drawing_{page_, found_};
+    std::map<SourcePlace, std::string> targets_; ///< the ids that the findings at each place lead to
     std::vector<const Alignment*> alignments_;   ///< that are drawn
     std::vector<PlanContent> plans_;             ///< theirs, and that of what none of them shows, if there is such
     std::size_t sections_ = 0;                   ///< that are drawn

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inspect/Finding.h"
+#include "inspect/FindingTargets.h"
 #include "inspect/Html.h"
 #include "inspect/LandXmlFile.h"
 #include "inspect/SurfaceLines.h"
@@ -27,10 +28,10 @@ std::string ReportPage(const LandXmlFile& file, const std::vector<Finding>& find
 struct Drawing
 {
     Html& page;
-    /// The lines of the file that findings are about.
-    const std::set<std::size_t>& foundLines;
-    /// The lines of the file whose elements have an id in the page, so that findings lead there.
-    std::set<std::size_t> drawnLines;
+    /// The places of the file that findings are about.
+    const std::set<SourcePlace>& found;
+    /// The ids in the page of the file's elements, so that findings lead there.
+    PageIds ids = {};
     /// The surfaces, by their places in the file, of which there is an outline to see.
     std::set<std::size_t> outlinedSurfaces = {};
     /// Those whose outline has too many edges: a rectangle round them is drawn instead.
@@ -51,14 +52,15 @@ struct Drawing
     }
 };
 
-/// The id of what stands at a line of the file; nothing, and false, the second time and for line 0.
-bool DrawId(Drawing& drawing, std::size_t line);
+/// The id of what stands at a place of the file: its line and, behind the first of a line, a number. Nothing, and
+/// false, the second time and for line 0.
+bool DrawId(Drawing& drawing, const SourcePlace& place);
 
-/// True if a finding is about what stands at the line and nothing has that id yet.
-bool IsSpotToBeDrawn(const Drawing& drawing, std::size_t line);
+/// True if a finding is about what stands at the place and nothing has its id yet.
+bool IsSpotToBeDrawn(const Drawing& drawing, const SourcePlace& place);
 
 /// A dot at the place of something that isn't drawn but where a finding is about it.
-void DrawSpot(Drawing& drawing, std::size_t line, double x, double y);
+void DrawSpot(Drawing& drawing, const SourcePlace& place, double x, double y);
 
 /// A bar of 1, 2 or 5 times a power of ten metres, about a sixth of a drawing whose unit is the metre and whose lower
 /// left corner and width are given.

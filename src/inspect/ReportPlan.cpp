@@ -252,15 +252,15 @@ class PlanDrawer
     {
         const Surface& surface = file_.surfaces[index];
         page_.Raw("<use href=\"#surface").Number(static_cast<double>(index), 0).Raw("\"");
-        const bool isFirst = drawing_.outlinedSurfaces.count(index) > 0 && DrawId(drawing_, surface.line);
+        const bool isFirst = drawing_.outlinedSurfaces.count(index) > 0 && DrawId(drawing_, surface);
         page_.Raw("/>");
-        if (!isFirst || drawing_.foundLines.empty())
+        if (!isFirst || drawing_.found.empty())
         {
             return;
         }
         for (const SurfacePoint& point : surface.points)
         {
-            DrawSpot(drawing_, point.line, corner_.X(point.east), corner_.Y(point.north));
+            DrawSpot(drawing_, SpotOf(surface, point), corner_.X(point.east), corner_.Y(point.north));
         }
         for (const SurfaceFace& face : surface.faces)
         {
@@ -268,10 +268,19 @@ class PlanDrawer
         }
     }
 
+    /// The place of a point or a face of a surface; a fault against a schema tells no more of it than its line.
+    template <class Part>
+    SourcePlace SpotOf(const Surface& surface, const Part& part) const
+    {
+        const SourcePlace line{part.line};
+        return part.line != surface.line && drawing_.found.count(line) > 0 ? line : PlaceOf(surface, part);
+    }
+
     /// A face that a finding is about, by those of its corners that there are.
     void DrawFoundFace(const Surface& surface, const SurfaceFace& face)
     {
-        if (!IsSpotToBeDrawn(drawing_, face.line))
+        const SourcePlace spot = SpotOf(surface, face);
+        if (!IsSpotToBeDrawn(drawing_, spot))
         {
             return;
         }
@@ -290,7 +299,7 @@ class PlanDrawer
             return;
         }
         page_.Raw("<path class=\"spot face\"");
-        DrawId(drawing_, face.line);
+        DrawId(drawing_, spot);
         page_.Raw(" d=\"");
         const char* step = "M";
         for (const SurfacePoint* const corner : corners)
@@ -312,7 +321,7 @@ class PlanDrawer
         }
         constexpr const char* KINDS[] = {"line", "curve", "spiral", "irregular"};
         page_.Raw("<path class=\"element ").Raw(KINDS[static_cast<std::size_t>(element.kind)]).Raw("\"");
-        DrawId(drawing_, element.line);
+        DrawId(drawing_, element);
         page_.Raw(" d=\"");
         bool isFirst = true;
         for (const Stretch& stretch : course.stretches)
@@ -371,7 +380,7 @@ class PlanDrawer
             if (point.IsPlaced())
             {
                 page_.Raw("<path class=\"intersection\"");
-                DrawId(drawing_, point.line);
+                DrawId(drawing_, point);
                 page_.Raw(" d=\"M");
                 Place(point);
                 page_.Raw("h0\"/>");
@@ -387,7 +396,7 @@ class PlanDrawer
             return;
         }
         page_.Raw("<path class=\"main\"");
-        DrawId(drawing_, point.line);
+        DrawId(drawing_, point);
         page_.Raw(" d=\"M");
         Place(point);
         page_.Raw("h0\"><title>").Text(point.name).Text(L"\nX=").Text(point.north.text).Text(L"\nY=");
@@ -398,8 +407,8 @@ class PlanDrawer
         }
     }
 
-    /// A tick across the alignment; `line` is that of the element that it stands for, 0 for none.
-    void DrawTick(const DrawnAlignment& one, double station, std::size_t line, const std::wstring& label,
+    /// A tick across the alignment; `place` is that of the element that it stands for, line 0 for none.
+    void DrawTick(const DrawnAlignment& one, double station, const SourcePlace& place, const std::wstring& label,
                   const char* kind)
     {
         const std::vector<Position> positions = one.course.At(station);
@@ -411,7 +420,7 @@ class PlanDrawer
         const double north = -std::sin(at.azimuth) * TICK;
         const double east = std::cos(at.azimuth) * TICK;
         page_.Raw("<path class=\"tick\"");
-        DrawId(drawing_, line);
+        DrawId(drawing_, place);
         page_.Raw(" d=\"M");
         Place(at.north - north, at.east - east);
         page_.Raw("L");
@@ -424,12 +433,12 @@ class PlanDrawer
     {
         for (const StaEquation& equation : one.alignment.equations)
         {
-            DrawTick(one, equation.internal.value, equation.line,
+            DrawTick(one, equation.internal.value, equation,
                      std::wstring(equation.back.text) + L"＝" + std::wstring(equation.ahead.text), "equation");
         }
         for (const double station : one.labels.MainStations(one.course.StaStart(), one.course.StaEnd()))
         {
-            DrawTick(one, station, 0, one.labels.At(station), "station");
+            DrawTick(one, station, {}, one.labels.At(station), "station");
         }
     }
 
@@ -478,12 +487,12 @@ class PlanDrawer
         page_.Raw("<use href=\"#group").Number(NumberOf(group), 0).Raw("\"");
         if (HasPlaceOf(group))
         {
-            DrawId(drawing_, group.line);
+            DrawId(drawing_, group);
         }
         page_.Raw("/>");
         for (const CgPoint& one : group.points)
         {
-            DrawSpot(drawing_, one.point.line, corner_.X(one.point.east.value), corner_.Y(one.point.north.value));
+            DrawSpot(drawing_, one.point, corner_.X(one.point.east.value), corner_.Y(one.point.north.value));
         }
     }
 
@@ -503,7 +512,7 @@ class PlanDrawer
         page_.Raw("<g");
         if (HasPlaceOf(group))
         {
-            DrawId(drawing_, group.line);
+            DrawId(drawing_, group);
         }
         page_.Raw(">");
         ForEachDrawnPoint(group, [&](const CgPoint& one) { DrawPoint(group, one); });
@@ -523,7 +532,7 @@ class PlanDrawer
         else
         {
             page_.Raw("\"");
-            DrawId(drawing_, point.line);
+            DrawId(drawing_, point);
         }
         page_.Raw(" d=\"M");
         Place(point);
@@ -729,27 +738,27 @@ void TellOfSurfaces(const Drawing& drawing, const LandXmlFile& file)
 
 } // namespace
 
-bool DrawId(Drawing& drawing, std::size_t line)
+bool DrawId(Drawing& drawing, const SourcePlace& place)
 {
-    const bool isNew = line > 0 && drawing.drawnLines.insert(line).second;
-    if (isNew)
+    const std::string id = place.line > 0 ? drawing.ids.Add(place) : std::string();
+    if (!id.empty())
     {
-        drawing.page.Raw(" id=\"l").Number(static_cast<double>(line), 0).Raw("\"");
+        drawing.page.Raw(" id=\"").Raw(id).Raw("\"");
     }
-    return isNew;
+    return !id.empty();
 }
 
-bool IsSpotToBeDrawn(const Drawing& drawing, std::size_t line)
+bool IsSpotToBeDrawn(const Drawing& drawing, const SourcePlace& place)
 {
-    return drawing.foundLines.count(line) > 0 && drawing.drawnLines.count(line) == 0;
+    return drawing.found.count(place) > 0 && !drawing.ids.Has(place);
 }
 
-void DrawSpot(Drawing& drawing, std::size_t line, double x, double y)
+void DrawSpot(Drawing& drawing, const SourcePlace& place, double x, double y)
 {
-    if (std::isfinite(x) && std::isfinite(y) && IsSpotToBeDrawn(drawing, line))
+    if (std::isfinite(x) && std::isfinite(y) && IsSpotToBeDrawn(drawing, place))
     {
         drawing.page.Raw("<path class=\"spot\"");
-        DrawId(drawing, line);
+        DrawId(drawing, place);
         drawing.page.Raw(" d=\"M").Number(x).Raw(" ").Number(y).Raw("h0\"/>");
     }
 }

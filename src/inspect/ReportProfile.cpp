@@ -267,7 +267,7 @@ class ProfileDrawer
                     continue;
                 }
                 page_.Raw("<path class=\"ground\"");
-                DrawId(drawing_, ground.line);
+                DrawId(drawing_, ground);
                 page_.Raw(" d=\"");
                 for (const PairList& list : ground.lists)
                 {
@@ -316,7 +316,7 @@ class ProfileDrawer
             return;
         }
         page_.Raw("<path class=\"design\"");
-        DrawId(drawing_, design.line);
+        DrawId(drawing_, design);
         page_.Raw(" d=\"");
         const char* step = "M";
         const auto go = [&](double station, double height) {
@@ -359,7 +359,7 @@ class ProfileDrawer
         for (const ProfilePoint& point : line.Points())
         {
             page_.Raw("<path class=\"vertex\"");
-            DrawId(drawing_, point.element->line);
+            DrawId(drawing_, *point.element);
             page_.Raw(" d=\"M").Number(X(point.station), 2).Raw(" ").Number(Y(point.height), 2).Raw("h0\"><title>");
             page_.Text(labels_.At(point.station)).Text(L"\nH=").Text(point.element->height.text);
             page_.Raw("</title></path>");
@@ -543,7 +543,7 @@ class ProfileDrawer
         double station;
         double value;       ///< upward
         std::wstring shown; ///< what stands beside it
-        std::size_t line;   ///< of the file's element that says so; 0 for none
+        SourcePlace place;  ///< of the file's element that says so; line 0 for none
     };
 
     void DrawSteps(const char* kind, double middle, double unit, const std::vector<Step>& steps)
@@ -566,7 +566,7 @@ class ProfileDrawer
             if (entry.Station().IsFinite() && entry.At(column).IsFinite())
             {
                 steps.push_back(
-                    {entry.Station().value, entry.At(column).value, std::wstring(entry.At(column).text), entry.line});
+                    {entry.Station().value, entry.At(column).value, std::wstring(entry.At(column).text), entry});
             }
         }
         return steps;
@@ -632,7 +632,8 @@ class ProfileDrawer
     {
         if (station)
         {
-            steps.push_back({*station, sign * slope.value, (sign < 0 && slope.value > 0 ? L"-" : L"") + slope.text, 0});
+            steps.push_back(
+                {*station, sign * slope.value, (sign < 0 && slope.value > 0 ? L"-" : L"") + slope.text, {}});
         }
     }
 
@@ -698,32 +699,32 @@ class ProfileDrawer
     {
         for (const Superelevation& one : alignment_.superelevations)
         {
-            if (one.staStart.IsFinite() && one.staEnd.IsFinite() && IsSpotToBeDrawn(drawing_, one.line))
+            if (one.staStart.IsFinite() && one.staEnd.IsFinite() && IsSpotToBeDrawn(drawing_, one))
             {
                 page_.Raw("<path class=\"spot\"");
-                DrawId(drawing_, one.line);
+                DrawId(drawing_, one);
                 page_.Raw(" d=\"M").Number(XWithin(one.staStart.value), 2).Raw(" ").Number(middle, 2).Raw("H");
                 page_.Number(XWithin(one.staEnd.value), 2).Raw("\"/>");
             }
             for (const TransitionStation& station : one.stations)
             {
-                MarkStation(station.station, station.line, middle);
+                MarkStation(station.station, station, middle);
             }
             for (const Feature& feature : one.features)
             {
                 for (const Property& property : feature.properties)
                 {
-                    MarkStation(ReadFigure(property.value), property.line, middle);
+                    MarkStation(ReadFigure(property.value), property, middle);
                 }
             }
         }
     }
 
-    void MarkStation(const Figure& station, std::size_t line, double y)
+    void MarkStation(const Figure& station, const SourcePlace& place, double y)
     {
         if (station.IsFinite())
         {
-            DrawSpot(drawing_, line, XWithin(station.value), y);
+            DrawSpot(drawing_, place, XWithin(station.value), y);
         }
     }
 
@@ -783,7 +784,7 @@ class ProfileDrawer
             double last = -1000;
             for (const Step& step : lists[side])
             {
-                DrawSpot(drawing_, step.line, XWithin(step.station), middle - step.value * unit);
+                DrawSpot(drawing_, step.place, XWithin(step.station), middle - step.value * unit);
                 DrawCorner(step, middle - step.value * unit);
                 if (X(step.station) - last > 34)
                 {

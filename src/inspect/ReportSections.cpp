@@ -160,7 +160,7 @@ class SectionDrawer
                 continue;
             }
             page_.Raw("<path class=\"ground\"");
-            DrawId(drawing_, ground.line);
+            DrawId(drawing_, ground);
             page_.Raw(" d=\"");
             for (const PairList& list : ground.lists)
             {
@@ -202,7 +202,7 @@ class SectionDrawer
             return;
         }
         page_.Raw("<path class=\"").Raw(surface.IsClosed() ? "layer" : "design").Raw("\"");
-        DrawId(drawing_, surface.line);
+        DrawId(drawing_, surface);
         if (surface.IsClosed())
         {
             page_.Raw(" style=\"fill:").Raw(ColourOf(surface)).Raw("\"");
@@ -227,7 +227,7 @@ class SectionDrawer
         }
         for (const CrossSectPnt& point : surface.points)
         {
-            DrawSpot(drawing_, point.line, point.offset.value, -Elevation(surface, point));
+            DrawSpot(drawing_, point, point.offset.value, -Elevation(surface, point));
         }
     }
 

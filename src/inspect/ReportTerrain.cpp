@@ -77,7 +77,7 @@ void DrawMesh(Drawing& drawing, const Surface& surface, const TerrainMesh& mesh)
     Html& page = drawing.page;
     page.Raw("<label class=\"mesh\" data-points=\"").Raw(Base64Of(mesh.places)).Raw("\" data-faces=\"");
     page.Raw(Base64Of(mesh.triangles)).Raw("\"");
-    DrawId(drawing, surface.line);
+    DrawId(drawing, surface);
     page.Raw("><input type=\"checkbox\" checked><span class=\"swatch\"></span>");
     page.Words("span", NameOf(surface)).Raw("</label>\n");
     if (mesh.triangles.size() < mesh.whole)

@@ -326,21 +326,34 @@ const LinkCase LINK_CASES[] = {
 };
 
 class LinkCases : public testing::TestWithParam<LinkCase>
-{};
+{
+  protected:
+    /// The first finding in a file leads to the case's target, and to nothing else.
+    static void ExpectTarget(const LandXmlFile& file)
+    {
+        const LinkCase& one = GetParam();
+        const std::vector<Finding> findings = Inspect(file, {FindCheck(one.code)});
+        ASSERT_GE(findings.size(), 1U);
+        const std::string page = ReportPage(file, findings);
+        const std::string row = Tag(page.substr(page.find("<section id=\"findings\"")), "<a href=\"#");
+        const std::size_t begin = row.find('#') + 1;
+        const std::string id = row.substr(begin, row.find('"', begin) - begin);
+        EXPECT_EQ(CountOf(page, " id=\"" + id + "\""), 1U) << row;
+        const std::string target = one.target.ends_with('>') ? one.target : one.target + " id=\"" + id + "\"";
+        EXPECT_EQ(CountOf(page, target), 1U) << target;
+    }
+};
 
 TEST_P(LinkCases, LeadToWhatAFindingIsAboutOrLiesIn)
 {
-    const LinkCase& one = GetParam();
-    const LandXmlFile file = SoundFile(one.changes);
-    const std::vector<Finding> findings = Inspect(file, {FindCheck(one.code)});
-    ASSERT_GE(findings.size(), 1U);
-    const std::string page = ReportPage(file, findings);
-    const std::string row = Tag(page.substr(page.find("<section id=\"findings\"")), "<a href=\"#");
-    const std::size_t begin = row.find('#') + 1;
-    const std::string id = row.substr(begin, row.find('"', begin) - begin);
-    EXPECT_EQ(CountOf(page, " id=\"" + id + "\""), 1U) << row;
-    const std::string target = one.target.ends_with('>') ? one.target : one.target + " id=\"" + id + "\"";
-    EXPECT_EQ(CountOf(page, target), 1U) << target;
+    ExpectTarget(SoundFile(GetParam().changes));
+}
+
+TEST_P(LinkCases, LeadThereToInAFileOfOneLine)
+{
+    std::string text = SoundText(GetParam().changes);
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    ExpectTarget(ReadLandXmlBytes(text, L"sound.xml"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Inspect, LinkCases, testing::ValuesIn(LINK_CASES),
@@ -386,9 +399,11 @@ TEST(ReportPage, DrawsAFileWithoutAlignments)
     EXPECT_EQ(CountOf(both, "<h2 data-en=\"Plan of the whole file\">全体平面図</h2>"), 1U);
     EXPECT_EQ(CountOf(both, "<svg class=\"plan\""), 1U);
     EXPECT_EQ(CountOf(both, "<use href=\"#surface0\""), 1U);
-    EXPECT_EQ(CountOf(both, "<path class=\"control\" id=\"l1\""), 0U) << "the line is that of the surface";
-    EXPECT_EQ(CountOf(both, "<path class=\"control\" d=\"M30 0h0\"><title>基準点／T-1\nX=20.\nY=30.\nH=5.</title>"),
-              1U);
+    EXPECT_EQ(CountOf(both, "<use href=\"#surface0\" id=\"l1\""), 1U);
+    EXPECT_EQ(
+        CountOf(both,
+                "<path class=\"control\" id=\"l1-3\" d=\"M30 0h0\"><title>基準点／T-1\nX=20.\nY=30.\nH=5.</title>"),
+        1U);
     EXPECT_EQ(CountOf(pageOf(surface), "<svg class=\"plan\""), 1U);
     EXPECT_EQ(CountOf(pageOf(points), "<svg class=\"plan\""), 1U);
     EXPECT_EQ(CountOf(pageOf(""), "<svg class=\"plan\""), 0U);
