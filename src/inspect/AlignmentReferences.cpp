@@ -16,6 +16,13 @@ AlignmentReferences::AlignmentReferences(const LandXmlFile& file)
             byName_.emplace(name, &alignment);
         }
     });
+    for (const PointGroup& group : file.pointGroups)
+    {
+        for (const Alignment* const alignment : Named(group.alignmentRefs))
+        {
+            groups_[alignment].push_back(&group);
+        }
+    }
 }
 
 const Alignment* AlignmentReferences::Find(std::wstring_view name) const
@@ -54,6 +61,13 @@ bool AlignmentReferences::LeadTo(std::wstring_view references, const Alignment& 
 {
     const std::vector<const Alignment*> named = Named(references);
     return std::find(named.begin(), named.end(), &alignment) != named.end();
+}
+
+const std::vector<const PointGroup*>& AlignmentReferences::GroupsOf(const Alignment& alignment) const
+{
+    static const std::vector<const PointGroup*> NONE;
+    const auto found = groups_.find(&alignment);
+    return found != groups_.end() ? found->second : NONE;
 }
 
 } // namespace jlandxml::inspect

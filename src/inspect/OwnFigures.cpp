@@ -44,7 +44,7 @@ std::wstring OwnOrComputed(const Figure* own, double computed, int decimals)
 
 } // namespace
 
-OwnFigures::OwnFigures(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)
+OwnFigures::OwnFigures(const AlignmentReferences& references, const Alignment& alignment)
 {
     Take(alignment.staStart);
     for (const CrossSects& sects : alignment.crossSects)
@@ -63,7 +63,7 @@ OwnFigures::OwnFigures(const LandXmlFile& file, const AlignmentReferences& refer
     {
         TakeTransition(one);
     }
-    TakePoints(file, references, alignment);
+    TakePoints(references.GroupsOf(alignment));
     ForEachStationList(alignment, [this](const Sentence&, const std::vector<StationEntry>& list) {
         for (const StationEntry& entry : list)
         {
@@ -123,15 +123,15 @@ void OwnFigures::TakeProfiles(const Alignment& alignment)
     }
 }
 
-void OwnFigures::TakePoints(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment)
+void OwnFigures::TakePoints(const std::vector<const PointGroup*>& groups)
 {
-    for (const PointGroup& group : file.pointGroups)
+    for (const PointGroup* const group : groups)
     {
-        if (!group.IsIntermediate() || !references.LeadTo(group.alignmentRefs, alignment))
+        if (!group->IsIntermediate())
         {
             continue;
         }
-        for (const CgPoint& point : group.points)
+        for (const CgPoint& point : group->points)
         {
             if (point.station.IsFinite())
             {

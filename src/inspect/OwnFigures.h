@@ -17,7 +17,7 @@ class OwnFigures
 {
   public:
     /// `references` are those of the file. Keeps pointers into the file.
-    OwnFigures(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
+    OwnFigures(const AlignmentReferences& references, const Alignment& alignment);
 
     /// A station of the alignment's own count in metres: the file's own text, where a section, a profile, a transition,
     /// a point or a list has that station, else its digits with so many decimals.
@@ -37,7 +37,7 @@ class OwnFigures
     void Take(const Figure& station);
     void TakeTransition(const Superelevation& superelevation);
     void TakeProfiles(const Alignment& alignment);
-    void TakePoints(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment);
+    void TakePoints(const std::vector<const PointGroup*>& groups);
 
     std::vector<std::pair<double, Figure>> stations_;       ///< rising; of the same ones the first counts
     std::vector<std::pair<double, const CgPoint*>> points_; ///< the intermediate points by their stations

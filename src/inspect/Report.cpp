@@ -145,7 +145,7 @@ class PageWriter
         page_.Words("h3", L"縦断図", L"Profile").Raw("<figure class=\"scroll\"");
         DrawId(drawing_, alignment.profiles.empty() ? SourcePlace() : SourcePlace(alignment.profiles.front()));
         page_.Raw(">");
-        const OwnFigures own(file_, references_, alignment);
+        const OwnFigures own(references_, alignment);
         DrawProfile(drawing_, own, alignment);
         page_.Raw("</figure>");
         WriteSections(own, alignment);
@@ -295,13 +295,17 @@ class PageWriter
         page_.Raw("<section id=\"checksheet\" class=\"sheet\">").Words("h2", L"チェックシート", L"Check sheet");
         page_.Raw("<table><thead><tr>").Words("th", L"項目", L"Subject").Words("th", L"内容", L"What to collate");
         page_.Words("th", L"ファイルの値", L"In the file").Words("th", L"確認", L"Checked").Raw("</tr></thead><tbody>");
-        for (const CheckSheetRow& row : CheckSheet(file_))
+        const std::vector<CheckSheetRow> rows = CheckSheet(file_);
+        for (std::size_t index = 0; index < std::min(rows.size(), MOST_ROWS); ++index)
         {
+            const CheckSheetRow& row = rows[index];
             page_.Raw("<tr>").Words("td", row.alignment.IsEmpty() ? row.subject : Path(row.subject, row.alignment));
             page_.Words("td", row.what).Words("td", row.value);
             page_.Raw("<td class=\"tick\">☐</td></tr>\n");
         }
-        page_.Raw("</tbody></table></section>");
+        page_.Raw("</tbody></table>");
+        TellLeftOut(rows.size(), MOST_ROWS, {L"行", L"rows"});
+        page_.Raw("</section>");
     }
 
     const LandXmlFile& file_;

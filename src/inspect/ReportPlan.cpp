@@ -815,10 +815,10 @@ std::optional<PlanContent> PlanOfTheRest(const LandXmlFile& file, const Alignmen
                                          const std::vector<const Alignment*>& drawn)
 {
     const auto isDrawn = [&](const PointGroup& group) {
-        return IsOfNone(group) ? !drawn.empty()
-                               : std::any_of(drawn.begin(), drawn.end(), [&](const Alignment* alignment) {
-                                     return references.LeadTo(group.alignmentRefs, *alignment);
-                                 });
+        const std::vector<const Alignment*> named = references.Named(group.alignmentRefs);
+        return IsOfNone(group)
+                   ? !drawn.empty()
+                   : std::find_first_of(named.begin(), named.end(), drawn.begin(), drawn.end()) != named.end();
     };
     PlanContent whole{drawn, {}, true};
     bool isNeeded = drawn.empty() && !file.surfaces.empty();

@@ -81,11 +81,10 @@ Row MainPointRow(const Alignment& alignment, const StationLabels& labels, const 
     return row;
 }
 
-void AddAlignment(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment,
-                  Table& table)
+void AddAlignment(const AlignmentReferences& references, const Alignment& alignment, Table& table)
 {
     const Course course(alignment);
-    const OwnFigures own(file, references, alignment);
+    const OwnFigures own(references, alignment);
     const StationLabels labels(alignment);
     double station = course.StaStart();
     for (std::size_t index = 0; index < alignment.elements.size(); ++index)
@@ -143,11 +142,10 @@ std::vector<ListedStation> ListedStations(const Alignment& alignment, const Cour
     return all;
 }
 
-void AddStations(const LandXmlFile& file, const AlignmentReferences& references, const Alignment& alignment,
-                 Table& table)
+void AddStations(const AlignmentReferences& references, const Alignment& alignment, Table& table)
 {
     const Course course(alignment);
-    const OwnFigures own(file, references, alignment);
+    const OwnFigures own(references, alignment);
     const ProfAlign* const design = DesignProfile(alignment);
     const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
     const ProfSurf* const firstGround = FirstGround(alignment);
@@ -327,7 +325,7 @@ Table AlignmentTable(const LandXmlFile& file)
                 {},
                 7};
     const AlignmentReferences references(file);
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(file, references, alignment, table); });
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddAlignment(references, alignment, table); });
     return table;
 }
 
@@ -336,7 +334,7 @@ Table StationTable(const LandXmlFile& file)
     Table table{
         L"測点座標一覧", {L"線形", L"測点", L"主要点", L"測点（m）", L"X", L"Y", L"方向角", L"計画高", L"地盤高"}, {}};
     const AlignmentReferences references(file);
-    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(file, references, alignment, table); });
+    ForEachAlignment(file, [&](const Alignment& alignment) { AddStations(references, alignment, table); });
     return table;
 }
 
@@ -348,7 +346,7 @@ Table ProfileTable(const LandXmlFile& file)
                 {}};
     const AlignmentReferences references(file);
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        const OwnFigures own(file, references, alignment);
+        const OwnFigures own(references, alignment);
         for (const Profile& profile : alignment.profiles)
         {
             for (const ProfAlign& design : profile.designs)

@@ -63,6 +63,22 @@ TEST_P(AlignmentReferencesOf, LeadToAlignmentsOrAreMissing)
     }
 }
 
+TEST(AlignmentReferences, KnowTheGroupsOfEachAlignment)
+{
+    LandXmlFile file = FileOf({"線形1", "線形2", "線形3"});
+    for (const wchar_t* const references : {L"線形2", L"", L"線形1 線形2", L"線形9"})
+    {
+        file.pointGroups.emplace_back().alignmentRefs = references;
+    }
+    const std::vector<PointGroup>& groups = file.pointGroups;
+    const std::vector<Alignment>& alignments = file.routes.front().alignments;
+    const AlignmentReferences references(file);
+    using Groups = std::vector<const PointGroup*>;
+    EXPECT_EQ(references.GroupsOf(alignments[0]), (Groups{&groups[2]}));
+    EXPECT_EQ(references.GroupsOf(alignments[1]), (Groups{&groups[0], &groups[2]}));
+    EXPECT_EQ(references.GroupsOf(alignments[2]), Groups());
+}
+
 INSTANTIATE_TEST_SUITE_P(Inspect, AlignmentReferencesOf, testing::ValuesIn(REFERENCES_CASES),
                          [](const auto& one) { return std::string(one.param.name); });
 

@@ -491,6 +491,17 @@ TEST(ReportPage, SaysHowManyPointsAreLeftOut)
               1U);
 }
 
+TEST(ReportPage, SaysHowManyRowsOfTheCheckSheetAreLeftOut)
+{
+    const LandXmlFile file = ManyPlans(350, 1);
+    const std::size_t rows = CheckSheet(file).size();
+    ASSERT_GT(rows, 3000U);
+    const std::string page = PageOf(file);
+    EXPECT_EQ(CountOf(page, "<td class=\"tick\">"), 3000U);
+    const std::string sheet = page.substr(page.find("<section id=\"checksheet\""));
+    EXPECT_EQ(CountOf(sheet, ">行が多いため、ほか" + std::to_string(rows - 3000) + "件は省略しました。</p>"), 1U);
+}
+
 TEST(ReportPage, LeadsFromAFindingToAPointThatPlansShare)
 {
     // Two points of one name: the second, 100 lines below, lies 99 m below the corner.
