@@ -192,6 +192,9 @@ class PageWriter
         std::size_t drawn = 0;
         for (const CrossSects& sects : alignment.crossSects)
         {
+            const ProfAlign* const profile = DesignProfile(alignment, sects);
+            const std::optional<ProfileLine> design =
+                profile != nullptr ? std::optional<ProfileLine>(*profile) : std::nullopt;
             for (const CrossSect& section : sects.sections)
             {
                 if (drawn < most && page_.Size() < MOST_BYTES_OF_DRAWINGS)
@@ -200,8 +203,8 @@ class PageWriter
                     page_.Raw("<figure");
                     DrawId(drawing_, section);
                     page_.Raw("><figcaption>").Text(section.name).Text(L"　" + std::wstring(section.station.text));
-                    page_.Raw(" m").Text(CentreHeights(own, alignment, section)).Raw("</figcaption>");
-                    DrawCrossSection(drawing_, alignment, section);
+                    page_.Raw(" m").Text(CentreHeights(own, design, section)).Raw("</figcaption>");
+                    DrawCrossSection(drawing_, design, section);
                     page_.Raw("</figure>");
                 }
             }

@@ -17,6 +17,7 @@ namespace jlandxml::inspect
 
 class AlignmentReferences;
 class OwnFigures;
+class ProfileLine;
 class RunJournal;
 
 /// The report on a file: one HTML page that needs nothing else, with plans, profiles, cross sections, calculation
@@ -97,10 +98,10 @@ void DrawProfile(Drawing& drawing, const OwnFigures& own, const Alignment& align
 
 /// The heights at a section's centre line, FH of the design profile and GH of the first ground line, behind a blank;
 /// those that there are.
-std::wstring CentreHeights(const OwnFigures& own, const Alignment& alignment, const CrossSect& section);
+std::wstring CentreHeights(const OwnFigures& own, const std::optional<ProfileLine>& design, const CrossSect& section);
 
 /// A cross section, with its heights as elevations where the profile gives one to stand on.
-void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section);
+void DrawCrossSection(Drawing& drawing, const std::optional<ProfileLine>& design, const CrossSect& section);
 
 /// The surfaces to turn around in three dimensions, thinned where they have more faces than a page can hold; nothing
 /// without a surface.

@@ -43,14 +43,14 @@ const char* ColourOf(const DesignCrossSectSurf& surface)
 class SectionDrawer
 {
   public:
-    SectionDrawer(Drawing& drawing, const Alignment& alignment, const CrossSect& section)
+    SectionDrawer(Drawing& drawing, const std::optional<ProfileLine>& design, const CrossSect& section)
         : drawing_(drawing),
           page_(drawing.page),
           section_(section)
     {
-        if (const ProfAlign* const design = DesignProfile(alignment))
+        if (design)
         {
-            height_ = ProfileLine(*design).HeightAt(section.station.value);
+            height_ = design->HeightAt(section.station.value);
         }
     }
 
@@ -249,16 +249,15 @@ class SectionDrawer
 
 } // namespace
 
-std::wstring CentreHeights(const OwnFigures& own, const Alignment& alignment, const CrossSect& section)
+std::wstring CentreHeights(const OwnFigures& own, const std::optional<ProfileLine>& design, const CrossSect& section)
 {
     std::wstring text;
     const auto tell = [&](const wchar_t* label, const std::wstring& height) {
         text.append(height.empty() ? L"" : label).append(height);
     };
-    if (const ProfAlign* const design = DesignProfile(alignment))
+    if (design)
     {
-        const std::optional<ProfileLine> line(*design);
-        tell(L"　FH=", own.DesignHeightText(line, section.station.value, HEIGHT_DECIMALS));
+        tell(L"　FH=", own.DesignHeightText(design, section.station.value, HEIGHT_DECIMALS));
     }
     if (!section.grounds.empty())
     {
@@ -267,9 +266,9 @@ std::wstring CentreHeights(const OwnFigures& own, const Alignment& alignment, co
     return text;
 }
 
-void DrawCrossSection(Drawing& drawing, const Alignment& alignment, const CrossSect& section)
+void DrawCrossSection(Drawing& drawing, const std::optional<ProfileLine>& design, const CrossSect& section)
 {
-    SectionDrawer(drawing, alignment, section).Draw();
+    SectionDrawer(drawing, design, section).Draw();
 }
 
 } // namespace jlandxml::inspect

@@ -151,6 +151,20 @@ TEST(ReportPage, TellsTheHeightsAtTheCentreOfACrossSection)
     EXPECT_EQ(CountOf(PageOf(SoundFile()), "No.3　60.000 m　FH=106.800　GH=107.495</figcaption>"), 1U);
 }
 
+TEST(ReportPage, StandsEachGroupOfCrossSectionsOnTheProfileThatItNames)
+{
+    const std::string page = PageOf(SoundFile(
+        {{"<ProfAlign name=\"計画\">",
+          "<ProfAlign name=\"平\"><PVI>0. 200.</PVI><PVI>400. 200.</PVI></ProfAlign><ProfAlign name=\"計画\">"},
+         {"<CrossSects name=\"線形1\">",
+          "<CrossSects name=\"平\"><CrossSect name=\"甲\" sta=\"60.\"><DesignCrossSectSurf name=\"Carriageway\">"
+          "<CrossSectPnt code=\"CL\">0. 0.</CrossSectPnt><CrossSectPnt code=\"CW\">3. -0.1</CrossSectPnt>"
+          "</DesignCrossSectSurf></CrossSect><Feature><Property label=\"profAlignRefs\" value=\"平\"/></Feature>"
+          "</CrossSects><CrossSects name=\"線形1\">"}}));
+    EXPECT_EQ(CountOf(page, "甲　60. m　FH=200.000</figcaption>"), 1U);
+    EXPECT_EQ(CountOf(page, "No.3　60.000 m　FH=106.800　GH=107.495</figcaption>"), 1U);
+}
+
 TEST(ReportPage, HasTheBandsOfAProfileInTheOrderOfDrawings)
 {
     const std::string page = PageOf(SoundFile());
