@@ -351,8 +351,11 @@ void CheckElementLengths(const LandXmlFile& file, Findings& findings)
         {
             return;
         }
+        // A line from a point to itself has no course, but a length: none.
+        const bool isPlacedLine =
+            element.kind == ElementKind::Line && element.start.IsPlaced() && element.end.IsPlaced();
         const ElementCourse course = CourseOf(element);
-        if (course.IsKnown())
+        if (course.IsKnown() || isPlacedLine)
         {
             findings.Measure(NameOf(alignment, element), element, element.length, course.computedLength);
         }

@@ -139,13 +139,19 @@ void CheckVerticalRadii(const LandXmlFile& file, Findings& findings)
         const ProfileLine line(design);
         for (const ProfilePoint& point : line.Points())
         {
-            const double change = CurveTurn(point);
-            if (point.element->radius.IsFinite() && point.HasCurve() && change > 0)
+            if (!point.element->radius.IsFinite() || !point.HasCurve())
             {
-                findings.MeasureRatio(PointName(alignment, design, point), *point.element,
-                                      {point.element->radius.text, std::abs(point.element->radius.value)},
-                                      (point.lengthIn + point.lengthOut) / change);
+                continue;
             }
+            if (!point.HasBend())
+            {
+                findings.Report(PointName(alignment, design, point), *point.element,
+                                Sentence{L"勾配が変わらない", L"the gradient doesn't change"});
+                continue;
+            }
+            findings.MeasureRatio(PointName(alignment, design, point), *point.element,
+                                  {point.element->radius.text, std::abs(point.element->radius.value)},
+                                  (point.lengthIn + point.lengthOut) / CurveTurn(point));
         }
     });
 }

@@ -102,7 +102,9 @@ ElementCourse CurveCourse(const PlanElement& curve)
     const double radius = curve.radius.IsFinite() ? std::abs(curve.radius.value) : Distance(curve.center, curve.start);
     const double azimuth = Azimuth(curve.center, curve.start) + turn * std::numbers::pi / 2;
     const Position start{curve.start.north.value, curve.start.east.value, azimuth};
-    return OneStretch(curve, {start, turn == 0 ? 0 : radius * Sweep(curve, curve.rot), turn / radius, turn / radius});
+    const double sweep = Sweep(curve, curve.rot);
+    const double whole = sweep > 0 ? sweep : 2 * std::numbers::pi; // one that ends where it starts is a whole circle
+    return OneStretch(curve, {start, turn == 0 ? 0 : radius * whole, turn / radius, turn / radius});
 }
 
 /// The azimuth at the start of a spiral: to the point where its tangents meet, or such that its end lies in the

@@ -18,6 +18,9 @@ double LengthOf(const Figure& figure)
     return figure.IsFinite() ? std::max(figure.value, 0.0) : 0;
 }
 
+/// Gradients that differ by no more are the same: a micrometre on a kilometre.
+constexpr double SAME_GRADIENT = 1e-9;
+
 /// The radius of a circular curve: the file's own, else the one whose arc is as long as the file says, measured
 /// horizontally as the lengths of all vertical curves are: L = R |sin θ2 - sin θ1|, θ the slopes of the tangents.
 double CircleRadius(const ProfilePoint& point)
@@ -84,9 +87,20 @@ std::wstring TextOfHeight(const std::optional<Line>& line, double station, int d
 
 } // namespace
 
-double ProfilePoint::CurveRadius() const
+bool ProfilePoint::HasBend() const
 {
-    return radius > 0 ? radius : (lengthIn + lengthOut) / std::abs(gradientOut - gradientIn);
+    return std::abs(gradientOut - gradientIn) > SAME_GRADIENT;
+}
+
+std::optional<double> ProfilePoint::CurveRadius() const
+{
+    if (radius > 0)
+    {
+        return radius;
+    }
+    return HasBend() && lengthIn == lengthOut
+               ? std::optional((lengthIn + lengthOut) / std::abs(gradientOut - gradientIn))
+               : std::nullopt;
 }
 
 ProfileLine::ProfileLine(const ProfAlign& profile)

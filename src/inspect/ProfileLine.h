@@ -22,8 +22,10 @@ struct ProfilePoint
     const ProfileElement* element;
 
     bool HasCurve() const { return lengthIn > 0 || lengthOut > 0; }
-    /// L / |g2 - g1|, of a circle its own.
-    double CurveRadius() const;
+    /// True if the tangents make a bend that a curve can round.
+    bool HasBend() const;
+    /// L / |g2 - g1|, of a circle its own; nothing of a curve without a bend, or of two parabolas, which have one each.
+    std::optional<double> CurveRadius() const;
     double CurveStart() const { return station - lengthIn; }
     double CurveEnd() const { return station + lengthOut; }
 };

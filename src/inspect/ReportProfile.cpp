@@ -372,10 +372,10 @@ class ProfileDrawer
             if (point.HasCurve())
             {
                 const double length = point.lengthIn + point.lengthOut;
+                const std::wstring radius = OwnOr(point.element->radius, point.CurveRadius());
                 Label("curvature", X(point.station),
                       Y(point.height) + (point.gradientOut < point.gradientIn ? -10 : 20),
-                      L"VCL=" + OwnOr(point.element->length, length) + L" VCR=" +
-                          OwnOr(point.element->radius, point.CurveRadius()));
+                      L"VCL=" + OwnOr(point.element->length, length) + (radius.empty() ? L"" : L" VCR=" + radius));
             }
         }
     }
@@ -423,9 +423,9 @@ class ProfileDrawer
     }
 
     /// The file's own figure, else one that was computed.
-    static std::wstring OwnOr(const Figure& figure, double computed)
+    static std::wstring OwnOr(const Figure& figure, std::optional<double> computed)
     {
-        return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(computed, 3);
+        return figure.IsWritten() ? std::wstring(figure.text) : computed ? ShortNumber(*computed, 3) : std::wstring();
     }
 
     void BandHead(double top, double height, const Sentence& name, const Sentence* legend = nullptr)

@@ -30,9 +30,9 @@ std::wstring Own(const Figure& figure)
     return std::wstring(figure.text);
 }
 
-std::wstring Computed(double value, int decimals)
+std::wstring Computed(std::optional<double> value, int decimals)
 {
-    return std::isfinite(value) ? FormatFixed(value, decimals) : std::wstring();
+    return value && std::isfinite(*value) ? FormatFixed(*value, decimals) : std::wstring();
 }
 
 /// A gradient in percent.

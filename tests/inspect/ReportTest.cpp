@@ -145,6 +145,17 @@ TEST(ReportPage, ShowsTheFilesOwnTextOfItsFigures)
     }
 }
 
+TEST(ReportPage, TellsNoRadiusOfACurveWithoutABendOrOfTwoParabolas)
+{
+    const std::string straight = PageOf(SoundFile({{"300.000 110.000", "300.000 114.000"}}));
+    EXPECT_EQ(CountOf(straight, ">VCL=100.000</text>"), 1U);
+    const std::string unequal =
+        PageOf(SoundFile({{"<ParaCurve length=\"100.000\">220.000 111.600</ParaCurve>",
+                           "<UnsymParaCurve lengthIn=\"20.\" lengthOut=\"40.\">220.000 111.600</UnsymParaCurve>"}}));
+    EXPECT_EQ(CountOf(unequal, ">VCL=60</text>"), 1U);
+    EXPECT_EQ(CountOf(unequal, "VCR=800.000</text>"), 1U) << "that of the circle";
+}
+
 TEST(ReportPage, TellsTheHeightsAtTheCentreOfACrossSection)
 {
     // The design line climbs 3 % from 105 m; the ground line has a point at the centre.
