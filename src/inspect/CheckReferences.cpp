@@ -266,6 +266,7 @@ struct Reference
     std::wstring_view ownName;
     SourcePlace place;
     std::function<Detail()> object;
+    bool isRound = false;
 };
 
 /// Visits the references of a surface's points.
@@ -282,7 +283,7 @@ void ForEachReferenceOf(const Surface& surface, Visit&& visit)
 
 Reference ReferenceOf(const PlanPoint& point, std::function<Detail()> object)
 {
-    return {point.pntRef, point.featureRef, point.name, point, std::move(object)};
+    return {point.pntRef, point.featureRef, point.name, point, std::move(object), point.isRound};
 }
 
 /// Visits the references of all points of an alignment that have some.
@@ -420,14 +421,14 @@ void CheckPointReferences(const LandXmlFile& file, Findings& findings)
     {
         for (const CgPoint& one : group.points)
         {
-            if (!one.point.pntRef.empty() && !leadsToAnother(one.point.pntRef, one.point.name))
+            if (one.point.isRound || (!one.point.pntRef.empty() && !leadsToAnother(one.point.pntRef, one.point.name)))
             {
                 findings.Report(Path(NameOf(group), NameOf(one)), one.point, one.point.pntRef);
             }
         }
     }
     ForEachReference(file, [&](const Reference& reference) {
-        if (!reference.pntRef.empty() && !leadsToAnother(reference.pntRef, reference.ownName))
+        if (reference.isRound || (!reference.pntRef.empty() && !leadsToAnother(reference.pntRef, reference.ownName)))
         {
             findings.Report(reference.object(), reference.place, reference.pntRef);
         }

@@ -59,6 +59,7 @@ struct PlanPoint : SourcePlace
     Figure east;
     Figure height;
     std::size_t figureCount = 0; ///< in its text
+    bool isRound = false;        ///< its reference leads to points that refer to one another in a circle
 
     bool IsWritten() const { return line != 0; }
     bool IsPlaced() const { return north.IsFinite() && east.IsFinite(); }

@@ -9,6 +9,8 @@
 #include <functional>
 #include <iterator>
 #include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 namespace jlandxml::inspect
 {
@@ -281,12 +283,14 @@ class FileReader
         target.insert(target.end(), source.begin(), source.end());
     }
 
+    using PointsByName = std::unordered_map<std::wstring_view, PlanPoint*>;
+
     /// Gives points that refer to another the other's coordinates, which may be another's themselves.
     void FollowPointReferences()
     {
-        std::unordered_map<std::wstring_view, const PlanPoint*> byName;
+        PointsByName byName;
         const auto nameAll = [&](bool arePlaced) {
-            ForEachPlanPoint(file_, [&](const PlanPoint& point) {
+            ForEachPlanPoint(file_, [&](PlanPoint& point) {
                 if (!point.name.empty() && point.north.IsWritten() == arePlaced)
                 {
                     byName.emplace(point.name, &point);
@@ -295,33 +299,34 @@ class FileReader
         };
         nameAll(true);
         nameAll(false);
-        ForEachPlanPoint(file_, [&](PlanPoint& point) {
-            if (const PlanPoint* const target = PlaceOf(point, byName))
-            {
-                point.north = target->north;
-                point.east = target->east;
-                point.height = target->height;
-            }
-        });
+        std::unordered_set<const PlanPoint*> followed;
+        ForEachPlanPoint(file_, [&](PlanPoint& point) { FollowPointReferences(point, byName, followed); });
     }
 
-    /// The point with coordinates to which the references of a point without any lead; null if they lead nowhere, or
-    /// too far round.
-    static const PlanPoint* PlaceOf(const PlanPoint& point,
-                                    const std::unordered_map<std::wstring_view, const PlanPoint*>& byName)
+    /// Gives a point without coordinates, and all on the way, those of the point to which their references lead.
+    static void FollowPointReferences(PlanPoint& point, const PointsByName& byName,
+                                      std::unordered_set<const PlanPoint*>& followed)
     {
-        constexpr int MOST_STEPS = 8;
-        const PlanPoint* target = &point;
-        for (int step = 0; step < MOST_STEPS && !target->north.IsWritten() && !target->pntRef.empty(); ++step)
+        std::vector<PlanPoint*> way;
+        PlanPoint* target = &point;
+        while (!target->north.IsWritten() && !target->pntRef.empty() && followed.insert(target).second)
         {
+            way.push_back(target);
             const auto found = byName.find(target->pntRef);
             if (found == byName.end())
             {
-                return nullptr;
+                return;
             }
             target = found->second;
         }
-        return target != &point && target->north.IsWritten() ? target : nullptr;
+        const bool isRound = target->isRound || std::find(way.begin(), way.end(), target) != way.end();
+        for (PlanPoint* const one : way)
+        {
+            one->north = target->north;
+            one->east = target->east;
+            one->height = target->height;
+            one->isRound = isRound;
+        }
     }
 
     LandXmlFile& file_;

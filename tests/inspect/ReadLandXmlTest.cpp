@@ -93,6 +93,25 @@ TEST(ReadLandXml, ReadsEveryKindOfElement)
     EXPECT_TRUE(file.unreadable.empty());
 }
 
+TEST(ReadLandXml, FollowsALongWayOfReferencesFromPointToPoint)
+{
+    constexpr int COUNT = 100;
+    std::string text = "<LandXML><CgPoints>";
+    for (int number = 0; number < COUNT; ++number)
+    {
+        text += "<CgPoint name=\"" + std::to_string(number) + "\" pntRef=\"" + std::to_string(number + 1) + "\"/>";
+    }
+    const LandXmlFile file = Read(text + "<CgPoint name=\"100\">1. 2. 3.</CgPoint></CgPoints></LandXML>");
+    ASSERT_EQ(file.pointGroups.size(), 1U);
+    for (const CgPoint& one : file.pointGroups.front().points)
+    {
+        EXPECT_EQ(one.point.north.text, L"1.");
+        EXPECT_EQ(one.point.east.text, L"2.");
+        EXPECT_EQ(one.point.height.text, L"3.");
+        EXPECT_FALSE(one.point.isRound);
+    }
+}
+
 TEST(ReadLandXml, KnowsTheLineOfEveryElementAlsoBehindPointsAndFaces)
 {
     const LandXmlFile file =
