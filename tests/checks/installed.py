@@ -37,6 +37,13 @@ BY_DEBIAN = {"NOTICES.txt": "copyright", "CHANGELOG.md": "changelog.gz", "zsh/si
              "lib/pkgconfig": "lib/*/pkgconfig", "man1/jlandxml-convert.1": "man1/jlandxml-convert.1.gz",
              "man1/jlandxml-inspect.1": "man1/jlandxml-inspect.1.gz"}
 
+# The libraries inside, and words of the licence of each.
+GRANTED = "Permission is hereby granted, free of charge"
+REDISTRIBUTED = "Redistribution and use in source and binary forms"
+LIBRARIES = {"pugixml": GRANTED, "libxml2": GRANTED, "CLI11": REDISTRIBUTED, "nlohmann-json": GRANTED,
+             "gcc-runtime": "GCC Runtime Library Exception", "mingw-w64-runtime": REDISTRIBUTED,
+             "nsis": "Altered source versions must be plainly marked"}
+
 CROSS_BUILD = ["-DCMAKE_SYSTEM_NAME=Windows", "-DCMAKE_C_COMPILER=x86_64-w64-mingw32-gcc-posix"]
 
 failures = []
@@ -122,15 +129,27 @@ class Installed:
             name = name.replace(usual, other)
         return next(folder.glob(name), folder / name)
 
-    def check_files(self):
+    def check_files(self, version):
         files = [self.place(self.prefix, name) for name in PROGRAMS + FOR_HOSTS + (ON_WINDOWS if self.is_windows else ON_LINUX)]
         for path in files + [self.place(self.documents, name) for name in DOCUMENTS]:
             expect(path.is_file(), f"{path} isn't installed")
         notices = self.place(self.documents, "NOTICES.txt").read_text(encoding="utf-8", errors="replace")
-        listed = re.findall(r"^PackageName: (.*)$", (self.documents / "jlandxml-convert.spdx").read_text(encoding="utf-8"), re.M)
-        expect(len(listed) > 3, f"{listed} are listed only")
-        for name in listed[1:]:
-            expect(re.search(rf"^{name} [0-9.]+", notices, re.M), f"no notice of {name}")
+        spdx = (self.documents / "jlandxml-convert.spdx").read_text(encoding="utf-8")
+        listed = dict(re.findall(r"^PackageName: (\S+)$.*?^PackageVersion: (\S+)$", spdx, re.M | re.S))
+        own = listed.pop("jlandxml-convert", None)
+        expect(own == version, f"the list of what is inside is of version {own}")
+        expect(sorted(listed) == sorted(self.libraries()), f"{sorted(listed)} are listed, {sorted(self.libraries())} are inside")
+        for name, its in listed.items():
+            notice = re.search(rf"^{name} {re.escape(its)}\n(.*?)(?=^({'|'.join(LIBRARIES)}) [0-9]|\Z)", notices, re.M | re.S)
+            expect(notice and LIBRARIES[name] in " ".join(notice.group(1).split()), f"no licence of {name} {its}")
+
+    def libraries(self):
+        """The libraries inside the programs and the module. Which a build has beside its own is told by its files."""
+        inspect = self.place(self.prefix, "bin/jlandxml-inspect{exe}").read_bytes()
+        absent = set() if b"xmlSchemaParse" in inspect else {"libxml2"}
+        absent |= set() if self.is_windows else {"gcc-runtime", "mingw-w64-runtime"}
+        absent |= set() if (self.prefix / "uninstall.exe").is_file() else {"nsis"}
+        return set(LIBRARIES) - absent
 
     def check_documents(self):
         """Whatever a reader follows is there, and whom to write to."""
@@ -252,7 +271,7 @@ def planted(work):
 def use(prefix, work, version, emulator=""):
     """All that is done with what is installed."""
     installed = Installed(prefix, emulator, work)
-    installed.check_files()
+    installed.check_files(version)
     installed.check_documents()
     installed.check_programs(version)
     installed.open_dialog()
@@ -265,12 +284,15 @@ def use(prefix, work, version, emulator=""):
         installed.run_host_with_windows(installed.build_host("host-qt"))
 
 
+def version_of(source):
+    return re.search(r"project\(JLandXmlConvert VERSION (\S+)", (source / "CMakeLists.txt").read_text()).group(1)
+
+
 def install(build, source, work, emulator=""):
     must(["cmake", "--install", build, "--prefix", work / "first"])
     # What is found is found from where it lies.
     prefix = (work / "first").rename(work / "installed tree")
-    version = re.search(r"project\(JLandXmlConvert VERSION (\S+)", (source / "CMakeLists.txt").read_text()).group(1)
-    use(prefix, work, version, emulator)
+    use(prefix, work, version_of(source), emulator)
 
 
 # How packagers name the folder of libraries: below the prefix or whole, and the documents with the one or the other.
@@ -294,7 +316,7 @@ def install_in_folders(built, source, work):
 
         (place / "work").mkdir()
         installed = Installed(place / "root" / "usr", "", place / "work", lib, "share/doc/packages/converter")
-        installed.check_files()
+        installed.check_files(version_of(source))
         installed.check_documents()
         compiled = " ".join(one["command"] for one in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")))
         expect(f'JLANDXML_MODULE_FOLDER=\\"../{lib}/jlandxml\\"' in compiled, f"{lib}: the module is looked for elsewhere")
@@ -311,7 +333,7 @@ def main(mode, *arguments):
     elif mode == "install":
         install(arguments[0], pathlib.Path(arguments[1]), empty_folder(arguments[2]), *arguments[3:])
     elif mode == "folders":
-        install_in_folders(pathlib.Path(arguments[0]), arguments[1], empty_folder(arguments[2]))
+        install_in_folders(pathlib.Path(arguments[0]), pathlib.Path(arguments[1]), empty_folder(arguments[2]))
     return 1 if failures else 0
 
 
