@@ -35,6 +35,7 @@ RUN_BY = {
     "cmake --preset linux && cmake --build build/linux && ctest --preset linux": ("test.sh", 'ctest --preset "$1"'),
     "build/linux/tests/model_tests": ("tests/CMakeLists.txt", "add_test(NAME ${layer} COMMAND ${layer}_tests)"),
     "tools/wine.sh": ("tests/CMakeLists.txt", "tools/wine.sh"),
+    "cmake -DCMAKE_PREFIX_PATH=": ("tests/checks/installed.py", "-DCMAKE_PREFIX_PATH="),
     "cmake --install": ("tests/checks/installed.py", '"cmake", "--install"'),
     "make --keep-going --jobs=2": ("tests/cli/batch.py", "make --keep-going --jobs=2"),
     "sbatch --wait batch.sh": ("tests/cli/batch.py", "sbatch --wait batch.sh"),

@@ -125,11 +125,23 @@ class Recipes:
             (place / "work" / folder).rename(place / "work" / folder.replace(" ", "-"))
         (place / "Makefile").write_text(self.page.take("make", 0, "make"), encoding="utf-8")
         ended = self.shell("make --keep-going --jobs=2", place)
+        for name in ("settings.json", "Landxml_temp.xml", "widthStake_temp_1.csv"):
+            self.expect("make", "conversions of what is finished", self.conversions_by_make(place), [BROKEN])
+            changed = place / "work" / "農道" / name
+            later = time.time() + 10
+            os.utime(changed, (later, later))
+            self.expect("make", f"conversions after {name}", self.conversions_by_make(place), sorted([BROKEN, "農道"]))
+            os.utime(changed, (0, 0))
         for folder in FOLDERS:
             written = place / "finished" / f"{folder.replace(' ', '-')}.xml"
             if written.exists():
                 written.rename(place / "finished" / f"{folder}.xml")
         self.check("make", place, ended, 2, with_json=False)
+
+    def conversions_by_make(self, place):
+        """The work folders that make would convert."""
+        told = self.shell("make --keep-going --dry-run", place).stdout
+        return sorted(re.findall(r"^jlandxml-convert work/(\S+)", told, re.M))
 
     def xargs(self):
         place = self.prepare("xargs")
