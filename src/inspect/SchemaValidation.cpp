@@ -84,6 +84,14 @@ class FaultGatherer
 
     static void Take(void* gatherer, xmlErrorPtr error) { static_cast<FaultGatherer*>(gatherer)->Add(*error); }
 
+    static void TakeOfParser(void* gatherer, xmlErrorPtr error)
+    {
+        if (error->level == XML_ERR_FATAL)
+        {
+            static_cast<FaultGatherer*>(gatherer)->End(*error);
+        }
+    }
+
     SchemaFaults MoveOut() { return {std::move(faults_), more_}; }
 
   private:
@@ -103,10 +111,30 @@ class FaultGatherer
         lengths_.resize(lengths_.empty() ? 0 : lengths_.size() - 1);
     }
 
+    static SchemaFault Fault(std::string_view path, const xmlError& error)
+    {
+        return {WideFromUtf8(path), Reason(error.message), static_cast<std::size_t>(std::max(error.line, 0))};
+    }
+
+    /// Where the file isn't well-formed the parser stops, and the schema would only miss what it didn't read. In front
+    /// of the other faults, since it says why there are no more of them.
+    void End(const xmlError& error)
+    {
+        if (!hasEnded_)
+        {
+            const std::string_view open = std::string_view(path_).substr(0, openLength_);
+            faults_.insert(faults_.begin(), Fault(open.empty() ? "/" : open, error));
+        }
+        hasEnded_ = true;
+    }
+
     void Add(const xmlError& error)
     {
-        SchemaFault fault{WideFromUtf8(path_), Reason(error.message),
-                          static_cast<std::size_t>(std::max(error.line, 0))};
+        if (hasEnded_)
+        {
+            return;
+        }
+        SchemaFault fault = Fault(path_, error);
         // The path names the element already.
         if (error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_1 || error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_2)
         {
@@ -135,6 +163,7 @@ class FaultGatherer
     std::vector<std::size_t> lengths_; ///< of the paths around them
     std::vector<SchemaFault> faults_;
     std::size_t more_ = 0;
+    bool hasEnded_ = false;
     std::unordered_map<std::wstring, std::size_t>
         attributes_; ///< by their messages, which name them: the place among the faults
 };
@@ -144,7 +173,9 @@ void Ignore(void*, xmlErrorPtr) {}
 /// Puts blanks in the place of the XML declaration: the text is UTF-8 by now, whatever it was declared to be.
 void BlankDeclaration(std::string& text)
 {
-    const std::size_t end = text.starts_with("<?xml ") ? text.find("?>") : std::string::npos;
+    constexpr std::string_view OPEN = "<?xml";
+    const bool isDeclared = text.starts_with(OPEN) && text.find_first_of(" \t\r\n", OPEN.size()) == OPEN.size();
+    const std::size_t end = isDeclared ? text.find("?>") : std::string::npos;
     if (end != std::string::npos)
     {
         std::replace_if(
@@ -231,25 +262,28 @@ xmlParserInputPtr OpenIncluded(const char* uri, const char*, xmlParserCtxtPtr co
     }
 }
 
+/// Takes what the parser says, which it would print.
+class ParserErrors
+{
+  public:
+    ParserErrors(void* context, xmlStructuredErrorFunc take) { xmlSetStructuredErrorFunc(context, take); }
+    ParserErrors(const ParserErrors&) = delete;
+    ParserErrors& operator=(const ParserErrors&) = delete;
+    ~ParserErrors() { xmlSetStructuredErrorFunc(nullptr, nullptr); }
+};
+
 /// While schemas are read, they are opened as all other files are, and what the library says of them isn't printed.
 class ReadingScope
 {
   public:
-    ReadingScope() : former_(xmlGetExternalEntityLoader())
-    {
-        xmlSetExternalEntityLoader(OpenIncluded);
-        xmlSetStructuredErrorFunc(nullptr, Ignore);
-    }
+    ReadingScope() : former_(xmlGetExternalEntityLoader()) { xmlSetExternalEntityLoader(OpenIncluded); }
     ReadingScope(const ReadingScope&) = delete;
     ReadingScope& operator=(const ReadingScope&) = delete;
-    ~ReadingScope()
-    {
-        xmlSetExternalEntityLoader(former_);
-        xmlSetStructuredErrorFunc(nullptr, nullptr);
-    }
+    ~ReadingScope() { xmlSetExternalEntityLoader(former_); }
 
   private:
     xmlExternalEntityLoader former_;
+    ParserErrors errors_{nullptr, Ignore};
 };
 
 Schema ReadSchema(const std::wstring& path)
@@ -325,7 +359,7 @@ SchemaFaults XmlSchema::Validate(std::string bytes) const
     events.initialized = XML_SAX2_MAGIC;
     events.startElementNs = FaultGatherer::StartElement;
     events.endElementNs = FaultGatherer::EndElement;
-    events.serror = Ignore;
+    const ParserErrors errors(&gatherer, FaultGatherer::TakeOfParser);
     xmlSchemaValidateStream(validation.get(), input, XML_CHAR_ENCODING_UTF8, &events, &gatherer);
     return gatherer.MoveOut();
 }
