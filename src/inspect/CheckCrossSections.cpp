@@ -215,13 +215,33 @@ struct Outline
     std::vector<std::pair<double, double>> points;
 };
 
-/// The outlines of a section's pavement layers on a side.
+/// The points to which a line turns back; `direction` is the one in which it has to begin, 0 for either.
+std::vector<const CrossSectPnt*> TurningPoints(const DesignCrossSectSurf& surface, int direction)
+{
+    std::vector<const CrossSectPnt*> turns;
+    for (std::size_t index = 1; index < surface.points.size(); ++index)
+    {
+        const double step = surface.points[index].offset.value - surface.points[index - 1].offset.value;
+        if (step * direction < 0)
+        {
+            turns.push_back(&surface.points[index]);
+        }
+        direction = step > 0 ? 1 : step < 0 ? -1 : direction;
+    }
+    return turns;
+}
+
+/// The outlines of a section's pavement layers.
 std::vector<Outline> PavementLayers(const CrossSect& section)
 {
+    // A layer goes there and back. An outline that turns more often than this is none, its order says so, and so many
+    // edges above each other would be compared for ever.
+    constexpr std::size_t MOST_TURNS = 20;
     std::vector<Outline> layers;
     for (const DesignCrossSectSurf& surface : section.designs)
     {
-        if (surface.name != PAVEMENT || !surface.IsClosed() || surface.points.size() < 3 || !surface.HasPlace())
+        if (surface.name != PAVEMENT || !surface.IsClosed() || surface.points.size() < 3 || !surface.HasPlace() ||
+            TurningPoints(surface, 0).size() > MOST_TURNS)
         {
             continue;
         }
@@ -244,24 +264,58 @@ struct EdgeInStrip
     double At(double part) const { return from + part * (to - from); }
 };
 
-/// The edges of an outline across a strip, from the bottom: from each even one to the next lies the outline's inside.
-std::vector<EdgeInStrip> EdgesInStrip(const Outline& outline, double from, double to)
+/// The edges of an outline across one strip after the other, from left to right.
+class EdgeSweep
 {
-    std::vector<EdgeInStrip> edges;
-    for (std::size_t index = 0; index < outline.points.size(); ++index)
+  public:
+    explicit EdgeSweep(const Outline& outline)
     {
-        const auto& [startOffset, startHeight] = outline.points[index];
-        const auto& [endOffset, endHeight] = outline.points[(index + 1) % outline.points.size()];
-        if (std::min(startOffset, endOffset) <= from && std::max(startOffset, endOffset) >= to)
+        for (std::size_t index = 0; index < outline.points.size(); ++index)
         {
-            const double slope = (endHeight - startHeight) / (endOffset - startOffset);
-            edges.push_back({startHeight + slope * (from - startOffset), startHeight + slope * (to - startOffset)});
+            coming_.push_back({outline.points[index], outline.points[(index + 1) % outline.points.size()]});
         }
+        std::stable_sort(coming_.begin(), coming_.end(),
+                         [](const Edge& one, const Edge& other) { return one.Left() < other.Left(); });
     }
-    std::sort(edges.begin(), edges.end(),
-              [](const EdgeInStrip& one, const EdgeInStrip& other) { return one.At(0.5) < other.At(0.5); });
-    return edges;
-}
+
+    /// The edges across the next strip, from the bottom: from each even one to the next lies the outline's inside.
+    std::vector<EdgeInStrip> EdgesInStrip(double from, double to)
+    {
+        for (; next_ < coming_.size() && coming_[next_].Left() <= from; ++next_)
+        {
+            across_.push_back(coming_[next_]);
+        }
+        std::erase_if(across_, [&](const Edge& edge) { return edge.Right() < to; });
+        std::vector<EdgeInStrip> edges;
+        for (const Edge& edge : across_)
+        {
+            edges.push_back({edge.HeightAt(from), edge.HeightAt(to)});
+        }
+        std::sort(edges.begin(), edges.end(),
+                  [](const EdgeInStrip& one, const EdgeInStrip& other) { return one.At(0.5) < other.At(0.5); });
+        return edges;
+    }
+
+  private:
+    /// Between two points, each an offset and a height.
+    struct Edge
+    {
+        std::pair<double, double> start;
+        std::pair<double, double> end;
+
+        double Left() const { return std::min(start.first, end.first); }
+        double Right() const { return std::max(start.first, end.first); }
+        double HeightAt(double offset) const
+        {
+            const double slope = (end.second - start.second) / (end.first - start.first);
+            return start.second + slope * (offset - start.first);
+        }
+    };
+
+    std::vector<Edge> coming_; ///< by their left ends
+    std::size_t next_ = 0;
+    std::vector<Edge> across_; ///< the last strip
+};
 
 /// Where in a strip two edges cross, as a part of its width; 0 if they don't.
 double Crossing(const EdgeInStrip& one, const EdgeInStrip& other)
@@ -284,16 +338,15 @@ double OverlapInStrip(const EdgeInStrip* first, const EdgeInStrip* second)
     return largest;
 }
 
-double OverlapBetween(const Outline& first, const Outline& second, double from, double to)
+/// The largest overlap in height of two outlines in a strip, by their edges across it.
+double OverlapOfEdges(const std::vector<EdgeInStrip>& first, const std::vector<EdgeInStrip>& second)
 {
-    const std::vector<EdgeInStrip> one = EdgesInStrip(first, from, to);
-    const std::vector<EdgeInStrip> other = EdgesInStrip(second, from, to);
     double largest = 0;
-    for (std::size_t i = 0; i + 1 < one.size(); i += 2)
+    for (std::size_t i = 0; i + 1 < first.size(); i += 2)
     {
-        for (std::size_t j = 0; j + 1 < other.size(); j += 2)
+        for (std::size_t j = 0; j + 1 < second.size(); j += 2)
         {
-            largest = std::max(largest, OverlapInStrip(&one[i], &other[j]));
+            largest = std::max(largest, OverlapInStrip(&first[i], &second[j]));
         }
     }
     return largest;
@@ -311,12 +364,16 @@ double Overlap(const Outline& first, const Outline& second)
         }
     }
     std::sort(offsets.begin(), offsets.end());
+    EdgeSweep one(first);
+    EdgeSweep other(second);
     double largest = 0;
     for (std::size_t index = 1; index < offsets.size(); ++index)
     {
-        if (offsets[index] - offsets[index - 1] > SAME_OFFSET)
+        const double from = offsets[index - 1];
+        const double to = offsets[index];
+        if (to - from > SAME_OFFSET)
         {
-            largest = std::max(largest, OverlapBetween(first, second, offsets[index - 1], offsets[index]));
+            largest = std::max(largest, OverlapOfEdges(one.EdgesInStrip(from, to), other.EdgesInStrip(from, to)));
         }
     }
     return largest;
@@ -349,22 +406,6 @@ bool IsOnTheLeft(const CrossSect& section, const DesignCrossSectSurf& surface)
             }));
 }
 
-/// The points to which a line turns back; `direction` is the one in which it has to begin, 0 for either.
-std::vector<const CrossSectPnt*> TurningPoints(const DesignCrossSectSurf& surface, int direction)
-{
-    std::vector<const CrossSectPnt*> turns;
-    for (std::size_t index = 1; index < surface.points.size(); ++index)
-    {
-        const double step = surface.points[index].offset.value - surface.points[index - 1].offset.value;
-        if (step * direction < 0)
-        {
-            turns.push_back(&surface.points[index]);
-        }
-        direction = step > 0 ? 1 : step < 0 ? -1 : direction;
-    }
-    return turns;
-}
-
 /// The point at which a surface leaves its order; null where it keeps it. A surface goes from left to right, or on the
 /// left from the centre line outward; the outline of a pavement layer there and back once, wherever it begins.
 /// Structures turn as they are built.
@@ -395,6 +436,31 @@ void CheckPair(const Alignment& alignment, const Superelevation& one, const Tran
                         std::wstring(before.kind) + L" " + std::wstring(before.station.text) + L"、" +
                             std::wstring(behind.kind) + L" " + std::wstring(behind.station.text),
                         {behind.station.value, before.station.value, {}});
+    }
+}
+
+/// Holds the stations of one part of a transition to all of the part in front of it.
+void CheckParts(const Alignment& alignment, const Superelevation& one, const std::vector<TransitionStation>& front,
+                const std::vector<TransitionStation>& behind, Findings& findings)
+{
+    std::vector<double> inFront;
+    for (const TransitionStation& station : front)
+    {
+        inFront.push_back(station.station.value);
+    }
+    std::sort(inFront.begin(), inFront.end());
+    for (const TransitionStation& station : behind)
+    {
+        const auto wrong = inFront.end() - std::upper_bound(inFront.begin(), inFront.end(), station.station.value);
+        if (findings.OnlyCounts())
+        {
+            findings.CountMore(static_cast<std::size_t>(wrong));
+            continue;
+        }
+        for (std::size_t index = 0; wrong > 0 && index < front.size(); ++index)
+        {
+            CheckPair(alignment, one, front[index], station, findings);
+        }
     }
 }
 
@@ -473,12 +539,9 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
             const std::vector<TransitionStation>* before = nullptr;
             for (const std::vector<TransitionStation>& part : PartsOf(one))
             {
-                for (const TransitionStation& behind : part)
+                if (before != nullptr)
                 {
-                    for (std::size_t index = 0; before != nullptr && index < before->size(); ++index)
-                    {
-                        CheckPair(alignment, one, (*before)[index], behind, findings);
-                    }
+                    CheckParts(alignment, one, *before, part, findings);
                 }
                 before = part.empty() ? before : &part;
             }

@@ -88,6 +88,9 @@ class Findings
     void Report(const Detail& object, const SourcePlace& place, const Detail& detail = {},
                 const FoundNumbers& numbers = {}, Severity highest = Severity::Error);
 
+    /// True once what the running check says is no longer told, only counted.
+    bool OnlyCounts() const { return count_ > LARGEST_COUNT; }
+
     /// Counts what is said of so many elements more that aren't told one by one, behind LARGEST_COUNT that are.
     void CountMore(std::size_t count) { count_ += count; }
 

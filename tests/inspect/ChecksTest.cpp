@@ -1077,6 +1077,58 @@ TEST_P(CheckCases, LeadFromEveryFindingToAnElementOfThePage)
 INSTANTIATE_TEST_SUITE_P(Inspect, CheckCases, testing::ValuesIn(CASES),
                          [](const auto& one) { return std::string(one.param.name); });
 
+TEST(Checks, CountEveryPairOfStationsThatIsOutOfOrder)
+{
+    constexpr std::size_t COUNT = 30;
+    std::string features = "<Feature name=\"FlatSta\">";
+    for (std::size_t station = 0; station < COUNT; ++station)
+    {
+        features += "<Property label=\"sta\" value=\"150\"/>";
+    }
+    features += "</Feature><Feature name=\"ReverseCrown\">";
+    for (std::size_t station = 0; station < COUNT; ++station)
+    {
+        features += "<Property label=\"sta\" value=\"140\"/>";
+    }
+    const LandXmlFile file =
+        SoundFile({{"<Feature name=\"ReverseCrown\">", features + "</Feature><Feature name=\"ReverseCrown\">"}});
+    const std::vector<Finding> findings = Inspect(file, {FindCheck(L"C01")});
+    ASSERT_EQ(findings.size(), Findings::LARGEST_COUNT + 1);
+    // The one more is the file's own ReverseCrown at 130 m, which lies in front of all of the FlatSta at 150 m.
+    EXPECT_EQ(Utf8FromWide(findings.back().text), "片勾配すりつけの測点の順番が逆です（ほか" +
+                                                      std::to_string(COUNT * (COUNT + 1) - Findings::LARGEST_COUNT) +
+                                                      "件）");
+    EXPECT_EQ(findings.back().severity, Severity::Error);
+}
+
+/// Two pavement layers of which the second, which lies in the first, turns so often.
+std::vector<Change> LayersWithTurns(std::size_t turns)
+{
+    const auto layer = [](const std::string& points) {
+        return "<DesignCrossSectSurf name=\"Pavement\" closedArea=\"true\" side=\"left\">" + points +
+               "</DesignCrossSectSurf>";
+    };
+    const auto point = [](const std::string& offset, const std::string& height) {
+        return "<CrossSectPnt>" + offset + " " + height + "</CrossSectPnt>";
+    };
+    std::string zigzag = point("-1", "-9.0");
+    for (std::size_t turn = 0; turn <= turns; ++turn)
+    {
+        zigzag += point(turn % 2 == 0 ? "-2" : "-1", "-8." + std::to_string(10 + turn));
+    }
+    return {{"<Feature name=\"Formation\">",
+             layer(point("-3", "-9") + point("0", "-9") + point("0", "-8") + point("-3", "-8")) + layer(zigzag) +
+                 "<Feature name=\"Formation\">"}};
+}
+
+TEST(Checks, HoldNoOutlineToOthersThatTurnsTooOftenForALayer)
+{
+    EXPECT_EQ(Said(SoundFile(LayersWithTurns(20)), L"C07").size(), 1U);
+    EXPECT_EQ(Said(SoundFile(LayersWithTurns(20)), L"C04").size(), 1U);
+    EXPECT_EQ(Said(SoundFile(LayersWithTurns(21)), L"C07").size(), 0U);
+    EXPECT_EQ(Said(SoundFile(LayersWithTurns(21)), L"C04").size(), 1U);
+}
+
 TEST(Checks, SayWhereAFileDoesNotFollowItsSchema)
 {
     LandXmlFile file = SoundFile();
