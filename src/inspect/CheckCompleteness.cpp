@@ -40,7 +40,7 @@ class CompletenessCheck
         }
         for (const PlanPoint& point : alignment.intersections)
         {
-            CheckPoint(Path(name, L"PI " + std::wstring(point.name)), point);
+            CheckPoint(Path(name, IntersectionName(point)), point);
         }
         for (const StaEquation& equation : alignment.equations)
         {
@@ -233,8 +233,7 @@ class CompletenessCheck
             {
                 if (!point.IsOtherPoint())
                 {
-                    ExpectCount(Path(Path(name, surface.name), L"CrossSectPnt " + std::wstring(point.code)), point,
-                                point.figureCount, 2, 2);
+                    ExpectCount(Path(Path(name, surface.name), NameOf(point)), point, point.figureCount, 2, 2);
                 }
             }
         }

@@ -305,7 +305,7 @@ void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
     {
         if (has(point))
         {
-            visit(ReferenceOf(point, [&] { return Path(NameOf(alignment), L"PI " + std::wstring(point.name)); }));
+            visit(ReferenceOf(point, [&] { return Path(NameOf(alignment), IntersectionName(point)); }));
         }
     }
     for (const CrossSects& sects : alignment.crossSects)
@@ -319,8 +319,7 @@ void ForEachReferenceOf(const Alignment& alignment, Visit&& visit)
                     if (has(point))
                     {
                         visit(Reference{point.pntRef, point.featureRef, {}, point, [&] {
-                                            return Path(Path(NameOf(alignment), NameOf(section)),
-                                                        L"CrossSectPnt " + std::wstring(point.code));
+                                            return Path(Path(NameOf(alignment), NameOf(section)), NameOf(point));
                                         }});
                     }
                 }
@@ -417,22 +416,20 @@ void CheckPointReferences(const LandXmlFile& file, Findings& findings)
         const auto found = counts.find(reference);
         return found != counts.end() && found->second > (reference == own ? 1U : 0U);
     };
+    const auto check = [&](const Reference& reference) {
+        if (!reference.pntRef.empty() && (reference.isRound || !leadsToAnother(reference.pntRef, reference.ownName)))
+        {
+            findings.Report(reference.object(), reference.place, reference.pntRef);
+        }
+    };
     for (const PointGroup& group : file.pointGroups)
     {
         for (const CgPoint& one : group.points)
         {
-            if (one.point.isRound || (!one.point.pntRef.empty() && !leadsToAnother(one.point.pntRef, one.point.name)))
-            {
-                findings.Report(Path(NameOf(group), NameOf(one)), one.point, one.point.pntRef);
-            }
+            check(ReferenceOf(one.point, [&] { return Path(NameOf(group), NameOf(one)); }));
         }
     }
-    ForEachReference(file, [&](const Reference& reference) {
-        if (reference.isRound || (!reference.pntRef.empty() && !leadsToAnother(reference.pntRef, reference.ownName)))
-        {
-            findings.Report(reference.object(), reference.place, reference.pntRef);
-        }
-    });
+    ForEachReference(file, check);
 }
 
 void CheckNamesUnique(const LandXmlFile& file, Findings& findings)

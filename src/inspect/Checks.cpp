@@ -330,9 +330,8 @@ constexpr Check CHECKS[] = {
      {},
      {L"横断面の線が左から右に並んでいません", L"A line of a cross section doesn't run from left to right"},
      {L"離れの順に並べてください。左側の構築形状は中心から外側への順でも、舗装の輪郭は一往復でも構いません",
-      L"Put the points in the order of offsets; surfaces on the left may run outward, outlines of pavement once there "
-      L"and "
-      L"back"},
+      L"Put the points in the order of offsets; surfaces on the left may run outward, outlines of pavement once "
+      L"there and back"},
      JLANDXML,
      CheckFromLeftToRight},
     {L"C05",

@@ -118,7 +118,7 @@ Figure ElementReader::Noted(Figure figure, std::wstring_view what, const SourceP
 Figure ElementReader::Number(pugi::xml_node element, const wchar_t* attribute)
 {
     const Figure figure = ReadFigure(AttributeText(element, attribute));
-    if (figure.IsFinite() || (figure.IsNumber() && MayBeInfinite(attribute)))
+    if (!figure.IsWritten() || figure.IsFinite() || (figure.IsNumber() && MayBeInfinite(attribute)))
     {
         return figure;
     }

@@ -82,6 +82,16 @@ Detail NameOf(const Superelevation& superelevation)
     return {{L"片勾配すりつけ {}", L"Superelevation {}"}, {superelevation.staStart.text}};
 }
 
+std::wstring NameOf(const CrossSectPnt& point)
+{
+    return L"CrossSectPnt " + std::wstring(point.code);
+}
+
+std::wstring IntersectionName(const PlanPoint& point)
+{
+    return L"PI " + std::wstring(point.name);
+}
+
 const Sentence& KindOf(const PlanElement& element)
 {
     return element.IsClothoid() ? CLOTHOID_NAME : KIND_NAMES[static_cast<std::size_t>(element.kind)];

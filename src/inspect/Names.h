@@ -30,6 +30,11 @@ std::wstring NameOf(const ProfileElement& element);
 Detail NameOf(const ProfSurf& ground);
 Detail NameOf(const Superelevation& superelevation);
 
+std::wstring NameOf(const CrossSectPnt& point);
+
+/// A point where an alignment's tangents meet: PI IP.1.
+std::wstring IntersectionName(const PlanPoint& point);
+
 /// A point of a surface by its number: 現況地形／点 3.
 Detail NameOf(const Surface& surface, const SurfacePoint& point);
 

@@ -103,6 +103,11 @@ std::optional<double> ProfilePoint::CurveRadius() const
                : std::nullopt;
 }
 
+std::optional<ProfileLine> LineOf(const ProfAlign* profile)
+{
+    return profile != nullptr ? std::optional<ProfileLine>(*profile) : std::nullopt;
+}
+
 ProfileLine::ProfileLine(const ProfAlign& profile)
 {
     for (const ProfileElement& element : profile.elements)

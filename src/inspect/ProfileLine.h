@@ -51,6 +51,9 @@ class ProfileLine
     bool isRising_ = true;
 };
 
+/// The line of a design profile; nothing for null.
+std::optional<ProfileLine> LineOf(const ProfAlign* profile);
+
 /// A ground line of a profile or, with offsets in the place of stations, of a cross section: straight between its
 /// points, with gaps between its lists.
 class GroundLine

@@ -192,9 +192,7 @@ class PageWriter
         std::size_t drawn = 0;
         for (const CrossSects& sects : alignment.crossSects)
         {
-            const ProfAlign* const profile = DesignProfile(alignment, sects);
-            const std::optional<ProfileLine> design =
-                profile != nullptr ? std::optional<ProfileLine>(*profile) : std::nullopt;
+            const std::optional<ProfileLine> design = LineOf(DesignProfile(alignment, sects));
             for (const CrossSect& section : sects.sections)
             {
                 if (drawn < most && page_.Size() < MOST_BYTES_OF_DRAWINGS)

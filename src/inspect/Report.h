@@ -63,6 +63,9 @@ bool IsSpotToBeDrawn(const Drawing& drawing, const SourcePlace& place);
 /// A dot at the place of something that isn't drawn but where a finding is about it.
 void DrawSpot(Drawing& drawing, const SourcePlace& place, double x, double y);
 
+/// 1, 2 or 5 times a power of ten: the largest that isn't more.
+double RoundStep(double most);
+
 /// A bar of 1, 2 or 5 times a power of ten metres, about a sixth of a drawing whose unit is the metre and whose lower
 /// left corner and width are given.
 void DrawScaleBar(Html& page, double left, double bottom, double width);

@@ -763,10 +763,15 @@ void DrawSpot(Drawing& drawing, const SourcePlace& place, double x, double y)
     }
 }
 
+double RoundStep(double most)
+{
+    const double power = std::pow(10, std::floor(std::log10(most)));
+    return power * (most >= 5 * power ? 5 : most >= 2 * power ? 2 : 1);
+}
+
 void DrawScaleBar(Html& page, double left, double bottom, double width)
 {
-    const double power = std::pow(10, std::floor(std::log10(width / 6)));
-    const double length = power * (width / 6 >= 5 * power ? 5 : width / 6 >= 2 * power ? 2 : 1);
+    const double length = RoundStep(width / 6);
     const double x = left + width * 0.02;
     const double y = bottom - width * 0.015;
     page.Raw("<path class=\"scale\" d=\"M").Number(x).Raw(" ").Number(y).Raw("h").Number(length).Raw("\"/>");

@@ -181,8 +181,7 @@ class ProfileDrawer
         const double middle = heights.IsEmpty() ? 0 : (heights.Smallest() + heights.Largest()) / 2;
         const double half = heights.IsEmpty() ? 5 : std::max((heights.Largest() - heights.Smallest()) * 0.6, 1.0);
         // From the datum line on, which is at a whole number of steps, and up to another.
-        const double power = std::pow(10, std::floor(std::log10(half / 2)));
-        step_ = half / 2 >= 5 * power ? 5 * power : half / 2 >= 2 * power ? 2 * power : power;
+        step_ = RoundStep(half / 2);
         lowest_ = std::floor((middle - half) / step_) * step_;
         highest_ = std::ceil((middle + half) / step_) * step_;
     }
@@ -226,7 +225,6 @@ class ProfileDrawer
     /// The scale of heights, from the datum line (DL) on.
     void DrawHeights(Html& page) const
     {
-        constexpr double BESIDE_THE_AXIS = 16;
         constexpr double MARK = 4;
         const double axis = HEADS - 1;
         page.Raw("<path class=\"datum\" d=\"M")
@@ -252,7 +250,7 @@ class ProfileDrawer
                     isDatum ? L"DL=" + height : height);
         }
         const std::wstring times = ShortNumber(GRAPH / (highest_ - lowest_) / scale_, 1);
-        page.Words("text x=\"10\" y=\"" + std::to_string(static_cast<int>(BESIDE_THE_AXIS)) + "\"",
+        page.Words("text x=\"10\" y=\"16\"",
                    Detail({L"標高（m）　縦は横の{}倍", L"Elevation (m), drawn out {} times"}, {times}));
     }
 
@@ -384,8 +382,7 @@ class ProfileDrawer
 
     void DrawBands()
     {
-        const ProfAlign* const design = DesignProfile(alignment_);
-        const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
+        const std::optional<ProfileLine> line = LineOf(DesignProfile(alignment_));
         std::optional<GroundLine> ground;
         for (const Profile& profile : alignment_.profiles)
         {

@@ -233,8 +233,7 @@ std::optional<std::string> SchemaText(const std::wstring& path)
     return text.size() > INT_MAX ? std::nullopt : std::optional(std::move(text));
 }
 
-/// Opens a schema that another one includes, by the name that users see. No exception may pass
-/// through the library.
+/// Opens a schema that another one includes, by the name that users see. No exception may pass through the library.
 xmlParserInputPtr OpenIncluded(const char* uri, const char*, xmlParserCtxtPtr context)
 {
     try

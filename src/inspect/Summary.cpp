@@ -5,6 +5,7 @@
 #include "inspect/Names.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace jlandxml::inspect
 {
@@ -256,34 +257,32 @@ std::size_t CountOf(const Alignment& alignment, ElementKind kind)
                                                   [&](const PlanElement& element) { return element.kind == kind; }));
 }
 
+namespace
+{
+
+/// How many elements the lists of such members have together.
+template <class Owner, class Element>
+std::size_t CountIn(const std::vector<Owner>& owners, std::vector<Element> Owner::*list)
+{
+    return std::accumulate(owners.begin(), owners.end(), std::size_t{0},
+                           [&](std::size_t sum, const Owner& owner) { return sum + (owner.*list).size(); });
+}
+
+} // namespace
+
 std::size_t CountOfSections(const Alignment& alignment)
 {
-    std::size_t count = 0;
-    for (const CrossSects& sects : alignment.crossSects)
-    {
-        count += sects.sections.size();
-    }
-    return count;
+    return CountIn(alignment.crossSects, &CrossSects::sections);
 }
 
 std::size_t CountOfDesigns(const Alignment& alignment)
 {
-    std::size_t count = 0;
-    for (const Profile& profile : alignment.profiles)
-    {
-        count += profile.designs.size();
-    }
-    return count;
+    return CountIn(alignment.profiles, &Profile::designs);
 }
 
 std::size_t CountOfGrounds(const Alignment& alignment)
 {
-    std::size_t count = 0;
-    for (const Profile& profile : alignment.profiles)
-    {
-        count += profile.grounds.size();
-    }
-    return count;
+    return CountIn(alignment.profiles, &Profile::grounds);
 }
 
 std::wstring SummaryText(const LandXmlFile& file, Language language)

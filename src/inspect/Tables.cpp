@@ -146,8 +146,7 @@ void AddStations(const AlignmentReferences& references, const Alignment& alignme
 {
     const Course course(alignment);
     const OwnFigures own(references, alignment);
-    const ProfAlign* const design = DesignProfile(alignment);
-    const std::optional<ProfileLine> line = design != nullptr ? std::optional<ProfileLine>(*design) : std::nullopt;
+    const std::optional<ProfileLine> line = LineOf(DesignProfile(alignment));
     const ProfSurf* const firstGround = FirstGround(alignment);
     const std::optional<GroundLine> ground =
         firstGround != nullptr ? std::optional<GroundLine>(firstGround->lists) : std::nullopt;
