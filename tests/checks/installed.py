@@ -285,7 +285,7 @@ def use(prefix, work, version, emulator=""):
 
 
 def version_of(source):
-    return re.search(r"project\(JLandXmlConvert VERSION (\S+)", (source / "CMakeLists.txt").read_text()).group(1)
+    return must([source / "tools" / "version.sh"]).strip()
 
 
 def install(build, source, work, emulator=""):

@@ -2,6 +2,7 @@
 
 #include "inspect/Checks.h"
 
+#include "CodesWithTolerance.h"
 #include "SoundFile.h"
 
 #include <set>
@@ -159,14 +160,7 @@ INSTANTIATE_TEST_SUITE_P(Inspect, Borders, testing::ValuesIn(BORDERS),
 
 TEST(Border, IsThereForEveryTolerance)
 {
-    std::set<std::wstring> codes;
-    for (const Check& check : AllChecks())
-    {
-        if (check.tolerance)
-        {
-            codes.insert(check.code);
-        }
-    }
+    std::set<std::wstring> codes = CodesWithTolerance();
     for (const Border& border : BORDERS)
     {
         codes.erase(border.code);
