@@ -67,7 +67,10 @@ endfunction()
 if(CPACK_GENERATOR STREQUAL DEB)
     prepare_debian_package()
 elseif(CPACK_GENERATOR STREQUAL NSIS)
-    file(COPY ${CPACK_INSTALLER_NOTICES}/ DESTINATION ${root}/share/doc/jlandxml-convert)
+    # Always, where a plain copy spares what is of the same second: all notices are written in one.
+    foreach(name NOTICES.txt jlandxml-convert.spdx)
+        file(COPY_FILE ${CPACK_INSTALLER_NOTICES}/${name} ${root}/share/doc/jlandxml-convert/${name})
+    endforeach()
     list_for_installer()
 endif()
 
