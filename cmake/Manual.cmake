@@ -1,5 +1,5 @@
 # The manual as pages for a browser, made of the documents of the repository, with their pictures: target manual_html.
-set(JLANDXML_MANUAL_PAGES manual.ja manual warnings batch hosts)
+set(JLANDXML_MANUAL_PAGES manual.ja manual warnings batch hosts README.ja README)
 set(JLANDXML_MANUAL_FOLDER ${CMAKE_BINARY_DIR}/manual)
 
 find_program(CMARK_PROGRAM cmark-gfm)
@@ -12,6 +12,9 @@ set(manual_files)
 set(manual_pictures)
 foreach(page ${JLANDXML_MANUAL_PAGES})
     set(source ${PROJECT_SOURCE_DIR}/docs/${page}.md)
+    if(page MATCHES "^README")
+        set(source ${PROJECT_SOURCE_DIR}/${page}.md)
+    endif()
     set(made ${JLANDXML_MANUAL_FOLDER}/${page}.html)
     add_custom_command(OUTPUT ${made}
         COMMAND ${CMAKE_COMMAND} -DCMARK=${CMARK_PROGRAM} -DSOURCE=${source} "-DPAGES=${JLANDXML_MANUAL_PAGES}" -DPAGE=${made}
@@ -20,7 +23,7 @@ foreach(page ${JLANDXML_MANUAL_PAGES})
     list(APPEND manual_files ${made})
 
     # Pictures stand beside the pages as they stand beside the documents.
-    file(STRINGS ${source} lines REGEX "\\]\\(images/" ENCODING UTF-8)
+    file(STRINGS ${source} lines REGEX "\\]\\((docs/)?images/" ENCODING UTF-8)
     string(REGEX MATCHALL "images/[a-z-]+\\.png" pictures "${lines}")
     list(APPEND manual_pictures ${pictures})
 endforeach()

@@ -1,5 +1,5 @@
 # Makes a page of a document. Headings can be linked to, and links between documents lead to their pages; one that is
-# installed in the folder above (the READMEs) is linked to as it is, any other is named without a link.
+# installed in the folder above is linked to as it is, any other is named without a link.
 #
 #   cmake -DCMARK=<cmark-gfm> -DSOURCE=<document> -DPAGES=<names of the documents that are pages> -DPAGE=<file to be made>
 #         -P ManualPage.cmake
@@ -41,8 +41,12 @@ while(rest MATCHES "<h([1-6])>([^\n]*)</h[1-6]>")
 endwhile()
 string(APPEND body "${rest}")
 
+if(SOURCE MATCHES "/README[^/]*$") # the pages lie together, as the documents do, but for the READMEs
+    string(REGEX REPLACE "(href|src)=\"docs/" "\\1=\"" body "${body}")
+    string(REGEX REPLACE "href=\"([A-Z]+\\.md)" "href=\"../\\1" body "${body}")
+endif()
 foreach(name ${PAGES})
-    string(REPLACE "href=\"${name}.md" "href=\"${name}.html" body "${body}")
+    string(REGEX REPLACE "href=\"(\\.\\./)?${name}\\.md" "href=\"${name}.html" body "${body}")
 endforeach()
 string(REGEX REPLACE "<a href=\"([^.\"]|\\.\\./[^A-Z\"])[^\"]*\\.md[^\"]*\">([^<]*)</a>" "\\2" body "${body}")
 

@@ -1,6 +1,12 @@
 # Completion of jlandxml-inspect for bash.
 _jlandxml_inspect() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    # The shell takes --option=VALUE for three words.
+    if [ "$current" = = ]; then
+        current=
+    elif [ "$previous" = = ]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
     local options='--json --checks --ignore --fail-on --schema --csv --report --list-checks -h --help -V --version'
     case $previous in
         --checks | --ignore) COMPREPLY=() ;;

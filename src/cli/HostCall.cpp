@@ -28,7 +28,7 @@ constexpr const char* MODULE_FOLDERS[] = {"", JLANDXML_MODULE_FOLDER};
 
 #ifdef _WIN32
 
-constexpr const wchar_t* MODULE_NAME = L"JLandXmlConvert.dll";
+constexpr const char* MODULE_NAME = "JLandXmlConvert.dll";
 
 std::wstring ThisProgram()
 {
@@ -71,7 +71,8 @@ class Module
 
 #else
 
-constexpr const wchar_t* MODULE_NAME = L"libJLandXmlConvert.so";
+/// With the number of the interface that this program was made for.
+constexpr const char* MODULE_NAME = "libJLandXmlConvert.so." JLANDXML_MODULE_SOVERSION;
 
 std::wstring ThisProgram()
 {
@@ -121,7 +122,7 @@ std::wstring ModulePath()
     for (const char* const folder : MODULE_FOLDERS)
     {
         const std::u8string path =
-            (programs / folder / PathOf(MODULE_NAME)).lexically_normal().make_preferred().u8string();
+            (programs / folder / MODULE_NAME).lexically_normal().make_preferred().u8string();
         const std::wstring wide = WideFromUtf8(std::string(path.begin(), path.end()));
         if (PathExists(wide))
         {

@@ -25,7 +25,7 @@ PROGRAMS = ["bin/jlandxml-convert{exe}", "bin/jlandxml-inspect{exe}"]
 FOR_HOSTS = ["include/jlandxml/JLandXmlConvert.h", "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfig.cmake",
              "{lib}/cmake/JLandXmlConvert/JLandXmlConvertConfigVersion.cmake"]
 DOCUMENTS = ["README.md", "README.ja.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md", "NOTICES.txt", "jlandxml-convert.spdx",
-             "docs/warnings.md", "docs/hosts.md", "docs/packages.md", "docs/images/alignment-linux.png", "manual/manual.ja.html",
+             "docs/warnings.md", "docs/hosts.md", "docs/packages.md", "docs/images/alignment-linux.png", "manual/manual.ja.html", "manual/README.ja.html",
              "manual/images/alignment-windows.png", "examples/road/settings.json", "examples/bypass/make.py",
              "examples/bypass/settings.json", "examples/host-c/main.c", "examples/host-qt/main.cpp"]
 ON_LINUX = ["{lib}/jlandxml/libJLandXmlConvert.so", "{lib}/jlandxml/libJLandXmlConvert.so.1", "{lib}/pkgconfig/jlandxmlconvert.pc",
@@ -204,13 +204,18 @@ class Installed:
         prefix = folder / "prefix"
         prefix.symlink_to(self.prefix)
         shutil.copy(self.documents / "examples" / "host-c" / "main.c", folder)
-        (folder / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.21)\nproject(Host C)\nadd_executable(host main.c)\n" +
+        (keeping_its_path,) = re.findall(r"`(set\(CMAKE_INSTALL_RPATH[^`]*)`", page)
+        (folder / "CMakeLists.txt").write_text(f"cmake_minimum_required(VERSION 3.21)\nproject(Host C)\n{keeping_its_path}\n"
+                                               "add_executable(host main.c)\ninstall(TARGETS host)\n" +
                                                "".join(code for language, code in blocks(page) if language == "cmake"))
         if self.is_windows:
             (folder / "bin" / "gcc").symlink_to(shutil.which("x86_64-w64-mingw32-gcc-posix"))
             shutil.copy(self.prefix / self.lib / "jlandxml" / "JLandXmlConvert.dll", folder)
         else:
-            yield self.build_host("host", folder)
+            built = self.build_host("host", folder)
+            yield built
+            must(["cmake", "--install", built.parent, "--prefix", folder / "installed"])
+            yield folder / "installed" / "bin" / "host"
         environment = dict(os.environ, PATH=f"{folder / 'bin'}:{os.environ['PATH']}",
                            PKG_CONFIG_PATH=str(self.place(prefix, "{lib}/pkgconfig/jlandxmlconvert.pc").parent))
         commands = [code for language, code in blocks(page) if language == ("sh windows" if self.is_windows else "sh")]
@@ -219,12 +224,20 @@ class Installed:
             must(["bash", "-ec", command.replace("PREFIX", "prefix")], cwd=folder, env=environment)
             yield folder / ("host" + self.exe)
         if self.is_windows:
+            self.compile_loading_by_page(page, folder)
             # The other linker isn't here: an import library is made of the same definition and linked by what is here.
             must(["x86_64-w64-mingw32-dlltool", "-d", prefix / "lib" / "jlandxml" / "JLandXmlConvert.def", "-l", "JLandXmlConvert.lib"],
                  cwd=folder)
             must([folder / "bin" / "gcc", "-municode", "main.c", "-I", prefix / "include", "JLandXmlConvert.lib", "-o", "by-definition.exe"],
                  cwd=folder)
             yield folder / "by-definition.exe"
+
+    def compile_loading_by_page(self, page, folder):
+        """Only compiled: the path in it is that of nobody's host."""
+        (code,) = [code for language, code in blocks(page) if language == "c"]
+        (folder / "loading.c").write_text("#include <windows.h>\n#include <jlandxml/JLandXmlConvert.h>\n"
+                                          f"int main(void)\n{{\n{code}return execute == NULL;\n}}\n")
+        must([folder / "bin" / "gcc", "-Wall", "-Wextra", "-Werror", "-c", "loading.c", "-I", self.prefix / "include"], cwd=folder)
 
     def try_host_by_page(self):
         """The steps in which the page has a host tried."""
@@ -263,7 +276,7 @@ def planted(work):
     folder = work / "planted" / "bin"
     for place in [folder, work / "planted" / "lib" / "jlandxml"]:
         place.mkdir(parents=True, exist_ok=True)
-        for name in ["libJLandXmlConvert.so", "JLandXmlConvert.dll"]:
+        for name in ["libJLandXmlConvert.so", "libJLandXmlConvert.so.1", "JLandXmlConvert.dll"]:
             (place / name).write_text("planted")
     return folder
 

@@ -39,10 +39,11 @@ def of_zsh(path):
     return found
 
 
-def completed_by_bash(path, program, word):
+def completed_by_bash(path, program, *words):
+    """With the words as the shell hands them over."""
     function = "_" + program.replace("-", "_")
-    script = f'. "{path}"; COMP_WORDS=({program} "$1"); COMP_CWORD=1; {function}; printf "%s\\n" "${{COMPREPLY[@]}}"'
-    run = subprocess.run(["bash", "-uc", script, "bash", word], capture_output=True, check=True, encoding="utf-8")
+    script = f'. "{path}"; COMP_WORDS=({program} "$@"); COMP_CWORD=$#; {function}; printf "%s\\n" "${{COMPREPLY[@]}}"'
+    run = subprocess.run(["bash", "-uc", script, "bash", *words], capture_output=True, check=True, encoding="utf-8")
     return set(run.stdout.split())
 
 
@@ -83,6 +84,10 @@ def main(source, programs):
         expect("zsh", completed_by_zsh(zsh, program.name, options), {option for option in options if option.startswith("--")})
         expect("bash after -", completed_by_bash(bash, program.name, "-"), options)
         expect("bash after --re", completed_by_bash(bash, program.name, "--re"), {"--report"})
+        for words in ["--report"], ["--report", "="]:
+            expect(f"bash after {words}", completed_by_bash(bash, program.name, *words, "/us"), {"/usr"})
+        if "--fail-on" in options:
+            expect("bash after --fail-on=", completed_by_bash(bash, program.name, "--fail-on", "="), {"誤り", "警告", "情報"})
     for failure in failures:
         print(failure)
     return 1 if failures else 0
