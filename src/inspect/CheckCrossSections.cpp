@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "inspect/Names.h"
 #include "inspect/ProfileLine.h"
+#include "inspect/Summary.h"
 
 #include <algorithm>
 #include <array>
@@ -46,6 +47,28 @@ void ForEachSection(const LandXmlFile& file, Visit&& visit)
             for (const CrossSect& section : sects.sections)
             {
                 visit(alignment, section);
+            }
+        }
+    });
+}
+
+/// Visits every section with the height of the profile that it hangs on, if that reaches it.
+template <class Visit>
+void ForEachSectionOnProfile(const LandXmlFile& file, Visit&& visit)
+{
+    ForEachAlignment(file, [&](const Alignment& alignment) {
+        std::map<const ProfAlign*, std::optional<ProfileLine>> lines;
+        for (const CrossSects& sects : alignment.crossSects)
+        {
+            const ProfAlign* const design = DesignProfile(alignment, sects);
+            const auto [line, isNew] = lines.try_emplace(design);
+            if (isNew)
+            {
+                line->second = LineOf(design);
+            }
+            for (const CrossSect& section : sects.sections)
+            {
+                visit(alignment, section, line->second ? line->second->HeightAt(section.station.value) : std::nullopt);
             }
         }
     });
@@ -109,10 +132,14 @@ struct CentreHeight
     const DesignCrossSectSurf* surface;
     const CrossSectPnt* point;
     Figure height;
+    double expected; ///< what it should be, as the surface's own points count heights
+
+    /// How far it lies above where it should, however the surface counts heights.
+    double Excess() const { return height.value - expected; }
 };
 
 /// Every height that a surface has at an offset.
-std::vector<CentreHeight> HeightsAt(const DesignCrossSectSurf& surface, double offset)
+std::vector<CentreHeight> HeightsAt(const DesignCrossSectSurf& surface, double offset, double expected)
 {
     std::vector<CentreHeight> heights;
     const CrossSectPnt* before = nullptr;
@@ -126,14 +153,14 @@ std::vector<CentreHeight> HeightsAt(const DesignCrossSectSurf& surface, double o
         const double past = point.offset.value - offset;
         if (std::abs(past) <= SAME_OFFSET)
         {
-            heights.push_back({&surface, &point, point.height});
+            heights.push_back({&surface, &point, point.height, expected});
         }
         const double lacking = before != nullptr ? offset - before->offset.value : 0;
         if (past * lacking > 0 && std::min(std::abs(past), std::abs(lacking)) > SAME_OFFSET)
         {
             const double part = lacking / (past + lacking);
-            heights.push_back(
-                {&surface, before, {{}, before->height.value + part * (point.height.value - before->height.value)}});
+            const double height = before->height.value + part * (point.height.value - before->height.value);
+            heights.push_back({&surface, before, {{}, height}, expected});
         }
         before = &point;
     }
@@ -145,11 +172,11 @@ std::vector<CentreHeight> HeightsAt(const DesignCrossSectSurf& surface, double o
 std::optional<CentreHeight> HeightAtFormation(const CrossSect& section, const DesignCrossSectSurf& surface,
                                               double expected)
 {
-    const std::vector<CentreHeight> heights = HeightsAt(surface, FormationFigure(section, L"clOffset"));
+    const std::vector<CentreHeight> heights = HeightsAt(surface, FormationFigure(section, L"clOffset"), expected);
     const auto best =
         std::min_element(heights.begin(), heights.end(), [&](const CentreHeight& one, const CentreHeight& other) {
-            return surface.IsClosed() ? one.height.value > other.height.value
-                                      : std::abs(one.height.value - expected) < std::abs(other.height.value - expected);
+            return surface.IsClosed() ? one.Excess() > other.Excess()
+                                      : std::abs(one.Excess()) < std::abs(other.Excess());
         });
     return best != heights.end() ? std::optional(*best) : std::nullopt;
 }
@@ -158,6 +185,11 @@ std::optional<CentreHeight> HeightAtFormation(const CrossSect& section, const De
 double FormationHeight(const CrossSect& section, const DesignCrossSectSurf& surface, double profileHeight)
 {
     return FormationFigure(section, L"fhOffset") + (surface.IsRelativeToProfile() ? 0 : profileHeight);
+}
+
+bool BearsFormationHeight(const DesignCrossSectSurf& surface)
+{
+    return !IsAmong(OFF_FORMATION_HEIGHT, surface.name);
 }
 
 /// The heights of a section's surfaces at the place of the formation height: of each surface of the road or embankment,
@@ -170,7 +202,7 @@ std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profi
     {
         const std::optional<CentreHeight> height =
             HeightAtFormation(section, surface, FormationHeight(section, surface, profileHeight));
-        if (!height || IsAmong(OFF_FORMATION_HEIGHT, surface.name))
+        if (!height || !BearsFormationHeight(surface))
         {
             continue;
         }
@@ -180,7 +212,7 @@ std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profi
             continue;
         }
         CentreHeight& top = tops.try_emplace(surface.side, *height).first->second;
-        top = height->height.value > top.height.value ? *height : top;
+        top = height->Excess() > top.Excess() ? *height : top;
     }
     for (const auto& [side, top] : tops)
     {
@@ -189,22 +221,39 @@ std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profi
     return heights;
 }
 
-void CheckCentreHeight(const Alignment& alignment, const CrossSect& section, const ProfileLine& line,
-                       Findings& findings)
+void CheckCentreHeight(const Alignment& alignment, const CrossSect& section, double profileHeight, Findings& findings)
 {
-    const std::optional<double> height = line.HeightAt(section.station.value);
-    if (!height)
-    {
-        return;
-    }
-    for (const auto& [surface, point, found] : CentreHeightsOf(section, *height))
+    for (const auto& [surface, point, height, expected] : CentreHeightsOf(section, profileHeight))
     {
         const bool isRelative = surface->IsRelativeToProfile();
-        findings.Measure(
-            SurfaceName(alignment, section, *surface), *point, found, FormationHeight(section, *surface, *height),
-            {isRelative ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
-                        : Sentence{L"標高", L"elevation"},
-             {ShortNumber(*height, 3)}});
+        findings.Measure(SurfaceName(alignment, section, *surface), *point, height, expected,
+                         {isRelative
+                              ? Sentence{L"計画高からの高さ（計画高 {} m）", L"from the formation height of {} m"}
+                              : Sentence{L"標高", L"elevation"},
+                          {ShortNumber(profileHeight, 3)}});
+    }
+}
+
+/// Says that a section tells the place of its formation height beside all of the road or embankment, where no height
+/// can be judged. Between the two sides of a divided road it may lie in the open.
+void CheckFormationPlace(const Alignment& alignment, const CrossSect& section, Findings& findings)
+{
+    Range offsets;
+    for (const DesignCrossSectSurf& surface : section.designs)
+    {
+        for (const CrossSectPnt& point : surface.points)
+        {
+            offsets.Take(point.IsOffsetAndHeight() && BearsFormationHeight(surface) ? point.offset.value : NAN);
+        }
+    }
+    const Figure place = ReadFigure(PropertyValue(section.features, L"Formation", L"clOffset"));
+    const bool isBeside = !offsets.IsEmpty() && (place.value < offsets.Smallest() - SAME_OFFSET ||
+                                                 place.value > offsets.Largest() + SAME_OFFSET);
+    if (isBeside && place.IsFinite())
+    {
+        findings.Report(SectionName(alignment, section), section,
+                        {{L"離れ {}には構築形状がない", L"no surface at the offset {}"}, {place.text}}, {},
+                        Severity::Information);
     }
 }
 
@@ -212,6 +261,7 @@ void CheckCentreHeight(const Alignment& alignment, const CrossSect& section, con
 struct Outline
 {
     const DesignCrossSectSurf* surface;
+    bool isRelative; ///< its heights count from the profile
     std::vector<std::pair<double, double>> points;
 };
 
@@ -231,8 +281,9 @@ std::vector<const CrossSectPnt*> TurningPoints(const DesignCrossSectSurf& surfac
     return turns;
 }
 
-/// The outlines of a section's pavement layers.
-std::vector<Outline> PavementLayers(const CrossSect& section)
+/// The outlines of a section's pavement layers: with heights from the profile where its height is known, else as they
+/// are.
+std::vector<Outline> PavementLayers(const CrossSect& section, std::optional<double> profileHeight)
 {
     // A layer goes there and back. An outline that turns more often than this is none, its order says so, and so many
     // edges above each other would be compared for ever.
@@ -245,10 +296,12 @@ std::vector<Outline> PavementLayers(const CrossSect& section)
         {
             continue;
         }
-        Outline outline{&surface, {}};
+        const bool isRelative = surface.IsRelativeToProfile();
+        const double zero = isRelative ? 0 : profileHeight.value_or(0);
+        Outline outline{&surface, isRelative || profileHeight, {}};
         for (const CrossSectPnt& point : surface.points)
         {
-            outline.points.emplace_back(point.offset.value, point.height.value);
+            outline.points.emplace_back(point.offset.value, point.height.value - zero);
         }
         layers.push_back(std::move(outline));
     }
@@ -377,6 +430,13 @@ double Overlap(const Outline& first, const Outline& second)
         }
     }
     return largest;
+}
+
+void CheckLayersApart(const Alignment& alignment, const CrossSect& section, const Outline& first, const Outline& second,
+                      Findings& findings)
+{
+    findings.MeasureGap(SurfaceName(alignment, section, *second.surface), *second.surface, Overlap(first, second),
+                        {{L"{}と重なる", L"over {}"}, {PropertyValue(first.surface->features, L"", L"pavementClass")}});
 }
 
 void CheckGroundLine(const Detail& name, const CrossSectSurf& ground, Findings& findings)
@@ -644,41 +704,35 @@ void CheckSides(const LandXmlFile& file, Findings& findings)
 
 void CheckCentreHeights(const LandXmlFile& file, Findings& findings)
 {
-    ForEachAlignment(file, [&](const Alignment& alignment) {
-        std::map<const ProfAlign*, ProfileLine> lines;
-        for (const CrossSects& sects : alignment.crossSects)
-        {
-            const ProfAlign* const design = DesignProfile(alignment, sects);
-            if (design == nullptr)
+    ForEachSectionOnProfile(
+        file, [&](const Alignment& alignment, const CrossSect& section, std::optional<double> profileHeight) {
+            if (profileHeight)
             {
-                return;
+                CheckCentreHeight(alignment, section, *profileHeight, findings);
+                CheckFormationPlace(alignment, section, findings);
             }
-            const ProfileLine& line = lines.try_emplace(design, *design).first->second;
-            for (const CrossSect& section : sects.sections)
-            {
-                CheckCentreHeight(alignment, section, line, findings);
-            }
-        }
-    });
+        });
 }
 
 void CheckPavementLayersApart(const LandXmlFile& file, Findings& findings)
 {
     // A section with more layers than this is no pavement, and comparing all of them would take for ever.
     constexpr std::size_t MOST_LAYERS = 100;
-    ForEachSection(file, [&](const Alignment& alignment, const CrossSect& section) {
-        const std::vector<Outline> layers = PavementLayers(section);
-        for (std::size_t i = 0; i < std::min(layers.size(), MOST_LAYERS); ++i)
-        {
-            for (std::size_t j = 0; j < i; ++j)
+    ForEachSectionOnProfile(
+        file, [&](const Alignment& alignment, const CrossSect& section, std::optional<double> profileHeight) {
+            const std::vector<Outline> layers = PavementLayers(section, profileHeight);
+            for (std::size_t i = 0; i < std::min(layers.size(), MOST_LAYERS); ++i)
             {
-                findings.MeasureGap(
-                    SurfaceName(alignment, section, *layers[i].surface), *layers[i].surface,
-                    Overlap(layers[j], layers[i]),
-                    {{L"{}と重なる", L"over {}"}, {PropertyValue(layers[j].surface->features, L"", L"pavementClass")}});
+                for (std::size_t j = 0; j < i; ++j)
+                {
+                    // Heights that count from different places tell nothing of each other.
+                    if (layers[j].isRelative == layers[i].isRelative)
+                    {
+                        CheckLayersApart(alignment, section, layers[j], layers[i], findings);
+                    }
+                }
             }
-        }
-    });
+        });
 }
 
 void CheckGroundNames(const LandXmlFile& file, Findings& findings)

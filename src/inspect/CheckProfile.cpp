@@ -161,7 +161,7 @@ void CheckProfileReferences(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         for (const CrossSects& sects : alignment.crossSects)
         {
-            const Property* const reference = FindProperty(sects.features, L"", L"profAlignRefs");
+            const Property* const reference = FindStandardProperty(sects.features, L"profAlignRefs");
             if (reference == nullptr)
             {
                 continue;

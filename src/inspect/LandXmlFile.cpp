@@ -31,6 +31,22 @@ std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstri
     return property != nullptr ? property->value : std::wstring_view();
 }
 
+const Property* FindStandardProperty(const std::vector<Feature>& features, std::wstring_view label)
+{
+    if (const Property* const property = FindProperty(features, L"", label))
+    {
+        return property;
+    }
+    for (const Feature& feature : features)
+    {
+        if (const Property* const property = FindProperty(feature, label))
+        {
+            return property;
+        }
+    }
+    return nullptr;
+}
+
 bool HasPlace(const std::vector<PairList>& lists)
 {
     return std::any_of(lists.begin(), lists.end(), [](const PairList& list) {
@@ -56,6 +72,12 @@ bool DesignCrossSectSurf::HasPlace() const
 {
     return std::all_of(points.begin(), points.end(),
                        [](const CrossSectPnt& point) { return point.IsOffsetAndHeight(); });
+}
+
+bool DesignCrossSectSurf::IsRelativeToProfile() const
+{
+    const Property* const type = FindStandardProperty(features, L"heightType");
+    return type != nullptr && Trim(type->value) == L"fhOffset";
 }
 
 SourcePlace PlaceOf(const Surface& surface, const SurfacePoint& point)
@@ -84,19 +106,18 @@ const ProfAlign* FindDesign(const Alignment& alignment, std::wstring_view name)
     return nullptr;
 }
 
-namespace
-{
-
-/// The first design profile that cross sections name; null if they name none that is there.
 const ProfAlign* NamedDesign(const Alignment& alignment, const CrossSects& sects)
 {
     const auto find = [&](std::wstring_view name) { return FindDesign(alignment, name); };
-    const Property* const reference = FindProperty(sects.features, L"", L"profAlignRefs");
+    const Property* const reference = FindStandardProperty(sects.features, L"profAlignRefs");
     const std::vector<std::wstring_view> names =
         reference != nullptr ? ReferencedNames(reference->value, find) : std::vector<std::wstring_view>();
     const auto found = std::find_if(names.begin(), names.end(), find);
     return found != names.end() ? find(*found) : nullptr;
 }
+
+namespace
+{
 
 const ProfAlign* FirstDesign(const Alignment& alignment)
 {

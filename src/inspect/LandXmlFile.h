@@ -48,6 +48,10 @@ const Property* FindProperty(const std::vector<Feature>& features, std::wstring_
 /// The value of such a property; empty if there is none.
 std::wstring_view PropertyValue(const std::vector<Feature>& features, std::wstring_view name, std::wstring_view label);
 
+/// The first property of a label that the standard writes in a Feature without a name: that of such a Feature, or where
+/// none has one, of another, which makers that name all of theirs mean as well. Null if there is none.
+const Property* FindStandardProperty(const std::vector<Feature>& features, std::wstring_view label);
+
 /// A point in the plane, with a height if the file gives one: Start, End, Center, PI, CgPoint. One that refers to
 /// another by `pntRef` and has no coordinates of its own gets the other's. Line 0: the file has no such point.
 struct PlanPoint : SourcePlace
@@ -245,7 +249,7 @@ struct DesignCrossSectSurf : SourcePlace
     bool HasPlace() const;
     bool IsClosed() const { return closedArea == L"true" || closedArea == L"1"; }
     /// True if its heights are offsets from the design profile's height instead of elevations.
-    bool IsRelativeToProfile() const { return PropertyValue(features, L"", L"heightType") == L"fhOffset"; }
+    bool IsRelativeToProfile() const;
 };
 
 struct CrossSect : SourcePlace
@@ -482,6 +486,9 @@ std::vector<std::wstring_view> ReferencedNames(std::wstring_view references, IsN
 
 /// The design profile of a name; null if the alignment has none.
 const ProfAlign* FindDesign(const Alignment& alignment, std::wstring_view name);
+
+/// The first design profile that the profAlignRefs of cross sections name; null if they name none that is there.
+const ProfAlign* NamedDesign(const Alignment& alignment, const CrossSects& sects);
 
 /// The design profile that cross sections hang on: the first that their profAlignRefs names, or the alignment's first;
 /// null if it has none.

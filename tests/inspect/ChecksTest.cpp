@@ -102,6 +102,27 @@ const std::string SECTIONS_OF_THE_FLAT_PROFILE =
     "code=\"CL\">0. HEIGHT</CrossSectPnt><CrossSectPnt code=\"CW\">3. 190.</CrossSectPnt></DesignCrossSectSurf>"
     "</CrossSect><Feature><Property label=\"profAlignRefs\" value=\"平\"/></Feature></CrossSects>";
 
+/// The lower layer of the first section with elevations, and the height of its top on the outside.
+std::vector<Change> LowerLayerByElevations(const std::string& outside)
+{
+    constexpr const char* OF_LAYER =
+        "value=\"fhOffset\" />\n\t\t\t\t\t\t\t<Property label=\"pavementClass\" value=\"基層\"";
+    return {{"PV2\">0.000 -0.050", "PV2\">0.000 106.750"},
+            {"PV2\">-3.250 -0.115", "PV2\">-3.250 " + outside},
+            {"PV2\">-3.250 -0.165", "PV2\">-3.250 106.635"},
+            {"PV2\">0.000 -0.100", "PV2\">0.000 106.700"},
+            {"PV2\">0.000 -0.050", "PV2\">0.000 106.750"},
+            {OF_LAYER, "value=\"elevation\" /><Property label=\"pavementClass\" value=\"基層\""}};
+}
+std::vector<Change> And(std::vector<Change> changes, Change more)
+{
+    changes.push_back(std::move(more));
+    return changes;
+}
+
+constexpr const char* FIRST_VERTICAL_POINT = "<PVI>0.000 105.000";
+constexpr const char* HEIGHT_TYPE = "<Feature>\n\t\t\t\t\t\t\t<Property label=\"heightType\"";
+
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
 const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
@@ -634,6 +655,11 @@ const Case CASES[] = {
      L"V05",
      {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"計画 現況 旧計画\""}},
      {"誤り 線形1", "誤り 線形1"}},
+    {"AProfileThatIsNotThereOfANamedFeature",
+     L"V05",
+     {{"<Feature>\n\t\t\t\t\t<Property label=\"profAlignRefs\" value=\"計画\"",
+       "<Feature name=\"CrossSects\"><Property label=\"profAlignRefs\" value=\"現況\""}},
+     {"誤り 線形1"}},
     {"NoProfileNamed", L"V05", {{"profAlignRefs\" value=\"計画\"", "profAlignRefs\" value=\"\""}}, {"誤り 線形1"}},
 
     // Superelevation and cross sections
@@ -745,6 +771,36 @@ const Case CASES[] = {
      L"C06",
      {{CENTRE, "<CrossSectPnt code=\"CL\">0.000 107.800"}, {"value=\"fhOffset\"", "value=\"elevation\""}},
      {"誤り 線形1／横断面 No.3／Carriageway left"}},
+    {"AHeightTypeOfANamedFeature",
+     L"C06",
+     {{HEIGHT_TYPE, "<Feature name=\"Height\"><Property label=\"heightType\""}},
+     {}},
+    {"AHeightTypeOfANamedFeatureBesideTheStandards",
+     L"C06",
+     {{HEIGHT_TYPE,
+       "<Feature name=\"Height\"><Property label=\"heightType\" value=\"elevation\"/></Feature><Feature><Property "
+       "label=\"heightType\""}},
+     {}},
+    {"ALowerLayerByElevations", L"C06", LowerLayerByElevations("106.685"), {}},
+    {"ATopOffAboveALayerByElevations",
+     L"C06",
+     And(LowerLayerByElevations("106.685"),
+         {"<CrossSectPnt code=\"PV1\">0.000 0.000", "<CrossSectPnt code=\"PV1\">0.000 0.200"}),
+     {"誤り " + PAVEMENT + "表層"}},
+    {"AFormationPointBesideTheRoad",
+     L"C06",
+     {{"label=\"clOffset\" value=\"0.\"", "label=\"clOffset\" value=\"5.\""}},
+     {"情報 線形1／横断面 No.3"}},
+    {"AFormationPointOnOneSideOfTheRoad",
+     L"C06",
+     {{"label=\"clOffset\" value=\"0.\"", "label=\"clOffset\" value=\"-1.\""}},
+     {"警告 線形1／横断面 No.3／Carriageway left", "警告 " + PAVEMENT + "表層"}},
+    {"AFormationPointBetweenTheSidesOfADividedRoad",
+     L"C06",
+     {{"<Feature name=\"Formation\">", RIGHT_CARRIAGEWAY + "<Feature name=\"Formation\">"},
+      {">0.000 RIGHT", ">1.000 0.000"},
+      {"label=\"clOffset\" value=\"0.\"", "label=\"clOffset\" value=\"0.5\""}},
+     {}},
     {"AFormationPointAboveTheFormationHeight",
      L"C06",
      {{"label=\"fhOffset\" value=\"0.\"", "label=\"fhOffset\" value=\"0.5\""}},
@@ -833,6 +889,20 @@ const Case CASES[] = {
      L"C07",
      {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.114"}},
      {}},
+    {"ALayerByElevationsBelowOneFromTheProfile", L"C07", LowerLayerByElevations("106.685"), {}},
+    {"ALayerByElevationsThatOverlapsOneFromTheProfile",
+     L"C07",
+     LowerLayerByElevations("106.700"),
+     {"警告 " + PAVEMENT + "基層"}},
+    {"LayersOfBothKindsWhereNoProfileIs",
+     L"C07",
+     And(LowerLayerByElevations("106.700"), {FIRST_VERTICAL_POINT, "<PVI>100.000 105.000"}),
+     {}},
+    {"LayersThatOverlapWhereNoProfileIs",
+     L"C07",
+     {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.105"},
+      {FIRST_VERTICAL_POINT, "<PVI>100.000 105.000"}},
+     {"警告 " + PAVEMENT + "基層"}},
     {"AGroundLineOfNoSurface",
      L"C08",
      {{"CrossSectSurf name=\"ExistingGround\"", "CrossSectSurf name=\"Bedrock\""}},
@@ -1319,6 +1389,10 @@ const TextCase TEXT_CASES[] = {
      {{"<Line length", "<IrregularLine length"},
       {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.002 18230 12500.79234746 18327.57119165")}},
      "折れ線の始点か終点が点列の端と離れています（Start、差 0.002 m、許容 0.001 m）"},
+    {"AFormationPointBesideTheRoad",
+     L"C06",
+     {{"label=\"clOffset\" value=\"0.\"", "label=\"clOffset\" value=\"5.\""}},
+     "横断面の計画高の位置の高さが縦断と合いません（離れ 5.には構築形状がない）"},
     {"APointOfASurface", L"R03", {{"<P id=\"3\">", "<P id=\"3\" pntRef=\"Q1\">"}}, "pntRefの点がありません（Q1）"},
     {"AProfileInAList",
      L"V05",
