@@ -22,8 +22,8 @@ namespace
 
 constexpr double SAME_OFFSET = 0.001;
 
-/// A station of a transition and its part in the order in which a vehicle passes them: what it is in front of the
-/// curve, and of a Feature, which has both, what it is behind.
+/// A station of a transition and its part in the order in which a vehicle passes them, in front of the curve and
+/// behind it: the same for an element, another for a Feature, which has stations on both sides.
 struct TransitionStep
 {
     std::wstring_view kind;
@@ -31,10 +31,9 @@ struct TransitionStep
     std::size_t behind;
 };
 constexpr TransitionStep TRANSITION_STEPS[] = {
-    {L"BeginRunoutSta", 0, 0}, {L"BeginRunoffSta", 1, 1},   {L"FullSuperSta", 3, 3},
-    {L"RunoffSta", 4, 4},      {L"StartofRunoutSta", 6, 6}, {L"EndofRunoutSta", 7, 7},
+    {L"BeginRunoutSta", 0, 0},   {L"BeginRunoffSta", 1, 1}, {L"FullSuperSta", 3, 3}, {L"RunoffSta", 4, 4},
+    {L"StartofRunoutSta", 6, 6}, {L"EndofRunoutSta", 7, 7}, {L"FlatSta", 1, 6},      {L"ReverseCrown", 2, 5},
 };
-constexpr TransitionStep FEATURE_STEPS[] = {{L"FlatSta", 1, 6}, {L"ReverseCrown", 2, 5}};
 
 constexpr std::wstring_view PAVEMENT = L"Pavement";
 
@@ -486,7 +485,7 @@ Detail SuperelevationName(const Alignment& alignment, const Superelevation& one)
     return Path(NameOf(alignment), NameOf(one));
 }
 
-/// Says of two stations of a transition that the second doesn't lie behind the first.
+/// Says of two stations of a transition that the second lies in front of the first.
 void CheckPair(const Alignment& alignment, const Superelevation& one, const TransitionStation& before,
                const TransitionStation& behind, Findings& findings)
 {
@@ -524,12 +523,23 @@ void CheckParts(const Alignment& alignment, const Superelevation& one, const std
     }
 }
 
-/// The stations of a Feature of a transition: ReverseCrown or FlatSta, first that in front of the curve.
-std::vector<TransitionStation> FeatureStations(const Feature& feature)
+/// Those that are figures.
+std::vector<TransitionStation> Finite(std::vector<TransitionStation> stations)
 {
-    std::vector<TransitionStation> stations = StationsOf(feature);
     std::erase_if(stations, [](const TransitionStation& one) { return !one.station.IsFinite(); });
     return stations;
+}
+
+/// The stations of a transition, those of its elements and those of its Features.
+std::vector<TransitionStation> AllStations(const Superelevation& one)
+{
+    std::vector<TransitionStation> stations = one.stations;
+    for (const Feature& feature : one.features)
+    {
+        const std::vector<TransitionStation> listed = StationsOf(feature);
+        stations.insert(stations.end(), listed.begin(), listed.end());
+    }
+    return Finite(std::move(stations));
 }
 
 /// The station of a kind; null without one that is a figure.
@@ -555,29 +565,40 @@ double MiddleOf(const Superelevation& one)
 
 TransitionParts PartsOf(const Superelevation& one)
 {
-    TransitionParts parts;
-    for (const TransitionStep& step : TRANSITION_STEPS)
-    {
-        if (const TransitionStation* const station = FindStation(one, step.kind))
-        {
-            parts[step.inFront].push_back(*station);
-        }
-    }
     const double middle = MiddleOf(one);
-    for (const Feature& feature : one.features)
+    TransitionParts parts;
+    for (const TransitionStation& station : AllStations(one))
     {
-        const auto* const step = std::find_if(std::begin(FEATURE_STEPS), std::end(FEATURE_STEPS),
-                                              [&](const TransitionStep& each) { return each.kind == feature.name; });
-        if (step == std::end(FEATURE_STEPS) || !std::isfinite(middle))
-        {
-            continue;
-        }
-        for (const TransitionStation& station : FeatureStations(feature))
+        const auto* const step = std::find_if(std::begin(TRANSITION_STEPS), std::end(TRANSITION_STEPS),
+                                              [&](const TransitionStep& each) { return each.kind == station.kind; });
+        // Without a middle, what may lie on either side of it has no part.
+        if (step != std::end(TRANSITION_STEPS) && (step->inFront == step->behind || std::isfinite(middle)))
         {
             parts[station.station.value < middle ? step->inFront : step->behind].push_back(station);
         }
     }
     return parts;
+}
+
+/// Says that a superelevation starts behind its full one, or ends before that runs off. Whether its ends are those of
+/// the full one or hold the transitions too is the maker's choice.
+void CheckEnds(const Alignment& alignment, const Superelevation& one, Findings& findings)
+{
+    const TransitionStation start{one, L"staStart", one.staStart};
+    const TransitionStation end{one, L"staEnd", one.staEnd};
+    if (end.station.value < start.station.value)
+    {
+        CheckPair(alignment, one, start, end, findings);
+        return;
+    }
+    for (const TransitionStation& station : Finite(one.stations))
+    {
+        const bool isRunoff = station.kind == L"RunoffSta";
+        if (isRunoff || station.kind == L"FullSuperSta")
+        {
+            CheckPair(alignment, one, isRunoff ? station : start, isRunoff ? end : station, findings);
+        }
+    }
 }
 
 } // namespace
@@ -587,10 +608,10 @@ void CheckTransitionOrder(const LandXmlFile& file, Findings& findings)
     ForEachAlignment(file, [&](const Alignment& alignment) {
         for (const Superelevation& one : alignment.superelevations)
         {
-            CheckPair(alignment, one, {one, L"staStart", one.staStart}, {one, L"staEnd", one.staEnd}, findings);
+            CheckEnds(alignment, one, findings);
             for (const Feature& feature : one.features)
             {
-                const std::vector<TransitionStation> stations = FeatureStations(feature);
+                const std::vector<TransitionStation> stations = Finite(StationsOf(feature));
                 for (std::size_t index = 1; index < stations.size(); ++index)
                 {
                     CheckPair(alignment, one, stations[index - 1], stations[index], findings);
