@@ -36,6 +36,54 @@ const AngleUnit* FindAngleUnit(std::wstring_view name)
     return found != std::end(ANGLE_UNITS) ? found : nullptr;
 }
 
+/// The digits of a number in front of its point and behind it.
+struct DecimalDigits
+{
+    std::wstring whole;
+    std::wstring fraction;
+
+    bool AreDigits() const
+    {
+        const std::wstring all = whole + fraction;
+        return !all.empty() && all.find_first_not_of(DIGITS) == std::wstring::npos;
+    }
+
+    /// Moves the point so many digits to the right.
+    void MovePoint(std::int32_t places)
+    {
+        const auto right = static_cast<std::size_t>(std::max(places, 0));
+        const auto left = static_cast<std::size_t>(std::max(-places, 0));
+        fraction.resize(std::max(fraction.size(), right), L'0');
+        whole.append(fraction, 0, right);
+        fraction.erase(0, right);
+        whole.insert(0, left - std::min(left, whole.size()), L'0');
+        fraction.insert(0, whole, whole.size() - left);
+        whole.resize(whole.size() - left);
+    }
+};
+
+/// The digits of a number without a sign; nothing if the text is none.
+std::optional<DecimalDigits> ReadDigits(std::wstring_view text)
+{
+    // Beyond these a double is infinite or nothing.
+    constexpr std::int32_t LARGEST_EXPONENT = 400;
+    const std::size_t mark = std::min(text.find_first_of(L"eE"), text.size());
+    const std::wstring_view exponent = text.substr(std::min(mark + 1, text.size()));
+    const std::wstring_view mantissa = text.substr(0, mark);
+    const std::size_t point = std::min(mantissa.find(L'.'), mantissa.size());
+    DecimalDigits digits{std::wstring(mantissa.substr(0, point)),
+                         std::wstring(mantissa.substr(std::min(point + 1, mantissa.size())))};
+    const ParsedInt places = ParseInt(exponent);
+    const bool isWhole = mark == text.size() || (!exponent.empty() && places.length == exponent.size());
+    const bool isBounded = places.value >= -LARGEST_EXPONENT && places.value <= LARGEST_EXPONENT;
+    if (!isWhole || !isBounded || !digits.AreDigits())
+    {
+        return {};
+    }
+    digits.MovePoint(places.value);
+    return digits;
+}
+
 } // namespace
 
 double DegreesMinutesSeconds::Radians() const
@@ -58,17 +106,15 @@ std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view
 {
     const bool isNegative = text.starts_with(L'-');
     text.remove_prefix(isNegative || text.starts_with(L'+') ? 1 : 0);
-    const std::size_t point = std::min(text.find(L'.'), text.size());
-    const std::wstring_view whole = text.substr(0, point);
-    std::wstring fraction(text.substr(std::min(point + 1, text.size())));
-    if ((whole.empty() && fraction.empty()) || whole.find_first_not_of(DIGITS) != std::wstring_view::npos ||
-        fraction.find_first_not_of(DIGITS) != std::wstring::npos)
+    std::optional<DecimalDigits> digits = ReadDigits(text);
+    if (!digits)
     {
         return {};
     }
+    std::wstring& fraction = digits->fraction;
     fraction.resize(std::max<std::size_t>(fraction.size(), 4), L'0');
     const std::wstring seconds = fraction.substr(2, 2) + L'.' + fraction.substr(4);
-    return DegreesMinutesSeconds{isNegative, ParseDecimal(whole), ParseDecimal(fraction.substr(0, 2)),
+    return DegreesMinutesSeconds{isNegative, ParseDecimal(digits->whole), ParseDecimal(fraction.substr(0, 2)),
                                  ParseDecimal(seconds)};
 }
 

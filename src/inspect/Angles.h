@@ -26,8 +26,8 @@ struct DegreesMinutesSeconds
 };
 
 /// Reads the digits of an angle in "decimal dd.mm.ss" (LandXML 1.2, angularType): 45.3025 is 45 degrees 30 minutes 25
-/// seconds, further digits are decimals of the second. Minutes and seconds are given as they stand, also beyond 59.
-/// Nothing if the text is no plain decimal number.
+/// seconds, further digits are decimals of the second. An exponent moves the point: 4.53025e1 is the same. Minutes and
+/// seconds are given as they stand, also beyond 59. Nothing if the text is no decimal number.
 std::optional<DegreesMinutesSeconds> ReadDegreesMinutesSeconds(std::wstring_view text);
 
 /// True for the unit of angles in which degrees, minutes and seconds stand in one number.

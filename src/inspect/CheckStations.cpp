@@ -221,6 +221,19 @@ void ForEachIntermediatePoint(const LandXmlFile& file, Visit&& visit)
     }
 }
 
+/// Says of a direction that it isn't counted from north, clockwise, up to a full turn, wherever it leads. What rounding
+/// puts beyond north stays.
+void CheckDirectionRange(const Detail& name, const CgPoint& point, double direction, Findings& findings)
+{
+    if (direction < -RADIANS_OF_A_SECOND || direction > FULL_TURN + RADIANS_OF_A_SECOND)
+    {
+        findings.Report(
+            name, point.point,
+            {{L"方向角 {}、0°から360°の外", L"direction {}, outside of 0° to 360°"}, {point.direction.text}}, {},
+            Severity::Warning);
+    }
+}
+
 /// True if two stations are no longer the same place. The last digits of a binary difference don't part them.
 bool IsApart(double station, double other)
 {
@@ -383,7 +396,13 @@ void CheckPointDirections(const LandXmlFile& file, Findings& findings)
     ForEachIntermediatePoint(
         file, [&](const Alignment&, const Course& course, const PointGroup& group, const CgPoint& point) {
             const std::optional<double> direction = ReadAngle(point.direction, file.units->direction);
-            if (!direction || !point.station.IsFinite())
+            if (!direction)
+            {
+                return;
+            }
+            const Detail name = Path(NameOf(group), NameOf(point));
+            CheckDirectionRange(name, point, *direction, findings);
+            if (!point.station.IsFinite())
             {
                 return;
             }
@@ -393,7 +412,7 @@ void CheckPointDirections(const LandXmlFile& file, Findings& findings)
             {
                 smallest = std::min(smallest, std::abs(SignedAngle(place.azimuth - *direction)));
             }
-            findings.MeasureGap(Path(NameOf(group), NameOf(point)), point.point, smallest / RADIANS_OF_A_SECOND,
+            findings.MeasureGap(name, point.point, smallest / RADIANS_OF_A_SECOND,
                                 {{L"方向角 {}", L"direction {}"}, {point.direction.text}});
         });
 }
