@@ -37,15 +37,26 @@ void ForEachDesign(const LandXmlFile& file, Visit&& visit)
     });
 }
 
+/// Whether a line may have two points at one station, as a ground line has at a wall.
+enum class Steps
+{
+    Lawful,
+    Wrong,
+};
+
 /// Reports the stations that don't lie behind those before them.
 class RisingStations
 {
   public:
-    RisingStations(Findings& findings, Detail name) : findings_(findings), name_(std::move(name)) {}
+    RisingStations(Findings& findings, Detail name, Steps steps)
+        : findings_(findings),
+          name_(std::move(name)),
+          steps_(steps)
+    {}
 
     void Take(const Figure& station, const SourcePlace& place)
     {
-        if (station.value <= last_)
+        if (station.value < last_ || (station.value == last_ && steps_ == Steps::Wrong))
         {
             findings_.Report(name_, place, {{L"測点 {}", L"station {}"}, {station.text}}, {station.value, last_, {}});
         }
@@ -55,6 +66,7 @@ class RisingStations
   private:
     Findings& findings_;
     Detail name_;
+    Steps steps_;
     double last_ = -std::numeric_limits<double>::infinity();
 };
 
@@ -73,7 +85,7 @@ double CurveTurn(const ProfilePoint& point)
 void CheckProfileStations(const LandXmlFile& file, Findings& findings)
 {
     ForEachDesign(file, [&](const Alignment& alignment, const ProfAlign& design) {
-        RisingStations stations(findings, DesignName(alignment, design));
+        RisingStations stations(findings, DesignName(alignment, design), Steps::Wrong);
         for (const ProfileElement& element : design.elements)
         {
             stations.Take(element.station, element);
@@ -84,7 +96,7 @@ void CheckProfileStations(const LandXmlFile& file, Findings& findings)
         {
             for (const ProfSurf& ground : profile.grounds)
             {
-                RisingStations stations(findings, Path(NameOf(alignment), NameOf(ground)));
+                RisingStations stations(findings, Path(NameOf(alignment), NameOf(ground)), Steps::Lawful);
                 for (const PairList& list : ground.lists)
                 {
                     for (const FigurePair& pair : list.pairs)

@@ -173,8 +173,8 @@ GroundLine::GroundLine(const std::vector<PairList>& lists)
         bool isConnected = false;
         for (const FigurePair& pair : list.pairs)
         {
-            const bool isBehind = points_.empty() || pair.first.value > points_.back().station;
-            if (pair.first.IsFinite() && pair.second.IsFinite() && isBehind)
+            const bool isInFront = !points_.empty() && pair.first.value < points_.back().station;
+            if (pair.IsPlaced() && !isInFront)
             {
                 points_.push_back({pair.first.value, pair.second.value, isConnected, &pair.second});
                 isConnected = true;

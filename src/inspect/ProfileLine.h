@@ -59,10 +59,10 @@ std::optional<ProfileLine> LineOf(const ProfAlign* profile);
 class GroundLine
 {
   public:
-    /// Points that don't lie behind those before them are left out.
+    /// Points in front of those before them are left out; two at one station are a step, such as a wall.
     explicit GroundLine(const std::vector<PairList>& lists);
 
-    /// The height at a station; nothing outside the line and in its gaps.
+    /// The height at a station, of a step that of its first point; nothing outside the line and in its gaps.
     std::optional<double> HeightAt(double station) const;
 
     /// The file's own figure of that height, where a point of the line lies at the station; else null.

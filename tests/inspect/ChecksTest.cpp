@@ -621,6 +621,8 @@ const Case CASES[] = {
 
     // Profiles
     {"AProfileThatGoesBack", L"V01", {{"<PVI>400.000", "<PVI>290.000"}}, {"誤り " + PROFILE}},
+    {"TwoVerticalPointsAtOneStation", L"V01", {{"<PVI>400.000", "<PVI>300.000"}}, {"誤り " + PROFILE}},
+    {"AGroundLineWithAStep", L"V01", {{"80. 108.071", "40. 108.071"}}, {}},
     {"AGroundLineThatGoesBack", L"V01", {{"80. 108.071", "30. 108.071"}}, {"誤り 線形1／縦断地盤線 現況地形"}},
     {"VerticalCurvesThatOverlap",
      L"V02",

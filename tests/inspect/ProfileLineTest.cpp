@@ -71,5 +71,31 @@ TEST(ProfileLine, WhoseStationsDoNotRiseHasNoHeights)
     EXPECT_FALSE(ProfileLine(Design(file)).HeightAt(100).has_value());
 }
 
+/// Ground that rises at a wall at 40 m, told in one list or in two.
+struct Wall
+{
+    const char* name;
+    const char* points;
+};
+constexpr Wall WALLS[] = {
+    {"InAList", "40. 106.635 40. 110.000 "},
+    {"BetweenTwoLists", "40. 106.635</PntList2D><PntList2D>40. 110.000 "},
+};
+
+class Walls : public testing::TestWithParam<Wall>
+{};
+
+TEST_P(Walls, AreStepsOfGroundLines)
+{
+    const LandXmlFile file = SoundFile({{"40. 106.635 80. 108.071 ", GetParam().points}});
+    const GroundLine line(file.routes.front().alignments.front().profiles.front().grounds.front().lists);
+    EXPECT_DOUBLE_EQ(line.HeightAt(20).value(), (104.3 + 106.635) / 2);
+    EXPECT_DOUBLE_EQ(line.HeightAt(40).value(), 106.635);
+    EXPECT_DOUBLE_EQ(line.HeightAt(220).value(), (110 + 103.927) / 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inspect, Walls, testing::ValuesIn(WALLS),
+                         [](const auto& one) { return std::string(one.param.name); });
+
 } // namespace
 } // namespace jlandxml::inspect
