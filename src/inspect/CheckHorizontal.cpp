@@ -170,6 +170,8 @@ void ForEachElementOfRightRotation(const LandXmlFile& file, Visit&& visit)
     });
 }
 
+constexpr Sentence NO_ELEMENTS{L"要素がない", L"no elements"};
+
 /// A point of an element with the word for it.
 struct NamedPoint
 {
@@ -201,7 +203,7 @@ std::int32_t IntersectionNumber(std::wstring_view name)
 
 /// The elements of a bend by their letters, and the names of its points by the standard: the start of the first
 /// element, where elements join, the end of the last. # is the number of the intersection point. A bend between two
-/// lines has no elements.
+/// lines has no elements. A longer one stands in front of the shorter one with which it begins.
 struct BendNames
 {
     std::wstring_view letters;
@@ -211,11 +213,48 @@ constexpr BendNames BEND_NAMES[] = {
     {L"", {L"IP.#"}},
     {L"C", {L"BC.#", L"EC.#"}},
     {L"CC", {L"BC.#", L"PCC.#", L"EC.#"}},
-    {L"SC", {L"KA.#-1", L"KE.#-1", L"KE.#-2"}},
-    {L"SCS", {L"KA.#-1", L"KE.#-1", L"KE.#-2", L"KA.#-2"}},
-    {L"SS", {L"KA.#-1", L"KEA.#", L"KA.#-2"}},
     {L"SCSCS", {L"KA.#-1", L"KE.#-1", L"KAE.#-1", L"KEE.#-1", L"KE.#-2", L"KA.#-2"}},
+    {L"SS", {L"KA.#-1", L"KEA.#", L"KA.#-2"}},
+    {L"SCS", {L"KA.#-1", L"KE.#-1", L"KE.#-2", L"KA.#-2"}},
+    {L"SC", {L"KA.#-1", L"KE.#-1", L"KE.#-2"}},
 };
+
+/// The name of a point of a bend, and where another bend begins there without a line between, its first name.
+struct BendPoint
+{
+    std::wstring_view name;
+    std::wstring_view ofNext;
+
+    bool MayBe(std::wstring_view numberless) const { return numberless == name || numberless == ofNext; }
+};
+
+/// The points of the elements between two lines: of one bend, or of several with spirals, one behind the other, as in
+/// an S. Nothing where the standard has no names for elements in that order.
+std::vector<BendPoint> PointsOfBends(std::wstring_view letters)
+{
+    std::vector<BendPoint> points;
+    do
+    {
+        const auto* const bend = std::find_if(std::begin(BEND_NAMES), std::end(BEND_NAMES), [&](const BendNames& one) {
+            const bool mayBeFollowed = one.letters.starts_with(L'S');
+            return mayBeFollowed ? letters.starts_with(one.letters) : points.empty() && letters == one.letters;
+        });
+        if (bend == std::end(BEND_NAMES))
+        {
+            return {};
+        }
+        if (!points.empty())
+        {
+            points.back().ofNext = bend->names.front();
+        }
+        for (std::size_t index = points.empty() ? 0 : 1; index <= bend->letters.size(); ++index)
+        {
+            points.push_back({bend->names[index], {}});
+        }
+        letters.remove_prefix(bend->letters.size());
+    } while (!letters.empty());
+    return points;
+}
 
 /// A name with # for the number of its intersection point.
 std::wstring Numberless(std::wstring_view name)
@@ -245,25 +284,42 @@ wchar_t LetterOf(const PlanElement& element)
 /// first one. A joint with two names has been told already.
 void CheckBendNames(const Alignment& alignment, const std::wstring& letters, std::size_t first, Findings& findings)
 {
-    const auto* const bend = std::find_if(std::begin(BEND_NAMES), std::end(BEND_NAMES),
-                                          [&](const BendNames& one) { return one.letters == letters; });
-    if (bend == std::end(BEND_NAMES))
-    {
-        return;
-    }
+    const std::vector<BendPoint> points = PointsOfBends(letters);
     const std::vector<PlanElement>& elements = alignment.elements;
-    for (std::size_t index = 0; index <= letters.size(); ++index)
+    for (std::size_t index = 0; index < points.size(); ++index)
     {
         const std::size_t place = first + index;
         const PlanPoint& point = place < elements.size() ? elements[place].start : elements[place - 1].end;
         const bool isJoined = place == 0 || place == elements.size() || elements[place - 1].end.name == point.name;
         const std::wstring name = Numberless(point.name);
-        if (isJoined && IsStandardName(name) && name != bend->names[index])
+        if (isJoined && IsStandardName(name) && !points[index].MayBe(name))
         {
-            std::wstring expected(bend->names[index]);
+            std::wstring expected(points[index].name);
             expected.replace(expected.find(L'#'), 1, std::to_wstring(IntersectionNumber(point.name)));
             findings.Report(Path(NameOf(alignment), point.name), point,
                             {{L"要素の並びからは{}", L"by the elements {}"}, {expected}});
+        }
+    }
+}
+
+/// The names of an alignment's ends, and the words for where they belong.
+constexpr std::wstring_view START_NAME = L"BP";
+constexpr std::wstring_view END_NAME = L"EP";
+constexpr Sentence BP_IS_START{L"BPは線形の始点の名称", L"BP is the name of an alignment's start"};
+constexpr Sentence EP_IS_END{L"EPは線形の終点の名称", L"EP is the name of an alignment's end"};
+
+/// Says of the names of an alignment's ends that they stand elsewhere. One that stands at its end too is told as a name
+/// of two points.
+void CheckEndNames(const Alignment& alignment, const std::vector<NamedPoint>& points, Findings& findings)
+{
+    for (const NamedPoint& one : points)
+    {
+        const std::wstring_view name = one.point->name;
+        const bool isStart = name == START_NAME;
+        const NamedPoint& own = isStart ? points.front() : points.back();
+        if ((isStart || name == END_NAME) && own.point->name != name)
+        {
+            findings.Report(Path(NameOf(alignment), name), *one.point, isStart ? BP_IS_START : EP_IS_END);
         }
     }
 }
@@ -447,11 +503,9 @@ void CheckRotations(const LandXmlFile& file, Findings& findings)
 void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        if (alignment.length.IsFinite() && !alignment.elements.empty())
-        {
-            const Course course(alignment);
-            findings.Measure(NameOf(alignment), alignment, alignment.length, course.StaEnd() - course.StaStart());
-        }
+        const Course course(alignment);
+        findings.Measure(NameOf(alignment), alignment, alignment.length, course.StaEnd() - course.StaStart(),
+                         alignment.elements.empty() ? Detail(NO_ELEMENTS) : Detail());
     });
 }
 
@@ -494,7 +548,9 @@ void CheckPointNamesInOrder(const LandXmlFile& file, Findings& findings)
     });
     ForEachAlignment(file, [&](const Alignment& alignment) {
         std::int32_t highest = 0;
-        for (const NamedPoint& one : MainPoints(alignment))
+        const std::vector<NamedPoint> points = MainPoints(alignment);
+        CheckEndNames(alignment, points, findings);
+        for (const NamedPoint& one : points)
         {
             // A designer's own names have an order of their own.
             const bool isStandard = IsStandardName(Numberless(one.point->name));

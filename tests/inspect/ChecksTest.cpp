@@ -102,6 +102,19 @@ const std::string SECTIONS_OF_THE_FLAT_PROFILE =
     "code=\"CL\">0. HEIGHT</CrossSectPnt><CrossSectPnt code=\"CW\">3. 190.</CrossSectPnt></DesignCrossSectSurf>"
     "</CrossSect><Feature><Property label=\"profAlignRefs\" value=\"平\"/></Feature></CrossSects>";
 
+/// A second bend that begins where the first one ends, at a joint of some name, and its elements' names.
+std::vector<Change> SecondBend(const std::string& joint, const std::string& elements, const std::string& end)
+{
+    return {{"<Line length=\"94.000000\">\n\t\t\t\t\t<Start name=\"KA.1-2\">",
+             elements + "<Line length=\"94.000000\"><Start name=\"" + end + "\">"},
+            {"<End name=\"KA.1-2\">", "<End name=\"" + joint + "\">"},
+            {"JOINT", joint}};
+}
+const std::string SPIRAL_CURVE_SPIRAL =
+    "<Spiral><Start name=\"JOINT\"/><End name=\"KE.2-1\"/></Spiral><Curve><Start name=\"KE.2-1\"/><End "
+    "name=\"KE.2-2\"/></Curve><Spiral><Start name=\"KE.2-2\"/><End name=\"KA.2-2\"/></Spiral>";
+const std::string ONE_CURVE = "<Curve><Start name=\"JOINT\"/><End name=\"PCC.2\"/></Curve>";
+
 /// The lower layer of the first section with elevations, and the height of its top on the outside.
 std::vector<Change> LowerLayerByElevations(const std::string& outside)
 {
@@ -446,6 +459,14 @@ const Case CASES[] = {
     {"ASumTwoMillimetresOff", L"H09", {{"length=\"400.000000\"", "length=\"400.002\""}}, {"誤り 線形1"}},
     {"ASumTwentyCentimetresOff", L"H09", {{"length=\"400.000000\"", "length=\"400.2\""}}, {"誤り 線形1"}},
     {"ASumLessThanAMillimetreOff", L"H09", {{"length=\"400.000000\"", "length=\"400.0009\""}}, {}},
+    {"AnAlignmentWithoutElements",
+     L"H09",
+     {{"<CoordGeom>", "<CoordGeom/><!--"}, {"</CoordGeom>", "-->"}},
+     {"誤り 線形1"}},
+    {"AnAlignmentWithoutElementsAndLength",
+     L"H09",
+     {{"<CoordGeom>", "<!--"}, {"</CoordGeom>", "-->"}, {" length=\"400.000000\"", ""}},
+     {}},
     {"AMainPointWithoutAName", L"H10", {{"<End name=\"EP\">", "<End>"}}, {"警告 線形1／直線 KA.1-2～"}},
     {"AMainPointNamedLikeAnother", L"H11", {{"<End name=\"EP\">", "<End name=\"BP\">"}}, {"警告 線形1／BP"}},
     {"AJointWithTwoNames", L"H12", {{"<Start name=\"KE.1-1\">", "<Start name=\"KE.1-2\">"}}, {"警告 " + SPIRAL}},
@@ -464,6 +485,29 @@ const Case CASES[] = {
       {"<End name=\"KE.1-2\">12532", "<End name=\"KE.1-1\">12532"},
       {"<Start name=\"KE.1-2\">12532", "<Start name=\"KE.1-1\">12532"}},
      {"警告 線形1／KE.1-2", "警告 線形1／KE.1-1"}},
+    {"BothEndsExchanged",
+     L"H12",
+     {{"<Start name=\"BP\">", "<Start name=\"EP\">"}, {"<End name=\"EP\">", "<End name=\"BP\">"}},
+     {"警告 線形1／EP", "警告 線形1／BP"}},
+    {"AnEndsNameInTheMiddle",
+     L"H12",
+     {{"<End name=\"EP\">", "<End name=\"E\">"},
+      {"<End name=\"KE.1-1\">", "<End name=\"EP\">"},
+      {"<Start name=\"KE.1-1\">", "<Start name=\"EP\">"}},
+     {"警告 線形1／EP"}},
+    {"AnEndsNameThatTwoPointsHave", L"H12", {{"<End name=\"EP\">", "<End name=\"BP\">"}}, {}},
+    {"TwoBendsWithTheEndOfTheFirst", L"H12", SecondBend("KA.1-2", SPIRAL_CURVE_SPIRAL, "KA.2-2"), {}},
+    {"TwoBendsWithTheBeginningOfTheSecond", L"H12", SecondBend("KA.2-1", SPIRAL_CURVE_SPIRAL, "KA.2-2"), {}},
+    {"TwoBendsWithAnArcsNameBetweenThem",
+     L"H12",
+     SecondBend("EC.1", SPIRAL_CURVE_SPIRAL, "KA.2-2"),
+     {"警告 線形1／EC.1"}},
+    {"AnArcsNameInTheSecondBend",
+     L"H12",
+     And(And(SecondBend("KA.1-2", SPIRAL_CURVE_SPIRAL, "KA.2-2"), {"<End name=\"KE.2-1\"/>", "<End name=\"BC.2\"/>"}),
+         {"<Start name=\"KE.2-1\"/>", "<Start name=\"BC.2\"/>"}),
+     {"警告 線形1／BC.2"}},
+    {"ElementsInAnOrderThatHasNoNames", L"H12", SecondBend("KE.2-1", ONE_CURVE, "PCC.2"), {}},
     {"ANameOfADesignersOwn",
      L"H12",
      {{"<End name=\"KE.1-1\">", "<End name=\"P.1\">"}, {"<Start name=\"KE.1-1\">", "<Start name=\"P.1\">"}},
@@ -1427,6 +1471,14 @@ const TextCase TEXT_CASES[] = {
      {{"<Line length", "<IrregularLine length"},
       {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450.002 18230 12500.79234746 18327.57119165")}},
      "折れ線の始点か終点が点列の端と離れています（Start、差 0.002 m、許容 0.001 m）"},
+    {"NoElements",
+     L"H09",
+     {{"<CoordGeom>", "<!--"}, {"</CoordGeom>", "-->"}},
+     "線形の長さが要素の長さの合計と合いません（要素がない、値 400.000000 m、計算 0 m、差 400 m、許容 0.001 m）"},
+    {"AStartsNameElsewhere",
+     L"H12",
+     {{"<Start name=\"BP\">", "<Start name=\"B\">"}, {"<End name=\"EP\">", "<End name=\"BP\">"}},
+     "主要点の名称が順番どおりではありません（BPは線形の始点の名称）"},
     {"ADirectionBeyondAFullTurn",
      L"T08",
      {{"value=\"62.3\"", "value=\"422.3\""}},
