@@ -5,6 +5,7 @@
 #include "inspect/Course.h"
 #include "inspect/Limits.h"
 #include "inspect/Names.h"
+#include "inspect/Summary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,6 +42,43 @@ std::vector<const StaEquation*> SortedEquations(const Alignment& alignment)
 double EndStation(const Alignment& alignment, const Course& course)
 {
     return alignment.length.IsFinite() ? course.StaStart() + std::max(alignment.length.value, 0.0) : course.StaEnd();
+}
+
+Range RangeOf(const Alignment& alignment, const Course& course)
+{
+    Range range;
+    range.Take(course.StaStart(), alignment.staStart.text);
+    range.Take(EndStation(alignment, course));
+    return range;
+}
+
+Range RangeOf(const ProfAlign& design)
+{
+    Range range;
+    for (const ProfileElement& element : design.elements)
+    {
+        range.Take(element.station);
+    }
+    return range;
+}
+
+Range RangeOf(const ProfSurf& ground)
+{
+    Range range;
+    for (const PairList& list : ground.lists)
+    {
+        for (const FigurePair& pair : list.pairs)
+        {
+            range.Take(pair.first);
+        }
+    }
+    return range;
+}
+
+/// The station of a range that lies nearest to another.
+double Nearest(const Range& range, double station)
+{
+    return std::clamp(station, range.Smallest(), range.Largest());
 }
 
 /// The labels of the stretch from one station equation to the next, or from the alignment's start, or to its end.
@@ -125,6 +163,7 @@ struct PlacedThing
     Detail name;
     Figure station;
     SourcePlace place;
+    Severity highest = Severity::Warning;
 };
 
 /// A station of a superelevation under its name in the file.
@@ -153,8 +192,37 @@ void AddSuperelevations(const Alignment& alignment, std::vector<PlacedThing>& th
     }
 }
 
+/// A line along an alignment, at that of its ends that lies farther outside: it is one finding however many of its
+/// points lie there.
+PlacedThing FartherEnd(Detail name, const SourcePlace& place, const Range& line, const Range& alignment)
+{
+    const bool isBehind = line.Largest() - alignment.Largest() > alignment.Smallest() - line.Smallest();
+    return {std::move(name), isBehind ? line.LargestFigure() : line.SmallestFigure(), place, Severity::Information};
+}
+
+/// Adds the lines of the profiles. Grounds are surveyed beyond the ends of a road; a profile goes on there only by so
+/// much as rounded stations bring about.
+void AddProfiles(const Alignment& alignment, const Range& range, std::vector<PlacedThing>& things)
+{
+    constexpr double ROUNDED = 0.1;
+    for (const Profile& profile : alignment.profiles)
+    {
+        for (const ProfAlign& design : profile.designs)
+        {
+            PlacedThing end = FartherEnd(NameOf(design), design, RangeOf(design), range);
+            const bool isRounded = std::abs(end.station.value - Nearest(range, end.station.value)) <= ROUNDED;
+            end.highest = isRounded ? Severity::Information : Severity::Warning;
+            things.push_back(std::move(end));
+        }
+        for (const ProfSurf& ground : profile.grounds)
+        {
+            things.push_back(FartherEnd(NameOf(ground), ground, RangeOf(ground), range));
+        }
+    }
+}
+
 /// All that lies at a station of the alignment itself.
-std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
+std::vector<PlacedThing> ThingsOf(const Alignment& alignment, const Range& range)
 {
     std::vector<PlacedThing> things;
     for (const StaEquation& equation : alignment.equations)
@@ -168,6 +236,7 @@ std::vector<PlacedThing> ThingsOf(const Alignment& alignment)
             things.push_back({NameOf(section), section.station, section});
         }
     }
+    AddProfiles(alignment, range, things);
     AddSuperelevations(alignment, things);
     ForEachStationList(alignment, [&](const Sentence& name, const std::vector<StationEntry>& list) {
         for (const StationEntry& entry : list)
@@ -241,17 +310,37 @@ bool IsApart(double station, double other)
     return std::isfinite(distance) && distance > SAME_STATION * (1 + 1e-9);
 }
 
-void CheckWithin(const Alignment& alignment, const Course& course, const PlacedThing& thing, Findings& findings)
+constexpr Sentence OUTSIDE_ALIGNMENT{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"};
+constexpr Sentence OUTSIDE_PROFILE{L"測点 {}、縦断線形の範囲 {}～{}", L"station {}, profile from {} to {}"};
+
+void CheckWithin(const Alignment& alignment, const Range& range, const PlacedThing& thing, const Sentence& words,
+                 Findings& findings)
 {
-    const double end = EndStation(alignment, course);
-    const double nearest = std::clamp(thing.station.value, course.StaStart(), end);
+    const double nearest = Nearest(range, thing.station.value);
     if (IsApart(thing.station.value, nearest))
     {
-        findings.Report(
-            Path(NameOf(alignment), thing.name), thing.place,
-            {{L"測点 {}、範囲 {}～{}", L"station {}, alignment from {} to {}"},
-             {thing.station.text, NameOr(alignment.staStart.text, ShortNumber(course.StaStart())), ShortNumber(end)}},
-            {thing.station.value, nearest, SAME_STATION});
+        findings.Report(Path(NameOf(alignment), thing.name), thing.place,
+                        {words, {thing.station.text, TextOf(range.SmallestFigure()), TextOf(range.LargestFigure())}},
+                        {thing.station.value, nearest, SAME_STATION}, thing.highest);
+    }
+}
+
+/// Says that the profile which sections name doesn't reach one of them on which something is built. One outside of the
+/// alignment has been told.
+void CheckProfilesReachSections(const Alignment& alignment, const Range& range, Findings& findings)
+{
+    for (const CrossSects& sects : alignment.crossSects)
+    {
+        const ProfAlign* const design = NamedDesign(alignment, sects);
+        const Range profile = design != nullptr ? RangeOf(*design) : Range();
+        for (const CrossSect& section : sects.sections)
+        {
+            const double station = section.station.value;
+            if (!profile.IsEmpty() && !section.designs.empty() && !IsApart(station, Nearest(range, station)))
+            {
+                CheckWithin(alignment, profile, {NameOf(section), section.station, section}, OUTSIDE_PROFILE, findings);
+            }
+        }
     }
 }
 
@@ -350,17 +439,18 @@ void CheckStationsWithin(const LandXmlFile& file, Findings& findings)
         {
             return;
         }
-        const Course course(alignment);
-        for (const PlacedThing& thing : ThingsOf(alignment))
+        const Range range = RangeOf(alignment, Course(alignment));
+        for (const PlacedThing& thing : ThingsOf(alignment, range))
         {
-            CheckWithin(alignment, course, thing, findings);
+            CheckWithin(alignment, range, thing, OUTSIDE_ALIGNMENT, findings);
         }
+        CheckProfilesReachSections(alignment, range, findings);
     });
     ForEachIntermediatePoint(
         file, [&](const Alignment& alignment, const Course& course, const PointGroup&, const CgPoint& point) {
-            CheckWithin(alignment, course,
+            CheckWithin(alignment, RangeOf(alignment, course),
                         {{{L"中間点 {}", L"Intermediate point {}"}, {NameOf(point)}}, point.station, point.point},
-                        findings);
+                        OUTSIDE_ALIGNMENT, findings);
         });
 }
 

@@ -22,11 +22,6 @@ std::wstring WithUnit(double value, const wchar_t* unit)
     return WithUnit(ShortNumber(value), unit);
 }
 
-std::wstring TextOf(const Figure& figure)
-{
-    return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(figure.value);
-}
-
 /// What stands behind a check's text: the detail and the figures, if there are any.
 std::wstring InBrackets(const wchar_t* text, std::array<const wchar_t*, 3> marks, const std::wstring& detail,
                         const std::wstring& figures)
@@ -48,6 +43,11 @@ std::wstring ShortNumber(double value, int decimals)
         text.erase(text.find_last_not_of(L'.') + 1);
     }
     return text == L"-0" ? L"0" : text;
+}
+
+std::wstring TextOf(const Figure& figure)
+{
+    return figure.IsWritten() ? std::wstring(figure.text) : ShortNumber(figure.value);
 }
 
 void Findings::Run(const Check& check, const LandXmlFile& file)

@@ -123,4 +123,7 @@ class Findings
 /// A number as findings show it: up to so many decimals, none at the end that say nothing.
 std::wstring ShortNumber(double value, int decimals = 5);
 
+/// A figure as findings show it: the file's own text, or the digits of a computed one.
+std::wstring TextOf(const Figure& figure);
+
 } // namespace jlandxml::inspect

@@ -26,6 +26,9 @@ class Range
     std::wstring SmallestText() const;
     std::wstring LargestText() const;
 
+    Figure SmallestFigure() const { return {smallestText_, smallest_}; }
+    Figure LargestFigure() const { return {largestText_, largest_}; }
+
   private:
     double smallest_ = std::numeric_limits<double>::infinity();
     double largest_ = -std::numeric_limits<double>::infinity();

@@ -134,7 +134,12 @@ std::vector<Change> And(std::vector<Change> changes, Change more)
 }
 
 constexpr const char* FIRST_VERTICAL_POINT = "<PVI>0.000 105.000";
+constexpr const char* LAST_VERTICAL_POINT = "<PVI>400.000 113.000";
 constexpr const char* HEIGHT_TYPE = "<Feature>\n\t\t\t\t\t\t\t<Property label=\"heightType\"";
+const Change ONE_GROUND_ALONE = {"<CrossSect name=\"No.3\"",
+                                 "<CrossSect name=\"No.2\" sta=\"40.\"><CrossSectSurf name=\"ExistingGround\">"
+                                 "<PntList2D>-5. 106. 5. 106.</PntList2D></CrossSectSurf></CrossSect><CrossSect "
+                                 "name=\"No.3\""};
 
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
@@ -608,6 +613,36 @@ const Case CASES[] = {
      L"T06",
      {{"<BeginRunoutSta>90.000", "<BeginRunoutSta>-90.000"}},
      {"警告 線形1／片勾配すりつけ BeginRunoutSta"}},
+    {"AProfileThatGoesOn", L"T06", {{LAST_VERTICAL_POINT, "<PVI>410.000 113.000"}}, {"警告 " + PROFILE}},
+    {"AProfileThatBeginsBefore", L"T06", {{FIRST_VERTICAL_POINT, "<PVI>-10.000 105.000"}}, {"警告 " + PROFILE}},
+    {"AProfileThatGoesOnByADecimetre", L"T06", {{LAST_VERTICAL_POINT, "<PVI>400.0999 113.000"}}, {"情報 " + PROFILE}},
+    {"AProfileThatGoesOnByMoreThanADecimetre",
+     L"T06",
+     {{LAST_VERTICAL_POINT, "<PVI>400.1001 113.000"}},
+     {"警告 " + PROFILE}},
+    {"AProfileThatGoesOnByLessThanAMillimetre", L"T06", {{LAST_VERTICAL_POINT, "<PVI>400.0009 113.000"}}, {}},
+    {"AGroundLineThatGoesOn", L"T06", {{"400. 103.927", "500. 103.927"}}, {"情報 線形1／縦断地盤線 現況地形"}},
+    {"AGroundLineThatGoesOnAtBothEnds",
+     L"T06",
+     {{"<PntList2D>0. 104.3", "<PntList2D>-60. 104. -20. 104.3"}, {"400. 103.927", "420. 103.927 440. 103."}},
+     {"情報 線形1／縦断地盤線 現況地形"}},
+    {"AGroundLineToTheEnd", L"T06", {{"400. 103.927", "400.0009 103.927"}}, {}},
+    {"ASectionInFrontOfItsProfile",
+     L"T06",
+     {{FIRST_VERTICAL_POINT, "<PVI>100.000 105.000"}},
+     {"警告 線形1／横断面 No.3"}},
+    {"ASectionBehindItsProfileAndItsAlignment",
+     L"T06",
+     {{"sta=\"200.000\"", "sta=\"400.002\""}, {LAST_VERTICAL_POINT, "<PVI>390.000 113.000"}},
+     {"警告 線形1／横断面 No.10"}},
+    {"ASectionInFrontOfAProfileThatItDoesNotName",
+     L"T06",
+     {{FIRST_VERTICAL_POINT, "<PVI>100.000 105.000"}, {"<Property label=\"profAlignRefs\" value=\"計画\" />", ""}},
+     {}},
+    {"ASectionOfGroundAloneInFrontOfItsProfile",
+     L"T06",
+     {{FIRST_VERTICAL_POINT, "<PVI>50.000 105.000"}, ONE_GROUND_ALONE},
+     {}},
     {"AnIntermediatePointBehindTheEnd", L"T06", {{"value=\"400.\"", "value=\"500.\""}}, {"警告 線形1／中間点 No.20"}},
     {"APointTwoMillimetresOffTheLine",
      L"T07",
@@ -1479,6 +1514,14 @@ const TextCase TEXT_CASES[] = {
      L"H12",
      {{"<Start name=\"BP\">", "<Start name=\"B\">"}, {"<End name=\"EP\">", "<End name=\"BP\">"}},
      "主要点の名称が順番どおりではありません（BPは線形の始点の名称）"},
+    {"AProfileThatGoesOn",
+     L"T06",
+     {{LAST_VERTICAL_POINT, "<PVI>410.000 113.000"}},
+     "測点が線形の範囲の外にあります（測点 410.000、範囲 0.000000～400）"},
+    {"ASectionBeyondItsProfile",
+     L"T06",
+     {{FIRST_VERTICAL_POINT, "<PVI>100.000 105.000"}},
+     "測点が線形の範囲の外にあります（測点 60.000、縦断線形の範囲 100.000～400.000）"},
     {"ADirectionBeyondAFullTurn",
      L"T08",
      {{"value=\"62.3\"", "value=\"422.3\""}},
