@@ -200,18 +200,24 @@ PlacedThing FartherEnd(Detail name, const SourcePlace& place, const Range& line,
     return {std::move(name), isBehind ? line.LargestFigure() : line.SmallestFigure(), place, Severity::Information};
 }
 
+/// The highest grade of a station outside a range of which either may be rounded.
+Severity HighestOf(const Range& range, const Figure& station)
+{
+    constexpr double ROUNDED = 0.1; // metres
+    return std::abs(station.value - Nearest(range, station.value)) <= ROUNDED ? Severity::Information
+                                                                              : Severity::Warning;
+}
+
 /// Adds the lines of the profiles. Grounds are surveyed beyond the ends of a road; a profile goes on there only by so
 /// much as rounded stations bring about.
 void AddProfiles(const Alignment& alignment, const Range& range, std::vector<PlacedThing>& things)
 {
-    constexpr double ROUNDED = 0.1;
     for (const Profile& profile : alignment.profiles)
     {
         for (const ProfAlign& design : profile.designs)
         {
             PlacedThing end = FartherEnd(NameOf(design), design, RangeOf(design), range);
-            const bool isRounded = std::abs(end.station.value - Nearest(range, end.station.value)) <= ROUNDED;
-            end.highest = isRounded ? Severity::Information : Severity::Warning;
+            end.highest = HighestOf(range, end.station);
             things.push_back(std::move(end));
         }
         for (const ProfSurf& ground : profile.grounds)
@@ -338,7 +344,9 @@ void CheckProfilesReachSections(const Alignment& alignment, const Range& range, 
             const double station = section.station.value;
             if (!profile.IsEmpty() && !section.designs.empty() && !IsApart(station, Nearest(range, station)))
             {
-                CheckWithin(alignment, profile, {NameOf(section), section.station, section}, OUTSIDE_PROFILE, findings);
+                CheckWithin(alignment, profile,
+                            {NameOf(section), section.station, section, HighestOf(profile, section.station)},
+                            OUTSIDE_PROFILE, findings);
             }
         }
     }
