@@ -95,10 +95,15 @@ std::vector<const Check*> ChosenChecks(const std::vector<std::string>& only, con
     return chosen;
 }
 
+bool Holds(const std::vector<const Check*>& checks, std::wstring_view code)
+{
+    return std::find(checks.begin(), checks.end(), FindCheck(code)) != checks.end();
+}
+
 /// A check that was asked for by its code and has nothing to hold files against would say nothing of any.
 void RefuseWithoutSchema(const std::vector<const Check*>& checks)
 {
-    if (std::find(checks.begin(), checks.end(), FindCheck(L"S01")) != checks.end())
+    if (Holds(checks, L"S01"))
     {
         throw WrongArgument("--checks", "S01には、照合するXMLスキーマを--schemaで指定してください");
     }
@@ -259,6 +264,11 @@ InspectStatus InspectFile(const InspectOptions& options, std::optional<inspect::
         // One that can't be read is told of each file.
         const inspect::XmlSchema& read = schema ? *schema : schema.emplace(options.schemaFile);
         file.schemaFaults = read.Validate(ReadWholeFile(path).value_or(std::string()));
+        // Where it isn't well-formed, the schema check ends: told once, by whichever of the two was asked for.
+        if (!Holds(options.checks, L"X07"))
+        {
+            file.formFault.reset();
+        }
     }
     const std::vector<Finding> findings = Inspect(file, options.checks);
     if (!options.csvFolder.empty())

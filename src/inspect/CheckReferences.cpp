@@ -23,6 +23,7 @@ namespace
 {
 
 constexpr Sentence NOT_GIVEN{L"指定なし", L"not given"};
+constexpr Sentence WHOLE_FILE{L"ファイル", L"File"};
 constexpr Sentence UNITS{L"単位系", L"Units"};
 constexpr Sentence COORDINATE_SYSTEM{L"座標参照系", L"Coordinate system"};
 
@@ -681,9 +682,23 @@ void CheckFigures(const LandXmlFile& file, Findings& findings)
     }
 }
 
+void CheckForm(const LandXmlFile& file, Findings& findings)
+{
+    if (file.formFault)
+    {
+        findings.Report(file.formFault->path, {file.formFault->line}, file.formFault->reason);
+    }
+}
+
 void CheckSchema(const LandXmlFile& file, Findings& findings)
 {
-    for (const SchemaFault& fault : file.schemaFaults.listed)
+    // In front of the others, since it says why there are no more of them.
+    const std::optional<XmlFault>& end = file.schemaFaults.end;
+    if (end && !file.formFault)
+    {
+        findings.Report(end->path, {end->line}, end->reason);
+    }
+    for (const XmlFault& fault : file.schemaFaults.listed)
     {
         findings.Report(fault.path, {fault.line},
                         fault.count > 1
@@ -695,9 +710,37 @@ void CheckSchema(const LandXmlFile& file, Findings& findings)
 
 void CheckEncoding(const LandXmlFile& file, Findings& findings)
 {
-    if (file.hasMalformedText)
+    const SourceEncoding& encoding = file.encoding;
+    if (encoding.fault == EncodingFault::MalformedBytes)
     {
-        findings.Report(Sentence{L"ファイル", L"File"}, {1});
+        findings.Report(WHOLE_FILE, {1});
+    }
+    else if (encoding.fault != EncodingFault::None)
+    {
+        // One that isn't read here may still be the file's own.
+        findings.Report(
+            WHOLE_FILE, {1},
+            {{L"encoding={}、{}として読みました", L"encoding={}, read as {}"}, {encoding.declared, encoding.read}}, {},
+            encoding.fault == EncodingFault::UnknownDeclared ? Severity::Warning : Severity::Error);
+    }
+}
+
+void CheckVersion(const LandXmlFile& file, Findings& findings)
+{
+    if (!file.IsOfTheVersion())
+    {
+        findings.Report(
+            WHOLE_FILE, file.root,
+            {{L"version={}、xmlns={}、LandXML {}として検査しました", L"version={}, xmlns={}, checked as LandXML {}"},
+             {NameOr(file.version, NOT_GIVEN), NameOr(file.nameSpace, NOT_GIVEN), LANDXML_VERSION}});
+    }
+}
+
+void CheckEntities(const LandXmlFile& file, Findings& findings)
+{
+    if (file.entities)
+    {
+        findings.Report(WHOLE_FILE, *file.entities);
     }
 }
 

@@ -28,6 +28,9 @@ void CheckSkipped(const LandXmlFile& file, Findings& findings);
 void CheckUndrawn(const LandXmlFile& file, Findings& findings);
 void CheckFigures(const LandXmlFile& file, Findings& findings);
 void CheckEncoding(const LandXmlFile& file, Findings& findings);
+void CheckForm(const LandXmlFile& file, Findings& findings);
+void CheckVersion(const LandXmlFile& file, Findings& findings);
+void CheckEntities(const LandXmlFile& file, Findings& findings);
 void CheckSchema(const LandXmlFile& file, Findings& findings);
 
 } // namespace jlandxml::inspect

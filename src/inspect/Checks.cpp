@@ -7,8 +7,10 @@
 #include "inspect/CheckReferences.h"
 #include "inspect/CheckStations.h"
 #include "inspect/CheckSurfaces.h"
+#include "inspect/WellFormedness.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace jlandxml::inspect
 {
@@ -62,7 +64,8 @@ constexpr Check CHECKS[] = {
     {L"X03",
      ERROR_GRADE,
      {},
-     {L"文字コードに合わないバイトがあります", L"Bytes that are not in the file's encoding"},
+     {L"XML宣言の文字コードで読めないバイトがあります",
+      L"Bytes that can't be read in the encoding of the XML declaration"},
      {L"XML宣言の文字コードで保存し直してください",
       L"Save the file again in the encoding that its XML declaration names"},
      L"XML 1.0 4.3.3",
@@ -90,6 +93,30 @@ constexpr Check CHECKS[] = {
      {L"0より大きい値を入力してください", L"Enter a figure above 0"},
      LANDXML,
      CheckPositive},
+    {L"X07",
+     ERROR_GRADE,
+     {},
+     {L"整形式のXMLではありません", L"Not well-formed XML"},
+     {L"示された行の書き方を直してください。多くのプログラムはファイル全体を読み込みません",
+      L"Mend the line; most programs refuse the whole file"},
+     L"XML 1.0、Namespaces in XML 1.0",
+     CheckForm},
+    {L"X08",
+     WARNING,
+     {},
+     {L"LandXML 1.2の版と名前空間ではありません", L"Version or namespace isn't that of LandXML 1.2"},
+     {L"versionを1.2に、xmlnsをhttp://www.landxml.org/schema/LandXML-1.2にしてください",
+      L"Make version 1.2 and xmlns http://www.landxml.org/schema/LandXML-1.2"},
+     LANDXML,
+     CheckVersion},
+    {L"X09",
+     WARNING,
+     {},
+     {L"ファイルが宣言した実体参照は展開せずに読みました", L"Entities that the file declares were not resolved"},
+     {L"実体参照を文字に置き換え、文書型宣言を取り除いてください",
+      L"Replace the references by their text and remove the document type"},
+     L"XML 1.0 4.4",
+     CheckEntities},
     {L"S01",
      ERROR_GRADE,
      {},
@@ -521,17 +548,26 @@ constexpr Check CHECKS[] = {
      CheckAngleUnits},
 };
 
+/// All but the one for which the library isn't there.
+std::vector<Check> BuiltChecks()
+{
+    std::vector<Check> checks(std::begin(CHECKS), std::end(CHECKS));
+    std::erase_if(checks, [](const Check& check) { return check.run == CheckForm && !KnowsWhatIsWellFormed(); });
+    return checks;
+}
+
 } // namespace
 
 std::span<const Check> AllChecks()
 {
-    return CHECKS;
+    static const std::vector<Check> CHECKS_OF_THIS_BUILD = BuiltChecks();
+    return CHECKS_OF_THIS_BUILD;
 }
 
 std::vector<const Check*> EveryCheck()
 {
     std::vector<const Check*> checks;
-    for (const Check& check : CHECKS)
+    for (const Check& check : AllChecks())
     {
         checks.push_back(&check);
     }
@@ -540,9 +576,10 @@ std::vector<const Check*> EveryCheck()
 
 const Check* FindCheck(std::wstring_view code)
 {
-    const auto* const found =
-        std::find_if(std::begin(CHECKS), std::end(CHECKS), [&](const Check& check) { return check.code == code; });
-    return found != std::end(CHECKS) ? found : nullptr;
+    const std::span<const Check> checks = AllChecks();
+    const auto found =
+        std::find_if(checks.begin(), checks.end(), [&](const Check& check) { return check.code == code; });
+    return found != checks.end() ? &*found : nullptr;
 }
 
 std::vector<Finding> Inspect(const LandXmlFile& file, const std::vector<const Check*>& checks)

@@ -389,11 +389,17 @@ struct UnreadableFigure : SourcePlace
     std::wstring_view text;
 };
 
+/// The version of LandXML that the checks know, and the namespace of its elements.
+inline constexpr std::wstring_view LANDXML_VERSION = L"1.2";
+inline constexpr std::wstring_view LANDXML_NAMESPACE = L"http://www.landxml.org/schema/LandXML-1.2";
+
 /// A whole file.
 struct LandXmlFile
 {
     std::wstring path;
+    SourcePlace root;
     std::wstring_view version;
+    std::wstring_view nameSpace; ///< of the outermost element; empty: none
     std::wstring_view projectName;
     std::wstring_view projectDesc;
     std::vector<Feature> projectFeatures; ///< projectPhase, applicationCriterion
@@ -409,12 +415,18 @@ struct LandXmlFile
     std::vector<UnreadableFigure> unreadable;
     std::deque<std::wstring> joinedTexts;               ///< of elements whose text something else parts
     std::unordered_set<std::wstring_view> featureNames; ///< of every Feature that the reader came by
-    SchemaFaults schemaFaults;                          ///< of the schema that the file was held against, if any
-    bool hasMalformedText = false;                      ///< bytes that aren't in the file's encoding
+    SchemaFaults schemaFaults;         ///< of the schema that the file was held against, if any
+    std::optional<XmlFault> formFault; ///< where the file isn't well-formed, if it isn't and that is known
+    SourceEncoding encoding;           ///< how the bytes were read
+    std::optional<SourcePlace>
+        entities; ///< where the file begins to declare entities of its own, which aren't resolved
 
     /// What the texts are views into.
     std::unique_ptr<SourceText> source;
     std::unique_ptr<pugi::xml_document> tree;
+
+    /// True if the file says that it is of the version that the checks know.
+    bool IsOfTheVersion() const { return version == LANDXML_VERSION && nameSpace == LANDXML_NAMESPACE; }
 
     /// True if the file says that it follows the Japanese standard, which asks for more than LandXML 1.2.
     bool IsOfTheStandard() const

@@ -32,7 +32,9 @@ class FileReader
 
     void Read(Node root)
     {
+        file_.root = reader_.PlaceOf(root);
         file_.version = AttributeText(root, L"version");
+        file_.nameSpace = NameSpaceOf(root);
         reader_.ForEachChild(root,
                              {{L"Project", [this](Node child) { ReadProject(child); }},
                               {L"Units", [this](Node child) { ReadUnits(child); }},
@@ -47,7 +49,29 @@ class FileReader
         FollowPointReferences();
     }
 
+    /// Entities are declared in front of the outermost element.
+    void ReadDocumentType(Node document)
+    {
+        for (const Node child : document.children())
+        {
+            if (child.type() == pugi::node_doctype && !file_.entities &&
+                std::wstring_view(child.value()).find(L"<!ENTITY") != std::wstring_view::npos)
+            {
+                file_.entities = reader_.PlaceOf(child);
+            }
+        }
+    }
+
   private:
+    /// The namespace of the outermost element, by the prefix of its name.
+    static std::wstring_view NameSpaceOf(Node root)
+    {
+        const std::wstring_view name = root.name();
+        const std::size_t colon = name.find(L':');
+        const std::wstring prefix = colon == std::wstring_view::npos ? L"" : L":" + std::wstring(name.substr(0, colon));
+        return AttributeText(root, (L"xmlns" + prefix).c_str());
+    }
+
     ElementReader::ReadChild FeatureInto(std::vector<Feature>& features)
     {
         return [this, &features](Node child) { features.push_back(reader_.ReadFeature(child)); };
@@ -342,10 +366,11 @@ LandXmlFile ReadLandXmlBytes(std::string bytes, const std::wstring& path)
     file.path = path;
     file.source = std::make_unique<SourceText>(std::move(bytes));
     file.tree = std::make_unique<pugi::xml_document>();
-    file.hasMalformedText = file.source->HasMalformedBytes();
+    file.encoding = file.source->Encoding();
+    file.formFault = file.source->FormFault();
     std::wstring& text = file.source->Text();
-    const pugi::xml_parse_result parsed = file.tree->load_buffer_inplace(text.data(), text.size() * sizeof(wchar_t),
-                                                                         pugi::parse_default, pugi::encoding_wchar);
+    const pugi::xml_parse_result parsed = file.tree->load_buffer_inplace(
+        text.data(), text.size() * sizeof(wchar_t), pugi::parse_default | pugi::parse_doctype, pugi::encoding_wchar);
     if (!parsed)
     {
         throw CFileException(L"XMLとして読み込めません（" + std::to_wstring(file.source->LineAt(parsed.offset)) +
@@ -357,7 +382,9 @@ LandXmlFile ReadLandXmlBytes(std::string bytes, const std::wstring& path)
         throw CFileException(L"LandXMLのファイルではありません（最上位の要素: " + std::wstring(LocalName(root)) +
                              L"）");
     }
-    FileReader(file).Read(root);
+    FileReader reader(file);
+    reader.ReadDocumentType(*file.tree);
+    reader.Read(root);
     return file;
 }
 

@@ -4,6 +4,7 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "inspect/SourceText.h"
+#include "inspect/XmlLibrary.h"
 
 #include <algorithm>
 #include <climits>
@@ -26,45 +27,15 @@ constexpr std::wstring_view ATTRIBUTE = L"attribute '";
 /// So many are listed.
 constexpr std::size_t MOST_FAULTS = 1000;
 
-template <auto Free>
-struct Freer
-{
-    template <class Object>
-    void operator()(Object* object) const
-    {
-        Free(object);
-    }
-};
-using Document = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
-using ParserContext = std::unique_ptr<xmlSchemaParserCtxt, Freer<xmlSchemaFreeParserCtxt>>;
+using Document = std::unique_ptr<xmlDoc, LibraryFreer<xmlFreeDoc>>;
+using ParserContext = std::unique_ptr<xmlSchemaParserCtxt, LibraryFreer<xmlSchemaFreeParserCtxt>>;
 struct TextFreer
 {
     void operator()(xmlChar* text) const { xmlFree(text); }
 };
 using XmlText = std::unique_ptr<xmlChar, TextFreer>;
-using Schema = std::unique_ptr<xmlSchema, Freer<xmlSchemaFree>>;
-using Validation = std::unique_ptr<xmlSchemaValidCtxt, Freer<xmlSchemaFreeValidCtxt>>;
-
-std::wstring Wide(const char* text)
-{
-    return text == nullptr ? std::wstring() : WideFromUtf8(text);
-}
-
-/// A message in one line, without the namespaces, which are the same everywhere.
-std::wstring Reason(const char* message)
-{
-    std::wstring text = Wide(message);
-    for (std::size_t open = text.find(L'{'); open != std::wstring::npos; open = text.find(L'{', open))
-    {
-        const std::size_t close = text.find(L'}', open);
-        if (close == std::wstring::npos)
-        {
-            break;
-        }
-        text.erase(open, close + 1 - open);
-    }
-    return std::wstring(Trim(ReplaceAll(text, L"\n", L" ")));
-}
+using Schema = std::unique_ptr<xmlSchema, LibraryFreer<xmlSchemaFree>>;
+using Validation = std::unique_ptr<xmlSchemaValidCtxt, LibraryFreer<xmlSchemaFreeValidCtxt>>;
 
 /// Follows the elements as they are read and gathers what the library says of them. It says it of an element's start
 /// behind StartElement, and of its end behind EndElement.
@@ -92,7 +63,7 @@ class FaultGatherer
         }
     }
 
-    SchemaFaults MoveOut() { return {std::move(faults_), more_}; }
+    SchemaFaults MoveOut() { return {std::move(faults_), more_, std::move(end_)}; }
 
   private:
     void Open(std::string_view name)
@@ -111,30 +82,28 @@ class FaultGatherer
         lengths_.resize(lengths_.empty() ? 0 : lengths_.size() - 1);
     }
 
-    static SchemaFault Fault(std::string_view path, const xmlError& error)
+    static XmlFault Fault(std::string_view path, const xmlError& error)
     {
-        return {WideFromUtf8(path), Reason(error.message), static_cast<std::size_t>(std::max(error.line, 0))};
+        return {WideFromUtf8(path), ReasonOf(error), static_cast<std::size_t>(std::max(error.line, 0))};
     }
 
-    /// Where the file isn't well-formed the parser stops, and the schema would only miss what it didn't read. In front
-    /// of the other faults, since it says why there are no more of them.
+    /// Where the file isn't well-formed the parser stops, and the schema would only miss what it didn't read.
     void End(const xmlError& error)
     {
-        if (!hasEnded_)
+        if (!end_)
         {
             const std::string_view open = std::string_view(path_).substr(0, openLength_);
-            faults_.insert(faults_.begin(), Fault(open.empty() ? "/" : open, error));
+            end_ = Fault(open.empty() ? "/" : open, error);
         }
-        hasEnded_ = true;
     }
 
     void Add(const xmlError& error)
     {
-        if (hasEnded_)
+        if (end_)
         {
             return;
         }
-        SchemaFault fault = Fault(path_, error);
+        XmlFault fault = Fault(path_, error);
         // The path names the element already.
         if (error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_1 || error.code == XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_2)
         {
@@ -161,9 +130,9 @@ class FaultGatherer
     std::string path_;                 ///< of the open elements, and of the one that was closed last
     std::size_t openLength_ = 0;       ///< of the path of the open elements
     std::vector<std::size_t> lengths_; ///< of the paths around them
-    std::vector<SchemaFault> faults_;
+    std::vector<XmlFault> faults_;
     std::size_t more_ = 0;
-    bool hasEnded_ = false;
+    std::optional<XmlFault> end_;
     std::unordered_map<std::wstring, std::size_t>
         attributes_; ///< by their messages, which name them: the place among the faults
 };
@@ -239,7 +208,7 @@ xmlParserInputPtr OpenIncluded(const char* uri, const char*, xmlParserCtxtPtr co
     try
     {
         const XmlText path(reinterpret_cast<xmlChar*>(xmlURIUnescapeString(uri == nullptr ? "" : uri, 0, nullptr)));
-        const std::optional<std::string> text = SchemaText(Wide(reinterpret_cast<const char*>(path.get())));
+        const std::optional<std::string> text = SchemaText(WideFromLibrary(reinterpret_cast<const char*>(path.get())));
         // An entity could take in any file, or grow without end.
         const bool isTaken = text && text->find("<!ENTITY") == std::string::npos;
         const xmlParserInputBufferPtr buffer =

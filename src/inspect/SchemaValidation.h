@@ -1,5 +1,7 @@
 #pragma once
 
+#include "inspect/XmlFault.h"
+
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -11,18 +13,11 @@ namespace jlandxml::inspect
 {
 
 /// Where a file doesn't follow a schema. Attributes of one name that no element may have there are one fault.
-struct SchemaFault
-{
-    std::wstring path;    ///< of the element, by its own and its parents' names
-    std::wstring reason;  ///< in the words of the validating library
-    std::size_t line = 0; ///< of the first
-    std::size_t count = 1;
-};
-
 struct SchemaFaults
 {
-    std::vector<SchemaFault> listed;
+    std::vector<XmlFault> listed;
     std::size_t more = 0; ///< that were only counted: a file that is wrong from end to end would drown the reader
+    std::optional<XmlFault> end; ///< where the parser stopped: behind it nothing was held against the schema
 };
 
 /// True if the program was built with the library that validates.

@@ -87,7 +87,12 @@ class SummaryWriter
 void WriteHead(SummaryWriter& out, const LandXmlFile& file)
 {
     const std::wstring_view criterion = PropertyValue(file.projectFeatures, L"", L"applicationCriterion");
-    out.Line(1, {L"形式", L"Format"}, L"LandXML " + out.Listed({file.version, criterion}));
+    std::wstring format = L"LandXML " + out.Given(out.Listed({file.version, criterion}));
+    if (!file.IsOfTheVersion())
+    {
+        format.append(out.Word(Detail({L"（LandXML {}として検査）", L" (checked as LandXML {})"}, {LANDXML_VERSION})));
+    }
+    out.Line(1, {L"形式", L"Format"}, format);
     out.Line(1, {L"プロジェクト", L"Project"}, out.Given(out.Listed({file.projectName, file.projectDesc})));
     if (!file.application.empty())
     {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <iterator>
 #include <limits>
 
 namespace jlandxml::inspect
@@ -18,6 +19,27 @@ constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 bool IsBlank(char character)
 {
     return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
+/// False for what isn't well-formed XML wherever it stands, be it in a comment or an instruction: then it is the
+/// parser's, and the judge of the file's form sees it.
+bool IsSoundEverywhere(std::string_view element)
+{
+    constexpr std::string_view ENDS[] = {"--", "]]>", "?>", "\xEF\xBF\xBE", "\xEF\xBF\xBF"};
+    const auto isCharacter = [](char byte) { return static_cast<unsigned char>(byte) >= ' ' || IsBlank(byte); };
+    const auto isThere = [&](std::string_view end) { return element.find(end) != std::string_view::npos; };
+    return IsWellFormedUtf8(element) && std::all_of(element.begin(), element.end(), isCharacter) &&
+           std::none_of(std::begin(ENDS), std::end(ENDS), isThere);
+}
+
+/// True for a name of ASCII letters and what may stand behind the first; namespaces aren't known here.
+bool IsPlainName(std::string_view name)
+{
+    const auto isLetter = [](char byte) { return (FoldAscii(byte) >= 'a' && FoldAscii(byte) <= 'z') || byte == '_'; };
+    const auto isOfName = [&](char byte) {
+        return isLetter(byte) || (byte >= '0' && byte <= '9') || byte == '-' || byte == '.';
+    };
+    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isOfName);
 }
 
 /// Takes words off the front of a text.
@@ -325,7 +347,7 @@ class PassageScanner
             return false;
         }
         const std::optional<std::string_view> text = ScanText();
-        if (!text || !Take(isPoint ? "</P>" : "</F>") || !IsWellFormedUtf8(bytes_.substr(begin, position_ - begin)))
+        if (!text || !Take(isPoint ? "</P>" : "</F>") || !IsSoundEverywhere(bytes_.substr(begin, position_ - begin)))
         {
             return false;
         }
@@ -348,10 +370,12 @@ class PassageScanner
         std::string_view value;
     };
 
-    /// Hands over the attributes up to the tag's end.
+    /// Hands over the attributes up to the tag's end. False if one stands twice, or there are more than a point has.
     template <class Visit>
     bool ScanAttributes(Visit&& visit)
     {
+        std::array<std::string_view, 12> names;
+        std::size_t count = 0;
         while (!AtEnd() && bytes_[position_] != '>')
         {
             const bool isApart = IsBlank(bytes_[position_]);
@@ -364,10 +388,12 @@ class PassageScanner
                 break;
             }
             const std::optional<Attribute> attribute = ScanAttribute();
-            if (!attribute)
+            const auto end = names.begin() + static_cast<std::ptrdiff_t>(count);
+            if (!attribute || end == names.end() || std::find(names.begin(), end, attribute->name) != end)
             {
                 return false;
             }
+            names[count++] = attribute->name;
             visit(*attribute);
         }
         return Take(">");
@@ -378,7 +404,7 @@ class PassageScanner
         const std::size_t name = position_;
         position_ = std::min(bytes_.find_first_of("= \t\r\n<>&/\"'", position_), bytes_.size());
         const std::string_view nameText = bytes_.substr(name, position_ - name);
-        if (nameText.empty() || !Take("="))
+        if (!IsPlainName(nameText) || nameText == "xmlns" || !Take("="))
         {
             return {};
         }

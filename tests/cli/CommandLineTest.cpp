@@ -122,13 +122,15 @@ class CommandLineTest : public RunTest
 
 // Judging what was written
 
+const std::string VERSIONED_ROOT = "<LandXML xmlns='http://www.landxml.org/schema/LandXML-1.2' version='1.2'>";
+
 TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
 {
-    WorkFile(
-        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
-        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
-        "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
-        "</Alignment></Alignments></LandXML>");
+    WorkFile(VERSIONED_ROOT +
+             "<Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+             "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
+             "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
+             "</Alignment></Alignments></LandXML>");
     const std::vector<std::wstring> arguments{folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output()};
     EXPECT_EQ(Run(arguments).status, ExitStatus::FileWritten);
     std::vector<std::wstring> checked = arguments;
@@ -145,11 +147,11 @@ TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
 
 TEST_F(CommandLineTest, WhatACheckFindsStandsInTheLineOfJson)
 {
-    WorkFile(
-        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
-        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
-        "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
-        "</Alignment></Alignments></LandXML>");
+    WorkFile(VERSIONED_ROOT +
+             "<Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+             "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='2' desc="
+             "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start>0 0</Start><End>1 0</End></Line></CoordGeom>"
+             "</Alignment></Alignments></LandXML>");
     const Outcome outcome =
         Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check", L"--json"});
     const OrderedJson line = OrderedJson::parse(outcome.out);
@@ -166,10 +168,12 @@ TEST_F(CommandLineTest, WhatACheckFindsStandsInTheLineOfJson)
 
 TEST_F(CommandLineTest, ASoundFileIsCheckedWithoutAWord)
 {
-    WorkFile(
-        "<LandXML><Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
-        "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='1' desc="
-        "'プロジェクト名 = 名'/></Alignments></LandXML>");
+    WorkFile(VERSIONED_ROOT +
+             "<Units><Metric linearUnit='meter'/></Units><Project/><CoordinateSystem horizontalDatum='JGD2011' "
+             "horizontalCoordinateSystemName='9(X,Y)'/><Alignments><Alignment name='A' staStart='0' length='1' desc="
+             "'プロジェクト名 = 名'><CoordGeom><Line length='1'><Start name='BP'>0 0</Start><End name='EP'>1 "
+             "0</End></Line></CoordGeom>"
+             "</Alignment></Alignments></LandXML>");
     const Outcome outcome = Run({folder.Name(), L"-s", Settings(COMPLETING_SETTINGS), L"-o", Output(), L"--check"});
     EXPECT_EQ(outcome.status, ExitStatus::FileWritten);
     EXPECT_EQ(outcome.err, "");

@@ -19,17 +19,18 @@ namespace
 using OrderedJson = nlohmann::ordered_json;
 
 /// Files from sound to unreadable; what the checks say of them is tested with the checks.
-constexpr const char* HEAD = "<LandXML version=\"1.2\"><Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
-                             "horizontalDatum=\"JGD2011\" horizontalCoordinateSystemName=\"9(X,Y)\"/>";
-const std::string SOUND = std::string(HEAD) + "</LandXML>";
+constexpr const char* VERSIONED_ROOT = "<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-1.2\" version=\"1.2\">";
+const std::string HEAD =
+    VERSIONED_ROOT + std::string("<Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
+                                 "horizontalDatum=\"JGD2011\" horizontalCoordinateSystemName=\"9(X,Y)\"/>");
+const std::string SOUND = HEAD + "</LandXML>";
 const std::string WITH_ERROR =
-    "<LandXML version=\"1.2\"><Project name=\"名\"/><CoordinateSystem horizontalDatum=\"JGD2011\" "
-    "horizontalCoordinateSystemName=\"9(X,Y)\"/></LandXML>";
+    VERSIONED_ROOT + std::string("<Project name=\"名\"/><CoordinateSystem horizontalDatum=\"JGD2011\" "
+                                 "horizontalCoordinateSystemName=\"9(X,Y)\"/></LandXML>");
 const std::string WITH_WARNING =
-    std::string(HEAD) +
-    "<Alignments name=\"路線\"><Alignment name=\"A\" length=\"1\" staStart=\"0\"><CoordGeom><Line>\n"
-    "<Start>0 0</Start><End name=\"EP\">1 0</End></Line></CoordGeom></Alignment></Alignments></LandXML>";
-const std::string WITH_INFORMATION = std::string(HEAD) + "<Monuments/></LandXML>";
+    HEAD + "<Alignments name=\"路線\"><Alignment name=\"A\" length=\"1\" staStart=\"0\"><CoordGeom><Line>\n"
+           "<Start>0 0</Start><End name=\"EP\">1 0</End></Line></CoordGeom></Alignment></Alignments></LandXML>";
+const std::string WITH_INFORMATION = HEAD + "<Monuments/></LandXML>";
 
 struct InspectOutcome
 {
@@ -207,7 +208,7 @@ TEST_F(InspectCommandLineTest, AFolderIsNoFile)
 
 TEST_F(InspectCommandLineTest, ChecksAreChosenByCodeOrByGroup)
 {
-    const std::wstring file = File("<LandXML/>");
+    const std::wstring file = File(VERSIONED_ROOT + std::string("</LandXML>"));
     const auto codes = [&](std::vector<std::wstring> arguments) {
         arguments.insert(arguments.end(), {L"--json", file});
         std::string text;
@@ -308,6 +309,28 @@ TEST_F(InspectSchema, LinesAndPathsAreRightInALongFile)
         Said(text + "<Project/></LandXML>"),
         "    誤り S01 20001行目 /LandXML/Project: スキーマに合いません（Element 'Project': The attribute 'name' is "
         "required but missing.）\n");
+}
+
+TEST_F(InspectSchema, AFileThatIsNotWellFormedIsToldOnce)
+{
+    const std::wstring schema = folder_.Write(L"基準.xsd", SCHEMA);
+    const std::wstring file = File("<LandXML>\n<Project/><Project a='' a=''/>\n<Project/></LandXML>");
+    const auto said = [&](const std::vector<std::wstring>& checks) {
+        std::vector<std::wstring> arguments{L"--schema", schema, file};
+        for (const std::wstring& check : checks)
+        {
+            arguments.insert(arguments.end(), {L"--checks", check});
+        }
+        const std::string out = Run(arguments).out;
+        return out.substr(out.find("    誤り"));
+    };
+    const std::string form = "2行目 /LandXML: 整形式のXMLではありません（Attribute a redefined）\n";
+    const std::string missing =
+        "    誤り S01 2行目 /LandXML/Project: スキーマに合いません（Element 'Project': The attribute "
+        "'name' is required but missing.）\n";
+    EXPECT_EQ(said({L"X07", L"S01"}), "    誤り X07 " + form + missing);
+    EXPECT_EQ(said({L"X07"}), "    誤り X07 " + form);
+    EXPECT_EQ(said({L"S01"}), "    誤り S01 2行目 /LandXML: スキーマに合いません（Attribute a redefined）\n" + missing);
 }
 
 TEST_F(InspectSchema, AFileInCodePage932IsReadAsSuch)

@@ -5,6 +5,7 @@
 #include "base/Warnings.h"
 #include "dialog/DialogFields.h"
 #include "inspect/Printing.h"
+#include "inspect/WellFormedness.h"
 #include "support/RunFixture.h"
 
 #include <algorithm>
@@ -231,7 +232,7 @@ TEST_F(ManualTest, ListsTheChecksOfFinishedFiles)
     std::vector<std::vector<std::string>> listed;
     for (const std::vector<std::string>& row : RowsOfTables(SectionOfManual("完成したファイルの検査")))
     {
-        if (row.size() == 6)
+        if (row.size() == 6 && (inspect::KnowsWhatIsWellFormed() || row.front() != "X07"))
         {
             EXPECT_FALSE(row[4].empty()) << row.front();
             listed.push_back({row[0], row[1], row[2], row[3], row[5]});

@@ -219,6 +219,23 @@ const Case CASES[] = {
      {}},
     {"BytesThatAreNoUtf8", L"X03", {{"国道999号", "\xFF"}}, {"誤り ファイル"}},
 
+    {"AnotherEncodingThanDeclared", L"X03", {{"encoding=\"UTF-8\"", "encoding=\"utf-16\""}}, {"誤り ファイル"}},
+    {"AnEncodingThatIsNotRead", L"X03", {{"encoding=\"UTF-8\"", "encoding=\"EUC-JP\""}}, {"警告 ファイル"}},
+    {"AnAttributeTwice", L"X07", {{"<Units>", "<Units a=\"\" a=\"\">"}}, {"誤り /LandXML"}},
+    {"OnlyTheFirstFault", L"X07", {{"設計第一課", "&amp;&"}, {"<Units>", "<Units a=\"\" a=\"\">"}}, {"誤り /LandXML"}},
+    {"BytesThatAreNoUtf8AreNoFaultOfTheForm", L"X07", {{"国道999号", "\xFF"}}, {}},
+    {"AnAmpersandThatIsWritten", L"X07", {{"国道999号", "&amp;&#x8DEF;"}}, {}},
+    {"NoVersion", L"X08", {{" version=\"1.2\"", ""}}, {"警告 ファイル"}},
+    {"AFormerVersion", L"X08", {{" version=\"1.2\"", " version=\"1.1\""}}, {"警告 ファイル"}},
+    {"NoNamespace", L"X08", {{"xmlns=\"http://www.landxml.org/schema/LandXML-1.2\"", ""}}, {"警告 ファイル"}},
+    {"TheNamespaceOfAFormerVersion",
+     L"X08",
+     {{"xmlns=\"http://www.landxml.org/schema/LandXML-1.2\"", "xmlns=\"http://www.landxml.org/schema/LandXML-1.0\""}},
+     {"警告 ファイル"}},
+    {"ANamespaceByItsPrefix", L"X08", {{"<LandXML xmlns=", "<l:LandXML xmlns:l="}, {"</LandXML>", "</l:LandXML>"}}, {}},
+    {"AnEntityOfTheFile", L"X09", {{"<LandXML", "<!DOCTYPE LandXML [<!ENTITY a \"b\">]><LandXML"}}, {"警告 ファイル"}},
+    {"ADocumentTypeWithoutEntities", L"X09", {{"<LandXML", "<!DOCTYPE LandXML><LandXML"}}, {}},
+
     {"AnAlignmentWithoutALength", L"X05", {{" length=\"400.000000\"", ""}}, {"誤り 線形1"}},
     {"ACurveWithoutARadius", L"X05", {{" radius=\"200.00000000\"", ""}}, {"誤り " + CURVE}},
     {"AClothoidWithoutItsParameter",
@@ -1244,7 +1261,16 @@ const Case CASES[] = {
 };
 
 class CheckCases : public testing::TestWithParam<Case>
-{};
+{
+  protected:
+    void SetUp() override
+    {
+        if (FindCheck(GetParam().code) == nullptr)
+        {
+            GTEST_SKIP() << "built without the library that this check needs";
+        }
+    }
+};
 
 TEST_P(CheckCases, SaysOfTheChangedElementAlone)
 {
@@ -1331,6 +1357,12 @@ TEST(Checks, SayWhereAFileDoesNotFollowItsSchema)
     LandXmlFile file = SoundFile();
     file.schemaFaults.listed = {{L"/LandXML/Units", L"not expected", 5, 1}, {L"/LandXML", L"not allowed", 2, 3}};
     EXPECT_EQ(Said(file, L"S01"), (std::vector<std::string>{"誤り /LandXML/Units", "誤り /LandXML"}));
+    file.schemaFaults.end = XmlFault{L"/LandXML/Project", L"too deep", 9};
+    EXPECT_EQ(Said(file, L"S01"),
+              (std::vector<std::string>{"誤り /LandXML/Project", "誤り /LandXML/Units", "誤り /LandXML"}));
+    file.formFault = file.schemaFaults.end;
+    EXPECT_EQ(Said(file, L"S01"), (std::vector<std::string>{"誤り /LandXML/Units", "誤り /LandXML"}))
+        << "the form's fault has a check of its own";
 }
 
 TEST(Checks, EachSpeaksInSomeCase)
@@ -1498,6 +1530,14 @@ const TextCase TEXT_CASES[] = {
      L"X06",
      {{"rot=\"cw\" radius=\"200.00000000\"", "rot=\"cw\" radius=\"-200.\""}},
      "長さか半径が0以下です（radius -200.）"},
+    {"AFormerVersion",
+     L"X08",
+     {{" version=\"1.2\"", " version=\"1.1\""}, {"xmlns=\"http://www.landxml.org/schema/LandXML-1.2\"", ""}},
+     "LandXML 1.2の版と名前空間ではありません（version=1.1、xmlns=指定なし、LandXML 1.2として検査しました）"},
+    {"AnEncoding",
+     L"X03",
+     {{"encoding=\"UTF-8\"", "encoding=\"EUC-JP\""}},
+     "XML宣言の文字コードで読めないバイトがあります（encoding=EUC-JP、UTF-8として読みました）"},
     {"AClothoidsParameter",
      L"X05",
      {{"<Property label=\"A\" value=\"100.000000\" />", ""}},

@@ -54,8 +54,90 @@ TEST(ReadLandXml, TellsEncodingsApart)
     {
         const LandXmlFile file = Read(bytes);
         EXPECT_EQ(file.projectName, L"架空バイパス");
-        EXPECT_FALSE(file.hasMalformedText);
+        EXPECT_EQ(file.encoding.fault, EncodingFault::None);
     }
+}
+
+/// A file's bytes, and how its encoding is judged.
+struct DeclaredBytes
+{
+    const char* name;
+    std::string bytes;
+    EncodingFault fault;
+    std::wstring declared;
+    std::wstring read;
+};
+
+class DeclaredEncodings : public testing::TestWithParam<DeclaredBytes>
+{};
+
+TEST_P(DeclaredEncodings, AreHeldAgainstTheBytes)
+{
+    const SourceEncoding encoding = SourceText(GetParam().bytes).Encoding();
+    EXPECT_EQ(encoding.fault, GetParam().fault);
+    EXPECT_EQ(encoding.declared, GetParam().declared);
+    EXPECT_EQ(encoding.read, GetParam().read);
+}
+
+std::string Declared(const std::string& encoding, const std::string& content)
+{
+    return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?><a>" + content + "</a>";
+}
+
+std::string Marked(const std::string& text)
+{
+    return "\xEF\xBB\xBF" + text;
+}
+
+constexpr const char* EUC_JP_ROUTE = "\xCF\xA9\xC0\xFE"; // 路線
+
+INSTANTIATE_TEST_SUITE_P(
+    Inspect, DeclaredEncodings,
+    testing::Values(
+        DeclaredBytes{"None", "<a>路線</a>", EncodingFault::None, L"", L"UTF-8"},
+        DeclaredBytes{"Utf8InSmallLetters", Declared("utf-8", "路線"), EncodingFault::None, L"utf-8", L"UTF-8"},
+        DeclaredBytes{"MalformedUtf8", Declared("UTF-8", EUC_JP_ROUTE), EncodingFault::MalformedBytes, L"UTF-8",
+                      L"UTF-8"},
+        DeclaredBytes{"EucJp", Declared("EUC-JP", EUC_JP_ROUTE), EncodingFault::UnknownDeclared, L"EUC-JP", L"UTF-8"},
+        DeclaredBytes{"EucJpOfAsciiAlone", Declared("EUC-JP", "a"), EncodingFault::None, L"EUC-JP", L"UTF-8"},
+        DeclaredBytes{"AnEscapeToOtherCharacters", Declared("ISO-2022-JP", "\x1B$B"), EncodingFault::UnknownDeclared,
+                      L"ISO-2022-JP", L"UTF-8"},
+        DeclaredBytes{"ANameThatNobodyKnows", Declared("X", "路線"), EncodingFault::UnknownDeclared, L"X", L"UTF-8"},
+        DeclaredBytes{"Utf16OfUtf8", Declared("utf-16", "a"), EncodingFault::AnotherDeclared, L"utf-16", L"UTF-8"},
+        DeclaredBytes{"Cp932", Declared("Shift_JIS", "\x98\x48"), EncodingFault::None, L"Shift_JIS", L"Shift_JIS"},
+        DeclaredBytes{"Cp932OfUtf8", Declared("Shift_JIS", "橋"), EncodingFault::AnotherDeclared, L"Shift_JIS",
+                      L"UTF-8"},
+        DeclaredBytes{"MalformedCp932", Declared("Shift_JIS", "\x98"), EncodingFault::MalformedBytes, L"Shift_JIS",
+                      L"UTF-8"},
+        DeclaredBytes{"Cp932BehindAMark", Marked(Declared("Shift_JIS", "a")), EncodingFault::AnotherDeclared,
+                      L"Shift_JIS", L"UTF-8"},
+        DeclaredBytes{"EucJpBehindAMark", Marked(Declared("EUC-JP", "a")), EncodingFault::AnotherDeclared, L"EUC-JP",
+                      L"UTF-8"},
+        DeclaredBytes{"Utf8BehindAMark", Marked(Declared("UTF-8", "路線")), EncodingFault::None, L"UTF-8", L"UTF-8"},
+        DeclaredBytes{"Utf16", Utf16(Declared("UTF-16", "路線"), false), EncodingFault::None, L"UTF-16", L"UTF-16"},
+        DeclaredBytes{"Utf16WithoutADeclaration", Utf16("<a/>", true), EncodingFault::None, L"", L"UTF-16"},
+        DeclaredBytes{"Utf8OfUtf16", Utf16(Declared("UTF-8", "路線"), false), EncodingFault::AnotherDeclared, L"UTF-8",
+                      L"UTF-16"},
+        DeclaredBytes{"ALoneSurrogate", Utf16("<a/>", false) + "\x42\xD8", EncodingFault::MalformedBytes, L"",
+                      L"UTF-16"},
+        DeclaredBytes{"ASurrogateInFrontOfAnother", Utf16("<a/>", false) + "\x42\xD8\x42\xD8",
+                      EncodingFault::MalformedBytes, L"", L"UTF-16"},
+        DeclaredBytes{"ASurrogatePair", Utf16("<a/>", false) + "\x42\xD8\xB7\xDF", EncodingFault::None, L"", L"UTF-16"},
+        DeclaredBytes{"AnOddByte", Utf16("<a/>", false) + " ", EncodingFault::MalformedBytes, L"", L"UTF-16"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ReadLandXml, SaysAsWhatItJudgesAFileOfAnotherVersion)
+{
+    const auto format = [](const std::string& root) {
+        const std::wstring summary = SummaryText(Read(root));
+        const std::size_t line = summary.find(L"形式: ");
+        return Utf8FromWide(summary.substr(line, summary.find(L'\n', line) - line));
+    };
+    const std::string name = "xmlns=\"http://www.landxml.org/schema/LandXML-1.2\"";
+    EXPECT_EQ(format("<LandXML " + name + " version=\"1.2\"/>"), "形式: LandXML 1.2");
+    EXPECT_EQ(format("<LandXML " + name + " version=\"1.0\"/>"), "形式: LandXML 1.0（LandXML 1.2として検査）");
+    EXPECT_EQ(format("<LandXML version=\"1.2\"/>"), "形式: LandXML 1.2（LandXML 1.2として検査）");
+    EXPECT_EQ(format("<LandXML/>"), "形式: LandXML （指定なし）（LandXML 1.2として検査）");
 }
 
 TEST(ReadLandXml, ReadsEveryKindOfElement)

@@ -1,8 +1,12 @@
 #include "inspect/SchemaValidation.h"
 
 #include "SoundFile.h"
+#include "inspect/SourceText.h"
 #include "support/RowName.h"
 #include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace jlandxml::inspect
 {
@@ -17,6 +21,11 @@ constexpr const char* ROAD_SCHEMA =
     "<xs:attribute name='name' use='required'/></xs:complexType></xs:element>"
     "<xs:element name='End'/></xs:sequence></xs:complexType></xs:element></xs:schema>";
 
+std::string Told(const XmlFault& fault)
+{
+    return std::to_string(fault.line) + " " + Utf8FromWide(fault.path) + " " + Utf8FromWide(fault.reason);
+}
+
 /// The lines, paths and reasons of a file's faults against the schema of roads.
 std::vector<std::string> FaultsOf(const std::string& file)
 {
@@ -24,11 +33,19 @@ std::vector<std::string> FaultsOf(const std::string& file)
     const SchemaFaults faults = XmlSchema(folder.Write(L"road.xsd", ROAD_SCHEMA)).Validate(file);
     EXPECT_EQ(faults.more, 0U);
     std::vector<std::string> said;
-    for (const SchemaFault& fault : faults.listed)
+    if (faults.end)
     {
-        said.push_back(std::to_string(fault.line) + " " + Utf8FromWide(fault.path) + " " + Utf8FromWide(fault.reason));
+        said.push_back(Told(*faults.end));
     }
+    std::transform(faults.listed.begin(), faults.listed.end(), std::back_inserter(said), Told);
     return said;
+}
+
+/// Of the file's form without a schema.
+std::vector<std::string> FormFaultsOf(const std::string& file)
+{
+    const std::optional<XmlFault> fault = SourceText(file).FormFault();
+    return fault ? std::vector{Told(*fault)} : std::vector<std::string>();
 }
 
 /// A slip in the text of a file that a parser can't read past.
@@ -37,6 +54,7 @@ struct Slip
     const char* name;
     std::vector<Change> changes; ///< of a road without a fault
     std::vector<std::string> said;
+    bool isOfTheForm = true; ///< the first of them, if there is one, is a fault without any schema too
 };
 
 const std::string ROAD = "<?xml version=\"1.0\"?>\n<Road>\n<Section name=\"1\">道</Section>\n<Section name=\"2\"/>\n"
@@ -71,7 +89,8 @@ const Slip SLIPS[] = {
     {"NothingAtAll", {{ROAD, ""}}, {"1 / Document is empty"}},
     {"TooManyLevels",
      {{"道", Repeated("<a>", 3000) + Repeated("</a>", 3000)}},
-     {"3 /Road/Section" + Repeated("/a", DEEPEST - 2) + " Excessive depth in document: 256 use XML_PARSE_HUGE option"}},
+     {"3 /Road/Section" + Repeated("/a", DEEPEST - 2) + " Excessive depth in document: 256 use XML_PARSE_HUGE option"},
+     false},
     {"TwoOfThem",
      {{"道", "道\x01"}, {"name=\"2\"", "name=\"2\" name=\"3\""}},
      {"3 /Road/Section PCDATA invalid Char value 1"}},
@@ -102,6 +121,13 @@ class Slips : public testing::TestWithParam<Slip>
 TEST_P(Slips, AreOneFaultWhereTheyStand)
 {
     EXPECT_EQ(FaultsOf(Changed(ROAD, GetParam().changes)), GetParam().said);
+}
+
+TEST_P(Slips, AreFaultsOfTheFormWithoutASchema)
+{
+    const Slip& slip = GetParam();
+    const std::vector<std::string> first(slip.said.begin(), slip.said.begin() + (slip.said.empty() ? 0 : 1));
+    EXPECT_EQ(FormFaultsOf(Changed(ROAD, slip.changes)), slip.isOfTheForm ? first : std::vector<std::string>());
 }
 
 INSTANTIATE_TEST_SUITE_P(Inspect, Slips, testing::ValuesIn(SLIPS),
