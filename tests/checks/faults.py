@@ -211,7 +211,7 @@ def problem_of(ended, case, call, new):
     return None
 
 
-def try_fault(arguments, fault, new):
+def try_fault(arguments, fault, new, tries=3):
     target, call, at, error, lasting = fault
     case = Case(arguments.scratch, target)
     environment = {"FAULT_CALL": call, "FAULT_AT": str(at), "FAULT_ERROR": str(error)}
@@ -221,13 +221,13 @@ def try_fault(arguments, fault, new):
         str(error if error == "short" or is_for_windows(arguments) else errno.errorcode[error])
     try:
         ended = run(arguments, case, environment)
-        if b"wine client error" in ended.stderr: # Wine has lost its own server, as it does now and then
-            case.remove()
-            return try_fault(arguments, fault, new)
         problem = problem_of(ended, case, call, new)
     except subprocess.TimeoutExpired:
         problem = "hangs"
     case.remove()
+    # Now and then Wine loses its own server or can't start a program. A fault of ours comes each time.
+    if problem and is_for_windows(arguments) and tries > 1:
+        return try_fault(arguments, fault, new, tries - 1)
     return name, problem
 
 
