@@ -108,18 +108,24 @@ def close(one, other, tolerance=COORDINATE_TOLERANCE):
     return abs(float(one) - float(other)) <= tolerance
 
 
+PROFILE_POINTS = ("PVI", "ParaCurve", "UnsymParaCurve", "CircCurve")
+
+
 class Profile:
+    """Points with station, height, how far their curve reaches to both sides, and the radius of a circle."""
+
     def __init__(self, node):
-        self.points = [(*map(float, one.text.split()), float(one.get("length", 0)),
+        self.points = [(*map(float, one.text.split()),
+                        *(float(one.get(side, 0)) or float(one.get("length", 0)) / 2 for side in ("lengthIn", "lengthOut")),
                         float(one.get("radius")) if name_of(one) == "CircCurve" else None)
-                       for one in children(node, "PVI", "ParaCurve", "CircCurve")]
+                       for one in children(node, *PROFILE_POINTS)]
 
     @staticmethod
     def arc_height(before, here, behind, station):
         """On the circle whose centre lies on the line that halves the angle of the tangents; none beside its arc."""
         into = math.atan2(here[1] - before[1], here[0] - before[0])
         out = math.atan2(behind[1] - here[1], behind[0] - here[0])
-        radius, half, side = here[3], abs(out - into) / 2, 1 if out > into else -1
+        radius, half, side = here[4], abs(out - into) / 2, 1 if out > into else -1
         to_centre = side * radius / math.cos(half)
         centre = (here[0] - to_centre * math.sin((into + out) / 2), here[1] + to_centre * math.cos((into + out) / 2))
         touches = [centre[0] + side * radius * math.sin(slope) for slope in (into, out)]
@@ -129,15 +135,20 @@ class Profile:
 
     def height(self, station):
         for before, here, behind in zip(self.points, self.points[1:], self.points[2:]):
-            if here[3]:
+            if here[4]:
                 height = self.arc_height(before, here, behind, station)
                 if height is not None:
                     return height
-            elif abs(station - here[0]) < here[2] / 2:
+            elif here[0] - here[2] < station < here[0] + here[3]:
                 into = (here[1] - before[1]) / (here[0] - before[0])
                 out = (behind[1] - here[1]) / (behind[0] - here[0])
-                x = station - (here[0] - here[2] / 2)
-                return here[1] - into * here[2] / 2 + into * x + (out - into) / (2 * here[2]) * x * x
+                # Two parabolas from tangent to tangent meet at the point's station in the gradient of the chord.
+                chord = (into * here[2] + out * here[3]) / (here[2] + here[3])
+                if station < here[0]:
+                    x = station - (here[0] - here[2])
+                    return here[1] - into * here[2] + into * x + (chord - into) / (2 * here[2]) * x * x
+                x = here[0] + here[3] - station
+                return here[1] + out * here[3] - out * x + (out - chord) / (2 * here[3]) * x * x
         return on_line([point[:2] for point in self.points], station)
 
     def gradient(self, index):
@@ -284,23 +295,26 @@ class Sheets:
         """縦断計算書"""
         rows = self.rows("縦断計算書")
         expected = [(alignment, design, Profile(design), index) for alignment in self.alignments.values()
-                    for design in alignment.designs for index in range(len(design.findall("*[@length]") + children(design, "PVI")))]
+                    for design in alignment.designs for index in range(len(children(design, *PROFILE_POINTS)))]
         assert len(rows) == len(expected), f"{self.file}: {len(rows)} points of profiles"
         for row, (alignment, design, profile, index) in zip(rows, expected):
-            node = children(design, "PVI", "ParaCurve", "CircCurve")[index]
-            station, height, length, radius = profile.points[index]
+            node = children(design, *PROFILE_POINTS)[index]
+            station, _, length_in, length_out, radius = profile.points[index]
+            length = length_in + length_out
             self.expect((row["線形"], row["縦断線形"], row["測点（m）"], row["高さ"]) ==
                         (alignment.name, design.get("name"), *node.text.split()), row, "another point")
             self.expect(alignment.is_label_of(row["測点"], station), row, f"no label of {station}")
             into, out = profile.gradient(index - 1), profile.gradient(index)
             for key, gradient in (("勾配（手前）％", into), ("勾配（先）％", out)):
                 self.expect(row[key] == "" if gradient is None else close(row[key], gradient, 0.000051), row, f"{key} is {gradient}")
-            self.expect(row["縦断曲線長"] == (node.get("length") or ""), row, "another length")
+            own = node.get("length")
+            self.expect(row["縦断曲線長"] == (own or "") if own or not length else close(row["縦断曲線長"], length), row, "another length")
             if length:
-                computed = radius or length / abs(out - into) * 100
-                self.expect(row["縦断曲線半径"] == node.get("radius") if radius else close(row["縦断曲線半径"], computed), row,
-                            f"radius {computed}")
-                self.expect(close(row["曲線始点（m）"], station - length / 2) and close(row["曲線終点（m）"], station + length / 2), row,
+                # Two parabolas have two radii.
+                computed = radius or (length / abs(out - into) * 100 if length_in == length_out else None)
+                self.expect(row["縦断曲線半径"] == (node.get("radius") or "") if radius or not computed else
+                            close(row["縦断曲線半径"], computed), row, f"radius {computed}")
+                self.expect(close(row["曲線始点（m）"], station - length_in) and close(row["曲線終点（m）"], station + length_out), row,
                             "another curve")
             self.expect(is_height(row["計画高"], profile.height(station)), row, f"not {profile.height(station)}")
         return len(rows)
@@ -385,8 +399,21 @@ def check(file, folder):
             f"profiles, {sheets.check_cross_slopes()} cross slopes, {sheets.check_points()} points")
 
 
+def with_unsymmetric_curve(name, folder):
+    """The file with its first parabola made of two that reach differently far; none if it has no parabola."""
+    text = pathlib.Path(name).read_text(encoding="utf-8")
+    changed = re.sub(r'<ParaCurve length="[^"]*">([^<]*)</ParaCurve>',
+                     r'<UnsymParaCurve lengthIn="30.000" lengthOut="50.000">\1</UnsymParaCurve>', text, count=1)
+    if changed == text:
+        return []
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / "unsymmetric.xml").write_text(changed, encoding="utf-8")
+    return [folder / "unsymmetric.xml"]
+
+
 def main(program, folder, *files):
     folder = pathlib.Path(folder)
+    files = [*files, *with_unsymmetric_curve(files[-1], folder)]
     for number, name in enumerate(files):
         target = folder / str(number)
         command = [part for part in program.split(";") if part]
