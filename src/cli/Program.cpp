@@ -18,12 +18,12 @@ namespace
 
 // Both command lines use these numbers.
 constexpr int WRONG_USAGE = 2;
-constexpr int NO_FILE = 3;
+constexpr int NO_MEMORY = 3;
 
 [[noreturn]] void EndWithoutMemory()
 {
-    WriteStandardError(NO_FILE_LINE);
-    std::_Exit(NO_FILE);
+    WriteStandardError(NO_MEMORY_LINE);
+    std::_Exit(NO_MEMORY);
 }
 
 /// Where memory ends in what may not throw, such as the freeing of settings, the process ends, but not without a word.

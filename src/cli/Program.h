@@ -18,4 +18,7 @@ inline constexpr const wchar_t* NO_FILE_TEXT = L"ファイルは出力されま�
 /// The same as a line of its own, which asks for no memory.
 inline constexpr const wchar_t* NO_FILE_LINE = L"ファイルは出力されませんでした。\n";
 
+/// What is told where a program can only end: the file may be there or not.
+inline constexpr const wchar_t* NO_MEMORY_LINE = L"メモリーが足りないため、終了しました。\n";
+
 } // namespace jlandxml

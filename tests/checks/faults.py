@@ -72,7 +72,7 @@ WINDOWS_ERRORS = {
     "GetFileInformationByHandle": [ACCESS_DENIED, NETWORK_GONE],
     "GetFileInformationByHandleEx": [INVALID_PARAMETER],
     "SetFileInformationByHandle": [DISK_FULL, NOT_SUPPORTED, ACCESS_DENIED],
-    "GetFileAttributesW": [ACCESS_DENIED, NETWORK_GONE, NOT_FOUND],
+    "GetFileAttributesW": [ACCESS_DENIED, NETWORK_GONE],
     "SetFileAttributesW": [ACCESS_DENIED],
     "SetFilePointerEx": [INVALID_PARAMETER],
     "SetEndOfFile": [DISK_FULL, ACCESS_DENIED],
@@ -87,7 +87,7 @@ WINDOWS_ERRORS = {
     "SetFileSecurityW": [ACCESS_DENIED],
 }
 WRITING = ["write", "fflush", "WriteFile"]
-REMOVING = ["unlink", "DeleteFileW"]
+REMOVING = ["unlink", "DeleteFileW", "CloseHandle"] # what can't be closed can't be removed
 TARGETS = ["standing", "linked", "symlink", "missing"]
 OLD = b"<the file that stood here before/>" * 3000
 TIME_LIMIT = 60
@@ -96,6 +96,7 @@ WARNING = "警告: "
 
 USAGE_LINES = re.compile("設定ファイルを読み込めません|作業フォルダーが見つかりません")
 NO_FILE = "ファイルは出力されませんでした。"
+NO_MEMORY = "メモリーが足りないため、終了しました。"
 FAILURE_LINES = re.compile(
     NO_FILE +
     "|(中|処理)に(エラー|不明な例外)が発生しました。"
@@ -104,7 +105,8 @@ FAILURE_LINES = re.compile(
     "|File operation failed: %s, "
     "|General exception occurred: %s, "
     "|Unknown exception occurred while loading the CSV file."
-    "|モジュールを読み込めません")
+    "|モジュールを読み込めません"
+    "|" + NO_MEMORY)
 
 
 class Case:
@@ -158,6 +160,14 @@ def is_for_windows(arguments):
     return arguments.program.endswith(".exe")
 
 
+def prepare_wine(scratch):
+    """A folder of Wine's own, in which no entry of the registry takes the place of the temporary folder that we name."""
+    os.environ["WINEPREFIX"] = os.path.join(os.path.realpath(scratch), "wine")
+    for key in (r"HKCU\Environment", r"HKLM\System\CurrentControlSet\Control\Session Manager\Environment"):
+        for name in ("TEMP", "TMP"):
+            subprocess.run([os.environ["WINE"], "reg", "delete", key, "/v", name, "/f"], capture_output=True, check=True)
+
+
 def errors_of(arguments):
     return WINDOWS_ERRORS if is_for_windows(arguments) else ERRORS
 
@@ -169,13 +179,13 @@ def run(arguments, case, fault):
         environment.update({"WINETEMP": "Z:" + case.temporary, "WINETMP": "Z:" + case.temporary})
     else:
         environment.update({"LD_PRELOAD": arguments.library, "TMPDIR": case.temporary})
-    loader = [os.environ.get("WINE", "wine")] if is_for_windows(arguments) else []
+    loader = [os.environ["WINE"]] if is_for_windows(arguments) else []
     command = loader + [arguments.program, arguments.work_folder, "-s", arguments.settings, "-o", case.path]
     return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, timeout=TIME_LIMIT,
                           check=False)
 
 
-def problem_of(ended, case, call, new):
+def problem_of(ended, case, call, new, for_windows):
     """What is wrong with a run; nothing if it is as it should be."""
     status = ended.returncode
     said = [line for line in ended.stderr.decode("utf-8", "replace").splitlines() if not line.startswith(OF_WINE)]
@@ -204,7 +214,8 @@ def problem_of(ended, case, call, new):
         if status == 3 and not muted and not (lines and all(FAILURE_LINES.search(line) for line in lines)):
             return f"status 3 with {lines}"
     if call not in REMOVING:
-        if case.left_beside():
+        # Without memory for an exception a program for Windows can only end. A run of another day removes its file.
+        if len(case.left_beside()) > (1 if for_windows and lines == [NO_MEMORY] else 0):
             return f"left beside the target: {case.left_beside()}"
         if len(case.left_in_temporary()) > (1 if status == 3 else 0):
             return f"left in the temporary folder with status {status}: {case.left_in_temporary()}"
@@ -221,7 +232,7 @@ def try_fault(arguments, fault, new, tries=3):
         str(error if error == "short" or is_for_windows(arguments) else errno.errorcode[error])
     try:
         ended = run(arguments, case, environment)
-        problem = problem_of(ended, case, call, new)
+        problem = problem_of(ended, case, call, new, is_for_windows(arguments))
     except subprocess.TimeoutExpired:
         problem = "hangs"
     case.remove()
@@ -265,6 +276,8 @@ def main():
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     arguments = parser.parse_args()
     os.makedirs(arguments.scratch, exist_ok=True)
+    if is_for_windows(arguments):
+        prepare_wine(arguments.scratch)
 
     faults = []
     new = None

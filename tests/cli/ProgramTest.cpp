@@ -31,7 +31,7 @@ TEST(Program, WantOfMemoryIsStatusThreeAndOneLine)
 {
     const ArgumentUnit* const values[] = {PROGRAM_NAME, nullptr};
     EXPECT_EXIT(RunProgram(1, values, [](const std::vector<std::wstring>&) -> int { throw std::bad_alloc(); }),
-                testing::ExitedWithCode(3), "ファイルは出力されませんでした。\n");
+                testing::ExitedWithCode(3), "メモリーが足りないため、終了しました。\n");
 }
 
 TEST(Program, WantOfMemoryWhereNothingMayBeThrownIsStatusThreeAndOneLine)
@@ -42,7 +42,7 @@ TEST(Program, WantOfMemoryWhereNothingMayBeThrownIsStatusThreeAndOneLine)
         mayNotThrow();
         return 0;
     };
-    EXPECT_EXIT(RunProgram(1, values, freed), testing::ExitedWithCode(3), "ファイルは出力されませんでした。\n");
+    EXPECT_EXIT(RunProgram(1, values, freed), testing::ExitedWithCode(3), "メモリーが足りないため、終了しました。\n");
 }
 
 TEST(Program, ArgumentsAreHandedOnAndTheStatusBack)
