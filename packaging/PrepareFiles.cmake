@@ -72,6 +72,9 @@ elseif(CPACK_GENERATOR STREQUAL NSIS)
         file(COPY_FILE ${CPACK_INSTALLER_NOTICES}/${name} ${root}/share/doc/jlandxml-convert/${name})
     endforeach()
     list_for_installer()
+else()
+    # Whoever unpacks an archive begins at its top.
+    file(COPY_FILE ${CMAKE_CURRENT_LIST_DIR}/README.txt ${root}/README.txt)
 endif()
 
 # The times of building would make two packages of one commit differ.

@@ -121,8 +121,7 @@ std::wstring ModulePath()
     std::wstring beside;
     for (const char* const folder : MODULE_FOLDERS)
     {
-        const std::u8string path =
-            (programs / folder / MODULE_NAME).lexically_normal().make_preferred().u8string();
+        const std::u8string path = (programs / folder / MODULE_NAME).lexically_normal().make_preferred().u8string();
         const std::wstring wide = WideFromUtf8(std::string(path.begin(), path.end()));
         if (PathExists(wide))
         {

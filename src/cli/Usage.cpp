@@ -98,14 +98,28 @@ std::string NearestOption(const CLI::App& app, std::string_view unknown)
     return unknown.starts_with("--") ? nearest : std::string();
 }
 
-/// One line about the argument that is wrong.
-std::string Problem(const CLI::ParseError& error, const std::string& missing)
+/// The line about the first option that nothing was declared for; empty if there is none.
+std::string FurtherArgument(const CLI::App& app)
 {
+    std::vector<std::string> rest = app.remaining();
+    std::erase(rest, "--"); // nothing but the end of the options
+    if (rest.empty())
+    {
+        return {}; // whatever isn't spelt like an option is a file or a folder
+    }
+    const std::string nearest = NearestOption(app, rest.front());
+    return rest.front() + ": 不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）");
+}
+
+/// One line about the argument that is wrong. What is misspelt is told of before what isn't there.
+std::string Problem(const CLI::App& app, const CLI::ParseError& error, const std::string& missing)
+{
+    const std::string further = FurtherArgument(app);
     const std::string text = error.what();
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
     {
     case CLI::ExitCodes::RequiredError:
-        return missing;
+        return further.empty() ? missing : further;
     case CLI::ExitCodes::ArgumentMismatch:
         return text.substr(0, text.find(':')) + ": 値を指定してください";
     default:
@@ -182,13 +196,10 @@ void RefuseOverwriting(const CLI::Option& option, const std::string& path, const
 
 void RefuseFurtherArguments(const CLI::App& app)
 {
-    std::vector<std::string> rest = app.remaining();
-    std::erase(rest, "--"); // nothing but the end of the options
-    if (!rest.empty())      // whatever isn't spelt like an option is a file or a folder
+    const std::string further = FurtherArgument(app);
+    if (!further.empty())
     {
-        const std::string nearest = NearestOption(app, rest.front());
-        throw WrongArgument(rest.front(),
-                            "不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）"));
+        throw CLI::ParseError(further, CLI::ExitCodes::ValidationError);
     }
 }
 
@@ -234,7 +245,7 @@ ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& argu
     }
     catch (const CLI::ParseError& error)
     {
-        WriteWithinLine(WideFromUtf8(Problem(error, missing)));
+        WriteWithinLine(WideFromUtf8(Problem(app, error, missing)));
         WriteStandardError(L"\n");
         return ArgumentsRead::Wrong;
     }

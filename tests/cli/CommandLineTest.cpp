@@ -941,6 +941,7 @@ const WrongArguments WRONG_ARGUMENTS[] = {
     {"AnUnknownOption", {L".", L"--verbose", L"-o", L"x"}, "--verbose: 不明なオプションです\n"},
     {"AnUnknownLetter", {L".", L"-x", L"-o", L"x"}, "-x: 不明なオプションです\n"},
     {"AMisspeltOption", {L".", L"--ouptut", L"x"}, "--ouptut: 不明なオプションです（もしかして --output）\n"},
+    {"AMisspeltOptionAlone", {L"--versoin"}, "--versoin: 不明なオプションです（もしかして --version）\n"},
     {"ABegunOption", {L".", L"--print"}, "--print: 不明なオプションです（もしかして --print-settings）\n"},
     {"AMisspeltOptionWithItsValue",
      {L".", L"--setings=x"},
