@@ -11,8 +11,10 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <set>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -79,6 +81,10 @@ constexpr VerticalDatum VERTICAL_DATUMS[] = {
     {L"A.P", -0.8333}, {L"O.P", -1.3},    {L"T.P.W", 0.113}, {L"B.S.L", 84.371},
 };
 
+/// Metric units that LandXML has (metArea, metVolume).
+constexpr std::wstring_view AREA_UNITS[] = {L"hectare", L"squareMeter", L"squareMillimeter", L"squareCentimeter"};
+constexpr std::wstring_view VOLUME_UNITS[] = {L"cubicMeter", L"liter", L"hectareMeter"};
+
 /// Where an element begins that there may be none of.
 template <class Element>
 SourcePlace PlaceOf(const std::optional<Element>& element)
@@ -105,26 +111,75 @@ struct NamedPlace
 /// The places of an alignment, of a group of points or of a surface.
 struct PlacesOfOne
 {
-    Detail name;
+    Detail whole;
     std::vector<NamedPlace> places;
 
-    void Add(Detail place, const PlanPoint& point)
+    void Add(Detail name, const PlanPoint& point) { Add(std::move(name), point, point.north, point.east); }
+
+    void Add(Detail name, const SourcePlace& place, const Figure& north, const Figure& east)
     {
-        if (point.IsPlaced())
+        if (north.IsFinite() && east.IsFinite())
         {
-            places.push_back(
-                {std::move(place), point, point.north.value, point.east.value, point.north.text, point.east.text});
+            places.push_back({std::move(name), place, north.value, east.value, north.text, east.text});
         }
     }
 };
 
-PlacesOfOne PlacesOf(const Alignment& alignment)
+/// Of a list of points those farthest to the south, north, west and east: where these are, it is.
+void AddFarthest(PlacesOfOne& all, const Detail& name, const PairList& list)
+{
+    std::vector<const FigurePair*> placed;
+    for (const FigurePair& pair : list.pairs)
+    {
+        if (pair.IsPlaced())
+        {
+            placed.push_back(&pair);
+        }
+    }
+    for (const auto side : {&FigurePair::first, &FigurePair::second})
+    {
+        const auto [least, most] =
+            std::minmax_element(placed.begin(), placed.end(), [&](const FigurePair* one, const FigurePair* other) {
+                return (one->*side).value < (other->*side).value;
+            });
+        for (const auto one : {least, most})
+        {
+            if (one != placed.end())
+            {
+                all.Add(name, list, (*one)->first, (*one)->second);
+            }
+        }
+    }
+}
+
+/// The ends of an alignment's elements, and the farthest points of its irregular lines.
+PlacesOfOne MainPlacesOf(const Alignment& alignment)
 {
     PlacesOfOne all{NameOf(alignment), {}};
     for (const PlanElement& element : alignment.elements)
     {
-        all.Add(NameOf(alignment, element), element.start);
-        all.Add(NameOf(alignment, element), element.end);
+        const Detail name = NameOf(alignment, element);
+        all.Add(name, element.start);
+        all.Add(name, element.end);
+        for (const PairList& path : element.path)
+        {
+            AddFarthest(all, name, path);
+        }
+    }
+    return all;
+}
+
+/// The same and the points where its tangents meet. The centre of a curve may lie far from all of them.
+PlacesOfOne PlacesOf(const Alignment& alignment)
+{
+    PlacesOfOne all = MainPlacesOf(alignment);
+    for (const PlanElement& element : alignment.elements)
+    {
+        all.Add(NameOf(alignment, element), element.pi);
+    }
+    for (const PlanPoint& point : alignment.intersections)
+    {
+        all.Add(Path(NameOf(alignment), IntersectionName(point)), point);
     }
     return all;
 }
@@ -171,33 +226,97 @@ bool IsInsideWhenSwapped(const std::optional<int>& zone, const NamedPlace& place
     return zone && IsInZone(*zone, place.east, place.north, ZONE_MARGIN);
 }
 
-/// Where the points of alignments may lie: the box round their main points and what is built beside them.
+/// The box round places.
 class Surroundings
 {
   public:
+    Surroundings() = default;
     explicit Surroundings(const std::vector<const Alignment*>& alignments)
     {
         for (const Alignment* const alignment : alignments)
         {
-            for (const NamedPlace& place : PlacesOf(*alignment).places)
-            {
-                north_.Take(place.north);
-                east_.Take(place.east);
-            }
+            Take(MainPlacesOf(*alignment));
         }
     }
 
-    bool Hold(double north, double east) const
+    void Take(const PlacesOfOne& one)
     {
-        constexpr double MARGIN = 500;
-        return !north_.IsEmpty() && north >= north_.Smallest() - MARGIN && north <= north_.Largest() + MARGIN &&
-               east >= east_.Smallest() - MARGIN && east <= east_.Largest() + MARGIN;
+        for (const NamedPlace& place : one.places)
+        {
+            Take(place.north, place.east);
+        }
+    }
+
+    void Take(const Surroundings& other)
+    {
+        if (!other.IsEmpty())
+        {
+            Take(other.north_.Smallest(), other.east_.Smallest());
+            Take(other.north_.Largest(), other.east_.Largest());
+        }
+    }
+
+    bool IsEmpty() const { return north_.IsEmpty(); }
+
+    double Length() const { return std::max(north_.Largest() - north_.Smallest(), east_.Largest() - east_.Smallest()); }
+
+    /// True if the place lies in the box or no further than `margin` from it only when its axes are exchanged.
+    bool HoldOnlyWhenSwapped(const NamedPlace& place, double margin) const
+    {
+        return !Hold(place.north, place.east, margin) && Hold(place.east, place.north, margin);
     }
 
   private:
+    void Take(double north, double east)
+    {
+        north_.Take(north);
+        east_.Take(east);
+    }
+
+    bool Hold(double north, double east, double margin) const
+    {
+        return !IsEmpty() && north >= north_.Smallest() - margin && north <= north_.Largest() + margin &&
+               east >= east_.Smallest() - margin && east <= east_.Largest() + margin;
+    }
+
     Range north_;
     Range east_;
 };
+
+/// What is built beside alignments lies no further from them, in metres.
+constexpr double BESIDE = 500;
+
+/// True if a part of a file lies where the others do only when the axes of all its places are exchanged, and further
+/// away from them than either is long.
+bool LiesSwapped(const PlacesOfOne& part, const Surroundings& others)
+{
+    Surroundings own;
+    own.Take(part);
+    return !part.places.empty() && !others.IsEmpty() &&
+           std::all_of(part.places.begin(), part.places.end(),
+                       [&, margin = BESIDE + std::max(own.Length(), others.Length())](const NamedPlace& place) {
+                           return others.HoldOnlyWhenSwapped(place, margin);
+                       });
+}
+
+/// For each part of one kind, where all the others lie. Nowhere if there are fewer than three: of two that don't fit
+/// nobody knows which one is wrong.
+std::vector<Surroundings> OthersOf(const std::vector<Surroundings>& parts)
+{
+    constexpr std::size_t FEWEST = 3;
+    std::vector<Surroundings> others(parts.size());
+    Surroundings before;
+    Surroundings behind;
+    for (std::size_t index = 0; parts.size() >= FEWEST && index < parts.size(); ++index)
+    {
+        const std::size_t mirrored = parts.size() - 1 - index;
+        others[index].Take(before);
+        others[mirrored].Take(behind);
+        before.Take(parts[index]);
+        behind.Take(parts[mirrored]);
+    }
+    return others;
+}
 
 /// Reports those places of one alignment, group or surface of which `isWrong` is true: one finding, whose object is the
 /// place itself where there is but one.
@@ -225,7 +344,7 @@ void ReportPlaces(const std::optional<int>& zone, const PlacesOfOne& all, Findin
     const std::wstring north = NameOr(first->northText, ShortNumber(first->north));
     const std::wstring east = NameOr(first->eastText, ShortNumber(first->east));
     const std::wstring more = std::to_wstring(names.size() - 1);
-    findings.Report(areMore ? all.name : first->name, first->place, {words, {north, east, system, more}});
+    findings.Report(areMore ? all.whole : first->name, first->place, {words, {north, east, system, more}});
 }
 
 /// Says of an angle in degrees, minutes and seconds that it is none. It is told under the name of its attribute where
@@ -387,6 +506,10 @@ void CheckAlignmentReferences(const LandXmlFile& file, Findings& findings)
     {
         checkFeatures(NameOf(surface), surface.features);
     }
+    for (const FurtherReference& reference : file.furtherReferences)
+    {
+        check(reference.owner, reference, reference.alignmentRefs);
+    }
 }
 
 void CheckFeatureReferences(const LandXmlFile& file, Findings& findings)
@@ -533,22 +656,41 @@ void CheckCoordinatesInZone(const LandXmlFile& file, Findings& findings)
 void CheckAxesInOrder(const LandXmlFile& file, Findings& findings)
 {
     const std::optional<int> zone = ZoneOf(file);
-    const auto isWrong = [&](const NamedPlace& place) {
-        return IsOutside(zone, place) && IsInsideWhenSwapped(zone, place);
+    std::vector<const Alignment*> alignments;
+    ForEachAlignment(file, [&](const Alignment& alignment) { alignments.push_back(&alignment); });
+    // Near a zone's origin both orders lie in the zone, but only one of them where the rest of the file is. `placesOf`
+    // and `besides` are of a part by its number: what the second has, each place of the part lies beside.
+    const auto check = [&](std::size_t count, const Surroundings& expected, auto&& placesOf, auto&& besides) {
+        std::vector<Surroundings> others(count, expected);
+        if (expected.IsEmpty())
+        {
+            for (std::size_t part = 0; part < count; ++part)
+            {
+                others[part].Take(placesOf(part));
+            }
+            others = OthersOf(others);
+        }
+        for (std::size_t part = 0; part < count; ++part)
+        {
+            const PlacesOfOne places = placesOf(part);
+            const Surroundings own = besides(part);
+            const bool isSwapped = LiesSwapped(places, others[part]);
+            ReportPlaces(zone, places, findings, [&](const NamedPlace& place) {
+                return isSwapped || own.HoldOnlyWhenSwapped(place, BESIDE) ||
+                       (IsOutside(zone, place) && IsInsideWhenSwapped(zone, place));
+            });
+        }
     };
-    const auto report = [&](const auto& one) { ReportPlaces(zone, PlacesOf(one), findings, isWrong); };
-    ForEachAlignment(file, report);
-    // Near a zone's origin both orders lie in the zone, but only one of them beside the alignment.
-    const AlignmentReferences alignments(file);
-    for (const PointGroup& group : file.pointGroups)
-    {
-        const Surroundings surroundings(alignments.Named(group.alignmentRefs));
-        ReportPlaces(zone, PlacesOf(group), findings, [&](const NamedPlace& place) {
-            return isWrong(place) ||
-                   (!surroundings.Hold(place.north, place.east) && surroundings.Hold(place.east, place.north));
-        });
-    }
-    std::for_each(file.surfaces.begin(), file.surfaces.end(), report);
+    const auto nothing = [](std::size_t) { return Surroundings(); };
+    const Surroundings ofAlignments(alignments);
+    const AlignmentReferences references(file);
+    check(
+        alignments.size(), {}, [&](std::size_t part) { return PlacesOf(*alignments[part]); }, nothing);
+    check(
+        file.pointGroups.size(), ofAlignments, [&](std::size_t part) { return PlacesOf(file.pointGroups[part]); },
+        [&](std::size_t part) { return Surroundings(references.Named(file.pointGroups[part].alignmentRefs)); });
+    check(
+        file.surfaces.size(), ofAlignments, [&](std::size_t part) { return PlacesOf(file.surfaces[part]); }, nothing);
 }
 
 void CheckMinutesAndSeconds(const LandXmlFile& file, Findings& findings)
@@ -600,7 +742,14 @@ void CheckVerticalDatum(const LandXmlFile& file, Findings& findings)
             nearest = &datum;
         }
     }
-    if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
+    if (nearest == nullptr && !system.verticalDatum.empty())
+    {
+        findings.Report(COORDINATE_SYSTEM, system,
+                        {{L"{}は標準の鉛直原子ではありません", L"{} isn't one of the standard's vertical datums"},
+                         {system.verticalDatum}},
+                        {}, Severity::Warning);
+    }
+    else if (nearest != nullptr && !differTp.IsWritten() && nearest->differTp != 0)
     {
         findings.Report(COORDINATE_SYSTEM, system,
                         {{L"{}、differTPの指定なし", L"{}, no differTP"}, {system.verticalDatum}},
@@ -620,6 +769,18 @@ void CheckMetric(const LandXmlFile& file, Findings& findings)
                         file.units ? Detail(std::wstring(file.units->system) + L" " + std::wstring(file.units->linear))
                                    : Detail(NOT_GIVEN));
     }
+    if (!file.units || file.units->system != L"Metric")
+    {
+        return;
+    }
+    const auto check = [&](const wchar_t* name, std::wstring_view unit, std::span<const std::wstring_view> units) {
+        if (!unit.empty() && std::find(units.begin(), units.end(), unit) == units.end())
+        {
+            findings.Report(UNITS, *file.units, std::wstring(name) + L"=" + std::wstring(unit));
+        }
+    };
+    check(L"areaUnit", file.units->area, AREA_UNITS);
+    check(L"volumeUnit", file.units->volume, VOLUME_UNITS);
 }
 
 void CheckAngleUnits(const LandXmlFile& file, Findings& findings)

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,7 +31,7 @@ bool IsPlaced(const SurfacePoint& point)
     return std::isfinite(point.north) && std::isfinite(point.east) && std::isfinite(point.height);
 }
 
-/// The area of a triangle in space.
+/// The area of a triangle in space: an upright one, of a wall, has none in plan and is lawful.
 double Area(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
 {
     const double u[] = {b.north - a.north, b.east - a.east, b.height - a.height};
@@ -72,10 +74,13 @@ std::vector<CrowdedEdge> CrowdedEdges(const Surface& surface)
     return edges;
 }
 
-std::size_t CornersOf(const Surface& surface)
+/// How many corners the faces of a kind of surface have. A surface without a kind is held to be a TIN.
+struct SurfaceKind
 {
-    return surface.type == L"grid" ? 4 : 3;
-}
+    std::wstring_view name;
+    std::size_t corners;
+};
+constexpr SurfaceKind SURFACE_KINDS[] = {{L"TIN", 3}, {L"grid", 4}, {L"", 3}};
 
 } // namespace
 
@@ -111,7 +116,14 @@ void CheckFaceCorners(const LandXmlFile& file, Findings& findings)
 {
     for (const Surface& surface : file.surfaces)
     {
-        const std::size_t corners = CornersOf(surface);
+        const auto* const kind = std::find_if(std::begin(SURFACE_KINDS), std::end(SURFACE_KINDS),
+                                              [&](const SurfaceKind& one) { return one.name == surface.type; });
+        if (kind == std::end(SURFACE_KINDS))
+        {
+            findings.Report(NameOf(surface), surface, L"surfType=" + std::wstring(surface.type));
+            continue;
+        }
+        const std::size_t corners = kind->corners;
         for (const SurfaceFace& face : surface.faces)
         {
             if (face.cornerCount != corners)

@@ -18,6 +18,25 @@ std::wstring_view AttributeText(pugi::xml_node element, const wchar_t* name)
     return element.attribute(name).value();
 }
 
+namespace
+{
+
+/// An element by its tag and name, and by the alignment or the surface round it: 線形1／Profile 計画.
+std::wstring OwnerName(pugi::xml_node element)
+{
+    std::wstring name(LocalName(element));
+    const std::wstring_view own = AttributeText(element, L"name");
+    name.append(own.empty() ? L"" : L" ").append(own);
+    pugi::xml_node whole = element.parent();
+    while (whole && LocalName(whole) != L"Alignment" && LocalName(whole) != L"Surface")
+    {
+        whole = whole.parent();
+    }
+    return whole ? std::wstring(AttributeText(whole, L"name")).append(L"／").append(name) : name;
+}
+
+} // namespace
+
 SourcePlace ElementReader::PlaceOf(pugi::xml_node element) const
 {
     const std::ptrdiff_t offset = element.offset_debug();
@@ -33,7 +52,7 @@ void ElementReader::ForEachChild(pugi::xml_node element, Children children)
             continue;
         }
         const std::wstring_view name = LocalName(child);
-        NoteName(child);
+        NoteFeature(child);
         const auto* const known =
             std::find_if(children.begin(), children.end(), [&](const auto& entry) { return entry.first == name; });
         if (known != children.end())
@@ -47,11 +66,25 @@ void ElementReader::ForEachChild(pugi::xml_node element, Children children)
     }
 }
 
-void ElementReader::NoteName(pugi::xml_node feature)
+void ElementReader::NoteFeature(pugi::xml_node element)
 {
-    if (LocalName(feature) == L"Feature")
+    if (LocalName(element) != L"Feature")
     {
-        file_.featureNames.insert(AttributeText(feature, L"name"));
+        return;
+    }
+    file_.featureNames.insert(AttributeText(element, L"name"));
+    const std::wstring_view parent = LocalName(element.parent());
+    if (parent == L"CgPoints" || parent == L"Surface")
+    {
+        return;
+    }
+    for (const pugi::xml_node property : element.children())
+    {
+        if (AttributeText(property, L"label") == L"alignmentRefs" && LocalName(property) == L"Property")
+        {
+            file_.furtherReferences.push_back(
+                {PlaceOf(property), OwnerName(element.parent()), AttributeText(property, L"value")});
+        }
     }
 }
 
@@ -63,7 +96,7 @@ std::wstring_view ElementReader::TextOf(pugi::xml_node element)
     {
         if (child.type() == pugi::node_element)
         {
-            NoteName(child);
+            NoteFeature(child);
             if (LocalName(child) != L"Feature")
             {
                 Skip(child);

@@ -70,7 +70,8 @@ class ElementReader
 
   private:
     Figure Noted(Figure figure, std::wstring_view what, const SourcePlace& place);
-    void NoteName(pugi::xml_node feature);
+    /// Notes what every Feature has, also one that nobody reads: its name, and to which alignments it leads.
+    void NoteFeature(pugi::xml_node element);
 
     LandXmlFile& file_;
     std::unordered_map<std::wstring, std::size_t> skipped_; ///< by path: the place in the file's list

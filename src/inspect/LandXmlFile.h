@@ -389,6 +389,13 @@ struct UnreadableFigure : SourcePlace
     std::wstring_view text;
 };
 
+/// The alignmentRefs of a Feature that isn't one of a group of points or of a surface.
+struct FurtherReference : SourcePlace
+{
+    std::wstring owner; ///< the Feature's parent by its names
+    std::wstring_view alignmentRefs;
+};
+
 /// The version of LandXML that the checks know, and the namespace of its elements.
 inline constexpr std::wstring_view LANDXML_VERSION = L"1.2";
 inline constexpr std::wstring_view LANDXML_NAMESPACE = L"http://www.landxml.org/schema/LandXML-1.2";
@@ -415,6 +422,7 @@ struct LandXmlFile
     std::vector<UnreadableFigure> unreadable;
     std::deque<std::wstring> joinedTexts;               ///< of elements whose text something else parts
     std::unordered_set<std::wstring_view> featureNames; ///< of every Feature that the reader came by
+    std::vector<FurtherReference> furtherReferences;
     SchemaFaults schemaFaults;         ///< of the schema that the file was held against, if any
     std::optional<XmlFault> formFault; ///< where the file isn't well-formed, if it isn't and that is known
     SourceEncoding encoding;           ///< how the bytes were read

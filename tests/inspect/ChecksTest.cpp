@@ -94,6 +94,17 @@ std::string FirstPathOf(const std::string& points, const std::string& list = "Pn
     return "</End><" + list + ">" + points + "</" + list + "></IrregularLine>";
 }
 
+/// Of an alignment that isn't there.
+const std::string REFERENCE = "<Property label=\"alignmentRefs\" value=\"線形9\" /><Property label=\"w\"";
+const std::string FEATURE = "<Feature><Property label=\"alignmentRefs\" value=\"線形9\" /></Feature>";
+
+/// A straight alignment of 100 m between two places.
+std::string AlignmentBetween(const std::string& name, const std::string& start, const std::string& end)
+{
+    return "<Alignment name=\"" + name + "\" length=\"100\" staStart=\"0\"><CoordGeom><Line length=\"100\"><Start>" +
+           start + "</Start><End>" + end + "</End></Line></CoordGeom></Alignment>";
+}
+
 const std::string FLAT_PROFILE = "<ProfAlign name=\"平\"><PVI>0. 200.</PVI><PVI>400. 200.</PVI></ProfAlign>";
 
 const std::string SECTIONS_OF_THE_FLAT_PROFILE =
@@ -143,6 +154,7 @@ const Change ONE_GROUND_ALONE = {"<CrossSect name=\"No.3\"",
 
 const std::string LINE = "線形1／直線 BP～KA.1-1";
 const std::string SPIRAL = "線形1／クロソイド KA.1-1～KE.1-1";
+const std::string IRREGULAR_LINE = "線形1／折れ線 BP～KA.1-1";
 const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
 const std::string PROFILE = "線形1／縦断線形 計画";
 const std::string PAVEMENT = "線形1／横断面 No.3／Pavement left ";
@@ -1072,8 +1084,18 @@ const Case CASES[] = {
      L"F03",
      {{"surfType=\"TIN\"", "surfType=\"grid\""}, {"<F>1 2 4</F>", ""}, {"<F>2 5 4</F>", ""}, {"<F>2 3 5</F>", ""}},
      {"誤り 現況地形／面 3 6 5"}},
+    {"ASurfaceOfAnUnknownKind",
+     L"F03",
+     {{"surfType=\"TIN\"", "surfType=\"tin\""}, {LAST_FACE, "<F>3 6 5 4</F>"}},
+     {"誤り 現況地形"}},
+    {"ASurfaceWithoutAKindIsATin", L"F03", {{" surfType=\"TIN\"", ""}}, {}},
     {"AFaceToAMissingPoint", L"F04", {{LAST_FACE, "<F>3 6 7</F>"}}, {"誤り 現況地形／面 3 6 7"}},
     {"AFaceWithoutArea", L"F05", {{LAST_FACE, "<F>3 6 6</F>"}}, {"警告 現況地形／面 3 6 6"}},
+    {"AFaceOnALine",
+     L"F05",
+     {{"12487.487 18334.497 107.716", "12468.7435 18282.2485 106.0080"}},
+     {"警告 現況地形／面 3 6 5"}},
+    {"AnUprightFace", L"F05", {{"12487.487 18334.497 107.716", "12436.695 18236.926 110.000"}}, {}},
     {"AnEdgeOfThreeFaces", L"F06", {{LAST_FACE, "<F>3 6 5</F><F>2 5 6</F>"}}, {"警告 現況地形／辺 2 5"}},
     {"AHiddenFace", L"F06", {{LAST_FACE, "<F>3 6 5</F><F i=\"1\">2 5 6</F>"}}, {}},
     {"APointThatNobodyUses", L"F07", {{LAST_FACE, ""}}, {"情報 現況地形／点 6"}},
@@ -1124,6 +1146,25 @@ const Case CASES[] = {
      {{"<Feature>\n\t\t\t\t<Property label=\"alignmentRefs\" value=\"線形1\" />",
        "<Feature name=\"Terrain\">\n\t\t\t\t<Property label=\"alignmentRefs\" value=\"線形9\" />"}},
      {"誤り 現況地形"}},
+    {"AMissingAlignmentOfARoute",
+     L"R01",
+     {{"<Property label=\"designGmType\"", REFERENCE}},
+     {"誤り Alignments 国道999号"}},
+    {"AMissingAlignmentOfAnAlignment", L"R01", {{"</Alignment>", FEATURE + "</Alignment>"}}, {"誤り Alignment 線形1"}},
+    {"AMissingAlignmentOfTheElements", L"R01", {{"</CoordGeom>", FEATURE + "</CoordGeom>"}}, {"誤り 線形1／CoordGeom"}},
+    {"AMissingAlignmentOfAProfile", L"R01", {{"</Profile>", FEATURE + "</Profile>"}}, {"誤り 線形1／Profile 線形1"}},
+    {"AMissingAlignmentOfADefinition",
+     L"R01",
+     {{"</Definition>", FEATURE + "</Definition>"}},
+     {"誤り 現況地形／Definition"}},
+    {"AMissingAlignmentOfAllSurfaces",
+     L"R01",
+     {{"</Surfaces>", FEATURE + "</Surfaces>"}},
+     {"誤り Surfaces サーフェス"}},
+    {"AnAlignmentOfAllSurfacesThatIsThere",
+     L"R01",
+     {{"</Surfaces>", Changed(FEATURE, {{"線形9", "線形1"}}) + "</Surfaces>"}},
+     {}},
     {"AMissingFeatureOfASurfacesPoint",
      L"R02",
      {{"<P id=\"3\">", "<P id=\"3\" featureRef=\"33\">"}},
@@ -1208,6 +1249,43 @@ const Case CASES[] = {
      L"R08",
      {{"=\"9(X,Y)\"", "=\"19(X,Y)\""}},
      {"警告 線形1", "警告 IntermediatePnts-1", "警告 左幅杭", "警告 現況地形"}},
+    {"AnIntersectionOutsideTheZone",
+     L"R08",
+     {{"<PI>12547.71076598 18417.70063507</PI>", "<PI name=\"IP.1\">912547.7 18417.7</PI>"}},
+     {"警告 線形1／PI IP.1"}},
+    {"ASpiralsIntersectionOutsideTheZone",
+     L"R08",
+     {{SPIRAL_PI, "<PI name=\"IP\">912516.19658408 18357.16245488"}},
+     {"警告 " + SPIRAL}},
+    {"APointOfAnIrregularLineOutsideTheZone",
+     L"R08",
+     {{"<Line length", "<IrregularLine length"},
+      {"</End>\n\t\t\t\t</Line>", FirstPathOf("12450 18230 912450 18230 12500.79234746 18327.57119165")}},
+     {"警告 " + IRREGULAR_LINE}},
+    {"ASurfaceWithSwappedAxes",
+     L"R09",
+     {{"12463.305 18223.074", "18223.074 12463.305"},
+      {"12450.000 18230.000 1", "18230.000 12450.000 1"},
+      {"12436.695 18236.926", "18236.926 12436.695"},
+      {"12514.098 18320.645", "18320.645 12514.098"},
+      {"12500.792 18327.571", "18327.571 12500.792"},
+      {"12487.487 18334.497", "18334.497 12487.487"}},
+     {"警告 現況地形"}},
+    {"OnePointOfASurfaceWithSwappedAxes", L"R09", {{"12463.305 18223.074", "18223.074 12463.305"}}, {}},
+    {"OneOfThreeAlignmentsWithSwappedAxes",
+     L"R09",
+     {{"</Alignment>", "</Alignment>" + AlignmentBetween("線形2", "18100 12500", "18200 12500") +
+                           AlignmentBetween("線形3", "12600 18100", "12600 18200")}},
+     {"警告 線形2／直線 1番目"}},
+    {"OneOfTwoAlignmentsWithSwappedAxes",
+     L"R09",
+     {{"</Alignment>", "</Alignment>" + AlignmentBetween("線形2", "18100 12500", "18200 12500")}},
+     {}},
+    {"ThreeAlignmentsSideBySide",
+     L"R09",
+     {{"</Alignment>", "</Alignment>" + AlignmentBetween("線形2", "12500 18100", "12500 18200") +
+                           AlignmentBetween("線形3", "14000 17100", "14100 17200")}},
+     {}},
     {"APointWithSwappedAxesIsNotAlsoOutside", L"R08", {{STAKE, "<CgPoint name=\"L-1\">0.0 150000.0"}}, {}},
     {"SeventyFiveMinutesWithAnExponent",
      L"R10",
@@ -1242,6 +1320,8 @@ const Case CASES[] = {
      {{"<Property label=\"differTP\" value=\"0.0000\" />", ""}, {"verticalDatum=\"T.P\"", "verticalDatum=\"A.P\""}},
      {"警告 座標参照系"}},
     {"NoDifferenceOfTokyoBay", L"R11", {{"<Property label=\"differTP\" value=\"0.0000\" />", ""}}, {}},
+    {"AnUnknownVerticalDatum", L"R11", {{"verticalDatum=\"T.P\"", "verticalDatum=\"T.P.\""}}, {"警告 座標参照系"}},
+    {"NoVerticalDatum", L"R11", {{" verticalDatum=\"T.P\"", ""}}, {}},
     {"TheSecondRiverOfADatum",
      L"R11",
      {{"value=\"0.0000\"", "value=\"-0.8333\""}, {"verticalDatum=\"T.P\"", "verticalDatum=\"A.P\""}},
@@ -1257,6 +1337,10 @@ const Case CASES[] = {
      {"誤り 単位系", "誤り 単位系"}},
     {"NoUnitOfDirections", L"R13", {{" directionUnit=\"decimal dd.mm.ss\"", ""}}, {}},
     {"DirectionsInDegrees", L"R13", {{"directionUnit=\"decimal dd.mm.ss\"", "directionUnit=\"decimal degrees\""}}, {}},
+    {"AnUnknownUnitOfAreas", L"R12", {{"areaUnit=\"squareMeter\"", "areaUnit=\"acre\""}}, {"誤り 単位系"}},
+    {"Hectares", L"R12", {{"areaUnit=\"squareMeter\"", "areaUnit=\"hectare\""}}, {}},
+    {"AnUnknownUnitOfVolumes", L"R12", {{"volumeUnit=\"cubicMeter\"", "volumeUnit=\"m3\""}}, {"誤り 単位系"}},
+    {"NoUnitsOfAreasAndVolumes", L"R12", {{"areaUnit=\"squareMeter\"", ""}, {"volumeUnit=\"cubicMeter\"", ""}}, {}},
     {"Millimetres", L"R12", {{"linearUnit=\"meter\"", "linearUnit=\"millimeter\""}}, {"誤り 単位系"}},
 };
 
@@ -1538,6 +1622,18 @@ const TextCase TEXT_CASES[] = {
      L"X03",
      {{"encoding=\"UTF-8\"", "encoding=\"EUC-JP\""}},
      "XML宣言の文字コードで読めないバイトがあります（encoding=EUC-JP、UTF-8として読みました）"},
+    {"AVerticalDatum",
+     L"R11",
+     {{"verticalDatum=\"T.P\"", "verticalDatum=\"T.P.\""}},
+     "T.P.との標高差が鉛直原子と合いません（T.P.は標準の鉛直原子ではありません）"},
+    {"AnAreaUnit",
+     L"R12",
+     {{"areaUnit=\"squareMeter\"", "areaUnit=\"acre\""}},
+     "単位がメートルではありません（areaUnit=acre）"},
+    {"AKindOfSurface",
+     L"F03",
+     {{"surfType=\"TIN\"", "surfType=\"tin\""}},
+     "面の頂点の数がサーフェスの種類と合いません（surfType=tin）"},
     {"AClothoidsParameter",
      L"X05",
      {{"<Property label=\"A\" value=\"100.000000\" />", ""}},
