@@ -2,7 +2,9 @@
 
 #include "base/LargePages.h"
 
+#include <mutex>
 #include <new>
+#include <thread>
 
 namespace jlandxml
 {
@@ -27,6 +29,14 @@ struct alignas(std::max_align_t) PagePool::Stretch
     std::size_t inUse = 0;
 };
 
+void PagePool::Lock::lock() noexcept
+{
+    while (isTaken_.test_and_set(std::memory_order_acquire))
+    {
+        std::this_thread::yield();
+    }
+}
+
 std::size_t PagePool::Stride() const
 {
     constexpr std::size_t ALIGNMENT = alignof(Head);
@@ -44,7 +54,7 @@ void* PagePool::Allocate(std::size_t size) noexcept
     {
         return AllocateSingle(size);
     }
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     void* const page = pages_ < SINGLE_PAGES ? AllocateSingle(size) : TakePage();
     pages_ += page != nullptr ? 1 : 0;
     return page;
@@ -62,7 +72,7 @@ void PagePool::Deallocate(void* memory) noexcept
         ::operator delete(head);
         return;
     }
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     --pages_;
     if (head->stretch == nullptr)
     {

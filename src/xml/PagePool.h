@@ -1,7 +1,7 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
-#include <mutex>
 
 namespace jlandxml
 {
@@ -35,6 +35,17 @@ class PagePool
     struct Stretch;
     struct Head;
 
+    /// Taken for some steps at a time. A mutex of MinGW's asks for memory when it is first taken, and throws without.
+    class Lock
+    {
+      public:
+        void lock() noexcept;
+        void unlock() noexcept { isTaken_.clear(std::memory_order_release); }
+
+      private:
+        std::atomic_flag isTaken_;
+    };
+
     void* AllocateSingle(std::size_t size) noexcept;
     void* TakePage() noexcept;
     void GivePage(Stretch& stretch, Head& page) noexcept;
@@ -48,7 +59,7 @@ class PagePool
     std::size_t pages_ = 0;       ///< given out, single ones and cut ones
     Stretch* withRoom_ = nullptr; ///< the stretches that can give another page
     std::size_t stretches_ = 0;
-    std::mutex mutex_;
+    Lock lock_;
 };
 
 } // namespace jlandxml
