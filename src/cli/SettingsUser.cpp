@@ -331,7 +331,10 @@ PrintedJson SettingsUser::PrintObject(const SettingObject& object, TreeItem item
         else
         {
             const DlgDataItem* const data = item != nullptr ? &DataOf(item) : nullptr;
-            json[field.key] = judgement.refused.contains({data, field.control}) ? PrintedJson() : std::move(value);
+            // The analyzer takes the two branches for one.
+            json[field.key] = judgement.refused.contains({data, field.control})
+                                  ? PrintedJson()
+                                  : std::move(value); // NOLINT(clang-analyzer-cplusplus.Move)
         }
         AddUnlessNull(choices, field.key, PrintChoices(field, judgement));
     }

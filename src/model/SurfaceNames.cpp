@@ -10,7 +10,9 @@ namespace
 
 std::uint64_t BranchKey(std::uint32_t state, wchar_t letter)
 {
-    return std::uint64_t{state} << 32U | static_cast<std::uint32_t>(letter);
+    // The analyzer takes the state for a signed number.
+    return std::uint64_t{state} << 32U | // NOLINT(clang-analyzer-core.UndefinedBinaryOperatorResult)
+           static_cast<std::uint32_t>(letter);
 }
 
 } // namespace
