@@ -8,6 +8,7 @@
 #include "support/RowName.h"
 #include "support/RunFixture.h"
 #include "support/StreamOverride.h"
+#include "support/XmlText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -121,8 +122,6 @@ class CommandLineTest : public RunTest
 };
 
 // Judging what was written
-
-const std::string VERSIONED_ROOT = "<LandXML xmlns='http://www.landxml.org/schema/LandXML-1.2' version='1.2'>";
 
 TEST_F(CommandLineTest, TheWrittenFileIsCheckedWhereThatIsAskedFor)
 {

@@ -5,6 +5,7 @@
 #include "support/FailingAllocation.h"
 #include "support/StreamOverride.h"
 #include "support/TemporaryFolder.h"
+#include "support/XmlText.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -19,14 +20,11 @@ namespace
 using OrderedJson = nlohmann::ordered_json;
 
 /// Files from sound to unreadable; what the checks say of them is tested with the checks.
-constexpr const char* VERSIONED_ROOT = "<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-1.2\" version=\"1.2\">";
-const std::string HEAD =
-    VERSIONED_ROOT + std::string("<Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
-                                 "horizontalDatum=\"JGD2011\" horizontalCoordinateSystemName=\"9(X,Y)\"/>");
+const std::string HEAD = VERSIONED_ROOT + "<Units><Metric linearUnit=\"meter\"/></Units><CoordinateSystem "
+                                          "horizontalDatum=\"JGD2011\" horizontalCoordinateSystemName=\"9(X,Y)\"/>";
 const std::string SOUND = HEAD + "</LandXML>";
-const std::string WITH_ERROR =
-    VERSIONED_ROOT + std::string("<Project name=\"名\"/><CoordinateSystem horizontalDatum=\"JGD2011\" "
-                                 "horizontalCoordinateSystemName=\"9(X,Y)\"/></LandXML>");
+const std::string WITH_ERROR = VERSIONED_ROOT + "<Project name=\"名\"/><CoordinateSystem horizontalDatum=\"JGD2011\" "
+                                                "horizontalCoordinateSystemName=\"9(X,Y)\"/></LandXML>";
 const std::string WITH_WARNING =
     HEAD + "<Alignments name=\"路線\"><Alignment name=\"A\" length=\"1\" staStart=\"0\"><CoordGeom><Line>\n"
            "<Start>0 0</Start><End name=\"EP\">1 0</End></Line></CoordGeom></Alignment></Alignments></LandXML>";
@@ -208,7 +206,7 @@ TEST_F(InspectCommandLineTest, AFolderIsNoFile)
 
 TEST_F(InspectCommandLineTest, ChecksAreChosenByCodeOrByGroup)
 {
-    const std::wstring file = File(VERSIONED_ROOT + std::string("</LandXML>"));
+    const std::wstring file = File(VERSIONED_ROOT + "</LandXML>");
     const auto codes = [&](std::vector<std::wstring> arguments) {
         arguments.insert(arguments.end(), {L"--json", file});
         std::string text;

@@ -13,6 +13,10 @@ namespace jlandxml
 /// The three bytes that a file in UTF-8 may begin with; finished files do.
 inline const std::string BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
+/// The root of a file that says which version of LandXML it is of.
+inline const std::string VERSIONED_ROOT =
+    "<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-1.2\" version=\"1.2\">";
+
 /// A document as the parser prints it by itself, without its declaration; `indents` is format_raw or format_indent.
 inline std::wstring PrintedByTheParser(const WcXmAppDocument& document, unsigned int indents)
 {
