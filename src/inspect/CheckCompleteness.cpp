@@ -82,7 +82,11 @@ class CompletenessCheck
 
     void Check(const Surface& surface)
     {
-        ExpectValues(NameOf(surface), surface, {{L"surfType", surface.type}});
+        // It is an attribute of the definition: what a surface was made from may stand alone.
+        if (isOfTheStandard_ || !surface.points.empty() || !surface.faces.empty())
+        {
+            ExpectValues(NameOf(surface), surface, {{L"surfType", surface.type}});
+        }
         for (const SurfacePointRemark& remark : surface.remarks)
         {
             // Too few are no coordinates.

@@ -112,7 +112,14 @@ double FormationFigure(const CrossSect& section, const wchar_t* label)
 
 /// Design surfaces that don't lie at the formation height: below the road or above a new embankment, and structures.
 constexpr std::wstring_view OFF_FORMATION_HEIGHT[] = {
-    L"SubBase", L"SubGrade", L"EarthWorkBaseLineFill", L"RetainingWall", L"Drainage", L"Other",
+    L"SubBase", L"SubGrade", L"Excavation", L"EarthWorkBaseLineFill", L"RetainingWall", L"Drainage", L"Other",
+};
+
+/// Those that do where they lie at its place. A strip in the middle may be raised, and of a name that isn't the
+/// format's nobody knows.
+constexpr std::wstring_view AT_FORMATION_HEIGHT[] = {
+    L"Carriageway",  L"RoadShoulder", L"StoppingLane", L"MirginalStrip",
+    L"FrontageRoad", L"Track",        L"Crown",        L"Pavement",
 };
 
 /// Structures, whose outlines may turn back.
@@ -186,11 +193,6 @@ double FormationHeight(const CrossSect& section, const DesignCrossSectSurf& surf
     return FormationFigure(section, L"fhOffset") + (surface.IsRelativeToProfile() ? 0 : profileHeight);
 }
 
-bool BearsFormationHeight(const DesignCrossSectSurf& surface)
-{
-    return !IsAmong(OFF_FORMATION_HEIGHT, surface.name);
-}
-
 /// The heights of a section's surfaces at the place of the formation height: of each surface of the road or embankment,
 /// and on either side of the top of the pavement, whose other layers lie below it.
 std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profileHeight)
@@ -201,7 +203,7 @@ std::vector<CentreHeight> CentreHeightsOf(const CrossSect& section, double profi
     {
         const std::optional<CentreHeight> height =
             HeightAtFormation(section, surface, FormationHeight(section, surface, profileHeight));
-        if (!height || !BearsFormationHeight(surface))
+        if (!height || !IsAmong(AT_FORMATION_HEIGHT, surface.name))
         {
             continue;
         }
@@ -242,7 +244,8 @@ void CheckFormationPlace(const Alignment& alignment, const CrossSect& section, F
     {
         for (const CrossSectPnt& point : surface.points)
         {
-            offsets.Take(point.IsOffsetAndHeight() && BearsFormationHeight(surface) ? point.offset.value : NAN);
+            const bool isRoad = !IsAmong(OFF_FORMATION_HEIGHT, surface.name);
+            offsets.Take(point.IsOffsetAndHeight() && isRoad ? point.offset.value : NAN);
         }
     }
     const Figure place = ReadFigure(PropertyValue(section.features, L"Formation", L"clOffset"));

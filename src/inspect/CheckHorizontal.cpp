@@ -503,6 +503,11 @@ void CheckRotations(const LandXmlFile& file, Findings& findings)
 void CheckAlignmentLengths(const LandXmlFile& file, Findings& findings)
 {
     ForEachAlignment(file, [&](const Alignment& alignment) {
+        // Other files may describe one by its intersections or by its profile alone.
+        if (alignment.elements.empty() && !file.IsOfTheStandard())
+        {
+            return;
+        }
         const Course course(alignment);
         findings.Measure(NameOf(alignment), alignment, alignment.length, course.StaEnd() - course.StaStart(),
                          alignment.elements.empty() ? Detail(NO_ELEMENTS) : Detail());

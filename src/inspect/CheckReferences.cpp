@@ -169,13 +169,17 @@ PlacesOfOne MainPlacesOf(const Alignment& alignment)
     return all;
 }
 
-/// The same and the points where its tangents meet. The centre of a curve may lie far from all of them.
+/// The same and the points where its tangents meet. The centre of a curve may lie far from all of them, and so may its
+/// own such point where it turns back.
 PlacesOfOne PlacesOf(const Alignment& alignment)
 {
     PlacesOfOne all = MainPlacesOf(alignment);
     for (const PlanElement& element : alignment.elements)
     {
-        all.Add(NameOf(alignment, element), element.pi);
+        if (element.kind != ElementKind::Curve)
+        {
+            all.Add(NameOf(alignment, element), element.pi);
+        }
     }
     for (const PlanPoint& point : alignment.intersections)
     {
@@ -260,10 +264,12 @@ class Surroundings
 
     double Length() const { return std::max(north_.Largest() - north_.Smallest(), east_.Largest() - east_.Smallest()); }
 
-    /// True if the place lies in the box or no further than `margin` from it only when its axes are exchanged.
+    /// True if the place lies in the box or no further than `margin` from it only when its axes are exchanged, and
+    /// else far from it: where X and Y are much alike, a place beside the box is near it either way.
     bool HoldOnlyWhenSwapped(const NamedPlace& place, double margin) const
     {
-        return !Hold(place.north, place.east, margin) && Hold(place.east, place.north, margin);
+        constexpr double FAR = 5;
+        return !Hold(place.north, place.east, FAR * margin) && Hold(place.east, place.north, margin);
     }
 
   private:
@@ -556,6 +562,31 @@ void CheckPointReferences(const LandXmlFile& file, Findings& findings)
     ForEachReference(file, check);
 }
 
+namespace
+{
+
+/// Unique within a route by the schema. References don't name the route, so one of another route is told of too.
+void CheckAlignmentNames(const LandXmlFile& file, Findings& findings)
+{
+    std::unordered_map<std::wstring_view, const AlignmentGroup*> routes;
+    for (const AlignmentGroup& route : file.routes)
+    {
+        UniqueNames names(findings, L"Alignment");
+        for (const Alignment& alignment : route.alignments)
+        {
+            names.Take(alignment.name, alignment);
+            if (!alignment.name.empty() && routes.try_emplace(alignment.name, &route).first->second != &route)
+            {
+                findings.Report(L"Alignment " + std::wstring(alignment.name), alignment,
+                                Sentence{L"別の路線の線形と同じ名称", L"the name of an alignment of another route"}, {},
+                                Severity::Information);
+            }
+        }
+    }
+}
+
+} // namespace
+
 void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
 {
     UniqueNames groups(findings, L"CgPoints");
@@ -568,10 +599,8 @@ void CheckNamesUnique(const LandXmlFile& file, Findings& findings)
             points.Take(point.point.name, point.point);
         }
     }
-    // Unique within a route by the schema; references don't name the route, so within the file.
-    UniqueNames alignments(findings, L"Alignment");
+    CheckAlignmentNames(file, findings);
     ForEachAlignment(file, [&](const Alignment& alignment) {
-        alignments.Take(alignment.name, alignment);
         // Cross sections name one of the alignment's profiles.
         UniqueNames designs(findings, Path(NameOf(alignment), L"ProfAlign"));
         for (const Profile& profile : alignment.profiles)

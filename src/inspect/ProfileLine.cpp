@@ -34,12 +34,18 @@ double CircleRadius(const ProfilePoint& point)
     return radius.IsFinite() && radius.value != 0 ? std::abs(radius.value) : (point.lengthIn + point.lengthOut) / turn;
 }
 
-/// How far an arc lies above the tangents that it touches, R tan(Δ/2) along each from their point.
+/// How far from their point an arc touches its tangents, R tan(Δ/2).
+double TangentLength(const ProfilePoint& point)
+{
+    return point.radius * std::tan(std::abs(std::atan(point.gradientOut) - std::atan(point.gradientIn)) / 2);
+}
+
+/// How far an arc lies above the tangents that it touches.
 double ArcOffset(const ProfilePoint& point, double distance)
 {
     const double slopeIn = std::atan(point.gradientIn);
     const double slopeOut = std::atan(point.gradientOut);
-    const double tangent = point.radius * std::tan(std::abs(slopeOut - slopeIn) / 2);
+    const double tangent = TangentLength(point);
     if (distance <= -tangent * std::cos(slopeIn) || distance >= tangent * std::cos(slopeOut))
     {
         return 0;
@@ -90,6 +96,16 @@ std::wstring TextOfHeight(const std::optional<Line>& line, double station, int d
 bool ProfilePoint::HasBend() const
 {
     return std::abs(gradientOut - gradientIn) > SAME_GRADIENT;
+}
+
+double ProfilePoint::CurveStart() const
+{
+    return station - (radius > 0 ? TangentLength(*this) * std::cos(std::atan(gradientIn)) : lengthIn);
+}
+
+double ProfilePoint::CurveEnd() const
+{
+    return station + (radius > 0 ? TangentLength(*this) * std::cos(std::atan(gradientOut)) : lengthOut);
 }
 
 std::optional<double> ProfilePoint::CurveRadius() const

@@ -26,8 +26,10 @@ struct ProfilePoint
     bool HasBend() const;
     /// L / |g2 - g1|, of a circle its own; nothing of a curve without a bend, or of two parabolas, which have one each.
     std::optional<double> CurveRadius() const;
-    double CurveStart() const { return station - lengthIn; }
-    double CurveEnd() const { return station + lengthOut; }
+    /// Where the curve touches the tangents: half its length before and behind the point, of an arc the horizontal
+    /// parts of R tan(Δ/2) along each.
+    double CurveStart() const;
+    double CurveEnd() const;
 };
 
 /// A design profile: tangents between its points, and where these have a curve a parabola, two of them (UnsymParaCurve)

@@ -30,10 +30,11 @@ struct EncodingName
     KnownEncoding encoding;
 };
 constexpr EncodingName ENCODING_NAMES[] = {
-    {L"UTF-8", KnownEncoding::Utf8},        {L"UTF8", KnownEncoding::Utf8},       {L"UTF-16", KnownEncoding::Utf16},
-    {L"UTF16", KnownEncoding::Utf16},       {L"UTF-16LE", KnownEncoding::Utf16},  {L"UTF-16BE", KnownEncoding::Utf16},
-    {L"Shift_JIS", KnownEncoding::Cp932},   {L"Shift-JIS", KnownEncoding::Cp932}, {L"SJIS", KnownEncoding::Cp932},
-    {L"Windows-31J", KnownEncoding::Cp932}, {L"CP932", KnownEncoding::Cp932},     {L"MS932", KnownEncoding::Cp932},
+    {L"UTF-8", KnownEncoding::Utf8},        {L"UTF8", KnownEncoding::Utf8},        {L"UTF-16", KnownEncoding::Utf16},
+    {L"UTF16", KnownEncoding::Utf16},       {L"UTF-16LE", KnownEncoding::Utf16},   {L"UTF-16BE", KnownEncoding::Utf16},
+    {L"Shift_JIS", KnownEncoding::Cp932},   {L"Shift-JIS", KnownEncoding::Cp932},  {L"SJIS", KnownEncoding::Cp932},
+    {L"Windows-31J", KnownEncoding::Cp932}, {L"CP932", KnownEncoding::Cp932},      {L"MS932", KnownEncoding::Cp932},
+    {L"MS_Kanji", KnownEncoding::Cp932},    {L"csShiftJIS", KnownEncoding::Cp932}, {L"x-sjis", KnownEncoding::Cp932},
 };
 
 /// Elements whose content is nothing but points or faces.
@@ -121,6 +122,27 @@ bool IsAscii(std::string_view text)
     });
 }
 
+/// Each byte beyond ASCII as a character of its own: what can't be read differs where it differed.
+std::string BytesAsCharacters(std::string_view bytes)
+{
+    std::string text;
+    text.reserve(bytes.size() * 2);
+    for (const char one : bytes)
+    {
+        const auto byte = static_cast<unsigned char>(one);
+        if (byte < 0x80)
+        {
+            text += one;
+        }
+        else
+        {
+            text += static_cast<char>(0xC0 | byte >> 6U);
+            text += static_cast<char>(0x80 | (byte & 0x3FU));
+        }
+    }
+    return text;
+}
+
 /// A whole file as UTF-8, perhaps with a mark.
 struct DecodedBytes
 {
@@ -147,6 +169,10 @@ DecodedBytes DecodeMarkless(std::string bytes)
     if (!known && !isMarked)
     {
         encoding.fault = IsAscii(text) ? EncodingFault::None : EncodingFault::UnknownDeclared;
+        if (!IsWellFormedUtf8(text))
+        {
+            bytes = BytesAsCharacters(text);
+        }
     }
     else if (known != KnownEncoding::Utf8 && (isMarked || known == KnownEncoding::Utf16 || IsWellFormedUtf8(text)))
     {
@@ -229,7 +255,10 @@ SourceText::SourceText(std::string bytes)
     encoding_ = std::move(decoded.encoding);
     Stretches stretches;
     CutPassages(WithoutMark(decoded.text), stretches);
-    formFault_ = FindFormFault(stretches.all);
+    if (encoding_.fault != EncodingFault::UnknownDeclared) // else nobody knows what its characters are
+    {
+        formFault_ = FindFormFault(stretches.all);
+    }
 }
 
 void SourceText::CutPassages(std::string_view bytes, Stretches& stretches)

@@ -21,6 +21,23 @@ using FormContext = std::unique_ptr<xmlParserCtxt, LibraryFreer<xmlFreeParserCtx
 
 /// Errors by which the library says that it goes no further, not that the file is wrong.
 constexpr int LIMITS[] = {XML_ERR_INTERNAL_ERROR, XML_ERR_NO_MEMORY, XML_ERR_NAME_TOO_LONG};
+/// And what it says of things above its limits where they have the number of a fault.
+constexpr std::string_view LIMIT_WORDS[] = {" too big found", " too long", "Excessive depth"};
+
+bool IsOfLimits(const xmlError& error)
+{
+    const std::string_view message = error.message != nullptr ? error.message : "";
+    return std::find(std::begin(LIMITS), std::end(LIMITS), error.code) != std::end(LIMITS) ||
+           std::any_of(std::begin(LIMIT_WORDS), std::end(LIMIT_WORDS), [&](std::string_view words) {
+               return message.substr(0, message.find('\'')).find(words) != std::string_view::npos;
+           });
+}
+
+/// Any text may name a namespace; that it should be a URI isn't asked of those who read it.
+bool IsOfNamespacesName(const xmlError& error)
+{
+    return error.code == XML_WAR_NS_URI || error.code == XML_WAR_NS_URI_RELATIVE;
+}
 
 /// Hands the stretches to the library and keeps the first error. The library compares each attribute of a tag, and each
 /// namespace's prefix, with all before it: what no program writes so often ends the reading. It ends as if the file
@@ -103,11 +120,11 @@ class FormReader
     void TakeError(const xmlError& error)
     {
         const bool isFault = error.level == XML_ERR_FATAL || error.domain == XML_FROM_NAMESPACE;
-        if (isStopped_ || !isFault || error.level == XML_ERR_WARNING)
+        if (isStopped_ || !isFault || error.level == XML_ERR_WARNING || IsOfNamespacesName(error))
         {
             return;
         }
-        if (std::find(std::begin(LIMITS), std::end(LIMITS), error.code) == std::end(LIMITS))
+        if (!IsOfLimits(error))
         {
             fault_ = XmlFault{OpenPath(), ReasonOf(error), static_cast<std::size_t>(std::max(error.line, 0))};
         }

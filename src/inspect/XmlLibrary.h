@@ -15,11 +15,13 @@ inline std::wstring WideFromLibrary(const char* text)
     return text == nullptr ? std::wstring() : WideFromUtf8(text);
 }
 
-/// A message in one line, without the namespaces, which are the same everywhere.
+/// A message in one line, a schema's without the namespaces, which are the same everywhere.
 inline std::wstring ReasonOf(const xmlError& error)
 {
     std::wstring text = WideFromLibrary(error.message);
-    for (std::size_t open = text.find(L'{'); open != std::wstring::npos; open = text.find(L'{', open))
+    const bool isOfSchema = error.domain == XML_FROM_SCHEMASV || error.domain == XML_FROM_SCHEMASP;
+    for (std::size_t open = isOfSchema ? text.find(L'{') : std::wstring::npos; open != std::wstring::npos;
+         open = text.find(L'{', open))
     {
         const std::size_t close = text.find(L'}', open);
         if (close == std::wstring::npos)

