@@ -28,7 +28,7 @@ class NearestDrawnWalker : public pugi::xml_tree_walker
         // What the tree doesn't have, such as points of a surface, lies in the element before it. Of what only the line
         // is known, that is the first element that begins there.
         const SourcePlace line{place.line};
-        AssignWhile([&](const SourcePlace& one) { return one < line || (one.offset > 0 && one < place); });
+        AssignWhile([&](const SourcePlace& one) { return one < line || (one.textOffset > 0 && one < place); });
         above_.resize(static_cast<std::size_t>(depth()));
         const std::string id = drawn_.Of(place);
         nearest_ = !id.empty() || above_.empty() ? id : above_.back();

@@ -82,12 +82,12 @@ bool DesignCrossSectSurf::IsRelativeToProfile() const
 
 SourcePlace PlaceOf(const Surface& surface, const SurfacePoint& point)
 {
-    return {point.line, surface.offset, static_cast<std::size_t>(&point - surface.points.data()) + 1};
+    return {point.line, surface.textOffset, static_cast<std::size_t>(&point - surface.points.data()) + 1};
 }
 
 SourcePlace PlaceOf(const Surface& surface, const SurfaceFace& face)
 {
-    return {face.line, surface.offset,
+    return {face.line, surface.textOffset,
             surface.points.size() + static_cast<std::size_t>(&face - surface.faces.data()) + 1};
 }
 
