@@ -98,32 +98,32 @@ std::string NearestOption(const CLI::App& app, std::string_view unknown)
     return unknown.starts_with("--") ? nearest : std::string();
 }
 
-/// The line about the first option that nothing was declared for; empty if there is none.
-std::string FurtherArgument(const CLI::App& app)
+/// One line about the argument that is wrong.
+std::string Problem(const CLI::ParseError& error, const std::string& missing)
 {
-    std::vector<std::string> rest = app.remaining();
-    std::erase(rest, "--"); // nothing but the end of the options
-    if (rest.empty())
-    {
-        return {}; // whatever isn't spelt like an option is a file or a folder
-    }
-    const std::string nearest = NearestOption(app, rest.front());
-    return rest.front() + ": 不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）");
-}
-
-/// One line about the argument that is wrong. What is misspelt is told of before what isn't there.
-std::string Problem(const CLI::App& app, const CLI::ParseError& error, const std::string& missing)
-{
-    const std::string further = FurtherArgument(app);
     const std::string text = error.what();
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code()))
     {
     case CLI::ExitCodes::RequiredError:
-        return further.empty() ? missing : further;
+        return missing;
     case CLI::ExitCodes::ArgumentMismatch:
         return text.substr(0, text.find(':')) + ": 値を指定してください";
     default:
         return text;
+    }
+}
+
+/// What is misspelt is told of before what isn't there.
+void Parse(CLI::App& app, std::vector<std::string> arguments)
+{
+    try
+    {
+        app.parse(std::move(arguments));
+    }
+    catch (const CLI::RequiredError&)
+    {
+        RefuseFurtherArguments(app);
+        throw;
     }
 }
 
@@ -196,10 +196,13 @@ void RefuseOverwriting(const CLI::Option& option, const std::string& path, const
 
 void RefuseFurtherArguments(const CLI::App& app)
 {
-    const std::string further = FurtherArgument(app);
-    if (!further.empty())
+    std::vector<std::string> rest = app.remaining();
+    std::erase(rest, "--"); // nothing but the end of the options
+    if (!rest.empty())      // whatever isn't spelt like an option is a file or a folder
     {
-        throw CLI::ParseError(further, CLI::ExitCodes::ValidationError);
+        const std::string nearest = NearestOption(app, rest.front());
+        throw WrongArgument(rest.front(),
+                            "不明なオプションです" + (nearest.empty() ? "" : "（もしかして " + nearest + "）"));
     }
 }
 
@@ -235,7 +238,7 @@ ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& argu
                    [](const std::wstring& argument) { return Utf8FromWide(argument); });
     try
     {
-        app.parse(narrow);
+        Parse(app, std::move(narrow));
     }
     catch (const CLI::Success& asked)
     {
@@ -245,7 +248,7 @@ ArgumentsRead ReadArguments(CLI::App& app, const std::vector<std::wstring>& argu
     }
     catch (const CLI::ParseError& error)
     {
-        WriteWithinLine(WideFromUtf8(Problem(app, error, missing)));
+        WriteWithinLine(WideFromUtf8(Problem(error, missing)));
         WriteStandardError(L"\n");
         return ArgumentsRead::Wrong;
     }

@@ -242,9 +242,9 @@ void CheckFormationPlace(const Alignment& alignment, const CrossSect& section, F
     Range offsets;
     for (const DesignCrossSectSurf& surface : section.designs)
     {
+        const bool isRoad = !IsAmong(OFF_FORMATION_HEIGHT, surface.name);
         for (const CrossSectPnt& point : surface.points)
         {
-            const bool isRoad = !IsAmong(OFF_FORMATION_HEIGHT, surface.name);
             offsets.Take(point.IsOffsetAndHeight() && isRoad ? point.offset.value : NAN);
         }
     }

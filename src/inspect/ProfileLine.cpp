@@ -40,6 +40,12 @@ double TangentLength(const ProfilePoint& point)
     return point.radius * std::tan(std::abs(std::atan(point.gradientOut) - std::atan(point.gradientIn)) / 2);
 }
 
+/// How far from its point a curve ends on one of its tangents, measured horizontally.
+double Reach(const ProfilePoint& point, double gradient, double length)
+{
+    return point.radius > 0 ? TangentLength(point) * std::cos(std::atan(gradient)) : length;
+}
+
 /// How far an arc lies above the tangents that it touches.
 double ArcOffset(const ProfilePoint& point, double distance)
 {
@@ -100,12 +106,12 @@ bool ProfilePoint::HasBend() const
 
 double ProfilePoint::CurveStart() const
 {
-    return station - (radius > 0 ? TangentLength(*this) * std::cos(std::atan(gradientIn)) : lengthIn);
+    return station - Reach(*this, gradientIn, lengthIn);
 }
 
 double ProfilePoint::CurveEnd() const
 {
-    return station + (radius > 0 ? TangentLength(*this) * std::cos(std::atan(gradientOut)) : lengthOut);
+    return station + Reach(*this, gradientOut, lengthOut);
 }
 
 std::optional<double> ProfilePoint::CurveRadius() const

@@ -125,22 +125,10 @@ bool IsAscii(std::string_view text)
 /// Each byte beyond ASCII as a character of its own: what can't be read differs where it differed.
 std::string BytesAsCharacters(std::string_view bytes)
 {
-    std::string text;
-    text.reserve(bytes.size() * 2);
-    for (const char one : bytes)
-    {
-        const auto byte = static_cast<unsigned char>(one);
-        if (byte < 0x80)
-        {
-            text += one;
-        }
-        else
-        {
-            text += static_cast<char>(0xC0 | byte >> 6U);
-            text += static_cast<char>(0x80 | (byte & 0x3FU));
-        }
-    }
-    return text;
+    std::wstring wide(bytes.size(), L'\0');
+    std::transform(bytes.begin(), bytes.end(), wide.begin(),
+                   [](char one) { return static_cast<wchar_t>(static_cast<unsigned char>(one)); });
+    return Utf8FromWide(wide);
 }
 
 /// A whole file as UTF-8, perhaps with a mark.
